@@ -1,0 +1,19 @@
+# What Debian and its kin call the things we build with. Sourced by ./run, ./test and ./lint.
+build_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev)
+test_packages=(git python3 clang-format libgtest-dev libgmock-dev librapidcheck-dev)
+lint_packages=(clang-tidy)
+
+# Installs those of the named packages that are missing.
+install_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+    >/dev/null
+}

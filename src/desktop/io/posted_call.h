@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+
+namespace tarvok {
+
+/** A call that the loop makes once for any number of posts before it. Its death takes the post back; the call
+ * itself may bring it about. */
+class PostedCall : public QObject {
+ public:
+  explicit PostedCall(std::function<void()> call) : call_(std::move(call)) {}
+
+  void Post() {
+    if (std::exchange(posted_, true)) return;
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+  }
+
+ protected:
+  void customEvent(QEvent*) override {
+    posted_ = false;
+    const std::function<void()> call = call_;
+    call();
+  }
+
+ private:
+  std::function<void()> call_;
+  bool posted_ = false;
+};
+
+}  // namespace tarvok

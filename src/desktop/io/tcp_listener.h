@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <QTcpServer>
+
+#include "link/port.h"
+#include "store/status.h"
+
+namespace tarvok {
+
+/** Listens on an address and gives every connection as an open port. */
+class TcpListener {
+ public:
+  using ConnectionHandler = std::function<void(std::unique_ptr<Port>)>;
+
+  explicit TcpListener(ConnectionHandler on_connection);
+
+  /** `address` in numbers; port 0 takes a free one. */
+  Status Listen(const std::string& address, int port);
+  /** The port it listens on. */
+  int port() const { return server_.serverPort(); }
+
+ private:
+  ConnectionHandler on_connection_;
+  QTcpServer server_;
+};
+
+}  // namespace tarvok

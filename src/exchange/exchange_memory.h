@@ -1,0 +1,101 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "exchange/level_passwords.h"
+#include "link/frame.h"
+#include "link/message.h"
+
+namespace tarvok {
+
+inline constexpr int kMiniBarRecords = 512;
+inline constexpr int kMiniBarRecordSize = 32;
+/** Name and price, the part of a mini bar record that a load carries. */
+inline constexpr int kMiniBarLoaded = 22;
+/** Most bytes of a billing sector. */
+inline constexpr int kMostSectorBytes = 512;
+inline constexpr int kClockSize = 6;
+
+/** nullopt if there is no such mode. */
+std::optional<ExchangeMode> ModeOfNumber(int number);
+
+/** The bytes of a billing table with the place where its last sector starts. */
+struct BillingTable {
+  Bytes bytes;
+  std::size_t last_sector_start = 0;
+  int sectors = 0;  // taken since the program started
+};
+
+/** A part of the memory, as far as it is kept in a file of its own. */
+struct MemoryPart {
+  enum class Kind { kSection, kMiniBar, kBilling, kMode, kClock, kPasswords };
+  Kind kind;
+  int number = 0;  // of the section or table
+
+  bool operator<(const MemoryPart& other) const {
+    return kind != other.kind ? kind < other.kind : number < other.number;
+  }
+};
+
+/**
+ * What an exchange of one version holds. It takes only what belongs into an exchange of that version: the
+ * Refuse functions say in words what is wrong, or "".
+ */
+class ExchangeMemory {
+ public:
+  /** `version` in hundredths. */
+  explicit ExchangeMemory(int version) : version_(version) {}
+
+  int version() const { return version_; }
+  /** Told of each change, behind it. */
+  void set_on_change(std::function<void(MemoryPart)> handler) { on_change_ = std::move(handler); }
+
+  std::string RefuseSection(int number, int size) const;
+  std::string RefuseRead(int number) const;
+  std::string RefuseMiniBar(int record, int size) const;
+  std::string RefuseSector(int table, int sector, int size) const;
+
+  /** Section 29 to 31 is a new level password. The size must be right. */
+  void SetSection(int number, Bytes image);
+  /** What a load gets, in the version's layout; a section that never came reads as an empty project's. */
+  Bytes SectionForLoad(int number) const;
+  void SetMiniBar(int record, std::span<const std::uint8_t> bytes);
+  std::span<const std::uint8_t> MiniBar(int record) const;
+  /** Sector 0 begins the table anew; a sector that comes again replaces itself. */
+  void SetSector(int table, int sector, const Bytes& bytes);
+
+  ExchangeMode mode() const { return mode_; }
+  void set_mode(ExchangeMode mode);
+  const std::optional<Bytes>& clock() const { return clock_; }
+  void set_clock(Bytes clock);
+  const LevelPasswords& passwords() const { return passwords_; }
+  /** Sets the levels that have a password there, and leaves the others. */
+  void AddPasswords(const LevelPasswords& passwords);
+
+  /** As they came, for the files. */
+  std::map<int, Bytes>& sections() { return sections_; }
+  Bytes& mini_bar() { return mini_bar_; }
+  std::map<int, BillingTable>& billing() { return billing_; }
+
+ private:
+  void Changed(MemoryPart::Kind kind, int number = 0) {
+    if (on_change_) on_change_({kind, number});
+  }
+
+  int version_;
+  std::map<int, Bytes> sections_;
+  Bytes mini_bar_ = Bytes(static_cast<std::size_t>(kMiniBarRecords) * kMiniBarRecordSize, 0);
+  std::map<int, BillingTable> billing_;
+  ExchangeMode mode_ = ExchangeMode::kNormal;
+  std::optional<Bytes> clock_;
+  LevelPasswords passwords_;
+  std::function<void(MemoryPart)> on_change_;
+};
+
+}  // namespace tarvok

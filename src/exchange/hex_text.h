@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "link/frame.h"
+
+namespace tarvok {
+
+/** Two upper-case hexadecimal digits a byte, nothing between them. */
+std::string HexText(std::span<const std::uint8_t> bytes);
+/** Reads that; blanks and line ends between bytes are skipped. nullopt for anything else. */
+std::optional<Bytes> ParseHex(std::string_view text);
+
+}  // namespace tarvok

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace tarvok {
+
+/** Where the practice exchange says what it disliked, one line a call. */
+using Complain = std::function<void(std::string_view)>;
+
+/** The exchange's end of a transport: messages of the tool come out of it, answers go into it. */
+class MessageEnd {
+ public:
+  using MessageHandler = std::function<void(std::span<const std::uint8_t>)>;
+
+  virtual ~MessageEnd() = default;
+  /** Sends one message of at most 64 bytes. */
+  virtual void Send(std::span<const std::uint8_t> message) = 0;
+  /** Called with each message as it came, however long or short. */
+  void set_on_message(MessageHandler handler) { on_message_ = std::move(handler); }
+
+ protected:
+  void GiveMessage(std::span<const std::uint8_t> message) {
+    if (on_message_) on_message_(message);
+  }
+
+ private:
+  MessageHandler on_message_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "exchange/message_end.h"
+#include "link/event_server.h"
+#include "link/frame.h"
+#include "link/port.h"
+
+namespace tarvok {
+
+class ModemCall;
+
+/**
+ * A Hayes modem in front of the exchange. A command line ends at CR and starts with AT; further ATs in it are
+ * skipped, so that "ATH1ATDT123" dials. D with a number connects shortly after, then the bytes of the call
+ * pass through. The call ends when the exchange closes it, when the line loses its control signals, or at an
+ * ATH0 behind a second of silence.
+ */
+class Modem {
+ public:
+  using CallHandler = std::function<void(std::unique_ptr<Port>)>;
+
+  /** `on_call` gets the port of each call, which may outlive the modem. */
+  Modem(EventServer& events, std::unique_ptr<Port> line, CallHandler on_call);
+  ~Modem();
+  Modem(const Modem&) = delete;
+  Modem& operator=(const Modem&) = delete;
+
+  /** The tool let its control lines drop. */
+  void LoseControlLines();
+  /** Whether commands are sent back as they come. On, until ATE0. */
+  void set_echo(bool echo) { echo_ = echo; }
+  Port& line() { return *line_; }
+
+ private:
+  friend class ModemCall;
+  enum class State { kCommand, kDialling, kConnected };
+
+  void Take(std::span<const std::uint8_t> bytes);
+  void TakeCommandByte(std::uint8_t byte);
+  void TakeCallBytes(std::span<const std::uint8_t> bytes);
+  void PassHeld();
+  void RunLine(std::string_view line);
+  void Dial();
+  void Connect();
+  /** Ends the call on this side, without a word to the line. */
+  void EndCall(std::string_view reason);
+  void Say(std::string_view words);
+
+  EventServer& events_;
+  std::unique_ptr<Port> line_;
+  CallHandler on_call_;
+  State state_ = State::kCommand;
+  bool echo_ = true;
+  std::string command_;
+  Bytes held_;  // of a call: what may become a hang-up command
+  std::int64_t last_byte_ms_ = 0;
+  ModemCall* call_ = nullptr;
+  EventServer::TimerId timer_ = 0;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "exchange/message_end.h"
+#include "link/event_server.h"
+#include "link/frame.h"
+
+namespace tarvok {
+
+/**
+ * Gives a section in packs, each behind the tool's "OK" to the one before. When no "OK" comes the tool is
+ * enquired for the last sequence byte that it got, since it would store a pack that comes twice, twice. A
+ * tool that does not answer enquiries gets the section again from its first pack, which is safe at any time.
+ */
+class OutgoingSection {
+ public:
+  OutgoingSection(EventServer& events, MessageEnd& end, Complain complain)
+      : events_(events), end_(end), complain_(std::move(complain)) {}
+  ~OutgoingSection() { Stop(); }
+  OutgoingSection(const OutgoingSection&) = delete;
+  OutgoingSection& operator=(const OutgoingSection&) = delete;
+
+  void Start(int number, Bytes image);
+  void Stop();
+  bool under_way() const { return under_way_; }
+  /** The tool's "OK". */
+  void TakeOk();
+  /** The tool's answer to an enquiry. */
+  void TakeSequence(std::uint8_t sequence);
+
+ private:
+  void Begin();
+  void SendPack();
+  void SendAgain();
+  void Wait();
+  void OnPatienceEnded();
+
+  EventServer& events_;
+  MessageEnd& end_;
+  Complain complain_;
+  int number_ = 0;
+  Bytes image_;
+  std::size_t offset_ = 0;  // behind the pack that was sent last
+  std::uint8_t sequence_ = 0;
+  Bytes pack_;
+  bool under_way_ = false;
+  bool enquiring_ = false;
+  int enquiries_ = 0;
+  int begins_ = 0;
+  EventServer::TimerId patience_ = 0;
+};
+
+}  // namespace tarvok

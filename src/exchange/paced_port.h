@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "exchange/port_on_port.h"
+#include "link/event_server.h"
+#include "link/frame.h"
+
+namespace tarvok {
+
+/** Bytes on their way over a serial line: each takes ten bits, and a burst begins with the first byte that
+ * finds the line idle. Every byte's time counts from the start of its burst, so that rounding to milliseconds
+ * adds nothing up. */
+class PacedLane {
+ public:
+  using Give = std::function<void(std::span<const std::uint8_t>)>;
+
+  PacedLane(EventServer& events, int speed_bps, Give give)
+      : events_(events), speed_bps_(speed_bps), give_(std::move(give)) {}
+  ~PacedLane() { events_.StopTimer(timer_); }
+  PacedLane(const PacedLane&) = delete;
+  PacedLane& operator=(const PacedLane&) = delete;
+
+  void Add(std::span<const std::uint8_t> bytes);
+  void Clear();
+  bool idle() const { return given_ == burst_.size(); }
+
+ private:
+  void WaitForNext();
+  void OnTime();
+
+  EventServer& events_;
+  int speed_bps_;
+  Give give_;
+  Bytes burst_;
+  std::size_t given_ = 0;
+  std::int64_t start_ms_ = 0;
+  EventServer::TimerId timer_ = 0;
+};
+
+/** A port whose bytes take the time that they would take on a serial line, in both directions. */
+class PacedPort : public PortOnPort {
+ public:
+  PacedPort(EventServer& events, std::unique_ptr<Port> inner, int speed_bps);
+
+  bool Send(std::span<const std::uint8_t> bytes) override;
+  void Discard() override;
+  void Close() override;
+
+ protected:
+  void OnBytes(std::span<const std::uint8_t> bytes) override { in_.Add(bytes); }
+  void OnClosed(std::string_view reason) override;
+
+ private:
+  void GiveArrived(std::span<const std::uint8_t> bytes);
+
+  PacedLane in_;
+  PacedLane out_;
+  std::optional<std::string> closed_reason_;  // told behind the last byte that came
+};
+
+}  // namespace tarvok

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "exchange/message_end.h"
+#include "link/event_server.h"
+#include "link/frame.h"
+#include "link/port.h"
+
+namespace tarvok {
+
+/**
+ * The exchange's end of a TCP stream: what comes is kept until a unit is whole, in any split. A unit that is
+ * not whole after a second is taken as it is, so that the sender hears what is wrong with it.
+ */
+class StreamEnd : public MessageEnd {
+ public:
+  StreamEnd(EventServer& events, Port& port, Complain complain)
+      : port_(port), complain_(std::move(complain)), events_(events) {}
+  ~StreamEnd() override { events_.StopTimer(patience_); }
+  StreamEnd(const StreamEnd&) = delete;
+  StreamEnd& operator=(const StreamEnd&) = delete;
+
+  void Take(std::span<const std::uint8_t> bytes);
+
+ protected:
+  /** Bytes of the unit that the stream starts with, its start being right; nullopt if that takes more bytes
+   * to tell. */
+  virtual std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const = 0;
+  /** Takes a unit, a wrong one included. */
+  virtual void TakeUnit(std::span<const std::uint8_t> unit) = 0;
+  /** First byte of every unit. */
+  virtual std::uint8_t FirstByte() const = 0;
+
+  Port& port_;
+  Complain complain_;
+
+ private:
+  void TakeFront(std::size_t size);
+
+  EventServer& events_;
+  Bytes stream_;
+  EventServer::TimerId patience_ = 0;
+};
+
+/** Bare messages, one after the other, cut by the length that each code has. */
+class LanEnd : public StreamEnd {
+ public:
+  using StreamEnd::StreamEnd;
+
+  void Send(std::span<const std::uint8_t> message) override { port_.Send(message); }
+  /** Tells how many payload bytes the later pack with that sequence byte has; negative if it is not known. */
+  void set_pack_payload(std::function<int(std::uint8_t)> payload) { pack_payload_ = std::move(payload); }
+
+ protected:
+  std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const override;
+  void TakeUnit(std::span<const std::uint8_t> unit) override { GiveMessage(unit); }
+  std::uint8_t FirstByte() const override;
+
+ private:
+  std::function<int(std::uint8_t)> pack_payload_;
+};
+
+/** Packets as the relay server passes them on: 129 bytes each from the tool, a head of 8 bytes and the
+ * message to it. */
+class ServerEnd : public StreamEnd {
+ public:
+  using StreamEnd::StreamEnd;
+
+  void Send(std::span<const std::uint8_t> message) override;
+
+ protected:
+  std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const override;
+  void TakeUnit(std::span<const std::uint8_t> unit) override;
+  std::uint8_t FirstByte() const override;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "link/dls_ly2.h"
+#include "link/l3_serial.h"
+#include "link/l3_server.h"
+#include "link/stream_reader.h"
+
+namespace tarvok {
+
+/** The way from a session's messages to the port and back: physical line, link and message module of the
+ * mode, joined. One a session's form; nothing in it is shared with another. */
+class ExchangeLine {
+ public:
+  struct Settings {
+    LinkMode mode = LinkMode::kServer;
+    ExchangeAddress address;
+    int serial_chunk_size = 0;  // 0 for whole blocks
+  };
+
+  ExchangeLine(const Settings& settings, Waits& waits, SendLog& log,
+               std::function<bool()> works_without_link);
+  ~ExchangeLine() { Close(); }
+  ExchangeLine(const ExchangeLine&) = delete;
+  ExchangeLine& operator=(const ExchangeLine&) = delete;
+
+  /** Takes an open or connecting port; its bytes go to the link, or are cut into messages, by mode. */
+  void Take(std::unique_ptr<Port> port);
+  /** The link's tick, every 10 ms; only the modes with link frames have it. */
+  void StartPump();
+  void StopPump();
+  /** Closes the port and stops the pump. */
+  void Close();
+
+  PhysicalLine& line() { return line_; }
+  DLS_LY2& link() { return link_; }
+  MessageLayer& messages() { return *messages_; }
+  ModemReply& modem() { return modem_; }
+  const TransferStatistics& statistics() const { return statistics_; }
+  LinkMode mode() const { return line_.mode(); }
+
+ private:
+  void Receive(std::span<const std::uint8_t> bytes);
+  std::unique_ptr<MessageLayer> MakeMessages(const ExchangeAddress& address);
+
+  Waits& waits_;
+  SendLog& log_;
+  TransferStatistics statistics_;
+  ModemReply modem_;
+  PhysicalLine line_;
+  DLS_LY2 link_;
+  std::unique_ptr<MessageLayer> messages_;
+  LanReader lan_reader_;
+  ServerReader server_reader_;
+  EventServer::TimerId pump_ = 0;
+};
+
+}  // namespace tarvok

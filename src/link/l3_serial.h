@@ -1,0 +1,26 @@
+#pragma once
+
+#include "link/dls_ly2.h"
+#include "link/message_layer.h"
+
+namespace tarvok {
+
+/** The messages over serial line, modem, LAN to serial and LAN: in link frames, or bare on a LAN. */
+class L3Serial : public MessageLayer {
+ public:
+  L3Serial(Parts parts, DLS_LY2& link) : MessageLayer(parts, kVariant), link_(link) {}
+
+ private:
+  static constexpr MessageVariant kVariant = {.get_config_words = "Get config - ",
+                                              .get_mini_bar_words = "Get minibar - ",
+                                              .answers_enquiry = true,
+                                              .keeps_first_sequence = true,
+                                              .has_mini_bar_reply = true,
+                                              .sums_send_time = true};
+
+  void Carry(std::span<const std::uint8_t> message) override { link_.LinkSendData(message); }
+
+  DLS_LY2& link_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,201 @@
+#include "link/message_layer.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::int64_t kFullPackWait_ms = 4000;
+constexpr std::int64_t kLastPackWait_ms = 3000;
+constexpr std::int64_t kEnquiryWait_ms = 3000;
+constexpr int kTries = 3;
+
+std::uint8_t Low(int value) {
+  return static_cast<std::uint8_t>(value % 256);
+}
+std::uint8_t High(int value) {
+  return static_cast<std::uint8_t>(value / 256);
+}
+
+/** The decimal digits of 0 to 99 read as a hexadecimal number: 34 is 0x34. */
+std::uint8_t AsHexDigits(int value) {
+  return static_cast<std::uint8_t>(value / 10 * 16 + value % 10);
+}
+
+}  // namespace
+
+bool MessageLayer::SendIdle() {
+  parts_.log.Line("Send Idle");
+  return SendMessage({}, command::kIdle, &MessageState::ReplyOkFlag, false);
+}
+
+bool MessageLayer::SendSetMode(ExchangeMode mode) {
+  const auto value = static_cast<std::uint8_t>(mode);
+  parts_.log.Line("Send set mode - " + std::to_string(value));
+  return SendMessage({&value, 1}, command::kSetMode, &MessageState::ReplyOkFlag, false);
+}
+
+bool MessageLayer::SendTime() {
+  constexpr int kBuddhistFrom = 2501;  // a computer whose calendar counts 543 years more
+  constexpr int kBuddhistAhead = 543;
+  const WallClock now = parts_.waits.events().Now();
+  const int year = now.year >= kBuddhistFrom ? now.year - kBuddhistAhead : now.year;
+  const std::array<std::uint8_t, 6> time = {
+      AsHexDigits(now.hour), AsHexDigits(now.minute), static_cast<std::uint8_t>(now.weekday),
+      AsHexDigits(now.day),  AsHexDigits(now.month),  AsHexDigits(year % 100)};
+  parts_.log.Line("Send Set Time");
+  return SendMessage(time, command::kTime, &MessageState::ReplyOkFlag, false);
+}
+
+bool MessageLayer::GetVersion() {
+  parts_.log.Line("Get version");
+  return SendMessage({}, command::kGetVersion, &MessageState::VersionFlag, false);
+}
+
+bool MessageLayer::CheckPassword(const std::array<std::uint8_t, 3>& password) {
+  parts_.log.Line("Chk pass");
+  return SendMessage(password, command::kCheckPassword, &MessageState::ReplyOkFlag, false);
+}
+
+bool MessageLayer::SendSection(std::uint8_t code, int section, std::span<const std::uint8_t> data) {
+  const auto size = static_cast<int>(data.size());
+  std::vector<std::uint8_t> payload = {Low(section), High(section), Low(size), High(size)};
+  payload.insert(payload.end(), data.begin(), data.end());
+  const std::int64_t start_ms = parts_.waits.events().Tick_ms();
+  const bool sent = SendMessage(payload, code, &MessageState::ReplyOkFlag, true);
+  if (variant_.sums_send_time) {
+    parts_.statistics.SendMilliseconds += parts_.waits.events().Tick_ms() - start_ms;
+  }
+  return sent;
+}
+
+bool MessageLayer::SendConfig(int section, std::span<const std::uint8_t> image) {
+  parts_.log.Line("Send Config:  " + std::to_string(section));
+  return SendSection(command::kConfig, section, image);
+}
+
+bool MessageLayer::SendMiniBar(int number, std::span<const std::uint8_t> record) {
+  parts_.log.Line("Send MiniBar :  " + std::to_string(number));
+  return SendSection(command::kMiniBar, number, record);
+}
+
+bool MessageLayer::SendBillingTable(int table, int sector, std::span<const std::uint8_t> data) {
+  parts_.log.Line("Send Billing Table = " + std::to_string(table));
+  const auto size = static_cast<int>(data.size());
+  std::vector<std::uint8_t> payload = {static_cast<std::uint8_t>(table), static_cast<std::uint8_t>(sector),
+                                       Low(size), High(size)};
+  payload.insert(payload.end(), data.begin(), data.end());
+  return SendMessage(payload, command::kBillingTable, &MessageState::ReplyOkFlag, true);
+}
+
+bool MessageLayer::GetConfig(int section) {
+  parts_.log.Line(std::string(variant_.get_config_words) + std::to_string(section));
+  asked_section_ = section;
+  const std::array<std::uint8_t, 2> payload = {Low(section), High(section)};
+  return SendMessage(payload, command::kGetConfig, &MessageState::ConfigFlag, false);
+}
+
+bool MessageLayer::GetMiniBar(int number) {
+  parts_.log.Line(std::string(variant_.get_mini_bar_words) + std::to_string(number));
+  const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
+  const Flag awaited = variant_.has_mini_bar_reply ? &MessageState::MiniBarFlag : &MessageState::ConfigFlag;
+  return SendMessage(payload, command::kGetMiniBar, awaited, false);
+}
+
+bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited,
+                               bool sequenced) {
+  const auto limit = static_cast<std::size_t>(sequenced ? kSequencedPayload : kPlainPayload);
+  state_.SendSequence = 0;
+  bool first = true;
+  std::vector<std::uint8_t> message;
+  message.reserve(kMaxMessage);
+  const auto build = [&](std::span<const std::uint8_t> part) {
+    message = {kFromTool, parts_.address.byte(), 0, first ? code : command::kNextPack};
+    if (sequenced) message.push_back(state_.SendSequence);
+    message.insert(message.end(), part.begin(), part.end());
+  };
+
+  while (payload.size() > limit) {
+    build(payload.first(limit));
+    if (!SendFullPack(message, first)) return false;
+    ++state_.SendSequence;
+    ++parts_.statistics.PacketsSent;
+    parts_.statistics.BytesSent += static_cast<std::int64_t>(limit);
+    payload = payload.subspan(limit);
+    first = false;
+  }
+  build(payload);
+  ++parts_.statistics.PacketsSent;
+  parts_.statistics.BytesSent += static_cast<std::int64_t>(payload.size());
+  return SendLastPack(message, awaited);
+}
+
+bool MessageLayer::SendFullPack(std::span<const std::uint8_t> message, bool first) {
+  state_.ReplyOkFlag = false;
+  for (int attempt = 1; attempt <= kTries; ++attempt) {
+    Carry(message);
+    if (parts_.waits.Until([&] { return state_.ReplyOkFlag; }, kFullPackWait_ms)) return true;
+    const Recovery recovery = RecoverByEnquiry(first);
+    if (recovery == Recovery::kArrived) return true;
+    if (recovery == Recovery::kFailed) return false;
+  }
+  return false;
+}
+
+MessageLayer::Recovery MessageLayer::RecoverByEnquiry(bool first) {
+  for (int n = 1; n <= kTries && !parts_.waits.aborted(); ++n) {
+    parts_.log.Line("Send Enquiry Seq : " + std::to_string(n));
+    state_.SeqReplyFlag = false;
+    SendEnquiry();
+    if (parts_.waits.Until([&] { return state_.SeqReplyFlag; }, kEnquiryWait_ms)) return JudgeSequence(first);
+  }
+  return Recovery::kFailed;
+}
+
+MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
+  const int received = state_.LastReceivedSeq;
+  const int sent = state_.SendSequence;
+  const std::string words = "Rev = " + std::to_string(received) + ", Send = " + std::to_string(sent);
+  // The step to the next number counts modulo 256, or a reply lost at the wrap would end the transfer.
+  if ((received + 255) % 256 == sent) {
+    parts_.log.Line("Seq OK, " + words);
+    return Recovery::kArrived;
+  }
+  if (received == sent) {
+    parts_.log.Line("Seq OK, " + words + "Send again");
+    return Recovery::kSendAgain;
+  }
+  if (received - 1 > sent && first) {
+    parts_.log.Line("Seq OK, " + words + "First pack Send again");
+    return Recovery::kSendAgain;
+  }
+  parts_.log.Line("Seq conflict, " + words);
+  return Recovery::kFailed;
+}
+
+bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awaited) {
+  for (int attempt = 1; attempt <= kTries && !parts_.waits.aborted(); ++attempt) {
+    state_.ErrorReplyFlag = false;
+    state_.*awaited = false;
+    Carry(message);
+    const bool came = parts_.waits.Until([&] { return state_.*awaited; }, kLastPackWait_ms);
+    if (state_.ErrorReplyFlag) {
+      if (state_.StopOnErrorReply) return false;
+      parts_.log.Line("get res err send this pack again");
+    } else if (came) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void MessageLayer::SendEnquiry() {
+  parts_.log.Line("Send Enquriy");
+  ++parts_.statistics.EnquiryCount;
+  Carry(std::array<std::uint8_t, 4>{kFromTool, parts_.address.byte(), 0, command::kEnquiry});
+}
+
+}  // namespace tarvok

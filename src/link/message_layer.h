@@ -1,0 +1,136 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "link/message.h"
+#include "link/section_image.h"
+#include "link/send_log.h"
+#include "link/statistics.h"
+#include "link/waits.h"
+
+namespace tarvok {
+
+/** Whom the messages go to. Direct to the CPU card both ids are 15. */
+struct ExchangeAddress {
+  int pbx_id = 15;   // 0 to 15
+  int card_id = 15;  // 0 to 15
+  bool direct = true;
+
+  std::uint8_t byte() const { return static_cast<std::uint8_t>(pbx_id * 16 + card_id); }
+};
+
+/** In which points the two message modules differ. */
+struct MessageVariant {
+  std::string_view get_config_words;
+  std::string_view get_mini_bar_words;
+  bool answers_enquiry;       // an Enquiry from the exchange gets a Respond Seq
+  bool keeps_first_sequence;  // the first pack's sequence byte is kept to answer with
+  bool has_mini_bar_reply;    // GetMiniBar waits for the record; else for a reply that never comes
+  bool sums_send_time;        // section and mini bar sends add to SendMilliseconds
+};
+
+/** What ReceiveMessage sets and the waiting operations and sessions read. */
+struct MessageState {
+  bool ReplyOkFlag = false;
+  bool VersionFlag = false;
+  bool ConfigFlag = false;
+  bool MiniBarFlag = false;
+  bool SeqReplyFlag = false;
+  bool ErrorReplyFlag = false;
+  bool SectionDoneFlag = false;   // a section or mini bar record is whole; cleared by the session
+  bool StopOnErrorReply = false;  // an error reply allows no second try: while the password form is open
+  std::uint8_t SendSequence = 0;
+  int LastReceivedSeq = 0;
+  std::int64_t ReceiveOffset = 0;
+  int ReceivedSection = 0;
+  int ReceivedSize = 0;  // as declared by the exchange
+  int PbxVersion = 0;    // hundredths
+  std::string MiniBarName;
+  int MiniBarCount = 0;
+};
+
+/**
+ * The commands to the exchange and its replies: messages of at most 64 bytes, longer ones cut into packs with
+ * a sequence number. Every operation waits, serving events, until the awaited reply came or its tries ran
+ * out, and returns whether it came. Replies arrive through ReceiveMessage in the middle of those waits. How a
+ * message is carried is the derived module's matter.
+ */
+class MessageLayer {
+ public:
+  struct Parts {
+    Waits& waits;
+    SendLog& log;
+    TransferStatistics& statistics;
+    ExchangeAddress address;
+  };
+
+  MessageLayer(Parts parts, const MessageVariant& variant) : parts_(parts), variant_(variant) {}
+  virtual ~MessageLayer() = default;
+
+  bool SendIdle();
+  bool SendSetMode(ExchangeMode mode);
+  /** The time now: hour, minute, weekday (Sunday 0), day, month, two-digit year; digits as hexadecimal but
+   * the weekday. */
+  bool SendTime();
+  bool GetVersion();
+  bool CheckPassword(const std::array<std::uint8_t, 3>& password);
+  bool SendConfig(int section, std::span<const std::uint8_t> image);
+  /** True when the first pack came; the others arrive afterwards and end in SectionDoneFlag. */
+  bool GetConfig(int section);
+  bool SendBillingTable(int table, int sector, std::span<const std::uint8_t> data);
+  bool SendMiniBar(int number, std::span<const std::uint8_t> record);
+  bool GetMiniBar(int number);
+
+  /** One whole message from the exchange. What is none, is too short or is not awaited is dropped. */
+  void ReceiveMessage(std::span<const std::uint8_t> message);
+  /** Bytes that the section in progress still lacks, by its declared size. */
+  std::int64_t MissingBytes() const;
+
+  MessageState& state() { return state_; }
+  const SectionImage& section_image() const { return section_image_; }
+
+ protected:
+  /** Sends one message of at most 64 bytes. */
+  virtual void Carry(std::span<const std::uint8_t> message) = 0;
+
+  Parts& parts() { return parts_; }
+
+ private:
+  using Flag = bool MessageState::*;
+  enum class ReceiveKind { kNone, kSection, kMiniBar };
+  enum class Recovery { kArrived, kSendAgain, kFailed };
+
+  bool SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited, bool sequenced);
+  bool SendFullPack(std::span<const std::uint8_t> message, bool first);
+  bool SendLastPack(std::span<const std::uint8_t> message, Flag awaited);
+  Recovery RecoverByEnquiry(bool first);
+  Recovery JudgeSequence(bool first);
+  void SendEnquiry();
+  bool SendSection(std::uint8_t code, int section, std::span<const std::uint8_t> data);
+
+  void RespondOk();
+  void RespondSeq();
+  void ReceiveSequence(std::span<const std::uint8_t> message);
+  void ReceiveError();
+  void ReceiveVersion(std::span<const std::uint8_t> message);
+  void ReceiveMiniBarRecord(std::span<const std::uint8_t> message);
+  void ReceiveMiniBarData(std::span<const std::uint8_t> message);
+  void ReceiveFirstPack(std::span<const std::uint8_t> message);
+  void ReceiveNextPack(std::span<const std::uint8_t> message);
+  void TakeSectionBytes(std::span<const std::uint8_t> bytes);
+
+  Parts parts_;
+  const MessageVariant& variant_;
+  MessageState state_;
+  SectionImage section_image_;
+  MiniBarImage mini_bar_image_;
+  ReceiveKind receive_kind_ = ReceiveKind::kNone;
+  int asked_section_ = -1;  // what GetConfig asked for last, -1 before the first
+};
+
+}  // namespace tarvok

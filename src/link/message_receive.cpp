@@ -1,0 +1,171 @@
+// What the exchange says: the replies that set the flags on which the operations wait.
+
+#include <array>
+
+#include "link/message_layer.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+int Word(std::span<const std::uint8_t> message, std::size_t at) {
+  return message[at] + 256 * message[at + 1];
+}
+
+/** Fewest bytes of a message by its code; a shorter one is dropped. */
+std::size_t ShortestMessage(std::uint8_t code) {
+  switch (code) {
+    case reply::kSequence:
+    case reply::kNextPack:
+      return 5;
+    case reply::kVersion:
+    case reply::kMiniBarData:
+      return 6;
+    case reply::kSection:
+      return 9;
+    case reply::kMiniBarRecord:
+      return 29;
+    default:
+      return kHeader;
+  }
+}
+
+}  // namespace
+
+void MessageLayer::ReceiveMessage(std::span<const std::uint8_t> message) {
+  if (message.size() < kHeader || message[0] != kFromExchange || message[1] != 0) return;
+  const std::uint8_t code = message[3];
+  if (message.size() < ShortestMessage(code)) return;
+  switch (code) {
+    case command::kEnquiry:
+      if (variant_.answers_enquiry) RespondSeq();
+      break;
+    case reply::kSequence:
+      ReceiveSequence(message);
+      break;
+    case reply::kOk:
+      parts_.log.DebugLine("Res OK");
+      state_.ReplyOkFlag = true;
+      break;
+    case reply::kError:
+      ReceiveError();
+      break;
+    case reply::kVersion:
+      ReceiveVersion(message);
+      break;
+    case reply::kMiniBarRecord:
+      ReceiveMiniBarRecord(message);
+      break;
+    case reply::kMiniBarData:
+      ReceiveMiniBarData(message);
+      break;
+    case reply::kSection:
+      ReceiveFirstPack(message);
+      break;
+    case reply::kNextPack:
+      ReceiveNextPack(message);
+      break;
+    default:
+      break;
+  }
+}
+
+void MessageLayer::RespondOk() {
+  parts_.log.DebugLine("Send Respond OK");
+  const std::uint8_t second = parts_.address.direct ? 0xFF : 0;
+  Carry(std::array<std::uint8_t, 4>{kFromTool, parts_.address.byte(), second, reply::kOk});
+}
+
+void MessageLayer::RespondSeq() {
+  const auto number = static_cast<std::uint8_t>(state_.LastReceivedSeq);
+  parts_.log.DebugLine("Recieve ENQ, Send Res Seq = " + std::to_string(number));
+  parts_.log.DebugLine("Send Respond Seq = " + std::to_string(number));
+  const std::uint8_t second = parts_.address.direct ? 0xFF : 0;
+  Carry(std::array<std::uint8_t, 5>{kFromTool, parts_.address.byte(), second, reply::kSequence, number});
+}
+
+void MessageLayer::ReceiveSequence(std::span<const std::uint8_t> message) {
+  state_.LastReceivedSeq = message[4];
+  state_.SeqReplyFlag = true;
+  parts_.log.Line("Recieve Seq : " + std::to_string(message[4]));
+}
+
+void MessageLayer::ReceiveError() {
+  parts_.log.Line("Ack Error Command");
+  state_.ErrorReplyFlag = true;
+  ++parts_.statistics.ResponseErrors;
+}
+
+void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
+  state_.PbxVersion = Word(message, 4);
+  parts_.log.Text("Reveive Version : " + FormatHundredths(state_.PbxVersion));
+  state_.VersionFlag = true;
+}
+
+void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
+  constexpr std::size_t kNameAt = 7;
+  constexpr std::size_t kNameBytes = 20;
+  state_.MiniBarFlag = true;
+  state_.SectionDoneFlag = true;
+  state_.ReceivedSection = Word(message, 5);
+  state_.MiniBarName.clear();
+  for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
+    if (byte != 0) state_.MiniBarName += static_cast<char>(byte);
+  }
+  state_.MiniBarCount = Word(message, kNameAt + kNameBytes);
+  RespondOk();
+}
+
+void MessageLayer::ReceiveMiniBarData(std::span<const std::uint8_t> message) {
+  receive_kind_ = ReceiveKind::kMiniBar;
+  state_.ReceiveOffset = 0;
+  mini_bar_image_.Store(0, message.subspan(6));
+  RespondOk();
+}
+
+void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
+  constexpr std::size_t kDataAt = 9;
+  const int section = Word(message, 5);
+  if (asked_section_ >= 0 && section != asked_section_) {
+    // Another section than the one asked for: taking it would write its bytes under the wrong name.
+    receive_kind_ = ReceiveKind::kNone;
+    ReceiveError();
+    return;
+  }
+  receive_kind_ = ReceiveKind::kSection;
+  state_.ConfigFlag = true;
+  if (variant_.keeps_first_sequence) state_.LastReceivedSeq = message[4];
+  state_.ReceivedSection = section;
+  state_.ReceivedSize = Word(message, 7);
+  parts_.log.Line("GET CONFIG , " + std::to_string(section) +
+                  " , size = " + std::to_string(state_.ReceivedSize));
+  state_.ReceiveOffset = 0;
+  section_image_.Clear();
+  parts_.statistics.BytesReceived += state_.ReceivedSize;
+  TakeSectionBytes(message.subspan(kDataAt));
+}
+
+void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
+  state_.LastReceivedSeq = message[4];
+  if (receive_kind_ != ReceiveKind::kSection) return;
+  const auto bytes = message.subspan(kSequencedHeader);
+  parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
+  TakeSectionBytes(bytes);
+}
+
+void MessageLayer::TakeSectionBytes(std::span<const std::uint8_t> bytes) {
+  section_image_.Store(state_.ReceiveOffset, bytes);
+  state_.ReceiveOffset += static_cast<std::int64_t>(bytes.size());
+  if (state_.ReceiveOffset >= state_.ReceivedSize) {
+    parts_.log.Line("END GET CONFIG");
+    state_.SectionDoneFlag = true;
+  }
+  RespondOk();
+}
+
+std::int64_t MessageLayer::MissingBytes() const {
+  if (receive_kind_ != ReceiveKind::kSection) return 0;
+  return std::max<std::int64_t>(0, state_.ReceivedSize - state_.ReceiveOffset);
+}
+
+}  // namespace tarvok

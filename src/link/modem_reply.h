@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace tarvok {
+
+/** What the last line of text from the modem said. */
+struct ModemReply {
+  static constexpr int kNone = 0;  // nothing yet, or a line that says nothing known
+  static constexpr int kConnect = 1;
+  static constexpr int kBusy = 2;
+  static constexpr int kNoCarrier = 3;
+  static constexpr int kNoDialTone = 4;
+  static constexpr int kOk = 5;
+
+  int ModemResult = kNone;
+  std::string ModemConnectText;  // the whole line of a CONNECT
+};
+
+}  // namespace tarvok

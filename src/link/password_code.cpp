@@ -1,0 +1,24 @@
+#include "link/password_code.h"
+
+#include <algorithm>
+#include <string>
+
+#include "store/number_text.h"
+
+namespace tarvok {
+
+std::optional<PackedPassword> PackPassword(std::string_view digits) {
+  const bool all_digits = std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+  if (digits.empty() || digits.size() > kMostPasswordDigits || !all_digits) return std::nullopt;
+  std::string nibbles = digits.size() % 2 == 0 ? std::string() : "F";
+  nibbles += digits;
+  std::replace(nibbles.begin(), nibbles.end(), '0', 'A');
+  nibbles.resize(kMostPasswordDigits, 'F');
+  PackedPassword packed;
+  for (std::size_t i = 0; i < packed.size(); ++i) {
+    packed[i] = static_cast<std::uint8_t>(ValHex(nibbles.substr(2 * i, 2)));
+  }
+  return packed;
+}
+
+}  // namespace tarvok

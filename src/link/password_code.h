@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace tarvok {
+
+/** A password as it travels: three bytes. */
+using PackedPassword = std::array<std::uint8_t, 3>;
+
+/** Most digits of a password. */
+inline constexpr std::size_t kMostPasswordDigits = 6;
+
+/** Packs one to six digits: "0" as A, an odd count led by F, two digits a byte, FF behind the end. nullopt for anything
+ * else. */
+std::optional<PackedPassword> PackPassword(std::string_view digits);
+
+}  // namespace tarvok

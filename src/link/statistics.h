@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tarvok {
+
+/** What a session counts. LinkInit sets it back. */
+struct TransferStatistics {
+  std::int64_t ResponseErrors = 0;    // error replies
+  std::int64_t EnquiryCount = 0;      // enquiries sent
+  std::int64_t PacketsSent = 0;       // packs that went through
+  std::int64_t BytesSent = 0;         // message bytes that went through, headers not counted
+  std::int64_t BytesReceived = 0;     // each section's declared size, and every later pack once more
+  std::int64_t SendMilliseconds = 0;  // summed duration of section and mini bar sends
+};
+
+}  // namespace tarvok

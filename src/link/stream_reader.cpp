@@ -1,0 +1,137 @@
+#include "link/stream_reader.h"
+
+#include <algorithm>
+
+#include "link/message.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::int64_t kHold_ms = 1000;
+constexpr std::size_t kMarkAt = 4;
+constexpr std::size_t kLengthAt = 7;
+
+using Bytes = std::span<const std::uint8_t>;
+
+bool BeginsMessage(Bytes bytes) {
+  return bytes[0] == kFromExchange && (bytes.size() < 2 || bytes[1] == 0);
+}
+
+bool BeginsPacket(Bytes bytes) {
+  return bytes.size() > kLengthAt && bytes[kMarkAt] == kServerMark;
+}
+
+std::size_t PacketLength(Bytes bytes) {
+  return static_cast<std::size_t>(kServerHeaderIn) + bytes[kLengthAt];
+}
+
+void TakePacket(Bytes packet, const TakeMessage& take) {
+  const std::size_t length = packet[kLengthAt];
+  if (length <= static_cast<std::size_t>(kMaxMessage)) take(packet.subspan(kServerHeaderIn, length));
+}
+
+/** Whether the bytes are nothing but whole packets, each as long as it says or a block of 128 bytes. */
+bool IsWholePackets(Bytes bytes, bool blocks) {
+  while (!bytes.empty()) {
+    if (!BeginsPacket(bytes)) return false;
+    const std::size_t length = blocks ? static_cast<std::size_t>(kServerReadIn) : PacketLength(bytes);
+    if (length > bytes.size() || PacketLength(bytes) > length) return false;
+    bytes = bytes.subspan(length);
+  }
+  return true;
+}
+
+void TakeWholePackets(Bytes bytes, bool blocks, const TakeMessage& take) {
+  while (!bytes.empty()) {
+    TakePacket(bytes, take);
+    bytes = bytes.subspan(blocks ? static_cast<std::size_t>(kServerReadIn) : PacketLength(bytes));
+  }
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> HeldBytes::Join(std::span<const std::uint8_t> read, std::int64_t tick_ms) {
+  std::vector<std::uint8_t> joined;
+  if (tick_ms - since_ms_ <= kHold_ms) joined.swap(bytes_);
+  bytes_.clear();
+  joined.insert(joined.end(), read.begin(), read.end());
+  return joined;
+}
+
+void HeldBytes::Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms) {
+  bytes_.assign(bytes.begin(), bytes.end());
+  since_ms_ = tick_ms;
+}
+
+std::size_t LanReader::ExpectedLength(Bytes bytes) const {
+  constexpr std::int64_t kFirstPackData = kMaxMessage - 9;
+  if (bytes.size() < kHeader) return kHeader;
+  switch (bytes[3]) {
+    case reply::kOk:
+    case reply::kError:
+    case command::kEnquiry:
+      return 4;
+    case reply::kSequence:
+      return 5;
+    case reply::kVersion:
+      return 6;
+    case reply::kMiniBarRecord:
+      return 29;
+    case reply::kSection:
+      if (bytes.size() < 9) return 9;
+      return static_cast<std::size_t>(9 + std::min<std::int64_t>(bytes[7] + 256 * bytes[8], kFirstPackData));
+    case reply::kNextPack:
+      return static_cast<std::size_t>(kSequencedHeader +
+                                      std::min<std::int64_t>(missing_(), kSequencedPayload));
+    default:
+      return bytes.size();
+  }
+}
+
+void LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+  const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
+  Bytes bytes = joined;
+  while (!bytes.empty()) {
+    if (!BeginsMessage(bytes)) return;
+    const std::size_t expected = ExpectedLength(bytes);
+    if (bytes.size() < expected) {
+      held_.Hold(bytes, tick_ms);
+      return;
+    }
+    const Bytes rest = bytes.subspan(expected);
+    const bool another_follows = rest.empty() || BeginsMessage(rest);
+    const Bytes message = another_follows ? bytes.first(expected) : bytes;
+    bytes = another_follows ? rest : Bytes();
+    take(message);
+  }
+}
+
+void ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+  const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
+  // What was held may have been padding behind a packet; then the read stands for itself.
+  const bool held_was_padding = joined.size() > kLengthAt && !BeginsPacket(joined);
+  Bytes bytes = held_was_padding ? read : Bytes(joined);
+  if (bytes.size() > static_cast<std::size_t>(kServerReadIn)) {
+    for (const bool blocks : {false, true}) {
+      if (!IsWholePackets(bytes, blocks)) continue;
+      TakeWholePackets(bytes, blocks, take);
+      return;
+    }
+    return;
+  }
+  for (bool first = true; !bytes.empty(); first = false) {
+    const bool too_short_to_tell =
+        bytes.size() <= kLengthAt && (bytes.size() <= kMarkAt || bytes[kMarkAt] == kServerMark);
+    const bool begun =
+        BeginsPacket(bytes) && bytes[kLengthAt] <= kMaxMessage && bytes.size() < PacketLength(bytes);
+    if (first && (too_short_to_tell || begun)) {
+      held_.Hold(bytes, tick_ms);
+      return;
+    }
+    if (!BeginsPacket(bytes) || bytes.size() < PacketLength(bytes)) return;
+    TakePacket(bytes, take);
+    bytes = bytes.subspan(PacketLength(bytes));
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace tarvok {
+
+using TakeMessage = std::function<void(std::span<const std::uint8_t>)>;
+
+/** What a socket delivered and no message claimed yet. Held for at most a second, then it is given up. */
+class HeldBytes {
+ public:
+  /** What is held and what just came, as one read. */
+  std::vector<std::uint8_t> Join(std::span<const std::uint8_t> read, std::int64_t tick_ms);
+  void Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms);
+
+ private:
+  std::vector<std::uint8_t> bytes_;
+  std::int64_t since_ms_ = 0;
+};
+
+/**
+ * Finds messages in what a LAN socket delivers. A read is one message as a rule, but a stream may split or
+ * join them: a message is cut where its code says it ends and another begins with 21 00, and one that is not
+ * whole is held for its rest. A read that does not begin with 21 00 is dropped.
+ */
+class LanReader {
+ public:
+  /** `missing` tells how many bytes the section in progress still lacks. */
+  explicit LanReader(std::function<std::int64_t()> missing) : missing_(std::move(missing)) {}
+
+  void Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
+
+ private:
+  std::size_t ExpectedLength(std::span<const std::uint8_t> bytes) const;
+
+  std::function<std::int64_t()> missing_;
+  HeldBytes held_;
+};
+
+/**
+ * Finds messages in what the relay server delivers: packets of at most 128 bytes with 0x11 at byte 4, the
+ * length at byte 7 and the message from byte 8. A longer read is dropped whole unless it is made of whole
+ * packets; the beginning of a packet is held for its rest; a length above 64, or above what is there, drops
+ * the packet.
+ */
+class ServerReader {
+ public:
+  void Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
+
+ private:
+  HeldBytes held_;
+};
+
+}  // namespace tarvok

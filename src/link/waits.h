@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include "link/event_server.h"
+
+namespace tarvok {
+
+/**
+ * The one way in which a session waits: serve events, test the flag, test the clock, test whether the session
+ * was given up. After Abort every wait ends at once with false, so that the session unwinds.
+ */
+class Waits {
+ public:
+  explicit Waits(EventServer& events) : events_(events) {}
+
+  /** True when `flag` said true; false when the time ran out or the session was given up. */
+  template <typename Flag>
+  bool Until(Flag&& flag, std::int64_t timeout_ms) {
+    events_.ServeUntil([&] { return aborted_ || flag(); }, timeout_ms);
+    return !aborted_ && flag();
+  }
+
+  /** False when the session was given up meanwhile. */
+  bool WaitSeconds(double seconds) {
+    Until([] { return false; }, static_cast<std::int64_t>(seconds * 1000));
+    return !aborted_;
+  }
+
+  void Abort() { aborted_ = true; }
+  /** Makes waits work again, for what a closing form still says to the exchange. */
+  void ClearAbort() { aborted_ = false; }
+  bool aborted() const { return aborted_; }
+  EventServer& events() { return events_; }
+
+ private:
+  EventServer& events_;
+  bool aborted_ = false;
+};
+
+}  // namespace tarvok

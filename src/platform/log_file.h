@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "store/status.h"
+
+namespace tarvok {
+
+/** A log that starts anew when it is opened and is readable by the user alone. Each text is on its way to the
+ * disk when Write returns. */
+class LogFile {
+ public:
+  LogFile() = default;
+  ~LogFile();
+  LogFile(const LogFile&) = delete;
+  LogFile& operator=(const LogFile&) = delete;
+
+  Status Open(const std::string& path);
+  bool is_open() const { return fd_ >= 0; }
+  /** Does nothing while no file is open; a full disk ends the log, not the session. */
+  void Write(std::string_view text);
+
+ private:
+  int fd_ = -1;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,207 @@
+#include "platform/posix_file_system.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace tarvok {
+namespace {
+
+/** How long a file's time may stand still while its bytes change: a few ticks of the kernel's coarse clock.
+ */
+constexpr std::int64_t kTimeGrain_ns = 20'000'000;
+constexpr int kLockTries = 40;
+constexpr useconds_t kLockPause_us = 50'000;
+
+ErrorKind KindOf(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+      return ErrorKind::kNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ErrorKind::kNoPermission;
+    case ENOSPC:
+    case EDQUOT:
+      return ErrorKind::kNoSpace;
+    case EEXIST:
+      return ErrorKind::kExists;
+    default:
+      return ErrorKind::kInputOutput;
+  }
+}
+
+Status Failed(const std::string& path, int error) {
+  return {KindOf(error), path + ": " + std::strerror(error)};
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int get() const { return fd_; }
+  bool valid() const { return fd_ >= 0; }
+  /** Closes now and says whether that went well. */
+  bool Close() { return ::close(std::exchange(fd_, -1)) == 0; }
+
+ private:
+  int fd_;
+};
+
+/** Writes all bytes from the start of the file and flushes them; 0 or the error. */
+int WriteAll(int fd, std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t written = ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return errno;
+    if (written == 0) return ENOSPC;
+    done += static_cast<std::size_t>(written);
+  }
+  if (::ftruncate(fd, static_cast<off_t>(bytes.size())) != 0) return errno;
+  return ::fsync(fd) == 0 ? 0 : errno;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+class FolderLock : public FileLock {
+ public:
+  explicit FolderLock(int fd) : folder_(fd) {}
+
+ private:
+  Descriptor folder_;  // closing it gives the lock back
+};
+
+}  // namespace
+
+FileIdentity PosixFileSystem::Identify(const std::string& path) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) return {};
+  struct timespec now {};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  FileIdentity identity;
+  identity.exists = true;
+  identity.device = info.st_dev;
+  identity.inode = info.st_ino;
+  identity.size = info.st_size;
+  identity.modified_ns = info.st_mtim.tv_sec * 1'000'000'000LL + info.st_mtim.tv_nsec;
+  identity.settled = now.tv_sec * 1'000'000'000LL + now.tv_nsec - identity.modified_ns > kTimeGrain_ns;
+  return identity;
+}
+
+Result<std::string> PosixFileSystem::Read(const std::string& path) {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!file.valid()) return Failed(path, errno);
+  struct stat info {};
+  if (::fstat(file.get(), &info) != 0) return Failed(path, errno);
+  if (S_ISDIR(info.st_mode)) return Failed(path, EISDIR);
+  if (!S_ISREG(info.st_mode)) return Status(ErrorKind::kInputOutput, path + ": not a regular file");
+  std::string bytes(static_cast<std::size_t>(info.st_size), '\0');
+  std::size_t done = 0;
+  while (true) {
+    if (done == bytes.size()) bytes.resize(bytes.size() + 4096);  // the file may have grown since
+    const ssize_t got = ::read(file.get(), bytes.data() + done, bytes.size() - done);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return Failed(path, errno);
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
+std::string PosixFileSystem::Resolve(const std::string& path) {
+  char* resolved = ::realpath(path.c_str(), nullptr);
+  if (resolved == nullptr) return path;
+  std::string result(resolved);
+  std::free(resolved);
+  return result;
+}
+
+Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes, const std::string& like) {
+  // A file that its owner protected is not replaced behind his back.
+  if (::access(like.c_str(), F_OK) == 0 && ::access(like.c_str(), W_OK) != 0) return Failed(like, errno);
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  if (!file.valid()) return Failed(path, errno);
+  int error = 0;
+  struct stat info {};
+  if (::stat(like.c_str(), &info) == 0 && ::fchmod(file.get(), info.st_mode & 07777) != 0) error = errno;
+  if (error == 0) error = WriteAll(file.get(), bytes);
+  if (!file.Close() && error == 0) error = errno;
+  if (error == 0) return {};
+  ::unlink(path.c_str());
+  return Failed(path, error);
+}
+
+Status PosixFileSystem::Overwrite(const std::string& path, std::string_view bytes) {
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  if (!file.valid()) return Failed(path, errno);
+  if (!bytes.empty()) {
+    // The space first: a disk that fills up in the middle would leave half of either.
+    const int reserved = ::posix_fallocate(file.get(), 0, static_cast<off_t>(bytes.size()));
+    if (reserved != 0 && reserved != EOPNOTSUPP && reserved != EINVAL) return Failed(path, reserved);
+  }
+  int error = WriteAll(file.get(), bytes);
+  if (!file.Close() && error == 0) error = errno;
+  return error == 0 ? Status() : Failed(path, error);
+}
+
+Status PosixFileSystem::Rename(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) return Failed(to, errno);
+  // The new name is in force; a folder that can't be flushed (some network file systems) only delays its
+  // durability.
+  const Descriptor folder(::open(FolderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.valid()) ::fsync(folder.get());
+  return {};
+}
+
+Status PosixFileSystem::Remove(const std::string& path) {
+  return ::unlink(path.c_str()) == 0 ? Status() : Failed(path, errno);
+}
+
+Result<std::vector<std::string>> PosixFileSystem::List(const std::string& folder) {
+  std::error_code error;
+  std::vector<std::string> names;
+  std::filesystem::directory_iterator entry(folder, error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    names.push_back(entry->path().filename().string());
+  }
+  if (error) return Failed(folder, error.value());
+  return names;
+}
+
+Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path) {
+  const std::string folder = FolderOf(Resolve(path));
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return Failed(folder, errno);
+  auto lock = std::make_unique<FolderLock>(fd);
+  for (int i = 0; ::flock(fd, LOCK_EX | LOCK_NB) != 0; ++i) {
+    if (errno != EWOULDBLOCK && errno != EINTR)
+      break;  // a file system without locks: write as one would alone
+    if (i == kLockTries) {
+      return Status(ErrorKind::kInputOutput, path + ": another program is writing in this folder");
+    }
+    ::usleep(kLockPause_us);
+  }
+  return std::unique_ptr<FileLock>(std::move(lock));
+}
+
+}  // namespace tarvok

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "store/file_system.h"
+
+namespace tarvok {
+
+/** Files of a POSIX system. Messages name the path and the system's reason. */
+class PosixFileSystem : public FileSystem {
+ public:
+  FileIdentity Identify(const std::string& path) override;
+  Result<std::string> Read(const std::string& path) override;
+  std::string Resolve(const std::string& path) override;
+  Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like) override;
+  Status Overwrite(const std::string& path, std::string_view bytes) override;
+  Status Rename(const std::string& from, const std::string& to) override;
+  Status Remove(const std::string& path) override;
+  Result<std::vector<std::string>> List(const std::string& folder) override;
+  /** Locks the folder itself, so that nothing is left beside the project; waits at most two seconds. */
+  Result<std::unique_ptr<FileLock>> Lock(const std::string& path) override;
+};
+
+}  // namespace tarvok

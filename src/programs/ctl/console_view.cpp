@@ -1,0 +1,113 @@
+#include "programs/ctl/console_view.h"
+
+#include <cstdio>
+#include <unistd.h>
+#include <utility>
+
+#include "sessions/password_form.h"
+#include "store/number_text.h"
+
+namespace tarvok::ctl {
+namespace {
+
+/** Several lines as one. */
+std::string InOneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\n') line += ' ';
+    if (c != '\r' && c != '\n') line += c;
+  }
+  return line;
+}
+
+std::string Clock(int seconds) {
+  return std::to_string(seconds / 60) + ":" + Padded(seconds % 60, 2);
+}
+
+}  // namespace
+
+ConsoleView::ConsoleView(AskPassword ask_password)
+    : ask_password_(std::move(ask_password)), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
+
+ConsoleView::~ConsoleView() {
+  ClearBar();
+}
+
+void ConsoleView::Write(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
+void ConsoleView::Log(std::string_view text) {
+  ClearBar();
+  std::string shown;
+  for (const char c : text) {
+    if (c != '\r') shown += c;
+  }
+  if (shown.empty()) return;
+  line_open_ = shown.back() != '\n';
+  Write(shown);
+  DrawBar();
+}
+
+void ConsoleView::Progress(int value, int end) {
+  value_ = value;
+  end_ = end;
+  ClearBar();
+  DrawBar();
+}
+
+void ConsoleView::Elapsed(int seconds) {
+  seconds_ = seconds;
+  ClearBar();
+  DrawBar();
+}
+
+void ConsoleView::ClearBar() {
+  if (std::exchange(bar_shown_, false)) Write("\r\033[K");
+}
+
+void ConsoleView::DrawBar() {
+  constexpr int kWidth = 40;
+  if (!has_bar_ || !busy_ || line_open_ || end_ == 0) return;
+  const int filled = kWidth * value_ / end_;
+  std::string bar = "[" + std::string(static_cast<std::size_t>(filled), '#') +
+                    std::string(static_cast<std::size_t>(kWidth - filled), ' ') + "] " +
+                    Padded(100 * value_ / end_, 0) + " %, " + Clock(seconds_);
+  if (value_ > 0 && value_ < end_) bar += ", about " + Clock(seconds_ * (end_ - value_) / value_) + " left";
+  Write(bar);
+  bar_shown_ = true;
+}
+
+void ConsoleView::Box(BoxKind /*kind*/, std::string_view text) {
+  Log("box: " + InOneLine(text) + "\n");
+}
+
+bool ConsoleView::Ask(std::string_view question) {
+  Log("ask: " + InOneLine(question) + " -> Yes\n");
+  return true;
+}
+
+bool ConsoleView::AskWithCompare(std::string_view question, bool& /*compare*/) {
+  return Ask(question);
+}
+
+void ConsoleView::ShowPassword(PasswordForm& form) {
+  ClearBar();
+  while (form.open()) {
+    const std::optional<std::string> password = ask_password_();
+    if (password) {
+      form.Text1 = *password;
+      form.Command1();
+    } else {
+      form.Command2();
+    }
+  }
+}
+
+void ConsoleView::SetBusy(bool busy) {
+  ClearBar();
+  busy_ = busy;
+}
+
+}  // namespace tarvok::ctl

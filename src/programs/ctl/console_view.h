@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "sessions/session_view.h"
+
+namespace tarvok::ctl {
+
+/** A session on a terminal or in a script: the log window's lines as they come, boxes and questions as lines
+ * of their own, every question answered Yes, and on a terminal a progress bar below the log. */
+class ConsoleView : public SessionView {
+ public:
+  /** Gives the password of the next try; nothing gives the log-in up. */
+  using AskPassword = std::function<std::optional<std::string>()>;
+
+  explicit ConsoleView(AskPassword ask_password);
+  ~ConsoleView() override;
+
+  void Log(std::string_view text) override;
+  void Progress(int value, int end) override;
+  void Elapsed(int seconds) override;
+  void Box(BoxKind kind, std::string_view text) override;
+  bool Ask(std::string_view question) override;
+  bool AskWithCompare(std::string_view question, bool& compare) override;
+  std::optional<std::string> AskSaveName() override { return std::nullopt; }
+  void ShowPassword(PasswordForm& form) override;
+  void SetBusy(bool busy) override;
+
+ private:
+  void Write(std::string_view text);
+  void DrawBar();
+  void ClearBar();
+
+  AskPassword ask_password_;
+  bool has_bar_;  // standard output is a terminal
+  bool bar_shown_ = false;
+  bool busy_ = false;
+  bool line_open_ = false;  // the log's last line waits for its end
+  int value_ = 0;
+  int end_ = 0;
+  int seconds_ = 0;
+};
+
+}  // namespace tarvok::ctl

@@ -1,0 +1,136 @@
+#include "programs/ctl/image_commands.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "programs/ctl/exit_status.h"
+#include "programs/ctl/project_commands.h"
+#include "sections/registry.h"
+#include "store/header_keys.h"
+#include "store/new_project.h"
+#include "store/number_text.h"
+#include "store/whole_write.h"
+
+namespace tarvok::ctl {
+namespace {
+
+std::string FileOf(const std::string& folder, int section) {
+  return InFolder(folder, Padded(section, 2) + ".bin");
+}
+
+std::string AsText(const std::vector<std::uint8_t>& bytes) {
+  return {bytes.begin(), bytes.end()};
+}
+
+/** The layout with a coder for the direction, or why there is none. */
+Result<const Layout*> CodedLayout(int number, int version, Direction direction) {
+  const Section* section = FindSection(number);
+  const Layout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
+  const bool coded = layout != nullptr &&
+                     (direction == Direction::kSend ? layout->encode != nullptr : layout->decode != nullptr);
+  if (coded) return layout;
+  return Status(ErrorKind::kBadData, "section " + std::to_string(number) + " does not travel");
+}
+
+Result<std::string> Encoded(const IniText& project, int section, int version) {
+  const Result<const Layout*> layout = CodedLayout(section, version, Direction::kSend);
+  if (!layout.ok()) return layout.status();
+  ImageWriter image(layout.value()->size);
+  layout.value()->encode(project, image);
+  if (!image.ok()) return Status(ErrorKind::kBadData, image.error());
+  return AsText(image.bytes());
+}
+
+struct DecodeStep {
+  const Layout* layout;
+  std::string bytes;
+};
+
+Result<DecodeStep> ReadStep(FileSystem& files, const std::string& file, int section, int version) {
+  const Result<const Layout*> layout = CodedLayout(section, version, Direction::kLoad);
+  if (!layout.ok()) return layout.status();
+  Result<std::string> bytes = files.Read(file);
+  if (!bytes.ok()) return bytes.status();
+  const auto size = static_cast<std::size_t>(layout.value()->size);
+  if (bytes.value().size() != size) {
+    return Status(ErrorKind::kBadData, file + ": section " + std::to_string(section) + " has " +
+                                           std::to_string(size) + " bytes, the file " +
+                                           std::to_string(bytes.value().size()));
+  }
+  return DecodeStep{layout.value(), std::move(bytes).value()};
+}
+
+/** All steps as one write, so that a project has all of them or none. */
+int Run(ProjectStore& store, const std::vector<DecodeStep>& steps, const std::string& project) {
+  const FileIdentity identity = store.files().Identify(project);
+  const bool is_new = !identity.exists || identity.size == 0;
+  if (!is_new) {
+    const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
+    if (!text.ok()) return Fail(text.status().message());
+  }
+  const Status written = store.Update(project, [&](IniEdit& edit) {
+    if (is_new) edit.Set(kHeaderSection, kHeaderTag, kLoadedTag);
+    for (const DecodeStep& step : steps) {
+      const std::vector<std::uint8_t> bytes(step.bytes.begin(), step.bytes.end());
+      step.layout->decode(ImageReader(bytes), edit);
+    }
+  });
+  return written.ok() ? kDone : Fail(written.message());
+}
+
+}  // namespace
+
+int Encode(ProjectStore& store, const std::string& project, int section, int version,
+           const std::string& file) {
+  const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
+  if (!text.ok()) return Fail(text.status().message());
+  const Result<std::string> image = Encoded(*text.value(), section, version);
+  if (!image.ok()) return Fail(image.status().message());
+  const Status written = WriteWhole(store.files(), file, image.value());
+  return written.ok() ? kDone : Fail(written.message());
+}
+
+int EncodeAll(ProjectStore& store, const std::string& project, int version, const std::string& folder) {
+  const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
+  if (!text.ok()) return Fail(text.status().message());
+
+  std::vector<std::pair<int, std::string>> images;
+  for (const Section* section : SendPlan(version)) {
+    if (!CodedLayout(section->number, version, Direction::kSend).ok()) continue;
+    Result<std::string> image = Encoded(*text.value(), section->number, version);
+    if (!image.ok()) return Fail(image.status().message());
+    images.emplace_back(section->number, std::move(image).value());
+  }
+
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) return Fail(folder + ": " + error.message());
+  for (const auto& [section, image] : images) {
+    const Status written = WriteWhole(store.files(), FileOf(folder, section), image);
+    if (!written.ok()) return Fail(written.message());
+  }
+  return kDone;
+}
+
+int Decode(ProjectStore& store, const std::string& image, int section, int version,
+           const std::string& project) {
+  const Result<DecodeStep> step = ReadStep(store.files(), image, section, version);
+  return step.ok() ? Run(store, {step.value()}, project) : Fail(step.status().message());
+}
+
+int DecodeAll(ProjectStore& store, const std::string& folder, int version, const std::string& project) {
+  std::vector<DecodeStep> steps;
+  for (const Section* section : ReadPlan(version)) {
+    const std::string file = FileOf(folder, section->number);
+    if (!store.files().Identify(file).exists) continue;
+    Result<DecodeStep> step = ReadStep(store.files(), file, section->number, version);
+    if (!step.ok()) return Fail(step.status().message());
+    steps.push_back(std::move(step).value());
+  }
+  if (steps.empty()) return Fail(folder + ": there is no image of this version in the folder");
+  return Run(store, steps, project);
+}
+
+}  // namespace tarvok::ctl

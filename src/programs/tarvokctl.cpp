@@ -1,0 +1,170 @@
+// The command-line companion: scripts, backups and support work over the same code as the desktop program.
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <QCoreApplication>
+
+#include "platform/posix_file_system.h"
+#include "programs/ctl/exit_status.h"
+#include "programs/ctl/image_commands.h"
+#include "programs/ctl/places.h"
+#include "programs/ctl/project_commands.h"
+#include "programs/ctl/session_commands.h"
+#include "sections/registry.h"
+
+namespace tarvok::ctl {
+namespace {
+
+/** What the command line said; each command reads its own. */
+struct Arguments {
+  std::string project;
+  std::string other;  // the second file or folder
+  std::string section_name;
+  std::string key;
+  std::string value;
+  int section = 0;
+  int version = kHighestVersion;
+  bool all = false;
+  bool force = false;
+  SessionOptions session;
+};
+
+class CommandLine {
+ public:
+  CommandLine(int& argc, char** argv) : argc_(argc), argv_(argv), store_(files_) {
+    app_.require_subcommand(1);
+    app_.failure_message(CLI::FailureMessage::simple);
+    app_.footer(
+        "Exit status: 0 done, 1 the operation failed (the reason on standard error), 2 the command line is "
+        "wrong.\n"
+        "The password is read from TARVOK_PASSWORD, from --password-file, or asked for on the terminal.");
+    AddProjectCommands();
+    AddImageCommands();
+    AddSessionCommands();
+  }
+
+  int Run() {
+    try {
+      app_.parse(argc_, argv_);
+    } catch (const CLI::ParseError& error) {
+      return app_.exit(error) == 0 ? kDone : kWrongCommandLine;
+    }
+    return run_();
+  }
+
+ private:
+  CLI::App* Command(const char* name, const char* description, std::function<int()> run) {
+    CLI::App* command = app_.add_subcommand(name, description);
+    command->callback([this, run = std::move(run)] { run_ = run; });
+    return command;
+  }
+
+  void TakeVersion(CLI::App* command) {
+    command->add_option("--version", arguments_.version, "exchange version, 100 to 110")
+        ->required()
+        ->check(CLI::Range(kLowestVersion, kHighestVersion));
+  }
+
+  void TakeSectionOrAll(CLI::App* command) {
+    CLI::Option* section =
+        command->add_option("--section", arguments_.section, "section number")->check(CLI::Range(1, 46));
+    CLI::Option* all = command->add_flag("--all", arguments_.all, "every section of the version");
+    section->excludes(all);
+    TakeVersion(command);
+  }
+
+  void AddProjectCommands() {
+    CLI::App* make = Command("new", "create a project from the system file", [this] {
+      const QCoreApplication application(argc_, argv_);
+      return New(store_, SystemFile(), arguments_.project, arguments_.force);
+    });
+    make->add_option("PROJECT", arguments_.project, "project file to make")->required();
+    make->add_flag("--force", arguments_.force, "replace an existing file");
+
+    CLI::App* get = Command("get", "print a value, or KEY=VALUE lines of a section", [this] {
+      return Get(store_, arguments_.project, arguments_.section_name, arguments_.key);
+    });
+    get->add_option("PROJECT", arguments_.project, "project file")->required();
+    get->add_option("SECTION", arguments_.section_name, "section name")->required();
+    get->add_option("KEY", arguments_.key, "key name; without it the whole section");
+
+    CLI::App* set = Command("set", "write one key", [this] {
+      return Set(store_, arguments_.project, arguments_.section_name, arguments_.key, arguments_.value);
+    });
+    set->add_option("PROJECT", arguments_.project, "project file")->required();
+    set->add_option("SECTION", arguments_.section_name, "section name")->required();
+    set->add_option("KEY", arguments_.key, "key name")->required();
+    set->add_option("VALUE", arguments_.value, "its new value; \"\" writes an empty key")->required();
+
+    TakeVersion(Command("sections", "what a send carries and a load asks for, by exchange version",
+                        [this] { return ListSections(arguments_.version); }));
+  }
+
+  void AddImageCommands() {
+    CLI::App* encode = Command("encode", "write wire images of a project", [this] {
+      if (arguments_.all) return EncodeAll(store_, arguments_.project, arguments_.version, arguments_.other);
+      if (arguments_.section == 0) return Misused("--section or --all is required");
+      return Encode(store_, arguments_.project, arguments_.section, arguments_.version, arguments_.other);
+    });
+    encode->add_option("PROJECT", arguments_.project, "project file")->required();
+    encode->add_option("-o", arguments_.other, "file to write, or with --all the folder for NN.bin")
+        ->required();
+    TakeSectionOrAll(encode);
+
+    CLI::App* decode = Command("decode", "decode wire images into a project as a load does", [this] {
+      if (arguments_.all) return DecodeAll(store_, arguments_.other, arguments_.version, arguments_.project);
+      if (arguments_.section == 0) return Misused("--section or --all is required");
+      return Decode(store_, arguments_.other, arguments_.section, arguments_.version, arguments_.project);
+    });
+    decode->add_option("IMAGE", arguments_.other, "image file, or with --all the folder of NN.bin")
+        ->required();
+    decode->add_option("--into", arguments_.project, "project file; a missing one is made")->required();
+    TakeSectionOrAll(decode);
+  }
+
+  void TakeSessionOptions(CLI::App* command) {
+    SessionOptions& session = arguments_.session;
+    command->add_option("--password-file", session.password_file, "file whose first line is the password");
+    command->add_option("--log", session.log_file, "history of the session (default: send.log)");
+    command->add_option("--device", session.device, "serial device of this run, instead of the settings'");
+    command->add_flag("--trace", session.trace, "write every byte and frame to the history, too");
+  }
+
+  void AddSessionCommands() {
+    CLI::App* send = Command("send", "send the whole configuration to the exchange", [this] {
+      const QCoreApplication application(argc_, argv_);
+      return Send(store_, arguments_.project, arguments_.session);
+    });
+    send->add_option("PROJECT", arguments_.project, "project file; its connection settings are used")
+        ->required();
+    TakeSessionOptions(send);
+
+    CLI::App* load = Command("load", "read the exchange into a project", [this] {
+      const QCoreApplication application(argc_, argv_);
+      return Load(store_, arguments_.other, arguments_.project, arguments_.force, arguments_.session);
+    });
+    load->add_option("OUT", arguments_.other, "project file to make")->required();
+    load->add_option("--using", arguments_.project, "project whose connection settings are used")->required();
+    load->add_flag("--force", arguments_.force, "replace an existing file");
+    TakeSessionOptions(load);
+  }
+
+  int& argc_;
+  char** argv_;
+  CLI::App app_{"Sets up a telephone exchange from the command line.", "tarvokctl"};
+  PosixFileSystem files_;
+  ProjectStore store_;
+  Arguments arguments_;
+  std::function<int()> run_;
+};
+
+}  // namespace
+}  // namespace tarvok::ctl
+
+int main(int argc, char** argv) {
+  tarvok::ctl::CommandLine command_line(argc, argv);
+  return command_line.Run();
+}

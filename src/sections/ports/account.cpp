@@ -1,0 +1,94 @@
+#include "sections/ports/account.h"
+
+#include <string>
+
+#include "sections/ports/row_walk.h"
+#include "sections/rows.h"
+
+namespace tarvok {
+namespace account {
+namespace {
+
+constexpr tarvok::Field kFields[] = {
+    Digits("Account", 6),
+    Digits("Password", 4),
+    RowOf("Number", "Assign", 1, 500, 3),
+    RowOf("Config", "PortConfig", 1, 20, 0),
+    RowOf("Tenan", "Tenan", 1, 32, 0),
+    tarvok::Number("Time (sec)", 0, 9999),
+};
+
+constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F"};
+
+}  // namespace
+
+const Table kTable = {.section = "Account",
+                      .row_name = "Account",
+                      .rows = {1, kAccountRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace account
+
+namespace {
+
+using namespace account;
+
+constexpr int kRecord = 11;
+constexpr int kAccountBytes = 3;
+constexpr int kPasswordBytes = 2;
+constexpr int kUnsetTime = 65535;
+
+void EncodeNumberOf(RecordWriter& row) {
+  const bool has_account = row.IsSet(kAccount);
+  const bool has_password = row.IsSet(kPassword);
+  if (has_account && has_password && row.Value(kNumber) > 0) {
+    row.MinusOneWord(5, kNumber);
+  } else if (has_account || has_password || row.IsSet(kNumber)) {
+    row.Byte(5, 254);
+    row.Byte(6, 255);
+  } else {
+    row.Fill(5, 2, 255);
+  }
+}
+
+void EncodeRow(RecordWriter& row) {
+  row.Digits(0, kAccountBytes, kAccount);
+  row.Digits(3, kPasswordBytes, kPassword);
+  EncodeNumberOf(row);
+  row.MinusOne(7, kConfig);
+  row.MinusOne(8, kTenan);
+  row.PlainWord(9, kTime, kUnsetTime);
+}
+
+std::string DecodeRow(const ImageReader& record) {
+  const int seconds = record.Word(9);
+  RowText row;
+  row.Add(record.Digits(0, kAccountBytes));
+  row.Add(record.Digits(3, kPasswordBytes));
+  row.Add(record.PlusOneWord(5));  // 254, 255 is not set, too: its high byte says so
+  row.Add(record.PlusOne(7));
+  row.Add(record.PlusOne(8));
+  row.Add(seconds == kUnsetTime ? std::string(kUnset) : std::to_string(seconds));
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeAccount(const IniText& project, ImageWriter& image) {
+  EncodeRows(project, image, kTable, kRecord, [](RecordWriter& row, bool used) {
+    if (used) {
+      EncodeRow(row);
+    } else {
+      row.Fill(0, kRecord, 255);
+    }
+  });
+}
+
+void DecodeAccount(const ImageReader& image, IniEdit& project) {
+  for (int number = 1; number <= kAccountRows; ++number) {
+    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord)));
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** The numbering plan: directory numbers and what each stands for. */
+inline constexpr int kAssignRows = 500;
+
+namespace assign {
+
+/** Fields of a number row, from 1. What `Value` counts depends on `Type`. */
+enum Field : int { kNumber = 1, kType, kValue, kCompany, kName };
+
+extern const Table kTable;
+
+}  // namespace assign
+
+/**
+ * Section 13, every version: 500 records of 9 bytes, 4,500 bytes. Rows above "Now" and unused rows are 9
+ * bytes of 255.
+ *
+ *  0 Number, 3 bytes of packed digits    3 Type    4 Value -1, 16 bits    6 Company    7 Name -1, 16 bits
+ */
+void EncodeAssign(const IniText& project, ImageWriter& image);
+/** A number byte 0 reads "0" here and ends the number; `Value` is padded by the row's type. */
+void DecodeAssign(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

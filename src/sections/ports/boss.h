@@ -1,0 +1,31 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Pairs of a boss's port and a secretary's port. */
+inline constexpr int kBossRows = 20;
+
+namespace boss {
+
+enum Field : int { kBoss = 1, kSecretary };
+
+extern const Table kTable;
+
+}  // namespace boss
+
+/**
+ * Section 45, from version 108: 20 records of 4 bytes, 80 bytes. What is not set is 255, 255.
+ *
+ *  0 Boss, port -1, 16 bits     2 Secretary, port -1, 16 bits
+ */
+void EncodeBoss(const IniText& project, ImageWriter& image);
+/** Every row is written, an empty one as "F|F". The mark in the port's own record is not touched. */
+void DecodeBoss(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

@@ -1,0 +1,226 @@
+#include "sections/ports/key_dss.h"
+
+#include <array>
+#include <string>
+
+#include "sections/ports/value_writer.h"
+#include "sections/rows.h"
+#include "store/value_code.h"
+
+namespace tarvok {
+namespace key_dss {
+namespace {
+
+// What an argument means, and so its length and what it points at, is said by the button's code.
+constexpr Field kKeyFields[] = {Text("Key", 24)};
+constexpr Field kDssFields[] = {Text("DSS", 8)};
+
+}  // namespace
+
+const Table kKeys = {.section = "Key",
+                     .row_name = "Layout",
+                     .rows = {1, kKeyLayouts, 2},
+                     .fields = kKeyFields,
+                     .repeats = true};
+const Table kDss = {.section = "DSS",
+                    .row_name = "Layout",
+                    .rows = {1, kKeyLayouts, 2},
+                    .fields = kDssFields,
+                    .repeats = true};
+
+}  // namespace key_dss
+
+namespace {
+
+using namespace key_dss;
+
+constexpr int kKeyEntry = 11;
+constexpr int kDssEntry = 4;
+constexpr int kKeyBytes = kKeyEntry - 1;
+constexpr int kDssBytes = kDssEntry - 1;
+constexpr int kDssStart = kKeysOfLayout * kKeyEntry;
+constexpr int kLayout = kDssStart + kDssOfLayout * kDssEntry;
+constexpr int kTrunkBytes = 3;
+constexpr std::string_view kLines = "12345";
+
+constexpr std::string_view kTelephone = "TE";
+constexpr std::string_view kTrunk = "TR";
+constexpr std::string_view kExtension = "EX";
+constexpr std::string_view kGroupOut = "GO";
+constexpr std::string_view kMultiline = "ML";
+
+/** A button's text taken apart. */
+struct Button {
+  std::string_view code;      // the first two characters
+  std::string_view argument;  // the rest
+  std::string_view number;    // the argument up to its first comma
+  std::string_view map;       // what follows that comma
+  bool has_map = false;
+};
+
+Button TakeApart(std::string_view text) {
+  Button button;
+  button.code = text.substr(0, 2);
+  button.argument = text.substr(button.code.size());
+  const std::size_t comma = button.argument.find(',');
+  button.number = button.argument.substr(0, comma);
+  button.has_map = comma != std::string_view::npos;
+  if (button.has_map) button.map = button.argument.substr(comma + 1);
+  return button;
+}
+
+bool IsUnset(std::string_view text) {
+  return text.empty() || text == kUnset;
+}
+
+void EncodeKey(ImageWriter& image, int at, std::string_view text, ValueWriter value) {
+  if (IsUnset(text)) {
+    image.Fill(at + 1, kKeyBytes, 255);
+    return;
+  }
+  const Button key = TakeApart(text);
+  if (key.code == kTelephone) {
+    image.Byte(at, 1);
+    value.Digits(at + 1, kKeyBytes, key.argument, DialSymbols::kDigitsStarHash);
+  } else if (key.code == kTrunk) {
+    image.Byte(at, 2);
+    if (key.has_map) {
+      value.Digits(at + 1, kTrunkBytes, key.number);
+      value.Digits(at + 1 + kTrunkBytes, kKeyBytes - kTrunkBytes, key.map);
+    } else {
+      value.Digits(at + 1, kKeyBytes, key.argument);
+    }
+  } else if (key.code == kExtension) {
+    image.Byte(at, 3);
+    value.Digits(at + 1, kKeyBytes, key.argument);
+  } else if (key.code == kGroupOut) {
+    image.Byte(at, 4);
+    value.Byte(at + 1, Val(key.number));
+    value.Digits(at + 2, kKeyBytes - 1, key.map);
+  } else if (key.code == kMultiline) {
+    image.Byte(at, 5);
+    value.Byte(at + 1, Val(key.argument));
+  }  // any other code is an entry of zeros
+}
+
+void EncodeDss(ImageWriter& image, int at, std::string_view text, ValueWriter value) {
+  if (IsUnset(text)) return;
+  const Button button = TakeApart(text);
+  // A trunk is no type of its own on the console, and any code that is not known goes out as a number.
+  image.Byte(at, button.code == kTrunk || button.code == kExtension ? 3 : 1);
+  value.Digits(at + 1, kDssBytes, button.argument,
+               button.code == kTelephone ? DialSymbols::kDigitsStarHash : DialSymbols::kDigits);
+}
+
+/** Walks the buttons of a layout, those behind the end of its row included. A missing row stays 0. */
+void EncodeButtons(const IniText& project, ImageWriter& image, const Table& table, int layout, int start,
+                   int count, int entry, void (*encode)(ImageWriter&, int, std::string_view, ValueWriter)) {
+  const std::string key = KeyOf(table, layout);
+  const std::string_view row = Trim(project.Get(table.section, key));
+  if (row.empty()) return;
+  const FieldList buttons(row);
+  for (int i = 1; i <= count; ++i) {
+    const std::string_view text = buttons[i];
+    encode(image, start + (i - 1) * entry, text, ValueWriter(image, table, key, text, 1, i));
+  }
+}
+
+/** The digits of the bytes; bytes 0 are skipped. 255 is nothing special here: a button that is not set has
+ * its own type. */
+std::string DigitsOf(const ImageReader& entry, int at, int count,
+                     DialSymbols symbols = DialSymbols::kDigits) {
+  std::string hex;
+  for (const std::uint8_t byte : entry.Bytes(at, count)) {
+    if (byte != 0) hex += DecToHex(byte);
+  }
+  return DigitsOfHex(hex, symbols);
+}
+
+std::string WithMap(const std::string& text, const std::string& map) {
+  return map.empty() ? text : text + "," + map;
+}
+
+/** "ML" and the line that the entry's first digit names, or "ML" alone. */
+std::string DecodeMultiline(const ImageReader& entry) {
+  std::string key(kMultiline);
+  for (const std::uint8_t byte : entry.Bytes(1, kKeyBytes)) {
+    if (byte == 0) continue;
+    const char line = DecToHex(byte).front();
+    if (kLines.find(line) != std::string_view::npos) key += line;
+    break;
+  }
+  return key;
+}
+
+std::string DecodeKey(const ImageReader& entry) {
+  switch (entry.Byte(0)) {
+    case 1:
+      return std::string(kTelephone) + DigitsOf(entry, 1, kKeyBytes, DialSymbols::kDigitsStarHash);
+    case 2:
+      return WithMap(std::string(kTrunk) + DigitsOf(entry, 1, kTrunkBytes),
+                     DigitsOf(entry, 1 + kTrunkBytes, kKeyBytes - kTrunkBytes));
+    case 3:
+      return std::string(kExtension) + DigitsOf(entry, 1, kKeyBytes);
+    case 4:
+      return WithMap(std::string(kGroupOut) + std::to_string(entry.Byte(1)),
+                     DigitsOf(entry, 2, kKeyBytes - 1));
+    case 5:
+      return DecodeMultiline(entry);
+    default:
+      return std::string(kUnset);
+  }
+}
+
+std::string DecodeDss(const ImageReader& entry) {
+  const int type = entry.Byte(0);
+  const std::string number =
+      DigitsOf(entry, 1, kDssBytes, type == 1 ? DialSymbols::kDigitsStarHash : DialSymbols::kDigits);
+  if (type < 1 || type > 3 || number.empty()) return std::string(kUnset);
+  return std::string(type == 1 ? kTelephone : type == 2 ? kTrunk : kExtension) + number;
+}
+
+/** Gives each "ML" without a line the lowest free one. The list of lines in use ends the search at five
+ * entries, also where a line stands in it twice. */
+void NumberMultilines(std::array<std::string, kKeysOfLayout>& keys) {
+  std::string lines;
+  for (const std::string& key : keys) {
+    if (key.starts_with(kMultiline)) lines += key.substr(kMultiline.size());
+  }
+  for (std::string& key : keys) {
+    if (lines.size() >= kLines.size()) return;
+    if (key != kMultiline) continue;
+    const char line = kLines[kLines.find_first_not_of(lines)];
+    key += line;
+    lines += line;
+  }
+}
+
+}  // namespace
+
+void EncodeKeyDss(const IniText& project, ImageWriter& image) {
+  for (int layout = 1; layout <= kKeyLayouts; ++layout) {
+    const int start = (layout - 1) * kLayout;
+    EncodeButtons(project, image, kKeys, layout, start, kKeysOfLayout, kKeyEntry, EncodeKey);
+    EncodeButtons(project, image, kDss, layout, start + kDssStart, kDssOfLayout, kDssEntry, EncodeDss);
+  }
+}
+
+void DecodeKeyDss(const ImageReader& image, IniEdit& project) {
+  for (int layout = 1; layout <= kKeyLayouts; ++layout) {
+    const ImageReader entries = image.Record(layout - 1, kLayout);
+    std::array<std::string, kKeysOfLayout> keys;
+    for (int i = 0; i < kKeysOfLayout; ++i)
+      keys[static_cast<std::size_t>(i)] = DecodeKey(entries.Record(i, kKeyEntry));
+    NumberMultilines(keys);
+    RowText key_row;
+    for (const std::string& key : keys) key_row.Add(key);
+    project.Set(kKeys.section, KeyOf(kKeys, layout), key_row.str());
+
+    RowText dss_row;
+    for (int i = 0; i < kDssOfLayout; ++i)
+      dss_row.Add(DecodeDss(entries.Part(kDssStart + i * kDssEntry, kDssEntry)));
+    project.Set(kDss.section, KeyOf(kDss, layout), dss_row.str());
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Button layouts of key telephones: the keys of the telephone itself and the buttons of its console. */
+inline constexpr int kKeyLayouts = 24;
+inline constexpr int kKeysOfLayout = 20;
+inline constexpr int kDssOfLayout = 64;
+
+namespace key_dss {
+
+/** Both tables' rows are lists of buttons. A button is "F" or a code of two letters with its argument: TE
+ * number, TR number[,map digits], EX number, GO group out[,map digits], ML line. */
+extern const Table kKeys;
+extern const Table kDss;
+
+}  // namespace key_dss
+
+/**
+ * Section 27, from version 107: 24 layouts of 476 bytes, 11,424 bytes. A layout is 20 key entries of 11
+ * bytes, then 64 console entries of 4 bytes; each entry is a type byte and packed digits.
+ *
+ *  key  1 TE       digits, * and #, 10 bytes        console  1 TE       digits, * and #, 3 bytes
+ *       2 TR       digits, 10 bytes                          3 TR, EX   digits, 3 bytes
+ *       2 TR a,b   a in 3 bytes, b in 7                      1 others   digits, 3 bytes
+ *       3 EX       digits, 10 bytes                          0 "F"      3 bytes of 0
+ *       4 GO a,b   a as a number in 1 byte, b in 9
+ *       5 ML       the line in 1 byte, 9 of 0
+ *       0 others   10 bytes of 0
+ *       0 "F"      10 bytes of 255
+ *
+ * A missing `Key` row is 220 bytes of 0, not of entries "F"; a missing `DSS` row is 0 as well. A console TR
+ * goes out as type 3 and so comes back as EX.
+ */
+void EncodeKeyDss(const IniText& project, ImageWriter& image);
+/** All rows are written. An ML without a line of its own takes the lowest line that is free in its layout; a
+ * sixth one stays without. A TR of more than six digits gets a comma behind the sixth. */
+void DecodeKeyDss(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

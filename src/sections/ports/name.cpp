@@ -1,0 +1,54 @@
+#include "sections/ports/name.h"
+
+#include <array>
+#include <string>
+
+#include "sections/rows.h"
+
+namespace tarvok {
+namespace name {
+namespace {
+
+constexpr int kMostBytes = 15;
+constexpr Field kFields[] = {tarvok::Text("Name", kMostBytes)};
+
+}  // namespace
+
+const Table kTable = {.section = "Name", .row_name = "Name", .rows = {1, kNameRows, 3}, .fields = kFields};
+
+}  // namespace name
+
+namespace {
+
+using name::kMostBytes;
+using name::kTable;
+
+}  // namespace
+
+void EncodeName(const IniText& project, ImageWriter& image) {
+  const std::int64_t now = Val(project.Get(kTable.section, kNowKey));
+  for (int number = 1; number <= kNameRows && number <= now; ++number) {
+    image.Text((number - 1) * kMostBytes, kMostBytes, RowValue(project, kTable, number));
+  }
+}
+
+void DecodeName(const ImageReader& image, IniEdit& project) {
+  std::array<std::string, kNameRows> names;
+  int count = 0;
+  for (int i = 0; i < kNameRows; ++i) {
+    std::string& text = names[static_cast<std::size_t>(i)];
+    text = Trim(image.Text(i * kMostBytes, kMostBytes));
+    count += text.empty() ? 0 : 1;
+  }
+  StoreRowCounts(project, kTable, kNameRows, count);
+  for (int number = 1; number <= kNameRows; ++number) {
+    const std::string& text = names[static_cast<std::size_t>(number) - 1];
+    if (text.empty()) {
+      project.DeleteKey(kTable.section, KeyOf(kTable, number));
+    } else {
+      project.Set(kTable.section, KeyOf(kTable, number), text);
+    }
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** The display names that number rows refer to, without gaps. */
+inline constexpr int kNameRows = 500;
+
+namespace name {
+
+extern const Table kTable;
+
+}  // namespace name
+
+/** Section 14, every version: 500 records of 15 bytes, 7,500 bytes: the name's bytes, 0 behind its end, cut
+ * at 15 without a terminator. Rows above "Now" are 0. */
+void EncodeName(const IniText& project, ImageWriter& image);
+/** "Now" counts the records that hold anything but blanks, so records of 0 count too and leave an empty key.
+ */
+void DecodeName(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

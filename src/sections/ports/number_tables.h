@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Two tables whose rows are one telephone number each: link trunks, to which port profiles refer, and the
+ * numbers that a key telephone dials. A row's value is the number alone. */
+inline constexpr int kLinkTrunks = 30;
+inline constexpr int kDialPhones = 24;
+
+namespace link_trunk {
+extern const Table kTable;
+}
+namespace dial_phone {
+extern const Table kTable;
+}
+
+/**
+ * Section 39 and section 38, both from version 102. A record is packed digits; an unused row is 0.
+ *
+ *  39  30 records of 8 bytes, 240 bytes: a link trunk's number
+ *  38  24 records of 4 bytes, 96 bytes: a key dial phone's number
+ */
+void EncodeLinkTrunk(const IniText& project, ImageWriter& image);
+void EncodeDialPhone(const IniText& project, ImageWriter& image);
+/** Every row is written, without a number as an empty key. Bytes of 0 and 255 are skipped. */
+void DecodeLinkTrunk(const ImageReader& image, IniEdit& project);
+void DecodeDialPhone(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

@@ -1,0 +1,185 @@
+#include "sections/ports/port_config.h"
+
+#include <string>
+
+#include "sections/rows.h"
+
+namespace tarvok {
+namespace port_config {
+namespace {
+
+constexpr Choice kOffOn[] = {{"0", "OFF"}, {"1", "ON"}};
+constexpr Choice kCidChoices[] = {{"0", "OFF"}, {"1", "SDMF"}, {"2", "MDMF"}};
+constexpr Choice kConnectChoices[] = {{"0", "No"}, {"1", "Yes"}, {"2", "10 PPS"}, {"3", "20 PPS"}};
+constexpr Choice kMusicChoices[] = {
+    {"0", "Internal"}, {"1", "External 1"}, {"2", "External 2"}, {"3", "VM only"}, {"4", "VM on CO"}};
+constexpr Choice kReverseChoices[] = {{"0", "No"}, {"1", "Use"}, {"2", "Destination"}, {"3", "Incoming"}};
+
+constexpr tarvok::Field kFields[] = {
+    RowOf("Class of Servrice Day", "COR_Group", 1, 15, 2),
+    RowOf("Class of Servrice Night", "COR_Group", 1, 15, 2),
+    OneOf("Transfer Line", kOffOn),
+    OneOf("CID", kCidChoices),
+    OneOf("Connect", kConnectChoices),
+    OneOf("Music", kMusicChoices),
+    Number("CO Timeout", 0, 255),
+    Number("CO Timeout Incoming", 0, 255),
+    Number("Override Executive", 0, 9),
+    Digits("Hotline Oper", 12),
+    Flag("Hook"),
+    OneOf("Line Reverse", kReverseChoices),
+    Flag("FAX"),
+    Flag("Do Not Print Extension"),
+    RowOf("Link Trunk Number", "LinkTrunk", 0, 30, 0),
+    Flag("Warning when call waiting"),
+    Number("Hang On Timeout", 0, 255),
+    RowOf("Hold Cut COR", "COR_Group", 1, 15, 2),
+    Number("Ring Transfer Timeout", 0, 256),
+};
+
+/** Profiles of nothing but defaults, as the two loads and the editor spell them. */
+constexpr std::string_view kDefaultA = "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0";
+constexpr std::string_view kDefaultB = "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0";
+constexpr std::string_view kEmptyRows[] = {
+    kDefaultA,
+    kDefaultB,
+    "F|F|F|F|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F",
+    "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|0",
+    "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F",
+};
+
+}  // namespace
+
+const Table kTable = {.section = "PortConfig",
+                      .row_name = "Profile",
+                      .rows = {1, kPortConfigRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace port_config
+
+namespace {
+
+using namespace port_config;
+
+constexpr int kRecord = 20;
+constexpr int kHotlineBytesA = 3;
+constexpr int kHotlineBytes2 = 6;
+
+/** What both layouts of section 1 share. */
+void EncodeCommon(RecordWriter& profile) {
+  profile.Plain(0, kConnect, 0);
+  profile.MinusOne(1, kServiceDay);
+  profile.MinusOne(2, kServiceNight);
+  profile.Plain(3, kTransferLine, 0);
+  profile.Plain(4, kCid, 0);
+  profile.Plain(5, kMusic, 0);
+  profile.Plain(6, kCoTimeout, 0);
+  profile.Plain(7, kCoTimeoutIncoming, 0);
+  profile.Plain(8, kOverride, 0);
+  for (int i = 0; i < 6; ++i) profile.Plain(12 + i, kHook + i, 0);  // Hook to Warning stand in field order
+}
+
+void EncodeA(RecordWriter& profile) {
+  EncodeCommon(profile);
+  profile.Digits(9, kHotlineBytesA, kHotline);
+}
+
+void EncodeB(RecordWriter& profile) {
+  EncodeCommon(profile);
+  profile.Fill(9, kHotlineBytesA, 255);
+  profile.Plain(18, kHangOnTimeout, 0);
+}
+
+void Encode2(RecordWriter& profile) {
+  constexpr int kDefaultRings = 8;
+  profile.Digits(0, kHotlineBytes2, kHotline);
+  profile.MinusOne(6, kHoldCut);
+  // "16 Rings Disc" is stored as 255; an older spelling of it was 256.
+  if (profile.Get(kRingTransfer) == "256") {
+    profile.Byte(7, 255);
+  } else {
+    profile.Plain(7, kRingTransfer, kDefaultRings);
+  }
+}
+
+/** Walks the profiles; an unused one is all 0 with 255 at the given offsets. */
+void EncodeProfiles(const IniText& project, ImageWriter& image, void (*encode)(RecordWriter&), int unset_at,
+                    int unset_count) {
+  for (int number = 1; number <= kPortConfigRows; ++number) {
+    const int start = (number - 1) * kRecord;
+    const std::string key = KeyOf(kTable, number);
+    const std::string_view value = Trim(project.Get(kTable.section, key));
+    if (value.empty()) {
+      image.Fill(start + unset_at, unset_count, 255);
+      continue;
+    }
+    RecordWriter profile(image, start, kTable, key, value);
+    encode(profile);
+  }
+}
+
+std::string ZeroForUnset(const ImageReader& profile, int at) {
+  return std::to_string(profile.Byte(at) == 255 ? 0 : profile.Byte(at));
+}
+
+std::string DecodeProfile(const ImageReader& profile, bool layout_a) {
+  RowText row;
+  row.Add(profile.PlusOne(1, 2)).Add(profile.PlusOne(2, 2));
+  row.Add(ZeroForUnset(profile, 3)).Add(ZeroForUnset(profile, 4)).Add(ZeroForUnset(profile, 0));
+  row.Add(ZeroForUnset(profile, 5));
+  for (int at = 6; at <= 8; ++at) row.Add(std::to_string(profile.Byte(at)));  // 255 is a time like any other
+  row.Add(layout_a ? profile.Digits(9, kHotlineBytesA) : std::string(kUnset));
+  for (int at = 12; at <= 17; ++at) row.Add(ZeroForUnset(profile, at));
+  if (!layout_a) row.Add(std::to_string(profile.Byte(18)));
+  return row.str();
+}
+
+void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
+  StoreRowCounts(project, kTable, kPortConfigRows, kPortConfigRows);
+  for (int number = 1; number <= kPortConfigRows; ++number) {
+    const std::string row = DecodeProfile(image.Record(number - 1, kRecord), layout_a);
+    if (row == (layout_a ? kDefaultA : kDefaultB)) {
+      project.DeleteKey(kTable.section, KeyOf(kTable, number));
+    } else {
+      project.Set(kTable.section, KeyOf(kTable, number), row);
+    }
+  }
+}
+
+}  // namespace
+
+void EncodePortConfigA(const IniText& project, ImageWriter& image) {
+  EncodeProfiles(project, image, EncodeA, 1, 2);
+}
+
+void EncodePortConfigB(const IniText& project, ImageWriter& image) {
+  EncodeProfiles(project, image, EncodeB, 1, 2);
+}
+
+void EncodePortConfig2(const IniText& project, ImageWriter& image) {
+  EncodeProfiles(project, image, Encode2, 6, 1);
+}
+
+void DecodePortConfigA(const ImageReader& image, IniEdit& project) {
+  DecodeProfiles(image, project, true);
+}
+
+void DecodePortConfigB(const ImageReader& image, IniEdit& project) {
+  DecodeProfiles(image, project, false);
+}
+
+void DecodePortConfig2(const ImageReader& image, IniEdit& project) {
+  for (int number = 1; number <= kPortConfigRows; ++number) {
+    const ImageReader profile = image.Record(number - 1, kRecord);
+    const std::string key = KeyOf(kTable, number);
+    std::string row = project.Get(kTable.section, key);
+    if (row.empty()) continue;
+    const std::string hotline = profile.Digits(0, kHotlineBytes2);
+    if (hotline != kUnset) row = SetField(row, kHotline, hotline);
+    row += "|" + profile.PlusOne(6) + "|" + std::to_string(profile.Byte(7));
+    project.Set(kTable.section, key, row);
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,201 @@
+#include "sections/ports/port_def.h"
+
+#include <string>
+
+#include "sections/rows.h"
+
+namespace tarvok {
+namespace port_def {
+namespace {
+
+constexpr Choice kPersonalMsgChoices[] = {{"0", "No"}, {"1", "Immediately"}, {"2", "4 Rings"}};
+constexpr Choice kVmUseChoices[] = {{"1", "Use"}, {"2", "Auto Record"}, {"3", "Use & Auto Record"}};
+constexpr Choice kUseChoices[] = {{"1", "USE"}};
+constexpr Choice kTypeChoices[] = {
+    {"1", "SLIC 16"},      {"2", "TRUNK 16"}, {"3", "8 DIGITAL"},   {"4", "4 DIGITAL"},   {"5", "E & M"},
+    {"6", "E1"},           {"7", "SLIC 24"},  {"8", "DISA / VM"},   {"9", "TRUNK 08"},    {"10", "TRUNK 12"},
+    {"11", "TRUNK 16(L)"}, {"12", "SLIC 08"}, {"13", "SLIC 16(L)"}, {"14", "12 DIGITAL"},
+};
+
+constexpr tarvok::Field kFields[] = {
+    tarvok::Number("Card", 1, 16),
+    tarvok::Number("Channel", 1, 60),
+    OneOf("Type", kTypeChoices),
+    RowOf("Config", "PortConfig", 1, 20, 0),
+    RowOf("Tenan", "Tenan", 1, 32, 0),
+    tarvok::Number("Pickup Group", 1, 99),
+    RowOf("Incoming D", "Incoming_List", 1, 50, 3),
+    RowOf("Incoming N", "Incoming_List", 1, 50, 3),
+    Flag("DND"),
+    Digits("Disa", 12),
+    Digits("Co", 12),
+    Digits("Ext", 12),
+    Digits("Busy", 12),
+    Digits("NoAns", 12),
+    tarvok::Number("Ring T.", 0, 254),
+    RowOf("Number", "Assign", 1, 500, 3),
+    Digits("PSW", 4),
+    tarvok::Number("Group", 0, 255),
+    tarvok::Number("Language", 1, 255),
+    OneOf("Personal Msg", kPersonalMsgChoices),
+    OneOf("Call Screen", kUseChoices),
+    OneOf("VM Use", kVmUseChoices),
+    OneOf("Expand T", kUseChoices),
+};
+
+/** An unused row as the editor and as a load leaves it. */
+constexpr std::string_view kEmptyRows[] = {
+    "F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
+    "F|F|F|F|F|F|F|F|0|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
+};
+
+}  // namespace
+
+const Table kTable = {.section = "Port_Def",
+                      .row_name = "Port",
+                      .rows = {1, kPortRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace port_def
+
+namespace {
+
+using namespace port_def;
+
+constexpr int kRecord = 55;
+constexpr int kDigitBytes = 6;
+constexpr int kPasswordBytes = 2;
+constexpr int kForwards = 5;  // Disa to NoAns
+constexpr int kBossRows = 20;
+constexpr int kNoBoss = 255;
+
+/** The bosses by `BOSS` row: the port index as written there, "" for none. */
+std::array<std::string, kBossRows> ReadBosses(const IniText& project) {
+  std::array<std::string, kBossRows> bosses;
+  for (int row = 1; row <= kBossRows; ++row) {
+    const std::string_view boss = GetField(project.Get("BOSS", Padded(row, 2)), 1);
+    if (boss != kUnset) bosses[static_cast<std::size_t>(row) - 1] = boss;
+  }
+  return bosses;
+}
+
+int BossRowOf(const std::string& port, const std::array<std::string, kBossRows>& bosses) {
+  for (int row = 1; row <= kBossRows; ++row) {
+    if (bosses[static_cast<std::size_t>(row) - 1] == port) return row;
+  }
+  return kNoBoss;
+}
+
+int VmUseByte(std::string_view use) {
+  if (use == "1") return 1;
+  if (use == "2") return 16;
+  if (use == "3") return 17;
+  return 0;
+}
+
+void EncodePort(RecordWriter& port, int boss_row) {
+  std::int64_t flags = port.Value(kDnd);
+  for (int i = 0; i < kForwards; ++i) flags += port.IsSet(kDisa + i) ? 2 << i : 0;
+  // Of a port that uses voice mail the fields left open are 0, of any other they are not there at all.
+  const int vm_default = port.Value(kVmUse) > 0 ? 0 : 255;
+
+  port.MinusOne(0, kCard);
+  port.MinusOne(1, kChannel);
+  port.Plain(2, kType, 0);
+  port.Fill(3, 2, 255);
+  port.MinusOne(5, kConfig);
+  port.MinusOne(6, kTenan);
+  port.MinusOne(7, kPickupGroup);
+  port.MinusOne(8, kIncomingDay);
+  port.MinusOne(9, kIncomingNight);
+  port.MinusOneWord(10, kNumber);
+  port.Checked(12, kDnd, flags);
+  port.Byte(13, 0);
+  port.Plain(14, kRingTime, 255);
+  for (int i = 0; i < kForwards; ++i) port.Digits(15 + i * kDigitBytes, kDigitBytes, kDisa + i);
+  port.Byte(45, 0);
+  port.Digits(46, kPasswordBytes, kPassword);
+  port.Plain(48, kGroup, vm_default);
+  if (port.Value(kGroup) == 0) port.Byte(48, vm_default);
+  port.MinusOne(49, kLanguage, vm_default);
+  port.Plain(50, kPersonalMsg, vm_default);
+  port.Plain(51, kCallScreen, vm_default);
+  port.Byte(52, VmUseByte(port.Get(kVmUse)));
+  port.Byte(53, port.Get(kExpand) == "1" ? 1 : 0);
+  port.Byte(54, boss_row);
+}
+
+std::string VmUseText(int byte) {
+  switch (byte) {
+    case 255:
+      return std::string(kUnset);
+    case 17:
+      return "3";
+    case 16:
+      return "2";
+    default:
+      return std::to_string(byte);
+  }
+}
+
+std::string DecodePort(const ImageReader& port) {
+  // A high byte of 255 makes the whole word 65,535, so all flags are on then.
+  const int flags = port.Word(12);
+  RowText row;
+  row.Add(port.PlusOne(0));
+  row.Add(port.PlusOne(1));
+  row.Add(port.Byte(2) == 0 ? std::string(kUnset) : port.Plain(2));
+  row.Add(port.PlusOne(5));
+  row.Add(port.PlusOne(6));
+  row.Add(port.PlusOne(7));
+  row.Add(port.PlusOne(8, 3));
+  row.Add(port.PlusOne(9, 3));
+  row.Add((flags & 1) != 0 ? "1" : "0");
+  for (int i = 0; i < kForwards; ++i) {
+    const bool present = (flags & (2 << i)) != 0;
+    row.Add(present ? port.Digits(15 + i * kDigitBytes, kDigitBytes) : std::string(kUnset));
+  }
+  row.Add(port.Plain(14));
+  row.Add(port.PlusOneWord(10, 3));
+  row.Add(port.Digits(46, kPasswordBytes));
+  row.Add(port.Plain(48));
+  row.Add(port.PlusOne(49));
+  row.Add(port.Plain(50));
+  row.Add(port.Plain(51));
+  row.Add(VmUseText(port.Byte(52)));
+  row.Add(port.Byte(53) == 1 ? "1" : kUnset);
+  return row.str();
+}
+
+}  // namespace
+
+void EncodePortDef(const IniText& project, ImageWriter& image) {
+  const auto bosses = ReadBosses(project);
+  for (int number = 1; number <= kPortRows; ++number) {
+    const int start = (number - 1) * kRecord;
+    const std::string key = KeyOf(kTable, number);
+    const std::string_view value = Trim(project.Get(kTable.section, key));
+    if (value.empty()) {
+      image.Fill(start, kRecord, 255);
+      continue;
+    }
+    RecordWriter port(image, start, kTable, key, value);
+    EncodePort(port, BossRowOf(key, bosses));
+  }
+}
+
+void DecodePortDef(const ImageReader& image, IniEdit& project) {
+  constexpr std::string_view kNothingThere = "F|F|F";
+  StoreRowCounts(project, kTable, kPortRows, kPortRows);
+  for (int number = 1; number <= kPortRows; ++number) {
+    const std::string row = DecodePort(image.Record(number - 1, kRecord));
+    if (row.starts_with(kNothingThere)) {
+      project.DeleteKey(kTable.section, KeyOf(kTable, number));
+    } else {
+      project.Set(kTable.section, KeyOf(kTable, number), row);
+    }
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <array>
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** The ports of the exchange. A row's number is the port index by which all other sections refer to it. */
+inline constexpr int kPortRows = 500;
+
+/** A card type: the code of field `Type`, as the grid shows it, as it is inserted, and the ports that one
+ * brings. */
+struct CardType {
+  int code;
+  std::string_view label;
+  std::string_view insert_entry;
+  int ports;
+};
+
+/** All card types, code 14 the last. Code 4 is the mixed card: its channels up to 4 are digital, the others
+ * (9 to 16) are SLIC ports; the gap of four channels is the card's own. */
+inline constexpr std::array<CardType, 15> kCardTypes = {{
+    {1, "SLIC 16", "SLIC 16", 16},
+    {2, "TRUNK 16", "TRUNK 16", 16},
+    {3, "8 DIGITAL", "8 DIGITAL", 8},
+    {4, "4 DIGITAL", "4 DIGITAL 8 Ext", 12},
+    {5, "E & M", "E & M", 4},
+    {6, "E1", "E1 (1) 30", 30},
+    {6, "E1", "E1 (2) 60", 60},
+    {7, "SLIC 24", "SLIC 24", 24},
+    {8, "DISA / VM", "DISA / VM", 8},
+    {9, "TRUNK 08", "TRUNK 08", 8},
+    {10, "TRUNK 12", "TRUNK 12", 12},
+    {11, "TRUNK 16(L)", "TRUNK 16 Long Loop", 16},
+    {12, "SLIC 08", "SLIC 08", 8},
+    {13, "SLIC 16(L)", "SLIC 16 Long Loop", 16},
+    {14, "12 DIGITAL", "12 DIGITAL", 12},
+}};
+
+namespace port_def {
+
+/** Fields of a port row, from 1. */
+enum Field : int {
+  kCard = 1,
+  kChannel,
+  kType,
+  kConfig,
+  kTenan,
+  kPickupGroup,
+  kIncomingDay,
+  kIncomingNight,
+  kDnd,
+  kDisa,
+  kCo,
+  kExt,
+  kBusy,
+  kNoAns,
+  kRingTime,
+  kNumber,
+  kPassword,
+  kGroup,
+  kLanguage,
+  kPersonalMsg,
+  kCallScreen,
+  kVmUse,
+  kExpand,
+};
+
+extern const Table kTable;
+
+}  // namespace port_def
+
+/**
+ * Section 4, every version: 500 records of 55 bytes in row order, 27,500 bytes. An unused row is 55 bytes of
+ * 255.
+ *
+ *  0 Card -1        3 255, 255          10 Number -1, 16 bits   21 Co, 6      46 PSW, 2          51 Call
+ * Screen 1 Channel -1     5 Config -1         12 flags                27 Ext, 6     48 Group           52 VM
+ * Use, bits 0, 4 2 Type           6 Tenan -1          13 0                    33 Busy, 6    49 Language -1 53
+ * Expand T 7 Pickup Group -1   14 Ring T.              39 NoAns, 6   50 Personal Msg    54 boss row, 1 to 20
+ *                   8, 9 Incoming -1    15 Disa, 6 bytes        45 0
+ *
+ * Flags: bit 0 is DND, bits 1 to 5 say that Disa to NoAns are present. Byte 54 is the first `BOSS` row whose
+ * boss is this port; the secretary is not marked.
+ */
+void EncodePortDef(const IniText& project, ImageWriter& image);
+/** Bytes 3, 4, 45 and 54 are not read. DND that was not set comes back as "0". A row without card, channel
+ * and type is removed, whatever else it holds. */
+void DecodePortDef(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

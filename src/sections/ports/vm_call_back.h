@@ -1,0 +1,33 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Voice mail call back: digits to check for and digits to insert. */
+inline constexpr int kVmCallBackRows = 10;
+
+namespace vm_call_back {
+
+enum Field : int { kCheck = 1, kInsert };
+
+extern const Table kTable;
+
+}  // namespace vm_call_back
+
+/**
+ * Section 41, from version 105: 10 records of 8 bytes, 80 bytes. What is not set is 0.
+ *
+ *  0 Check digit, 4 characters     4 Insert digit, 4 characters
+ *
+ * These are plain characters, not packed digits.
+ */
+void EncodeVMCallBack(const IniText& project, ImageWriter& image);
+/** Every row is written, an empty one as "F|F". Bytes of 0 and 255 are no characters. */
+void DecodeVMCallBack(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

@@ -1,0 +1,133 @@
+#include "sections/routing/class_digit.h"
+
+#include <algorithm>
+#include <string>
+
+#include "sections/ports/value_writer.h"
+#include "sections/routing/record_parts.h"
+#include "store/digit_code.h"
+#include "store/value_code.h"
+
+namespace tarvok {
+namespace class_digit {
+namespace {
+
+/** A number has no limit of its own, only what a value of the project can hold. */
+constexpr int kMostDigits = static_cast<int>(kMaxIniValue);
+constexpr tarvok::Field kBanFields[] = {Digits("Ban Number", kMostDigits, "*#")};
+constexpr tarvok::Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
+
+}  // namespace
+
+const Table kBanTable = {
+    .section = "COR", .row_name = "COR", .rows = {1, kClasses, 2}, .fields = kBanFields, .repeats = true};
+const Table kAllowTable = {.section = "COR",
+                           .row_name = "COR",
+                           .rows = {1, kClasses, 2, "A"},
+                           .fields = kAllowFields,
+                           .repeats = true};
+
+}  // namespace class_digit
+
+namespace {
+
+using namespace class_digit;
+
+constexpr int kWord = 2;
+constexpr int kPoolAt = kClasses * kWord;
+constexpr int kPool = 1024;
+constexpr std::string_view kPoolFull = "has no place in the pool that all classes share";
+
+/** Calls `take` with each piece of the list, empty ones too. A list without a pipe is one piece, an empty one
+ * none. */
+template <typename Take>
+void ForEachPiece(std::string_view list, Take take) {
+  if (list.empty()) return;
+  std::size_t start = 0;
+  for (std::size_t pipe = list.find('|'); pipe != std::string_view::npos; pipe = list.find('|', start)) {
+    take(list.substr(start, pipe - start));
+    start = pipe + 1;
+  }
+  take(list.substr(start));
+}
+
+/** Packs one number. "F" is a digit code here like the other letters, not a number that is not set; the value
+ * writer, which would take it so, only tells the error. */
+void EncodeNumber(ImageWriter& image, const Table& table, std::string_view key, std::string_view digits,
+                  int at, int bytes) {
+  if (image.Digits(at, bytes, digits, DialSymbols::kDigitsStarHash)) return;
+  ValueWriter(image, table, key, digits).Digits(at, bytes, digits, DialSymbols::kDigitsStarHash);
+}
+
+void EncodeLists(const IniText& project, const Table& table, ImageWriter& image) {
+  int used = 0;
+  for (int number = 1; number <= kClasses; ++number) {
+    const std::string key = KeyOf(table, number);
+    ForEachPiece(RowValue(project, table, number), [&](std::string_view digits) {
+      const int bytes = static_cast<int>(digits.size() + 1) / 2;
+      if (used + bytes + 1 > kPool) {
+        ValueWriter(image, table, key, digits).Fail(kPoolFull);
+        return;
+      }
+      EncodeNumber(image, table, key, digits, kPoolAt + used, bytes);
+      used += bytes + 1;
+    });
+    image.Word((number - 1) * kWord, used);
+  }
+}
+
+/** The symbols of a joined text of digit codes. A code 0 that no end of a number has cut off stays "0". */
+std::string SymbolsOf(const std::string& codes) {
+  std::string symbols;
+  for (const char& code : codes) {
+    symbols += code == '0' ? "0" : DigitsOfHex(std::string_view(&code, 1), DialSymbols::kDigitsStarHash);
+  }
+  return symbols;
+}
+
+/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A,
+ * so the zeros of a number survive. */
+std::string DecodeList(const ImageReader& image, int& next, int end) {
+  std::string codes;
+  for (; next < end; ++next) {
+    const int byte = image.Byte(kPoolAt + next);
+    if (byte != 0) {
+      codes += DecToHex(static_cast<std::uint64_t>(byte));
+    } else if (!codes.empty()) {
+      codes.erase(std::min(codes.find('0'), codes.size()));
+      if (!codes.ends_with('|')) codes += '|';
+    }
+  }
+  if (codes.ends_with('|')) codes.pop_back();
+  return SymbolsOf(codes);
+}
+
+void DecodeLists(const ImageReader& image, IniEdit& project, const Table& table) {
+  StoreMax(project, table);
+  int next = 0;
+  for (int number = 1; number <= kClasses; ++number) {
+    const int end = image.Word((number - 1) * kWord);
+    const std::string list = DecodeList(image, next, end == kUnsetWord ? 0 : std::min(end, kPool));
+    project.Set(table.section, KeyOf(table, number), list);
+  }
+}
+
+}  // namespace
+
+void EncodeClassBan(const IniText& project, ImageWriter& image) {
+  EncodeLists(project, kBanTable, image);
+}
+
+void EncodeClassAllow(const IniText& project, ImageWriter& image) {
+  EncodeLists(project, kAllowTable, image);
+}
+
+void DecodeClassBan(const ImageReader& image, IniEdit& project) {
+  DecodeLists(image, project, kBanTable);
+}
+
+void DecodeClassAllow(const ImageReader& image, IniEdit& project) {
+  DecodeLists(image, project, kAllowTable);
+}
+
+}  // namespace tarvok

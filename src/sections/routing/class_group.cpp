@@ -1,0 +1,61 @@
+#include "sections/routing/class_group.h"
+
+#include <string>
+
+#include "sections/ports/value_writer.h"
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace class_group {
+namespace {
+
+constexpr tarvok::Field kFields[] = {RowOf("COR Number", "COR", 1, 20, 2)};
+
+}  // namespace
+
+const Table kTable = {.section = "COR_Group",
+                      .row_name = "COR Group",
+                      .rows = {1, kClassGroups, 2},
+                      .fields = kFields,
+                      .repeats = true};
+
+}  // namespace class_group
+
+namespace {
+
+using namespace class_group;
+
+constexpr std::string_view kGroupFull = "has no place in its group any more";
+
+}  // namespace
+
+void EncodeClassGroup(const IniText& project, ImageWriter& image) {
+  image.Fill(0, image.size(), kUnsetByte);
+  for (int group = 1; group <= kClassGroups; ++group) {
+    const std::string key = KeyOf(kTable, group);
+    int used = 0;
+    ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
+      if (used == kClassesOfGroup) {
+        ValueWriter(image, kTable, key, member).Fail(kGroupFull);
+        return;
+      }
+      const int at = (group - 1) * kClassesOfGroup + used;
+      RecordWriter(image, at, kTable, key, member).MinusOne(0, kClass);
+      ++used;
+    });
+  }
+}
+
+void DecodeClassGroup(const ImageReader& image, IniEdit& project) {
+  StoreMax(project, kTable);
+  for (int group = 1; group <= kClassGroups; ++group) {
+    const ImageReader record = image.Record(group - 1, kClassesOfGroup);
+    RowText classes;
+    for (int slot = 0; slot < kClassesOfGroup; ++slot) {
+      if (record.Byte(slot) != kUnsetByte) classes.Add(record.PlusOne(slot, 2));
+    }
+    project.Set(kTable.section, KeyOf(kTable, group), classes.str());
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Classes of service: sets of up to eight classes of digit that a port profile names. */
+inline constexpr int kClassGroups = 15;
+inline constexpr int kClassesOfGroup = 8;
+
+namespace class_group {
+
+/** A row is a list of this field. */
+enum Field : int { kClass = 1 };
+
+extern const Table kTable;
+
+}  // namespace class_group
+
+/** Section 7, every version: 15 records of 8 bytes, 120 bytes: the classes -1 in the order of the row, and
+ * 255 in the free places behind. A ninth class is an error. */
+void EncodeClassGroup(const IniText& project, ImageWriter& image);
+/** Free places between classes close up. The keys of empty groups are written too. */
+void DecodeClassGroup(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

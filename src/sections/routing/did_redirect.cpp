@@ -1,0 +1,110 @@
+#include "sections/routing/did_redirect.h"
+
+#include <string>
+
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace did_redirect {
+namespace {
+
+constexpr Choice kTypeChoices[] = {
+    {"0", "Number"}, {"1", "Route List"}, {"2", "Route Digit"}, {"3", "Not Exist"}, {"4", "Auto Answer"}};
+
+constexpr tarvok::Field kFields[] = {
+    RowOf("E1", "E1Map", 1, 10, 0),
+    Digits("DID Start", 4),
+    Digits("DID End", 4),
+    OneOf("Map Type", kTypeChoices),
+    tarvok::Number("Map Number", 1, 500),
+};
+
+constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
+
+}  // namespace
+
+const Table kTable = {.section = "DIDRedirect",
+                      .row_name = "DID Redirect",
+                      .rows = {1, kDidRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace did_redirect
+
+namespace {
+
+using namespace did_redirect;
+
+constexpr int kRecord = 7;
+constexpr int kRouteListBase = 0xA000;
+constexpr int kRouteDigit = 0xB000;
+constexpr int kNotExist = 0xC000;
+constexpr int kAutoAnswer = 0xD000;
+
+/** The number row or the list -1 in its range, which ends in front of `limit`. */
+void EncodeMapNumber(RecordWriter& row, int base, int limit) {
+  const std::int64_t number = row.Value(kMapNumber);
+  if (number > limit - base) {
+    TooLarge(row, kMapNumber);
+    return;
+  }
+  PutWord(row, 5, number < 1 ? kUnsetWord : base + static_cast<int>(number) - 1);
+}
+
+void EncodeTarget(RecordWriter& row) {
+  const std::string_view type = row.Get(kMapType);
+  if (type == "0") {
+    EncodeMapNumber(row, 0, kRouteListBase);
+  } else if (type == "1") {
+    EncodeMapNumber(row, kRouteListBase, kRouteDigit);
+  } else {
+    PutWord(row, 5,
+            type == "2"   ? kRouteDigit
+            : type == "3" ? kNotExist
+            : type == "4" ? kAutoAnswer
+                          : kUnsetWord);
+  }
+}
+
+void EncodeRow(RecordWriter& row) {
+  row.PlainWord(0, kDidStart, kUnsetWord);
+  row.PlainWord(2, kDidEnd, kUnsetWord);
+  row.MinusOne(4, kLink);
+  EncodeTarget(row);
+}
+
+std::string WordText(int word) {
+  return word == kUnsetWord ? std::string(kUnset) : std::to_string(word);
+}
+
+/** Map Type and Map Number, tested from the top down. */
+std::string TargetText(int word) {
+  if (word == kUnsetWord) return "F|F";
+  if (word >= kAutoAnswer) return "4|F";
+  if (word >= kNotExist) return "3|F";
+  if (word >= kRouteDigit) return "2|F";
+  if (word >= kRouteListBase) return "1|" + Padded(word - kRouteListBase + 1, 2);
+  return "0|" + Padded(word + 1, 3);
+}
+
+std::string DecodeRow(const ImageReader& record) {
+  RowText row;
+  row.Add(record.PlusOne(4)).Add(WordText(record.Word(0))).Add(WordText(record.Word(2)));
+  row.Add(TargetText(record.Word(5)));
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeDIDRedirect(const IniText& project, ImageWriter& image) {
+  EncodeRecords(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
+}
+
+void DecodeDIDRedirect(const ImageReader& image, IniEdit& project) {
+  StoreMax(project, kTable);
+  for (int number = 1; number <= kDidRows; ++number) {
+    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord)));
+  }
+}
+
+}  // namespace tarvok

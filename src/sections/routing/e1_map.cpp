@@ -1,0 +1,135 @@
+#include "sections/routing/e1_map.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "sections/ports/port_def.h"
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace e1_map {
+namespace {
+
+constexpr Choice kModeChoices[] = {
+    {"0", "Local"}, {"1", "Network"}, {"2", "Local Link"}, {"3", "Network Link"}};
+
+constexpr tarvok::Field kFields[] = {
+    RowOf("Start", "Port_Def", 1, kPortRows, 3),
+    RowOf("End", "Port_Def", 1, kPortRows, 3),
+    OneOf("Mode", kModeChoices),
+};
+
+/** An unused link as a load and as the editor writes it; neither removes the key. */
+constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|0"};
+
+}  // namespace
+
+const Table kTable = {.section = "E1Map",
+                      .row_name = "E1",
+                      .rows = {1, kE1Links, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace e1_map
+
+namespace {
+
+using namespace e1_map;
+
+constexpr int kRecord = 4;
+constexpr std::string_view kE1CardType = "6";
+constexpr int kLocalLinkByte = 0x10;
+constexpr int kNetworkLinkByte = 0x11;
+
+int ModeByte(std::string_view mode) {
+  if (mode == "3") return kNetworkLinkByte;
+  if (mode == "2") return kLocalLinkByte;
+  return mode == "1" ? 1 : 0;
+}
+
+std::string ModeText(const ImageReader& record) {
+  switch (record.Byte(3)) {
+    case kNetworkLinkByte:
+      return "3";
+    case kLocalLinkByte:
+      return "2";
+    default:
+      return record.Plain(3);
+  }
+}
+
+/** The port row that a field names, "" if there is none. */
+std::string_view PortOf(const IniText& project, std::int64_t number) {
+  if (number < 1 || number > kPortRows) return {};
+  return RowValue(project, port_def::kTable, static_cast<int>(number));
+}
+
+void EncodeLink(const IniText& project, ImageWriter& image, int link) {
+  const int at = (link - 1) * kRecord;
+  const std::string key = KeyOf(kTable, link);
+  RecordWriter row(image, at, kTable, key, RowValue(project, kTable, link));
+  if (!row.IsSet(kStart) || !row.IsSet(kEnd)) {
+    row.Fill(0, kRecord, kUnsetByte);
+    return;
+  }
+  // The ports' own rows are read here, so an error in one names it and not the link.
+  const Table& ports = port_def::kTable;
+  RecordWriter start(image, at, ports, row.Get(kStart), PortOf(project, row.Value(kStart)));
+  RecordWriter end(image, at, ports, row.Get(kEnd), PortOf(project, row.Value(kEnd)));
+  start.MinusOne(0, port_def::kCard);
+  start.MinusOne(1, port_def::kChannel);
+  end.MinusOne(2, port_def::kChannel);
+  row.Byte(3, ModeByte(row.Get(kMode)));
+}
+
+/** "card/channel" of each E1 port by row from 1, "" for all others. */
+std::vector<std::string> E1Ports(const IniEdit& project) {
+  const Table& table = port_def::kTable;
+  const auto rows = std::clamp<std::int64_t>(Val(project.Get(table.section, kMaxKey)), 0, kPortRows);
+  std::vector<std::string> ports(static_cast<std::size_t>(rows) + 1);
+  for (std::size_t number = 1; number < ports.size(); ++number) {
+    const std::string value = project.Get(table.section, KeyOf(table, static_cast<int>(number)));
+    const FieldList port(value);
+    const std::string_view card = port[port_def::kCard];
+    const std::string_view channel = port[port_def::kChannel];
+    if (card == kUnset || channel == kUnset || port[port_def::kType] != kE1CardType) continue;
+    ports[number].append(card).append("/").append(channel);
+  }
+  return ports;
+}
+
+std::string FindPort(const std::vector<std::string>& ports, int card, int channel) {
+  const auto found =
+      std::find(ports.begin(), ports.end(), std::to_string(card) + "/" + std::to_string(channel));
+  return found == ports.end() ? std::string(kUnset) : Padded(found - ports.begin(), 3);
+}
+
+std::string DecodeLink(const ImageReader& record, const std::vector<std::string>& ports) {
+  RowText row;
+  if (record.Byte(0) == kUnsetByte || record.Byte(1) == kUnsetByte) {
+    row.Add(kUnset).Add(kUnset).Add(kUnset);
+  } else {
+    const int card = record.Byte(0) + 1;
+    row.Add(FindPort(ports, card, record.Byte(1) + 1));
+    row.Add(FindPort(ports, card, record.Byte(2) + 1));
+    row.Add(ModeText(record));
+  }
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeE1Map(const IniText& project, ImageWriter& image) {
+  for (int link = 1; link <= kE1Links; ++link) EncodeLink(project, image, link);
+}
+
+void DecodeE1Map(const ImageReader& image, IniEdit& project) {
+  const std::vector<std::string> ports = E1Ports(project);
+  StoreRowCounts(project, kTable, kE1Links, kE1Links);
+  for (int link = 1; link <= kE1Links; ++link) {
+    project.Set(kTable.section, KeyOf(kTable, link), DecodeLink(image.Record(link - 1, kRecord), ports));
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** E1 links: runs of ports of an E1 card. */
+inline constexpr int kE1Links = 10;
+
+namespace e1_map {
+
+/** Fields of a link, from 1. */
+enum Field : int { kStart = 1, kEnd, kMode };
+
+extern const Table kTable;
+
+}  // namespace e1_map
+
+/**
+ * Section 18, every version: 10 records of 4 bytes, 40 bytes. A link without a start or an end is four bytes
+ * of 255.
+ *
+ *  0 card of the start port -1    1 channel of the start port -1    2 channel of the end port -1    3 Mode
+ *
+ * The project names ports, the exchange cards and channels, so both directions read `Port_Def`. The end
+ * port's card does not travel: a link lies on one card. A port without a card gives 255. Modes 2 and 3 travel
+ * as 10 and 11 hexadecimal, every other but 1 as 0.
+ */
+void EncodeE1Map(const IniText& project, ImageWriter& image);
+/** Looks the card and channel up in the `Port_Def` of the same project, among E1 ports; one that is not there
+ * gives "F". Every row is written, unused ones as "F|F|F". */
+void DecodeE1Map(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

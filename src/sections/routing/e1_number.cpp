@@ -1,0 +1,70 @@
+#include "sections/routing/e1_number.h"
+
+#include <string>
+
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace e1_number {
+namespace {
+
+constexpr int kMostDigits = 20;
+
+constexpr tarvok::Field kFields[] = {
+    RowOf("E1", "E1Map", 1, 10, 2),
+    Digits("Numbering", kMostDigits, "*#"),
+    Number("Digit Check", 0, 99),
+};
+
+/** An unused row as a load and the editor write it; neither removes the key. */
+constexpr std::string_view kEmptyRows[] = {"F|F|F"};
+
+}  // namespace
+
+const Table kTable = {.section = "E1Number",
+                      .row_name = "E1 Numbering",
+                      .rows = {1, kE1NumberRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace e1_number
+
+namespace {
+
+using namespace e1_number;
+
+constexpr int kRecord = 12;
+constexpr int kNumberBytes = kMostDigits / 2;
+
+void EncodeRow(RecordWriter& row) {
+  row.Digits(0, kNumberBytes, kNumbering, DialSymbols::kDigitsStarHash);
+  PutHex(row, 10, kDigitCheck);
+  row.MinusOne(11, kLink);
+}
+
+std::string NumberText(const ImageReader& record) {
+  const std::string codes = HexOfBytes(record.Bytes(0, kNumberBytes), SkippedBytes::kNone);
+  if (codes.find_first_not_of('0') == std::string::npos) return std::string(kUnset);
+  return DigitsOfHex(codes, DialSymbols::kDigitsStarHash);
+}
+
+std::string DecodeRow(const ImageReader& record) {
+  RowText row;
+  row.Add(record.PlusOne(11)).Add(NumberText(record)).Add(record.Plain(10));
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeE1Number(const IniText& project, ImageWriter& image) {
+  EncodeRecords(project, kTable, image, {kRecord, kNumberBytes, 2}, EncodeRow);
+}
+
+void DecodeE1Number(const ImageReader& image, IniEdit& project) {
+  StoreMax(project, kTable);
+  for (int number = 1; number <= kE1NumberRows; ++number) {
+    project.Set(kTable.section, KeyOf(kTable, number), DecodeRow(image.Record(number - 1, kRecord)));
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Number prefixes of the E1 links. */
+inline constexpr int kE1NumberRows = 20;
+
+namespace e1_number {
+
+/** Fields of a row, from 1. */
+enum Field : int { kLink = 1, kNumbering, kDigitCheck };
+
+extern const Table kTable;
+
+}  // namespace e1_number
+
+/**
+ * Section 19, every version: 20 records of 12 bytes, 240 bytes. An unused row is ten bytes of 0, 255, 255.
+ *
+ *  0 Numbering, 10 bytes of packed digits with "*" and "#"    10 Digit Check    11 E1 -1
+ *
+ * Digit Check is read as hexadecimal on its way out and comes back in decimal: 12 goes out as 12 hexadecimal
+ * and returns as 18.
+ */
+void EncodeE1Number(const IniText& project, ImageWriter& image);
+/** Every row is written, unused ones as "F|F|F". Bytes of 255 are digits here, and one of 0 ends the number
+ * even at its start, so that a number can come back empty. */
+void DecodeE1Number(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

@@ -1,0 +1,72 @@
+#include "sections/routing/group_out.h"
+
+#include <algorithm>
+#include <string>
+
+#include "sections/ports/value_writer.h"
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace group_out {
+namespace {
+
+constexpr tarvok::Field kFields[] = {RowOf("Member", "Port_Def", 1, 500, 3)};
+
+}  // namespace
+
+const Table kTable = {.section = "Group_Out",
+                      .row_name = "Group Out",
+                      .rows = {1, kGroupsOut, 2},
+                      .fields = kFields,
+                      .repeats = true};
+
+}  // namespace group_out
+
+namespace {
+
+using namespace group_out;
+
+constexpr int kWord = 2;
+constexpr int kPoolAt = kGroupsOut * kWord;
+constexpr std::string_view kMaxMembersKey = "Max_Group_Out";
+constexpr std::string_view kPoolFull = "has no place in the pool that all groups share";
+
+}  // namespace
+
+void EncodeGroupOut(const IniText& project, ImageWriter& image) {
+  image.Fill(kPoolAt, kGroupOutMembers * kWord, kUnsetByte);
+  int count = 0;
+  for (int group = 1; group <= kGroupsOut; ++group) {
+    const std::string key = KeyOf(kTable, group);
+    ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
+      ValueWriter slot(image, kTable, key, member);
+      if (count == kGroupOutMembers) {
+        slot.Fail(kPoolFull);
+        return;
+      }
+      slot.MinusOneWord(kPoolAt + kWord * count, Val(member));
+      ++count;
+    });
+    image.Word((group - 1) * kWord, count);
+  }
+}
+
+void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
+  const int total = RawWord(image, (kGroupsOut - 1) * kWord);
+  const bool no_groups = total == kUnsetWord;
+  StoreMax(project, kTable);
+  project.Set(kTable.section, kMaxMembersKey, std::to_string(kGroupOutMembers));
+  project.Set(kTable.section, kNowKey, std::to_string(no_groups ? 0 : total));
+  int next = 0;
+  for (int group = 1; group <= kGroupsOut; ++group) {
+    const int end = no_groups ? 0 : std::min(RawWord(image, (group - 1) * kWord), kGroupOutMembers);
+    RowText members;
+    for (; next < end; ++next) {
+      const std::string port = RawPlusOneWord(image, kPoolAt + next * kWord, 3);
+      if (port != kUnset) members.Add(port);
+    }
+    project.Set(kTable.section, KeyOf(kTable, group), members.str());
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Groups of trunk ports through which the exchange seizes an outgoing line, and the members that all of them
+ * can have together. */
+inline constexpr int kGroupsOut = 32;
+inline constexpr int kGroupOutMembers = 1024;
+
+namespace group_out {
+
+/** A row is a list of this field. */
+enum Field : int { kMember = 1 };
+
+extern const Table kTable;
+
+}  // namespace group_out
+
+/**
+ * Section 11, every version: 2,112 bytes.
+ *
+ *  0 32 ends of 16 bits: the members of this group and all before it
+ * 64 1,024 members of 16 bits in group order: the port -1, and 255, 255 behind the last
+ */
+void EncodeGroupOut(const IniText& project, ImageWriter& image);
+/** A last end of 65,535 means that there are no groups at all. Otherwise "Now" is the last end as it came,
+ * while the groups stop where the pool does; a member 65,535 is none. */
+void DecodeGroupOut(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

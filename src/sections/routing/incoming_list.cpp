@@ -1,0 +1,100 @@
+#include "sections/routing/incoming_list.h"
+
+#include <algorithm>
+#include <string>
+
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace incoming_list {
+namespace {
+
+constexpr Choice kTargets[] = {{"1000", "DID"}, {"2000", "Map_Digit"}, {"3000", "Wait_Comp"}};
+
+/** A number row, or one of the targets that have a name of their own. */
+constexpr tarvok::Field Destination(std::string_view name) {
+  return {.name = name,
+          .kind = FieldKind::kRow,
+          .low = 1,
+          .high = 500,
+          .width = 3,
+          .choices = kTargets,
+          .points_at = "Assign"};
+}
+
+/** The name has no limit of its own, only what a value of the project can hold. */
+constexpr tarvok::Field kFields[] = {
+    Text("Name", static_cast<int>(kMaxIniValue)),
+    Destination("Num1"),
+    Destination("Num2"),
+    Destination("Num3"),
+    Number("Time Out", 1, 254),
+};
+
+constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
+
+}  // namespace
+
+const Table kTable = {.section = "Incoming_List",
+                      .row_name = "Incoming List",
+                      .rows = {1, kIncomingRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace incoming_list
+
+namespace {
+
+using namespace incoming_list;
+
+constexpr int kRecord = 7;
+
+struct TargetCode {
+  std::string_view stored;
+  int code;
+};
+constexpr TargetCode kTargetCodes[] = {
+    {kTargets[0].stored, 0xA001}, {kTargets[1].stored, 0xB001}, {kTargets[2].stored, 0xE000}};
+
+void EncodeRow(RecordWriter& row) {
+  row.MinusOneWord(0, kNum1);
+  for (const TargetCode& target : kTargetCodes) {
+    if (row.Get(kNum1) == target.stored) PutWord(row, 0, target.code);
+  }
+  row.MinusOneWord(2, kNum2);
+  row.MinusOneWord(4, kNum3);
+  row.Plain(6, kTimeOut, kUnsetByte);
+}
+
+std::string DestinationText(int word) {
+  if (word == kUnsetWord) return std::string(kUnset);
+  for (const TargetCode& target : kTargetCodes) {
+    if (word == target.code) return std::string(target.stored);
+  }
+  return Padded(word + 1, 3);
+}
+
+std::string DecodeRow(const ImageReader& record, int number) {
+  const int words[] = {RawWord(record, 0), RawWord(record, 2), RawWord(record, 4)};
+  const bool used = std::any_of(std::begin(words), std::end(words), [](int w) { return w != kUnsetWord; });
+  RowText row;
+  row.Add(used ? "Incom" + std::to_string(number) : std::string(kUnset));
+  for (const int word : words) row.Add(DestinationText(word));
+  row.Add(record.Plain(6));
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeIncomingList(const IniText& project, ImageWriter& image) {
+  EncodeRecords(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
+}
+
+void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
+  StoreRowCounts(project, kTable, kIncomingRows, kIncomingRows);
+  for (int number = 1; number <= kIncomingRows; ++number) {
+    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord), number));
+  }
+}
+
+}  // namespace tarvok

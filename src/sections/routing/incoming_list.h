@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** Where an incoming call is offered: up to three destinations in turn, and a time limit. */
+inline constexpr int kIncomingRows = 50;
+
+namespace incoming_list {
+
+/** Fields of a row, from 1. A destination is a number row or one of three special targets. */
+enum Field : int { kName = 1, kNum1, kNum2, kNum3, kTimeOut };
+
+extern const Table kTable;
+
+}  // namespace incoming_list
+
+/**
+ * Section 16, every version: 50 records of 7 bytes, 350 bytes. An unused row is seven bytes of 255.
+ *
+ *  0 Num1 -1, 16 bits    2 Num2 -1, 16 bits    4 Num3 -1, 16 bits    6 Time Out
+ *
+ * The special targets travel as A001, B001 and E000, but only in Num1: in the others they go out as plain
+ * numbers minus 1. The name does not travel.
+ */
+void EncodeIncomingList(const IniText& project, ImageWriter& image);
+/** The three codes are recognised in every destination. A row with a destination is named "Incom" and its
+ * number, one with a time limit alone has the name "F". */
+void DecodeIncomingList(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

@@ -1,0 +1,115 @@
+#include "sections/routing/route.h"
+
+#include <string>
+
+#include "sections/routing/record_parts.h"
+#include "store/value_code.h"
+
+namespace tarvok {
+namespace route {
+namespace {
+
+constexpr int kTextBytes = 20;
+constexpr Choice kSeekChoices[] = {{"0", "Start"}, {"1", "End"}, {"2", "Cycle"}, {"3", "Link CO"}};
+constexpr Choice kDayChoices[] = {{"0", ""},    {"1", "SUN"}, {"2", "MON"}, {"3", "TUE"},
+                                  {"4", "WED"}, {"5", "THU"}, {"6", "FRI"}, {"7", "SAT"}};
+
+constexpr tarvok::Field kFields[] = {
+    RowOf("Group", "Group_Out", 1, 32, 2),
+    OneOf("Type Seek", kSeekChoices),
+    OneOf("Day", kDayChoices),
+    Number("Date", 1, 31),
+    Number("Month", 1, 12),
+    Number("Start Time", 0, 2359, 4),
+    Number("End Time", 0, 2359, 4),
+    Digits("Type Send", kTextBytes, "*#AEPX"),
+    Digits("Type Save", kTextBytes, "*#AENPX"),
+};
+
+constexpr std::string_view kEmptyRows[] = {"F|F|0|F|F|F|F|F|F"};
+
+}  // namespace
+
+const Table kTable = {.section = "Route",
+                      .row_name = "Route",
+                      .rows = {1, kRouteRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace route
+
+namespace {
+
+using namespace route;
+
+constexpr int kRecord = 49;
+
+/** The first two characters and the last two, each pair read as hexadecimal. */
+void EncodeTime(RecordWriter& row, int at, int field) {
+  if (!row.IsSet(field)) {
+    row.Fill(at, 2, kUnsetByte);
+    return;
+  }
+  const std::string_view time = row.Get(field);
+  row.Checked(at, field, ValHex(time.substr(0, 2)));
+  row.Checked(at + 1, field, ValHex(time.size() > 2 ? time.substr(time.size() - 2) : time));
+}
+
+void EncodeRow(RecordWriter& row) {
+  row.MinusOne(0, kGroup);
+  row.Plain(1, kTypeSeek, kUnsetByte);
+  row.MinusOne(2, kDay);
+  PutHex(row, 3, kDate);
+  PutHex(row, 4, kMonth);
+  EncodeTime(row, 5, kStartTime);
+  EncodeTime(row, 7, kEndTime);
+  PutText(row, 9, kTextBytes, TextOf(row, kTypeSend));
+  PutText(row, 29, kTextBytes, TextOf(row, kTypeSave));
+}
+
+std::string HexText(int byte, std::size_t width) {
+  std::string text = DecToHex(static_cast<std::uint64_t>(byte));
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text;
+}
+
+std::string DecodeHex(const ImageReader& record, int at) {
+  return record.Byte(at) == kUnsetByte ? std::string(kUnset) : HexText(record.Byte(at), 1);
+}
+
+std::string DecodeTime(const ImageReader& record, int at) {
+  const int hour = record.Byte(at);
+  const int minute = record.Byte(at + 1);
+  if (hour == kUnsetByte || minute == kUnsetByte) return std::string(kUnset);
+  return HexText(hour, 2) + HexText(minute, 2);
+}
+
+std::string DecodeRow(const ImageReader& record) {
+  RowText row;
+  row.Add(record.PlusOne(0, 2)).Add(record.Plain(1));
+  row.Add(record.Byte(2) == kUnsetByte ? "0" : record.PlusOne(2));
+  row.Add(DecodeHex(record, 3)).Add(DecodeHex(record, 4));
+  row.Add(DecodeTime(record, 5)).Add(DecodeTime(record, 7));
+  row.Add(JoinedText(record, 9, kTextBytes)).Add(JoinedText(record, 29, kTextBytes));
+  return row.str();
+}
+
+}  // namespace
+
+void EncodeRoute(const IniText& project, ImageWriter& image) {
+  EncodeRecords(project, kTable, image, {kRecord, 0, 9}, EncodeRow);
+}
+
+void DecodeRoute(const ImageReader& image, IniEdit& project) {
+  StoreMax(project, kTable);
+  for (int number = 1; number <= kRouteRows; ++number) {
+    const ImageReader record = image.Record(number - 1, kRecord);
+    if (record.Byte(0) == kUnsetByte) {
+      project.DeleteKey(kTable.section, KeyOf(kTable, number));
+    } else {
+      project.Set(kTable.section, KeyOf(kTable, number), DecodeRow(record));
+    }
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,51 @@
+#include "sections/routing/route_list.h"
+
+#include <string>
+
+#include "sections/routing/record_parts.h"
+
+namespace tarvok {
+namespace route_list {
+namespace {
+
+/** The editor numbers 50 lists of 40 routes through, although only the first 200 routes travel. */
+constexpr tarvok::Field kFields[] = {Number("End", 0, 2001)};
+
+}  // namespace
+
+const Table kTable = {
+    .section = "Route_List", .row_name = "List", .rows = {1, kRouteLists, 2}, .fields = kFields};
+
+}  // namespace route_list
+
+namespace {
+
+using namespace route_list;
+
+constexpr int kValue = 2;
+constexpr int kLargestEnd = kUnsetWord + 1;
+
+void EncodeEnd(RecordWriter& list) {
+  const std::int64_t end = list.Value(kEnd);
+  if (end > kLargestEnd) {
+    TooLarge(list, kEnd);
+    return;
+  }
+  PutWord(list, 0, end < 1 ? 0 : static_cast<int>(end) - 1);
+}
+
+}  // namespace
+
+void EncodeRouteList(const IniText& project, ImageWriter& image) {
+  EncodeRecords(project, kTable, image, {kValue, 0, 0}, EncodeEnd);
+}
+
+void DecodeRouteList(const ImageReader& image, IniEdit& project) {
+  StoreMax(project, kTable);
+  for (int number = 1; number <= kRouteLists; ++number) {
+    const int end = RawWord(image, (number - 1) * kValue);
+    project.Set(kTable.section, KeyOf(kTable, number), std::to_string(end == kUnsetWord ? 0 : end + 1));
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,92 @@
+#include "sections/routing/tbl_route.h"
+
+#include <algorithm>
+#include <string>
+
+#include "sections/routing/record_parts.h"
+#include "store/value_code.h"
+
+namespace tarvok {
+namespace tbl_route {
+namespace {
+
+constexpr tarvok::Field kPidFields[] = {Number("PBX ID", 0, 14)};
+/** 0 is not set: it stands in a loaded file. */
+constexpr tarvok::Field kGatewayFields[] = {Number("Gateway", 0, 15)};
+/** Card 0 is no card: a load writes it for a destination that is not there. */
+constexpr tarvok::Field kFields[] = {Number("Card ID", 0, 15), Number("Device", 0, 1)};
+constexpr std::string_view kEmptyRows[] = {"F|F"};
+
+}  // namespace
+
+const Table kPidTable = {
+    .section = "TblRoute", .row_name = "PBX Link Table", .key = "PID", .fields = kPidFields};
+const Table kGatewayTable = {
+    .section = "TblRoute", .row_name = "PBX Link Table", .key = "GW", .fields = kGatewayFields};
+const Table kTable = {.section = "TblRoute",
+                      .row_name = "PBX Link",
+                      .rows = {1, kLinkRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace tbl_route
+
+namespace {
+
+using namespace tbl_route;
+
+constexpr int kNoPbxId = 15;
+constexpr int kNoGateway = 16;
+constexpr int kNoDestination = 0x10;
+constexpr int kHalf = 16;
+
+std::string_view ValueOf(const IniText& project, const Table& table) {
+  return Trim(project.Get(table.section, table.key));
+}
+
+void EncodeGateway(RecordWriter& gateway, std::string_view stored) {
+  const std::int64_t number = Val(stored);
+  gateway.Checked(1, 1, stored == "0" || number > kUnsetByte ? 1 : number);
+}
+
+void EncodeDestination(RecordWriter& row) {
+  for (const int field : {kCard, kDevice}) {
+    if (row.Value(field) >= kHalf) TooLarge(row, field);
+    row.Checked(0, field, std::min<std::int64_t>(row.Value(field), kHalf));
+  }
+  row.Checked(0, kDevice, row.Value(kDevice) * kHalf + row.Value(kCard));
+}
+
+}  // namespace
+
+void EncodeTblRoute(const IniText& project, ImageWriter& image) {
+  RecordWriter(image, 0, kPidTable, kPidTable.key, ValueOf(project, kPidTable)).Plain(0, 1, 0);
+  const std::string_view stored = ValueOf(project, kGatewayTable);
+  RecordWriter gateway(image, 0, kGatewayTable, kGatewayTable.key, stored);
+  EncodeGateway(gateway, stored);
+  for (int number = 1; number <= kLinkRows; ++number) {
+    const std::string key = KeyOf(kTable, number);
+    const std::string_view value = RowValue(project, kTable, number);
+    RecordWriter row(image, 1 + number, kTable, key, value);
+    if (value.empty()) {
+      row.Byte(0, kNoDestination);
+    } else {
+      EncodeDestination(row);
+    }
+  }
+}
+
+void DecodeTblRoute(const ImageReader& image, IniEdit& project) {
+  const int pbx_id = image.Byte(0);
+  const int gateway = image.Byte(1);
+  project.Set(kPidTable.section, kPidTable.key, std::to_string(pbx_id < kNoPbxId ? pbx_id : 0));
+  project.Set(kGatewayTable.section, kGatewayTable.key, std::to_string(gateway < kNoGateway ? gateway : 0));
+  for (int number = 1; number <= kLinkRows; ++number) {
+    const auto byte = static_cast<std::uint64_t>(image.Byte(1 + number));
+    RowText row;
+    row.Add(DecToHex(byte % kHalf)).Add(DecToHex(byte / kHalf));
+    project.Set(kTable.section, KeyOf(kTable, number), row.str());
+  }
+}
+
+}  // namespace tarvok

@@ -1,0 +1,109 @@
+#include "sections/routing/tenan.h"
+
+#include <string>
+
+#include "sections/ports/value_writer.h"
+#include "sections/routing/record_parts.h"
+#include "store/value_code.h"
+
+namespace tarvok {
+namespace tenan {
+namespace {
+
+constexpr int kColumnsOfValue = 16;
+constexpr tarvok::Field kLowFields[] = {Text("Columns 16 to 1", kColumnsOfValue)};
+constexpr tarvok::Field kHighFields[] = {Text("Columns 32 to 17", kColumnsOfValue)};
+
+/** The rows behind `base`. */
+constexpr Table HalfOf(std::string_view name, int base, std::span<const tarvok::Field> fields) {
+  return {.section = "Tenan", .row_name = name, .rows = {base + 1, base + kTenants, 3}, .fields = fields};
+}
+
+}  // namespace
+
+const Table kDayTable = HalfOf("Tenan Day", 100, kLowFields);
+const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
+const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
+const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
+
+}  // namespace tenan
+
+namespace {
+
+using namespace tenan;
+
+constexpr int kMask = 2;
+constexpr std::string_view kTooWide = "has more than 16 columns";
+
+/** The 16 bits of row `row` of the matrix, from 1, at `at`. */
+void EncodeMask(const IniText& project, const Table& table, int row, int missing, ImageWriter& image,
+                int at) {
+  const int number = table.rows.first + row - 1;
+  const std::string_view columns = RowValue(project, table, number);
+  const std::size_t highest = columns.find('1');
+  if (highest != std::string_view::npos && columns.size() - highest > kColumnsOfValue) {
+    ValueWriter(image, table, KeyOf(table, number), columns).Fail(kTooWide);
+    return;
+  }
+  image.Word(at, columns.empty() ? missing : static_cast<int>(BinToDec(columns)));
+}
+
+void DecodeMask(const ImageReader& image, int at, IniEdit& project, const Table& table, int row) {
+  std::string columns = DecToBin(static_cast<std::uint64_t>(RawWord(image, at)));
+  if (columns.size() < kColumnsOfValue) columns.insert(0, kColumnsOfValue - columns.size(), '0');
+  project.Set(table.section, KeyOf(table, table.rows.first + row - 1), columns);
+}
+
+void StoreTenants(IniEdit& project, int count) {
+  project.Set(kDayTable.section, kMaxKey, std::to_string(count));
+}
+
+/** Where row `row` of a half stands in a layout of `rows` rows of `masks` times 16 bits. */
+int PlaceOf(int half, int row, int rows, int masks) {
+  return (half * rows + row - 1) * masks * kMask;
+}
+
+constexpr const Table* kLowTables[] = {&kDayTable, &kNightTable};
+constexpr const Table* kHighTables[] = {&kDayHighTable, &kNightHighTable};
+
+}  // namespace
+
+void EncodeTenan16(const IniText& project, ImageWriter& image) {
+  for (int half = 0; half < 2; ++half) {
+    for (int row = 1; row <= kTenantsShort; ++row) {
+      EncodeMask(project, *kLowTables[half], row, kUnsetWord, image, PlaceOf(half, row, kTenantsShort, 1));
+    }
+  }
+}
+
+void EncodeTenan32(const IniText& project, ImageWriter& image) {
+  for (int half = 0; half < 2; ++half) {
+    for (int row = 1; row <= kTenants; ++row) {
+      const int at = PlaceOf(half, row, kTenants, 2);
+      EncodeMask(project, *kLowTables[half], row, 0, image, at);
+      EncodeMask(project, *kHighTables[half], row, 0, image, at + kMask);
+    }
+  }
+}
+
+void DecodeTenan16(const ImageReader& image, IniEdit& project) {
+  StoreTenants(project, kTenantsShort);
+  for (int half = 0; half < 2; ++half) {
+    for (int row = 1; row <= kTenantsShort; ++row) {
+      DecodeMask(image, PlaceOf(half, row, kTenantsShort, 1), project, *kLowTables[half], row);
+    }
+  }
+}
+
+void DecodeTenan32(const ImageReader& image, IniEdit& project) {
+  StoreTenants(project, kTenants);
+  for (int half = 0; half < 2; ++half) {
+    for (int row = 1; row <= kTenants; ++row) {
+      const int at = PlaceOf(half, row, kTenants, 2);
+      DecodeMask(image, at, project, *kLowTables[half], row);
+      DecodeMask(image, at + kMask, project, *kHighTables[half], row);
+    }
+  }
+}
+
+}  // namespace tarvok

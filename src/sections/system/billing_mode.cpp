@@ -1,0 +1,177 @@
+#include "sections/system/billing_mode.h"
+
+#include <string>
+
+#include "sections/ports/raw_word.h"
+#include "sections/ports/value_writer.h"
+#include "sections/system/system_config.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace billing_mode {
+namespace {
+
+constexpr tarvok::Field Amount(std::string_view name, int high_hundredths) {
+  return {name, FieldKind::kAmount, 0, high_hundredths};
+}
+
+constexpr int kMostPercent = 65535;  // hundredths, as those below
+constexpr int kMostRate = 65500;
+constexpr int kMost = 254;
+
+constexpr tarvok::Field kFields[] = {
+    Number("Local Code", 0, 999, 2),
+    Flag("Save Intercom"),
+    Flag("Save Incoming"),
+    Flag("Save Out Going"),
+    Flag("Bill Flat"),
+    Amount("Long Distance Charge %", kMostPercent),
+    Amount("Oversea Charge %", kMostPercent),
+    Amount("Mobile Charge %", kMostPercent),
+    Number("Long Distance Charge", 0, kMost),
+    Number("Oversea Charge", 0, kMost),
+    Number("Mobile Charge", 0, kMost),
+    Amount("Incoming Rate", kMostRate),
+    Amount("Intercom Rate", kMostRate),
+    Number("Time Expand", 0, kMost),
+    Amount("Charge Expand", kMostRate),
+    Number("Time Expand In", 0, kMost),
+    Number("Charge Expand In", 0, kMost),
+    Number("Local Time Record", 0, kMost),
+    Number("Time Page", 0, kMost),
+    Number("Time Mobile", 0, kMost),
+    Number("Time Long Distance", 0, kMost),
+    Number("Time Oversea", 0, kMost),
+    Flag("Print Mini Bar"),
+    Amount("Area Percent Charge", kMostPercent),
+    Flag("Expand All"),
+};
+constexpr tarvok::Field kCountryFields[] = {Number("Country", 1, 255, 3)};
+
+}  // namespace
+
+const Table kTable = {
+    .section = kSystemConfig, .row_name = "Billing Mode", .key = "Billing", .fields = kFields};
+const Table kCountry = {
+    .section = kSystemConfig, .row_name = "Billing Mode", .key = "CCode", .fields = kCountryFields};
+
+}  // namespace billing_mode
+
+namespace {
+
+using namespace billing_mode;
+
+constexpr int kForm1 = 1;
+constexpr int kForm2 = 2;
+constexpr int kForm3 = 3;
+constexpr int kUnsetByte = 255;
+constexpr int kMaxAmount = 65535;
+
+/** Puts a field's amount times 100 as 16 bits. */
+void PutAmount(ImageWriter& image, const RecordWriter& billing, int at, int field) {
+  const std::string_view text = billing.Get(field);
+  ValueWriter(image, kTable, kTable.key, text, field).Word(at, ValHundredths(text));
+}
+
+/** The same, but what 16 bits can't hold goes out as 0. */
+void PutCappedAmount(ImageWriter& image, const RecordWriter& billing, int at, int field) {
+  if (ValHundredths(billing.Get(field)) < kMaxAmount) PutAmount(image, billing, at, field);
+}
+
+void PutBytes(RecordWriter& billing, int at, int first_field, int last_field) {
+  for (int field = first_field; field <= last_field; ++field, ++at) billing.Plain(at, field, kUnsetByte);
+}
+
+void PutCountry(const IniText& project, ImageWriter& image) {
+  const std::string_view country = Trim(project.Get(kCountry.section, kCountry.key));
+  ValueWriter(image, kCountry, kCountry.key, country).Byte(26, country.empty() ? 1 : Val(country));
+}
+
+void EncodeBilling(const IniText& project, ImageWriter& image, int form) {
+  const std::string_view value = Trim(project.Get(kTable.section, kTable.key));
+  if (value.empty()) {
+    image.Fill(0, image.size(), kUnsetByte);
+    return;
+  }
+  RecordWriter billing(image, 0, kTable, kTable.key, value);
+  billing.PlainWord(0, kLocalCode, kUnsetWord);
+  PutBytes(billing, 2, kSaveIntercom, kBillFlat);
+  PutAmount(image, billing, 6, kLongDistancePercent);
+  PutAmount(image, billing, 8, kOverseaPercent);
+  PutAmount(image, billing, 10, kMobilePercent);
+  PutBytes(billing, 12, kLongDistanceCharge, kMobileCharge);
+  PutCappedAmount(image, billing, 15, kIncomingRate);
+  PutCappedAmount(image, billing, 17, kIntercomRate);
+  if (form == kForm3) {
+    PutBytes(billing, 19, kTimeExpand, kChargeExpand);
+  } else {
+    PutCappedAmount(image, billing, 19, kChargeExpand);
+  }
+  PutBytes(billing, 21, kLocalTime, kTimeOversea);
+  PutCountry(project, image);
+  if (form == kForm1) return;
+  billing.Plain(27, kPrintMiniBar, kUnsetByte);
+  if (form == kForm2) return;
+  PutCappedAmount(image, billing, 28, kAreaPercent);
+  billing.Plain(30, kExpandAll, kUnsetByte);
+}
+
+/** An amount's high byte of 255 is a value like any other: 655.00 is 65,500. */
+std::string AmountAt(const ImageReader& image, int at) {
+  return FormatHundredths(RawWord(image, at));
+}
+
+void AddBytes(RowText& row, const ImageReader& image, int at, int count) {
+  for (int i = 0; i < count; ++i) row.Add(image.Plain(at + i));
+}
+
+void DecodeBilling(const ImageReader& image, IniEdit& project, int form) {
+  constexpr std::string_view kAbsent = "0";
+  const int local_code = RawWord(image, 0);
+  RowText row;
+  row.Add(local_code == kUnsetWord ? std::string(kUnset) : Padded(local_code, 2));
+  AddBytes(row, image, 2, 4);
+  for (const int at : {6, 8, 10}) row.Add(AmountAt(image, at));
+  AddBytes(row, image, 12, 3);
+  row.Add(AmountAt(image, 15)).Add(AmountAt(image, 17));
+  if (form == kForm3) {
+    AddBytes(row, image, 19, 2);
+  } else {
+    row.Add(kAbsent).Add(AmountAt(image, 19));
+  }
+  row.Add(kAbsent).Add(kAbsent);
+  AddBytes(row, image, 21, 5);
+  row.Add(form == kForm1 ? std::string(kAbsent) : image.Plain(27));
+  row.Add(form == kForm3 ? AmountAt(image, 28) : std::string(kAbsent));
+  row.Add(form == kForm3 ? image.Plain(30) : std::string(kAbsent));
+  project.Set(kTable.section, kTable.key, row.str());
+  project.Set(kCountry.section, kCountry.key, Padded(image.Byte(26), 3));
+}
+
+}  // namespace
+
+void EncodeBilling1(const IniText& project, ImageWriter& image) {
+  EncodeBilling(project, image, kForm1);
+}
+
+void EncodeBilling2(const IniText& project, ImageWriter& image) {
+  EncodeBilling(project, image, kForm2);
+}
+
+void EncodeBilling3(const IniText& project, ImageWriter& image) {
+  EncodeBilling(project, image, kForm3);
+}
+
+void DecodeBilling1(const ImageReader& image, IniEdit& project) {
+  DecodeBilling(image, project, kForm1);
+}
+
+void DecodeBilling2(const ImageReader& image, IniEdit& project) {
+  DecodeBilling(image, project, kForm2);
+}
+
+void DecodeBilling3(const ImageReader& image, IniEdit& project) {
+  DecodeBilling(image, project, kForm3);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,51 @@
+#include "sections/system/mini_bar.h"
+
+#include <string>
+
+#include "sections/image_reader.h"
+#include "sections/rows.h"
+
+namespace tarvok {
+namespace mini_bar {
+namespace {
+
+constexpr tarvok::Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
+
+/** Rows without data: as the editor writes them, with a closing pipe, and as an exchange tells them. */
+constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
+
+}  // namespace
+
+const Table kTable = {.section = "MiniBar",
+                      .row_name = "Item",
+                      .rows = {1, kMiniBarRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace mini_bar
+
+namespace {
+
+using namespace mini_bar;
+
+constexpr int kNameBytes = 20;
+constexpr int kUnsetPrice = 65535;
+
+}  // namespace
+
+void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image) {
+  const std::string key = KeyOf(kTable, number);
+  const std::string_view value = RowValue(project, kTable, number);
+  RecordWriter item(image, 0, kTable, key, value);
+  if (item.IsSet(kName)) image.Text(0, kNameBytes, item.Get(kName));
+  item.PlainWord(kNameBytes, kPrice, 0);
+}
+
+void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project) {
+  RowText row;
+  row.Add(name.empty() ? kUnset : name);
+  row.Add(price >= kUnsetPrice ? std::string(kUnset) : std::to_string(price));
+  StoreRow(project, kTable, number, row.str());
+}
+
+}  // namespace tarvok

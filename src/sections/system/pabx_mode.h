@@ -1,0 +1,57 @@
+#pragma once
+
+#include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+namespace pabx_mode {
+
+/** Fields of the switches that govern the exchange as a whole, from 1. */
+enum Field : int {
+  kPrintCallRecord = 1,
+  kCheckCredit,
+  kManual,
+  kCheckBadCo,
+  kWarningTone,
+  kPaperFeed,
+  kCheckDuplicate,
+  kRecordLastPerson,
+  kManualMode,
+  kTrunkTimeLimit,
+  kVmCheckMapDigit,
+  kCheckClassMemory,
+  kOnCoWhenX,
+  kDidBusyTransfer,
+  kPrintWakeup,
+  kTransferTarget,
+  kTransferPort,
+  kTrunkToTrunk,
+  kIntrusionTone,
+  kPowerRevision,
+};
+
+extern const Table kTable;
+
+}  // namespace pabx_mode
+
+/**
+ * Section 2, every version: 20 bytes. Fields do not stand in their order. An empty key is 11 bytes of 0 and
+ * nine of 255.
+ *
+ *  0 0                    5 Auto / Manual         10 Trunk to trunk limit     15 Print wakeup call
+ *  1 Print call record    6 Warning tone          11 VM check map digit       16 transfer port -1, 16 bits
+ *  2 Check credit         7 Paper feed            12 Check class              18 Use trunk to trunk
+ *  3 Day or night         8 Power revision        13 On CO when "X"           19 Use intrusion tone
+ *  4 Check bad CO         9 Record last person    14 busy transfer: 0 off, 1 message, 2 number
+ *
+ * "F" goes out as 0 in bytes 1 to 10. Check Duplicate Record has no place here.
+ */
+void EncodePabxMode(const IniText& project, ImageWriter& image);
+/** Byte 8 fills two fields: Power Revision as a flag, and Check Duplicate Record with its value. */
+void DecodePabxMode(const ImageReader& image, IniEdit& project);
+
+}  // namespace tarvok

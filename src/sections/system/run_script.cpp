@@ -1,0 +1,55 @@
+#include "sections/system/run_script.h"
+
+#include <string>
+
+#include "sections/ports/raw_word.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace run_script {
+namespace {
+
+constexpr Field Script(std::string_view event) {
+  return Number(event, 1, 510);
+}
+
+constexpr Field kFields[kScriptEvents] = {
+    Script("Off Hook Time Out"), Script("Help"),        Script("Wake Up"),      Script("Busy"),
+    Script("No Number"),         Script("Full Credit"), Script("E1 Record VM"),
+};
+
+constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F|F|"};
+
+}  // namespace
+
+const Table kTable = {.section = "RunScript",
+                      .row_name = "Run Script",
+                      .key = "Data",
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows};
+
+}  // namespace run_script
+
+namespace {
+
+using run_script::kTable;
+
+constexpr int kWord = 2;
+
+}  // namespace
+
+void EncodeRunScript(const IniText& project, ImageWriter& image) {
+  image.Fill(0, image.size(), 255);
+  RecordWriter scripts(image, 0, kTable, kTable.key, Trim(project.Get(kTable.section, kTable.key)));
+  for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kWord, event);
+}
+
+void DecodeRunScript(const ImageReader& image, IniEdit& project) {
+  std::string row;
+  for (int event = 1; event <= kScriptEvents; ++event)
+    row += RawPlusOneWord(image, (event - 1) * kWord) + "|";
+  if (row == kTable.empty_rows.front()) row.clear();
+  project.Set(kTable.section, kTable.key, row);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+namespace tarvok {
+
+/** The project section whose keys hold what belongs to the exchange as a whole. */
+inline constexpr std::string_view kSystemConfig = "SystemConfig";
+
+}  // namespace tarvok

@@ -1,0 +1,74 @@
+#include "sections/system/system_numbers.h"
+
+#include "sections/ports/value_writer.h"
+#include "sections/system/system_config.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace system_numbers {
+namespace {
+
+constexpr int kNumberBytes = 3;
+constexpr Field kNumberFields[] = {Digits("Number", kNumberBytes * 2)};
+constexpr Field kCardFields[] = {Number("Card", 1, 16)};
+constexpr Field kPortFields[] = {Number("Port", 1, 60)};
+
+}  // namespace
+
+const Table kVoiceMail = {
+    .section = kSystemConfig, .row_name = "Voice Mail", .key = "VMNum", .fields = kNumberFields};
+const Table kRecord = {
+    .section = kSystemConfig, .row_name = "Record", .key = "RecNum", .fields = kNumberFields};
+const Table kMusicCard = {
+    .section = kSystemConfig, .row_name = "Music Source", .key = "card", .fields = kCardFields};
+const Table kMusicPort = {
+    .section = kSystemConfig, .row_name = "Music Source", .key = "port", .fields = kPortFields};
+
+}  // namespace system_numbers
+
+namespace {
+
+using namespace system_numbers;
+
+std::string_view ValueOf(const IniText& project, const Table& table) {
+  return Trim(project.Get(table.section, table.key));
+}
+
+void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
+  PutNumber(image, 0, kNumberBytes, table, table.key, ValueOf(project, table));
+}
+
+void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table) {
+  project.Set(table.section, table.key,
+              UnpackDigits(image.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::kNone));
+}
+
+}  // namespace
+
+void EncodeVMNumber(const IniText& project, ImageWriter& image) {
+  EncodeNumber(project, image, kVoiceMail);
+}
+
+void EncodeRecordNumber(const IniText& project, ImageWriter& image) {
+  EncodeNumber(project, image, kRecord);
+}
+
+void DecodeVMNumber(const ImageReader& image, IniEdit& project) {
+  DecodeNumber(image, project, kVoiceMail);
+}
+
+void DecodeRecordNumber(const ImageReader& image, IniEdit& project) {
+  DecodeNumber(image, project, kRecord);
+}
+
+void EncodeCardPortVM(const IniText& project, ImageWriter& image) {
+  RecordWriter(image, 0, kMusicCard, kMusicCard.key, ValueOf(project, kMusicCard)).Plain(0, 1, 255);
+  RecordWriter(image, 0, kMusicPort, kMusicPort.key, ValueOf(project, kMusicPort)).Plain(1, 1, 255);
+}
+
+void DecodeCardPortVM(const ImageReader& image, IniEdit& project) {
+  project.Set(kMusicCard.section, kMusicCard.key, image.Plain(0));
+  project.Set(kMusicPort.section, kMusicPort.key, image.Plain(1));
+}
+
+}  // namespace tarvok

@@ -1,0 +1,59 @@
+#include "sessions/compare_bytes.h"
+
+#include <algorithm>
+#include <string>
+
+#include "sections/registry.h"
+#include "sessions/get_whole.h"
+#include "sessions/send_section.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kMostDifferences = 4;
+constexpr double kRequestPause_s = 0.1;
+
+bool ReadBack(Transfer& transfer, const Section& section) {
+  return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
+                             .pause_s = kRequestPause_s,
+                             .refused = "Request for Get Config for compare Error (RE)",
+                             .getting = "Getting " + std::string(section.name) + " for compare...",
+                             .give_up_words = section.GetFailedText()});
+}
+
+/** Over as many bytes as the exchange declared; what was not sent counts as 0. */
+bool IsSame(const std::vector<std::uint8_t>& sent, const MessageLayer& messages, int received_size) {
+  const std::span<const std::uint8_t> image = messages.section_image().bytes();
+  const auto size = std::min(static_cast<std::size_t>(received_size), image.size());
+  for (std::size_t i = 0; i < size; ++i) {
+    if (image[i] != (i < sent.size() ? sent[i] : 0)) return false;
+  }
+  return true;
+}
+
+bool SendOneCompared(Transfer& transfer, const Section& section, const IniText& project) {
+  std::vector<std::uint8_t> image;
+  for (int differences = 0; differences < kMostDifferences; ++differences) {
+    if (!transfer.messages().SendIdle()) return transfer.Fail(kCheckConnection);
+    if (!SendSection(transfer, section, project, image) || !ReadBack(transfer, section)) return false;
+    if (IsSame(image, transfer.messages(), transfer.messages().state().ReceivedSize)) return true;
+  }
+  constexpr std::string_view kDifferent = "End transfer because compare bytes isn't compatible";
+  transfer.LogLine(kDifferent);
+  return transfer.Fail(kDifferent);
+}
+
+}  // namespace
+
+bool SendSectionsCompared(Transfer& transfer, const IniText& project) {
+  std::vector<const Section*> plan = SendPlan(transfer.messages().state().PbxVersion);
+  plan.erase(std::unique(plan.begin(), plan.end()),
+             plan.end());  // one that goes twice goes once when it is compared
+  for (const Section* section : plan) {
+    if (!SendOneCompared(transfer, *section, project)) return false;
+    if (section->moves_bar) transfer.Progress(section->number, kBarEnd);
+  }
+  return true;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,68 @@
+#include "sessions/load_config.h"
+
+#include <string>
+
+#include "sections/registry.h"
+#include "sessions/get_whole.h"
+#include "sessions/log_in.h"
+#include "sessions/open_connection.h"
+#include "sessions/store_loaded.h"
+
+namespace tarvok {
+namespace {
+
+constexpr double kRequestPause_s = 0.1;
+
+bool GetSection(Transfer& transfer, const Section& section) {
+  return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
+                             .pause_s = kRequestPause_s,
+                             .refused = "Request for Get Config Error (RE)",
+                             .getting = "Getting " + std::string(section.name) + "...",
+                             .give_up_words = section.GetFailedText()});
+}
+
+bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
+  const MessageState& state = transfer.messages().state();
+  if (state.ReceivedSize != layout.size) {
+    transfer.log().Line("section " + std::to_string(section.number) + ": " +
+                        std::to_string(state.ReceivedSize) + " bytes came, its size is " +
+                        std::to_string(layout.size));
+  }
+  const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();
+  const ImageReader image(bytes.first(static_cast<std::size_t>(layout.size)));
+  const Status written =
+      transfer.store().Update(transfer.parts().temp_file, [&](IniEdit& edit) { layout.decode(image, edit); });
+  return written.ok() || transfer.Fail(written.message());
+}
+
+bool GetSections(Transfer& transfer) {
+  const int version = transfer.messages().state().PbxVersion;
+  for (const Section* section : ReadPlan(version)) {
+    const Layout* layout = section->LayoutAt(version, Direction::kLoad);
+    if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;
+    transfer.Progress(section->number, kBarEnd);
+  }
+  return true;
+}
+
+bool TellLoad(Transfer& transfer) {
+  if (!OpenConnection(transfer) || !LogIn(transfer, kLoadWords)) return false;
+  const std::int64_t start_ms = transfer.parts().events.Tick_ms();
+  transfer.Progress(0, kBarEnd);
+  if (!GetSections(transfer)) return false;
+  transfer.Progress(kBarEnd, kBarEnd);
+  return EndLoading(transfer, "Get All Config Finished", start_ms);
+}
+
+}  // namespace
+
+bool LoadConfiguration(Transfer& transfer) {
+  if (!transfer.view().Ask(kLoadQuestion) || !DeleteOldTemporary(transfer)) return false;
+  transfer.Begin(TransferDirection::kLoad, "Load Data Config");
+  const bool loaded = TellLoad(transfer);
+  // The line is free while the user thinks about where the project goes.
+  transfer.CleanUp();
+  return loaded && StoreLoaded(transfer);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,123 @@
+#include "sessions/mini_bar_transfer.h"
+
+#include <string>
+#include <vector>
+
+#include "sections/image_writer.h"
+#include "sections/system/mini_bar.h"
+#include "sessions/get_whole.h"
+#include "sessions/log_in.h"
+#include "sessions/open_connection.h"
+#include "sessions/store_loaded.h"
+#include "store/whole_write.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kLowestVersion = 106;
+constexpr int kNoHighestVersion = 65535;
+constexpr std::string_view kSendFailed = "Sending Mini Bar Failed (RE)";
+
+constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
+                                   .lowest_version = kLowestVersion,
+                                   .highest_version = kNoHighestVersion,
+                                   .too_old = "EPROM is old version, Please contact vender for upgrade."};
+
+constexpr LogInWords LoadWords() {
+  LogInWords words = kLoadWords;
+  words.mode = ExchangeMode::kMiniBar;
+  words.lowest_version = kLowestVersion;
+  words.too_old = "Eprom is old version, Please contact vender for upgrade software.";
+  return words;
+}
+
+bool SendRecords(Transfer& transfer) {
+  const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
+  transfer.Start("Sending Mini Bar data...");
+  for (int number = 1; number <= kMiniBarRows; ++number) {
+    ImageWriter record(kMiniBarRecordSize);
+    EncodeMiniBarRecord(*project, number, record);
+    if (!record.ok() || !transfer.messages().SendMiniBar(number - 1, record.bytes())) {
+      transfer.Failed();
+      if (!record.ok()) {
+        transfer.LogLine(record.error());
+        transfer.log().Line(record.error());
+      }
+      return transfer.Fail(kSendFailed);
+    }
+    transfer.Progress(number, kMiniBarRows);
+  }
+  transfer.Finished();
+  return true;
+}
+
+bool TellSend(Transfer& transfer) {
+  if (!OpenConnection(transfer) || !LogIn(transfer, kSendWords) || !SendRecords(transfer)) return false;
+  transfer.LogLine("Send Mini Bar Data Config Finished !!!");
+  return EndSending(transfer, "Set Mode Failed (RE)");
+}
+
+/** A mini bar record as it came. */
+struct Loaded {
+  std::string name;
+  int price = 0;
+};
+
+bool GetRecords(Transfer& transfer, std::vector<Loaded>& records) {
+  for (int number = 1; number <= kMiniBarRows; ++number) {
+    const WholeRequest request = {.ask = [&] { return transfer.messages().GetMiniBar(number - 1); },
+                                  .refused = "Request for Get MiniBar Error (RE)",
+                                  .getting = "Getting MiniBar " + std::to_string(number)};
+    if (!GetWhole(transfer, request)) return false;
+    const MessageState& state = transfer.messages().state();
+    records.push_back({state.MiniBarName, state.MiniBarCount});
+    transfer.Progress(number, kMiniBarRows);
+  }
+  return true;
+}
+
+bool TellLoad(Transfer& transfer) {
+  if (!OpenConnection(transfer) || !LogIn(transfer, LoadWords())) return false;
+  const std::int64_t start_ms = transfer.parts().events.Tick_ms();
+  std::vector<Loaded> records;
+  if (!GetRecords(transfer, records)) return false;
+  const Status stored = transfer.store().Update(transfer.parts().temp_file, [&](IniEdit& edit) {
+    for (int number = 1; number <= kMiniBarRows; ++number) {
+      const Loaded& record = records[static_cast<std::size_t>(number) - 1];
+      DecodeMiniBarRecord(record.name, record.price, number, edit);
+    }
+  });
+  if (!stored.ok()) return transfer.Fail(stored.message());
+  return EndLoading(transfer, "Get All Config Finished.", start_ms);
+}
+
+/** The temporary project begins as the open one: a yes at the end replaces that one whole. */
+bool CopyToTemporary(Transfer& transfer) {
+  FileSystem& files = transfer.store().files();
+  const Result<std::string> open = files.Read(transfer.parts().project_file);
+  if (!open.ok()) return transfer.Fail(open.status().message());
+  const Status copied = WriteWhole(files, transfer.parts().temp_file, open.value());
+  return copied.ok() || transfer.Fail(copied.message());
+}
+
+}  // namespace
+
+bool SendMiniBarList(Transfer& transfer) {
+  if (!transfer.view().Ask("Do you want to send data Mini Bar?")) return false;
+  transfer.Begin(TransferDirection::kWriteMiniBar, "Send Mini Bar");
+  const bool sent = TellSend(transfer);
+  transfer.CleanUp();
+  if (sent) transfer.Box(BoxKind::kInformation, "Send Mini Bar Data Config Finished");
+  return sent;
+}
+
+bool LoadMiniBarList(Transfer& transfer) {
+  if (!transfer.view().Ask(kLoadQuestion)) return false;
+  if (!DeleteOldTemporary(transfer) || !CopyToTemporary(transfer)) return false;
+  transfer.Begin(TransferDirection::kLoad, "Load MiniBar");
+  const bool loaded = TellLoad(transfer);
+  transfer.CleanUp();
+  return loaded && StoreLoaded(transfer);
+}
+
+}  // namespace tarvok

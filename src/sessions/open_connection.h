@@ -1,0 +1,16 @@
+#pragma once
+
+#include "sessions/transfer.h"
+
+namespace tarvok {
+
+/** Opens the way that the project's settings name and tests it: port or socket, link, idle message. False
+ * where the exchange is not reached, after its words; the caller cleans up. */
+bool OpenConnection(Transfer& transfer);
+
+/** Opens the serial port of the settings, without a word; whether it is open. */
+bool OpenSerialPort(Transfer& transfer);
+/** Connects to the address of the settings, with its words. There is no time limit but the system's own. */
+bool OpenSocket(Transfer& transfer);
+
+}  // namespace tarvok

@@ -1,0 +1,141 @@
+#include "sessions/password_form.h"
+
+#include <utility>
+
+#include "sections/registry.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kMostTries = 3;
+constexpr int kCheckInterval_ms = 1000;
+
+/** The mode that a try sets again, by form; a mini bar send from the configuration's form needs the mini
+ * bar's. */
+ExchangeMode ModeOf(const Transfer& transfer) {
+  if (transfer.form() == TransferForm::kBilling) return ExchangeMode::kBilling;
+  const bool mini_bar =
+      transfer.form() == TransferForm::kMiniBar || transfer.direction() == TransferDirection::kWriteMiniBar;
+  return mini_bar ? ExchangeMode::kMiniBar : ExchangeMode::kConfiguration;
+}
+
+std::string_view LastWordsOf(TransferForm form) {
+  switch (form) {
+    case TransferForm::kBilling:
+      return "Password incorrect or level password cannot set billing files.";
+    case TransferForm::kMiniBar:
+      return "Password incorrect or level password cannot set mini bar.";
+    default:
+      return "Password incorrect or level password cannot set config.";
+  }
+}
+
+std::string_view LastWordsOfTimer(TransferForm form) {
+  return form == TransferForm::kBilling ? "Password incorrect or level password cannot set billing."
+                                        : "Password incorrect or level password cannot set config.";
+}
+
+}  // namespace
+
+PasswordForm::PasswordForm(Transfer& transfer) : transfer_(transfer) {
+  transfer_.messages().state().StopOnErrorReply = true;
+  tmrChkResErr_ = transfer_.waits().events().StartTimer(kCheckInterval_ms, [this] { CheckResponseError(); });
+}
+
+PasswordForm::~PasswordForm() {
+  transfer_.waits().events().StopTimer(tmrChkResErr_);
+  transfer_.messages().state().StopOnErrorReply = false;
+}
+
+void PasswordForm::Command1() {
+  if (!open_ || busy_) return;
+  if (!PackPassword(Text1)) {
+    transfer_.Box(BoxKind::kInformation, "Please enter password");
+    return;
+  }
+  if (!NewPasswordsFit()) return;
+  busy_ = true;
+  Check();
+  busy_ = false;
+}
+
+bool PasswordForm::NewPasswordsFit() {
+  for (const NewPassword& level : levels) {
+    if (!chkPSW || !level.chkLV) continue;
+    if (level.password != level.retyped) {
+      transfer_.Box(BoxKind::kInformation, "New password doesn't match");
+      return false;
+    }
+    if (!PackPassword(level.password)) {
+      transfer_.Box(BoxKind::kInformation, "Please input password");
+      return false;
+    }
+  }
+  return true;
+}
+
+void PasswordForm::Check() {
+  ++wrong_tries_;
+  MessageLayer& messages = transfer_.messages();
+  messages.state().ErrorReplyFlag = false;
+  if (!messages.SendSetMode(ModeOf(transfer_))) {
+    transfer_.LogLine("Send set mode (psw)..........................Failed");
+    [[maybe_unused]] const bool failed = transfer_.Fail("Change to set mode failed (RE)");
+    Close(false);
+  } else if (messages.CheckPassword(*PackPassword(Text1))) {
+    SendNewPasswords();
+  } else {
+    messages.state().ErrorReplyFlag = false;  // one refusal is one box and one try
+    WrongPassword(LastWordsOf(transfer_.form()));
+  }
+}
+
+void PasswordForm::SendNewPasswords() {
+  for (std::size_t i = 0; i < levels.size(); ++i) {
+    if (!chkPSW || !levels[i].chkLV) continue;
+    if (transfer_.messages().SendConfig(kPasswordSections[i], *PackPassword(levels[i].password))) continue;
+    if (transfer_.form() == TransferForm::kBilling) {
+      transfer_.LogLine("Update New Password Error. Try again");
+    } else {
+      transfer_.LogLine("Err: Update New Password Error");
+      transfer_.LogLine("Check your connection and try again.");
+    }
+    [[maybe_unused]] const bool failed = transfer_.Fail("Update New Password Error");
+    Close(false);
+    return;
+  }
+  Close(true);
+}
+
+void PasswordForm::WrongPassword(std::string_view last_words) {
+  [[maybe_unused]] const bool failed = transfer_.Fail("Password incorrect");
+  Text1.clear();
+  if (transfer_.waits().aborted()) {
+    Close(false);
+  } else if (wrong_tries_ >= kMostTries) {
+    transfer_.LogLine(last_words);
+    transfer_.LogLine("Please contact vender.");
+    Close(false);
+  }
+}
+
+void PasswordForm::CheckResponseError() {
+  bool& error = transfer_.messages().state().ErrorReplyFlag;
+  if (!open_ || busy_ || !std::exchange(error, false)) return;
+  ++wrong_tries_;
+  WrongPassword(LastWordsOfTimer(transfer_.form()));
+}
+
+void PasswordForm::Command2() {
+  if (!open_ || busy_) return;
+  [[maybe_unused]] const bool failed = transfer_.FailInLog("User cancel");
+  Close(false);
+}
+
+void PasswordForm::Close(bool passed) {
+  passed_ = passed;
+  open_ = false;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "link/password_code.h"
+#include "sessions/transfer.h"
+
+namespace tarvok {
+
+/**
+ * The log-in that every session shows once the exchange was set to a mode. The exchange alone decides;
+ * nothing of a password is stored here. A view fills the fields and calls the handlers until the form has
+ * closed itself.
+ */
+class PasswordForm {
+ public:
+  static constexpr int kLevels = 3;
+
+  /** A new password of a level, typed twice. */
+  struct NewPassword {
+    bool chkLV = false;
+    std::string password;
+    std::string retyped;
+  };
+
+  explicit PasswordForm(Transfer& transfer);
+  ~PasswordForm();
+  PasswordForm(const PasswordForm&) = delete;
+  PasswordForm& operator=(const PasswordForm&) = delete;
+
+  std::string Text1;    // the password, digits only
+  bool chkPSW = false;  // "Change Password"
+  std::array<NewPassword, kLevels> levels;
+
+  /** OK. */
+  void Command1();
+  /** "Cancel", and the window's own close button. */
+  void Command2();
+
+  /** Whether a key may be typed into one of the fields. */
+  static bool Accepts(char key) { return key >= '0' && key <= '9'; }
+
+  bool open() const { return open_; }
+  /** True when the log-in passed. */
+  bool passed() const { return passed_; }
+
+ private:
+  bool NewPasswordsFit();
+  void Check();
+  void SendNewPasswords();
+  void WrongPassword(std::string_view last_words);
+  void CheckResponseError();
+  void Close(bool passed);
+
+  Transfer& transfer_;
+  int wrong_tries_ = 0;
+  bool busy_ = false;  // a try is running; the timer leaves its error to it
+  bool open_ = true;
+  bool passed_ = false;
+  EventServer::TimerId tmrChkResErr_ = 0;
+};
+
+}  // namespace tarvok

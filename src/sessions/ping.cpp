@@ -1,0 +1,60 @@
+#include "sessions/ping.h"
+
+#include <string>
+
+#include "sessions/open_connection.h"
+#include "store/header_keys.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+/** Ids that the settings dialog never wrote. */
+bool IdsAreSet(Transfer& transfer) {
+  constexpr int kNeverSet = 500;
+  const auto is_unset = [&](std::string_view key) {
+    return Val(transfer.store().GetIniValue(transfer.parts().project_file, kHeaderSection, key)) == kNeverSet;
+  };
+  return transfer.settings().dcpu != 1 ||
+         (!is_unset(connection_key::kPbxId) && !is_unset(connection_key::kCardId));
+}
+
+bool OpenLine(Transfer& transfer) {
+  if (transfer.mode() == LinkMode::kSerial) {
+    if (!OpenSerialPort(transfer)) return transfer.Fail("Open COM Port Error");
+  } else if (!OpenSocket(transfer)) {
+    return false;
+  }
+  transfer.line().link().LinkInit(1, 0);
+  if (!UsesFrames(transfer.mode()) || transfer.line().link().LinkEstablish()) return true;
+  return transfer.FailInLog(kNotEstablished);
+}
+
+bool Ping(Transfer& transfer) {
+  if (!OpenLine(transfer)) return false;
+  const std::int64_t start_ms = transfer.parts().events.Tick_ms();
+  if (!transfer.messages().SendIdle()) return transfer.FailInLog("PING TIMEOUT");
+  const std::int64_t took_ms = transfer.parts().events.Tick_ms() - start_ms;
+  transfer.LogLine("Ping reply " + FormatThousandths(took_ms) + " Sec");
+  return true;
+}
+
+}  // namespace
+
+bool PingExchange(Transfer& transfer) {
+  if (!IdsAreSet(transfer)) return transfer.Fail("PBX ID or Card ID didn't set");
+  transfer.BeginQuietly();
+  transfer.LogLine("PING?");
+  bool answered = false;
+  if (transfer.mode() == LinkMode::kModem) {
+    answered = transfer.Fail("This version doesn't support ping by modem");
+  } else {
+    answered = Ping(transfer);
+    const Port* port = transfer.line().line().port();
+    if (!answered && port != nullptr && !port->error().empty()) transfer.LogLine("Err : " + port->error());
+  }
+  transfer.CleanUp();
+  return answered;
+}
+
+}  // namespace tarvok

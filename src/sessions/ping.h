@@ -1,0 +1,11 @@
+#pragma once
+
+#include "sessions/transfer.h"
+
+namespace tarvok {
+
+/** Opens the line, sends one idle message, and says how long the answer took. Not over a modem. Changes
+ * nothing in the exchange. */
+bool PingExchange(Transfer& transfer);
+
+}  // namespace tarvok

@@ -1,0 +1,89 @@
+#include "sessions/port_test.h"
+
+#include "sections/registry.h"
+#include "sessions/open_connection.h"
+#include "store/new_project.h"
+#include "store/whole_write.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kPortSection = 4;
+constexpr std::string_view kSentFile = "temp.txt";
+constexpr std::string_view kGotFile = "TempGet.txt";
+
+bool OpenSerialOnly(Transfer& transfer) {
+  if (transfer.mode() != LinkMode::kSerial) return transfer.Fail(kPortFailed);
+  return OpenConnection(transfer);
+}
+
+bool Send(Transfer& transfer, const std::string& data) {
+  if (!OpenSerialOnly(transfer)) return false;
+  transfer.Start("Sending Port Test...");
+  const std::vector<std::uint8_t> image(data.begin(), data.end());
+  if (!transfer.messages().SendConfig(kPortSection, image)) {
+    transfer.Failed("................................");
+    return transfer.Fail("Send Port Test failed (RE)");
+  }
+  transfer.Finished("................................");
+  return true;
+}
+
+bool Get(Transfer& transfer) {
+  MessageState& state = transfer.messages().state();
+  if (!OpenSerialOnly(transfer)) return false;
+  if (!transfer.messages().SendSetMode(ExchangeMode::kConfiguration)) {
+    return transfer.Fail("Change to set mode failed (RE)");
+  }
+  state.ErrorReplyFlag = false;
+  state.SectionDoneFlag = false;
+  if (!transfer.messages().GetConfig(kPortSection)) return transfer.FailInLog("Get Config Error !!!");
+  transfer.waits().Until([&] { return state.SectionDoneFlag || state.ErrorReplyFlag; },
+                         EventServer::kForever);
+  return state.SectionDoneFlag || transfer.FailInLog("..........................Failed");
+}
+
+bool Store(Transfer& transfer, const std::string& path, std::string_view bytes) {
+  const Status written = WriteWhole(transfer.store().files(), path, bytes);
+  return written.ok() || transfer.Fail(written.message());
+}
+
+}  // namespace
+
+bool SendPortTest(Transfer& transfer, const std::string& folder) {
+  const Result<std::string> data = transfer.store().files().Read(InFolder(folder, kSentFile));
+  if (!data.ok()) return transfer.Fail(data.status().message());
+  if (data.value().size() != kPortTestSize) {
+    return transfer.Fail(std::string(kSentFile) + ": not " + std::to_string(kPortTestSize) + " bytes");
+  }
+  transfer.BeginQuietly();
+  const bool sent = Send(transfer, data.value());
+  transfer.CleanUp();
+  if (sent) transfer.Box(BoxKind::kInformation, "Send Test Port Finish !!!");
+  return sent;
+}
+
+bool GetPortTest(Transfer& transfer, const std::string& folder) {
+  transfer.BeginQuietly();
+  bool got = Get(transfer);
+  if (got) {
+    const auto bytes = transfer.messages().section_image().bytes().first(kPortTestSize);
+    got = Store(transfer, InFolder(folder, kGotFile), std::string(bytes.begin(), bytes.end()));
+  }
+  if (got) transfer.LogLine("Finish !!!");
+  transfer.CleanUp();
+  if (got) transfer.Box(BoxKind::kInformation, "Finish!!!");
+  return got;
+}
+
+bool WritePortTestData(Transfer& transfer, const std::string& folder) {
+  std::string bytes;
+  for (int i = 0; i < kPortTestSize / 4; ++i) {
+    for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(i >> shift & 0xFF);
+  }
+  if (!Store(transfer, InFolder(folder, kSentFile), bytes)) return false;
+  transfer.Box(BoxKind::kInformation, "finish");
+  return true;
+}
+
+}  // namespace tarvok

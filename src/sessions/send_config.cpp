@@ -1,0 +1,99 @@
+#include "sessions/send_config.h"
+
+#include <string>
+
+#include "sections/registry.h"
+#include "sessions/compare_bytes.h"
+#include "sessions/log_in.h"
+#include "sessions/open_connection.h"
+#include "sessions/send_section.h"
+#include "store/header_keys.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+/** How a story ended, as far as its cleaning up differs. */
+enum class End { kDone, kFailed, kFailedSection };
+
+/** Asks, with the compare box, and keeps the box in the project. */
+bool AskBefore(Transfer& transfer) {
+  bool compare = transfer.settings().compare;
+  if (!transfer.view().AskWithCompare("Do you want to send data config?", compare)) return false;
+  transfer.set_compare(compare);
+  const std::string value = compare ? "1" : "";
+  const std::string& project = transfer.parts().project_file;
+  if (transfer.store().GetIniValue(project, kHeaderSection, connection_key::kCompare) == value) return true;
+  const Status stored =
+      transfer.store().SetIniValue(project, kHeaderSection, connection_key::kCompare, value);
+  if (!stored.ok()) transfer.Box(BoxKind::kCritical, stored.message());
+  return true;
+}
+
+bool SendClock(Transfer& transfer) {
+  transfer.Start(kTimeProgress);
+  if (!transfer.messages().SendTime()) {
+    transfer.Failed();
+    return transfer.Fail(kTimeFailed);
+  }
+  transfer.Finished();
+  transfer.Progress(kTimeBar, kBarEnd);
+  return true;
+}
+
+bool SendSections(Transfer& transfer, const IniText& project) {
+  std::vector<std::uint8_t> image;
+  for (const Section* section : SendPlan(transfer.messages().state().PbxVersion)) {
+    if (!SendSection(transfer, *section, project, image)) return false;
+    if (section->moves_bar) transfer.Progress(section->number, kBarEnd);
+  }
+  return true;
+}
+
+void ShowStatistics(Transfer& transfer) {
+  const TransferStatistics& counted = transfer.line().statistics();
+  const std::int64_t ms = counted.SendMilliseconds;
+  const std::int64_t rate = ms == 0 ? 0 : (counted.BytesSent * 1000 + ms / 2) / ms;  // bytes a second
+  transfer.LogLine("Byte Sent = " + std::to_string(counted.BytesSent) + " Bytes");
+  transfer.LogLine("Packat Sent = " + std::to_string(counted.PacketsSent) + " PKTs");
+  transfer.LogLine("Response Error = " + std::to_string(counted.ResponseErrors) + " times");
+  transfer.LogLine("Enquiry = " + std::to_string(counted.EnquiryCount) + " times");
+  transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
+}
+
+End TellSend(Transfer& transfer) {
+  if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
+  transfer.Progress(0, kBarEnd);
+  const bool compare =
+      transfer.settings().compare && transfer.messages().state().PbxVersion >= kLowestComparedVersion;
+  const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
+  if (compare) {
+    if (!SendClock(transfer) || !SendSectionsCompared(transfer, *project)) return End::kFailed;
+  } else if (!SendClock(transfer) || !SendSections(transfer, *project)) {
+    return End::kFailedSection;
+  }
+  transfer.Progress(kBarEnd, kBarEnd);
+  transfer.LogLine("Sending All Data Config Finished !!!");
+  if (!EndSending(transfer, "Set Mode Failed (RE)", "Set Mode to normal ...........................Failed")) {
+    return End::kFailed;
+  }
+  ShowStatistics(transfer);
+  return End::kDone;
+}
+
+}  // namespace
+
+bool SendConfiguration(Transfer& transfer) {
+  if (!AskBefore(transfer)) return false;
+  transfer.Begin(TransferDirection::kWrite, "Send Data Config");
+  const End end = TellSend(transfer);
+  if (end == End::kFailedSection) {
+    transfer.CleanUpKeepingPort();
+  } else {
+    transfer.CleanUp();
+  }
+  if (end == End::kDone) transfer.Box(BoxKind::kInformation, "Send All Data Config Finished");
+  return end == End::kDone;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,40 @@
+#include "sessions/send_section.h"
+
+#include <string>
+
+namespace tarvok {
+namespace {
+
+constexpr int kRouteMap = 8;
+
+bool FailSection(Transfer& transfer, const Section& section, std::string_view dots) {
+  if (section.number == kRouteMap) {
+    transfer.Failed(".............", "Failed (RE)");
+  } else {
+    transfer.Failed(dots);
+  }
+  return transfer.Fail(section.send_failed);
+}
+
+}  // namespace
+
+bool SendSection(Transfer& transfer, const Section& section, const IniText& project,
+                 std::vector<std::uint8_t>& image, std::string_view ok_dots, std::string_view failed_dots) {
+  const Layout* layout = section.LayoutAt(transfer.messages().state().PbxVersion, Direction::kSend);
+  transfer.Start(section.progress);
+  ImageWriter writer(layout->size);
+  layout->encode(project, writer);
+  if (!writer.ok()) {
+    const bool failed = FailSection(transfer, section, failed_dots);
+    transfer.LogLine(writer.error());
+    transfer.log().Line(writer.error());
+    return failed;
+  }
+  image = writer.bytes();
+  if (!transfer.messages().SendConfig(section.number, image))
+    return FailSection(transfer, section, failed_dots);
+  transfer.Finished(ok_dots);
+  return true;
+}
+
+}  // namespace tarvok

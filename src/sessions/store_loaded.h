@@ -1,0 +1,33 @@
+#pragma once
+
+#include "sessions/log_in.h"
+#include "sessions/transfer.h"
+
+namespace tarvok {
+
+inline constexpr std::string_view kLoadQuestion = "Do you want to load data config?";
+inline constexpr std::string_view kReplaceQuestion =
+    "Get All Config Finished.\r\nDo you want to replace current file?";
+inline constexpr std::string_view kFileExists = "File already exist, Do you want to replace?";
+
+/** In which words every session that loads logs in. */
+inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode failed",
+                                          .version_failed_line = "Check version failed.",
+                                          .version_failed_box = "Check version failed",
+                                          .version_line = "Config Version = ",
+                                          .grouped_version = false,
+                                          .too_old = kSoftwareTooOldToLoad,
+                                          .too_new = kSoftwareTooOldToLoad};
+
+/** Removes the temporary project of an earlier load; one that stays is told, and the load does not begin. */
+bool DeleteOldTemporary(Transfer& transfer);
+
+/** The end of a load over the line: its last words, the rate since `start_ms`, the connection keys into the
+ * temporary project, the exchange back to normal, the modem's call ended. */
+bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms);
+
+/** Asks where the loaded project goes and puts it there, by one rename. True where the user wants it nowhere,
+ * too. */
+bool StoreLoaded(Transfer& transfer);
+
+}  // namespace tarvok

@@ -1,0 +1,141 @@
+#include "sessions/transfer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sessions/modem_call.h"
+#include "store/header_keys.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kSecond_ms = 1000;
+
+LinkMode ModeOf(int by) {
+  return by >= 1 && by <= 4 ? static_cast<LinkMode>(by) : LinkMode::kServer;
+}
+
+EmptySpeed SpeedOf(TransferForm form) {
+  return form == TransferForm::kBilling ? EmptySpeed::kShownOnly : EmptySpeed::kWrittenBack;
+}
+
+/** A text of several lines as one. */
+std::string InOneLine(std::string_view text) {
+  std::string line(text);
+  for (std::size_t at = line.find(kLineEnd); at != std::string::npos; at = line.find(kLineEnd)) {
+    line.replace(at, kLineEnd.size(), " ");
+  }
+  return line;
+}
+
+}  // namespace
+
+Transfer::Transfer(const TransferParts& parts, TransferForm form)
+    : parts_(parts), form_(form), waits_(parts.events) {
+  const Status written_back = ReadConnection(parts_.store, parts_.project_file, SpeedOf(form), settings_);
+  if (!written_back.ok()) parts_.log.Line(written_back.message());
+  mode_ = ModeOf(settings_.by);
+  const ExchangeLine::Settings line = {
+      .mode = mode_,
+      .address = {settings_.pbx_id, settings_.card_id, settings_.direct()},
+      .serial_chunk_size = settings_.cut,
+  };
+  line_ = std::make_unique<ExchangeLine>(line, waits_, parts_.log, [this] {
+    return Trim(parts_.store.GetIniValue(parts_.system_file, kHeaderSection, kEstablishKey)) == "1";
+  });
+}
+
+void Transfer::Begin(TransferDirection direction, std::string_view what) {
+  direction_ = direction;
+  BeginQuietly();
+  Log(Heading(what, mode_));
+}
+
+void Transfer::BeginQuietly() {
+  reason_.clear();
+  started_.clear();
+  elapsed_s_ = 0;
+  parts_.view.SetBusy(true);
+  line_->StartPump();
+  elapsed_timer_ = parts_.events.StartTimer(kSecond_ms, [this] { parts_.view.Elapsed(++elapsed_s_); });
+}
+
+void Transfer::EndCounting() {
+  parts_.events.StopTimer(std::exchange(elapsed_timer_, 0));
+  parts_.view.SetBusy(false);
+}
+
+void Transfer::CleanUp() {
+  if (waits_.aborted()) {
+    CleanUpKeepingPort();  // the form that is closing still says its last word over the port
+    return;
+  }
+  line_->Close();
+  EndCounting();
+}
+
+void Transfer::CleanUpKeepingPort() {
+  line_->StopPump();
+  EndCounting();
+}
+
+void Transfer::Unload() {
+  if (UsesSocket(mode_) || !line_->line().IsOpen() || !line_->link().LinkUp()) {
+    line_->Close();
+    return;
+  }
+  waits_.ClearAbort();
+  line_->StartPump();
+  if (messages().SendIdle()) {
+    // Whether the exchange takes it is its own matter: the form goes either way.
+    [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
+  }
+  if (mode_ == LinkMode::kModem) HangUpModem(*line_);
+  line_->Close();
+}
+
+void Transfer::Log(std::string_view text) {
+  if (!waits_.aborted()) parts_.view.Log(text);
+}
+
+void Transfer::LogLine(std::string_view text) {
+  if (!std::exchange(started_, {}).empty()) Log(kLineEnd);
+  Log(std::string(text) + std::string(kLineEnd));
+}
+
+void Transfer::Start(std::string_view text) {
+  started_ = text;
+  Log(text);
+}
+
+void Transfer::Finished(std::string_view dots) {
+  Failed(dots, "OK");
+}
+
+void Transfer::Failed(std::string_view dots, std::string_view words) {
+  const std::string text = std::exchange(started_, {});
+  LogLine((dots.empty() ? Dots(text) : std::string(dots)) + std::string(words));
+}
+
+void Transfer::Box(BoxKind kind, std::string_view text) {
+  if (!waits_.aborted()) parts_.view.Box(kind, text);
+}
+
+void Transfer::Progress(int value, int end) {
+  if (!waits_.aborted()) parts_.view.Progress(value, end);
+}
+
+bool Transfer::Fail(std::string_view box) {
+  reason_ = InOneLine(box);
+  Box(BoxKind::kCritical, box);
+  return false;
+}
+
+bool Transfer::FailInLog(std::string_view line) {
+  reason_ = InOneLine(line);
+  LogLine(line);
+  return false;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tarvok {
+
+/** Names compare without regard to case, by Latin-1 folding. */
+bool SameName(std::string_view a, std::string_view b);
+/** The folded form of a name, equal for all names that are the same. */
+std::string FoldName(std::string_view name);
+
+/** A value as the reader gives it is at most this long; the rest is cut. */
+inline constexpr std::size_t kMaxIniValue = 1999;
+
+/**
+ * The bytes of an INI file with an index over them.
+ *
+ * The first section of a name and the first key in it count. Blanks and tabs around names and values are
+ * dropped, then one pair of equal quotes around a value. A line that starts with ";" is a comment; a line
+ * without "=" is skipped. LF and CR LF both end a line. Nothing is an error: rubbish has no keys. Views stay
+ * valid as long as the object.
+ */
+class IniText {
+ public:
+  struct Key {
+    std::string_view name;
+    std::string_view value;  // cut and unquoted, as Get returns it
+  };
+
+  /** A line as it stands, its line end included. */
+  struct Line {
+    std::string_view text;
+    std::int32_t section = -1;  // index into the sections, -1 in front of the first
+    std::int32_t key = -1;      // index into the keys, -1 for anything but a key
+    bool header = false;
+  };
+
+  explicit IniText(std::string bytes = {});
+  IniText(const IniText&) = delete;
+  IniText& operator=(const IniText&) = delete;
+
+  /** The value, at most kMaxIniValue bytes, cut at its first NUL; "" for a missing section or key. */
+  std::string_view Get(std::string_view section, std::string_view key) const;
+  bool HasKey(std::string_view section, std::string_view key) const;
+  bool HasSection(std::string_view section) const { return FindSection(section) >= 0; }
+  /** The keys of the first section of that name, in file order, each name once. */
+  std::vector<Key> Keys(std::string_view section) const;
+  /** The names of all sections in file order, each spelled as it first stands. */
+  std::vector<std::string_view> Sections() const;
+
+  const std::string& bytes() const { return bytes_; }
+  const std::vector<Line>& lines() const { return lines_; }
+  /** Index of the first section of that name, -1 if there is none. */
+  std::int32_t FindSection(std::string_view section) const;
+  /** Index of the first key of that name in a section, -1 if there is none. */
+  std::int32_t FindKey(std::int32_t section, std::string_view key) const;
+  const Key& key(std::int32_t index) const { return keys_[static_cast<std::size_t>(index)].key; }
+  std::string_view section_name(std::int32_t index) const {
+    return sections_[static_cast<std::size_t>(index)];
+  }
+
+ private:
+  struct StoredKey {
+    Key key;
+    std::int32_t section;
+  };
+
+  struct NameHash {
+    std::size_t operator()(std::string_view name) const;
+  };
+  struct NameEqual {
+    bool operator()(std::string_view a, std::string_view b) const { return SameName(a, b); }
+  };
+
+  void Parse();
+  void AddHeader(std::string_view text, Line& line);
+  void AddKey(std::string_view text, std::size_t equals, Line& line);
+  void GrowSlots();
+  std::size_t SlotOf(std::int32_t section, std::string_view key) const;
+
+  std::string bytes_;
+  std::vector<Line> lines_;
+  std::vector<std::string_view> sections_;
+  std::unordered_map<std::string_view, std::int32_t, NameHash, NameEqual> first_of_name_;
+  std::vector<StoredKey> keys_;
+  std::vector<std::int32_t> slots_;  // open addressing, a power of two, -1 is free
+  std::size_t used_slots_ = 0;
+};
+
+}  // namespace tarvok

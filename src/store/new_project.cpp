@@ -1,0 +1,44 @@
+#include "store/new_project.h"
+
+#include "store/number_text.h"
+#include "store/whole_write.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kCountrySection = "Country";
+constexpr int kCountryDigits = 3;
+
+bool IsCountry(std::string_view section, std::int64_t countries) {
+  const std::int64_t number = Val(section);
+  return number >= 1 && number <= countries && Padded(number, kCountryDigits) == section;
+}
+
+}  // namespace
+
+std::string InFolder(const std::string& folder, std::string_view name) {
+  std::string path = folder;
+  if (!path.empty() && path.back() != '/') path += '/';
+  return path.append(name);
+}
+
+Status NewDefault(ProjectStore& store, const std::string& system_file, const std::string& file) {
+  const Result<std::string> system = store.files().Read(system_file);
+  if (!system.ok()) return {system.status().kind(), std::string(kNoSystemFile)};
+
+  const IniText text(system.value());
+  IniEdit edit(text);
+  const std::int64_t countries = Val(text.Get(kCountrySection, "Cnt"));
+  for (const std::string_view section : text.Sections()) {
+    if (IsCountry(section, countries)) edit.DeleteSection(section);
+  }
+  edit.DeleteSection(kCountrySection);
+
+  const Result<std::unique_ptr<FileLock>> lock = store.files().Lock(file);
+  if (!lock.ok()) return lock.status();
+  const Status written = WriteWhole(store.files(), file, edit.Bytes());
+  if (written.ok()) return written;
+  return {written.kind(), std::string(kNoSystemFile) + "\r\n" + written.message()};
+}
+
+}  // namespace tarvok

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarvok {
+
+/** The text without the blanks at its ends; tabs stay. */
+std::string_view Trim(std::string_view text);
+
+/** How ReadNumber saw a text. */
+struct NumberText {
+  std::int64_t value = 0;  // rounded half to even; at most 10^15 either way
+  bool is_number = false;  // at least one digit was there
+};
+
+/**
+ * Reads a decimal number: blanks are skipped, then an optional sign, digits and one "."; the first other
+ * character ends it. No digit at all gives 0. A fraction is rounded half to even.
+ */
+NumberText ReadNumber(std::string_view text);
+inline std::int64_t Val(std::string_view text) {
+  return ReadNumber(text).value;
+}
+
+/** Reads a decimal number as whole hundredths, rounded half to even on the decimal text: "0.29" is 29. */
+std::int64_t ValHundredths(std::string_view text);
+
+/** Reads the leading hexadecimal digits behind blanks and an optional "&H"; nothing gives 0. At most 10^15.
+ */
+std::int64_t ValHex(std::string_view text);
+
+/** Decimal, padded with zeros to `width` digits and never cut: 7 as "007", 1000 as "1000". */
+std::string Padded(std::int64_t value, int width);
+
+/** Hundredths in the pattern "##0.00": 50 is "0.50", 106 is "1.06". */
+std::string FormatHundredths(std::int64_t hundredths);
+/** Hundredths in the pattern "#,###.00": 50 is ".50", 123456 is "1,234.56". */
+std::string FormatGrouped(std::int64_t hundredths);
+/** Thousandths in the pattern "##0.000": 0 is "0.000", 1042 is "1.042". */
+std::string FormatThousandths(std::int64_t thousandths);
+
+}  // namespace tarvok

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace tarvok {
+
+/** What the frame and the editors share. One instance a program; InitGlobals is its start. */
+struct SharedState {
+  std::string ProjectFile;     // full path of the open project, empty when none is open
+  std::string ActiveFormName;  // what the open editor recorded on loading, empty when none
+  bool DataChanged = false;    // the open editor holds changes that its Save_File has not written
+  bool FormLoading = false;    // the open editor is filling its controls
+  int ClickedNode = 0;         // index of the tree node clicked last; the root is 1, command n is n + 1
+  int PreviousNode = 0;        // index of the highlighted node, 0 for none
+
+  void InitGlobals() { *this = SharedState(); }
+};
+
+}  // namespace tarvok

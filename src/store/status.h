@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace tarvok {
+
+/** Why something failed, as far as a caller acts on it. */
+enum class ErrorKind { kNone, kNotFound, kNoPermission, kNoSpace, kExists, kInputOutput, kBadData };
+
+/** The outcome of what can fail: good, or a kind and one line for a person. It can't be ignored. */
+class [[nodiscard]] Status {
+ public:
+  Status() = default;
+  Status(ErrorKind kind, std::string message) : kind_(kind), message_(std::move(message)) {}
+
+  bool ok() const { return kind_ == ErrorKind::kNone; }
+  ErrorKind kind() const { return kind_; }
+  const std::string& message() const { return message_; }
+
+ private:
+  ErrorKind kind_ = ErrorKind::kNone;
+  std::string message_;
+};
+
+/** A value, or the Status that says why there is none. */
+template <typename T>
+class [[nodiscard]] Result {
+ public:
+  Result(T value) : value_(std::move(value)) {}          // NOLINT(google-explicit-constructor)
+  Result(Status status) : status_(std::move(status)) {}  // NOLINT(google-explicit-constructor)
+
+  bool ok() const { return value_.has_value(); }
+  const Status& status() const { return status_; }
+  T& value() & { return *value_; }
+  const T& value() const& { return *value_; }
+  T&& value() && { return *std::move(value_); }
+
+ private:
+  std::optional<T> value_;
+  Status status_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "store/file_system.h"
+
+namespace tarvok {
+
+/**
+ * The one way in which a file is written: beside the target, flushed, renamed, so that a crash leaves the old
+ * bytes or the new ones. Symbolic links and permissions stay. Where the folder takes no new file, an existing
+ * file is written in place. On an error the target is as it was.
+ */
+Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes);
+
+}  // namespace tarvok

@@ -1,0 +1,232 @@
+#include <gmock/gmock.h>
+
+#include "exchange/blank_images.h"
+#include "tests/exchange/practice_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+constexpr const char* kOk = PracticeBench::kOk;
+constexpr const char* kError = PracticeBench::kError;
+
+TEST(Conversation, AnswersMessagesByteForByte) {
+  PracticeBench bench(Wire::kLan, 106);
+  const std::pair<const char*, const char*> kDialogue[] = {
+      {"12120000", "21000080"},                  // idle, through a link
+      {"12FF0000", "21000080"},                  // idle, direct
+      {"12FF000D", "2100008900"},                // enquiry with nothing under way
+      {"12FF000A01", "21000080"},                // configuration mode
+      {"12FF000CAAAAAA", "21000080"},            // any password, since none is set
+      {"12FF000B", "2100008B6A00"},              // version
+      {"12FF0009123400221126", "21000080"},      // time
+      {"12FF0001001500030012A300", "21000080"},  // section 21, one pack
+      {"12FF00021500",
+       "210000820015000300"
+       "12A300"},
+      {"12FFFF80", ""},                // OK, nothing follows
+      {"12FF000A04", "21000080"},      // mini bar mode
+      {"12FF000C1234FF", "21000080"},  //
+      {"12FF001100FF012000"
+       "41420000000000000000000000000000000000000F27"
+       "00000000000000000000",
+       "21000080"},  // record 511
+      {"12FF0012FF01",
+       "2100008800FF01"
+       "41420000000000000000000000000000000000000F27"},
+      {"12FF000A00", "21000080"},
+  };
+  for (const auto& [sent, answer] : kDialogue) EXPECT_EQ(bench.Ask(sent), answer) << sent;
+  EXPECT_THAT(bench.complaints, IsEmpty());
+  EXPECT_EQ(HexText(*bench.memory.clock()), "123400221126");
+}
+
+TEST(Conversation, RefusesAndSaysWhy) {
+  struct Case {
+    const char* before;  // "" or a mode that is entered with a password
+    const char* message;
+    const char* words;
+  };
+  const Case kCases[] = {
+      {"", "12FF00", "too short"},
+      {"", "13FF0000", "start no message"},
+      {"", "12FF0077", "unknown code"},
+      {"", "12FF0100", "byte 2 is not 0"},
+      {"", "12FF000A", "4 bytes, not 5"},
+      {"", "12FF000000", "5 bytes, not 4"},
+      {"", "12FF000A03", "there is no mode 3"},
+      {"", "12FF000C1234FF", "before a mode is set"},
+      {"", "12FF0009123400221126", "needs mode 1, not 0"},
+      {"4", "12FF00021500", "needs mode 1, not 4"},
+      {"1", "12FF0012FF01", "needs mode 4, not 1"},
+      {"1", "12FF0009243400221126", "byte 0 of the time"},
+      {"1", "12FF0009123A00221126", "byte 1 of the time"},
+      {"1", "12FF00021600", "no section 22 to read"},
+      {"1", "12FF00010016000100AA", "no section 22 at version 110"},
+      {"1", "12FF00010015000200AAAA", "section 21 has 2 bytes, not 3"},
+      {"1", "12FF00010115000300AAAAAA", "first pack with sequence 1, not 0"},
+      {"1", "12FF000E01AA", "next pack without a first"},
+      {"2", "12FF0003000E000100AA", "no billing table 14"},
+      {"2", "12FF00030000010100AA", "sector 1 where sector 0 is due"},
+      {"2", "12FF00030000000000", "a billing sector of 0 bytes"},
+      {"4", "12FF00120002", "no mini bar record 512"},
+  };
+  for (const Case& row : kCases) {
+    SCOPED_TRACE(row.message);
+    PracticeBench bench;
+    if (*row.before != '\0') bench.Enter(*row.before - '0');
+    const std::string answer = bench.Ask(row.message, 2000);
+    const bool is_message = std::string_view(row.message).starts_with("12");
+    EXPECT_EQ(answer, is_message ? kError : "");
+    EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr(row.words)));
+  }
+}
+
+TEST(Conversation, OpensModesByLevel) {
+  LevelPasswords passwords;
+  for (const auto& [level, digits] : {std::pair(1, "123456"), std::pair(2, "12345"), std::pair(3, "1234")}) {
+    passwords.Set(level, PackPassword(digits).value());
+  }
+  // Which modes the packed password opens, in the order 1, 2, 4.
+  const std::pair<const char*, const char*> kCases[] = {
+      {"123456", "yes yes yes"}, {"F12345", "no yes yes"}, {"1234FF", "no no yes"}, {"AAAAAA", "no no no"}};
+  for (const auto& [password, opened] : kCases) {
+    std::string found;
+    for (const int mode : {1, 2, 4}) {
+      PracticeBench bench;
+      bench.memory.AddPasswords(passwords);
+      bench.Ask("12FF000A0" + std::to_string(mode));
+      found += (found.empty() ? "" : " ") +
+               std::string(bench.Ask("12FF000C" + std::string(password)) == kOk ? "yes" : "no");
+    }
+    EXPECT_EQ(found, opened) << password;
+  }
+}
+
+TEST(Conversation, KeepsAPasswordForItsModeOnly) {
+  PracticeBench bench;
+  bench.Enter(1);
+  EXPECT_EQ(bench.Ask("12FF000A01"), kOk);  // the same mode again
+  EXPECT_THAT(bench.SendData(0x01, 29, Hex("654321")), IsEmpty());
+  EXPECT_EQ(HexText(*bench.memory.passwords().Get(1)), "654321");
+  EXPECT_EQ(bench.Ask("12FF000A04"), kOk);
+  EXPECT_EQ(bench.Ask("12FF00120000"), kError);
+  EXPECT_EQ(bench.Ask("12FF000A01"), kOk);
+  EXPECT_EQ(bench.Ask("12FF00021500"), kError);
+  EXPECT_EQ(bench.Ask("12FF000CAAAAAA"), kError);
+  EXPECT_EQ(bench.Ask("12FF000C654321"), kOk);
+}
+
+TEST(Conversation, TakesALongSectionOverTheWrap) {
+  PracticeBench bench;
+  bench.Enter(1);
+  const Bytes image = Pattern(27500);
+  const std::vector<Bytes> packs = PracticeBench::Packs(0x01, 4, image);
+  ASSERT_EQ(packs.size(), 467U);
+  for (std::size_t i = 0; i < packs.size(); ++i) {
+    ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
+    // The lost answer: the pack comes again, and the enquiry names the pack behind it.
+    if (i % 51 == 0) {
+      ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
+      ASSERT_EQ(bench.Ask("12FF000D"), "21000089" + HexText(std::vector{static_cast<std::uint8_t>(i + 1)}))
+          << i;
+    }
+  }
+  EXPECT_EQ(bench.Ask(packs.back()), kOk);
+  EXPECT_EQ(bench.memory.sections()[4], image);
+  EXPECT_THAT(bench.complaints, IsEmpty());
+  EXPECT_EQ(bench.Load(4), image);
+}
+
+TEST(Conversation, KnowsALostPackFromALostAnswer) {
+  PracticeBench bench;
+  bench.Enter(1);
+  const std::vector<Bytes> packs = PracticeBench::Packs(0x01, 1, Pattern(400));
+  EXPECT_EQ(bench.Ask("12FF000D"), "2100008900");  // the first pack was lost: it is due
+  bench.Ask(packs[0]);
+  bench.Ask(packs[1]);
+  EXPECT_EQ(bench.Ask("12FF000D"), "2100008902");
+  EXPECT_EQ(bench.Ask(packs[3]), kError);  // the third was lost
+  EXPECT_EQ(bench.Ask("12FF000D"), "2100008902");
+  Bytes cut = packs[2];
+  cut.pop_back();
+  EXPECT_EQ(bench.Ask(cut, 2000), kError);  // a pack that is not full ends the message
+  EXPECT_EQ(bench.Ask("12FF000D"), "2100008900");
+  EXPECT_EQ(bench.Ask(packs[2]), kError);
+  EXPECT_TRUE(bench.memory.sections().empty());
+  EXPECT_THAT(bench.complaints,
+              ElementsAre(HasSubstr("sequence 3, not 2"), HasSubstr("58 bytes of data, not 59"),
+                          HasSubstr("without a first")));
+}
+
+TEST(Conversation, GivesASectionPackByPackAndEnquiresWhenNoAnswerComes) {
+  PracticeBench bench;
+  bench.Enter(1);
+  const Bytes image = Pattern(400);
+  bench.memory.SetSection(1, image);
+  const std::string first =
+      "21000082000100"
+      "9001" +
+      HexText(std::span(image).first(55));
+  const std::string second = "2100008E01" + HexText(std::span(image).subspan(55, 59));
+  const std::string third = "2100008E02" + HexText(std::span(image).subspan(114, 59));
+  EXPECT_EQ(bench.Ask("12FF00020100"), first);
+  EXPECT_EQ(bench.Ask("12FF00020100"), first);  // the tool asks again
+  EXPECT_EQ(bench.Ask("12FFFF80"), second);
+  bench.came.clear();
+  bench.events.Run(4000);
+  EXPECT_EQ(HexText(bench.came), "2100000D");
+  EXPECT_EQ(bench.Ask("12FFFF8900"), second);  // it was lost
+  bench.events.Run(4000);
+  EXPECT_EQ(bench.Ask("12FFFF8901"), third);  // the tool's answer was lost
+  bench.came.clear();
+  bench.events.Run(16'000);  // three enquiries, then from the start
+  EXPECT_EQ(HexText(bench.came), "2100000D2100000D2100000D" + first);
+  EXPECT_EQ(bench.Ask("12FF0000"), kOk);  // any command ends it
+  bench.came.clear();
+  bench.events.Run(60'000);
+  EXPECT_THAT(bench.came, IsEmpty());
+}
+
+TEST(Conversation, KeepsBillingSectorsInOrder) {
+  PracticeBench bench;
+  bench.Enter(2);
+  const Bytes sector = Pattern(510), last = Pattern(30, 99);
+  const auto number = [](int sector_number) { return 3 + 256 * sector_number; };
+  EXPECT_THAT(bench.SendData(0x03, number(0), sector), IsEmpty());
+  EXPECT_THAT(bench.SendData(0x03, number(1), last), IsEmpty());
+  EXPECT_THAT(bench.SendData(0x03, number(1), last), IsEmpty());  // once more counts once
+  Bytes both = sector;
+  both.insert(both.end(), last.begin(), last.end());
+  EXPECT_EQ(bench.memory.billing()[3].bytes, both);
+  EXPECT_THAT(bench.SendData(0x03, number(3), last), ElementsAre(kError));
+  EXPECT_THAT(bench.SendData(0x03, number(0), last), IsEmpty());
+  EXPECT_EQ(bench.memory.billing()[3].bytes, last);
+}
+
+TEST(Conversation, AnswersInTheLayoutOfItsVersion) {
+  // Bytes of the route map and of the tenants, as they are taken and as they are given.
+  struct Case {
+    int version, map_in, map_out, tenants;
+  };
+  for (const Case& row : {Case{100, 4400, 4400, 64}, Case{101, 4400, 4600, 64}, Case{102, 4600, 4600, 64},
+                          Case{103, 4600, 4600, 256}, Case{110, 4600, 4600, 256}}) {
+    SCOPED_TRACE(row.version);
+    PracticeBench bench(Wire::kLan, row.version);
+    bench.Enter(1);
+    EXPECT_EQ(bench.Load(8).size(), static_cast<std::size_t>(row.map_out));  // the blank one
+    Bytes map = BlankImage(8, row.map_in);
+    map[0] = '*';
+    EXPECT_THAT(bench.SendData(0x01, 8, map), IsEmpty());
+    const Bytes loaded = bench.Load(8);
+    EXPECT_EQ(loaded.size(), static_cast<std::size_t>(row.map_out));
+    EXPECT_EQ(loaded[0], row.version == 101 ? 0x3B : '*');
+    EXPECT_THAT(bench.SendData(0x01, 12, Pattern(static_cast<std::size_t>(row.tenants))), IsEmpty());
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "exchange/hex_text.h"
+#include "exchange/practice_exchange.h"
+#include "tests/hex.h"
+#include "tests/simulation/virtual_events.h"
+#include "tests/simulation/virtual_line.h"
+
+namespace tarvok::test {
+
+/** Bytes that look like no others: position and seed make the value. */
+inline Bytes Pattern(std::size_t size, unsigned seed = 7) {
+  Bytes bytes(size);
+  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 31 + i / 256 + seed);
+  return bytes;
+}
+
+/** A practice exchange with one tool on the line, of which the test is the tool. Time is virtual. */
+class PracticeBench {
+ public:
+  explicit PracticeBench(Wire wire = Wire::kLan, int version = 110, const LineConditions& conditions = {})
+      : memory(version),
+        exchange(events, memory, conditions,
+                 [this](std::string_view line) { complaints.emplace_back(line); }),
+        line_(events),
+        tool(*line_.tool) {
+    tool.set_on_bytes([this](std::span<const std::uint8_t> bytes) {
+      for (const std::uint8_t byte : bytes) came.push_back(byte);
+      arrivals_ms.push_back(events.Tick_ms());
+    });
+    exchange.Accept(std::move(line_.exchange), wire, [this] { ended = true; });
+  }
+
+  /** Sends the bytes and serves events for a while; what came meanwhile, as hexadecimal text. */
+  std::string Ask(const Bytes& bytes, int wait_ms = 10) {
+    came.clear();
+    tool.Send(bytes);
+    events.Run(wait_ms);
+    return HexText(came);
+  }
+  std::string Ask(std::string_view hex, int wait_ms = 10) { return Ask(Hex(hex), wait_ms); }
+
+  /** Sets the mode and gives the password, both good. */
+  void Enter(int mode, std::string_view password = "1234FF") {
+    EXPECT_EQ(Ask("12FF000A0" + std::to_string(mode)), kOk);
+    EXPECT_EQ(Ask("12FF000C" + std::string(password)), kOk);
+  }
+
+  /** The packs of a data message as the tool sends them. */
+  static std::vector<Bytes> Packs(std::uint8_t code, int number, const Bytes& data) {
+    std::vector<Bytes> packs;
+    const auto byte = [](std::size_t value) { return static_cast<std::uint8_t>(value % 256); };
+    Bytes pack = {0x12,
+                  0xFF,
+                  0,
+                  code,
+                  0,
+                  byte(static_cast<std::size_t>(number)),
+                  byte(static_cast<std::size_t>(number) / 256),
+                  byte(data.size()),
+                  byte(data.size() / 256)};
+    for (std::size_t at = 0; packs.empty() || at < data.size();) {
+      while (pack.size() < 64 && at < data.size()) pack.push_back(data[at++]);
+      packs.push_back(pack);
+      pack = {0x12, 0xFF, 0, 0x0E, byte(packs.size())};
+    }
+    return packs;
+  }
+  /** Sends a data message; the replies that were no OK. */
+  std::vector<std::string> SendData(std::uint8_t code, int number, const Bytes& data) {
+    std::vector<std::string> bad;
+    for (const Bytes& pack : Packs(code, number, data)) {
+      if (std::string answer = Ask(pack); answer != kOk) bad.push_back(std::move(answer));
+    }
+    return bad;
+  }
+  /** Reads a section as the tool does. */
+  Bytes Load(int number) {
+    Bytes data;
+    std::string reply = Ask("12FF0002" + HexText(std::vector{static_cast<std::uint8_t>(number)}) + "00");
+    std::size_t header = 9;
+    for (std::size_t size = 1; data.size() < size; reply = Ask("12FFFF80"), header = 5) {
+      const Bytes pack = Hex(reply);
+      if (pack.size() < header) return data;
+      if (header == 9) size = static_cast<std::size_t>(pack[7] + 256 * pack[8]);
+      data.insert(data.end(), pack.begin() + static_cast<std::ptrdiff_t>(header), pack.end());
+    }
+    return data;
+  }
+
+  static constexpr const char* kOk = "21000080";
+  static constexpr const char* kError = "2100008F";
+
+  VirtualEvents events;
+  ExchangeMemory memory;
+  std::vector<std::string> complaints;
+  bool ended = false;
+  Bytes came;
+  std::vector<std::int64_t> arrivals_ms;
+  PracticeExchange exchange;
+
+ private:
+  VirtualLine line_;
+
+ public:
+  VirtualPort& tool;
+};
+
+}  // namespace tarvok::test

@@ -1,0 +1,204 @@
+#include "link/dls_ly2.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "link/line_settings.h"
+#include "tests/sections/coder_case.h"
+#include "tests/simulation/virtual_events.h"
+#include "tests/simulation/virtual_line.h"
+
+namespace tarvok::test {
+namespace {
+
+/** The link with a virtual port below it and its messages and log lines kept. */
+class Link : public ::testing::Test {
+ protected:
+  Link() {
+    log.set_debug(true);
+    line.Take(std::move(ends.tool));
+    link.LinkInit(1, 0);
+  }
+
+  void Feed(std::string_view hex) {
+    for (const std::uint8_t byte : Hex(hex)) link.LinkReceiveByte(byte);
+  }
+  void FeedText(std::string_view text) {
+    for (const char c : text) link.LinkReceiveByte(static_cast<std::uint8_t>(c));
+  }
+  void FeedFrame(const Bytes& data) {
+    for (const std::uint8_t byte : BuildFrame(kExchangeAddress, data)) link.LinkReceiveByte(byte);
+  }
+  /** What was written since the last call. */
+  Bytes Sent() {
+    auto* port = static_cast<VirtualPort*>(line.port());
+    Bytes bytes = port->sent();
+    port->forget_writes();
+    return bytes;
+  }
+  bool Logged(std::string_view text) const { return logged.find(text) != std::string::npos; }
+
+  VirtualEvents events;
+  Waits waits{events};
+  std::string logged;
+  SendLog log{[this](std::string_view text) { logged += text; }};
+  TransferStatistics statistics;
+  ModemReply modem;
+  VirtualLine ends{events};
+  PhysicalLine line{LinkMode::kSerial, 0, log};
+  bool bench = false;
+  std::vector<Bytes> messages;
+  DLS_LY2 link{{line, waits, log, statistics, modem, [this] { return bench; },
+                [this](std::span<const std::uint8_t> m) { messages.emplace_back(m.begin(), m.end()); }}};
+};
+
+TEST_F(Link, EstablishFrameAndItsWait) {
+  EXPECT_FALSE(link.LinkEstablish());
+  EXPECT_EQ(events.Tick_ms(), 3000);
+  EXPECT_EQ(Sent(), Hex("10 02 01 10 03 15"));
+  bench = true;
+  EXPECT_TRUE(link.LinkEstablish());
+  bench = false;
+  events.CallLater(500, [&] { Feed("10 30 10"); });
+  EXPECT_TRUE(link.LinkEstablish());
+  EXPECT_EQ(events.Tick_ms(), 6500);
+  EXPECT_TRUE(link.TxDone());
+}
+
+TEST_F(Link, FramesOfData) {
+  const struct {
+    std::string data;
+    std::string frame;
+  } cases[] = {
+      {"12 FF 00 00", "10 02 01 12 FF 00 00 10 03 2A"},
+      {"10", "10 02 01 10 10 10 03 26"},
+      {"00 00 F8 00", "10 02 01 00 00 F8 00 10 03 11"},
+      {"00 00 F7 00", "10 02 01 00 00 F7 00 10 03 10"},  // a check byte 10 stays single
+  };
+  for (const auto& c : cases) {
+    link.LinkSendData(Hex(c.data));
+    EXPECT_EQ(Sent(), Hex(c.frame)) << c.data;
+  }
+}
+
+TEST_F(Link, AcknowledgesByCountAndDeliversInOrder) {
+  for (int n = 1; n <= 10; ++n) {
+    FeedFrame({0x21, 0, 0, 0x80, static_cast<std::uint8_t>(n), 0x10});
+    EXPECT_EQ(Sent(), Hex(n % 2 == 1 ? "10 30 01" : "10 31 01")) << n;
+  }
+  ASSERT_EQ(messages.size(), 10U);
+  EXPECT_EQ(messages[9], Hex("21 00 00 80 0A 10"));
+  Feed("10 02 10 10 10 03 24");  // Establish from the exchange: the count starts again
+  EXPECT_EQ(Sent(), Hex("10 31 01"));
+  Feed("10 05 10");
+  EXPECT_EQ(Sent(), Hex("10 31 01"));
+  EXPECT_EQ(messages.size(), 10U);
+}
+
+TEST_F(Link, RefusesDamage) {
+  Feed("10 02 10 10 21 00 10 03 00");
+  EXPECT_EQ(Sent(), Hex("10 15 01"));
+  Feed("10 02 01 21 00 10 03 3F");  // the tool's own address: a line in the log, no Nak
+  EXPECT_EQ(Sent(), Bytes{});
+  EXPECT_TRUE(Logged("!Error: invalid address."));
+  Feed("10 03");
+  EXPECT_TRUE(Logged("!ERROR: invalid data packet."));
+  Feed("10 02 10 10 21 10 77");
+  EXPECT_TRUE(Logged("!ERROR: invalid packet."));
+  EXPECT_TRUE(messages.empty());
+  // The machine is idle again: the next frame is taken.
+  FeedFrame(Hex("21 00 00 80"));
+  EXPECT_EQ(messages.size(), 1U);
+}
+
+TEST_F(Link, StopsAtItsLimits) {
+  FeedFrame(Bytes(64, 0x55));
+  EXPECT_EQ(messages.size(), 1U);
+  FeedFrame(Bytes(65, 0x55));
+  EXPECT_TRUE(Logged("!ERROR: packet very long."));
+  EXPECT_EQ(messages.size(), 1U);
+  logged.clear();
+  FeedFrame(Bytes(100, 0x10));  // doubled bytes pass the limit of a frame
+  EXPECT_EQ(messages.size(), 2U);
+  FeedFrame(Bytes(300, 0x10));
+  EXPECT_TRUE(Logged("!ERROR: packet very long."));
+  EXPECT_EQ(messages.size(), 2U);
+}
+
+TEST_F(Link, ChasesAFrameWithSixEnqThenGivesUp) {
+  link.LinkSendData(Hex("12 FF 00 00"));
+  Sent();
+  std::vector<std::int64_t> enq_at;
+  const auto tick = events.StartTimer(10, [&] {
+    link.LinkPoll();
+    if (Sent() == Hex("10 05 01")) enq_at.push_back(events.Tick_ms());
+  });
+  events.Run(10'000);
+  events.StopTimer(tick);
+  EXPECT_EQ(enq_at, (std::vector<std::int64_t>{1010, 2020, 3030, 4040, 5050, 6060}));
+  EXPECT_TRUE(link.TxDone());
+  EXPECT_TRUE(link.TxFailed());
+}
+
+TEST_F(Link, AnswersToAnEnqDecideWhetherTheFrameGoesAgain) {
+  const Bytes frame = BuildFrame(kToolAddress, Hex("12 FF 00 00"));
+  link.LinkSendData(Hex("12 FF 00 00"));  // the first frame: odd
+  Sent();
+  for (int i = 0; i < 10; ++i) Feed("10 31 10");
+  EXPECT_EQ(Sent(), Bytes{});  // no Enq went out: an old Ack means nothing
+  for (int i = 0; i < 102; ++i) link.LinkPoll();
+  EXPECT_EQ(Sent(), Hex("10 05 01"));
+  Feed("10 31 10");
+  EXPECT_EQ(Sent(), frame);
+  Feed("10 31 10");
+  EXPECT_EQ(Sent(), Bytes{});
+  Feed("10 15 10");
+  EXPECT_EQ(Sent(), frame);
+  EXPECT_FALSE(link.TxDone());
+  Feed("10 30 10");
+  EXPECT_TRUE(link.TxDone());
+  EXPECT_TRUE(link.LinkUp());
+  Feed("10 15 10");
+  EXPECT_EQ(Sent(), Bytes{});
+}
+
+TEST_F(Link, ReadsTheModemOutsideOfFrames) {
+  const struct {
+    std::string text;
+    int result;
+  } cases[] = {{"\r\nCONNECT 57600\r", 1},
+               {"\nBUSY\r", 2},
+               {"\nNO CARRIER\r", 3},
+               {"\nNO DIALTONE\r", 4},
+               {"\nOK\r", 5},
+               {"\nRINGING\r", 0},
+               {"OK\r", 0},
+               {"\r", 0},
+               {"\nok\r", 0},
+               {"\nNO CARR\r", 0}};
+  for (const auto& c : cases) {
+    FeedText(c.text);
+    EXPECT_EQ(modem.ModemResult, c.result) << c.text;
+  }
+  EXPECT_EQ(modem.ModemConnectText, "\nCONNECT 57600");
+  FeedFrame(Hex("21 0A 4F 4B 0D"));  // the same letters in a frame are data
+  EXPECT_EQ(modem.ModemResult, 0);
+  FeedText(std::string(5000, 'x'));
+  EXPECT_EQ(link.ModemLine().size(), 1000U);
+}
+
+TEST(LineSettings, FourCommaPartsOrNone) {
+  EXPECT_EQ(ParseLineSettings("9600,n,8,1"), (LineSettings{9600, Parity::kNone, 8, StopBits::kOne}));
+  EXPECT_EQ(ParseLineSettings("57600,E,7,1.5"),
+            (LineSettings{57600, Parity::kEven, 7, StopBits::kOneAndHalf}));
+  for (const char* text :
+       {"9600,n,8,1,n,8,1", "9600,n,81,n,8,1", "9600,n,81", "", ",,,", "x,n,8,1", "9600,m,8,1", "9600,n,9,1",
+        "9600,n,8,3", "0,n,8,1", "9600,n,8,1,", "9600x,n,8,1"}) {
+    EXPECT_EQ(ParseLineSettings(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,323 @@
+#include "link/message_layer.h"
+
+#include <deque>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "link/l3_server.h"
+#include "link/stream_reader.h"
+#include "tests/sections/coder_case.h"
+#include "tests/simulation/virtual_events.h"
+#include "tests/simulation/virtual_line.h"
+
+namespace tarvok::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr MessageVariant kSerialVariant = {"Get config - ", "Get minibar - ", true, true, true, true};
+
+/** A message layer whose replies a test scripts: one entry for each message carried, "" for silence. */
+class Scripted : public MessageLayer {
+ public:
+  Scripted(Parts parts, VirtualEvents& events) : MessageLayer(parts, kSerialVariant), events_(events) {}
+
+  std::deque<std::string> replies;
+  std::vector<Bytes> sent;
+  std::vector<std::int64_t> sent_at;
+
+ private:
+  void Carry(std::span<const std::uint8_t> message) override {
+    sent.emplace_back(message.begin(), message.end());
+    sent_at.push_back(events_.Tick_ms());
+    if (replies.empty()) return;
+    const Bytes reply = Hex(replies.front());
+    replies.pop_front();
+    if (!reply.empty()) events_.CallLater(1, [this, reply] { ReceiveMessage(reply); });
+  }
+
+  VirtualEvents& events_;
+};
+
+class Messages : public ::testing::Test {
+ protected:
+  VirtualEvents events;
+  Waits waits{events};
+  std::string logged;
+  SendLog log{[this](std::string_view text) { logged += text; }};
+  TransferStatistics statistics;
+  Scripted layer{{waits, log, statistics, {1, 2, false}}, events};
+};
+
+constexpr const char* kOk = "21 00 00 80";
+
+TEST_F(Messages, BytesOfTheCommands) {
+  events.set_now({2026, 11, 22, 12, 34, 0});
+  const struct {
+    std::function<bool(MessageLayer&)> send;
+    std::string message;
+    std::string reply;
+  } cases[] = {
+      {[](MessageLayer& m) { return m.SendIdle(); }, "12 12 00 00", kOk},
+      {[](MessageLayer& m) { return m.SendSetMode(ExchangeMode::kMiniBar); }, "12 12 00 0A 04", kOk},
+      {[](MessageLayer& m) { return m.SendTime(); }, "12 12 00 09 12 34 00 22 11 26", kOk},
+      {[](MessageLayer& m) { return m.GetVersion(); }, "12 12 00 0B", "21 00 00 8B 6A 00"},
+      {[](MessageLayer& m) {
+         return m.CheckPassword({0x12, 0x34, 0xFF});
+       },
+       "12 12 00 0C 12 34 FF", kOk},
+      {[](MessageLayer& m) { return m.GetConfig(4); }, "12 12 00 02 04 00",
+       "21 00 00 82 00 04 00 02 00 AA BB"},
+      {[](MessageLayer& m) { return m.SendConfig(40, Hex("01 02")); }, "12 12 00 01 00 28 00 02 00 01 02",
+       kOk},
+      {[](MessageLayer& m) { return m.SendMiniBar(511, Hex("07")); }, "12 12 00 11 00 FF 01 01 00 07", kOk},
+      {[](MessageLayer& m) { return m.SendBillingTable(3, 9, Hex("07")); }, "12 12 00 03 00 03 09 01 00 07",
+       kOk},
+      {[](MessageLayer& m) { return m.GetMiniBar(511); }, "12 12 00 12 FF 01",
+       "21 00 00 88 00 FF 01 41 00*19 07 00"},
+  };
+  for (const auto& c : cases) {
+    layer.sent.clear();
+    layer.replies = {c.reply};
+    EXPECT_TRUE(c.send(layer)) << c.message;
+    ASSERT_FALSE(layer.sent.empty());
+    EXPECT_EQ(layer.sent[0], Hex(c.message));
+  }
+  EXPECT_EQ(layer.state().PbxVersion, 106);
+  EXPECT_EQ(layer.state().MiniBarName, "A");
+  EXPECT_EQ(layer.state().MiniBarCount, 7);
+  events.set_now({2569, 2, 1, 9, 5, 6});  // a Buddhist calendar counts 543 years more
+  layer.sent.clear();
+  layer.replies = {kOk};
+  EXPECT_TRUE(layer.SendTime());
+  EXPECT_EQ(layer.sent[0], Hex("12 12 00 09 09 05 06 01 02 26"));
+}
+
+TEST_F(Messages, ASectionIsCutIntoPacks) {
+  layer.replies = {kOk};
+  EXPECT_TRUE(layer.SendConfig(1, Bytes(55, 7)));
+  ASSERT_EQ(layer.sent.size(), 1U);
+  EXPECT_EQ(layer.sent[0].size(), 64U);
+
+  layer.sent.clear();
+  layer.replies = {kOk, kOk};
+  EXPECT_TRUE(layer.SendConfig(1, Bytes(56, 7)));
+  ASSERT_EQ(layer.sent.size(), 2U);
+  EXPECT_EQ(layer.sent[1], Hex("12 12 00 0E 01 07"));
+  EXPECT_EQ(statistics.PacketsSent, 3);
+  EXPECT_EQ(statistics.BytesSent, 119);
+
+  // 467 packs: the sequence runs through 255 to 0 without a skip.
+  layer.sent.clear();
+  layer.replies.assign(467, kOk);
+  EXPECT_TRUE(layer.SendConfig(4, Bytes(27500, 7)));
+  ASSERT_EQ(layer.sent.size(), 467U);
+  for (std::size_t i = 0; i < layer.sent.size(); ++i) EXPECT_EQ(layer.sent[i][4], i % 256);
+}
+
+TEST_F(Messages, AFullPackIsRecoveredByEnquiry) {
+  const struct {
+    const char* what;
+    int packs_before;                  // answered ones
+    std::vector<std::string> replies;  // from the pack in question on
+    bool result;
+    int sent;  // messages from that pack on
+    const char* log;
+  } cases[] = {
+      {"lost reply", 3, {"", "21 00 00 89 04", kOk}, true, 3, "Seq OK, Rev = 4, Send = 3"},
+      {"lost pack", 4, {"", "21 00 00 89 04", kOk, kOk}, true, 4, "Send = 4Send again"},
+      {"conflict", 10, {"", "21 00 00 89 0D"}, false, 2, "Seq conflict, Rev = 13, Send = 10"},
+      {"conflict in the first pack", 0, {"", "21 00 00 89 03", kOk, kOk}, true, 4, "First pack Send again"},
+      {"lost reply at the wrap", 255, {"", "21 00 00 89 00", kOk}, true, 3, "Seq OK, Rev = 0, Send = 255"},
+      {"no answer to three enquiries", 1, {"", "", "", ""}, false, 4, "Send Enquiry Seq : 3"},
+      {"error reply to a full pack is ignored",
+       1,
+       {"21 00 00 8F", "21 00 00 89 02", kOk},
+       true,
+       3,
+       "Ack Error Command"},
+      {"three tries",
+       1,
+       {"", "21 00 00 89 01", "", "21 00 00 89 01", "", "21 00 00 89 01"},
+       false,
+       6,
+       "Send again"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    logged.clear();
+    layer.sent.clear();
+    layer.replies.assign(static_cast<std::size_t>(c.packs_before), kOk);
+    layer.replies.insert(layer.replies.end(), c.replies.begin(), c.replies.end());
+    const Bytes image(static_cast<std::size_t>(59 * (c.packs_before + 1)),
+                      7);  // one full pack more, then a short one
+    EXPECT_EQ(layer.SendConfig(1, image), c.result);
+    EXPECT_EQ(static_cast<int>(layer.sent.size()) - c.packs_before, c.sent);
+    EXPECT_NE(logged.find(c.log), std::string::npos) << logged;
+  }
+}
+
+TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
+  layer.replies = {"21 00 00 8F", "21 00 00 8F", kOk};
+  EXPECT_TRUE(layer.SendIdle());
+  EXPECT_EQ(layer.sent_at, (std::vector<std::int64_t>{0, 3000, 6000}));
+  EXPECT_EQ(statistics.ResponseErrors, 2);
+  EXPECT_EQ(statistics.EnquiryCount, 0);
+
+  layer.sent_at.clear();
+  EXPECT_FALSE(layer.SendIdle());
+  EXPECT_EQ(layer.sent_at.size(), 3U);
+
+  layer.sent_at.clear();
+  layer.state().StopOnErrorReply = true;
+  layer.replies = {"21 00 00 8F", kOk};
+  const std::int64_t start = events.Tick_ms();
+  EXPECT_FALSE(layer.CheckPassword({1, 2, 3}));
+  EXPECT_EQ(layer.sent_at.size(), 1U);
+  EXPECT_EQ(events.Tick_ms() - start, 3000);
+}
+
+TEST_F(Messages, ReceivesASectionWithinItsBounds) {
+  layer.replies = {"21 00 00 82 00 04 00 40 00 01*55"};
+  ASSERT_TRUE(layer.GetConfig(4));
+  EXPECT_FALSE(layer.state().SectionDoneFlag);
+  EXPECT_EQ(layer.MissingBytes(), 9);
+  layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
+  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_EQ(layer.sent.back(), Hex("12 12 00 80"));
+  EXPECT_EQ(layer.section_image().bytes()[54], 1);
+  EXPECT_EQ(layer.section_image().bytes()[55], 2);
+  EXPECT_EQ(statistics.BytesReceived, 64 + 9);  // the declared size and every later pack once more
+  layer.ReceiveMessage(Hex("21 00 00 0D"));
+  EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
+
+  // Another section than asked is an error reply, and its packs are dropped.
+  layer.replies = {"21 00 00 82 00 05 00 40 00 01*55", "", ""};
+  EXPECT_FALSE(layer.GetConfig(6));
+  const std::size_t sent = layer.sent.size();
+  layer.ReceiveMessage(Hex("21 00 00 8E 02 02*9"));
+  EXPECT_EQ(layer.sent.size(), sent);
+
+  // A size that claims the most: bytes behind the end of memory are counted, not kept.
+  layer.replies = {"21 00 00 82 00 07 00 FF FF 03*55"};
+  ASSERT_TRUE(layer.GetConfig(7));
+  EXPECT_EQ(layer.section_image().bytes()[55], 0);  // nothing of the section before is left
+  for (int i = 0; i < 1200; ++i) layer.ReceiveMessage(Hex("21 00 00 8E 00 04*59"));
+  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_EQ(layer.section_image().bytes()[50000], 4);
+}
+
+TEST_F(Messages, DropsWhatIsNone) {
+  for (const char* hex :
+       {"", "21", "21 00 00", "22 00 00 80", "21 01 00 80", "21 01 00 8F", "21 00 00 89", "21 00 00 8B 6A",
+        "21 00 00 82 00 01 00 01", "21 00 00 88 00*24", "21 00 00 84 00", "21 00 00 8E", "21 00 00 77"}) {
+    layer.ReceiveMessage(Hex(hex));
+  }
+  const MessageState& state = layer.state();
+  EXPECT_FALSE(state.ReplyOkFlag || state.ErrorReplyFlag || state.SeqReplyFlag || state.VersionFlag ||
+               state.ConfigFlag);
+  EXPECT_FALSE(state.MiniBarFlag || state.SectionDoneFlag);
+  EXPECT_TRUE(layer.sent.empty());
+  layer.ReceiveMessage(Hex("21 00 00 8E 05 01"));  // no section in progress: its sequence is kept, no reply
+  EXPECT_EQ(state.LastReceivedSeq, 5);
+  EXPECT_TRUE(layer.sent.empty());
+}
+
+TEST_F(Messages, AbortEndsEveryWait) {
+  events.CallLater(1234, [&] { waits.Abort(); });
+  EXPECT_FALSE(layer.SendConfig(1, Bytes(100, 1)));
+  EXPECT_EQ(events.Tick_ms(), 1234);
+  EXPECT_FALSE(layer.SendIdle());
+  EXPECT_EQ(events.Tick_ms(), 1234);
+}
+
+TEST(L3Server, PacksEveryMessageInto129Bytes) {
+  VirtualEvents events;
+  Waits waits(events);
+  std::string logged;
+  SendLog log([&](std::string_view text) { logged += text; });
+  TransferStatistics statistics;
+  VirtualLine ends(events);
+  VirtualPort& port = *ends.tool;
+  PhysicalLine line(LinkMode::kServer, 0, log);
+  line.Take(std::move(ends.tool));
+  L3Server server({waits, log, statistics, {1, 2, false}}, line);
+  EXPECT_FALSE(server.SendIdle());
+  ASSERT_EQ(port.writes().size(), 3U);
+  EXPECT_EQ(port.writes()[0], Hex("21 12 00 01 04 12 12 00 00 00*120"));
+  EXPECT_NE(logged.find("Send : 0\r\nData Out = 18-18-0-0-\r\n"), std::string::npos);
+  // A record of the mini bar is awaited by a flag that its reply does not raise.
+  events.CallLater(10, [&] { server.ReceiveServerMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
+  EXPECT_FALSE(server.GetMiniBar(0));
+  EXPECT_TRUE(server.state().SectionDoneFlag);
+}
+
+/** What a reader finds when the reads come one after the other, `pause_ms` apart. */
+template <typename Reader>
+std::vector<Bytes> Found(Reader& reader, const std::vector<std::string>& reads, std::int64_t pause_ms = 1) {
+  std::vector<Bytes> found;
+  std::int64_t tick_ms = 0;
+  for (const std::string& read : reads) {
+    reader.Feed(Hex(read), tick_ms += pause_ms, [&](auto m) { found.emplace_back(m.begin(), m.end()); });
+  }
+  return found;
+}
+
+TEST(LanReader, CutsTheStreamIntoMessages) {
+  const struct {
+    std::vector<std::string> reads;
+    std::vector<std::string> messages;
+    std::int64_t pause_ms = 1;
+  } cases[] = {
+      {{"21 00 00 80"}, {"21 00 00 80"}},
+      {{"21", "00 00", "80"}, {"21 00 00 80"}},
+      {{"21", "00 00 80"}, {}, 1001},
+      {{"21 00 00 80 21 00 00 89 05"}, {"21 00 00 80", "21 00 00 89 05"}},
+      {{"21 00 00 80 21"}, {"21 00 00 80"}},
+      {{"21 00 00 80 07"}, {"21 00 00 80 07"}},
+      {{"55 21 00 00 80"}, {}},
+      {{"21 00 00 82 00 01 00 02 00 AA", "BB"}, {"21 00 00 82 00 01 00 02 00 AA BB"}},
+      {{"21 00 00 82 00 01 00 FF FF 01*54", "01"}, {"21 00 00 82 00 01 00 FF FF 01*55"}},
+      {{"21 00 00 8E 01 21 00", "21"}, {"21 00 00 8E 01 21 00 21"}},
+      {{"21 00 00 77 01 02 03"}, {"21 00 00 77 01 02 03"}},
+  };
+  for (const auto& c : cases) {
+    LanReader reader([] { return 3; });
+    std::vector<Bytes> expected;
+    for (const std::string& message : c.messages) expected.push_back(Hex(message));
+    EXPECT_EQ(Found(reader, c.reads, c.pause_ms), expected) << c.reads[0];
+  }
+}
+
+TEST(ServerReader, TakesPacketsApart) {
+  const std::string ok = "00 00 00 00 11 00 00 04 21 00 00 80";
+  const std::string block = ok + " 00*116";
+  const struct {
+    std::vector<std::string> reads;
+    std::size_t messages;
+    std::int64_t pause_ms = 1;
+  } cases[] = {
+      {{ok}, 1},
+      {{ok + " " + ok}, 2},
+      {{block}, 1},
+      {{block + " 00"}, 0},        // 129 bytes
+      {{block + " " + block}, 2},  // two blocks of 128
+      {{ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " +
+        ok + " " + ok},
+       11},
+      {{"00 00 00 00 12 00 00 04 21 00 00 80"}, 0},
+      {{"00 00 00 00 11 00 00 41 21*65"}, 0},
+      {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1},
+      {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 0, 1001},
+      {{"00", "00 00 00 11 00", "00 04 21 00 00", "80"}, 1},
+      {{block, ok, block}, 3},
+  };
+  for (const auto& c : cases) {
+    ServerReader reader;
+    EXPECT_EQ(Found(reader, c.reads, c.pause_ms).size(), c.messages) << c.reads[0];
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

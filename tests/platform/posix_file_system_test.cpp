@@ -1,0 +1,102 @@
+#include "platform/posix_file_system.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/log_file.h"
+#include "store/project_store.h"
+
+namespace tarvok::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Files : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "tarvok-files-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  static void Write(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+  static std::string Read(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  static mode_t Mode(const std::string& path) {
+    struct stat info {};
+    ::stat(path.c_str(), &info);
+    return info.st_mode & 07777;
+  }
+
+  fs::path folder_;
+  PosixFileSystem files_;
+  ProjectStore store_{files_};
+};
+
+TEST_F(Files, ASaveKeepsLinkAndPermissions) {
+  Write(Path("real.tvk"), "[a]\nk=1\n");
+  ::chmod(Path("real.tvk").c_str(), 0640);
+  fs::create_symlink("real.tvk", Path("link.tvk"));
+  EXPECT_TRUE(store_.SetIniValue(Path("link.tvk"), "a", "k", "2").ok());
+  EXPECT_TRUE(fs::is_symlink(Path("link.tvk")));
+  EXPECT_EQ(Read(Path("real.tvk")), "[a]\nk=2\n");
+  EXPECT_EQ(Mode(Path("real.tvk")), 0640U);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 2);
+}
+
+TEST_F(Files, AChangeInTheSameMomentIsSeen) {
+  const std::string path = Path("p.tvk");
+  for (int i = 0; i < 50; ++i) {
+    const std::string value = std::to_string(i % 10);
+    Write(path, "[a]\nk=" + value + "\n");  // same name, same size, within the clock's grain
+    ASSERT_EQ(store_.GetIniValue(path, "a", "k"), value);
+  }
+}
+
+TEST_F(Files, ErrorsSayWhyAndChangeNothing) {
+  fs::create_directory(Path("folder.tvk"));
+  EXPECT_FALSE(store_.SetIniValue(Path("folder.tvk"), "a", "k", "1").ok());
+  EXPECT_TRUE(fs::is_directory(Path("folder.tvk")));
+  const Status missing = store_.SetIniValue(Path("none/p.tvk"), "a", "k", "1");
+  EXPECT_EQ(missing.kind(), ErrorKind::kNotFound);
+  EXPECT_NE(missing.message().find("No such file"), std::string::npos);
+  EXPECT_FALSE(files_.Read("/dev/zero").ok());
+}
+
+TEST_F(Files, TwoWritersLoseNoKey) {
+  const std::string path = Path("p.tvk");
+  PosixFileSystem other_files;
+  ProjectStore other(other_files);
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_TRUE(store_.SetIniValue(path, "a", "x" + std::to_string(i), "1").ok());
+    EXPECT_TRUE(other.SetIniValue(path, "a", "y" + std::to_string(i), "1").ok());
+  }
+  EXPECT_EQ(IniText(Read(path)).Keys("a").size(), 40U);
+}
+
+TEST_F(Files, ALogStartsAnewForItsUserAlone) {
+  Write(Path("send.log"), "old and longer");
+  ::chmod(Path("send.log").c_str(), 0666);
+  {
+    LogFile log;
+    ASSERT_TRUE(log.Open(Path("send.log")).ok());
+    log.Write("new\r\n");
+  }
+  EXPECT_EQ(Read(Path("send.log")), "new\r\n");
+  EXPECT_EQ(Mode(Path("send.log")), 0600U);
+  LogFile none;
+  EXPECT_FALSE(none.Open(Path("none/send.log")).ok());
+  none.Write("goes nowhere");
+}
+
+}  // namespace
+}  // namespace tarvok::test

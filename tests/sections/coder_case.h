@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "sections/image_reader.h"
+#include "sections/image_writer.h"
+#include "sections/registry.h"
+#include "tests/hex.h"
+
+namespace tarvok::test {
+
+/** The image of a project given as INI text; the encoder's error, if any, is in the writer. */
+inline ImageWriter Encoded(Encoder encode, int size, const std::string& project) {
+  const IniText text(project);
+  ImageWriter image(size);
+  encode(text, image);
+  return image;
+}
+
+/** `count` bytes of the image from `at`. */
+inline std::vector<std::uint8_t> Part(const ImageWriter& image, int at, int count) {
+  return {image.bytes().begin() + at, image.bytes().begin() + at + count};
+}
+
+/** What a decoder makes of an image in a project given as INI text. */
+inline IniText Decoded(Decoder decode, const std::vector<std::uint8_t>& image,
+                       const std::string& project = {}) {
+  const IniText base(project);
+  IniEdit edit(base);
+  decode(ImageReader(image), edit);
+  return IniText(edit.Bytes());
+}
+
+/** An image of one byte everywhere but for a part. */
+inline std::vector<std::uint8_t> ImageWith(int size, std::uint8_t fill, int at,
+                                           const std::vector<std::uint8_t>& part) {
+  std::vector<std::uint8_t> image(static_cast<std::size_t>(size), fill);
+  std::copy(part.begin(), part.end(), image.begin() + at);
+  return image;
+}
+
+}  // namespace tarvok::test

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "tests/sections/coder_case.h"
+
+namespace tarvok::test {
+
+inline const std::string kTooLarge = " is more than its place on the wire can hold";
+inline const std::string kNegative = " is negative";
+inline const std::string kNotDialled = " holds a character that can't be dialled";
+
+/** Expects the bytes `expected` at `at` in the image of a project, or the error that an encoder gives in
+ * their place: an expectation that begins with "section". */
+inline void ExpectImage(Encoder encode, int size, const std::string& project, int at,
+                        const std::string& expected) {
+  SCOPED_TRACE(project);
+  const ImageWriter image = Encoded(encode, size, project + "\n");
+  if (expected.starts_with("section ")) {
+    EXPECT_EQ(image.error(), expected);
+    return;
+  }
+  EXPECT_EQ(image.error(), "");
+  const std::vector<std::uint8_t> bytes = Hex(expected);
+  EXPECT_EQ(Part(image, at, static_cast<int>(bytes.size())), bytes);
+}
+
+}  // namespace tarvok::test

@@ -1,0 +1,89 @@
+#include "sections/system/billing_mode.h"
+
+#include "tests/sections/ports/wire_case.h"
+
+namespace tarvok::test {
+namespace {
+
+const std::pair<Encoder, Decoder> kForms[] = {
+    {EncodeBilling1, DecodeBilling1}, {EncodeBilling2, DecodeBilling2}, {EncodeBilling3, DecodeBilling3}};
+
+TEST(BillingMode, Images) {
+  const struct {
+    std::string keys;
+    std::string images[3];
+  } cases[] = {
+      {"", {"FF*40", "FF*40", "FF*40"}},
+      {"CCode=007", {"FF*40", "FF*40", "FF*40"}},
+      {"Billing=02|1|0|1|0|10.00|1.5|655.35|7|8|9|655|0.29|11|1.5|12|13|14|15|16|17|18|1|2.50|1\nCCode=007",
+       {"02 00 01 00 01 00 E8 03 96 00 FF FF 07 08 09 DC FF 1D 00 96 00 0E 0F 10 11 12 07 00*13",
+        "02 00 01 00 01 00 E8 03 96 00 FF FF 07 08 09 DC FF 1D 00 96 00 0E 0F 10 11 12 07 01 00*12",
+        "02 00 01 00 01 00 E8 03 96 00 FF FF 07 08 09 DC FF 1D 00 0B 02 0E 0F 10 11 12 07 01 FA 00 01 00*9"}},
+      // "F": the local code and bytes are unset, an amount is 0. A short row ends in fields that are not set.
+      {"Billing=F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
+       {"FF*6 00*6 FF*3 00*6 FF*5 01 00*13", "FF*6 00*6 FF*3 00*6 FF*5 01 FF 00*12",
+        "FF*6 00*6 FF*3 00*4 FF*2 FF*5 01 FF 00 00 FF 00*9"}},
+      {"Billing=01",
+       {"01 00 FF*4 00*6 FF*3 00*6 FF*5 01 00*13", "01 00 FF*4 00*6 FF*3 00*6 FF*5 01 FF 00*12",
+        "01 00 FF*4 00*6 FF*3 00*4 FF*2 FF*5 01 FF 00 00 FF 00*9"}},
+      // The rates that 16 bits can't hold go out as 0, from 655.35 on; whole numbers are rounded half to
+      // even.
+      {"Billing=300|0|0|0|0|0|0|0|2.5|3.5|0|655.34|655.35|0|700|0|0|0|0|0|0|0|0|655.35|0\nCCode=255",
+       {"2C 01 00*10 02 04 00 FE FF 00 00 00 00 00*5 FF 00*13",
+        "2C 01 00*10 02 04 00 FE FF 00 00 00 00 00*5 FF 00*13",
+        "section SystemConfig, row Billing, field Charge Expand: value 700" + kTooLarge}},
+  };
+  for (const auto& c : cases) {
+    for (std::size_t form = 0; form < 3; ++form)
+      ExpectImage(kForms[form].first, 40, "[SystemConfig]\n" + c.keys, 0, c.images[form]);
+  }
+}
+
+TEST(BillingMode, Errors) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"Billing=65536", "Billing, field Local Code: value 65536" + kTooLarge},
+      {"Billing=1|0|0|0|0|655.36", "Billing, field Long Distance Charge %: value 655.36" + kTooLarge},
+      {"Billing=1|0|0|0|0|0|0|-1", "Billing, field Mobile Charge %: value -1" + kNegative},
+      {"Billing=1|0|0|0|0|0|0|0|256", "Billing, field Long Distance Charge: value 256" + kTooLarge},
+      {"Billing=1|0|0|0|0|0|0|0|0|0|0|0|0|0|700", "Billing, field Charge Expand: value 700" + kTooLarge},
+      {"Billing=1\nCCode=256", "CCode, field Country: value 256" + kTooLarge},
+  };
+  for (const auto& [keys, error] : cases)
+    ExpectImage(EncodeBilling3, 40, "[SystemConfig]\n" + keys, 0, "section SystemConfig, row " + error);
+}
+
+TEST(BillingMode, ValuesOfAnImage) {
+  const struct {
+    std::string image;
+    std::string values[3];
+    std::string country;
+  } cases[] = {
+      {"02 00 01 00 01 00 E8 03 96 00 FF FF 07 08 09 DC FF 1D 00 0B 02 0E 0F 10 11 12 07 01 FA 00 01 00*9",
+       {"02|1|0|1|0|10.00|1.50|655.35|7|8|9|655.00|0.29|0|5.23|0|0|14|15|16|17|18|0|0|0",
+        "02|1|0|1|0|10.00|1.50|655.35|7|8|9|655.00|0.29|0|5.23|0|0|14|15|16|17|18|1|0|0",
+        "02|1|0|1|0|10.00|1.50|655.35|7|8|9|655.00|0.29|11|2|0|0|14|15|16|17|18|1|2.50|1"},
+       "007"},
+      {"FF*40",
+       {"F|F|F|F|F|655.35|655.35|655.35|F|F|F|655.35|655.35|0|655.35|0|0|F|F|F|F|F|0|0|0",
+        "F|F|F|F|F|655.35|655.35|655.35|F|F|F|655.35|655.35|0|655.35|0|0|F|F|F|F|F|F|0|0",
+        "F|F|F|F|F|655.35|655.35|655.35|F|F|F|655.35|655.35|F|F|0|0|F|F|F|F|F|F|655.35|F"},
+       "255"},
+      {"05 FF",
+       {"65285|0|0|0|0|0.00|0.00|0.00|0|0|0|0.00|0.00|0|0.00|0|0|0|0|0|0|0|0|0|0",
+        "65285|0|0|0|0|0.00|0.00|0.00|0|0|0|0.00|0.00|0|0.00|0|0|0|0|0|0|0|0|0|0",
+        "65285|0|0|0|0|0.00|0.00|0.00|0|0|0|0.00|0.00|0|0|0|0|0|0|0|0|0|0|0.00|0"},
+       "000"},
+  };
+  for (const auto& c : cases) {
+    for (std::size_t form = 0; form < 3; ++form) {
+      const IniText project =
+          Decoded(kForms[form].second, Hex(c.image), "[SystemConfig]\nCCode=001\nPbx=1\n");
+      EXPECT_EQ(project.Get("SystemConfig", "Billing"), c.values[form]) << c.image << " in form " << form + 1;
+      EXPECT_EQ(project.Get("SystemConfig", "CCode"), c.country);
+      EXPECT_EQ(project.Keys("SystemConfig").size(), 3U);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

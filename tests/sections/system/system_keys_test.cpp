@@ -1,0 +1,82 @@
+#include "sections/system/mini_bar.h"
+#include "sections/system/pbx_ip.h"
+#include "sections/system/run_script.h"
+#include "sections/system/system_numbers.h"
+#include "tests/sections/ports/wire_case.h"
+
+namespace tarvok::test {
+namespace {
+
+void EncodeFirstItem(const IniText& project, ImageWriter& image) {
+  EncodeMiniBarRecord(project, 1, image);
+}
+
+TEST(SystemKeys, Images) {
+  const struct {
+    Encoder encode;
+    int size;
+    std::string project;
+    std::string image;
+  } cases[] = {
+      {EncodeVMNumber, 3, "", "00*3"},
+      {EncodeVMNumber, 3, "[SystemConfig]\nVMNum=1203\nRecNum=9", "12 A3 00"},
+      {EncodeVMNumber, 3, "[SystemConfig]\nVMNum=12*",
+       "section SystemConfig, row VMNum, field Number: value 12*" + kNotDialled},
+      {EncodeRecordNumber, 3, "[SystemConfig]\nVMNum=1203\nRecNum=1234567", "12 34 56"},
+      {EncodeRecordNumber, 3, "[SystemConfig]\nRecNum=F", "00*3"},
+      {EncodeCardPortVM, 2, "", "FF FF"},
+      {EncodeCardPortVM, 2, "[SystemConfig]\nCard=13\nPort=F", "0D FF"},
+      {EncodeCardPortVM, 2, "[SystemConfig]\nport=256",
+       "section SystemConfig, row port, field Port: value 256" + kTooLarge},
+      {EncodeRunScript, 40, "", "FF*40"},
+      {EncodeRunScript, 40, "[RunScript]\ndata=1|510|F|0|x|256|65535|9",
+       "00 00 FD 01 FF*6 FF 00 FE FF FF*26"},
+      {EncodeRunScript, 40, "[RunScript]\nData=F|65536",
+       "section RunScript, row Data, field Help: value 65536" + kTooLarge},
+      {EncodePbxIp, 6, "", "00*6"},
+      {EncodePbxIp, 6, "[IP]\nIP=192|168|10|254|\nMAC=1a|F|", "0F 1A C0 A8 0A FE"},
+      {EncodePbxIp, 6, "[IP]\nIP=1|256", "section IP, row IP, field IP 2: value 256" + kTooLarge},
+      {EncodePbxIp, 6, "[IP]\nMAC=100|1", "section IP, row MAC, field MAC 1: value 100" + kTooLarge},
+      {EncodeFirstItem, 32, "", "00*32"},
+      {EncodeFirstItem, 32, "[MINIBAR]\n001=Cola 0.3|9999|", "43 6F 6C 61 20 30 2E 33 00*12 0F 27 00*10"},
+      {EncodeFirstItem, 32, "[MiniBar]\n001=F|300", "00*20 2C 01 00*10"},
+      {EncodeFirstItem, 32, "[MiniBar]\n001=aaaaaaaaaaaaaaaaaaaabb|F|", "61*20 00*12"},
+      {EncodeFirstItem, 32, "[MiniBar]\n001=A|65536|",
+       "section MiniBar, row 001, field Price: value 65536" + kTooLarge},
+  };
+  for (const auto& c : cases) ExpectImage(c.encode, c.size, c.project, 0, c.image);
+}
+
+TEST(SystemKeys, KeysOfAnImage) {
+  const struct {
+    Decoder decode;
+    std::string image;
+    std::string keys;
+  } cases[] = {
+      {DecodeVMNumber, "12 A3 00", "[SystemConfig]\r\nVMNum=1203\r\n"},
+      {DecodeVMNumber, "00*3", "[SystemConfig]\r\nVMNum=\r\n"},
+      {DecodeVMNumber, "0A 05 67", "[SystemConfig]\r\nVMNum=0567\r\n"},
+      {DecodeRecordNumber, "12 00 34", "[SystemConfig]\r\nRecNum=12\r\n"},
+      {DecodeRecordNumber, "FF*3", "[SystemConfig]\r\nRecNum=FFFFFF\r\n"},
+      {DecodeCardPortVM, "0D FF", "[SystemConfig]\r\ncard=13\r\nport=F\r\n"},
+      {DecodeRunScript, "FF*40", "[RunScript]\r\nData=\r\n"},
+      {DecodeRunScript, "00 00 FD 01 FF*6 FF 00 05 FF 00*26",
+       "[RunScript]\r\nData=1|510|F|F|F|256|65286|\r\n"},
+      {DecodeRunScript, "", "[RunScript]\r\nData=1|1|1|1|1|1|1|\r\n"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Decoded(c.decode, Hex(c.image)).bytes(), c.keys) << c.image;
+}
+
+TEST(SystemKeys, MiniBarRecordsOfAnExchange) {
+  const std::tuple<std::string, int, std::string> cases[] = {
+      {"Cola", 0, "Cola|0"}, {"Cola", 65535, "Cola|F"}, {"", 5, "F|5"}, {"", 0, ""}, {"", 65535, ""}};
+  for (const auto& [name, price, row] : cases) {
+    const IniText base("[MiniBar]\n511=A|1|\n512=old\n");
+    IniEdit edit(base);
+    DecodeMiniBarRecord(name, price, 512, edit);
+    EXPECT_EQ(edit.Bytes(), "[MiniBar]\n511=A|1|\n" + (row.empty() ? row : "512=" + row + "\n"));
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,282 @@
+#include <gtest/gtest.h>
+
+#include "sections/registry.h"
+#include "sessions/load_config.h"
+#include "sessions/send_config.h"
+#include "sessions/store_loaded.h"
+#include "store/number_text.h"
+#include "tests/sections/coder_case.h"
+#include "tests/simulation/session_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+/** The image of a section of the hotel as this version takes it. */
+Bytes HotelImage(const Section& section, int version) {
+  const Layout* layout = section.LayoutAt(version, Direction::kSend);
+  return Encoded(layout->encode, layout->size, HotelText()).bytes();
+}
+
+/** DND and the voice mail fields that are not set go out as a value, and come back as it. */
+void ExpectSamePort(std::string_view loaded, std::string_view sent) {
+  EXPECT_EQ(FieldList(loaded).count(), FieldList(sent).count()) << sent;
+  for (int field = 1; field <= FieldList(sent).count(); ++field) {
+    const bool may_differ = (field == 9 || (field >= 18 && field <= 22)) && GetField(sent, field) == "F";
+    if (may_differ) continue;
+    EXPECT_EQ(GetField(loaded, field), GetField(sent, field)) << sent;
+  }
+}
+
+class EveryTransport : public ::testing::TestWithParam<int> {};
+
+TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
+  SessionBench bench(GetParam());
+  const std::string before = bench.files.Bytes(SessionBench::kProject);
+  ASSERT_TRUE(bench.Run(SendConfiguration)) << bench.view.log;
+  EXPECT_EQ(bench.complaints, std::vector<std::string>());
+  EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+  EXPECT_EQ(bench.files.Bytes(SessionBench::kProject), before);
+  EXPECT_EQ(bench.view.boxes, std::vector<std::string>{"Send All Data Config Finished"});
+  for (const Section* section : SendPlan(110)) {
+    const Layout* layout = section->LayoutAt(110, Direction::kSend);
+    if (layout->encode == nullptr) continue;
+    EXPECT_EQ(bench.memory.sections()[section->number], HotelImage(*section, 110)) << section->number;
+  }
+
+  // Loaded into an open project that is another one: only the last Yes changes it.
+  bench.files.Put(SessionBench::kProject,
+                  "[Chk_Tarvok]\r\nChk=TARVOK\r\nBPS=9600\r\nIPHost=h\r\nIPPort=1\r\nTel=0123\r\nBy=" +
+                      std::to_string(GetParam()) + "\r\n");
+  ASSERT_TRUE(bench.Run(LoadConfiguration)) << bench.view.log;
+  EXPECT_EQ(bench.complaints, std::vector<std::string>());
+  EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+  EXPECT_EQ(bench.Value(SessionBench::kProject, "Chk_Tarvok", "Chk"), "tarvok");
+  EXPECT_EQ(bench.Value(SessionBench::kProject, "Chk_Tarvok", "PID"), "15");
+  const IniText loaded(bench.files.Bytes(SessionBench::kProject));
+  const IniText hotel(HotelText());
+  for (int port = 1; port <= 500; ++port) {
+    ExpectSamePort(loaded.Get("Port_Def", Padded(port, 3)), hotel.Get("Port_Def", Padded(port, 3)));
+    EXPECT_EQ(loaded.Get("Assign", Padded(port, 3)), hotel.Get("Assign", Padded(port, 3)));
+    EXPECT_EQ(loaded.Get("Name", Padded(port, 3)), hotel.Get("Name", Padded(port, 3)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(By, EveryTransport, ::testing::Values(1, 2, 3, 4, 0));
+
+TEST(SendConfiguration, EveryVersionGetsItsSectionsAndLayouts) {
+  for (int version = 99; version <= 111; ++version) {
+    SCOPED_TRACE(version);
+    SessionBench bench(4, version);
+    const bool in_bounds = version >= kLowestVersion && version <= kHighestVersion;
+    EXPECT_EQ(bench.Run(SendConfiguration), in_bounds);
+    EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+    EXPECT_EQ(bench.complaints, std::vector<std::string>());
+    if (!in_bounds) {
+      EXPECT_NE(bench.view.log.find(
+                    "This software is old version, Please contact vender for upgrade this software.\r\n"),
+                std::string::npos);
+      EXPECT_TRUE(bench.memory.sections().empty());
+      continue;
+    }
+    EXPECT_NE(bench.view.log.find("Version : " + FormatGrouped(version) + "\r\n"), std::string::npos);
+    EXPECT_EQ(bench.memory.sections().contains(42), version >= 106);
+    ASSERT_TRUE(bench.Run(LoadConfiguration)) << bench.view.log;
+    EXPECT_EQ(bench.Value(SessionBench::kProject, "PortConfig", "Max"), "20");
+  }
+}
+
+TEST(SendConfiguration, LogWindowReadsAsAStory) {
+  SessionBench bench(1, 110);
+  ASSERT_TRUE(bench.Run(SendConfiguration));
+  EXPECT_EQ(bench.opened, (std::vector<LineSettings>{{9600, Parity::kNone, 8, StopBits::kOne}}));
+  const std::string start =
+      "### Send Data Config by Serial ###\r\n"
+      "Initial COM Port....................................OK\r\n"
+      "Check your connection....................OK\r\n"
+      "Send set mode.................................OK\r\n"
+      "Version : 1.10\r\n"
+      "Sending Time...................................OK\r\n"
+      "Sending Port Config............................OK\r\n";
+  EXPECT_EQ(bench.view.log.substr(0, start.size()), start);
+  for (const char* line :
+       {"Sending Port...................................OK\r\n", "Sending All Data Config Finished !!!\r\n",
+        "Response Error = 0 times\r\n", "Enquiry = 0 times\r\n"}) {
+    EXPECT_NE(bench.view.log.find(line), std::string::npos) << line;
+  }
+  EXPECT_EQ(bench.view.bars.back(), kBarEnd);
+  for (const char* line :
+       {"Send Idle\r\n", "Send set mode - 1\r\n", "Chk pass\r\n", "Get version\r\nReveive Version : 1.10",
+        "Send Set Time\r\n", "Send Config:  4\r\n", "Send set mode - 0\r\n"}) {
+    EXPECT_NE(bench.send_log.find(line), std::string::npos) << line;
+  }
+}
+
+TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack) {
+  for (const int by : {1, 4}) {
+    SessionBench bench(by);
+    ASSERT_TRUE(bench.store.SetIniValue(SessionBench::kProject, "Assign", "001", "101|300|001|F|F").ok());
+    EXPECT_FALSE(bench.Run(SendConfiguration));
+    EXPECT_EQ(bench.view.boxes, std::vector<std::string>{"Send Assign Number failed (RE)"});
+    const std::string why =
+        "section Assign, row 001, field Type: value 300 is more than its place on the wire can hold\r\n";
+    EXPECT_NE(bench.view.log.find("Failed\r\n" + why), std::string::npos) << bench.view.log;
+    EXPECT_NE(bench.send_log.find(why), std::string::npos);
+    EXPECT_TRUE(bench.memory.sections().contains(4));
+    EXPECT_FALSE(bench.memory.sections().contains(13));
+    EXPECT_FALSE(bench.memory.sections().contains(14));
+    // On a socket the exchange stays in configuration mode; over a serial port the closing form brings it
+    // back.
+    EXPECT_EQ(bench.memory.mode(), by == 1 ? ExchangeMode::kNormal : ExchangeMode::kConfiguration);
+  }
+}
+
+TEST(Connection, FailuresHaveTheirWords) {
+  const struct {
+    int by;
+    std::vector<std::pair<const char*, const char*>> keys;
+    PortState state;
+    const char* log;
+    std::vector<std::string> boxes;
+  } cases[] = {
+      {1, {}, PortState::kError, "Failed\r\n", {"Initial COM Port failed"}},
+      {1, {{"BPS", ""}}, PortState::kOpen, "Failed\r\n", {"Initial COM Port failed"}},
+      {2, {}, PortState::kError, ".......................Failed\r\n", {"Initial COM Port failed"}},
+      {2, {{"Tel", ""}}, PortState::kOpen, "Error : Please input telephone number\r\n", {}},
+      {3, {{"IPHost", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
+      {4, {{"IPPort", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
+      {0, {}, PortState::kError, "Cannot connect to 127.0.0.1\r\n", {}},
+  };
+  for (const auto& c : cases) {
+    SessionBench bench(c.by);
+    for (const auto& [key, value] : c.keys) {
+      ASSERT_TRUE(bench.store.SetIniValue(SessionBench::kProject, "Chk_Tarvok", key, value).ok());
+    }
+    bench.port_state = c.state;
+    EXPECT_FALSE(bench.Run(SendConfiguration));
+    EXPECT_NE(bench.view.log.find(c.log), std::string::npos) << bench.view.log;
+    EXPECT_EQ(bench.view.boxes, c.boxes);
+  }
+}
+
+TEST(Connection, ADeadLineIsTold) {
+  for (const int by : {1, 3, 4, 0}) {
+    SessionBench bench(by, 110, {.faults = FaultPlan{.silent_after = 0}});
+    EXPECT_FALSE(bench.Run(SendConfiguration));
+    const bool framed = by == 1 || by == 3;
+    EXPECT_EQ(bench.view.boxes,
+              std::vector<std::string>{framed ? "Please checked your connection\r\nCannot connect to PBX"
+                                              : "Change to set mode failed (RE)"});
+    EXPECT_EQ(bench.view.log.find("Cannot Established") != std::string::npos, framed);
+  }
+}
+
+TEST(Password, RefusalsAndChanges) {
+  const std::string last =
+      "Password incorrect or level password cannot set config.\r\nPlease contact vender.\r\n";
+  SessionBench bench(4);
+  LevelPasswords known;
+  known.Set(1, *PackPassword("1234"));
+  bench.memory.AddPasswords(known);
+
+  bench.view.passwords = {"999", "12345", "1"};
+  EXPECT_FALSE(bench.Run(SendConfiguration));
+  EXPECT_EQ(bench.view.boxes, std::vector<std::string>(3, "Password incorrect"));
+  EXPECT_NE(bench.view.log.find(last), std::string::npos);
+  EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+  EXPECT_TRUE(bench.memory.sections().empty());
+
+  bench.view = {};
+  bench.view.passwords = {"999", ""};
+  EXPECT_FALSE(bench.Run(SendConfiguration));
+  EXPECT_EQ(bench.view.boxes, std::vector<std::string>{"Password incorrect"});
+  EXPECT_NE(bench.view.log.find("User cancel\r\n"), std::string::npos);
+  EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+
+  bench.view = {};
+  bench.view.passwords = {"1234"};
+  bench.view.fill_form = [](PasswordForm& form) {
+    form.chkPSW = true;
+    form.levels[1] = {true, "", ""};
+    form.Text1 = "1234";
+    form.Command1();  // refused before anything is sent
+    form.levels[1] = {true, "654", "65"};
+    form.Command1();
+    form.levels[1] = {true, "000000", "000000"};
+  };
+  EXPECT_TRUE(bench.Run(SendConfiguration));
+  EXPECT_EQ(bench.view.boxes, (std::vector<std::string>{"Please input password", "New password doesn't match",
+                                                        "Send All Data Config Finished"}));
+  EXPECT_EQ(bench.memory.passwords().Get(2), (PackedPassword{0xAA, 0xAA, 0xAA}));
+  EXPECT_EQ(bench.memory.passwords().Get(1), (PackedPassword{0x12, 0x34, 0xFF}));
+  EXPECT_EQ(PackPassword("12345"), (PackedPassword{0xF1, 0x23, 0x45}));
+}
+
+TEST(LoadConfiguration, WhereTheProjectGoes) {
+  SessionBench bench(4);
+  ASSERT_TRUE(bench.Run(SendConfiguration));
+  const std::string before = bench.files.Bytes(SessionBench::kProject);
+  bench.files.Put("/p/taken.tvk", "old");
+
+  // No, a taken name, No again, another name; then No and no name at all.
+  bench.view = {};
+  bench.view.answers = {true, false, false};
+  bench.view.save_names = {"/p/taken.tvk", "/p/new.tvk"};
+  EXPECT_TRUE(bench.Run(LoadConfiguration));
+  EXPECT_EQ(bench.view.questions,
+            (std::vector<std::string>{"Do you want to load data config?",
+                                      "Get All Config Finished.\r\nDo you want to replace current file?",
+                                      "File already exist, Do you want to replace?"}));
+  EXPECT_EQ(bench.files.Bytes("/p/taken.tvk"), "old");
+  EXPECT_EQ(bench.files.Bytes("/p/new.tvk"), bench.files.Bytes(SessionBench::kTemp));
+
+  bench.view = {};
+  bench.view.answers = {true, false};
+  EXPECT_TRUE(bench.Run(LoadConfiguration));
+  EXPECT_EQ(bench.files.Bytes(SessionBench::kProject), before);
+  EXPECT_TRUE(bench.files.files.contains(SessionBench::kTemp));
+}
+
+TEST(LoadConfiguration, AnOldTemporaryProjectThatStaysIsToldBeforeTheConnection) {
+  SessionBench bench(4);
+  bench.files.Put(SessionBench::kTemp, "old");
+  bench.Value(SessionBench::kProject, "Chk_Tarvok", "By");  // read before: the removal is the next call
+  bench.files.fail_at = bench.files.calls + 1;
+  EXPECT_FALSE(bench.Run(LoadConfiguration));
+  EXPECT_EQ(bench.view.boxes, std::vector<std::string>{std::string(SessionBench::kTemp) + ": made to fail"});
+  EXPECT_EQ(bench.view.log, "");
+}
+
+TEST(Closing, TheFormGoesFromEveryWait) {
+  // Closed at each of these moments of a load and of a send the session unwinds without a box, at once, and
+  // another one works on the same bench.
+  for (const int by : {1, 2, 4, 0}) {
+    for (int at_ms = 1; at_ms < 9000; at_ms += by == 2 ? 1900 : 430) {
+      SCOPED_TRACE(std::to_string(by) + " at " + std::to_string(at_ms));
+      LineConditions slow;
+      slow.faults = FaultPlan{.delay_ms = 25};
+      SessionBench bench(by, 110, slow);
+      const std::string before = bench.files.Bytes(SessionBench::kProject);
+      std::int64_t closed_at = 0;
+      bool unwound_at_once = false;
+      bench.events.CallLater(at_ms, [&] {
+        closed_at = bench.events.Tick_ms();
+        if (bench.transfer != nullptr) bench.transfer->Abort();
+      });
+      const bool done = bench.Run([&](Transfer& transfer) {
+        const bool loaded = LoadConfiguration(transfer);
+        unwound_at_once = bench.events.Tick_ms() == closed_at;
+        return loaded;
+      });
+      EXPECT_EQ(done, !unwound_at_once);
+      if (!done) {
+        EXPECT_TRUE(bench.view.boxes.empty());
+        EXPECT_EQ(bench.files.Bytes(SessionBench::kProject), before);
+      }
+      bench.view = {};
+      EXPECT_TRUE(bench.Run(SendConfiguration)) << bench.view.log;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,103 @@
+#include "tests/simulation/session_bench.h"
+
+#include <fstream>
+#include <utility>
+
+namespace tarvok::test {
+
+const std::string& HotelText() {
+  static const std::string text = [] {
+    std::ifstream file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }();
+  return text;
+}
+
+bool RecordingView::Ask(std::string_view question) {
+  questions.emplace_back(question);
+  const std::size_t index = questions.size() - 1;
+  return index >= answers.size() || answers[index];
+}
+
+bool RecordingView::AskWithCompare(std::string_view question, bool& compare_box) {
+  compare_box = compare;
+  return Ask(question);
+}
+
+std::optional<std::string> RecordingView::AskSaveName() {
+  if (save_names.empty()) return std::nullopt;
+  std::string name = save_names.front();
+  save_names.erase(save_names.begin());
+  return name;
+}
+
+void RecordingView::ShowPassword(PasswordForm& form) {
+  if (fill_form) fill_form(form);
+  for (std::size_t attempt = 0; form.open(); ++attempt) {
+    const std::string& password = passwords[std::min(attempt, passwords.size() - 1)];
+    if (password.empty()) {
+      form.Command2();
+    } else {
+      form.Text1 = password;
+      form.Command1();
+    }
+  }
+}
+
+SessionBench::SessionBench(int mode, int version, LineConditions conditions)
+    : memory(version),
+      exchange(events, memory, std::move(conditions),
+               [this](std::string_view line) { complaints.emplace_back(line); }),
+      by(mode) {
+  files.Put(kProject, HotelText());
+  const Status set = store.Update(kProject, [&](IniEdit& edit) {
+    edit.Set("Chk_Tarvok", "By", std::to_string(mode));
+    edit.Set("Chk_Tarvok", "Tel", "0123");
+  });
+  EXPECT_TRUE(set.ok());
+}
+
+SessionBench::~SessionBench() = default;
+
+bool SessionBench::Run(const std::function<bool(Transfer&)>& session, TransferForm form) {
+  Transfer open({.events = events,
+                 .ports = *this,
+                 .store = store,
+                 .view = view,
+                 .log = log,
+                 .project_file = kProject,
+                 .load_target = kProject,
+                 .system_file = "/s/system.tvs",
+                 .temp_file = kTemp},
+                form);
+  transfer = &open;
+  const bool done = session(open);
+  EXPECT_FALSE(view.busy);
+  open.Unload();
+  EXPECT_FALSE(open.line().line().IsOpen());
+  transfer = nullptr;
+  events.Run(5000);
+  return done;
+}
+
+std::unique_ptr<Port> SessionBench::OpenSerial(int number, const LineSettings& settings) {
+  opened.push_back(settings);
+  return ConnectTcp(std::to_string(number), {});
+}
+
+std::unique_ptr<Port> SessionBench::ConnectTcp(const std::string&, const std::string&) {
+  VirtualLine line(events);
+  line.tool->set_state(port_state, port_state == PortState::kOpen ? "" : "made to fail");
+  if (on_line) on_line(*line.tool, *line.exchange);
+  if (port_state != PortState::kOpen) return std::move(line.tool);
+  if (by == 2) {
+    exchange.AcceptModem(std::move(line.exchange));
+  } else {
+    exchange.Accept(std::move(line.exchange), by == 4              ? Wire::kLan
+                                              : by == 1 || by == 3 ? Wire::kLink
+                                                                   : Wire::kServer);
+  }
+  return std::move(line.tool);
+}
+
+}  // namespace tarvok::test

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "exchange/practice_exchange.h"
+#include "sessions/password_form.h"
+#include "sessions/transfer.h"
+#include "tests/simulation/virtual_events.h"
+#include "tests/simulation/virtual_line.h"
+#include "tests/store/memory_files.h"
+
+namespace tarvok::test {
+
+/** A view that keeps what it is told and answers as it was told. */
+class RecordingView : public SessionView {
+ public:
+  std::string log;
+  std::vector<std::string> boxes;
+  std::vector<std::string> questions;
+  std::vector<int> bars;
+  std::vector<bool> answers;  // to questions in order; Yes behind the last
+  std::vector<std::string> save_names;
+  std::vector<std::string> passwords = {"1234"};  // of the tries in order, the last one again; "" cancels
+  std::function<void(PasswordForm&)> fill_form;   // what a user does beside typing the password
+  bool compare = false;
+  bool busy = false;
+
+  void Log(std::string_view text) override { log += text; }
+  void Progress(int value, int) override { bars.push_back(value); }
+  void Elapsed(int) override {}
+  void Box(BoxKind, std::string_view text) override { boxes.emplace_back(text); }
+  bool Ask(std::string_view question) override;
+  bool AskWithCompare(std::string_view question, bool& compare_box) override;
+  std::optional<std::string> AskSaveName() override;
+  void ShowPassword(PasswordForm& form) override;
+  void SetBusy(bool now_busy) override { busy = now_busy; }
+};
+
+/**
+ * A tool and a practice exchange in one process and one virtual clock, joined by whatever line the project
+ * names. What crosses the line can be watched and damaged; a run repeats exactly.
+ */
+class SessionBench : public PortMaker {
+ public:
+  static constexpr const char* kProject = "/p/hotel.tvk";
+  static constexpr const char* kTemp = "/t/outcfg.tvk";
+
+  /** `by` is the project's key "By"; the project is the example hotel. */
+  explicit SessionBench(int by, int version = 110, LineConditions conditions = {});
+  ~SessionBench() override;
+
+  /** Opens a form, runs the session on it, and closes the form. */
+  bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
+  /** The first bytes of the commands that the exchange carried out or refused, in order, as CODE or
+   * CODE:SECTION. */
+  std::string Value(const char* file, const char* section, const char* key) {
+    return store.GetIniValue(file, section, key);
+  }
+
+  std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) override;
+  std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) override;
+
+  VirtualEvents events;
+  MemoryFiles files;
+  ProjectStore store{files};
+  RecordingView view;
+  std::string send_log;
+  SendLog log{[this](std::string_view text) { send_log += text; }};
+  ExchangeMemory memory;
+  std::vector<std::string> complaints;
+  PracticeExchange exchange;
+  std::vector<LineSettings> opened;                                       // serial ports asked for
+  PortState port_state = PortState::kOpen;                                // what the next port is like
+  std::function<void(VirtualPort& tool, VirtualPort& exchange)> on_line;  // sees each line when it is made
+  Transfer* transfer = nullptr;                                           // the open form's
+  int by;
+};
+
+/** The example hotel's file. */
+const std::string& HotelText();
+
+}  // namespace tarvok::test

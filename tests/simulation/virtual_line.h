@@ -1,0 +1,145 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "link/event_server.h"
+#include "link/frame.h"
+#include "link/port.h"
+
+namespace tarvok {
+
+/**
+ * One end of a line in memory. What is sent comes out of the other end after `delay_ms`, in order, in the
+ * pieces asked for. Bytes under way survive a close of the sender, as on a real line, but not a Discard.
+ */
+class VirtualPort : public Port {
+ public:
+  explicit VirtualPort(EventServer& events) : events_(events), self_(std::make_shared<VirtualPort*>(this)) {}
+  ~VirtualPort() override { VirtualPort::Close(); }
+  VirtualPort(const VirtualPort&) = delete;
+  VirtualPort& operator=(const VirtualPort&) = delete;
+
+  static void Join(VirtualPort& a, VirtualPort& b) {
+    a.peer_ = b.self_;
+    b.peer_ = a.self_;
+  }
+
+  PortState state() const override { return state_; }
+  std::string error() const override { return error_; }
+
+  bool Send(std::span<const std::uint8_t> bytes) override {
+    if (state_ != PortState::kOpen) return false;
+    writes_.emplace_back(bytes.begin(), bytes.end());
+    const std::size_t piece = piece_ == 0 ? std::max<std::size_t>(bytes.size(), 1) : piece_;
+    for (std::size_t at = 0; at < bytes.size(); at += piece) {
+      const auto part = bytes.subspan(at, std::min(piece, bytes.size() - at));
+      events_.CallLater(NextDelay_ms(), [peer = peer_, generation = generation_, value = *generation_,
+                                         data = Bytes(part.begin(), part.end())] {
+        const auto to = peer.lock();
+        if (to && *generation == value && (*to)->state_ == PortState::kOpen) (*to)->GiveBytes(data);
+      });
+    }
+    return true;
+  }
+
+  PortAnswer SetControlLines(bool dtr, bool rts) override {
+    dtr_ = dtr;
+    rts_ = rts;
+    return control_lines_;
+  }
+
+  void Discard() override {
+    ++*generation_;
+    if (const auto to = peer_.lock()) ++*(*to)->generation_;
+  }
+
+  /** The other end learns of it behind the last byte under way. */
+  void Close() override {
+    if (state_ == PortState::kClosed) return;
+    const bool was_open = state_ == PortState::kOpen;
+    state_ = PortState::kClosed;
+    if (was_open && tell_peer_) TellPeer("The other end closed the line.");
+  }
+
+  /** The line breaks: both ends see it. */
+  void HangUp(std::string_view reason = "The line broke.") {
+    if (state_ != PortState::kOpen) return;
+    TellPeer(std::string(reason));
+    Fall(reason);
+  }
+
+  void set_state(PortState state, std::string error = {}) {
+    state_ = state;
+    error_ = std::move(error);
+  }
+  void set_delay_ms(int delay_ms) { delay_ms_ = delay_ms; }
+  /** Most bytes that come out at a time; 0 for each block whole. */
+  void set_piece(std::size_t bytes) { piece_ = bytes; }
+  void set_control_lines(PortAnswer answer) { control_lines_ = answer; }
+  /** Whether the other end sees a Close: a socket's does, a serial line's does not. */
+  void set_tell_peer(bool tell) { tell_peer_ = tell; }
+
+  /** Every block that was sent, in order. */
+  const std::vector<Bytes>& writes() const { return writes_; }
+  /** All bytes that were sent. */
+  Bytes sent() const {
+    Bytes all;
+    for (const Bytes& block : writes_) all.insert(all.end(), block.begin(), block.end());
+    return all;
+  }
+  void forget_writes() { writes_.clear(); }
+  bool dtr() const { return dtr_; }
+  bool rts() const { return rts_; }
+
+ private:
+  /** Nothing overtakes what was sent before, even when the delay was made shorter. */
+  int NextDelay_ms() {
+    last_due_ms_ = std::max(last_due_ms_, events_.Tick_ms() + delay_ms_);
+    return static_cast<int>(last_due_ms_ - events_.Tick_ms());
+  }
+  void TellPeer(std::string reason) {
+    events_.CallLater(NextDelay_ms(), [peer = peer_, reason = std::move(reason)] {
+      if (const auto to = peer.lock()) (*to)->Fall(reason);
+    });
+  }
+  void Fall(std::string_view reason) {
+    if (state_ != PortState::kOpen) return;
+    state_ = PortState::kClosed;
+    GiveClosed(reason);
+  }
+
+  EventServer& events_;
+  std::shared_ptr<VirtualPort*> self_;
+  std::weak_ptr<VirtualPort*> peer_;
+  std::shared_ptr<int> generation_ = std::make_shared<int>(0);  // rises when bytes under way are forgotten
+  PortState state_ = PortState::kOpen;
+  std::string error_;
+  PortAnswer control_lines_ = PortAnswer::kDone;
+  int delay_ms_ = 0;
+  std::int64_t last_due_ms_ = 0;
+  std::size_t piece_ = 0;
+  bool tell_peer_ = true;
+  bool dtr_ = false;
+  bool rts_ = false;
+  std::vector<Bytes> writes_;
+};
+
+/** Two ports joined to a line. Either end may be destroyed first. */
+struct VirtualLine {
+  explicit VirtualLine(EventServer& events)
+      : tool(std::make_unique<VirtualPort>(events)), exchange(std::make_unique<VirtualPort>(events)) {
+    VirtualPort::Join(*tool, *exchange);
+  }
+
+  std::unique_ptr<VirtualPort> tool;
+  std::unique_ptr<VirtualPort> exchange;
+};
+
+}  // namespace tarvok
