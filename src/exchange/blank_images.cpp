@@ -22,15 +22,16 @@ struct Blank {
 
 /** Sections whose blank bytes are not all 255. */
 constexpr std::array kBlanks = {
-    Blank{1, {}, {Run{1, 0}, Run{2, 255}, Run{17, 0}}},   // a profile with its defaults
-    Blank{2, {11, 0}, {Run{1, 255}}},                     // the modes of an empty head
-    Blank{3, {}, {Run{1, 0}}},                            // no charges
-    Blank{5, {}, {Run{1, 0}}},                            // no list of digits
-    Blank{6, {}, {Run{1, 0}}},                            //
-    Blank{10, {}, {Run{9, 255}, Run{40, 0}}},             // a route without group
-    Blank{11, {64, 0}, {Run{1, 255}}},                    // totals, then free members
-    Blank{14, {}, {Run{1, 0}}},                           // names, which 255 would fill
-    Blank{15, {40, 0}, {Run{1, 255}}},                    // totals, then free members
+    Blank{1, {}, {Run{1, 0}, Run{2, 255}, Run{17, 0}}},       // a profile with its defaults
+    Blank{2, {16, 0}, {Run{2, 255}, Run{2, 0}}},              // every mode off, no number to transfer to
+    Blank{3, {2, 255}, {Run{24, 0}, Run{1, 1}, Run{13, 0}}},  // no local code, no charge, country 1
+    Blank{3, {}, {Run{1, 0}}},                                // no charges
+    Blank{5, {}, {Run{1, 0}}},                                // no list of digits
+    Blank{6, {}, {Run{1, 0}}},                                //
+    Blank{10, {}, {Run{9, 255}, Run{40, 0}}},                 // a route without group
+    Blank{11, {64, 0}, {Run{1, 255}}},                        // totals, then free members
+    Blank{14, {}, {Run{1, 0}}},                               // names, which 255 would fill
+    Blank{15, {40, 0}, {Run{1, 255}}},                        // totals, then free members
     Blank{17, {2200, 255}, {Run{1, 0}}},                  // 200 accounts, and room for 300 that nobody uses
     Blank{19, {}, {Run{10, 0}, Run{2, 255}}},             // a number without digits
     Blank{21, {}, {Run{1, 0}}},                           //

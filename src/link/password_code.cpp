@@ -8,7 +8,8 @@
 namespace tarvok {
 
 std::optional<PackedPassword> PackPassword(std::string_view digits) {
-  const bool all_digits = std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+  const bool all_digits =
+      std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
   if (digits.empty() || digits.size() > kMostPasswordDigits || !all_digits) return std::nullopt;
   std::string nibbles = digits.size() % 2 == 0 ? std::string() : "F";
   nibbles += digits;

@@ -29,6 +29,9 @@ struct Arguments {
   int version = kHighestVersion;
   bool all = false;
   bool force = false;
+  bool link_table = false;
+  bool ip = false;
+  bool mini_bar = false;
   SessionOptions session;
 };
 
@@ -133,23 +136,58 @@ class CommandLine {
     command->add_flag("--trace", session.trace, "write every byte and frame to the history, too");
   }
 
-  void AddSessionCommands() {
-    CLI::App* send = Command("send", "send the whole configuration to the exchange", [this] {
+  /** A command that needs Qt's loop. */
+  CLI::App* SessionCommand(const char* name, const char* description, std::function<int()> run) {
+    CLI::App* command = Command(name, description, [this, run = std::move(run)] {
       const QCoreApplication application(argc_, argv_);
-      return Send(store_, arguments_.project, arguments_.session);
+      return run();
     });
+    TakeSessionOptions(command);
+    return command;
+  }
+
+  void AddSend() {
+    CLI::App* send =
+        SessionCommand("send", "send the whole configuration, or a part, to the exchange", [this] {
+          const SendPart part = arguments_.link_table ? SendPart::kLinkTable
+                                : arguments_.ip       ? SendPart::kIpAddress
+                                : arguments_.mini_bar ? SendPart::kMiniBar
+                                                      : SendPart::kConfiguration;
+          return Send(store_, arguments_.project, part, arguments_.session);
+        });
     send->add_option("PROJECT", arguments_.project, "project file; its connection settings are used")
         ->required();
-    TakeSessionOptions(send);
+    CLI::Option_group* part = send->add_option_group("part", "instead of the whole configuration");
+    part->add_flag("--link-table", arguments_.link_table, "the PBX link table alone");
+    part->add_flag("--ip", arguments_.ip, "the exchange's new IP address alone");
+    part->add_flag("--minibar", arguments_.mini_bar, "the mini bar list alone");
+    part->add_flag("--compare", arguments_.session.compare,
+                   "read each section back and compare its bytes (from 1.09)");
+    part->require_option(0, 1);
+  }
 
-    CLI::App* load = Command("load", "read the exchange into a project", [this] {
-      const QCoreApplication application(argc_, argv_);
-      return Load(store_, arguments_.other, arguments_.project, arguments_.force, arguments_.session);
+  void AddSessionCommands() {
+    AddSend();
+    CLI::App* load = SessionCommand("load", "read the exchange into a project", [this] {
+      return Load(store_, arguments_.other, arguments_.project, arguments_.mini_bar, arguments_.force,
+                  arguments_.session);
     });
     load->add_option("OUT", arguments_.other, "project file to make")->required();
     load->add_option("--using", arguments_.project, "project whose connection settings are used")->required();
+    load->add_flag("--minibar", arguments_.mini_bar,
+                   "the mini bar list alone, into a copy of the --using project");
     load->add_flag("--force", arguments_.force, "replace an existing file");
-    TakeSessionOptions(load);
+
+    CLI::App* billing = SessionCommand(
+        "send-billing", "send the billing tables tbl*.bil of a folder",
+        [this] { return SendBilling(store_, arguments_.project, arguments_.other, arguments_.session); });
+    billing->add_option("PROJECT", arguments_.project, "project whose connection settings are used")
+        ->required();
+    billing->add_option("FOLDER", arguments_.other, "folder with the tables")->required();
+
+    CLI::App* ping = SessionCommand("ping", "ask the exchange for a sign of life",
+                                    [this] { return Ping(store_, arguments_.project, arguments_.session); });
+    ping->add_option("PROJECT", arguments_.project, "project whose connection settings are used")->required();
   }
 
   int& argc_;

@@ -10,10 +10,10 @@ namespace tarvok {
 
 /** Something that is asked of the exchange and arrives in packs behind the answer. */
 struct WholeRequest {
-  std::function<bool()> ask;  // true when the first pack came
-  double pause_s = 0;         // in front of each request
-  std::string_view refused;   // told in the log window and a box where no answer came
-  std::string getting;        // the progress text
+  std::function<bool()> ask;       // true when the first pack came
+  double pause_s = 0;              // in front of each request
+  std::string_view refused;        // told in the log window and a box where no answer came
+  std::string getting;             // the progress text
   std::string give_up_words = {};  // behind "Failed" where the exchange keeps refusing
 };
 

@@ -26,8 +26,8 @@ std::string Clock(int seconds) {
 
 }  // namespace
 
-ConsoleView::ConsoleView(AskPassword ask_password)
-    : ask_password_(std::move(ask_password)), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
+ConsoleView::ConsoleView(AskPassword ask_password, bool compare)
+    : ask_password_(std::move(ask_password)), compare_(compare), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
 
 ConsoleView::~ConsoleView() {
   ClearBar();
@@ -88,7 +88,8 @@ bool ConsoleView::Ask(std::string_view question) {
   return true;
 }
 
-bool ConsoleView::AskWithCompare(std::string_view question, bool& /*compare*/) {
+bool ConsoleView::AskWithCompare(std::string_view question, bool& compare) {
+  compare = compare || compare_;
   return Ask(question);
 }
 

@@ -16,7 +16,8 @@ class ConsoleView : public SessionView {
   /** Gives the password of the next try; nothing gives the log-in up. */
   using AskPassword = std::function<std::optional<std::string>()>;
 
-  explicit ConsoleView(AskPassword ask_password);
+  /** `compare` checks the box "Compare Byte"; without it the box stays as the project has it. */
+  explicit ConsoleView(AskPassword ask_password, bool compare = false);
   ~ConsoleView() override;
 
   void Log(std::string_view text) override;
@@ -35,6 +36,7 @@ class ConsoleView : public SessionView {
   void ClearBar();
 
   AskPassword ask_password_;
+  bool compare_;
   bool has_bar_;  // standard output is a terminal
   bool bar_shown_ = false;
   bool busy_ = false;
