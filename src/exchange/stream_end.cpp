@@ -54,7 +54,9 @@ std::optional<std::size_t> LanEnd::UnitSize(std::span<const std::uint8_t> stream
   if (kind->code == command::kNextPack) {
     if (stream.size() < kSequencedHeader) return std::nullopt;
     const int payload = pack_payload_ ? pack_payload_(stream[kSequenceAt]) : -1;
-    return payload < 0 ? stream.size() : static_cast<std::size_t>(kSequencedHeader + payload);
+    // A pack that is not due has an unknown length, but never more than a message.
+    if (payload < 0) return std::min<std::size_t>(stream.size(), kMaxMessage);
+    return static_cast<std::size_t>(kSequencedHeader + payload);
   }
   if (stream.size() < kFirstPackHeader) return std::nullopt;
   return static_cast<std::size_t>(kFirstPackHeader + std::min(WordAt(stream, kSizeAt), kFirstPackData));

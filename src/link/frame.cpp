@@ -19,10 +19,13 @@ std::uint8_t FrameCheck(std::uint8_t address, std::span<const std::uint8_t> data
 Bytes BuildFrame(std::uint8_t address, std::span<const std::uint8_t> data) {
   Bytes frame;
   frame.reserve(data.size() * 2 + 8);
-  frame.insert(frame.end(), {kDle, kStx});
+  frame.push_back(kDle);
+  frame.push_back(kStx);
   AppendDoubled(address, frame);
   for (const std::uint8_t byte : data) AppendDoubled(byte, frame);
-  frame.insert(frame.end(), {kDle, kEtx, FrameCheck(address, data)});
+  frame.push_back(kDle);
+  frame.push_back(kEtx);
+  frame.push_back(FrameCheck(address, data));
   return frame;
 }
 

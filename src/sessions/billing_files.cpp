@@ -83,7 +83,7 @@ bool SendFile(Transfer& transfer, int table, std::string_view bytes, std::size_t
 }
 
 bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths& paths) {
-  const std::size_t count = FilesOf(transfer.messages().state().PbxVersion);
+  const std::size_t count = FilesOf(transfer.version());
   for (std::size_t i = 0; i < count; ++i) {
     transfer.Progress(static_cast<int>(i), static_cast<int>(count));
     const std::string path = paths[i].value_or(InFolder(folder, kFiles[i].name));

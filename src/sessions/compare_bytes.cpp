@@ -46,7 +46,7 @@ bool SendOneCompared(Transfer& transfer, const Section& section, const IniText& 
 }  // namespace
 
 bool SendSectionsCompared(Transfer& transfer, const IniText& project) {
-  std::vector<const Section*> plan = SendPlan(transfer.messages().state().PbxVersion);
+  std::vector<const Section*> plan = SendPlan(transfer.version());
   plan.erase(std::unique(plan.begin(), plan.end()),
              plan.end());  // one that goes twice goes once when it is compared
   for (const Section* section : plan) {

@@ -36,7 +36,7 @@ bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
 }
 
 bool GetSections(Transfer& transfer) {
-  const int version = transfer.messages().state().PbxVersion;
+  const int version = transfer.version();
   for (const Section* section : ReadPlan(version)) {
     const Layout* layout = section->LayoutAt(version, Direction::kLoad);
     if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;

@@ -43,6 +43,7 @@ bool LearnVersion(Transfer& transfer, const LogInWords& words) {
     return transfer.Fail(words.version_failed_box);
   }
   const int version = transfer.messages().state().PbxVersion;
+  transfer.set_version(version);
   const std::string shown = words.grouped_version ? FormatGrouped(version) : FormatHundredths(version);
   transfer.LogLine(std::string(words.version_line) + shown);
   return true;
@@ -58,7 +59,7 @@ bool LogIn(Transfer& transfer, const LogInWords& words) {
   }
   if (words.password_first && !SetMode(transfer, words)) return false;
   if (!LearnVersion(transfer, words)) return false;
-  const int version = transfer.messages().state().PbxVersion;
+  const int version = transfer.version();
   if (version >= words.lowest_version && version <= words.highest_version) return true;
   const std::string_view why = version < words.lowest_version ? words.too_old : words.too_new;
   BackToNormal(transfer);

@@ -43,7 +43,7 @@ bool SendClock(Transfer& transfer) {
 
 bool SendSections(Transfer& transfer, const IniText& project) {
   std::vector<std::uint8_t> image;
-  for (const Section* section : SendPlan(transfer.messages().state().PbxVersion)) {
+  for (const Section* section : SendPlan(transfer.version())) {
     if (!SendSection(transfer, *section, project, image)) return false;
     if (section->moves_bar) transfer.Progress(section->number, kBarEnd);
   }
@@ -64,8 +64,7 @@ void ShowStatistics(Transfer& transfer) {
 End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
-  const bool compare =
-      transfer.settings().compare && transfer.messages().state().PbxVersion >= kLowestComparedVersion;
+  const bool compare = transfer.settings().compare && transfer.version() >= kLowestComparedVersion;
   const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
   if (compare) {
     if (!SendClock(transfer) || !SendSectionsCompared(transfer, *project)) return End::kFailed;

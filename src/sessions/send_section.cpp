@@ -20,7 +20,7 @@ bool FailSection(Transfer& transfer, const Section& section, std::string_view do
 
 bool SendSection(Transfer& transfer, const Section& section, const IniText& project,
                  std::vector<std::uint8_t>& image, std::string_view ok_dots, std::string_view failed_dots) {
-  const Layout* layout = section.LayoutAt(transfer.messages().state().PbxVersion, Direction::kSend);
+  const Layout* layout = section.LayoutAt(transfer.version(), Direction::kSend);
   transfer.Start(section.progress);
   ImageWriter writer(layout->size);
   layout->encode(project, writer);

@@ -77,6 +77,9 @@ class Transfer {
   const TransferParts& parts() const { return parts_; }
   const ConnectionSettings& settings() const { return settings_; }
   void set_compare(bool compare) { settings_.compare = compare; }
+  /** The exchange's version as the log-in learnt it; what comes later under that code does not change a session. */
+  int version() const { return version_; }
+  void set_version(int version) { version_ = version; }
   LinkMode mode() const { return mode_; }
   TransferForm form() const { return form_; }
   TransferDirection direction() const { return direction_; }
@@ -91,6 +94,7 @@ class Transfer {
   Waits waits_;
   ConnectionSettings settings_;
   LinkMode mode_ = LinkMode::kServer;
+  int version_ = 0;
   std::unique_ptr<ExchangeLine> line_;
   TransferDirection direction_ = TransferDirection::kWrite;
   std::string started_;  // the progress text whose line is still open

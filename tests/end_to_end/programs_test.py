@@ -5,6 +5,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -35,6 +36,14 @@ class Programs(unittest.TestCase):
         ready = process.stdout.readline().split()
         self.assertEqual(ready[:1], ["ready"], ready)
         return process, dict(word.split("=", 1) for word in ready[1:])
+
+    def wait_for(self, path):
+        """The exchange writes shortly after it answered."""
+        for _ in range(100):
+            if path.exists() and path.stat().st_size > 0:
+                return
+            time.sleep(0.05)
+        self.fail(f"{path.name} was not written")
 
     def project(self, **keys):
         path = self.work / "project.tvk"
@@ -70,7 +79,23 @@ class Programs(unittest.TestCase):
         line, modem = self.work / "line", self.work / "modem"
         self.exchange("--version", 110, "--password", 1234, "--serial", line, "--modem", modem)
         self.transfer(self.project(By=1), "--device", line)
-        self.transfer(self.project(By=2, Tel="0123"), "--device", modem)
+        self.transfer(self.project(By=2, Tel="0123"), "--device", os.path.relpath(modem))
+
+    def test_side_sessions(self):
+        _, addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0)
+        host, port = addresses["lan"].rsplit(":", 1)
+        project = self.project(By=4, IPHost=host, IPPort=port)
+        log = ("--log", self.work / "l")
+        for part, file in (("--link-table", "37.bin"), ("--ip", "44.bin"), ("--minibar", "minibar.bin")):
+            ctl("send", project, part, *log)
+            self.wait_for(self.work / "exchange" / file)
+        self.assertIn("for compare", ctl("send", project, "--compare", *log)[0])
+        ctl("load", self.work / "bar.tvk", "--minibar", "--using", project, *log, TMPDIR=self.work)
+        # An editor closes a mini bar row with a pipe, a load does not.
+        self.assertEqual(ctl("get", self.work / "bar.tvk", "MiniBar")[0], ctl("get", project, "MiniBar")[0].replace("|\n", "\n"))
+        (self.work / "tbl10.bil").write_bytes(b"b" * 1000)
+        self.assertIn("Sector ==> 1", ctl("send-billing", project, self.work, *log)[0])
+        self.assertIn("Ping reply 0.0", ctl("ping", project, *log)[0])
 
     def test_failures_have_one_line_and_a_status(self):
         _, addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0)

@@ -1,5 +1,8 @@
 #include "desktop/io/qt_port_maker.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "desktop/io/qt_serial_port.h"
 #include "desktop/io/qt_tcp_port.h"
 
@@ -22,6 +25,14 @@ class NoPort : public Port {
   std::string error_;
 };
 
+/** A file named from the working folder by its whole path; Qt would look for it in /dev. */
+std::string Absolute(const std::string& device) {
+  std::error_code error;
+  if (!std::filesystem::exists(device, error)) return device;
+  const std::filesystem::path path = std::filesystem::absolute(device, error);
+  return error ? device : path.string();
+}
+
 }  // namespace
 
 std::string SerialDeviceKey(int number) {
@@ -38,7 +49,7 @@ std::unique_ptr<Port> QtPortMaker::OpenSerial(int number, const LineSettings& se
     return std::make_unique<NoPort>("there is no serial port " + std::to_string(number) + ", only 1 to " +
                                     std::to_string(kSerialPorts));
   }
-  return std::make_unique<QtSerialPort>(device_.empty() ? SerialDevice(settings_, number) : device_,
+  return std::make_unique<QtSerialPort>(Absolute(device_.empty() ? SerialDevice(settings_, number) : device_),
                                         settings);
 }
 
