@@ -49,7 +49,8 @@ TEST(PortDef, ErrorsNameTheField) {
   } cases[] = {
       {"257|1|1",
        "section Port_Def, row 001, field Card: value 257 is more than its place on the wire can hold"},
-      {"256|1|1", "section Port_Def, row 001, field Card: value 256 is more than its place on the wire can hold"},
+      {"256|1|1",
+       "section Port_Def, row 001, field Card: value 256 is more than its place on the wire can hold"},
       {"255|1|1", ""},
       {"1|1|256",
        "section Port_Def, row 001, field Type: value 256 is more than its place on the wire can hold"},

@@ -1,0 +1,50 @@
+// Any bytes as a project file: reading never fails, and a change keeps every other line.
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "sections/registry.h"
+#include "store/field_list.h"
+#include "store/ini_edit.h"
+
+namespace {
+
+void Demand(bool holds) {
+  if (!holds) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace tarvok;
+  const IniText text(std::string(reinterpret_cast<const char*>(data), size));
+  std::string joined;
+  for (const IniText::Line& line : text.lines()) joined += line.text;
+  Demand(joined == text.bytes());
+
+  IniEdit edit(text);
+  Demand(edit.Bytes() == text.bytes());
+  edit.Set("Port_Def", "001", "1|2|3");
+  edit.DeleteKey("Assign", "001");
+  const IniText changed(edit.Bytes());
+  Demand(changed.Get("port_def", "001") == "1|2|3");
+  Demand(!changed.HasKey("Assign", "001"));
+  for (const std::string_view section : text.Sections()) {
+    for (const IniText::Key& key : text.Keys(section)) {
+      const bool touched =
+          (SameName(section, "Port_Def") || SameName(section, "Assign")) && SameName(key.name, "001");
+      Demand(touched || changed.Get(section, key.name) == key.value);
+      Demand(FieldList(key.value)[1] == GetField(key.value, 1));
+    }
+  }
+
+  for (const Section& section : Sections()) {
+    for (const Layout& layout : section.layouts) {
+      if (layout.encode == nullptr) continue;
+      ImageWriter image(layout.size);
+      layout.encode(text, image);
+    }
+  }
+  return 0;
+}
