@@ -62,8 +62,8 @@ class Descriptor {
   int fd_;
 };
 
-/** Writes all bytes from the start of the file and flushes them; 0 or the error. */
-int WriteAll(int fd, std::string_view bytes) {
+/** Writes all bytes from the start of the file; 0 or the error. */
+int WriteAll(int fd, std::string_view bytes, Flush flush) {
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t written = ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
@@ -73,7 +73,7 @@ int WriteAll(int fd, std::string_view bytes) {
     done += static_cast<std::size_t>(written);
   }
   if (::ftruncate(fd, static_cast<off_t>(bytes.size())) != 0) return errno;
-  return ::fsync(fd) == 0 ? 0 : errno;
+  return flush == Flush::kLater || ::fsync(fd) == 0 ? 0 : errno;
 }
 
 std::string FolderOf(const std::string& path) {
@@ -136,7 +136,8 @@ std::string PosixFileSystem::Resolve(const std::string& path) {
   return result;
 }
 
-Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes, const std::string& like) {
+Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
+                                 Flush flush) {
   // A file that its owner protected is not replaced behind his back.
   if (::access(like.c_str(), F_OK) == 0 && ::access(like.c_str(), W_OK) != 0) return Failed(like, errno);
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
@@ -144,7 +145,7 @@ Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes
   int error = 0;
   struct stat info {};
   if (::stat(like.c_str(), &info) == 0 && ::fchmod(file.get(), info.st_mode & 07777) != 0) error = errno;
-  if (error == 0) error = WriteAll(file.get(), bytes);
+  if (error == 0) error = WriteAll(file.get(), bytes, flush);
   if (!file.Close() && error == 0) error = errno;
   if (error == 0) return {};
   ::unlink(path.c_str());
@@ -159,13 +160,14 @@ Status PosixFileSystem::Overwrite(const std::string& path, std::string_view byte
     const int reserved = ::posix_fallocate(file.get(), 0, static_cast<off_t>(bytes.size()));
     if (reserved != 0 && reserved != EOPNOTSUPP && reserved != EINVAL) return Failed(path, reserved);
   }
-  int error = WriteAll(file.get(), bytes);
+  int error = WriteAll(file.get(), bytes, Flush::kNow);
   if (!file.Close() && error == 0) error = errno;
   return error == 0 ? Status() : Failed(path, error);
 }
 
-Status PosixFileSystem::Rename(const std::string& from, const std::string& to) {
+Status PosixFileSystem::Rename(const std::string& from, const std::string& to, Flush flush) {
   if (::rename(from.c_str(), to.c_str()) != 0) return Failed(to, errno);
+  if (flush == Flush::kLater) return {};
   // The new name is in force; a folder that can't be flushed (some network file systems) only delays its
   // durability.
   const Descriptor folder(::open(FolderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

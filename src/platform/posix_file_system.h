@@ -10,9 +10,10 @@ class PosixFileSystem : public FileSystem {
   FileIdentity Identify(const std::string& path) override;
   Result<std::string> Read(const std::string& path) override;
   std::string Resolve(const std::string& path) override;
-  Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like) override;
+  Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
+                  Flush flush) override;
   Status Overwrite(const std::string& path, std::string_view bytes) override;
-  Status Rename(const std::string& from, const std::string& to) override;
+  Status Rename(const std::string& from, const std::string& to, Flush flush) override;
   Status Remove(const std::string& path) override;
   Result<std::vector<std::string>> List(const std::string& folder) override;
   /** Locks the folder itself, so that nothing is left beside the project; waits at most two seconds. */

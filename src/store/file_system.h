@@ -23,6 +23,10 @@ struct FileIdentity {
   bool operator==(const FileIdentity&) const = default;
 };
 
+/** When written bytes must be on the disk: before the call returns, or whenever the system gets to it, which is enough for
+ * what can be made again. */
+enum class Flush { kNow, kLater };
+
 /** Held while a file is read afresh, changed and written; given back by its destructor. */
 class FileLock {
  public:
@@ -41,14 +45,15 @@ class FileSystem {
   virtual Result<std::string> Read(const std::string& path) = 0;
   /** The file behind symbolic links; the path itself where there is none. */
   virtual std::string Resolve(const std::string& path) = 0;
-  /** Makes a file that must not exist yet, with all bytes on the disk at return, and the permissions of
+  /** Makes a file that must not exist yet, with all bytes, and the permissions of
    * `like` if that file exists. Leaves no file behind where it fails. */
-  virtual Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like) = 0;
+  virtual Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
+                          Flush flush) = 0;
   /** Gives an existing file new bytes in place, space reserved first. Not safe against a crash in the middle.
    */
   virtual Status Overwrite(const std::string& path, std::string_view bytes) = 0;
-  /** Replaces `to` at once and flushes the folder. */
-  virtual Status Rename(const std::string& from, const std::string& to) = 0;
+  /** Replaces `to` at once; the folder is flushed, too. */
+  virtual Status Rename(const std::string& from, const std::string& to, Flush flush) = 0;
   virtual Status Remove(const std::string& path) = 0;
   /** The names of what lies in a folder, in no order. */
   virtual Result<std::vector<std::string>> List(const std::string& folder) = 0;

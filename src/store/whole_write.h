@@ -12,6 +12,7 @@ namespace tarvok {
  * bytes or the new ones. Symbolic links and permissions stay. Where the folder takes no new file, an existing
  * file is written in place. On an error the target is as it was.
  */
-Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes);
+Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes,
+                  Flush flush = Flush::kNow);
 
 }  // namespace tarvok

@@ -49,7 +49,7 @@ class MemoryFiles : public FileSystem {
     return found->second.bytes;
   }
   std::string Resolve(const std::string& path) override { return path; }
-  Status WriteNew(const std::string& path, std::string_view bytes, const std::string&) override {
+  Status WriteNew(const std::string& path, std::string_view bytes, const std::string&, Flush) override {
     if (read_only_folder) return {ErrorKind::kNoPermission, path};
     if (files.contains(path)) return {ErrorKind::kExists, path};
     if (Fails()) {
@@ -65,7 +65,7 @@ class MemoryFiles : public FileSystem {
     files[path] = {std::string(bytes), files[path].inode, ++clock_};
     return {};
   }
-  Status Rename(const std::string& from, const std::string& to) override {
+  Status Rename(const std::string& from, const std::string& to, Flush) override {
     if (Fails()) return Error(to);
     files[to] = files[from];
     files.erase(from);

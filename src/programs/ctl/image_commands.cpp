@@ -88,7 +88,7 @@ int Encode(ProjectStore& store, const std::string& project, int section, int ver
   if (!text.ok()) return Fail(text.status().message());
   const Result<std::string> image = Encoded(*text.value(), section, version);
   if (!image.ok()) return Fail(image.status().message());
-  const Status written = WriteWhole(store.files(), file, image.value());
+  const Status written = WriteWhole(store.files(), file, image.value(), Flush::kLater);
   return written.ok() ? kDone : Fail(written.message());
 }
 
@@ -108,7 +108,7 @@ int EncodeAll(ProjectStore& store, const std::string& project, int version, cons
   std::filesystem::create_directories(folder, error);
   if (error) return Fail(folder + ": " + error.message());
   for (const auto& [section, image] : images) {
-    const Status written = WriteWhole(store.files(), FileOf(folder, section), image);
+    const Status written = WriteWhole(store.files(), FileOf(folder, section), image, Flush::kLater);
     if (!written.ok()) return Fail(written.message());
   }
   return kDone;
