@@ -20,6 +20,12 @@ std::string_view LineEndOf(const IniText& text) {
   return end.empty() ? kNewLine : end;
 }
 
+/** Ends a last line that has no line end yet; one that ends in a bare CR must not get a second. */
+void EndLastLine(std::string_view line_end, std::string& out) {
+  if (out.empty() || out.back() == '\n') return;
+  out.append(out.back() == '\r' ? std::string_view("\n") : line_end);
+}
+
 std::string CutValue(std::string_view value) {
   return std::string(value.substr(0, value.find_first_of(std::string_view("\0\r\n", 3))));
 }
@@ -88,13 +94,10 @@ void IniEdit::DeleteSection(std::string_view section) {
 }
 
 void IniEdit::AppendNewKeys(const SectionEdit& edit, std::string_view line_end, std::string& out) const {
-  const bool needs_break = !out.empty() && out.back() != '\n';
-  bool first = true;
   for (const std::string& folded : edit.new_keys) {
     const KeyEdit& key = edit.keys.at(folded);
     if (key.deleted) continue;
-    if (first && needs_break) out.append(line_end);
-    first = false;
+    EndLastLine(line_end, out);
     AppendKey(key.name, key.value, line_end, out);
   }
 }
@@ -154,7 +157,7 @@ std::string IniEdit::Bytes() const {
     const bool has_keys = std::any_of(edit.new_keys.begin(), edit.new_keys.end(),
                                       [&](const std::string& key) { return !edit.keys.at(key).deleted; });
     if (!has_keys) continue;
-    if (!out.empty() && out.back() != '\n') out.append(line_end);
+    EndLastLine(line_end, out);
     out.append("[").append(edit.name).append("]").append(line_end);
     AppendNewKeys(edit, line_end, out);
   }

@@ -66,6 +66,7 @@ TEST(IniEdit, ChangesItsLinesOnly) {
       {"[a]\nj=1\n\n; note\n[b]\n", set, "[a]\nj=1\nK=new\n\n; note\n[b]\n"},
       {"[a]\nj=1", set, "[a]\nj=1\nK=new\n"},
       {"[b]\nk=1", set, "[b]\nk=1\n[A]\nK=new\n"},
+      {"[b]\r\nk=1\r", set, "[b]\r\nk=1\r\n[A]\r\nK=new\r\n"},
       {"; x\r\n[a]\n k = old \nk=second\n[A]\nk=third\n", set, "; x\r\n[a]\nk=new\nk=second\n[A]\nk=third\n"},
       {"[a]\n k = 'new' \n", set, "[a]\n k = 'new' \n"},
       {"[a]\nk=1\nj=2\nK=3\n[A]\nk=4\n", remove, "[a]\nj=2\n[A]\nk=4\n"},
