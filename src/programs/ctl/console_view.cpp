@@ -30,7 +30,12 @@ ConsoleView::ConsoleView(AskPassword ask_password, bool compare)
     : ask_password_(std::move(ask_password)), compare_(compare), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
 
 ConsoleView::~ConsoleView() {
+  End();
+}
+
+void ConsoleView::End() {
   ClearBar();
+  if (std::exchange(line_open_, false)) Write("\n");
 }
 
 void ConsoleView::Write(std::string_view text) {

@@ -20,6 +20,9 @@ class ConsoleView : public SessionView {
   explicit ConsoleView(AskPassword ask_password, bool compare = false);
   ~ConsoleView() override;
 
+  /** Takes the bar away and ends a line that was left open. */
+  void End();
+
   void Log(std::string_view text) override;
   void Progress(int value, int end) override;
   void Elapsed(int seconds) override;

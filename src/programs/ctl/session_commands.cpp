@@ -73,6 +73,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
   const bool done = session(transfer);
   const bool interrupted = transfer.waits().aborted();
   transfer.Unload();
+  view.End();
   if (done) return kDone;
   return Fail(interrupted ? "interrupted" : transfer.reason());
 }
