@@ -63,20 +63,5 @@ TEST(QtEventServer, StopsOnlyTheTimerItIsAskedToStop) {
   EXPECT_TRUE(events.ServeUntil([&] { return alive; }, kPatience_ms));
 }
 
-TEST(QtEventServer, LetsATimerStopItselfAndGivesTheClock) {
-  QtEventServer events;
-  int ticks = 0;
-  EventServer::TimerId timer = 0;
-  timer = events.StartTimer(1, [&] {
-    ++ticks;
-    events.StopTimer(timer);
-  });
-  events.ServeUntil([] { return false; }, 20);
-  EXPECT_EQ(ticks, 1);
-  const WallClock now = events.Now();
-  EXPECT_GE(now.year, 2024);
-  EXPECT_TRUE(now.month >= 1 && now.month <= 12 && now.weekday >= 0 && now.weekday <= 6);
-}
-
 }  // namespace
 }  // namespace tarvok::test

@@ -191,42 +191,5 @@ TEST(Conversation, GivesASectionPackByPackAndEnquiresWhenNoAnswerComes) {
   EXPECT_THAT(bench.came, IsEmpty());
 }
 
-TEST(Conversation, KeepsBillingSectorsInOrder) {
-  PracticeBench bench;
-  bench.Enter(2);
-  const Bytes sector = Pattern(510), last = Pattern(30, 99);
-  const auto number = [](int sector_number) { return 3 + 256 * sector_number; };
-  EXPECT_THAT(bench.SendData(0x03, number(0), sector), IsEmpty());
-  EXPECT_THAT(bench.SendData(0x03, number(1), last), IsEmpty());
-  EXPECT_THAT(bench.SendData(0x03, number(1), last), IsEmpty());  // once more counts once
-  Bytes both = sector;
-  both.insert(both.end(), last.begin(), last.end());
-  EXPECT_EQ(bench.memory.billing()[3].bytes, both);
-  EXPECT_THAT(bench.SendData(0x03, number(3), last), ElementsAre(kError));
-  EXPECT_THAT(bench.SendData(0x03, number(0), last), IsEmpty());
-  EXPECT_EQ(bench.memory.billing()[3].bytes, last);
-}
-
-TEST(Conversation, AnswersInTheLayoutOfItsVersion) {
-  // Bytes of the route map and of the tenants, as they are taken and as they are given.
-  struct Case {
-    int version, map_in, map_out, tenants;
-  };
-  for (const Case& row : {Case{100, 4400, 4400, 64}, Case{101, 4400, 4600, 64}, Case{102, 4600, 4600, 64},
-                          Case{103, 4600, 4600, 256}, Case{110, 4600, 4600, 256}}) {
-    SCOPED_TRACE(row.version);
-    PracticeBench bench(Wire::kLan, row.version);
-    bench.Enter(1);
-    EXPECT_EQ(bench.Load(8).size(), static_cast<std::size_t>(row.map_out));  // the blank one
-    Bytes map = BlankImage(8, row.map_in);
-    map[0] = '*';
-    EXPECT_THAT(bench.SendData(0x01, 8, map), IsEmpty());
-    const Bytes loaded = bench.Load(8);
-    EXPECT_EQ(loaded.size(), static_cast<std::size_t>(row.map_out));
-    EXPECT_EQ(loaded[0], row.version == 101 ? 0x3B : '*');
-    EXPECT_THAT(bench.SendData(0x01, 12, Pattern(static_cast<std::size_t>(row.tenants))), IsEmpty());
-  }
-}
-
 }  // namespace
 }  // namespace tarvok::test

@@ -90,17 +90,6 @@ TEST(ExchangeStore, SaysWhatCouldNotBeWritten) {
   EXPECT_FALSE(box.store.Flush().ok());
 }
 
-TEST(Passwords, PackAsTheyTravel) {
-  const std::pair<const char*, const char*> kCases[] = {
-      {"000000", "AAAAAA"}, {"12345", "F12345"}, {"1234", "1234FF"}, {"7", "F7FFFF"}, {"", ""},
-      {"1234567", ""},      {"12a", ""},
-  };
-  for (const auto& [digits, packed] : kCases) {
-    const std::optional<PackedPassword> found = PackPassword(digits);
-    EXPECT_EQ(found ? HexText(*found) : "", packed) << digits;
-  }
-}
-
 /** Keys that a decoder writes for an empty image just as for a full one. */
 bool SaysNothing(const IniText::Key& key) {
   const std::string value(key.value);

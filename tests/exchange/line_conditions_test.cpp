@@ -86,18 +86,6 @@ TEST(FaultyPort, DoesTheSameDamageForTheSameSeed) {
   EXPECT_EQ(chances.Pick(1'000'000), 14514284786278117030ULL % 1'000'000);
 }
 
-TEST(FaultyPort, DoesEachKindOfDamage) {
-  EXPECT_THAT(Hundred(Faults("drop=1")), ::testing::Each(""));
-  EXPECT_THAT(Hundred(Faults("error-reply=1")), ::testing::Each(PracticeBench::kError));
-  EXPECT_THAT(Hundred(Faults("delay=5")), ::testing::Each(PracticeBench::kOk));
-  // Doubled in both directions: one idle is two, each of which is answered twice.
-  EXPECT_THAT(Hundred(Faults("dup=1")), ::testing::Each("21000080210000802100008021000080"));
-  const std::vector<std::string> lossy = Hundred(Faults("drop=0.3"));
-  const auto heard = std::count(lossy.begin(), lossy.end(), PracticeBench::kOk);
-  EXPECT_GT(heard, 30);  // 49 is what 0.7 by 0.7 lets expect
-  EXPECT_LT(heard, 70);
-}
-
 TEST(FaultyPort, FallsSilentOrHangsUpBehindACount) {
   PracticeBench silent(Wire::kLan, 110, Faults("silent-after=2"));
   EXPECT_EQ(silent.Ask("12FF0000"), PracticeBench::kOk);

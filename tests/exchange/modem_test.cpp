@@ -47,24 +47,6 @@ class ModemTest : public ::testing::Test {
   std::string came_;
 };
 
-TEST_F(ModemTest, ConnectsBehindTheToolsSetUp) {
-  // As the tool writes it: CR in front, none behind, so each CR ends the command before it.
-  for (const bool echo : {true, false}) {
-    if (!echo) Say("ATE0\r", 10);
-    const auto echoed = [echo](std::string_view text) { return echo ? std::string(text) : std::string(); };
-    EXPECT_EQ(Say("\rATH0", 1000), echoed("\rATH0"));
-    EXPECT_EQ(Say("\rAT", 1000), echoed("\r") + "\r\nOK\r\n" + echoed("AT"));
-    EXPECT_EQ(Say("\rAT S7=45 S0=0 V1 X4\rATH1", 1000),
-              echoed("\r") + "\r\nOK\r\n" + echoed("AT S7=45 S0=0 V1 X4\r") + "\r\nOK\r\n" + echoed("ATH1"));
-    EXPECT_EQ(Say("ATDT12,34\r", 400), echoed("ATDT12,34\r"));
-    EXPECT_EQ(Say("", 200), "\r\nCONNECT 57600\r\n");
-    EXPECT_EQ(SayHex("100201100315"), "103010");
-    modem_.LoseControlLines();
-    events_.Run(10);
-    EXPECT_EQ(exchange_.calls(), 0U);
-  }
-}
-
 TEST_F(ModemTest, AnswersCommands) {
   Say("ATE0\r", 10);
   const std::pair<const char*, const char*> kCases[] = {

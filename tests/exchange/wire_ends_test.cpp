@@ -24,34 +24,6 @@ constexpr const char* kEstablish = "100201100315";
 constexpr const char* kAck0FromTool = "103001";
 constexpr const char* kAck1FromTool = "103101";
 
-TEST(LinkEnd, AlternatesAcksInBothDirections) {
-  PracticeBench bench(Wire::kLink);
-  EXPECT_EQ(bench.Ask(kEstablish), "103010");
-  for (int frame = 1; frame <= 10; ++frame) {
-    // The Establish was frame 1 of the tool, so its next one is acknowledged by Ack1; the exchange begins
-    // with 1.
-    const bool odd = frame % 2 == 1;
-    EXPECT_EQ(bench.Ask(BuildFrame(kToolAddress, kIdle)), (odd ? "103110" : "103010") + Framed("21000080"));
-    EXPECT_EQ(bench.Ask(odd ? kAck0FromTool : kAck1FromTool), "");
-  }
-  bench.events.Run(10'000);
-  EXPECT_THAT(bench.came, IsEmpty());
-  EXPECT_THAT(bench.complaints, IsEmpty());
-}
-
-TEST(LinkEnd, TakesFramesInAnySplit) {
-  const Bytes message = Hex("12FF0009101000101010");  // full of bytes that are doubled
-  Bytes stream = Hex("41420D0A" + std::string(kEstablish));
-  const Bytes frame = BuildFrame(kToolAddress, message);
-  stream.insert(stream.end(), frame.begin(), frame.end());
-  for (std::size_t piece = 1; piece <= stream.size(); ++piece) {
-    PracticeBench bench(Wire::kLink);
-    bench.tool.set_piece(piece);
-    EXPECT_EQ(bench.Ask(stream), "103010103110" + Framed(PracticeBench::kError)) << piece;
-    EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr("needs mode 1"))) << piece;
-  }
-}
-
 TEST(LinkEnd, AnswersBadBytesAsTheLinkWantsIt) {
   struct Case {
     const char* sent;
