@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include "platform/posix_file_system.h"
+#include "programs/ctl/compare_commands.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/image_commands.h"
 #include "programs/ctl/places.h"
@@ -86,6 +87,16 @@ class CommandLine {
     });
     make->add_option("PROJECT", arguments_.project, "project file to make")->required();
     make->add_flag("--force", arguments_.force, "replace an existing file");
+
+    CLI::App* check = Command("check", "tell what no editor could have written and what points nowhere",
+                              [this] { return Check(store_, arguments_.project); });
+    check->add_option("PROJECT", arguments_.project, "project file")->required();
+
+    CLI::App* diff = Command("diff", "tell what differs between two projects",
+                             [this] { return Diff(store_, arguments_.project, arguments_.other); });
+    diff->add_option("A", arguments_.project, "project file")->required();
+    diff->add_option("B", arguments_.other, "project file to compare it with")->required();
+    diff->footer("Exit status: 0 same, 1 different, 2 not comparable.");
 
     CLI::App* get = Command("get", "print a value, or KEY=VALUE lines of a section", [this] {
       return Get(store_, arguments_.project, arguments_.section_name, arguments_.key);

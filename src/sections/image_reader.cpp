@@ -2,14 +2,16 @@
 
 #include <algorithm>
 
+#include "sections/wire_values.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 
 namespace tarvok {
 namespace {
 
-constexpr int kUnsetByte = 255;
-constexpr int kUnsetWord = 65535;
+std::string PlusOneOrUnset(int value, int unset, int width) {
+  return value == unset ? std::string(kUnset) : Padded(value + 1, width);
+}
 
 }  // namespace
 
@@ -29,8 +31,7 @@ int ImageReader::Byte(int at) const {
 }
 
 int ImageReader::Word(int at) const {
-  const int high = Byte(at + 1);
-  return high == kUnsetByte ? kUnsetWord : Byte(at) + 256 * high;
+  return Byte(at + 1) == kUnsetByte ? kUnsetWord : RawWord(at);
 }
 
 std::string ImageReader::Text(int at, int count) const {
@@ -44,13 +45,22 @@ std::string ImageReader::Plain(int at) const {
 }
 
 std::string ImageReader::PlusOne(int at, int width) const {
-  const int value = Byte(at);
-  return value == kUnsetByte ? std::string(kUnset) : Padded(value + 1, width);
+  return PlusOneOrUnset(Byte(at), kUnsetByte, width);
 }
 
 std::string ImageReader::PlusOneWord(int at, int width) const {
-  const int value = Word(at);
-  return value == kUnsetWord ? std::string(kUnset) : Padded(value + 1, width);
+  return PlusOneOrUnset(Word(at), kUnsetWord, width);
+}
+
+std::string ImageReader::RawPlusOneWord(int at, int width) const {
+  return PlusOneOrUnset(RawWord(at), kUnsetWord, width);
+}
+
+std::string ImageReader::Characters(int at, int count, std::string_view left_out) const {
+  std::string text = Text(at, count);
+  std::erase_if(text, [&](char c) { return left_out.find(c) != std::string_view::npos; });
+  const std::string_view trimmed = Trim(text);
+  return std::string(trimmed.empty() ? kUnset : trimmed);
 }
 
 std::string ImageReader::Digits(int at, int count, DialSymbols symbols) const {

@@ -1,21 +1,23 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include "sections/field.h"
+#include "sections/image_reader.h"
+#include "sections/record_writer.h"
+#include "sections/wire_values.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 #include "store/number_text.h"
 
 namespace tarvok {
 
-inline constexpr std::string_view kMaxKey = "Max";
-inline constexpr std::string_view kNowKey = "Now";
-
-/** The key of row `number`. */
+/** The key of row `number`; of a table of one key that key, whatever the number. */
 inline std::string KeyOf(const Table& table, int number) {
-  return Padded(number, table.rows.width).append(table.rows.suffix);
+  if (table.single()) return std::string(table.key);
+  return std::string(table.rows.prefix).append(Padded(number, table.rows.width)).append(table.rows.suffix);
 }
 
 /** The trimmed value of row `number`, "" for an unused row. Valid as long as the project text. */
@@ -23,21 +25,81 @@ inline std::string_view RowValue(const IniText& project, const Table& table, int
   return Trim(project.Get(table.section, KeyOf(table, number)));
 }
 
-/** Writes a row, or removes its key where the value is one of the table's empty rows. */
-inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
-  for (const std::string_view empty : table.empty_rows) {
-    if (value == empty) {
-      project.DeleteKey(table.section, KeyOf(table, number));
-      return;
-    }
-  }
-  project.Set(table.section, KeyOf(table, number), value);
+/** The trimmed value of a table of one key. */
+inline std::string_view KeyValue(const IniText& project, const Table& table) {
+  return Trim(project.Get(table.section, table.key));
 }
 
-/** Writes "Max", the number of rows a section can hold, and "Now", the number in use. */
-inline void StoreRowCounts(IniEdit& project, const Table& table, int max, int now) {
-  project.Set(table.section, kMaxKey, std::to_string(max));
+/** Writes a row, or removes its key where the value is one of the table's empty rows. */
+inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
+  const auto& empty = table.empty_rows;
+  if (std::find(empty.begin(), empty.end(), value) != empty.end()) {
+    project.DeleteKey(table.section, KeyOf(table, number));
+  } else {
+    project.Set(table.section, KeyOf(table, number), value);
+  }
+}
+
+/** Writes "Max", the number of rows a section can hold. */
+inline void StoreMax(IniEdit& project, const Table& table) {
+  project.Set(table.section, kMaxKey, std::to_string(table.rows.last));
+}
+
+/** Writes "Max" and "Now", the number of rows in use. */
+inline void StoreRowCounts(IniEdit& project, const Table& table, int now) {
+  StoreMax(project, table);
   project.Set(table.section, kNowKey, std::to_string(now));
+}
+
+/** Records of one size, one a row. That of an unused row is `unset_count` bytes of 255 from `unset_at`, all
+ * else 0. */
+struct RecordShape {
+  int size;
+  int unset_at = 0;
+  int unset_count = 0;
+};
+
+/** Walks a table's rows beside the records that they fill from the image's start, and encodes each one in use
+ * with `encode(RecordWriter&)`. A row is unused if its key is missing or empty, or if it is above `last`. */
+template <typename EncodeRow>
+void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table, ImageWriter& image,
+                  RecordShape shape, EncodeRow encode) {
+  for (int number = table.rows.first; number <= table.rows.last; ++number) {
+    const std::string key = KeyOf(table, number);
+    const std::string_view value = Trim(project.Get(table.section, key));
+    const int start = (number - table.rows.first) * shape.size;
+    if (number > last || value.empty()) {
+      image.Fill(start + shape.unset_at, shape.unset_count, kUnsetByte);
+      continue;
+    }
+    RecordWriter row(image, start, table, key, value);
+    encode(row);
+  }
+}
+
+/** The same for all rows of the table. */
+template <typename EncodeRow>
+void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, RecordShape shape,
+                EncodeRow encode) {
+  EncodeRowsTo(table.rows.last, project, table, image, shape, encode);
+}
+
+/** Walks a table's rows beside the records of `size` bytes, and stores what `decode(const ImageReader&)`
+ * makes of each. */
+template <typename DecodeRow>
+void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size, DecodeRow decode) {
+  for (int number = table.rows.first; number <= table.rows.last; ++number) {
+    StoreRow(project, table, number, decode(image.Record(number - table.rows.first, size)));
+  }
+}
+
+/** Calls `take` with each member of a list that stands for something: empty pieces, "F" and numbers below 1
+ * take no place in a pool. */
+template <typename Take>
+void ForEachMember(std::string_view list, Take take) {
+  ForEachField(list, [&](std::string_view member) {
+    if (Val(member) >= 1) take(member);
+  });
 }
 
 }  // namespace tarvok

@@ -2,7 +2,9 @@
 
 #include <string>
 
-#include "sections/ports/row_walk.h"
+#include "sections/ports/assign.h"
+#include "sections/ports/port_config.h"
+#include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -12,13 +14,16 @@ namespace {
 constexpr tarvok::Field kFields[] = {
     Digits("Account", 6),
     Digits("Password", 4),
-    RowOf("Number", "Assign", 1, 500, 3),
-    RowOf("Config", "PortConfig", 1, 20, 0),
-    RowOf("Tenan", "Tenan", 1, 32, 0),
+    RowOf("Number", assign::kTable, 3).LoadedUnpadded(),
+    AnyRowOf("Config", port_config::kTable, 0),
+    AnyRowOf("Tenan", tenan::kDayTable, 0),
     tarvok::Number("Time (sec)", 0, 9999),
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F"};
+constexpr Mark kMarks[] = {{kAccount, ""}};
+constexpr int kAccountField[] = {kAccount};
+constexpr Unique kUnique[] = {{kAccountField, "account"}};
 
 }  // namespace
 
@@ -26,7 +31,9 @@ const Table kTable = {.section = "Account",
                       .row_name = "Account",
                       .rows = {1, kAccountRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .unique = kUnique};
 
 }  // namespace account
 
@@ -37,7 +44,6 @@ using namespace account;
 constexpr int kRecord = 11;
 constexpr int kAccountBytes = 3;
 constexpr int kPasswordBytes = 2;
-constexpr int kUnsetTime = 65535;
 
 void EncodeNumberOf(RecordWriter& row) {
   const bool has_account = row.IsSet(kAccount);
@@ -58,7 +64,7 @@ void EncodeRow(RecordWriter& row) {
   EncodeNumberOf(row);
   row.MinusOne(7, kConfig);
   row.MinusOne(8, kTenan);
-  row.PlainWord(9, kTime, kUnsetTime);
+  row.PlainWord(9, kTime, kUnsetWord);
 }
 
 std::string DecodeRow(const ImageReader& record) {
@@ -69,26 +75,18 @@ std::string DecodeRow(const ImageReader& record) {
   row.Add(record.PlusOneWord(5));  // 254, 255 is not set, too: its high byte says so
   row.Add(record.PlusOne(7));
   row.Add(record.PlusOne(8));
-  row.Add(seconds == kUnsetTime ? std::string(kUnset) : std::to_string(seconds));
+  row.Add(seconds == kUnsetWord ? std::string(kUnset) : std::to_string(seconds));
   return row.str();
 }
 
 }  // namespace
 
 void EncodeAccount(const IniText& project, ImageWriter& image) {
-  EncodeRows(project, image, kTable, kRecord, [](RecordWriter& row, bool used) {
-    if (used) {
-      EncodeRow(row);
-    } else {
-      row.Fill(0, kRecord, 255);
-    }
-  });
+  EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeAccount(const ImageReader& image, IniEdit& project) {
-  for (int number = 1; number <= kAccountRows; ++number) {
-    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord)));
-  }
+  DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }
 
 }  // namespace tarvok

@@ -2,6 +2,10 @@
 
 #include <string>
 
+#include "sections/ports/boss.h"
+#include "sections/ports/hunt_group.h"
+#include "sections/ports/name.h"
+#include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -13,15 +17,26 @@ constexpr Choice kTypeChoices[] = {
     {"4", "Hunt Circular"}, {"5", "Hunt Group All"},    {"6", "Hunt ACD"},   {"7", "Boss Number"},
 };
 
+constexpr tarvok::Field kPort = RowOf("Value", port_def::kTable, 3);
+constexpr tarvok::Field kHuntGroup = RowOf("Value", hunt_group::kTable, 0);
+constexpr tarvok::Field kCallGroup = tarvok::Number("Value", 1, 99, 2);
+constexpr tarvok::Field kBoss = RowOf("Value", boss::kTable, 0);
+constexpr Meaning kValues[] = {{"0", &kPort},      {"1", &kHuntGroup}, {"2", &kCallGroup}, {"3", &kCallGroup},
+                               {"4", &kHuntGroup}, {"5", &kHuntGroup}, {"6", &kHuntGroup}, {"7", &kBoss}};
+
 constexpr tarvok::Field kFields[] = {
     Digits("Number", 6),
     OneOf("Type", kTypeChoices),
-    tarvok::Number("Value", 1, 500),
+    DecidedBy("Value", kType, kValues),
     tarvok::Number("Company", 0, 4),
-    RowOf("Name", "Name", 1, 500, 3),
+    RowOf("Name", name::kTable, 3),
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
+constexpr Mark kMarks[] = {{kNumber, ""}};
+constexpr int kNumberField[] = {kNumber};
+constexpr int kValueField[] = {kValue};
+constexpr Unique kUnique[] = {{kNumberField, "number"}, {kValueField, "port", kType, "0"}};
 
 }  // namespace
 
@@ -29,7 +44,11 @@ const Table kTable = {.section = "Assign",
                       .row_name = "Number",
                       .rows = {1, kAssignRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .needs = kNumberField,
+                      .unique = kUnique,
+                      .now = NowCounts::kRows};
 
 }  // namespace assign
 
@@ -71,24 +90,12 @@ std::string DecodeNumber(const ImageReader& record) {
 
 void EncodeAssign(const IniText& project, ImageWriter& image) {
   const std::int64_t now = Val(project.Get(kTable.section, kNowKey));
-  for (int number = 1; number <= kAssignRows; ++number) {
-    const int start = (number - 1) * kRecord;
-    const std::string key = KeyOf(kTable, number);
-    const std::string_view value = Trim(project.Get(kTable.section, key));
-    if (number > now || value.empty()) {
-      image.Fill(start, kRecord, 255);
-      continue;
-    }
-    RecordWriter row(image, start, kTable, key, value);
-    EncodeNumber(row);
-  }
+  EncodeRowsTo(now, project, kTable, image, {kRecord, 0, kRecord}, EncodeNumber);
 }
 
 void DecodeAssign(const ImageReader& image, IniEdit& project) {
-  StoreRowCounts(project, kTable, kAssignRows, kAssignRows);
-  for (int number = 1; number <= kAssignRows; ++number) {
-    StoreRow(project, kTable, number, DecodeNumber(image.Record(number - 1, kRecord)));
-  }
+  StoreRowCounts(project, kTable, kAssignRows);
+  DecodeRows(image, project, kTable, kRecord, DecodeNumber);
 }
 
 }  // namespace tarvok

@@ -1,7 +1,6 @@
 #include "sections/ports/boss.h"
 
-#include "sections/ports/raw_word.h"
-#include "sections/ports/row_walk.h"
+#include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -9,14 +8,18 @@ namespace boss {
 namespace {
 
 constexpr tarvok::Field kFields[] = {
-    RowOf("BOSS", "Port_Def", 1, 500, 3),
-    RowOf("SECRETARY", "Port_Def", 1, 500, 3),
+    RowOf("BOSS", port_def::kTable, 3).ShownBy(port_def::kNumber),
+    RowOf("SECRETARY", port_def::kTable, 3).ShownBy(port_def::kNumber),
 };
+constexpr int kNeeds[] = {kBoss};
 
 }  // namespace
 
-const Table kTable = {
-    .section = "BOSS", .row_name = "Boss and Secretary", .rows = {1, kBossRows, 2}, .fields = kFields};
+const Table kTable = {.section = "BOSS",
+                      .row_name = "Boss and Secretary",
+                      .rows = {1, kBossRows, 2},
+                      .fields = kFields,
+                      .needs = kNeeds};
 
 }  // namespace boss
 
@@ -29,20 +32,16 @@ constexpr int kRecord = 4;
 }  // namespace
 
 void EncodeBoss(const IniText& project, ImageWriter& image) {
-  EncodeRows(project, image, kTable, kRecord, [](RecordWriter& row, bool) {
+  EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, [](RecordWriter& row) {
     row.MinusOneWord(0, kBoss);
     row.MinusOneWord(2, kSecretary);
   });
 }
 
 void DecodeBoss(const ImageReader& image, IniEdit& project) {
-  for (int number = 1; number <= kBossRows; ++number) {
-    const ImageReader record = image.Record(number - 1, kRecord);
-    RowText row;
-    row.Add(RawPlusOneWord(record, 0, 3));
-    row.Add(RawPlusOneWord(record, 2, 3));
-    project.Set(kTable.section, KeyOf(kTable, number), row.str());
-  }
+  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record) {
+    return RowText().Add(record.RawPlusOneWord(0, 3)).Add(record.RawPlusOneWord(2, 3)).str();
+  });
 }
 
 }  // namespace tarvok

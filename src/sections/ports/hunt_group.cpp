@@ -3,15 +3,14 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/ports/raw_word.h"
-#include "sections/ports/value_writer.h"
+#include "sections/ports/assign.h"
 #include "sections/rows.h"
 
 namespace tarvok {
 namespace hunt_group {
 namespace {
 
-constexpr Field kFields[] = {RowOf("Member", "Assign", 1, 500, 3)};
+constexpr Field kFields[] = {RowOf("Member", assign::kTable, 3)};
 
 }  // namespace
 
@@ -19,7 +18,9 @@ const Table kTable = {.section = "HuntGroup",
                       .row_name = "Hunt Group",
                       .rows = {1, kHuntGroups, 2},
                       .fields = kFields,
-                      .repeats = true};
+                      .repeats = true,
+                      .members = {.pool = kHuntMembers},
+                      .now = NowCounts::kMembers};
 
 }  // namespace hunt_group
 
@@ -44,30 +45,28 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image) {
   int count = 0;
   for (int group = 1; group <= kHuntGroups; ++group) {
     const std::string key = KeyOf(kTable, group);
-    ForEachField(RowValue(project, kTable, group), [&](std::string_view member) {
-      const std::int64_t number = Val(member);
-      if (number < 1) return;
+    ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
       ValueWriter slot(image, kTable, key, member);
       if (count == kHuntMembers) {
-        slot.Fail("has no place in the pool that all groups share");
+        slot.Fail(kPoolFull);
         return;
       }
       ++count;
-      slot.MinusOneWord(SlotAt(count), number);
+      slot.MinusOneWord(SlotAt(count), Val(member));
     });
     image.Word(TotalAt(group), count);
   }
-  image.Fill(SlotAt(count + 1), (kHuntMembers - count) * kWord, 255);
+  image.Fill(SlotAt(count + 1), (kHuntMembers - count) * kWord, kUnsetByte);
 }
 
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project) {
-  StoreRowCounts(project, kTable, kHuntGroups, RawWord(image, TotalAt(kHuntGroups)));
+  StoreRowCounts(project, kTable, image.RawWord(TotalAt(kHuntGroups)));
   int position = 1;
   for (int group = 1; group <= kHuntGroups; ++group) {
-    const int last = std::min(RawWord(image, TotalAt(group)), kHuntMembers);
+    const int last = std::min(image.RawWord(TotalAt(group)), kHuntMembers);
     RowText members;
     for (; position <= last; ++position) {
-      const std::string member = RawPlusOneWord(image, SlotAt(position), 3);
+      const std::string member = image.RawPlusOneWord(SlotAt(position), 3);
       if (member != kUnset) members.Add(member);
     }
     project.Set(kTable.section, KeyOf(kTable, group), members.str());

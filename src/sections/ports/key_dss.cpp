@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "sections/ports/value_writer.h"
+#include "sections/routing/group_out.h"
 #include "sections/rows.h"
 #include "store/value_code.h"
 
@@ -11,9 +11,38 @@ namespace tarvok {
 namespace key_dss {
 namespace {
 
-// What an argument means, and so its length and what it points at, is said by the button's code.
-constexpr Field kKeyFields[] = {Text("Key", 24)};
-constexpr Field kDssFields[] = {Text("DSS", 8)};
+constexpr std::string_view kTelephone = "TE";
+constexpr std::string_view kTrunk = "TR";
+constexpr std::string_view kExtension = "EX";
+constexpr std::string_view kGroupOut = "GO";
+constexpr std::string_view kMultiline = "ML";
+constexpr std::string_view kOldGroupOut = "C";  // no dialog writes it any more, but a button keeps it
+
+constexpr Field kDialled = Digits("Number", 20, "*#");
+constexpr Field kNumber = Digits("Number", 20);
+constexpr Field kShortNumber = Digits("Number", 6);
+constexpr Field kShortDialled = Digits("Number", 6, "*#");
+constexpr Field kMapOfTrunk = Digits("Map Digit", 14);
+constexpr Field kMapOfGroup = Digits("Map Digit", 18);
+constexpr Field kGroup = RowOf("Group Out", group_out::kTable, 0);
+constexpr Field kOldGroup = RowOf("Group Out", group_out::kTable, 2);
+constexpr Field kLine = tarvok::Number("Line", 1, 5);
+
+constexpr CodedValue kKeyCodes[] = {
+    {kTelephone, &kDialled},
+    {kTrunk, &kNumber},
+    {kTrunk, &kShortNumber, &kMapOfTrunk},
+    {kExtension, &kNumber},
+    {kGroupOut, &kGroup},
+    {kGroupOut, &kGroup, &kMapOfGroup},
+    {kMultiline, &kLine, nullptr, true},
+    {kOldGroupOut, &kOldGroup},
+};
+constexpr CodedValue kDssCodes[] = {
+    {kTelephone, &kShortDialled}, {kTrunk, &kShortNumber}, {kExtension, &kShortNumber}};
+
+constexpr Field kKeyFields[] = {Coded("Key", kKeyCodes)};
+constexpr Field kDssFields[] = {Coded("DSS", kDssCodes)};
 
 }  // namespace
 
@@ -21,12 +50,15 @@ const Table kKeys = {.section = "Key",
                      .row_name = "Layout",
                      .rows = {1, kKeyLayouts, 2},
                      .fields = kKeyFields,
-                     .repeats = true};
+                     .repeats = true,
+                     .members = {.most = kKeysOfLayout, .numbered = true},
+                     .missing_differs = true};
 const Table kDss = {.section = "DSS",
                     .row_name = "Layout",
                     .rows = {1, kKeyLayouts, 2},
                     .fields = kDssFields,
-                    .repeats = true};
+                    .repeats = true,
+                    .members = {.most = kDssOfLayout, .numbered = true}};
 
 }  // namespace key_dss
 
@@ -42,12 +74,6 @@ constexpr int kDssStart = kKeysOfLayout * kKeyEntry;
 constexpr int kLayout = kDssStart + kDssOfLayout * kDssEntry;
 constexpr int kTrunkBytes = 3;
 constexpr std::string_view kLines = "12345";
-
-constexpr std::string_view kTelephone = "TE";
-constexpr std::string_view kTrunk = "TR";
-constexpr std::string_view kExtension = "EX";
-constexpr std::string_view kGroupOut = "GO";
-constexpr std::string_view kMultiline = "ML";
 
 /** A button's text taken apart. */
 struct Button {
@@ -116,7 +142,7 @@ void EncodeDss(ImageWriter& image, int at, std::string_view text, ValueWriter va
 void EncodeButtons(const IniText& project, ImageWriter& image, const Table& table, int layout, int start,
                    int count, int entry, void (*encode)(ImageWriter&, int, std::string_view, ValueWriter)) {
   const std::string key = KeyOf(table, layout);
-  const std::string_view row = Trim(project.Get(table.section, key));
+  const std::string_view row = RowValue(project, table, layout);
   if (row.empty()) return;
   const FieldList buttons(row);
   for (int i = 1; i <= count; ++i) {

@@ -11,10 +11,16 @@ namespace {
 
 constexpr int kMostBytes = 15;
 constexpr Field kFields[] = {tarvok::Text("Name", kMostBytes)};
+constexpr Mark kMarks[] = {{1, ""}};
 
 }  // namespace
 
-const Table kTable = {.section = "Name", .row_name = "Name", .rows = {1, kNameRows, 3}, .fields = kFields};
+const Table kTable = {.section = "Name",
+                      .row_name = "Name",
+                      .rows = {1, kNameRows, 3},
+                      .fields = kFields,
+                      .marks = kMarks,
+                      .now = NowCounts::kRows};
 
 }  // namespace name
 
@@ -40,7 +46,7 @@ void DecodeName(const ImageReader& image, IniEdit& project) {
     text = Trim(image.Text(i * kMostBytes, kMostBytes));
     count += text.empty() ? 0 : 1;
   }
-  StoreRowCounts(project, kTable, kNameRows, count);
+  StoreRowCounts(project, kTable, count);
   for (int number = 1; number <= kNameRows; ++number) {
     const std::string& text = names[static_cast<std::size_t>(number) - 1];
     if (text.empty()) {

@@ -1,6 +1,5 @@
 #include "sections/ports/number_tables.h"
 
-#include "sections/ports/value_writer.h"
 #include "sections/rows.h"
 
 namespace tarvok {

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "sections/ports/number_tables.h"
+#include "sections/routing/class_group.h"
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -13,29 +15,34 @@ constexpr Choice kCidChoices[] = {{"0", "OFF"}, {"1", "SDMF"}, {"2", "MDMF"}};
 constexpr Choice kConnectChoices[] = {{"0", "No"}, {"1", "Yes"}, {"2", "10 PPS"}, {"3", "20 PPS"}};
 constexpr Choice kMusicChoices[] = {
     {"0", "Internal"}, {"1", "External 1"}, {"2", "External 2"}, {"3", "VM only"}, {"4", "VM on CO"}};
+constexpr Choice kOverrideChoices[] = {{"0", "None"}};
 constexpr Choice kReverseChoices[] = {{"0", "No"}, {"1", "Use"}, {"2", "Destination"}, {"3", "Incoming"}};
 
+/** 256 is an older spelling of 255. */
+constexpr Choice kRingChoices[] = {{"8", "Default"}, {"255", "16 Rings Disc"}, {"256", "16 Rings Disc"}};
+
 constexpr tarvok::Field kFields[] = {
-    RowOf("Class of Servrice Day", "COR_Group", 1, 15, 2),
-    RowOf("Class of Servrice Night", "COR_Group", 1, 15, 2),
-    OneOf("Transfer Line", kOffOn),
-    OneOf("CID", kCidChoices),
-    OneOf("Connect", kConnectChoices),
-    OneOf("Music", kMusicChoices),
-    Number("CO Timeout", 0, 255),
-    Number("CO Timeout Incoming", 0, 255),
-    Number("Override Executive", 0, 9),
+    RowOf("Class of Servrice Day", class_group::kTable, 2),
+    RowOf("Class of Servrice Night", class_group::kTable, 2),
+    OneOf("Transfer Line", kOffOn).UnsetAs("0"),
+    OneOf("CID", kCidChoices).UnsetAs("0"),
+    OneOf("Connect", kConnectChoices).UnsetAs("0"),
+    OneOf("Music", kMusicChoices).UnsetAs("0"),
+    Number("CO Timeout", 0, 255).UnsetAs("0"),
+    Number("CO Timeout Incoming", 0, 255).UnsetAs("0"),
+    Number("Override Executive", 0, 9).Named(kOverrideChoices).UnsetAs("0"),
     Digits("Hotline Oper", 12),
-    Flag("Hook"),
-    OneOf("Line Reverse", kReverseChoices),
-    Flag("FAX"),
-    Flag("Do Not Print Extension"),
-    RowOf("Link Trunk Number", "LinkTrunk", 0, 30, 0),
-    Flag("Warning when call waiting"),
-    Number("Hang On Timeout", 0, 255),
-    RowOf("Hold Cut COR", "COR_Group", 1, 15, 2),
-    Number("Ring Transfer Timeout", 0, 256),
+    Flag("Hook").UnsetAs("0"),
+    OneOf("Line Reverse", kReverseChoices).UnsetAs("0"),
+    Flag("FAX").UnsetAs("0"),
+    Flag("Do Not Print Extension").UnsetAs("0"),
+    RowOf("Link Trunk Number", link_trunk::kTable, 0).UnsetAs("0"),
+    Flag("Warning when call waiting").UnsetAs("0"),
+    Number("Hang On Timeout", 0, 255).UnsetAs("0"),
+    RowOf("Hold Cut COR", class_group::kTable, 2).LoadedUnpadded(),
+    Number("Ring Transfer Timeout", 0, 16).Named(kRingChoices).UnsetAs("8"),
 };
+constexpr int kFieldsOfALoad = 16;  // of one below version 106, where section 42 adds nothing
 
 /** Profiles of nothing but defaults, as the two loads and the editor spell them. */
 constexpr std::string_view kDefaultA = "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0";
@@ -54,7 +61,9 @@ const Table kTable = {.section = "PortConfig",
                       .row_name = "Profile",
                       .rows = {1, kPortConfigRows, 2},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .fewest_fields = kFieldsOfALoad,
+                      .now = NowCounts::kRows};
 
 }  // namespace port_config
 
@@ -103,22 +112,6 @@ void Encode2(RecordWriter& profile) {
   }
 }
 
-/** Walks the profiles; an unused one is all 0 with 255 at the given offsets. */
-void EncodeProfiles(const IniText& project, ImageWriter& image, void (*encode)(RecordWriter&), int unset_at,
-                    int unset_count) {
-  for (int number = 1; number <= kPortConfigRows; ++number) {
-    const int start = (number - 1) * kRecord;
-    const std::string key = KeyOf(kTable, number);
-    const std::string_view value = Trim(project.Get(kTable.section, key));
-    if (value.empty()) {
-      image.Fill(start + unset_at, unset_count, 255);
-      continue;
-    }
-    RecordWriter profile(image, start, kTable, key, value);
-    encode(profile);
-  }
-}
-
 std::string ZeroForUnset(const ImageReader& profile, int at) {
   return std::to_string(profile.Byte(at) == 255 ? 0 : profile.Byte(at));
 }
@@ -136,7 +129,7 @@ std::string DecodeProfile(const ImageReader& profile, bool layout_a) {
 }
 
 void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
-  StoreRowCounts(project, kTable, kPortConfigRows, kPortConfigRows);
+  StoreRowCounts(project, kTable, kPortConfigRows);
   for (int number = 1; number <= kPortConfigRows; ++number) {
     const std::string row = DecodeProfile(image.Record(number - 1, kRecord), layout_a);
     if (row == (layout_a ? kDefaultA : kDefaultB)) {
@@ -150,15 +143,15 @@ void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
 }  // namespace
 
 void EncodePortConfigA(const IniText& project, ImageWriter& image) {
-  EncodeProfiles(project, image, EncodeA, 1, 2);
+  EncodeRows(project, kTable, image, {kRecord, 1, 2}, EncodeA);
 }
 
 void EncodePortConfigB(const IniText& project, ImageWriter& image) {
-  EncodeProfiles(project, image, EncodeB, 1, 2);
+  EncodeRows(project, kTable, image, {kRecord, 1, 2}, EncodeB);
 }
 
 void EncodePortConfig2(const IniText& project, ImageWriter& image) {
-  EncodeProfiles(project, image, Encode2, 6, 1);
+  EncodeRows(project, kTable, image, {kRecord, 6, 1}, Encode2);
 }
 
 void DecodePortConfigA(const ImageReader& image, IniEdit& project) {

@@ -44,10 +44,11 @@ extern const Table kTable;
  * Section 1: 20 records of 20 bytes in profile order, 400 bytes. An unused profile is 0, 255, 255 and 17
  * bytes of 0.
  *
- *  0 Connect               4 CID                   8 Override            14 FAX                  18 Hang On
- * (B; A: 0) 1 Service day -1        5 Music                 9 Hotline, 3 (B: 255) 15 Do not print         19
- * 0 2 Service night -1      6 CO Timeout           12 Hook                16 Link trunk 3 Transfer line 7 CO
- * Timeout Incoming  13 Line reverse        17 Warning
+ *  0 Connect            5 Music                  12 Hook              17 Warning
+ *  1 Service day -1     6 CO Timeout             13 Line reverse      18 Hang On (B; A: 0)
+ *  2 Service night -1   7 CO Timeout Incoming    14 FAX               19 0
+ *  3 Transfer line      8 Override               15 Do not print
+ *  4 CID                9 Hotline, 3 (B: 255)    16 Link trunk
  *
  * Layout A goes to versions below 106 and holds a hotline of 6 digits; from 106 layout B sends 255 there,
  * whatever the profile says, because the hotline travels with 12 digits in section 42.

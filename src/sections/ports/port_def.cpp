@@ -2,6 +2,11 @@
 
 #include <string>
 
+#include "sections/ports/assign.h"
+#include "sections/ports/boss.h"
+#include "sections/ports/port_config.h"
+#include "sections/routing/incoming_list.h"
+#include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -9,6 +14,7 @@ namespace port_def {
 namespace {
 
 constexpr Choice kPersonalMsgChoices[] = {{"0", "No"}, {"1", "Immediately"}, {"2", "4 Rings"}};
+constexpr Choice kDndChoices[] = {{"1", "DND"}};
 constexpr Choice kVmUseChoices[] = {{"1", "Use"}, {"2", "Auto Record"}, {"3", "Use & Auto Record"}};
 constexpr Choice kUseChoices[] = {{"1", "USE"}};
 constexpr Choice kTypeChoices[] = {
@@ -21,25 +27,25 @@ constexpr tarvok::Field kFields[] = {
     tarvok::Number("Card", 1, 16),
     tarvok::Number("Channel", 1, 60),
     OneOf("Type", kTypeChoices),
-    RowOf("Config", "PortConfig", 1, 20, 0),
-    RowOf("Tenan", "Tenan", 1, 32, 0),
+    AnyRowOf("Config", port_config::kTable, 0),
+    AnyRowOf("Tenan", tenan::kDayTable, 0),
     tarvok::Number("Pickup Group", 1, 99),
-    RowOf("Incoming D", "Incoming_List", 1, 50, 3),
-    RowOf("Incoming N", "Incoming_List", 1, 50, 3),
-    Flag("DND"),
+    RowOf("Incoming D", incoming_list::kTable, 3),
+    RowOf("Incoming N", incoming_list::kTable, 3),
+    OneOf("DND", kDndChoices).UnsetAs("0"),
     Digits("Disa", 12),
     Digits("Co", 12),
     Digits("Ext", 12),
     Digits("Busy", 12),
     Digits("NoAns", 12),
     tarvok::Number("Ring T.", 0, 254),
-    RowOf("Number", "Assign", 1, 500, 3),
+    RowOf("Number", assign::kTable, 3),
     Digits("PSW", 4),
-    tarvok::Number("Group", 0, 255),
+    tarvok::Number("Group", 1, 254).UnsetAs("0"),
     tarvok::Number("Language", 1, 255),
     OneOf("Personal Msg", kPersonalMsgChoices),
-    OneOf("Call Screen", kUseChoices),
-    OneOf("VM Use", kVmUseChoices),
+    OneOf("Call Screen", kUseChoices).UnsetAs("0"),
+    OneOf("VM Use", kVmUseChoices).UnsetAs("0"),
     OneOf("Expand T", kUseChoices),
 };
 
@@ -49,13 +55,22 @@ constexpr std::string_view kEmptyRows[] = {
     "F|F|F|F|F|F|F|F|0|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
 };
 
+constexpr Mark kMarks[] = {{kCard, "card"}, {kChannel, "channel"}};
+constexpr int kPlace[] = {kCard, kChannel};
+constexpr int kNumberField[] = {kNumber};
+constexpr Unique kUnique[] = {{kPlace, "card and channel"}, {kNumberField, "number"}};
+
 }  // namespace
 
 const Table kTable = {.section = "Port_Def",
                       .row_name = "Port",
                       .rows = {1, kPortRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .needs = kPlace,
+                      .unique = kUnique,
+                      .now = NowCounts::kRows};
 
 }  // namespace port_def
 
@@ -67,20 +82,20 @@ constexpr int kRecord = 55;
 constexpr int kDigitBytes = 6;
 constexpr int kPasswordBytes = 2;
 constexpr int kForwards = 5;  // Disa to NoAns
-constexpr int kBossRows = 20;
 constexpr int kNoBoss = 255;
 
 /** The bosses by `BOSS` row: the port index as written there, "" for none. */
 std::array<std::string, kBossRows> ReadBosses(const IniText& project) {
   std::array<std::string, kBossRows> bosses;
   for (int row = 1; row <= kBossRows; ++row) {
-    const std::string_view boss = GetField(project.Get("BOSS", Padded(row, 2)), 1);
+    const std::string_view boss =
+        GetField(project.Get(boss::kTable.section, KeyOf(boss::kTable, row)), boss::kBoss);
     if (boss != kUnset) bosses[static_cast<std::size_t>(row) - 1] = boss;
   }
   return bosses;
 }
 
-int BossRowOf(const std::string& port, const std::array<std::string, kBossRows>& bosses) {
+int BossRowOf(std::string_view port, const std::array<std::string, kBossRows>& bosses) {
   for (int row = 1; row <= kBossRows; ++row) {
     if (bosses[static_cast<std::size_t>(row) - 1] == port) return row;
   }
@@ -172,22 +187,13 @@ std::string DecodePort(const ImageReader& port) {
 
 void EncodePortDef(const IniText& project, ImageWriter& image) {
   const auto bosses = ReadBosses(project);
-  for (int number = 1; number <= kPortRows; ++number) {
-    const int start = (number - 1) * kRecord;
-    const std::string key = KeyOf(kTable, number);
-    const std::string_view value = Trim(project.Get(kTable.section, key));
-    if (value.empty()) {
-      image.Fill(start, kRecord, 255);
-      continue;
-    }
-    RecordWriter port(image, start, kTable, key, value);
-    EncodePort(port, BossRowOf(key, bosses));
-  }
+  EncodeRows(project, kTable, image, {kRecord, 0, kRecord},
+             [&](RecordWriter& port) { EncodePort(port, BossRowOf(port.key(), bosses)); });
 }
 
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
   constexpr std::string_view kNothingThere = "F|F|F";
-  StoreRowCounts(project, kTable, kPortRows, kPortRows);
+  StoreRowCounts(project, kTable, kPortRows);
   for (int number = 1; number <= kPortRows; ++number) {
     const std::string row = DecodePort(image.Record(number - 1, kRecord));
     if (row.starts_with(kNothingThere)) {

@@ -79,11 +79,13 @@ extern const Table kTable;
  * Section 4, every version: 500 records of 55 bytes in row order, 27,500 bytes. An unused row is 55 bytes of
  * 255.
  *
- *  0 Card -1        3 255, 255          10 Number -1, 16 bits   21 Co, 6      46 PSW, 2          51 Call
- * Screen 1 Channel -1     5 Config -1         12 flags                27 Ext, 6     48 Group           52 VM
- * Use, bits 0, 4 2 Type           6 Tenan -1          13 0                    33 Busy, 6    49 Language -1 53
- * Expand T 7 Pickup Group -1   14 Ring T.              39 NoAns, 6   50 Personal Msg    54 boss row, 1 to 20
- *                   8, 9 Incoming -1    15 Disa, 6 bytes        45 0
+ *  0 Card -1           8 Incoming D -1         21 Co, 6       48 Group           54 boss row, 1 to 20
+ *  1 Channel -1        9 Incoming N -1         27 Ext, 6      49 Language -1
+ *  2 Type             10 Number -1, 16 bits    33 Busy, 6     50 Personal Msg
+ *  3 255, 255         12 flags                 39 NoAns, 6    51 Call Screen
+ *  5 Config -1        13 0                     45 0           52 VM Use, bits 0 and 4
+ *  6 Tenan -1         14 Ring T.               46 PSW, 2      53 Expand T
+ *  7 Pickup Group -1  15 Disa, 6 bytes
  *
  * Flags: bit 0 is DND, bits 1 to 5 say that Disa to NoAns are present. Byte 54 is the first `BOSS` row whose
  * boss is this port; the secretary is not marked.

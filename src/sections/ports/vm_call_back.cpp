@@ -26,38 +26,23 @@ namespace {
 using namespace vm_call_back;
 
 constexpr int kRecord = 2 * kMostCharacters;
-
-int PlaceOf(int number, int field) {
-  return (number - 1) * kRecord + (field - 1) * kMostCharacters;
-}
-
-std::string CharactersAt(const ImageReader& image, int at) {
-  std::string text;
-  for (const std::uint8_t byte : image.Bytes(at, kMostCharacters)) {
-    if (byte != 0 && byte != 255) text += static_cast<char>(byte);
-  }
-  text = Trim(text);
-  return text.empty() ? std::string(kUnset) : text;
-}
+constexpr std::string_view kNoCharacters("\0\xFF", 2);
 
 }  // namespace
 
 void EncodeVMCallBack(const IniText& project, ImageWriter& image) {
-  for (int number = 1; number <= kVmCallBackRows; ++number) {
-    const std::string_view row = RowValue(project, kTable, number);
-    for (const int field : {kCheck, kInsert}) {
-      const std::string_view text = GetField(row, field);
-      if (text != kUnset) image.Text(PlaceOf(number, field), kMostCharacters, text);
-    }
-  }
+  EncodeRows(project, kTable, image, {kRecord}, [](RecordWriter& row) {
+    row.Text(0, kMostCharacters, row.SetText(kCheck));
+    row.Text(kMostCharacters, kMostCharacters, row.SetText(kInsert));
+  });
 }
 
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project) {
-  for (int number = 1; number <= kVmCallBackRows; ++number) {
+  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record) {
     RowText row;
-    for (const int field : {kCheck, kInsert}) row.Add(CharactersAt(image, PlaceOf(number, field)));
-    project.Set(kTable.section, KeyOf(kTable, number), row.str());
-  }
+    for (const int at : {0, kMostCharacters}) row.Add(record.Characters(at, kMostCharacters, kNoCharacters));
+    return row.str();
+  });
 }
 
 }  // namespace tarvok

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/ports/value_writer.h"
-#include "sections/routing/record_parts.h"
+#include "sections/rows.h"
 #include "store/digit_code.h"
 #include "store/value_code.h"
 
@@ -15,17 +14,27 @@ namespace {
 /** A number has no limit of its own, only what a value of the project can hold. */
 constexpr int kMostDigits = static_cast<int>(kMaxIniValue);
 constexpr tarvok::Field kBanFields[] = {Digits("Ban Number", kMostDigits, "*#")};
+constexpr int kMostNumbers = 20;
+constexpr int kPool = 1024;
+constexpr Members kMembers = {.most = kMostNumbers, .pool = kPool, .packed = true, .every_piece = true};
 constexpr tarvok::Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
 }  // namespace
 
-const Table kBanTable = {
-    .section = "COR", .row_name = "COR", .rows = {1, kClasses, 2}, .fields = kBanFields, .repeats = true};
+const Table kBanTable = {.section = "COR",
+                         .row_name = "COR",
+                         .rows = {1, kClasses, 2},
+                         .fields = kBanFields,
+                         .repeats = true,
+                         .members = kMembers,
+                         .label = "COR"};
 const Table kAllowTable = {.section = "COR",
                            .row_name = "COR",
                            .rows = {1, kClasses, 2, "A"},
                            .fields = kAllowFields,
-                           .repeats = true};
+                           .repeats = true,
+                           .members = kMembers,
+                           .label = "COR"};
 
 }  // namespace class_digit
 
@@ -35,8 +44,7 @@ using namespace class_digit;
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
-constexpr int kPool = 1024;
-constexpr std::string_view kPoolFull = "has no place in the pool that all classes share";
+constexpr std::string_view kClassesFull = "has no place in the pool that all classes share";
 
 /** Calls `take` with each piece of the list, empty ones too. A list without a pipe is one piece, an empty one
  * none. */
@@ -66,7 +74,7 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
     ForEachPiece(RowValue(project, table, number), [&](std::string_view digits) {
       const int bytes = static_cast<int>(digits.size() + 1) / 2;
       if (used + bytes + 1 > kPool) {
-        ValueWriter(image, table, key, digits).Fail(kPoolFull);
+        ValueWriter(image, table, key, digits).Fail(kClassesFull);
         return;
       }
       EncodeNumber(image, table, key, digits, kPoolAt + used, bytes);

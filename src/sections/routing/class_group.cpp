@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "sections/ports/value_writer.h"
-#include "sections/routing/record_parts.h"
+#include "sections/routing/class_digit.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace class_group {
 namespace {
 
-constexpr tarvok::Field kFields[] = {RowOf("COR Number", "COR", 1, 20, 2)};
+constexpr tarvok::Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
 
 }  // namespace
 
@@ -17,7 +17,9 @@ const Table kTable = {.section = "COR_Group",
                       .row_name = "COR Group",
                       .rows = {1, kClassGroups, 2},
                       .fields = kFields,
-                      .repeats = true};
+                      .repeats = true,
+                      .members = {.most = kClassesOfGroup},
+                      .label = "COR Group"};
 
 }  // namespace class_group
 

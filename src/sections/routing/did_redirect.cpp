@@ -2,7 +2,10 @@
 
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/ports/assign.h"
+#include "sections/routing/e1_map.h"
+#include "sections/routing/route_list.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace did_redirect {
@@ -11,15 +14,20 @@ namespace {
 constexpr Choice kTypeChoices[] = {
     {"0", "Number"}, {"1", "Route List"}, {"2", "Route Digit"}, {"3", "Not Exist"}, {"4", "Auto Answer"}};
 
+constexpr tarvok::Field kToNumber = RowOf("Map Number", assign::kTable, 3);
+constexpr tarvok::Field kToList = RowOf("Map Number", route_list::kTable, 2);
+constexpr Meaning kMapNumbers[] = {{"0", &kToNumber}, {"1", &kToList}};
+
 constexpr tarvok::Field kFields[] = {
-    RowOf("E1", "E1Map", 1, 10, 0),
+    RowOf("E1", e1_map::kTable, 0),
     Digits("DID Start", 4),
     Digits("DID End", 4),
     OneOf("Map Type", kTypeChoices),
-    tarvok::Number("Map Number", 1, 500),
+    DecidedBy("Map Number", kMapType, kMapNumbers),
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
+constexpr Mark kMarks[] = {{kDidStart, "from"}, {kDidEnd, "to"}};
 
 }  // namespace
 
@@ -27,7 +35,8 @@ const Table kTable = {.section = "DIDRedirect",
                       .row_name = "DID Redirect",
                       .rows = {1, kDidRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks};
 
 }  // namespace did_redirect
 
@@ -45,10 +54,10 @@ constexpr int kAutoAnswer = 0xD000;
 void EncodeMapNumber(RecordWriter& row, int base, int limit) {
   const std::int64_t number = row.Value(kMapNumber);
   if (number > limit - base) {
-    TooLarge(row, kMapNumber);
+    row.TooLarge(kMapNumber);
     return;
   }
-  PutWord(row, 5, number < 1 ? kUnsetWord : base + static_cast<int>(number) - 1);
+  row.Word(5, number < 1 ? kUnsetWord : base + static_cast<int>(number) - 1);
 }
 
 void EncodeTarget(RecordWriter& row) {
@@ -58,11 +67,7 @@ void EncodeTarget(RecordWriter& row) {
   } else if (type == "1") {
     EncodeMapNumber(row, kRouteListBase, kRouteDigit);
   } else {
-    PutWord(row, 5,
-            type == "2"   ? kRouteDigit
-            : type == "3" ? kNotExist
-            : type == "4" ? kAutoAnswer
-                          : kUnsetWord);
+    row.Word(5, type == "2" ? kRouteDigit : type == "3" ? kNotExist : type == "4" ? kAutoAnswer : kUnsetWord);
   }
 }
 
@@ -97,14 +102,12 @@ std::string DecodeRow(const ImageReader& record) {
 }  // namespace
 
 void EncodeDIDRedirect(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
+  EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project) {
   StoreMax(project, kTable);
-  for (int number = 1; number <= kDidRows; ++number) {
-    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord)));
-  }
+  DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }
 
 }  // namespace tarvok

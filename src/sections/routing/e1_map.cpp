@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "sections/ports/port_def.h"
-#include "sections/routing/record_parts.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace e1_map {
@@ -14,14 +14,18 @@ namespace {
 constexpr Choice kModeChoices[] = {
     {"0", "Local"}, {"1", "Network"}, {"2", "Local Link"}, {"3", "Network Link"}};
 
+constexpr std::string_view kE1CardType = "6";
+constexpr std::string_view kE1Cards[] = {kE1CardType};
+
 constexpr tarvok::Field kFields[] = {
-    RowOf("Start", "Port_Def", 1, kPortRows, 3),
-    RowOf("End", "Port_Def", 1, kPortRows, 3),
+    RowOf("Start", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
+    RowOf("End", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
     OneOf("Mode", kModeChoices),
 };
 
 /** An unused link as a load and as the editor writes it; neither removes the key. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|0"};
+constexpr int kNeeds[] = {kStart, kEnd};
 
 }  // namespace
 
@@ -29,7 +33,9 @@ const Table kTable = {.section = "E1Map",
                       .row_name = "E1",
                       .rows = {1, kE1Links, 2},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .needs = kNeeds,
+                      .now = NowCounts::kRows};
 
 }  // namespace e1_map
 
@@ -38,7 +44,6 @@ namespace {
 using namespace e1_map;
 
 constexpr int kRecord = 4;
-constexpr std::string_view kE1CardType = "6";
 constexpr int kLocalLinkByte = 0x10;
 constexpr int kNetworkLinkByte = 0x11;
 
@@ -126,7 +131,7 @@ void EncodeE1Map(const IniText& project, ImageWriter& image) {
 
 void DecodeE1Map(const ImageReader& image, IniEdit& project) {
   const std::vector<std::string> ports = E1Ports(project);
-  StoreRowCounts(project, kTable, kE1Links, kE1Links);
+  StoreRowCounts(project, kTable, kE1Links);
   for (int link = 1; link <= kE1Links; ++link) {
     project.Set(kTable.section, KeyOf(kTable, link), DecodeLink(image.Record(link - 1, kRecord), ports));
   }

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/routing/e1_map.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace e1_number {
@@ -11,7 +12,7 @@ namespace {
 constexpr int kMostDigits = 20;
 
 constexpr tarvok::Field kFields[] = {
-    RowOf("E1", "E1Map", 1, 10, 2),
+    RowOf("E1", e1_map::kTable, 2).LoadedUnpadded(),
     Digits("Numbering", kMostDigits, "*#"),
     Number("Digit Check", 0, 99),
 };
@@ -38,7 +39,7 @@ constexpr int kNumberBytes = kMostDigits / 2;
 
 void EncodeRow(RecordWriter& row) {
   row.Digits(0, kNumberBytes, kNumbering, DialSymbols::kDigitsStarHash);
-  PutHex(row, 10, kDigitCheck);
+  row.Hex(10, kDigitCheck);
   row.MinusOne(11, kLink);
 }
 
@@ -57,7 +58,7 @@ std::string DecodeRow(const ImageReader& record) {
 }  // namespace
 
 void EncodeE1Number(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kRecord, kNumberBytes, 2}, EncodeRow);
+  EncodeRows(project, kTable, image, {kRecord, kNumberBytes, 2}, EncodeRow);
 }
 
 void DecodeE1Number(const ImageReader& image, IniEdit& project) {

@@ -3,14 +3,20 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/ports/value_writer.h"
-#include "sections/routing/record_parts.h"
+#include "sections/ports/port_def.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace group_out {
 namespace {
 
-constexpr tarvok::Field kFields[] = {RowOf("Member", "Port_Def", 1, 500, 3)};
+/** The card types that are lines: TRUNK, E & M and E1. */
+constexpr std::string_view kLineTypes[] = {"2", "5", "6", "9", "10", "11"};
+constexpr tarvok::Field kFields[] = {
+    RowOf("Member", port_def::kTable, 3).Only({port_def::kType, kLineTypes})};
+constexpr std::string_view kMaxMembersKey = "Max_Group_Out";
+constexpr std::string_view kCounts[] = {kMaxKey, kMaxMembersKey, kNowKey};
+constexpr Unique kUnique[] = {{{}, "port"}};
 
 }  // namespace
 
@@ -18,7 +24,12 @@ const Table kTable = {.section = "Group_Out",
                       .row_name = "Group Out",
                       .rows = {1, kGroupsOut, 2},
                       .fields = kFields,
-                      .repeats = true};
+                      .repeats = true,
+                      .members = {.pool = kGroupOutMembers},
+                      .label = "Group Out",
+                      .unique = kUnique,
+                      .now = NowCounts::kMembers,
+                      .counts = kCounts};
 
 }  // namespace group_out
 
@@ -28,8 +39,6 @@ using namespace group_out;
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kGroupsOut * kWord;
-constexpr std::string_view kMaxMembersKey = "Max_Group_Out";
-constexpr std::string_view kPoolFull = "has no place in the pool that all groups share";
 
 }  // namespace
 
@@ -52,17 +61,17 @@ void EncodeGroupOut(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
-  const int total = RawWord(image, (kGroupsOut - 1) * kWord);
+  const int total = image.RawWord((kGroupsOut - 1) * kWord);
   const bool no_groups = total == kUnsetWord;
   StoreMax(project, kTable);
   project.Set(kTable.section, kMaxMembersKey, std::to_string(kGroupOutMembers));
   project.Set(kTable.section, kNowKey, std::to_string(no_groups ? 0 : total));
   int next = 0;
   for (int group = 1; group <= kGroupsOut; ++group) {
-    const int end = no_groups ? 0 : std::min(RawWord(image, (group - 1) * kWord), kGroupOutMembers);
+    const int end = no_groups ? 0 : std::min(image.RawWord((group - 1) * kWord), kGroupOutMembers);
     RowText members;
     for (; next < end; ++next) {
-      const std::string port = RawPlusOneWord(image, kPoolAt + next * kWord, 3);
+      const std::string port = image.RawPlusOneWord(kPoolAt + next * kWord, 3);
       if (port != kUnset) members.Add(port);
     }
     project.Set(kTable.section, KeyOf(kTable, group), members.str());

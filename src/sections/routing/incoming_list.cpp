@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/ports/assign.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace incoming_list {
@@ -13,13 +14,7 @@ constexpr Choice kTargets[] = {{"1000", "DID"}, {"2000", "Map_Digit"}, {"3000", 
 
 /** A number row, or one of the targets that have a name of their own. */
 constexpr tarvok::Field Destination(std::string_view name) {
-  return {.name = name,
-          .kind = FieldKind::kRow,
-          .low = 1,
-          .high = 500,
-          .width = 3,
-          .choices = kTargets,
-          .points_at = "Assign"};
+  return RowOf(name, assign::kTable, 3).Named(kTargets);
 }
 
 /** The name has no limit of its own, only what a value of the project can hold. */
@@ -32,6 +27,7 @@ constexpr tarvok::Field kFields[] = {
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
+constexpr Mark kMarks[] = {{incoming_list::kName, ""}};
 
 }  // namespace
 
@@ -39,7 +35,9 @@ const Table kTable = {.section = "Incoming_List",
                       .row_name = "Incoming List",
                       .rows = {1, kIncomingRows, 2},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .now = NowCounts::kRows};
 
 }  // namespace incoming_list
 
@@ -59,7 +57,7 @@ constexpr TargetCode kTargetCodes[] = {
 void EncodeRow(RecordWriter& row) {
   row.MinusOneWord(0, kNum1);
   for (const TargetCode& target : kTargetCodes) {
-    if (row.Get(kNum1) == target.stored) PutWord(row, 0, target.code);
+    if (row.Get(kNum1) == target.stored) row.Word(0, target.code);
   }
   row.MinusOneWord(2, kNum2);
   row.MinusOneWord(4, kNum3);
@@ -75,7 +73,7 @@ std::string DestinationText(int word) {
 }
 
 std::string DecodeRow(const ImageReader& record, int number) {
-  const int words[] = {RawWord(record, 0), RawWord(record, 2), RawWord(record, 4)};
+  const int words[] = {record.RawWord(0), record.RawWord(2), record.RawWord(4)};
   const bool used = std::any_of(std::begin(words), std::end(words), [](int w) { return w != kUnsetWord; });
   RowText row;
   row.Add(used ? "Incom" + std::to_string(number) : std::string(kUnset));
@@ -87,11 +85,11 @@ std::string DecodeRow(const ImageReader& record, int number) {
 }  // namespace
 
 void EncodeIncomingList(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
+  EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
-  StoreRowCounts(project, kTable, kIncomingRows, kIncomingRows);
+  StoreRowCounts(project, kTable, kIncomingRows);
   for (int number = 1; number <= kIncomingRows; ++number) {
     StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord), number));
   }

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/routing/group_out.h"
+#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok {
@@ -11,28 +12,30 @@ namespace {
 
 constexpr int kTextBytes = 20;
 constexpr Choice kSeekChoices[] = {{"0", "Start"}, {"1", "End"}, {"2", "Cycle"}, {"3", "Link CO"}};
-constexpr Choice kDayChoices[] = {{"0", ""},    {"1", "SUN"}, {"2", "MON"}, {"3", "TUE"},
-                                  {"4", "WED"}, {"5", "THU"}, {"6", "FRI"}, {"7", "SAT"}};
+constexpr Choice kDayChoices[] = {{"1", "SUN"}, {"2", "MON"}, {"3", "TUE"}, {"4", "WED"},
+                                  {"5", "THU"}, {"6", "FRI"}, {"7", "SAT"}};
 
 constexpr tarvok::Field kFields[] = {
-    RowOf("Group", "Group_Out", 1, 32, 2),
+    RowOf("Group", group_out::kTable, 2),
     OneOf("Type Seek", kSeekChoices),
-    OneOf("Day", kDayChoices),
+    OneOf("Day", kDayChoices).UnsetAs("0"),
     Number("Date", 1, 31),
     Number("Month", 1, 12),
-    Number("Start Time", 0, 2359, 4),
-    Number("End Time", 0, 2359, 4),
+    Time("Start Time"),
+    Time("End Time"),
     Digits("Type Send", kTextBytes, "*#AEPX"),
     Digits("Type Save", kTextBytes, "*#AENPX"),
 };
 
+/** What the editor numbers through: 50 lists of 40 routes. */
+constexpr int kMostRoutes = 2000;
 constexpr std::string_view kEmptyRows[] = {"F|F|0|F|F|F|F|F|F"};
 
 }  // namespace
 
 const Table kTable = {.section = "Route",
                       .row_name = "Route",
-                      .rows = {1, kRouteRows, 3},
+                      .rows = {.first = 1, .last = kRouteRows, .width = 3, .kept = kMostRoutes},
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
 
@@ -43,6 +46,8 @@ namespace {
 using namespace route;
 
 constexpr int kRecord = 49;
+/** Not read: what stands behind it closes up. */
+constexpr std::string_view kNul("\0", 1);
 
 /** The first two characters and the last two, each pair read as hexadecimal. */
 void EncodeTime(RecordWriter& row, int at, int field) {
@@ -59,12 +64,12 @@ void EncodeRow(RecordWriter& row) {
   row.MinusOne(0, kGroup);
   row.Plain(1, kTypeSeek, kUnsetByte);
   row.MinusOne(2, kDay);
-  PutHex(row, 3, kDate);
-  PutHex(row, 4, kMonth);
+  row.Hex(3, kDate);
+  row.Hex(4, kMonth);
   EncodeTime(row, 5, kStartTime);
   EncodeTime(row, 7, kEndTime);
-  PutText(row, 9, kTextBytes, TextOf(row, kTypeSend));
-  PutText(row, 29, kTextBytes, TextOf(row, kTypeSave));
+  row.Text(9, kTextBytes, row.SetText(kTypeSend));
+  row.Text(29, kTextBytes, row.SetText(kTypeSave));
 }
 
 std::string HexText(int byte, std::size_t width) {
@@ -90,14 +95,14 @@ std::string DecodeRow(const ImageReader& record) {
   row.Add(record.Byte(2) == kUnsetByte ? "0" : record.PlusOne(2));
   row.Add(DecodeHex(record, 3)).Add(DecodeHex(record, 4));
   row.Add(DecodeTime(record, 5)).Add(DecodeTime(record, 7));
-  row.Add(JoinedText(record, 9, kTextBytes)).Add(JoinedText(record, 29, kTextBytes));
+  row.Add(record.Characters(9, kTextBytes, kNul)).Add(record.Characters(29, kTextBytes, kNul));
   return row.str();
 }
 
 }  // namespace
 
 void EncodeRoute(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kRecord, 0, 9}, EncodeRow);
+  EncodeRows(project, kTable, image, {kRecord, 0, 9}, EncodeRow);
 }
 
 void DecodeRoute(const ImageReader& image, IniEdit& project) {

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/routing/route.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace route_list {
@@ -13,8 +14,12 @@ constexpr tarvok::Field kFields[] = {Number("End", 0, 2001)};
 
 }  // namespace
 
-const Table kTable = {
-    .section = "Route_List", .row_name = "List", .rows = {1, kRouteLists, 2}, .fields = kFields};
+const Table kTable = {.section = "Route_List",
+                      .row_name = "List",
+                      .rows = {1, kRouteLists, 2},
+                      .fields = kFields,
+                      .label = "List",
+                      .ends_of = &route::kTable};
 
 }  // namespace route_list
 
@@ -28,22 +33,22 @@ constexpr int kLargestEnd = kUnsetWord + 1;
 void EncodeEnd(RecordWriter& list) {
   const std::int64_t end = list.Value(kEnd);
   if (end > kLargestEnd) {
-    TooLarge(list, kEnd);
+    list.TooLarge(kEnd);
     return;
   }
-  PutWord(list, 0, end < 1 ? 0 : static_cast<int>(end) - 1);
+  list.Word(0, end < 1 ? 0 : static_cast<int>(end) - 1);
 }
 
 }  // namespace
 
 void EncodeRouteList(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kValue, 0, 0}, EncodeEnd);
+  EncodeRows(project, kTable, image, {kValue, 0, 0}, EncodeEnd);
 }
 
 void DecodeRouteList(const ImageReader& image, IniEdit& project) {
   StoreMax(project, kTable);
   for (int number = 1; number <= kRouteLists; ++number) {
-    const int end = RawWord(image, (number - 1) * kValue);
+    const int end = image.RawWord((number - 1) * kValue);
     project.Set(kTable.section, KeyOf(kTable, number), std::to_string(end == kUnsetWord ? 0 : end + 1));
   }
 }

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/routing/route_list.h"
+#include "sections/rows.h"
 
 namespace tarvok {
 namespace route_map_digit {
@@ -13,26 +14,22 @@ constexpr int kMostDigits = 20;
 constexpr std::string_view kExtension = "101";
 constexpr Choice kSendChoices[] = {{"1", "DID Ext"}, {"0", "DID Grp"}};
 constexpr Choice kListChoices[] = {{kExtension, "Extension"}};
-constexpr Choice kTimeoutChoices[] = {{"0", ""}, {"255", "No Limit"}};
+constexpr Choice kReleaseChoices[] = {{"0", "0"}, {"1", "1"}};
+constexpr Choice kTimeoutChoices[] = {{"255", "No Limit"}};
 
-/** Beside a row's number or a plain number some fields have values with a name of their own. */
 constexpr tarvok::Field kFields[] = {
     Digits("Digit", kMostDigits, "*#-:CLNPUWXYZ"),
     OneOf("Send Number", kSendChoices),
-    {.name = "Route List",
-     .kind = FieldKind::kRow,
-     .low = 1,
-     .high = 50,
-     .width = 2,
-     .choices = kListChoices,
-     .points_at = "Route_List"},
-    Flag("Release CO"),
-    {.name = "Timeout", .kind = FieldKind::kNumber, .low = 0, .high = 255, .choices = kTimeoutChoices},
+    RowOf("Route List", route_list::kTable, 2).Named(kListChoices),
+    OneOf("Release CO", kReleaseChoices),
+    Number("Timeout", 1, 254).Named(kTimeoutChoices).UnsetAs("0"),
 };
 
 /** Rows of nothing as the two loads and the editor spell them. The editor keeps the last one, which makes a
  * difference in section 43 alone. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|F|F", "F|F|F|F|F", "F|F|F|F|0"};
+constexpr Mark kMarks[] = {{kDigit, ""}};
+constexpr int kFieldsOfALoad = 3;  // of one in the short layout
 
 }  // namespace
 
@@ -40,7 +37,9 @@ const Table kTable = {.section = "Route_Map_Digit",
                       .row_name = "Route Map Digit",
                       .rows = {1, kRouteMapRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .fewest_fields = kFieldsOfALoad,
+                      .marks = kMarks};
 
 }  // namespace route_map_digit
 
@@ -53,10 +52,12 @@ constexpr int kLongRecord = 23;
 constexpr int kExtensionByte = 101;
 constexpr char kStarByte = 0x3B;
 constexpr char kHashByte = 0x3C;
+/** Not read: what stands behind it closes up. */
+constexpr std::string_view kNul("\0", 1);
 
 /** What both layouts share, the pattern given as it travels. */
 void EncodeRow(RecordWriter& row, std::string_view pattern) {
-  PutText(row, 0, kMostDigits, pattern);
+  row.Text(0, kMostDigits, pattern);
   row.Plain(20, kSendNumber, row.Get(kSendNumber) == kUnset ? kUnsetByte : 0);
   if (row.Get(kRouteList) == kExtension) {
     row.Byte(21, kExtensionByte);
@@ -66,11 +67,11 @@ void EncodeRow(RecordWriter& row, std::string_view pattern) {
 }
 
 void EncodeShort(RecordWriter& row) {
-  EncodeRow(row, TextOf(row, kDigit));
+  EncodeRow(row, row.SetText(kDigit));
 }
 
 void EncodeLong(RecordWriter& row) {
-  std::string pattern(TextOf(row, kDigit));
+  std::string pattern(row.SetText(kDigit));
   std::replace(pattern.begin(), pattern.end(), '*', kStarByte);
   std::replace(pattern.begin(), pattern.end(), '#', kHashByte);
   EncodeRow(row, pattern);
@@ -83,12 +84,12 @@ std::string ListText(const ImageReader& record) {
 
 std::string DecodeShort(const ImageReader& record) {
   RowText row;
-  row.Add(JoinedText(record, 0, kMostDigits)).Add(record.Plain(20)).Add(ListText(record));
+  row.Add(record.Characters(0, kMostDigits, kNul)).Add(record.Plain(20)).Add(ListText(record));
   return row.str();
 }
 
 std::string DecodeLong(const ImageReader& record) {
-  std::string pattern = JoinedText(record, 0, kMostDigits);
+  std::string pattern = record.Characters(0, kMostDigits, kNul);
   std::replace(pattern.begin(), pattern.end(), kStarByte, '*');
   std::replace(pattern.begin(), pattern.end(), kHashByte, '#');
   RowText row;
@@ -96,34 +97,28 @@ std::string DecodeLong(const ImageReader& record) {
   return row.str();
 }
 
-void DecodeRows(const ImageReader& image, IniEdit& project, int size,
-                std::string (*decode)(const ImageReader&)) {
-  StoreMax(project, kTable);
-  for (int number = 1; number <= kRouteMapRows; ++number) {
-    StoreRow(project, kTable, number, decode(image.Record(number - 1, size)));
-  }
-}
-
 }  // namespace
 
 void EncodeRouteMapDigit22(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kShortRecord, kMostDigits, 2}, EncodeShort);
+  EncodeRows(project, kTable, image, {kShortRecord, kMostDigits, 2}, EncodeShort);
 }
 
 void EncodeRouteMapDigit23(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {kLongRecord, kMostDigits, 3}, EncodeLong);
+  EncodeRows(project, kTable, image, {kLongRecord, kMostDigits, 3}, EncodeLong);
 }
 
 void DecodeRouteMapDigit22(const ImageReader& image, IniEdit& project) {
-  DecodeRows(image, project, kShortRecord, DecodeShort);
+  StoreMax(project, kTable);
+  DecodeRows(image, project, kTable, kShortRecord, DecodeShort);
 }
 
 void DecodeRouteMapDigit23(const ImageReader& image, IniEdit& project) {
-  DecodeRows(image, project, kLongRecord, DecodeLong);
+  StoreMax(project, kTable);
+  DecodeRows(image, project, kTable, kLongRecord, DecodeLong);
 }
 
 void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image) {
-  EncodeRecords(project, kTable, image, {1, 0, 1}, [](RecordWriter& row) { row.Plain(0, kTimeout, 0); });
+  EncodeRows(project, kTable, image, {1, 0, 1}, [](RecordWriter& row) { row.Plain(0, kTimeout, 0); });
 }
 
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project) {

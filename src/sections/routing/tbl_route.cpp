@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/routing/record_parts.h"
+#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok {
@@ -12,10 +12,10 @@ namespace {
 
 constexpr tarvok::Field kPidFields[] = {Number("PBX ID", 0, 14)};
 /** 0 is not set: it stands in a loaded file. */
-constexpr tarvok::Field kGatewayFields[] = {Number("Gateway", 0, 15)};
+constexpr tarvok::Field kGatewayFields[] = {Number("Gateway", 1, 15).UnsetAs("0")};
 /** Card 0 is no card: a load writes it for a destination that is not there. */
-constexpr tarvok::Field kFields[] = {Number("Card ID", 0, 15), Number("Device", 0, 1)};
-constexpr std::string_view kEmptyRows[] = {"F|F"};
+constexpr tarvok::Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"),
+                                     Number("Device", 0, 1).UnsetAs("0")};
 
 }  // namespace
 
@@ -27,7 +27,7 @@ const Table kTable = {.section = "TblRoute",
                       .row_name = "PBX Link",
                       .rows = {1, kLinkRows, 2},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .missing_differs = true};
 
 }  // namespace tbl_route
 
@@ -40,10 +40,6 @@ constexpr int kNoGateway = 16;
 constexpr int kNoDestination = 0x10;
 constexpr int kHalf = 16;
 
-std::string_view ValueOf(const IniText& project, const Table& table) {
-  return Trim(project.Get(table.section, table.key));
-}
-
 void EncodeGateway(RecordWriter& gateway, std::string_view stored) {
   const std::int64_t number = Val(stored);
   gateway.Checked(1, 1, stored == "0" || number > kUnsetByte ? 1 : number);
@@ -51,7 +47,7 @@ void EncodeGateway(RecordWriter& gateway, std::string_view stored) {
 
 void EncodeDestination(RecordWriter& row) {
   for (const int field : {kCard, kDevice}) {
-    if (row.Value(field) >= kHalf) TooLarge(row, field);
+    if (row.Value(field) >= kHalf) row.TooLarge(field);
     row.Checked(0, field, std::min<std::int64_t>(row.Value(field), kHalf));
   }
   row.Checked(0, kDevice, row.Value(kDevice) * kHalf + row.Value(kCard));
@@ -60,8 +56,8 @@ void EncodeDestination(RecordWriter& row) {
 }  // namespace
 
 void EncodeTblRoute(const IniText& project, ImageWriter& image) {
-  RecordWriter(image, 0, kPidTable, kPidTable.key, ValueOf(project, kPidTable)).Plain(0, 1, 0);
-  const std::string_view stored = ValueOf(project, kGatewayTable);
+  RecordWriter(image, 0, kPidTable, kPidTable.key, KeyValue(project, kPidTable)).Plain(0, 1, 0);
+  const std::string_view stored = KeyValue(project, kGatewayTable);
   RecordWriter gateway(image, 0, kGatewayTable, kGatewayTable.key, stored);
   EncodeGateway(gateway, stored);
   for (int number = 1; number <= kLinkRows; ++number) {

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "sections/ports/value_writer.h"
-#include "sections/routing/record_parts.h"
+#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok {
@@ -11,12 +10,18 @@ namespace tenan {
 namespace {
 
 constexpr int kColumnsOfValue = 16;
-constexpr tarvok::Field kLowFields[] = {Text("Columns 16 to 1", kColumnsOfValue)};
-constexpr tarvok::Field kHighFields[] = {Text("Columns 32 to 17", kColumnsOfValue)};
+constexpr tarvok::Field Columns(std::string_view name, int low) {
+  return {.name = name, .kind = FieldKind::kColumns, .low = low, .high = kColumnsOfValue};
+}
+constexpr tarvok::Field kLowFields[] = {Columns("Columns 16 to 1", 1)};
+constexpr tarvok::Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1)};
 
 /** The rows behind `base`. */
 constexpr Table HalfOf(std::string_view name, int base, std::span<const tarvok::Field> fields) {
-  return {.section = "Tenan", .row_name = name, .rows = {base + 1, base + kTenants, 3}, .fields = fields};
+  return {.section = "Tenan",
+          .row_name = name,
+          .rows = {.first = base + 1, .last = base + kTenants, .width = 3, .base = base},
+          .fields = fields};
 }
 
 }  // namespace
@@ -49,7 +54,7 @@ void EncodeMask(const IniText& project, const Table& table, int row, int missing
 }
 
 void DecodeMask(const ImageReader& image, int at, IniEdit& project, const Table& table, int row) {
-  std::string columns = DecToBin(static_cast<std::uint64_t>(RawWord(image, at)));
+  std::string columns = DecToBin(static_cast<std::uint64_t>(image.RawWord(at)));
   if (columns.size() < kColumnsOfValue) columns.insert(0, kColumnsOfValue - columns.size(), '0');
   project.Set(table.section, KeyOf(table, table.rows.first + row - 1), columns);
 }

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "sections/ports/raw_word.h"
-#include "sections/ports/value_writer.h"
+#include "sections/rows.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -64,18 +63,16 @@ using namespace billing_mode;
 constexpr int kForm1 = 1;
 constexpr int kForm2 = 2;
 constexpr int kForm3 = 3;
-constexpr int kUnsetByte = 255;
-constexpr int kMaxAmount = 65535;
+constexpr int kTooMuch = 65535;  // hundredths, from which on some amounts go out as 0
 
 /** Puts a field's amount times 100 as 16 bits. */
-void PutAmount(ImageWriter& image, const RecordWriter& billing, int at, int field) {
-  const std::string_view text = billing.Get(field);
-  ValueWriter(image, kTable, kTable.key, text, field).Word(at, ValHundredths(text));
+void PutAmount(RecordWriter& billing, int at, int field) {
+  billing.CheckedWord(at, field, ValHundredths(billing.Get(field)));
 }
 
 /** The same, but what 16 bits can't hold goes out as 0. */
-void PutCappedAmount(ImageWriter& image, const RecordWriter& billing, int at, int field) {
-  if (ValHundredths(billing.Get(field)) < kMaxAmount) PutAmount(image, billing, at, field);
+void PutCappedAmount(RecordWriter& billing, int at, int field) {
+  if (ValHundredths(billing.Get(field)) < kTooMuch) PutAmount(billing, at, field);
 }
 
 void PutBytes(RecordWriter& billing, int at, int first_field, int last_field) {
@@ -83,12 +80,12 @@ void PutBytes(RecordWriter& billing, int at, int first_field, int last_field) {
 }
 
 void PutCountry(const IniText& project, ImageWriter& image) {
-  const std::string_view country = Trim(project.Get(kCountry.section, kCountry.key));
+  const std::string_view country = KeyValue(project, kCountry);
   ValueWriter(image, kCountry, kCountry.key, country).Byte(26, country.empty() ? 1 : Val(country));
 }
 
 void EncodeBilling(const IniText& project, ImageWriter& image, int form) {
-  const std::string_view value = Trim(project.Get(kTable.section, kTable.key));
+  const std::string_view value = KeyValue(project, kTable);
   if (value.empty()) {
     image.Fill(0, image.size(), kUnsetByte);
     return;
@@ -96,29 +93,29 @@ void EncodeBilling(const IniText& project, ImageWriter& image, int form) {
   RecordWriter billing(image, 0, kTable, kTable.key, value);
   billing.PlainWord(0, kLocalCode, kUnsetWord);
   PutBytes(billing, 2, kSaveIntercom, kBillFlat);
-  PutAmount(image, billing, 6, kLongDistancePercent);
-  PutAmount(image, billing, 8, kOverseaPercent);
-  PutAmount(image, billing, 10, kMobilePercent);
+  PutAmount(billing, 6, kLongDistancePercent);
+  PutAmount(billing, 8, kOverseaPercent);
+  PutAmount(billing, 10, kMobilePercent);
   PutBytes(billing, 12, kLongDistanceCharge, kMobileCharge);
-  PutCappedAmount(image, billing, 15, kIncomingRate);
-  PutCappedAmount(image, billing, 17, kIntercomRate);
+  PutCappedAmount(billing, 15, kIncomingRate);
+  PutCappedAmount(billing, 17, kIntercomRate);
   if (form == kForm3) {
     PutBytes(billing, 19, kTimeExpand, kChargeExpand);
   } else {
-    PutCappedAmount(image, billing, 19, kChargeExpand);
+    PutCappedAmount(billing, 19, kChargeExpand);
   }
   PutBytes(billing, 21, kLocalTime, kTimeOversea);
   PutCountry(project, image);
   if (form == kForm1) return;
   billing.Plain(27, kPrintMiniBar, kUnsetByte);
   if (form == kForm2) return;
-  PutCappedAmount(image, billing, 28, kAreaPercent);
+  PutCappedAmount(billing, 28, kAreaPercent);
   billing.Plain(30, kExpandAll, kUnsetByte);
 }
 
 /** An amount's high byte of 255 is a value like any other: 655.00 is 65,500. */
 std::string AmountAt(const ImageReader& image, int at) {
-  return FormatHundredths(RawWord(image, at));
+  return FormatHundredths(image.RawWord(at));
 }
 
 void AddBytes(RowText& row, const ImageReader& image, int at, int count) {
@@ -127,7 +124,7 @@ void AddBytes(RowText& row, const ImageReader& image, int at, int count) {
 
 void DecodeBilling(const ImageReader& image, IniEdit& project, int form) {
   constexpr std::string_view kAbsent = "0";
-  const int local_code = RawWord(image, 0);
+  const int local_code = image.RawWord(0);
   RowText row;
   row.Add(local_code == kUnsetWord ? std::string(kUnset) : Padded(local_code, 2));
   AddBytes(row, image, 2, 4);

@@ -13,6 +13,7 @@ constexpr tarvok::Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)}
 
 /** Rows without data: as the editor writes them, with a closing pipe, and as an exchange tells them. */
 constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
+constexpr Mark kMarks[] = {{kName, ""}};
 
 }  // namespace
 
@@ -20,7 +21,8 @@ const Table kTable = {.section = "MiniBar",
                       .row_name = "Item",
                       .rows = {1, kMiniBarRows, 3},
                       .fields = kFields,
-                      .empty_rows = kEmptyRows};
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks};
 
 }  // namespace mini_bar
 

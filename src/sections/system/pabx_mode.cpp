@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "sections/ports/raw_word.h"
+#include "sections/ports/port_def.h"
+#include "sections/rows.h"
 #include "sections/system/system_config.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
@@ -11,29 +12,28 @@ namespace tarvok {
 namespace pabx_mode {
 namespace {
 
-constexpr int kPorts = 500;
 constexpr Choice kDayNight[] = {{"0", "Day"}, {"1", "Night"}};
 constexpr Choice kTargets[] = {{"0", "Extention Number"}, {"1", "Personal Message"}};
 constexpr Choice kRevisions[] = {{"0", "Revision 1"}, {"1", "Revision 2"}};
 
 constexpr tarvok::Field kFields[] = {
-    Flag("Auto Print Call Record"),
-    Flag("Check Credit"),
-    Flag("Auto / Manual"),
-    Flag("Check Bad CO"),
-    Flag("Warning Tone Before Cut"),
-    Flag("Paper Feed"),
+    Flag("Auto Print Call Record").UnsetAs("0"),
+    Flag("Check Credit").UnsetAs("0"),
+    Flag("Auto / Manual").UnsetAs("0"),
+    Flag("Check Bad CO").UnsetAs("0"),
+    Flag("Warning Tone Before Cut").UnsetAs("0"),
+    Flag("Paper Feed").UnsetAs("0"),
     Flag("Check Duplicate Record"),
-    Flag("Record Last Person Use"),
-    OneOf("Manual Mode", kDayNight),
-    Number("Trunk To Trunk Time Limit", 0, 254),
+    Flag("Record Last Person Use").UnsetAs("0"),
+    OneOf("Manual Mode", kDayNight).UnsetAs("0"),
+    Number("Trunk To Trunk Time Limit", 1, 254).UnsetAs("0"),
     Flag("Voice Mail Check Map Digit"),
     Flag("Check Class When Dial with Memory Code"),
     Flag("On CO When Found \"X\" in Route Map Digit"),
     Flag("DID Busy Transfer To"),
     Flag("Print Wakeup Call"),
     OneOf("DID Busy Target", kTargets),
-    RowOf("Extention Number", "Port_Def", 0, kPorts, 3),  // 0 is none, as "F" is
+    RowOf("Extention Number", port_def::kTable, 3).ShownBy(port_def::kNumber).UnsetAs("0"),
     Flag("Use Trunk To Trunk"),
     Flag("Use Intrusion Tone"),
     OneOf("Power Revision", kRevisions),
@@ -94,8 +94,8 @@ BusyTransfer DecodeBusyTransfer(const ImageReader& image) {
     case kToMessage:
       return {"1", "1", "0"};
     case kToNumber: {
-      const int port = RawWord(image, 16) + 1;
-      return {"1", "0", port <= kPorts ? Padded(port, 3) : "0"};
+      const int port = image.RawWord(16) + 1;
+      return {"1", "0", port <= kPortRows ? Padded(port, 3) : "0"};
     }
     default:
       return {"0", "1", "0"};
@@ -109,7 +109,7 @@ std::string FlagAt(const ImageReader& image, int at) {
 }  // namespace
 
 void EncodePabxMode(const IniText& project, ImageWriter& image) {
-  const std::string_view value = Trim(project.Get(kTable.section, kTable.key));
+  const std::string_view value = KeyValue(project, kTable);
   if (value.empty()) {
     image.Fill(11, 9, 255);
     return;

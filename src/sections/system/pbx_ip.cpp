@@ -1,5 +1,6 @@
 #include "sections/system/pbx_ip.h"
 
+#include "sections/rows.h"
 #include "store/number_text.h"
 
 namespace tarvok {
@@ -10,11 +11,11 @@ namespace {
 constexpr int kMost = 254;
 
 constexpr Field Part(std::string_view name) {
-  return Number(name, 0, kMost);
+  return Number(name, 0, kMost).UnsetAs("0");
 }
 
 constexpr Field MacByte(std::string_view name) {
-  return {name, FieldKind::kHex, 0, kMost};
+  return Field{name, FieldKind::kHex, 0, kMost}.UnsetAs("0");
 }
 
 constexpr Field kAddressFields[] = {Part("IP 1"), Part("IP 2"), Part("IP 3"), Part("IP 4")};
@@ -34,12 +35,12 @@ using namespace pbx_ip;
 }  // namespace
 
 void EncodePbxIp(const IniText& project, ImageWriter& image) {
-  RecordWriter mac(image, 0, kMac, kMac.key, Trim(project.Get(kMac.section, kMac.key)));
+  RecordWriter mac(image, 0, kMac, kMac.key, KeyValue(project, kMac));
   mac.Checked(0, 2, ValHex(mac.Get(2)));
   mac.Checked(1, 1, ValHex(mac.Get(1)));
 
   constexpr int kParts = 4;
-  RecordWriter address(image, 0, kAddress, kAddress.key, Trim(project.Get(kAddress.section, kAddress.key)));
+  RecordWriter address(image, 0, kAddress, kAddress.key, KeyValue(project, kAddress));
   for (int part = 1; part <= kParts; ++part) address.Plain(1 + part, part, 0);
 }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/ports/raw_word.h"
+#include "sections/rows.h"
 #include "store/number_text.h"
 
 namespace tarvok {
@@ -40,14 +40,13 @@ constexpr int kWord = 2;
 
 void EncodeRunScript(const IniText& project, ImageWriter& image) {
   image.Fill(0, image.size(), 255);
-  RecordWriter scripts(image, 0, kTable, kTable.key, Trim(project.Get(kTable.section, kTable.key)));
+  RecordWriter scripts(image, 0, kTable, kTable.key, KeyValue(project, kTable));
   for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kWord, event);
 }
 
 void DecodeRunScript(const ImageReader& image, IniEdit& project) {
   std::string row;
-  for (int event = 1; event <= kScriptEvents; ++event)
-    row += RawPlusOneWord(image, (event - 1) * kWord) + "|";
+  for (int event = 1; event <= kScriptEvents; ++event) row += image.RawPlusOneWord((event - 1) * kWord) + "|";
   if (row == kTable.empty_rows.front()) row.clear();
   project.Set(kTable.section, kTable.key, row);
 }

@@ -1,6 +1,6 @@
 #include "sections/system/system_numbers.h"
 
-#include "sections/ports/value_writer.h"
+#include "sections/rows.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -30,12 +30,8 @@ namespace {
 
 using namespace system_numbers;
 
-std::string_view ValueOf(const IniText& project, const Table& table) {
-  return Trim(project.Get(table.section, table.key));
-}
-
 void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
-  PutNumber(image, 0, kNumberBytes, table, table.key, ValueOf(project, table));
+  PutNumber(image, 0, kNumberBytes, table, table.key, KeyValue(project, table));
 }
 
 void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table) {
@@ -62,8 +58,8 @@ void DecodeRecordNumber(const ImageReader& image, IniEdit& project) {
 }
 
 void EncodeCardPortVM(const IniText& project, ImageWriter& image) {
-  RecordWriter(image, 0, kMusicCard, kMusicCard.key, ValueOf(project, kMusicCard)).Plain(0, 1, 255);
-  RecordWriter(image, 0, kMusicPort, kMusicPort.key, ValueOf(project, kMusicPort)).Plain(1, 1, 255);
+  RecordWriter(image, 0, kMusicCard, kMusicCard.key, KeyValue(project, kMusicCard)).Plain(0, 1, 255);
+  RecordWriter(image, 0, kMusicPort, kMusicPort.key, KeyValue(project, kMusicPort)).Plain(1, 1, 255);
 }
 
 void DecodeCardPortVM(const ImageReader& image, IniEdit& project) {

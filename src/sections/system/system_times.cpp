@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "sections/rows.h"
 #include "sections/system/system_config.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
@@ -11,41 +12,12 @@ namespace tarvok {
 namespace system_times {
 namespace {
 
-constexpr tarvok::Field kWeekdayFields[] = {Digits("Day Time", 4), Digits("Night Time", 4)};
+constexpr tarvok::Field kWeekdayFields[] = {Time("Day Time").UnsetAs("0000"),
+                                            Time("Night Time").UnsetAs("0000")};
 constexpr tarvok::Field kHolidayFields[] = {Number("Month", 1, 12, 2), Number("Day", 1, 31, 2)};
 
 constexpr Table Weekday(std::string_view key, std::string_view name) {
   return {.section = kSystemConfig, .row_name = name, .key = key, .fields = kWeekdayFields};
-}
-
-/** The texts of a holiday's table, which has to outlive it. */
-struct HolidayTexts {
-  std::array<char, 3> key = {'W'};
-  std::array<char, 10> name = {'H', 'o', 'l', 'i', 'd', 'a', 'y', ' '};
-};
-
-constexpr std::array<HolidayTexts, kHolidays> MakeHolidayTexts() {
-  std::array<HolidayTexts, kHolidays> texts{};
-  for (int i = 0; i < kHolidays; ++i) {
-    HolidayTexts& text = texts[static_cast<std::size_t>(i)];
-    text.key[1] = text.name[8] = static_cast<char>('0' + (i + 1) / 10);
-    text.key[2] = text.name[9] = static_cast<char>('0' + (i + 1) % 10);
-  }
-  return texts;
-}
-
-constexpr std::array<HolidayTexts, kHolidays> kHolidayTexts = MakeHolidayTexts();
-
-constexpr std::array<Table, kHolidays> MakeHolidayTables() {
-  std::array<Table, kHolidays> tables{};
-  for (std::size_t i = 0; i < tables.size(); ++i) {
-    const HolidayTexts& text = kHolidayTexts[i];
-    tables[i] = {.section = kSystemConfig,
-                 .row_name = {text.name.data(), text.name.size()},
-                 .key = {text.key.data(), text.key.size()},
-                 .fields = kHolidayFields};
-  }
-  return tables;
 }
 
 }  // namespace
@@ -54,7 +26,10 @@ constinit const std::array<Table, kWeekdays> kWeekdayTables = {
     Weekday("Sun", "Sunday"),    Weekday("Mon", "Monday"),   Weekday("Tue", "Tuesday"),
     Weekday("Wed", "Wednesday"), Weekday("Thu", "Thursday"), Weekday("Fri", "Friday"),
     Weekday("Sat", "Saturday")};
-constinit const std::array<Table, kHolidays> kHolidayTables = MakeHolidayTables();
+const Table kHolidays = {.section = kSystemConfig,
+                         .row_name = "Holiday",
+                         .rows = {.first = 1, .last = kHolidayRows, .width = 2, .prefix = "W"},
+                         .fields = kHolidayFields};
 
 }  // namespace system_times
 
@@ -65,14 +40,10 @@ using namespace system_times;
 constexpr int kPairs = 2;  // where the first weekday stands
 constexpr int kPair = 2;
 
-std::string_view ValueOf(const IniText& project, const Table& table) {
-  return Trim(project.Get(table.section, table.key));
-}
-
 void EncodeTimes(const IniText& project, ImageWriter& image, int field) {
   int at = kPairs;
   for (const Table& weekday : kWeekdayTables) {
-    const std::string_view time = GetField(ValueOf(project, weekday), field);
+    const std::string_view time = GetField(KeyValue(project, weekday), field);
     if (time == kUnset) {
       image.Fill(at, kPair, 255);
     } else {
@@ -125,27 +96,19 @@ void DecodeNightTime(const ImageReader& image, IniEdit& project) {
 }
 
 void EncodeWeekend(const IniText& project, ImageWriter& image) {
-  int at = 0;
-  for (const Table& holiday : kHolidayTables) {
-    const std::string_view value = ValueOf(project, holiday);
-    if (!value.empty()) {
-      RecordWriter row(image, at, holiday, holiday.key, value);
-      row.Checked(0, kDay, row.IsSet(kDay) ? ValHex(row.Get(kDay)) : 255);
-      row.Checked(1, kMonth, row.IsSet(kMonth) ? ValHex(row.Get(kMonth)) : 255);
-    }
-    at += kPair;
-  }
+  EncodeRows(project, kHolidays, image, {kPair}, [](RecordWriter& holiday) {
+    holiday.Hex(0, kDay);
+    holiday.Hex(1, kMonth);
+  });
 }
 
 void DecodeWeekend(const ImageReader& image, IniEdit& project) {
-  int at = 0;
-  for (const Table& holiday : kHolidayTables) {
+  DecodeRows(image, project, kHolidays, kPair, [](const ImageReader& record) {
     RowText row;
-    row.Add(TwoDigitsAt(image, at + 1)).Add(TwoDigitsAt(image, at));
+    row.Add(TwoDigitsAt(record, 1)).Add(TwoDigitsAt(record, 0));
     const bool free = row.str() == "F|F" || row.str() == "00|00";
-    project.Set(holiday.section, holiday.key, free ? std::string_view() : std::string_view(row.str()));
-    at += kPair;
-  }
+    return free ? std::string() : row.str();
+  });
 }
 
 }  // namespace tarvok

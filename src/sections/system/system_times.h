@@ -11,7 +11,7 @@
 namespace tarvok {
 
 inline constexpr int kWeekdays = 7;
-inline constexpr int kHolidays = 50;
+inline constexpr int kHolidayRows = 50;
 
 namespace system_times {
 
@@ -22,8 +22,7 @@ enum HolidayField : int { kMonth = 1, kDay };
 
 /** One table for each weekday's key, Sunday first, as on the wire. */
 extern const std::array<Table, kWeekdays> kWeekdayTables;
-/** One table for each holiday's key, "W01" to "W50". */
-extern const std::array<Table, kHolidays> kHolidayTables;
+extern const Table kHolidays;
 
 }  // namespace system_times
 

@@ -25,7 +25,6 @@ TEST(Account, ImageOfARow) {
       {"1|2|0|F|F|F", "10 00 00 20 00 FE FF FF FF FF FF"},
       {"1*|2|3|4|5|6", error + "Account: value 1*" + kNotDialled},
       {"1|2|65536|4|5|6", error + "Number: value 65536" + kTooLarge},
-      {"1|2|3|256|5|6", error + "Config: value 256" + kTooLarge},
       {"1|2|3|4|5|-1", error + "Time (sec): value -1" + kNegative},
   };
   for (const auto& [row, image] : cases)

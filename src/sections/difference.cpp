@@ -1,0 +1,203 @@
+#include "sections/difference.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include "sections/row_fields.h"
+#include "sections/rows.h"
+#include "sections/tables.h"
+#include "store/header_keys.h"
+
+namespace tarvok {
+namespace {
+
+using Kind = Difference::Kind;
+
+/** A row in one of the two projects. */
+struct Side {
+  const IniText& project;
+  std::string_view value;
+  RowFields fields;
+};
+
+/** The rows of one table in two projects. */
+class TableDifference {
+ public:
+  TableDifference(const IniText& first, const IniText& second, const Table& table,
+                  std::vector<Difference>& found)
+      : first_(first), second_(second), table_(table), found_(found) {}
+
+  void Run() {
+    const int last = table_.single() ? table_.rows.first : table_.rows.last;
+    for (int number = table_.rows.first; number <= last; ++number) CompareRow(number);
+  }
+
+ private:
+  Side SideOf(const IniText& project, int number) const {
+    const std::string_view value = RowValue(project, table_, number);
+    return {project, value, RowFields(table_, value)};
+  }
+
+  void CompareRow(int number) {
+    const Side a = SideOf(first_, number);
+    const Side b = SideOf(second_, number);
+    if (a.value == b.value) return;
+    const bool a_unused = IsUnused(table_, a.value);
+    const bool b_unused = IsUnused(table_, b.value);
+    if (a_unused && b_unused) return;
+    row_ = RowLabel(a_unused ? second_ : first_, table_, number);
+    if (a_unused != b_unused && !table_.single()) {
+      found_.push_back(
+          {b_unused ? Kind::kOnlyInFirst : Kind::kOnlyInSecond, row_, {}, Contents(a), Contents(b)});
+    } else if (table_.repeats && !table_.members.numbered) {
+      AddIfDifferent(table_.fields.back().name, Members(a), Members(b));
+    } else if (table_.fields.front().kind == FieldKind::kColumns) {
+      CompareColumns(a, b);
+    } else {
+      const int count = std::max(a.fields.count(), b.fields.count());
+      for (int n = 1; n <= count; ++n) CompareField(a, b, n);
+    }
+  }
+
+  void AddIfDifferent(std::string_view field, const std::string& before, const std::string& after) {
+    if (before == after) return;
+    const auto shown = [](const std::string& text) { return text.empty() ? std::string(kShownBlank) : text; };
+    found_.push_back({Kind::kField, row_, std::string(field), shown(before), shown(after)});
+  }
+
+  /** What a row that only one project has is told by. */
+  std::string Contents(const Side& side) const {
+    if (table_.repeats) {
+      const std::string members = Members(side);
+      return members.empty() ? members : std::string(table_.fields.back().name).append(" ").append(members);
+    }
+    if (table_.whole_value()) return table_.marks.empty() ? ShownField(side, 1) : std::string();
+    std::string text;
+    for (int n = 1; n <= side.fields.count(); ++n) {
+      const auto is_field = [&](const Mark& mark) { return mark.field == n; };
+      const bool in_label = std::any_of(table_.marks.begin(), table_.marks.end(), is_field);
+      if (in_label || !side.fields.IsSet(n)) continue;
+      text.append(text.empty() ? "" : ", ").append(NameOf(side, n)).append(" ").append(ShownField(side, n));
+    }
+    return text;
+  }
+
+  std::string NameOf(const Side& side, int n) const {
+    const Field* field =
+        n > static_cast<int>(table_.fields.size()) && !table_.repeats ? nullptr : side.fields.StatementOf(n);
+    std::string name(field != nullptr ? field->name : std::string_view("Field"));
+    if (field == nullptr || table_.repeats) name.append(" ").append(std::to_string(n));
+    return name;
+  }
+
+  /** "" where it is not set. */
+  std::string ShownField(const Side& side, int n) const {
+    if (!side.fields.IsSet(n)) return {};
+    const Field* field = side.fields.StatementOf(n);
+    return field == nullptr ? std::string(side.fields[n]) : Shown(side.project, *field, side.fields[n]);
+  }
+
+  /** A reference is the same if it names the same row, whatever now stands there. */
+  std::string MeaningOf(const Side& side, int n) const {
+    if (!side.fields.IsSet(n)) return {};
+    const Field* field = side.fields.StatementOf(n);
+    return field == nullptr ? std::string(side.fields[n]) : Canonical(*field, side.fields[n]);
+  }
+
+  void CompareField(const Side& a, const Side& b, int n) {
+    if (MeaningOf(a, n) == MeaningOf(b, n)) return;
+    const std::string before = ShownField(a, n);
+    const std::string after = ShownField(b, n);
+    const bool same_words = before == after;  // two rows that look alike: the numbers tell them apart
+    AddIfDifferent(NameOf(a.fields.IsSet(n) ? a : b, n), same_words ? MeaningOf(a, n) : before,
+                   same_words ? MeaningOf(b, n) : after);
+  }
+
+  std::string Members(const Side& side) const {
+    std::string text;
+    for (int n = 1; n <= side.fields.count(); ++n) {
+      if (!side.fields.IsSet(n)) continue;
+      if (!text.empty()) text.append(", ");
+      text.append(ShownField(side, n));
+    }
+    return text;
+  }
+
+  /** Each column of a matrix on its own; the leftmost character is the highest column. */
+  void CompareColumns(const Side& a, const Side& b) {
+    const Field& field = table_.fields.front();
+    if (a.value.size() != b.value.size()) {
+      AddIfDifferent(field.name, std::string(a.value), std::string(b.value));
+      return;
+    }
+    for (std::size_t i = 0; i < a.value.size(); ++i) {
+      const auto column = static_cast<int>(a.value.size() - 1 - i) + field.low;
+      AddIfDifferent("Column " + std::to_string(column), std::string(a.value.substr(i, 1)),
+                     std::string(b.value.substr(i, 1)));
+    }
+  }
+
+  const IniText& first_;
+  const IniText& second_;
+  const Table& table_;
+  std::vector<Difference>& found_;
+  std::string row_;
+};
+
+/** Keys that no row or single key of a statement is, the counts of rows among them. */
+class OtherKeys {
+ public:
+  OtherKeys(const IniText& first, const IniText& second, std::vector<Difference>& found)
+      : first_(first), second_(second), found_(found) {
+    for (const Table* table : Tables()) {
+      const int last = table->single() ? table->rows.first : table->rows.last;
+      std::set<std::string>& keys = stated_[FoldName(table->section)];
+      for (int number = table->rows.first; number <= last; ++number)
+        keys.insert(FoldName(KeyOf(*table, number)));
+    }
+    stated_[FoldName(kHeaderSection)].insert(FoldName(kHeaderTag));
+  }
+
+  void Run() {
+    for (const std::string_view section : first_.Sections()) CompareSection(first_, section);
+    for (const std::string_view section : second_.Sections()) CompareSection(second_, section);
+  }
+
+ private:
+  void CompareSection(const IniText& project, std::string_view section) {
+    for (const IniText::Key& key : project.Keys(section)) {
+      if (!stated_[FoldName(section)].insert(FoldName(key.name)).second) continue;  // stated, or told already
+      const bool in_first = first_.HasKey(section, key.name);
+      const bool in_second = second_.HasKey(section, key.name);
+      const std::string before(first_.Get(section, key.name));
+      const std::string after(second_.Get(section, key.name));
+      if (before == after) continue;
+      found_.push_back({in_first && in_second ? Kind::kField
+                        : in_first            ? Kind::kOnlyInFirst
+                                              : Kind::kOnlyInSecond,
+                        std::string(section).append(" ").append(key.name),
+                        {},
+                        before,
+                        after});
+    }
+  }
+
+  const IniText& first_;
+  const IniText& second_;
+  std::vector<Difference>& found_;
+  std::map<std::string, std::set<std::string>> stated_;  // by section, all names folded
+};
+
+}  // namespace
+
+std::vector<Difference> CompareProjects(const IniText& first, const IniText& second) {
+  std::vector<Difference> found;
+  for (const Table* table : Tables()) TableDifference(first, second, *table, found).Run();
+  OtherKeys(first, second, found).Run();
+  return found;
+}
+
+}  // namespace tarvok

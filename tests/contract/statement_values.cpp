@@ -1,0 +1,145 @@
+#include "tests/contract/statement_values.h"
+
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "sections/ports/account.h"
+#include "sections/ports/assign.h"
+#include "sections/ports/boss.h"
+#include "sections/ports/hunt_group.h"
+#include "sections/ports/key_dss.h"
+#include "sections/ports/name.h"
+#include "sections/ports/number_tables.h"
+#include "sections/ports/port_config.h"
+#include "sections/ports/port_def.h"
+#include "sections/ports/vm_call_back.h"
+#include "sections/routing/class_digit.h"
+#include "sections/routing/class_group.h"
+#include "sections/routing/did_redirect.h"
+#include "sections/routing/e1_map.h"
+#include "sections/routing/e1_number.h"
+#include "sections/routing/group_out.h"
+#include "sections/routing/incoming_list.h"
+#include "sections/routing/route.h"
+#include "sections/routing/route_list.h"
+#include "sections/routing/route_map_digit.h"
+#include "sections/routing/tbl_route.h"
+#include "sections/routing/tenan.h"
+#include "sections/rows.h"
+#include "sections/system/billing_mode.h"
+#include "sections/system/pabx_mode.h"
+#include "sections/system/pbx_ip.h"
+#include "sections/system/run_script.h"
+#include "sections/system/system_numbers.h"
+#include "sections/system/system_times.h"
+
+namespace tarvok::test {
+
+ValuePair ValuesOf(const Field& field) {
+  const auto length = static_cast<std::size_t>(field.high);
+  switch (field.decided_by > 0 ? FieldKind::kNumber : field.kind) {
+    case FieldKind::kNumber:
+      return field.decided_by > 0
+                 ? ValuePair{"20", "1"}
+                 : ValuePair{Padded(field.high, field.width), Padded(field.low, field.width)};
+    case FieldKind::kRow: {
+      const RowKeys& rows = field.points_at->rows;
+      return {Padded(rows.last - rows.base, field.width), Padded(rows.first - rows.base, field.width)};
+    }
+    case FieldKind::kHex:
+      return {"FE", "0"};
+    case FieldKind::kAmount:
+      // One form has a byte for what two could hold, and 655.35 goes out as 0 in some places.
+      return {field.name == "Charge Expand" ? "255" : FormatHundredths(field.high - 1), "0"};
+    case FieldKind::kDigits:
+      return {std::string(length > 20 ? 20 : length, '9'), "1"};
+    case FieldKind::kText:
+      return {std::string(length > 20 ? 20 : length, 'x'), "y"};
+    case FieldKind::kTime:
+      return {"2359", "1001"};
+    case FieldKind::kFlag:
+      return {"1", "0"};
+    case FieldKind::kChoice:
+      return {std::string(field.choices.front().stored),
+              std::string(field.choices.size() > 1 ? field.choices.back().stored : kUnset)};
+    case FieldKind::kColumns:
+      return {std::string(length, '1'), std::string(length, '0')};
+    case FieldKind::kCoded:
+      return {"EX999999", "TE1"};
+  }
+  return {};
+}
+
+int FieldsOfRow(const Table& table) {
+  if (!table.repeats) return static_cast<int>(table.fields.size());
+  return table.members.most > 0 && !table.members.packed ? table.members.most : 3;
+}
+
+std::string FullRow(const Table& table, int least_at) {
+  std::string row;
+  for (int n = 1; n <= FieldsOfRow(table); ++n) {
+    const ValuePair values = ValuesOf(table.fields[table.repeats ? 0 : static_cast<std::size_t>(n) - 1]);
+    row.append(n > 1 ? "|" : "").append(n == least_at ? values.least : values.most);
+  }
+  return row;
+}
+
+std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const std::string& value) {
+  std::string project = "[" + std::string(table.section) + "]\nNow=" + std::to_string(table.rows.last) + "\n";
+  for (const int number : numbers) project += KeyOf(table, number) + "=" + value + "\n";
+  return project;
+}
+
+std::vector<const Table*> TablesOf(int section) {
+  static const std::map<int, std::vector<const Table*>> tables = {
+      {1, {&port_config::kTable}},
+      {2, {&pabx_mode::kTable}},
+      {3, {&billing_mode::kTable, &billing_mode::kCountry}},
+      {4, {&port_def::kTable}},
+      {5, {&class_digit::kBanTable}},
+      {6, {&class_digit::kAllowTable}},
+      {7, {&class_group::kTable}},
+      {8, {&route_map_digit::kTable}},
+      {9, {&route_list::kTable}},
+      {10, {&route::kTable}},
+      {11, {&group_out::kTable}},
+      {12, {&tenan::kDayTable, &tenan::kNightTable, &tenan::kDayHighTable, &tenan::kNightHighTable}},
+      {13, {&assign::kTable}},
+      {14, {&name::kTable}},
+      {15, {&hunt_group::kTable}},
+      {16, {&incoming_list::kTable}},
+      {17, {&account::kTable}},
+      {18, {&e1_map::kTable}},
+      {19, {&e1_number::kTable}},
+      {20, {&did_redirect::kTable}},
+      {21, {&system_numbers::kVoiceMail}},
+      {26, {&system_times::kHolidays}},
+      {27, {&key_dss::kKeys, &key_dss::kDss}},
+      {33, {&run_script::kTable}},
+      {37, {&tbl_route::kPidTable, &tbl_route::kGatewayTable, &tbl_route::kTable}},
+      {38, {&dial_phone::kTable}},
+      {39, {&link_trunk::kTable}},
+      {40, {&system_numbers::kMusicCard, &system_numbers::kMusicPort}},
+      {41, {&vm_call_back::kTable}},
+      {42, {&port_config::kTable}},
+      {43, {&route_map_digit::kTable}},
+      {44, {&pbx_ip::kAddress, &pbx_ip::kMac}},
+      {45, {&boss::kTable}},
+      {46, {&system_numbers::kRecord}},
+  };
+  if (section == 24 || section == 25) {
+    std::vector<const Table*> weekdays;
+    for (const Table& weekday : system_times::kWeekdayTables) weekdays.push_back(&weekday);
+    return weekdays;
+  }
+  const auto found = tables.find(section);
+  return found == tables.end() ? std::vector<const Table*>{} : found->second;
+}
+
+std::string Hotel() {
+  std::ifstream file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace tarvok::test
