@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "store/project_store.h"
+
+namespace tarvok {
+
+/** The connection keys of a project as `frmSetting` edits them: texts as they are stored. */
+struct ConnectionKeys {
+  std::string port;
+  std::string bps;
+  std::string port_modem;
+  std::string tel;
+  std::string by;
+  std::string dcpu;
+  std::string pbx_id;
+  std::string card_id;
+  std::string ip_host;
+  std::string ip_port;
+  std::string cut;
+  std::string compare;  // the dialog has no control for it and writes back what it read
+
+  /** Index of the way's option: 1 serial, 2 modem, 3 LAN to serial, 4 LAN, 0 server, as anything else is. */
+  int Way() const;
+  bool IsLinked() const;
+};
+
+/** Reads the keys with the dialog's defaults: "1" for an empty port, which is written back at once, and a
+ * whole settings text for an empty speed. The write's failure is returned; the keys hold all the same. */
+Status ReadConnectionKeys(ProjectStore& store, const std::string& project, ConnectionKeys& keys);
+
+/** Writes all keys, in one write. */
+Status WriteConnectionKeys(ProjectStore& store, const std::string& project, const ConnectionKeys& keys);
+
+}  // namespace tarvok

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "desktop/code_page.h"
+#include "link/event_server.h"
+#include "link/port.h"
+#include "link/send_log.h"
+#include "store/project_store.h"
+#include "store/settings_store.h"
+#include "store/shared_state.h"
+
+namespace tarvok {
+
+/** What a program lends to the window and its forms. */
+struct DesktopParts {
+  EventServer& events;
+  PortMaker& ports;
+  ProjectStore& store;
+  SettingsStore& settings;
+  SharedState& state;
+  std::string system_file;
+  std::string temp_file;                    // where a load builds its project
+  std::function<SendLog::Sink()> open_log;  // starts the history anew; no sink where that can't be
+};
+
+/** The window's own per-user settings, each named once. */
+namespace desktop_key {
+inline constexpr std::string_view kGroup = "Desktop";
+inline constexpr std::string_view kGeometry = "Geometry";
+inline constexpr std::string_view kSplitter = "Splitter";
+inline constexpr std::string_view kLastFolder = "LastFolder";
+inline constexpr std::string_view kCodePage = "CodePage";
+inline constexpr std::string_view kColours = "Colours";
+}  // namespace desktop_key
+
+/** The page in which this user's projects are written. */
+inline const CodePage& PageOf(SettingsStore& settings) {
+  return CodePage::Find(settings.Get(desktop_key::kGroup, desktop_key::kCodePage));
+}
+
+}  // namespace tarvok

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+namespace tarvok {
+
+/** Computer and exchange, and between them arrows that run the way the data goes while a session works. */
+class DirectionView : public QWidget {
+ public:
+  explicit DirectionView(QWidget* parent = nullptr);
+
+  /** `to_exchange`: a send, else a load. */
+  void Start(bool to_exchange);
+  void Stop();
+
+  QSize sizeHint() const override { return {200, 48}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void PaintEnd(QPainter& painter, const QRectF& place, const QString& name) const;
+
+  QTimer tmrRunPic_;
+  bool to_exchange_ = true;
+  int step_ = 0;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tarvok {
+
+/** A label in larger, heavier letters; `scale` of the usual size. */
+inline QLabel* MakeHeading(QLabel* label, double scale) {
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * scale);
+  font.setWeight(QFont::DemiBold);
+  label->setFont(font);
+  return label;
+}
+
+/** A label that steps back behind the others, in light and dark. */
+inline QLabel* MakeMuted(QLabel* label) {
+  label->setForegroundRole(QPalette::PlaceholderText);
+  return label;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include <QAction>
+#include <QActionGroup>
+#include <QLabel>
+#include <QMainWindow>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
+
+#include "desktop/command_tree.h"
+#include "desktop/desktop_parts.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/overview_pane.h"
+#include "desktop/pane_form.h"
+#include "desktop/start_pane.h"
+#include "shell/main_frame.h"
+
+namespace tarvok {
+
+/** `MDIForm1`: the window over the main frame's rules. It shows what they say and passes clicks on. */
+class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
+ public:
+  explicit MainWindow(DesktopParts& parts);
+
+  /** The rules behind the window; once, before it is shown. They must outlive its last event. */
+  void Attach(MainFrame& frame) { frame_ = &frame; }
+
+  void Show(const FrameLook& look) override;
+  void ShowRecentFiles(const std::vector<std::string>& paths) override;
+  void Highlight(int node, bool on) override { tree_->Highlight(node, on); }
+  void SetBusyPointer(bool busy) override;
+  void CriticalBox(std::string_view text) override;
+  bool Ask(std::string_view question) override;
+  std::string ChooseNewFile() override;
+  std::string ChooseExistingFile() override;
+  void EndProgram() override;
+
+  void ShowInPane(QWidget* widget) override;
+  void RemoveFromPane(QWidget* widget) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void MakeActions();
+  void MakeMenus();
+  void MakeViewMenu();
+  void MakeToolBar();
+  void MakeStatusBar();
+  void MakePanes();
+  QAction* MakeChoice(QActionGroup* group, const QString& text, std::string_view key, std::string_view value,
+                      bool checked);
+  QAction* MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys, QIcon icon,
+                      void (MainWindow::*run)());
+  void New() { frame_->New(); }
+  void Open() { frame_->Open(); }
+  void CloseProject() { frame_->Close(); }
+  void Exit() { frame_->ExitProgram(); }
+  void Help();
+  void FocusTree() { tree_->setFocus(Qt::ShortcutFocusReason); }
+  void SwitchSides();
+  void OpenTransfer();
+  void RestoreLayout();
+  void KeepLayout();
+
+  DesktopParts& parts_;
+  MainFrame* frame_ = nullptr;
+  FileDialogs dialogs_;
+  QAction* new_ = nullptr;
+  QAction* open_ = nullptr;
+  QAction* close_ = nullptr;
+  QAction* exit_ = nullptr;
+  QAction* help_ = nullptr;
+  std::array<QAction*, RecentFiles::kCount> recent_{};
+  QAction* dash3_ = nullptr;
+  QSplitter* splitter_ = nullptr;
+  CommandTree* tree_ = nullptr;
+  QStackedWidget* pane_ = nullptr;
+  StartPane* start_ = nullptr;
+  OverviewPane* overview_ = nullptr;
+  bool ending_ = false;
+  bool busy_ = false;
+};
+
+}  // namespace tarvok

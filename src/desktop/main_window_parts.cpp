@@ -1,0 +1,163 @@
+// What the main window is made of: actions, menus, toolbar, status bar and panes.
+
+#include <QDateTime>
+#include <QLocale>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+
+#include "desktop/colours.h"
+#include "desktop/main_window.h"
+#include "desktop/shown_text.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kSecond_ms = 1000;
+
+/** The desktop's icon of that name, or the style's own where the desktop has none. */
+QIcon StandardIcon(const QWidget* widget, const char* name, QStyle::StandardPixmap own) {
+  return QIcon::fromTheme(QString::fromLatin1(name), widget->style()->standardIcon(own));
+}
+
+}  // namespace
+
+QAction* MainWindow::MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
+                                QIcon icon, void (MainWindow::*run)()) {
+  auto* action = new QAction(icon, text, this);
+  action->setObjectName(name);
+  action->setShortcuts(keys);
+  addAction(action);  // its keys work wherever the focus is
+  connect(action, &QAction::triggered, this, run);
+  return action;
+}
+
+void MainWindow::MakeActions() {
+  const auto icon = [this](const char* name, QStyle::StandardPixmap own) {
+    return StandardIcon(this, name, own);
+  };
+  new_ = MakeAction(QStringLiteral("mnu_New"), QStringLiteral("&New"), {QKeySequence::New},
+                    icon("document-new", QStyle::SP_FileIcon), &MainWindow::New);
+  open_ = MakeAction(QStringLiteral("mnu_open"), QStringLiteral("&Open"), {QKeySequence::Open},
+                     icon("document-open", QStyle::SP_DialogOpenButton), &MainWindow::Open);
+  close_ =
+      MakeAction(QStringLiteral("mnu_close"), QStringLiteral("&Close"), {QKeySequence(Qt::CTRL | Qt::Key_W)},
+                 icon("window-close", QStyle::SP_DirClosedIcon), &MainWindow::CloseProject);
+  exit_ =
+      MakeAction(QStringLiteral("mnu_exit"), QStringLiteral("E&xit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)},
+                 icon("application-exit", QStyle::SP_DialogCancelButton), &MainWindow::Exit);
+  help_ = MakeAction(QStringLiteral("mnu_help"), QStringLiteral("&Help for this form"),
+                     {QKeySequence(Qt::Key_F1)}, {}, &MainWindow::Help);
+  exit_->setMenuRole(QAction::QuitRole);
+  for (std::size_t i = 0; i < recent_.size(); ++i) {
+    const int entry = static_cast<int>(i) + 1;
+    recent_[i] = new QAction(this);
+    recent_[i]->setObjectName(QStringLiteral("mnu_recent%1").arg(entry));
+    connect(recent_[i], &QAction::triggered, this, [this, entry] { frame_->OpenRecent(entry); });
+  }
+}
+
+void MainWindow::MakeMenus() {
+  QMenu* menu = menuBar()->addMenu(QStringLiteral("&PBX"));
+  menu->setObjectName(QStringLiteral("mnu_system"));
+  menu->addActions({new_, open_});
+  menu->addSeparator();
+  menu->addAction(close_);
+  menu->addSeparator();
+  for (QAction* recent : recent_) menu->addAction(recent);
+  dash3_ = menu->addSeparator();
+  dash3_->setObjectName(QStringLiteral("mnu_dash3"));
+  menu->addAction(exit_);
+}
+
+QAction* MainWindow::MakeChoice(QActionGroup* group, const QString& text, std::string_view key,
+                                std::string_view value, bool checked) {
+  QAction* action = group->addAction(text);
+  action->setCheckable(true);
+  action->setChecked(checked);
+  connect(action, &QAction::triggered, this, [this, key, value] {
+    parts_.settings.Set(desktop_key::kGroup, key, value);
+    ApplyColours(parts_.settings);
+    if (pane_->currentWidget() == overview_) overview_->ShowProject();
+  });
+  return action;
+}
+
+void MainWindow::MakeViewMenu() {
+  QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
+  view->addAction(MakeAction(QStringLiteral("mnu_tree"), QStringLiteral("Command &Tree"),
+                             {QKeySequence(Qt::CTRL | Qt::Key_T)}, {}, &MainWindow::FocusTree));
+  view->addAction(MakeAction(QStringLiteral("mnu_sides"), QStringLiteral("&Other Side"),
+                             {QKeySequence(Qt::Key_F6)}, {}, &MainWindow::SwitchSides));
+  view->addSeparator();
+  QMenu* colours = view->addMenu(QStringLiteral("&Colours"));
+  auto* colour_group = new QActionGroup(colours);
+  const std::string colour = parts_.settings.Get(desktop_key::kGroup, desktop_key::kColours);
+  const QString texts[] = {QStringLiteral("As the &System"), QStringLiteral("&Light"),
+                           QStringLiteral("&Dark")};
+  for (std::size_t i = 0; i < std::size(kColourChoices); ++i) {
+    const std::string_view choice = kColourChoices[i];
+    const bool checked = choice == colour || (colour.empty() && i == 0);
+    colours->addAction(MakeChoice(colour_group, texts[i], desktop_key::kColours, choice, checked));
+  }
+  QMenu* letters = view->addMenu(QStringLiteral("&Letters in Projects"));
+  auto* letter_group = new QActionGroup(letters);
+  for (const CodePage& page : CodePage::All()) {
+    const bool checked = page.name() == PageOf(parts_.settings).name();
+    letters->addAction(
+        MakeChoice(letter_group, Words(page.name()), desktop_key::kCodePage, page.name(), checked));
+  }
+  menuBar()->addMenu(QStringLiteral("&Help"))->addAction(help_);
+}
+
+void MainWindow::MakeToolBar() {
+  QToolBar* bar = addToolBar(QStringLiteral("Toolbar"));
+  bar->setObjectName(QStringLiteral("Toolbar1"));
+  bar->setAccessibleName(QStringLiteral("Toolbar"));
+  constexpr int kIcon = 16;  // the size that all of the style's own icons have
+  bar->setIconSize({kIcon, kIcon});
+  bar->setMovable(false);
+  bar->setContextMenuPolicy(Qt::PreventContextMenu);
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  for (QAction* action : {new_, open_, close_, exit_}) {
+    action->setToolTip(QString(action->text()).remove(QLatin1Char('&')));
+    bar->addAction(action);
+    bar->widgetForAction(action)->setAccessibleName(action->toolTip());
+    bar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+  }
+}
+
+void MainWindow::MakeStatusBar() {
+  statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+  auto* clock = new QLabel;
+  clock->setObjectName(QStringLiteral("Clock"));
+  clock->setAccessibleName(QStringLiteral("Clock"));
+  statusBar()->addPermanentWidget(clock);
+  const auto tick = [clock] {
+    clock->setText(QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat));
+  };
+  tick();
+  auto* timer = new QTimer(clock);
+  connect(timer, &QTimer::timeout, clock, tick);
+  timer->start(kSecond_ms);
+}
+
+void MainWindow::MakePanes() {
+  splitter_ = new QSplitter;
+  splitter_->setChildrenCollapsible(false);
+  tree_ = new CommandTree([this](int node) { frame_->ClickNode(node); });
+  pane_ = new QStackedWidget;
+  start_ = new StartPane({.create = [this] { frame_->New(); },
+                          .open = [this] { frame_->Open(); },
+                          .open_recent = [this](int entry) { frame_->OpenRecent(entry); }});
+  overview_ = new OverviewPane(parts_, [this] { OpenTransfer(); });
+  pane_->addWidget(start_);
+  pane_->addWidget(overview_);
+  splitter_->addWidget(tree_);
+  splitter_->addWidget(pane_);
+  splitter_->setStretchFactor(1, 1);
+  setCentralWidget(splitter_);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,180 @@
+#include "desktop/overview_pane.h"
+
+#include <QFileInfo>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/headings.h"
+#include "desktop/read_only_files.h"
+#include "desktop/shown_text.h"
+#include "sections/ports/assign.h"
+#include "sections/ports/port_def.h"
+#include "shell/connection_settings.h"
+#include "store/header_keys.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kMargin = 24;
+
+/** A number that people look for, large, above what it counts. */
+QWidget* MakeTile(const QString& title, QLabel*& number) {
+  auto* tile = new QFrame;
+  tile->setFrameShape(QFrame::StyledPanel);
+  tile->setBackgroundRole(QPalette::Base);
+  tile->setAutoFillBackground(true);
+  auto* layout = new QVBoxLayout(tile);
+  layout->setContentsMargins(14, 10, 14, 10);
+  layout->setSpacing(2);
+  number = new QLabel;
+  number->setTextFormat(Qt::RichText);
+  number->setAccessibleName(title);
+  layout->addWidget(MakeMuted(new QLabel(title)));
+  layout->addWidget(number);
+  return tile;
+}
+
+QString Large(int count, const QString& behind) {
+  return QStringLiteral("<span style='font-size:18pt; font-weight:600'>%1</span> %2").arg(count).arg(behind);
+}
+
+/** A spot of a family's colour, which follows light and dark. */
+class Spot : public QWidget {
+ public:
+  explicit Spot(CardFamily family) : family_(family) { setFixedSize(10, 10); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(RackView::FamilyColour(family_, palette()));
+    painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
+  }
+
+ private:
+  CardFamily family_;
+};
+
+/** The lines that a transfer form shows. The form may write defaults back; a look at the project may not. */
+std::vector<std::string> ConnectionLines(DesktopParts& parts) {
+  ReadOnlyFiles files(parts.store.files());
+  ProjectStore store(files);
+  ConnectionSettings settings;
+  [[maybe_unused]] const Status not_written =
+      ReadConnection(store, parts.state.ProjectFile, EmptySpeed::kWrittenBack, settings);
+  return SummaryLines(settings);
+}
+
+}  // namespace
+
+OverviewPane::OverviewPane(DesktopParts& parts, std::function<void()> open_transfer) : parts_(parts) {
+  setObjectName(QStringLiteral("Overview"));
+  setAccessibleName(QStringLiteral("Overview of the project"));
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setSpacing(8);
+  name_ = MakeHeading(new QLabel, 1.7);
+  folder_ = MakeMuted(new QLabel);
+  problem_ = new QLabel;
+  problem_->setObjectName(QStringLiteral("Problem"));
+  problem_->setWordWrap(true);
+  rack_ = new RackView;
+  rack_hint_ = MakeMuted(
+      new QLabel(QStringLiteral("The rack is empty. Cards and ports are entered in 2 - Port Define.")));
+  for (QLabel* label : {name_, folder_, problem_}) label->setTextFormat(Qt::PlainText);
+  layout->addWidget(name_);
+  layout->addWidget(folder_);
+  layout->addWidget(problem_);
+  layout->addSpacing(8);
+  layout->addWidget(MakeTiles());
+  layout->addSpacing(16);
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Rack")), 1.2));
+  layout->addWidget(rack_);
+  layout->addWidget(rack_hint_);
+  layout->addWidget(MakeLegend());
+  layout->addSpacing(16);
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Connection")), 1.2));
+  layout->addWidget(MakeConnection(std::move(open_transfer)));
+  layout->addStretch();
+  setWidget(page);
+}
+
+QWidget* OverviewPane::MakeTiles() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(12);
+  layout->addWidget(MakeTile(QStringLiteral("Ports"), ports_), 1);
+  layout->addWidget(MakeTile(QStringLiteral("Numbers"), numbers_), 1);
+  layout->addWidget(MakeTile(QStringLiteral("Trunk ports"), trunks_), 1);
+  layout->addWidget(MakeTile(QStringLiteral("Hunt groups"), groups_), 1);
+  return row;
+}
+
+QWidget* OverviewPane::MakeLegend() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(6);
+  for (const CardFamily family : {CardFamily::kSlic, CardFamily::kDigital, CardFamily::kTrunk,
+                                  CardFamily::kEAndM, CardFamily::kE1, CardFamily::kVoiceMail}) {
+    layout->addWidget(new Spot(family));
+    layout->addWidget(MakeMuted(new QLabel(Words(FamilyName(family)))));
+    layout->addSpacing(8);
+  }
+  layout->addStretch();
+  layout->addWidget(
+      MakeMuted(new QLabel(QStringLiteral("A filled lamp is a port with a number or in a group out"))));
+  return row;
+}
+
+QWidget* OverviewPane::MakeConnection(std::function<void()> open_transfer) {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  connection_ = new QLabel;
+  connection_->setObjectName(QStringLiteral("ConnectionLine"));
+  connection_->setTextFormat(Qt::PlainText);
+  connection_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* transfer = new QPushButton(QStringLiteral("&Transfer Config..."));
+  transfer->setObjectName(QStringLiteral("cmdTransfer"));
+  connect(transfer, &QPushButton::clicked, this, std::move(open_transfer));
+  layout->addWidget(connection_, 1);
+  layout->addWidget(transfer);
+  return row;
+}
+
+void OverviewPane::ShowProject() {
+  const std::string& file = parts_.state.ProjectFile;
+  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(file);
+  const QFileInfo info(PathText(file));
+  name_->setText(info.completeBaseName());
+  folder_->setText(FolderText(info.absolutePath()));
+  problem_->setVisible(!IsProject(*project));
+  problem_->setText(Words(kNotAProject));
+
+  const ProjectSummary summary = Summarize(*project);
+  rack_->ShowSummary(summary);
+  rack_hint_->setVisible(summary.ports == 0);
+  ports_->setText(
+      Large(summary.ports,
+            QStringLiteral("of %1, %2 free").arg(kPortRows).arg(summary.ports - summary.ports_used)));
+  numbers_->setText(Large(summary.numbers, QStringLiteral("of %1").arg(kAssignRows)));
+  trunks_->setText(Large(summary.trunks, summary.groups_out == 1
+                                             ? QStringLiteral("and 1 group out")
+                                             : QStringLiteral("and %1 groups out").arg(summary.groups_out)));
+  groups_->setText(Large(summary.hunt_groups, {}));
+
+  const CodePage& page = PageOf(parts_.settings);
+  QStringList lines;
+  for (const std::string& line : ConnectionLines(parts_)) lines += MessageText(line, page).trimmed();
+  connection_->setText(lines.join(QStringLiteral("  \u00B7  ")));
+}
+
+}  // namespace tarvok

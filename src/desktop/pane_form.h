@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <QPointer>
+#include <QWidget>
+
+#include "shell/main_frame_view.h"
+
+namespace tarvok {
+
+/** Where a child form shows itself: the pane beside the tree. */
+class PaneHost {
+ public:
+  virtual ~PaneHost() = default;
+  /** The pane shows this widget, and owns it until it is removed. */
+  virtual void ShowInPane(QWidget* widget) = 0;
+  virtual void RemoveFromPane(QWidget* widget) = 0;
+};
+
+/** A child form made of a widget. The widget dies behind the event that closed the form, so that a button of
+ * its own may do that. */
+class PaneForm : public Form {
+ public:
+  PaneForm(PaneHost& host, std::string name, QWidget* widget)
+      : host_(host), name_(std::move(name)), widget_(widget) {}
+  ~PaneForm() override {
+    if (widget_ == nullptr) return;
+    host_.RemoveFromPane(widget_);
+    widget_->deleteLater();
+  }
+  PaneForm(const PaneForm&) = delete;
+  PaneForm& operator=(const PaneForm&) = delete;
+
+  std::string_view name() const override { return name_; }
+  void Show() override { host_.ShowInPane(widget_); }
+  /** A form that only shows has nothing to save. */
+  bool Save_File() override { return true; }
+  bool Unload() override { return true; }
+
+ private:
+  PaneHost& host_;
+  std::string name_;
+  QPointer<QWidget> widget_;
+};
+
+/** `frmAbout`. */
+std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context);
+
+}  // namespace tarvok

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** The exchange's rack has so many card slots. */
+inline constexpr int kSlots = 16;
+
+/** What a card is good for, as far as a picture tells it. */
+enum class CardFamily { kSlic, kDigital, kTrunk, kEAndM, kE1, kVoiceMail };
+
+std::string_view FamilyName(CardFamily family);
+
+/** A card in its slot. A port is used if it has a number or belongs to a group out. */
+struct CardSummary {
+  std::string_view label;  // of the card type; "" in an empty slot
+  CardFamily family = CardFamily::kSlic;
+  std::vector<bool> used;  // one entry a port, in channel order of the rows
+
+  bool empty() const { return used.empty(); }
+  int ports() const { return static_cast<int>(used.size()); }
+  int ports_used() const;
+};
+
+/** What a project amounts to, counted from its rows. */
+struct ProjectSummary {
+  std::array<CardSummary, kSlots> slots;
+  int ports = 0;
+  int ports_used = 0;
+  int numbers = 0;
+  int trunks = 0;       // ports of trunk, E & M and E1 cards
+  int groups_out = 0;   // with at least one member
+  int hunt_groups = 0;  // with at least one member
+};
+
+/** Rows that make no sense (a slot that the rack does not have, an unknown card) are passed over. */
+ProjectSummary Summarize(const IniText& project);
+
+}  // namespace tarvok

@@ -1,0 +1,194 @@
+#include "desktop/transfer_dialog.h"
+
+#include <utility>
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "desktop/boxes.h"
+#include "desktop/password_dialog.h"
+#include "desktop/setting_dialog.h"
+#include "desktop/shown_text.h"
+#include "link/modem_reply.h"
+#include "store/header_keys.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kDebugWord = "TRACELY7";
+constexpr int kDebugPresses = 9;
+
+}  // namespace
+
+TransferDialog::~TransferDialog() = default;
+
+void TransferDialog::OpenTransfer() {
+  transfer_ = std::make_unique<Transfer>(TransferParts{.events = events_,
+                                                       .ports = parts_.ports,
+                                                       .store = parts_.store,
+                                                       .view = *this,
+                                                       .log = log_,
+                                                       .project_file = parts_.state.ProjectFile,
+                                                       .load_target = parts_.state.ProjectFile,
+                                                       .system_file = parts_.system_file,
+                                                       .temp_file = parts_.temp_file},
+                                         kind_.form);
+  ShowSummary();
+}
+
+void TransferDialog::ShowSummary() {
+  QStringList lines;
+  for (const std::string& line : SummaryLines(transfer_->settings())) lines += Letters(line).trimmed();
+  summary_->setText(lines.join(QLatin1Char('\n')));
+}
+
+QString TransferDialog::Letters(std::string_view text) const {
+  return MessageText(text, PageOf(parts_.settings));
+}
+
+void TransferDialog::Run(const TransferAction& action) {
+  if (running_ != nullptr || leaving_) return;
+  running_ = &action;
+  const std::string folder = txtFolder_ == nullptr ? std::string() : PathBytes(txtFolder_->text().trimmed());
+  // How it ended stands in the log window and its boxes.
+  [[maybe_unused]] const bool done = action.run(*transfer_, folder);
+  running_ = nullptr;
+  if (close_wanted_) Leave();
+}
+
+/** A load, a call that is being dialled, and whatever waits without a limit can be given up. A send that talks
+ * to the exchange can't: it would leave half a configuration behind. */
+bool TransferDialog::MayGiveUp() const {
+  if (running_->loads || events_.waits_for_ever()) return true;
+  const int word = transfer_->line().modem().ModemResult;
+  return transfer_->mode() == LinkMode::kModem && (word == ModemReply::kNone || word == ModemReply::kOk);
+}
+
+void TransferDialog::Leave() {
+  if (leaving_) return;
+  if (running_ != nullptr) {
+    if (!MayGiveUp()) return;
+    close_wanted_ = true;
+    transfer_->Abort();
+    return;
+  }
+  leaving_ = true;
+  for (QWidget* control : idle_controls_) control->setEnabled(false);
+  KeepFolder();
+  transfer_->Unload();
+  done(Accepted);
+}
+
+bool TransferDialog::Unload() {
+  Leave();
+  return !isVisible();
+}
+
+void TransferDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  Leave();
+}
+
+void TransferDialog::Log(std::string_view text) {
+  QTextCursor end(Text1_->document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(Letters(text));
+  QScrollBar* scroll = Text1_->verticalScrollBar();
+  scroll->setValue(scroll->maximum());
+}
+
+void TransferDialog::Progress(int value, int end) {
+  bar_->setRange(0, end);
+  bar_->setValue(value);
+}
+
+void TransferDialog::Elapsed(int seconds) {
+  constexpr int kMinute_s = 60;
+  lblTime_->setText(Words(std::to_string(seconds / kMinute_s) + ":" + Padded(seconds % kMinute_s, 2)));
+}
+
+void TransferDialog::Box(BoxKind kind, std::string_view text) {
+  ShowBox(this, kind == BoxKind::kCritical ? QMessageBox::Critical : QMessageBox::Information, Letters(text));
+}
+
+bool TransferDialog::Ask(std::string_view question) {
+  return AskYesNo(this, Letters(question));
+}
+
+bool TransferDialog::AskWithCompare(std::string_view question, bool& compare) {
+  return AskWithCompareBox(this, Letters(question), compare);
+}
+
+std::optional<std::string> TransferDialog::AskSaveName() {
+  const std::string name = dialogs_.ChooseNewFile(this, QStringLiteral("Save loaded config"));
+  if (name.empty()) return std::nullopt;
+  return name;
+}
+
+void TransferDialog::ShowPassword(PasswordForm& form) {
+  PasswordDialog(
+      form, [this] { return transfer_->waits().aborted(); }, this)
+      .exec();
+}
+
+void TransferDialog::SetBusy(bool busy) {
+  for (QWidget* control : idle_controls_) control->setEnabled(!busy);
+  if (busy) {
+    bar_->reset();
+    Elapsed(0);
+    direction_->Start(running_ == nullptr || !running_->loads);
+    Text1_->setFocus();
+  } else {
+    direction_->Stop();
+    auto* pressed = running_ == nullptr ? nullptr : findChild<QPushButton*>(Words(running_->control));
+    if (pressed != nullptr && !close_wanted_) pressed->setFocus();
+  }
+}
+
+void TransferDialog::OpenSettings() {
+  if (running_ != nullptr || leaving_) return;
+  if (SettingDialog(parts_, this).exec() != Accepted) return;
+  // The line of the old settings says its last words before another takes its place.
+  leaving_ = true;
+  transfer_->Unload();
+  leaving_ = false;
+  OpenTransfer();
+}
+
+void TransferDialog::KeepFolder() {
+  if (txtFolder_ == nullptr) return;
+  const std::string folder = PathBytes(txtFolder_->text().trimmed());
+  const std::string& project = parts_.state.ProjectFile;
+  if (folder == parts_.store.GetIniValue(project, kHeaderSection, kLastBilling)) return;
+  const Status kept = parts_.store.SetIniValue(project, kHeaderSection, kLastBilling, folder);
+  if (!kept.ok()) Box(BoxKind::kCritical, kept.message());
+}
+
+void TransferDialog::Browse() {
+  const QString folder = QFileDialog::getExistingDirectory(
+      this, QStringLiteral("Folder of the billing files"), txtFolder_->text());
+  if (folder.isEmpty()) return;
+  txtFolder_->setText(folder);
+  KeepFolder();
+}
+
+/** With the first button focused the first nine presses may spell the word that turns the link's diagnostics
+ * on; any press that does not complete it turns them off. */
+void TransferDialog::WatchDebugWord(const QString& typed) {
+  if (typed.isEmpty()) return;
+  if (debug_word_.size() < kDebugPresses) debug_word_ += typed;
+  log_.set_debug(debug_word_ == Words(kDebugWord));
+  if (log_.debug()) setWindowTitle(windowTitle() + QStringLiteral(" - Layer 2 debug on"));
+}
+
+bool TransferDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && watched->objectName() == QStringLiteral("cmdWrite")) {
+    WatchDebugWord(static_cast<QKeyEvent*>(event)->text());
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,193 @@
+#include "tests/desktop/desktop_bench.h"
+
+#include <utility>
+
+#include <QFileDialog>
+#include <QLineEdit>
+
+namespace tarvok::test {
+namespace {
+
+constexpr int kStep_ms = 5;
+constexpr int kMostTries = 2000;
+
+/** A connection that never comes about. */
+class ConnectingPort : public Port {
+ public:
+  PortState state() const override { return PortState::kConnecting; }
+  std::string error() const override { return {}; }
+  bool Send(std::span<const std::uint8_t>) override { return false; }
+  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
+  void Discard() override {}
+  void Close() override {}
+};
+
+std::filesystem::path MakeFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tarvok-desktop-XXXXXX").string();
+  EXPECT_NE(::mkdtemp(pattern.data()), nullptr);
+  return pattern;
+}
+
+LevelPasswords PasswordsOf(const std::string& level_1) {
+  LevelPasswords passwords;
+  if (const auto packed = PackPassword(level_1)) passwords.Set(1, *packed);
+  return passwords;
+}
+
+}  // namespace
+
+Script::Script(std::vector<Step> steps) : steps_(std::move(steps)) {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Run(); });
+  timer_.start(kStep_ms);
+}
+
+void Script::Run() {
+  if (failed_) {
+    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) modal->done(0);
+    return;
+  }
+  if (in_step_ || (finished() && QApplication::activeModalWidget() == nullptr)) return;
+  if (++tries_ > kMostTries) {
+    ADD_FAILURE() << "step " << next_ << " never came about, or nothing closed the window behind the last";
+    failed_ = true;
+    return;
+  }
+  if (finished()) return;
+  in_step_ = true;
+  const bool done = steps_[next_]();
+  in_step_ = false;
+  if (!done) return;
+  ++next_;
+  tries_ = 0;
+}
+
+DesktopBench::DesktopBench(Line line, const std::string& password)
+    : folder(MakeFolder()),
+      project((folder / "hotel.tvk").string()),
+      parts{.events = events,
+            .ports = *this,
+            .store = store,
+            .settings = settings,
+            .state = state,
+            .system_file = TARVOK_SOURCE_DIR "/data/system.tvs",
+            .temp_file = (folder / "outcfg.tvk").string(),
+            .open_log = [this] { return [this](std::string_view text) { log += text; }; }},
+      exchange(events, memory, {}, [](auto&&...) {}),
+      listener([this](std::unique_ptr<Port> port) { exchange.Accept(std::move(port), Wire::kLan); }),
+      line_(line) {
+  std::filesystem::copy_file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", project);
+  memory.AddPasswords(PasswordsOf(password));
+  EXPECT_TRUE(listener.Listen("127.0.0.1", 0).ok());
+  EXPECT_TRUE(store.SetIniValue(project, "Chk_Tarvok", "IPPort", std::to_string(listener.port())).ok());
+  window = std::make_unique<MainWindow>(parts);
+  frame = std::make_unique<MainFrame>(MainFrame::Parts{
+      store,
+      recent,
+      state,
+      *window,
+      parts.system_file,
+      {{"connect", MakeTransferFactory(parts, ConnectKind(), window.get())},
+       {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), window.get())},
+       {"billing", MakeTransferFactory(parts, BillingKind(), window.get())},
+       {"about", [this](const FormContext& context) { return MakeAboutForm(*window, context); }}}});
+  window->Attach(*frame);
+  frame->Start(false);
+  window->show();
+  QApplication::setActiveWindow(window.get());
+}
+
+DesktopBench::~DesktopBench() {
+  frame.reset();
+  window.reset();
+  std::filesystem::remove_all(folder);
+}
+
+std::unique_ptr<Port> DesktopBench::OpenSerial(int number, const LineSettings& line) {
+  return real_ports.OpenSerial(number, line);
+}
+
+std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const std::string& port) {
+  if (line_ == Line::kConnecting) return std::make_unique<ConnectingPort>();
+  if (line_ == Line::kExchange) return real_ports.ConnectTcp(host, port);
+  auto nobody =
+      std::make_unique<TcpListener>([this](std::unique_ptr<Port> end) { silent_.push_back(std::move(end)); });
+  EXPECT_TRUE(nobody->Listen("127.0.0.1", 0).ok());
+  auto open = real_ports.ConnectTcp(host, std::to_string(nobody->port()));
+  events.ServeUntil([&] { return open->state() == PortState::kOpen && !silent_.empty(); },
+                    EventServer::kForever);
+  return open;
+}
+
+void DesktopBench::ClickCommand(std::string_view key) {
+  auto* tree = Find<CommandTree>("CommandTree");
+  for (int i = 0; i < static_cast<int>(kCommands.size()); ++i) {
+    if (kCommands[static_cast<std::size_t>(i)].key != key) continue;
+    const QRect row = tree->visualItemRect(tree->topLevelItem(0)->child(i));
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, row.center());
+  }
+}
+
+void DesktopBench::Press(Qt::Key key) {
+  QApplication::setActiveWindow(window.get());  // offscreen nobody gives the focus back behind a modal window
+  QTest::keyClick(window.get(), key, Qt::ControlModifier);
+}
+
+QWidget* Modal(const char* name) {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal == nullptr) return nullptr;
+  const bool is_box = modal->objectName().isEmpty() && qobject_cast<QMessageBox*>(modal) != nullptr;
+  const QString wanted = QString::fromLatin1(name);
+  return (is_box ? wanted == QStringLiteral("box") : modal->objectName() == wanted) ? modal : nullptr;
+}
+
+Script::Step ClickIn(const char* modal, const char* control) {
+  return [=] {
+    QWidget* window = Modal(modal);
+    auto* button =
+        window == nullptr ? nullptr : window->findChild<QAbstractButton*>(QString::fromLatin1(control));
+    if (button == nullptr || !button->isEnabled()) return false;
+    // What a click starts may last: the script goes on meanwhile.
+    QTimer::singleShot(0, button, [button] {
+      QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
+    });
+    return true;
+  };
+}
+
+Script::Step AnswerBox(QMessageBox::StandardButton button, std::vector<std::string>* texts) {
+  return [=] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || box->button(button) == nullptr) return false;
+    if (texts != nullptr) texts->push_back(box->text().toStdString());
+    QTest::mouseClick(box->button(button), Qt::LeftButton);
+    return true;
+  };
+}
+
+Script::Step TypeIn(const char* modal, const char* control, const char* keys) {
+  return [=] {
+    QWidget* window = Modal(modal);
+    auto* field = window == nullptr ? nullptr : window->findChild<QWidget*>(QString::fromLatin1(control));
+    if (field == nullptr || !field->isEnabled()) return false;
+    QTimer::singleShot(0, field, [field, keys] {
+      field->setFocus();
+      QTest::keyClicks(field, QString::fromLatin1(keys));
+    });
+    return true;
+  };
+}
+
+Script::Step ChooseFile(QString name) {
+  return [name = std::move(name)] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return false;
+    auto* field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    EXPECT_EQ(field->text(), QString());
+    field->setCompleter(nullptr);  // its list would take the keys
+    QTest::keyClicks(field, name);
+    QTest::keyClick(field, Qt::Key_Return);
+    return true;
+  };
+}
+
+}  // namespace tarvok::test

@@ -1,0 +1,144 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QStringDecoder>
+
+#include "desktop/code_page.h"
+#include "desktop/setting_dialog.h"
+#include "tests/desktop/desktop_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+class Settings : public testing::Test {
+ protected:
+  void Put(const char* key, const char* value) {
+    ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", key, value).ok());
+  }
+  void Open() {
+    bench.state.ProjectFile = bench.project;
+    dialog = std::make_unique<SettingDialog>(bench.parts, nullptr);
+    dialog->show();
+  }
+  template <typename Widget>
+  Widget* Get(const char* name) {
+    return dialog->findChild<Widget*>(QString::fromLatin1(name));
+  }
+  void Click(const char* name) { QTest::mouseClick(Get<QAbstractButton>(name), Qt::LeftButton, {}, {8, 8}); }
+
+  DesktopBench bench;
+  std::unique_ptr<SettingDialog> dialog;
+};
+
+TEST_F(Settings, FieldsDropWhatTheyDoNotTake) {
+  Put("IPHost", "box");
+  Open();
+  const struct {
+    const char* field;
+    const char* typed;
+    const char* stands;
+  } cases[] = {{"txtTel", "0-12,x3#", "012,3"}, {"txtHost", "1 0.a7", "10.7"}, {"txtPort", "4x0.01", "4001"}};
+  auto* host = Get<QLineEdit>("txtHost");
+  QTest::keyClick(host, Qt::Key_Backspace);
+  EXPECT_EQ(host->text(), QStringLiteral("bo"));  // what was stored can be edited
+  dialog.reset();
+  Put("IPHost", "");
+  Open();
+  for (const auto& c : cases) {
+    auto* field = Get<QLineEdit>(c.field);
+    field->clear();
+    QTest::keyClicks(field, QString::fromLatin1(c.typed));
+    EXPECT_EQ(field->text().toStdString(), c.stands) << c.field;
+    field->clear();
+    field->insert(QString::fromLatin1(c.typed));  // as a paste does
+    EXPECT_EQ(field->text().toStdString(), c.stands) << c.field;
+  }
+}
+
+TEST_F(Settings, OptionsShowTheirFrames) {
+  Open();
+  const struct {
+    const char* option;
+    const char* frame;
+  } cases[] = {{"Option1(1)", "fraSettingSerial"},
+               {"Option1(2)", "fraSettingModem"},
+               {"Option1(3)", "fraSettingServer"},
+               {"Option1(4)", "fraSettingServer"},
+               {"Option1(0)", "fraSettingServer"}};
+  for (const auto& c : cases) {
+    Click(c.option);
+    for (const char* frame : {"fraSettingSerial", "fraSettingModem", "fraSettingServer"}) {
+      EXPECT_EQ(Get<QWidget>(frame)->isVisible(), frame == std::string(c.frame)) << c.option;
+    }
+  }
+  EXPECT_FALSE(Get<QWidget>("fraInputID")->isVisible());
+  Click("Option2(1)");
+  EXPECT_TRUE(Get<QWidget>("fraInputID")->isVisible());
+}
+
+TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
+  const struct {
+    const char* key;
+    const char* before;
+    const char* after;
+  } keys[] = {{"Port", "", "1"},
+              {"PortM", "9", "9"},
+              {"BPS", "9600,n,8,1", "9600,n,8,1"},
+              {"By", "7", "7"},
+              {"DCPU", "2", "2"},
+              {"PID", "15", "15"},
+              {"CID", "-1", "3"},
+              {"CUT", "64", "64"},
+              {"Tel", "", ""},
+              {"compare", "1", "1"},
+              {"IPHost", "1.2.3.4", "1.2.3.4"}};
+  for (const auto& key : keys) Put(key.key, key.before);
+  Open();
+  EXPECT_EQ(bench.Value("Port"), "1");  // written back at once
+  EXPECT_TRUE(Get<QRadioButton>("Option1(0)")->isChecked());
+  EXPECT_EQ(Get<QComboBox>("cmbPBX")->currentIndex(), -1);
+  EXPECT_EQ(Get<QComboBox>("cmbSpeed")->currentText(), QStringLiteral("9600,n,8,1"));
+  QTest::keyClick(Get<QComboBox>("cmbCard"), Qt::Key_3);
+  QTest::keyClick(Get<QLineEdit>("txtPort"), Qt::Key_Return);  // Enter applies
+  EXPECT_FALSE(dialog->isVisible());
+  for (const auto& key : keys) EXPECT_EQ(bench.Value(key.key), key.after) << key.key;
+
+  Open();
+  Click("Option1(1)");
+  Click("Option2(0)");
+  Click("chkSpecial");
+  QTest::keyClick(Get<QComboBox>("cmbPort"), Qt::Key_Down);
+  auto* device = Get<QComboBox>("cmbPortDevice");
+  device->setEditText(QStringLiteral("/dev/pbx"));
+  Click("cmdCancel");
+  EXPECT_EQ(bench.Value("By"), "7");
+  EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "");
+  Click("cmdApply");
+  EXPECT_EQ(bench.Value("By"), "1");
+  EXPECT_EQ(bench.Value("DCPU"), "0");
+  EXPECT_EQ(bench.Value("CUT"), "1");
+  EXPECT_EQ(bench.Value("Port"), "2");
+  EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/pbx");
+}
+
+TEST(CodePage, GoesThereAndBackAndAgreesWithQt) {
+  std::string all;
+  for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+  for (const CodePage& page : CodePage::All()) {
+    const QString letters = page.ToLetters(all);
+    EXPECT_EQ(page.ToBytes(letters), all) << page.name();
+    QStringDecoder qt(page.name().data());
+    if (!qt.isValid()) continue;  // a Qt without other code pages
+    const QString theirs = qt(QByteArray::fromStdString(all));
+    for (int i = 0; i < 256; ++i) {
+      const bool open_byte =
+          letters[i].category() == QChar::Other_Control || letters[i].category() == QChar::Other_PrivateUse;
+      EXPECT_TRUE(open_byte || letters[i] == theirs[i]) << page.name() << ' ' << i;
+    }
+  }
+  EXPECT_EQ(CodePage::Find("Windows-874").ToBytes(QStringLiteral("a\u0E01\u20AC\u4E2D")), "a\xA1\x80");
+  EXPECT_EQ(CodePage::Find("no such page").name(), "Windows-1252");
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,230 @@
+#include <QPlainTextEdit>
+#include <QProgressBar>
+
+#include "desktop/transfer_dialog.h"
+#include "tests/desktop/desktop_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string LogOf(const char* form) {
+  const QWidget* window = Modal(form);
+  return window == nullptr ? "" : window->findChild<QPlainTextEdit*>("Text1")->toPlainText().toStdString();
+}
+
+/** A step: waits until the log window holds the text. */
+Script::Step LogHas(const char* form, const char* text) {
+  return [=] { return LogOf(form).find(text) != std::string::npos; };
+}
+
+/** A step: closes the form by its window button; whether it is gone then. */
+Script::Step CloseWindow(const char* form) {
+  return [=] {
+    if (Modal(form) == nullptr) return false;
+    Modal(form)->close();
+    return true;
+  };
+}
+
+TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
+  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
+  bench.frame->OpenProject(bench.project);
+  std::vector<std::string> boxes;
+  std::vector<std::string> enabled;
+  std::string log;
+  int bar = 0;
+  const auto look_while_busy = [&] {
+    if (Modal("frmPassword2") == nullptr) return false;
+    for (const auto* button : bench.Find<QDialog>("frmConnect")->findChildren<QPushButton*>()) {
+      if (button->parentWidget()->objectName() == "frmConnect" && button->isEnabled()) {
+        enabled.push_back(button->objectName().toStdString());
+      }
+    }
+    return true;
+  };
+  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes), look_while_busy,
+                 TypeIn("frmPassword2", "Text1", "1a2 34\r"),  // letters and blanks are dropped, Enter is OK
+                 AnswerBox(QMessageBox::Ok, &boxes),
+                 [&] {
+                   log = LogOf("frmConnect");
+                   bar = Modal("frmConnect")->findChild<QProgressBar*>()->value();
+                   return true;
+                 },
+                 ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes, &boxes),
+                 TypeIn("frmPassword2", "Text1", "1234"), ClickIn("frmPassword2", "Command1"),
+                 AnswerBox(QMessageBox::Yes, &boxes), ClickIn("frmConnect", "cmdCancel")});
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_THAT(boxes, ElementsAre("Do you want to send data config?", "Send All Data Config Finished",
+                                 "Do you want to load data config?",
+                                 "Get All Config Finished.\nDo you want to replace current file?"));
+  EXPECT_THAT(enabled, IsEmpty());
+  EXPECT_THAT(log, HasSubstr("Sending All Data Config Finished !!!"));
+  EXPECT_EQ(bar, 46);
+  EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
+  EXPECT_EQ(bench.Value("Chk"), "tarvok");
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_THAT(bench.log, testing::StartsWith("Send Config History...\r\n"));
+}
+
+TEST(Transfer, WrongPasswordThreeTimesEndsTheSession) {
+  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
+  bench.frame->OpenProject(bench.project);
+  std::vector<std::string> boxes;
+  std::string log;
+  std::vector<Script::Step> steps = {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes)};
+  steps.push_back(ClickIn("frmPassword2", "Command1"));  // nothing typed
+  steps.push_back(AnswerBox(QMessageBox::Ok, &boxes));
+  for (int i = 0; i < 3; ++i) {
+    steps.push_back([] {
+      const QWidget* dialog = Modal("frmPassword2");
+      return dialog != nullptr && dialog->findChild<QLineEdit*>("Text1")->text().isEmpty();
+    });
+    steps.push_back(TypeIn("frmPassword2", "Text1", "99999999"));  // the sixth is the last
+    steps.push_back(ClickIn("frmPassword2", "Command1"));
+    steps.push_back(AnswerBox(QMessageBox::Ok, &boxes));
+  }
+  steps.push_back([&] {
+    log = LogOf("frmConnect");
+    return Modal("frmConnect") != nullptr;
+  });
+  steps.push_back(ClickIn("frmConnect", "cmdCancel"));
+  Script script(steps);
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_THAT(boxes, ElementsAre("Please enter password", "Password incorrect", "Password incorrect",
+                                 "Password incorrect"));
+  EXPECT_THAT(log, HasSubstr("Password incorrect or level password cannot set config."));
+}
+
+TEST(Transfer, NewPasswordsTravelWithTheLogIn) {
+  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
+  bench.frame->OpenProject(bench.project);
+  std::vector<std::string> boxes;
+  Script script({ClickIn("frmConnect", "cmdSendIP"), AnswerBox(QMessageBox::Yes),
+                 ClickIn("frmPassword2", "chkPSW"), ClickIn("frmPassword2", "chkLV(1)"),
+                 TypeIn("frmPassword2", "Text1", "1234"), TypeIn("frmPassword2", "txtPSW(1,0)", "111111"),
+                 ClickIn("frmPassword2", "Command1"), AnswerBox(QMessageBox::Ok, &boxes),
+                 TypeIn("frmPassword2", "txtPSW(1,1)", "111111"), ClickIn("frmPassword2", "Command1"),
+                 AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmConnect", "cmdCancel")});
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_THAT(boxes, ElementsAre("New password doesn't match", "Send Data Finished"));
+  EXPECT_EQ(bench.memory.passwords().Get(1), PackPassword("111111"));
+}
+
+TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
+  using Line = DesktopBench::Line;
+  const struct {
+    Line line;
+    const char* command;
+    const char* form;
+    const char* button;
+    const char* in_wait;  // what the log window ends with when the form is closed
+    bool goes;            // closing gives the session up; else it is ignored
+  } cases[] = {
+      {Line::kConnecting, "connect", "frmConnect", "cmdWrite", "### Send Data Config by LAN ###", true},
+      {Line::kConnecting, "connect", "frmConnect", "cmdIdle", "PING?", true},
+      {Line::kConnecting, "minibarconnect", "frmMiniBarCon", "cmdLoad", "### Load MiniBar by LAN ###", true},
+      {Line::kSilent, "connect", "frmConnect", "cmdLoad", "Send set mode...", true},
+      {Line::kSilent, "minibarconnect", "frmMiniBarCon", "cmdLoad", "Send set mode...", true},
+      {Line::kSilent, "connect", "frmConnect", "cmdWrite", "Send set mode...", false},
+      {Line::kSilent, "connect", "frmConnect", "cmdSendRoute", "Send set mode...", false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.form) + " " + c.button + " " + c.in_wait);
+    DesktopBench bench(c.line);
+    bench.frame->OpenProject(bench.project);
+    std::vector<std::string> boxes;
+    std::vector<Script::Step> steps = {ClickIn(c.form, c.button)};
+    if (std::string(c.button) != "cmdIdle") steps.push_back(AnswerBox(QMessageBox::Yes));
+    steps.push_back(LogHas(c.form, c.in_wait));
+    steps.push_back(CloseWindow(c.form));
+    if (!c.goes) {
+      steps.push_back(AnswerBox(QMessageBox::Ok, &boxes));
+      steps.push_back(ClickIn(c.form, "cmdCancel"));
+    }
+    Script script(steps);
+    bench.ClickCommand(c.command);
+    EXPECT_TRUE(script.finished());
+    EXPECT_EQ(boxes, c.goes ? std::vector<std::string>()
+                            : std::vector<std::string>{"Change to set mode failed (RE)"});
+    EXPECT_EQ(bench.state.ActiveFormName, "");
+
+    Script again({ClickIn(c.form, "cmdCancel")});  // the next form is alive at once
+    bench.ClickCommand(c.command);
+    EXPECT_TRUE(again.finished());
+  }
+}
+
+TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
+  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
+  bench.frame->OpenProject(bench.project);
+  Script script({ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
+                   if (Modal("frmPassword2") == nullptr) return false;
+                   bench.Find<QDialog>("frmConnect")->close();  // as the desktop does when its user logs out
+                   return true;
+                 }});
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.Value("Chk"), "TARVOK");
+}
+
+TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
+  const struct {
+    const char* typed;
+    bool on;
+  } cases[] = {{"TRACELY7", true}, {"tracely7", false}, {"xTRACELY7", false}};
+  for (const auto& c : cases) {
+    DesktopBench bench;
+    bench.frame->OpenProject(bench.project);
+    QString title;
+    Script script({[&] {
+                     auto* form = Modal("frmMiniBarCon");
+                     if (form == nullptr) return false;
+                     auto* button = form->findChild<QPushButton*>("cmdLoad");
+                     QTest::keyClicks(button,
+                                      QString::fromLatin1(c.typed).left(2));  // another button's presses
+                     for (const char* at = c.typed; *at != '\0'; ++at) {
+                       QTest::keyClick(form->findChild<QPushButton*>("cmdWrite"), *at);
+                     }
+                     title = form->windowTitle();
+                     return true;
+                   },
+                   ClickIn("frmMiniBarCon", "cmdCancel")});
+    bench.ClickCommand("minibarconnect");
+    EXPECT_EQ(title.endsWith(QStringLiteral(" - Layer 2 debug on")), c.on) << c.typed;
+  }
+}
+
+TEST(Transfer, BillingKeepsItsFolder) {
+  DesktopBench bench;
+  bench.frame->OpenProject(bench.project);
+  std::string first;
+  std::vector<std::string> boxes;
+  Script script({[&] {
+                   auto* form = Modal("frmBilling");
+                   if (form == nullptr) return false;
+                   auto* folder = form->findChild<QLineEdit*>("txtFolder");
+                   first = folder->text().toStdString();
+                   folder->selectAll();
+                   QTest::keyClicks(folder, "/nowhere");
+                   return true;
+                 },
+                 ClickIn("frmBilling", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes),
+                 AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmBilling", "cmdCancel")});
+  bench.ClickCommand("billing");
+  EXPECT_TRUE(script.finished());
+  EXPECT_EQ(first, "C:\\");
+  EXPECT_THAT(boxes, ElementsAre("Do you want to send Billing File?", "No Billing Files"));
+  EXPECT_EQ(bench.Value("LastBil"), "/nowhere");
+  EXPECT_EQ(bench.log, "Send Billing History\r\n");
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,146 @@
+#include <QMenu>
+#include <QToolBar>
+
+#include "desktop/shown_text.h"
+#include "store/header_keys.h"
+#include "tests/desktop/desktop_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+/** What the window shows of the frame's state: menu and toolbar in step, the tree's rows, the title. */
+struct Seen {
+  std::string title;
+  int commands;
+  bool can_open;
+  bool can_close;
+  std::string pane;
+
+  bool operator==(const Seen&) const = default;
+};
+
+void PrintTo(const Seen& seen, std::ostream* out) {
+  *out << seen.title << " / " << seen.commands << seen.can_open << seen.can_close << " / " << seen.pane;
+}
+
+Seen Look(DesktopBench& bench) {
+  const QList<QAction*> bar = bench.Find<QToolBar>("Toolbar1")->actions();
+  QStringList captions;
+  for (const QAction* action : bar) captions += action->toolTip();
+  EXPECT_EQ(captions.join(',').toStdString(), "New,Open,Close,Exit");
+  EXPECT_EQ(bar[0]->isEnabled(), bar[1]->isEnabled());
+  const auto* tree = bench.Find<CommandTree>("CommandTree");
+  EXPECT_EQ(tree->topLevelItem(0)->text(0).toStdString(), "Setup PBX");
+  QWidget* pane = bench.Find<QStackedWidget>("")->currentWidget();
+  for (auto* stack : bench.window->findChildren<QStackedWidget*>()) pane = stack->currentWidget();
+  return {bench.window->windowTitle().toStdString(), tree->topLevelItem(0)->childCount(), bar[0]->isEnabled(),
+          bar[2]->isEnabled(), pane->objectName().toStdString()};
+}
+
+Seen NoProject() {
+  return {" --= Tarvok Setup 2.36 =-- ", 0, true, false, "Start"};
+}
+Seen Project(const std::string& path, const char* pane = "Overview") {
+  return {path + " ::  --= Tarvok Setup 2.36 =-- ", 33, false, true, pane};
+}
+
+TEST(MainWindow, StatesByClicksAndKeys) {
+  DesktopBench bench;
+  EXPECT_EQ(Look(bench), NoProject());
+  EXPECT_FALSE(bench.Find<QAction>("mnu_dash3")->isVisible());
+
+  bench.settings.values["Desktop/LastFolder"] = bench.folder.string();
+  Script open({ChooseFile(QStringLiteral("hotel.tvk"))});
+  bench.Press(Qt::Key_O);
+  EXPECT_TRUE(open.finished());
+  EXPECT_EQ(Look(bench), Project(bench.project));
+  EXPECT_EQ(bench.settings.values["Desktop/LastFolder"], bench.folder.string());
+  EXPECT_TRUE(bench.Find<QAction>("mnu_dash3")->isVisible());
+  EXPECT_EQ(bench.Find<QAction>("mnu_recent1")->text(), PathText(bench.project));
+  EXPECT_FALSE(bench.Find<QAction>("mnu_recent2")->isVisible());
+
+  bench.ClickCommand("ext");  // shown, and not built yet
+  EXPECT_EQ(Look(bench), Project(bench.project));
+  bench.ClickCommand("about");
+  EXPECT_EQ(Look(bench), Project(bench.project, "frmAbout"));
+  EXPECT_EQ(bench.state.ActiveFormName, "frmAbout");
+  QTest::mouseClick(bench.Find<QPushButton>("cmdOK"), Qt::LeftButton);
+  EXPECT_EQ(Look(bench), Project(bench.project));
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+
+  bench.Press(Qt::Key_T);
+  auto* tree = bench.Find<CommandTree>("CommandTree");
+  EXPECT_TRUE(tree->hasFocus());
+  QTest::keyClick(tree, Qt::Key_End);
+  QTest::keyClick(tree, Qt::Key_Return);
+  EXPECT_EQ(Look(bench), Project(bench.project, "frmAbout"));
+  bench.Find<QAction>("mnu_recent1")->trigger();
+  EXPECT_EQ(Look(bench), Project(bench.project, "frmAbout"));  // the open project stays open
+  bench.Press(Qt::Key_W);
+  EXPECT_EQ(Look(bench), NoProject());
+
+  QTest::mouseClick(bench.Find<QAbstractButton>("Recent1"), Qt::LeftButton);
+  EXPECT_EQ(Look(bench), Project(bench.project));
+  bench.Press(Qt::Key_Q);
+  EXPECT_FALSE(bench.window->isVisible());
+  EXPECT_NE(bench.settings.values["Desktop/Geometry"], "");
+}
+
+TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
+  DesktopBench bench;
+  const struct {
+    const char* name;
+    QMessageBox::StandardButton answer;
+    bool opens;
+  } cases[] = {{"other", QMessageBox::NoButton, true},
+               {"hotel", QMessageBox::No, false},
+               {"hotel", QMessageBox::Yes, true}};
+  bench.settings.values["Desktop/LastFolder"] = bench.folder.string();
+  for (const auto& c : cases) {
+    std::vector<std::string> boxes;
+    std::vector<Script::Step> steps = {ChooseFile(QString::fromLatin1(c.name))};
+    if (c.answer != QMessageBox::NoButton) steps.push_back(AnswerBox(c.answer, &boxes));
+    Script script(steps);
+    QTest::mouseClick(bench.Find<QAbstractButton>("StartNew"), Qt::LeftButton);
+    EXPECT_TRUE(script.finished());
+    EXPECT_EQ(boxes.size(), c.answer == QMessageBox::NoButton ? 0U : 1U);
+    const std::string path = (bench.folder / c.name).string() + ".tvk";
+    EXPECT_EQ(Look(bench), c.opens ? Project(path) : NoProject());
+    bench.frame->Close();
+  }
+  EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"), "");  // it is the default project now
+}
+
+TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
+  DesktopBench bench;
+  const std::string text = bench.files.Read(bench.project).value();
+  ProjectSummary summary = Summarize(IniText(text));
+  EXPECT_EQ(summary.slots[0].label, "E1");
+  EXPECT_EQ(summary.slots[0].ports(), 30);
+  EXPECT_EQ(summary.slots[1].ports_used(), 6);
+  EXPECT_TRUE(summary.slots[15].empty());
+  EXPECT_EQ(summary.groups_out, 5);
+
+  summary = Summarize(
+      IniText("[Port_Def]\n001=1|1|2|F\n002=1|2|2|F\n003=17|1|1|F\n004=2|1|99|F\n005=F|F|F\n"
+              "[Group_Out]\n01=002|F||501|0\n02=F\n[HuntGroup]\n01=3\n[Assign]\n001=F|0\n002=12|0\n"));
+  EXPECT_EQ(summary.ports, 2);  // slot 17 and card 99 are none
+  EXPECT_EQ(summary.ports_used, 1);
+  EXPECT_EQ(summary.trunks, 2);
+  EXPECT_EQ(summary.groups_out, 1);
+  EXPECT_EQ(summary.hunt_groups, 1);
+  EXPECT_EQ(summary.numbers, 1);
+
+  ASSERT_TRUE(bench.store.SetIniValue(bench.project, kHeaderSection, "BPS", "").ok());
+  ASSERT_TRUE(bench.store.SetIniValue(bench.project, kHeaderSection, "By", "1").ok());
+  bench.frame->OpenProject(bench.project);
+  EXPECT_THAT(bench.Find<QLabel>("ConnectionLine")->text().toStdString(),
+              testing::HasSubstr("COM1, 9600,n,8,1"));
+  EXPECT_EQ(bench.Value("BPS"), "");  // a look at a project writes nothing
+  std::filesystem::remove(bench.project);
+  bench.Find<OverviewPane>("Overview")->ShowProject();
+  EXPECT_TRUE(bench.Find<QLabel>("Problem")->isVisible());
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,355 @@
+#include "shell/main_frame.h"
+
+#include <optional>
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "tests/desktop/memory_settings.h"
+#include "tests/store/memory_files.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kSystem = "/prog/system.tvs";
+
+/** The frame with a view that writes down what it is told, and forms that do as the test wants. */
+class Bench : public MainFrameView {
+ public:
+  Bench() {
+    files.Put(kSystem, "[Chk_Tarvok]\nChk=TARVOK\n[Country]\nCnt=1\n[001]\nUNIT=x\n");
+    files.Put("/a.tvk", "[chk_tarvok]\nchk= \"tArVoK \"\n");
+    files.Put("/b.tvk", "[Chk_Tarvok]\nChk=TARVOK\n");
+    files.Put("/bad.tvk", "[Other]\nChk=TARVOK\n");
+    std::map<std::string_view, FormFactory> forms;
+    for (const Command& command : kCommands) {
+      if (command.key == "vmbox") continue;  // not built yet
+      forms[command.key] = [this, &command](const FormContext& lent) {
+        context.emplace(lent);
+        did.push_back("load " + std::string(command.recorded));
+        return std::make_unique<FakeForm>(*this, command);
+      };
+    }
+    frame = std::make_unique<MainFrame>(MainFrame::Parts{store, recent, state, *this, kSystem, forms});
+    frame->Start(false);
+  }
+
+  void Show(const FrameLook& shown) override { look = shown; }
+  void ShowRecentFiles(const std::vector<std::string>& paths) override { recents = paths; }
+  void Highlight(int node, bool on) override {
+    if (on) {
+      highlighted.insert(node);
+    } else {
+      highlighted.erase(node);
+    }
+  }
+  void SetBusyPointer(bool busy) override { pointer_busy = busy; }
+  void CriticalBox(std::string_view text) override { did.push_back("box " + std::string(text)); }
+  bool Ask(std::string_view question) override {
+    did.push_back("ask " + std::string(question));
+    return yes;
+  }
+  std::string ChooseNewFile() override { return chosen; }
+  std::string ChooseExistingFile() override { return chosen; }
+  void EndProgram() override { did.push_back("end"); }
+
+  void ClickKey(std::string_view key) {
+    for (std::size_t i = 0; i < kCommands.size(); ++i) {
+      if (kCommands[i].key == key) frame->ClickNode(static_cast<int>(i) + kFirstCommandNode);
+    }
+  }
+  std::vector<std::string> Did() { return std::exchange(did, {}); }
+
+  MemoryFiles files;
+  ProjectStore store{files};
+  MemorySettings settings;
+  RecentFiles recent{settings};
+  SharedState state;
+  std::optional<FormContext> context;  // what the last form was lent
+  FrameLook look;
+  std::vector<std::string> recents;
+  std::set<int> highlighted;
+  std::vector<std::string> did;
+  std::string chosen;
+  std::function<void()> while_modal;
+  bool pointer_busy = false;
+  bool yes = true;
+  bool saves = true;
+  bool unloads = true;
+  std::unique_ptr<MainFrame> frame;
+
+ private:
+  class FakeForm : public Form {
+   public:
+    FakeForm(Bench& bench, const Command& command) : bench_(bench), command_(command) {
+      EXPECT_TRUE(bench.state.FormLoading);
+      EXPECT_TRUE(bench.pointer_busy);
+    }
+    ~FakeForm() override { bench_.did.push_back("gone"); }
+    std::string_view name() const override { return command_.recorded; }
+    void Show() override {
+      EXPECT_FALSE(bench_.pointer_busy);
+      EXPECT_EQ(bench_.state.ActiveFormName, command_.recorded);
+      if (command_.mode == ShowMode::kModal && bench_.while_modal) bench_.while_modal();
+    }
+    bool Save_File() override {
+      bench_.did.emplace_back("save");
+      return bench_.saves;
+    }
+    bool Unload() override { return bench_.unloads; }
+
+   private:
+    Bench& bench_;
+    const Command& command_;
+  };
+};
+
+FrameLook NoProject() {
+  return {" --= Tarvok Setup 2.36 =-- ", false, true, false, false};
+}
+FrameLook Project(const std::string& path, bool editor = false) {
+  return {path + " ::  --= Tarvok Setup 2.36 =-- ", true, false, true, editor};
+}
+
+TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
+  Bench bench;
+  EXPECT_EQ(bench.look, NoProject());
+  EXPECT_TRUE(bench.recents.empty());
+  bench.frame->ClickNode(kFirstCommandNode);  // without a project there are no nodes
+  EXPECT_EQ(bench.look, NoProject());
+
+  EXPECT_TRUE(bench.frame->OpenProject("/a.tvk"));
+  EXPECT_EQ(bench.look, Project("/a.tvk"));
+  for (const int node : {-1, 0, kRootNode, 35, 9 /* "8 - Voice Mail Box" is not built */}) {
+    bench.frame->ClickNode(node);
+    EXPECT_EQ(bench.look, Project("/a.tvk")) << node;
+  }
+  bench.ClickKey("ext");
+  EXPECT_EQ(bench.look, Project("/a.tvk", true));
+  EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+  EXPECT_THAT(bench.highlighted, ElementsAre(2));
+  bench.chosen = "/b.tvk";  // New and Open are disabled now, and do nothing all the same
+  bench.frame->New();
+  bench.frame->Open();
+  EXPECT_EQ(bench.look, Project("/a.tvk", true));
+  EXPECT_TRUE(bench.frame->Close());
+  EXPECT_EQ(bench.look, NoProject());
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.PreviousNode, 0);
+  EXPECT_THAT(bench.Did(), ElementsAre("load frmExtension", "gone"));
+
+  bench.frame->Start(true);
+  EXPECT_THAT(bench.Did(), ElementsAre("box Program already load !!!"));
+  EXPECT_EQ(bench.look, NoProject());
+}
+
+TEST(MainFrame, NewAsksBeforeItReplaces) {
+  const std::string ask = "ask File already exist, Do you want to replace?";
+  const struct {
+    const char* chosen;
+    bool yes;
+    bool system_file;
+    std::vector<std::string> did;
+    FrameLook look;
+  } cases[] = {
+      {"", true, true, {}, NoProject()},
+      {"/new", true, true, {}, Project("/new.tvk")},
+      {"/new.cfg", true, true, {}, Project("/new.cfg")},
+      {"/b.tvk", true, true, {ask}, Project("/b.tvk")},
+      {"/b.tvk", false, true, {ask}, NoProject()},
+      {"/b.tvk",
+       true,
+       false,
+       {ask, "box Cannot find system file !!\r\nPlease reinstall program and try again."},
+       NoProject()},
+  };
+  for (const auto& c : cases) {
+    Bench bench;
+    const std::string before = bench.files.Bytes("/b.tvk");
+    if (!c.system_file) bench.files.files.erase(kSystem);
+    bench.chosen = c.chosen;
+    bench.yes = c.yes;
+    bench.frame->New();
+    EXPECT_EQ(bench.did, c.did) << c.chosen;
+    EXPECT_EQ(bench.look, c.look) << c.chosen;
+    EXPECT_EQ(bench.state.ProjectFile.empty(), c.look.can_open);
+    if (c.look.can_open) {
+      EXPECT_EQ(bench.files.Bytes("/b.tvk"), before);
+    } else {
+      EXPECT_EQ(bench.files.Bytes(bench.state.ProjectFile), "[Chk_Tarvok]\nChk=TARVOK\n");
+    }
+  }
+}
+
+TEST(MainFrame, OpenTakesOnlyFilesWithTheTag) {
+  Bench bench;
+  for (const char* path : {"/bad.tvk", "/missing.tvk"}) {
+    bench.chosen = path;
+    bench.frame->Open();
+    EXPECT_THAT(bench.Did(), ElementsAre("box File not found or File not correct."));
+    EXPECT_EQ(bench.look, NoProject());
+    EXPECT_TRUE(bench.recents.empty());
+  }
+  bench.chosen = "/a.tvk";
+  bench.frame->Open();
+  EXPECT_EQ(bench.look, Project("/a.tvk"));
+  EXPECT_THAT(bench.recents, ElementsAre("/a.tvk"));
+}
+
+TEST(MainFrame, RecentFilesChangeProjects) {
+  Bench bench;
+  bench.files.Put("/dead.tvk", "[Chk_Tarvok]\nChk=TARVOK\n");
+  for (const char* path : {"/dead.tvk", "/b.tvk", "/a.tvk"}) bench.frame->OpenProject(path);
+  bench.files.files.erase("/dead.tvk");
+  bench.ClickKey("boss");
+  bench.state.DataChanged = true;
+  bench.Did();
+
+  bench.frame->OpenRecent(1);  // the open one: its form stays
+  EXPECT_EQ(bench.look, Project("/a.tvk", true));
+  EXPECT_THAT(bench.Did(), IsEmpty());
+
+  bench.saves = false;  // the form's own question was answered No: all stays
+  bench.frame->OpenRecent(2);
+  EXPECT_EQ(bench.look, Project("/a.tvk", true));
+  EXPECT_THAT(bench.recents, ElementsAre("/a.tvk", "/b.tvk", "/dead.tvk"));
+
+  bench.saves = true;
+  bench.frame->OpenRecent(2);
+  EXPECT_EQ(bench.look, Project("/b.tvk"));
+  EXPECT_THAT(bench.recents, ElementsAre("/b.tvk", "/a.tvk", "/dead.tvk"));
+  EXPECT_THAT(bench.Did(), ElementsAre("save", "save", "gone"));
+
+  bench.frame->OpenRecent(3);  // a dead entry closes the project first, and stays in the list
+  EXPECT_EQ(bench.look, NoProject());
+  EXPECT_THAT(bench.Did(), ElementsAre("box File not found or File not correct."));
+  EXPECT_THAT(bench.recents, ElementsAre("/b.tvk", "/a.tvk", "/dead.tvk"));
+  for (const int k : {0, 4, 6}) bench.frame->OpenRecent(k);
+  EXPECT_EQ(bench.look, NoProject());
+}
+
+TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
+  Bench bench;
+  bench.frame->OpenProject("/a.tvk");
+  const struct {
+    const char* key;
+    std::vector<std::string> did;
+    std::set<int> highlighted;
+  } clicks[] = {
+      {"ext", {"load frmExtension"}, {2}},
+      {"ext", {}, {2}},
+      {"portconfig", {"gone", "load frmPortConfigDefine"}, {4}},
+      {"portconfig", {"gone", "load frmPortConfigDefine"}, {4}},  // opened anew on purpose
+      {"minibar", {"gone", "load frmMiniBar"}, {}},
+      {"connect", {"gone", "load frmConnect", "gone"}, {}},
+      {"minibarconnect", {"load frmMiniBarCon", "gone"}, {}},
+      {"billing", {"load frmBilling", "gone"}, {}},
+      {"about", {"load frmAbout"}, {34}},
+      {"billingmode", {"gone", "load frmBillingMode"}, {25}},
+  };
+  for (const auto& click : clicks) {
+    bench.ClickKey(click.key);
+    EXPECT_EQ(bench.Did(), click.did) << click.key;
+    EXPECT_EQ(bench.highlighted, click.highlighted) << click.key;
+    EXPECT_FALSE(bench.pointer_busy);
+    EXPECT_EQ(bench.state.PreviousNode, bench.state.ClickedNode);
+  }
+  bench.ClickKey("boss");
+  bench.Did();
+  bench.files.files.erase(kSystem);
+  bench.ClickKey("billingmode");
+  EXPECT_THAT(bench.Did(),
+              ElementsAre("box Cannot find system file !!\r\nPlease reinstall program and try again."));
+  EXPECT_EQ(bench.state.ActiveFormName, "frmBoss");
+  EXPECT_EQ(bench.state.PreviousNode, 25);
+}
+
+TEST(MainFrame, LeavingAFormSavesWithoutAQuestionAndARefusalKeepsEverything) {
+  const std::vector<std::function<void(Bench&)>> ways = {
+      [](Bench& bench) { bench.ClickKey("tenan"); },
+      [](Bench& bench) { EXPECT_EQ(bench.frame->Close(), bench.saves); },
+      [](Bench& bench) { bench.frame->ExitProgram(); },
+      [](Bench& bench) { EXPECT_EQ(bench.frame->MayEnd(), bench.saves); },
+      [](Bench& bench) { bench.context->close_project(); },
+      [](Bench& bench) { EXPECT_EQ(bench.frame->CloseActiveForm("  FRMboss "), bench.saves); },
+  };
+  for (const auto& leave : ways) {
+    Bench bench;
+    bench.frame->OpenProject("/a.tvk");
+    bench.ClickKey("boss");
+    bench.state.DataChanged = true;
+    bench.saves = false;
+    bench.Did();
+    leave(bench);
+    EXPECT_THAT(bench.Did(), ElementsAre("save"));
+    EXPECT_EQ(bench.look, Project("/a.tvk", true));
+    EXPECT_EQ(bench.state.ActiveFormName, "frmBoss");
+    EXPECT_THAT(bench.highlighted, ElementsAre(5));
+    EXPECT_TRUE(bench.state.DataChanged);
+
+    bench.saves = true;
+    leave(bench);
+    EXPECT_THAT(bench.did[0], "save");
+    EXPECT_THAT(bench.did[1], "gone");
+    EXPECT_FALSE(bench.state.DataChanged);
+    EXPECT_FALSE(bench.highlighted.contains(5));
+  }
+}
+
+TEST(MainFrame, ThirtyTwoNamesCloseAForm) {
+  const std::vector<std::string> names = {
+      "frmextension",   "frmportdef",     "frmcallfw",      "frmvmbox",        "frmportconfigdefine",
+      "frmincominglst", "frmgroupofhunt", "frmtenan",       "frmroute",        "frmgroupout",
+      "frmroutemap",    "frme1map",       "frme1numbering", "frmdidredirect",  "frmclassdigit",
+      "frmcorgroup",    "frmconnect",     "frmbilling",     "frmsystemconfig", "frmpabxmode",
+      "frmbillingmode", "frmabout",       "frmrunscript",   "frmsetip",        "frmaccount",
+      "frmsetroute",    "frmlinktrunk",   "frmdialphone",   "frmvmcallback",   "frmminibar",
+      "frmsetupkey",    "frmboss"};
+  std::set<std::string> closing;
+  for (const Command& command : kCommands) {
+    if (command.closed_by_name) closing.insert(FoldName(command.recorded));
+  }
+  EXPECT_EQ(closing, std::set<std::string>(names.begin(), names.end()));
+}
+
+TEST(MainFrame, AFormThatClosesItselfLeavesTheProject) {
+  Bench bench;
+  bench.frame->OpenProject("/a.tvk");
+  bench.ClickKey("boss");
+  bench.state.DataChanged = true;
+  bench.context->closed();
+  EXPECT_THAT(bench.Did(), ElementsAre("load frmBoss", "gone"));  // whether it saved was its own matter
+  EXPECT_EQ(bench.look, Project("/a.tvk"));
+  EXPECT_FALSE(bench.state.DataChanged);
+  EXPECT_TRUE(bench.highlighted.empty());
+}
+
+TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
+  for (const char* key : {"connect", "minibarconnect"}) {
+    Bench bench;
+    bench.frame->OpenProject("/a.tvk");
+    bench.while_modal = [&] {
+      bench.ClickKey("ext");
+      bench.frame->OpenRecent(1);
+      EXPECT_FALSE(bench.frame->Close());
+      bench.frame->ExitProgram();
+      EXPECT_FALSE(bench.frame->CloseActiveForm("frmConnect") && bench.state.ActiveFormName == "frmConnect");
+    };
+    bench.ClickKey(key);
+    EXPECT_EQ(bench.did.size(), 2U) << key;  // loaded and gone, once each
+    EXPECT_EQ(bench.look, Project("/a.tvk"));
+    bench.ClickKey("ext");
+    EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+    bench.unloads = false;  // a form with a wait of its own under way
+    EXPECT_FALSE(bench.frame->MayEnd());
+    EXPECT_EQ(bench.look, Project("/a.tvk", true));
+    bench.unloads = true;
+    EXPECT_TRUE(bench.frame->MayEnd());
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test
