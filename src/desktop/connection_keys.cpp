@@ -31,7 +31,6 @@ constexpr std::array<KeyOfMember, 12> kKeys = {{{key::kPort, &ConnectionKeys::po
                                                 {key::kCompare, &ConnectionKeys::compare}}};
 
 constexpr std::string_view kFirstPort = "1";
-constexpr std::string_view kDefaultBps = "9600,n,8,1";
 constexpr std::int64_t kLastWay = 4;
 
 }  // namespace

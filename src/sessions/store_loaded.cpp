@@ -4,6 +4,7 @@
 #include <string>
 
 #include "sessions/modem_call.h"
+#include "store/new_project.h"
 #include "store/number_text.h"
 #include "store/whole_write.h"
 

@@ -8,7 +8,6 @@ namespace tarvok {
 inline constexpr std::string_view kLoadQuestion = "Do you want to load data config?";
 inline constexpr std::string_view kReplaceQuestion =
     "Get All Config Finished.\r\nDo you want to replace current file?";
-inline constexpr std::string_view kFileExists = "File already exist, Do you want to replace?";
 
 /** In which words every session that loads logs in. */
 inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode failed",

@@ -10,7 +10,6 @@ namespace {
 
 namespace key = connection_key;
 
-constexpr std::string_view kDefaultBps = "9600,n,8,1";
 constexpr std::string_view kDefaultBpsShownOnly = "9600,n,81";
 constexpr int kNoId = 15;
 

@@ -42,6 +42,9 @@ inline constexpr std::string_view kCut = "CUT";
 inline constexpr std::string_view kCompare = "compare";
 }  // namespace connection_key
 
+/** The speed of a project without one: a whole settings text, with which no port opens. */
+inline constexpr std::string_view kDefaultBps = "9600,n,8,1";
+
 /** What a form makes of a project without a speed. */
 enum class EmptySpeed {
   kWrittenBack,  // "9600,n,8,1", which is written to the project

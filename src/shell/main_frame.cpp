@@ -45,7 +45,7 @@ void MainFrame::New() {
   if (!running.first() || !parts_.state.ProjectFile.empty()) return;
   const std::string path = WithProjectExtension(parts_.view.ChooseNewFile());
   if (path.empty()) return;
-  if (parts_.store.files().Identify(path).exists && !parts_.view.Ask(kReplaceFile)) return;
+  if (parts_.store.files().Identify(path).exists && !parts_.view.Ask(kFileExists)) return;
   parts_.state.ProjectFile = path;
   const Status made = NewDefault(parts_.store, parts_.system_file, path);
   if (!made.ok()) {

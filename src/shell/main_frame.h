@@ -15,7 +15,6 @@ namespace tarvok {
 inline constexpr std::string_view kFrameTitle = " --= Tarvok Setup 2.36 =-- ";
 inline constexpr std::string_view kBoxTitle = "Tarvok Setup";
 inline constexpr std::string_view kAlreadyLoaded = "Program already load !!!";
-inline constexpr std::string_view kReplaceFile = "File already exist, Do you want to replace?";
 inline constexpr std::string_view kProjectExtension = ".tvk";
 inline constexpr std::string_view kProjectFiles = "PBX Config File (*.tvk)";
 

@@ -11,6 +11,9 @@ namespace tarvok {
 inline constexpr std::string_view kNoSystemFile =
     "Cannot find system file !!\r\nPlease reinstall program and try again.";
 
+/** The question before a file that the user named is replaced. */
+inline constexpr std::string_view kFileExists = "File already exist, Do you want to replace?";
+
 inline constexpr std::string_view kSystemFileName = "system.tvs";
 
 /** The path of a file in the program's folder, with "/" between and none doubled at the root. */
