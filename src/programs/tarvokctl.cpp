@@ -9,6 +9,7 @@
 
 #include "platform/posix_file_system.h"
 #include "programs/ctl/compare_commands.h"
+#include "programs/ctl/edit_command.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/image_commands.h"
 #include "programs/ctl/places.h"
@@ -26,6 +27,8 @@ struct Arguments {
   std::string section_name;
   std::string key;
   std::string value;
+  std::string form;
+  std::string script;
   int section = 0;
   int version = kHighestVersion;
   bool all = false;
@@ -97,6 +100,15 @@ class CommandLine {
     diff->add_option("A", arguments_.project, "project file")->required();
     diff->add_option("B", arguments_.other, "project file to compare it with")->required();
     diff->footer("Exit status: 0 same, 1 different, 2 not comparable.");
+
+    CLI::App* edit =
+        Command("edit", "drive an editor's rules with keys and clicks, without a window", [this] {
+          const QCoreApplication application(argc_, argv_);
+          return Edit(store_, SystemFile(), arguments_.project, arguments_.form, arguments_.script);
+        });
+    edit->add_option("PROJECT", arguments_.project, "project file")->required();
+    edit->add_option("FORM", arguments_.form, "name of the editor's form, such as frmAccount")->required();
+    edit->add_option("--script", arguments_.script, "commands, one a line (default: standard input)");
 
     CLI::App* get = Command("get", "print a value, or KEY=VALUE lines of a section", [this] {
       return Get(store_, arguments_.project, arguments_.section_name, arguments_.key);

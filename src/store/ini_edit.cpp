@@ -74,6 +74,16 @@ void IniEdit::Set(std::string_view section, std::string_view key, std::string_vi
   changed_ = true;
 }
 
+std::string IniEdit::TooLong() const {
+  for (const std::string& section : section_order_) {
+    const SectionEdit& edit = sections_.at(section);
+    for (const auto& [folded, change] : edit.keys) {
+      if (!change.deleted && change.value.size() > kMaxIniValue) return edit.name + " " + change.name;
+    }
+  }
+  return {};
+}
+
 void IniEdit::DeleteKey(std::string_view section, std::string_view key) {
   const SectionEdit* known = FindEdit(section);
   const std::string folded = FoldName(key);

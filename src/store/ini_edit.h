@@ -27,7 +27,11 @@ class IniEdit {
   /** Deletes every section of that name, the lines in it included. */
   void DeleteSection(std::string_view section);
 
+  /** What the changes are made to. */
+  const IniText& base() const { return base_; }
   bool changed() const { return changed_; }
+  /** The first value set that a reader would cut, as "section key"; "" if there is none. */
+  std::string TooLong() const;
   /** The bytes of the file with all changes in it. */
   std::string Bytes() const;
 

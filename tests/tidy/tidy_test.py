@@ -14,7 +14,7 @@ FLOORS = {
     "platform": {"store"},
     "shell": {"store"},
     "link": {"store"},
-    "sections": {"store"},
+    "sections": {"shell", "store"},
     "exchange": {"sections", "link", "store"},
     "sessions": {"sections", "link", "shell", "store"},
     "desktop": {"sessions", "sections", "link", "shell", "store"},

@@ -5,20 +5,11 @@
 #include <utility>
 
 #include "sessions/password_form.h"
+#include "shell/one_line.h"
 #include "store/number_text.h"
 
 namespace tarvok::ctl {
 namespace {
-
-/** Several lines as one. */
-std::string InOneLine(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    if (c == '\n') line += ' ';
-    if (c != '\r' && c != '\n') line += c;
-  }
-  return line;
-}
 
 std::string Clock(int seconds) {
   return std::to_string(seconds / 60) + ":" + Padded(seconds % 60, 2);

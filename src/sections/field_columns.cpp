@@ -1,0 +1,180 @@
+#include "sections/field_columns.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sections/ports/assign.h"
+#include "sections/ports/port_def.h"
+#include "sections/rows.h"
+#include "store/field_list.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+std::vector<Column> ColumnsOf(std::vector<FieldColumn>& columns) {
+  std::vector<Column> made;
+  for (FieldColumn& column : columns) made.push_back(std::move(column.column));
+  return made;
+}
+
+TableEditor::Options WithColumns(TableEditor::Options options, std::vector<FieldColumn>& columns) {
+  options.columns = ColumnsOf(columns);
+  return options;
+}
+
+}  // namespace
+
+std::string CellText(std::string_view stored) {
+  return stored == kUnset ? std::string() : std::string(stored);
+}
+
+std::string FieldText(std::string_view cell) {
+  return cell.empty() ? std::string(kUnset) : std::string(cell);
+}
+
+FieldColumn ChoiceColumn(int field, std::string title, const Field& statement, std::string overlay) {
+  FieldColumn made{
+      .field = field,
+      .column = {.title = std::move(title), .entry = Entry::kList, .overlay = std::move(overlay)}};
+  const std::span<const Choice> choices = statement.choices;
+  for (const Choice& choice : choices) made.column.list.emplace_back(choice.shown);
+  made.shown = [choices](std::string_view stored) {
+    for (const Choice& choice : choices) {
+      if (choice.stored == stored) return std::string(choice.shown);
+    }
+    return std::string();
+  };
+  made.stored = [choices](std::string_view cell) {
+    for (const Choice& choice : choices) {
+      if (choice.shown == cell) return std::string(choice.stored);
+    }
+    return std::string(kUnset);
+  };
+  return made;
+}
+
+FieldColumn TypedColumn(int field, std::string title, EntryRule rule) {
+  return {.field = field, .column = {.title = std::move(title), .rule = rule, .overlay = "txtMask"}};
+}
+
+void RowNames::Add(int number, std::string name) {
+  names_.emplace_back(number, std::move(name));
+}
+
+std::string RowNames::NameOf(std::string_view stored) const {
+  const std::int64_t number = Val(stored);
+  const auto found =
+      std::find_if(names_.begin(), names_.end(), [&](const auto& name) { return name.first == number; });
+  return found == names_.end() ? std::string() : found->second;
+}
+
+std::string RowNames::Stored(std::string_view name, int width) const {
+  if (name.empty()) return std::string(kUnset);
+  const auto found =
+      std::find_if(names_.begin(), names_.end(), [&](const auto& row) { return row.second == name; });
+  return found == names_.end() ? std::string(kUnset) : Padded(found->first, width);
+}
+
+std::vector<std::string> RowNames::Names() const {
+  std::vector<std::string> names;
+  for (const auto& [number, name] : names_) {
+    if (!name.empty()) names.push_back(name);
+  }
+  return names;
+}
+
+RowNames AssignNumbers(const IniText& project) {
+  RowNames names;
+  for (int row = 1; row <= kAssignRows; ++row) {
+    const std::string_view value = RowValue(project, assign::kTable, row);
+    if (!value.empty()) names.Add(row, CellText(GetField(value, assign::kNumber)));
+  }
+  return names;
+}
+
+RowNames PortNames(const IniText& project, std::string_view type) {
+  RowNames names;
+  for (int row = 1; row <= kPortRows; ++row) {
+    const FieldList port(RowValue(project, port_def::kTable, row));
+    const std::string_view card = port[port_def::kCard];
+    const std::string_view channel = port[port_def::kChannel];
+    if (card.empty() || card == kUnset || channel.empty() || channel == kUnset) continue;
+    if (!type.empty() && port[port_def::kType] != type) continue;
+    names.Add(row, std::string(card).append("/").append(channel));
+  }
+  return names;
+}
+
+FieldTableForm::FieldTableForm(EditorContext context, FormName name, const Table& table,
+                               std::vector<FieldColumn> columns, TableEditor::Options options)
+    : TableForm(std::move(context), name, WithColumns(std::move(options), columns)),
+      table_(table),
+      columns_(std::move(columns)) {}
+
+void FieldTableForm::Load(const IniText& project) {
+  Prepare(project);
+  grid().Clear();
+  loaded_rows_ = RowsToShow(project);
+  for (int number = 1; number <= loaded_rows_; ++number) {
+    const std::string_view value = RowValue(project, table_, number);
+    const FieldList fields(value);
+    TableRow row{.origin = number};
+    for (const FieldColumn& column : columns_) {
+      const std::string_view stored = table_.whole_value() ? value
+                                      : column.field > 0   ? fields[column.field]
+                                                           : std::string_view();
+      row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
+    }
+    grid().Load(std::move(row));
+  }
+}
+
+std::string FieldTableForm::RowText(int row) const {
+  std::string text;
+  const TableEditor& rows = grid();
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (columns_[i].field == 0) continue;
+    const std::string& cell = rows.Cell(row, static_cast<int>(i) + 1);
+    if (!text.empty()) text += '|';
+    text += columns_[i].stored ? columns_[i].stored(cell) : FieldText(cell);
+  }
+  return text;
+}
+
+bool FieldTableForm::IsRemoved(std::string_view value) const {
+  const auto& empty = table_.empty_rows;
+  return std::find(empty.begin(), empty.end(), value) != empty.end();
+}
+
+void FieldTableForm::RepairMoved(IniEdit& project) const {
+  const RowMoves moves = Moves();
+  if (!moves.empty()) RepairReferences(project, project.base(), table_, moves);
+}
+
+void FieldTableForm::Write(IniEdit& project) {
+  RepairMoved(project);
+  const int last = std::max(loaded_rows_, grid().rows());
+  for (int number = 1; number <= last; ++number) {
+    const std::string value = number <= grid().rows() ? RowText(number) : std::string();
+    if (number > grid().rows() || IsRemoved(value)) {
+      project.DeleteKey(table_.section, KeyOf(table_, number));
+    } else {
+      project.Set(table_.section, KeyOf(table_, number), value);
+    }
+  }
+}
+
+RowMoves FieldTableForm::Moves() const {
+  const TableEditor& rows = grid();
+  RowMoves moves;
+  for (int number = 1; number <= loaded_rows_; ++number) moves[number] = 0;
+  for (int row = 1; row <= rows.rows(); ++row) {
+    const int origin = rows.row(row).origin;
+    if (origin > 0) moves[origin] = KeepsReferences(row) ? row : 0;
+  }
+  std::erase_if(moves, [](const auto& move) { return move.first == move.second; });
+  return moves;
+}
+
+}  // namespace tarvok

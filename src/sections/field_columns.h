@@ -1,0 +1,96 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "sections/field.h"
+#include "sections/references.h"
+#include "shell/editor/table_form.h"
+#include "store/ini_edit.h"
+#include "store/ini_text.h"
+
+namespace tarvok {
+
+/** A column of a table editor over a field of its rows: how the stored value and the cell's text turn into
+ * each other. Without a function of its own a cell shows the field as it stands, "F" as blank, and back. */
+struct FieldColumn {
+  int field;  // from 1; 0 for a column that no field of the row holds
+  Column column;
+  std::function<std::string(std::string_view stored)> shown = {};
+  std::function<std::string(std::string_view cell)> stored = {};
+};
+
+/** A field as a cell shows it: "F" and what is missing are blank. */
+std::string CellText(std::string_view stored);
+/** A cell as a field holds it: blank is "F". */
+std::string FieldText(std::string_view cell);
+
+/** A column that shows a field's named values, in the order of its statement. A value without a name shows
+ * blank, and a blank is stored as "F". */
+FieldColumn ChoiceColumn(int field, std::string title, const Field& statement,
+                         std::string overlay = "cmbMask");
+/** A column that is typed as it is stored. */
+FieldColumn TypedColumn(int field, std::string title, EntryRule rule);
+
+/** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
+class RowNames {
+ public:
+  void Add(int number, std::string name);
+  /** "" for a number without a name. */
+  std::string NameOf(std::string_view stored) const;
+  /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
+   * of the row moves up. */
+  std::string Stored(std::string_view name, int width) const;
+  /** The names in the order of their numbers, blanks left out. */
+  std::vector<std::string> Names() const;
+
+ private:
+  std::vector<std::pair<int, std::string>> names_;
+};
+
+/** The directory numbers by number row; unused rows have none. */
+RowNames AssignNumbers(const IniText& project);
+/** Card and channel, joined by "/", by port row; those of `type` alone where one is given. */
+RowNames PortNames(const IniText& project, std::string_view type = {});
+
+/**
+ * A table editor whose rows are the rows of one table: it loads them into columns and writes them back. What
+ * an editor does besides it adds in its own functions.
+ */
+class FieldTableForm : public TableForm {
+ public:
+  FieldTableForm(EditorContext context, FormName name, const Table& table, std::vector<FieldColumn> columns,
+                 TableEditor::Options options);
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+  /** Builds what columns need of other sections; before the rows are read. */
+  virtual void Prepare(const IniText& /*project*/) {}
+  /** Rows that the table begins with. */
+  virtual int RowsToShow(const IniText& /*project*/) const { return table_.rows.last; }
+  /** The value of a row, by default the columns' fields joined by pipes. */
+  virtual std::string RowText(int row) const;
+  /** A row whose key is removed: the table's empty rows. */
+  virtual bool IsRemoved(std::string_view value) const;
+
+  const Table& statement() const { return table_; }
+  const std::vector<FieldColumn>& field_columns() const { return columns_; }
+  /** Whether what refers to this row of the grid still means something; it then follows the row. */
+  virtual bool KeepsReferences(int /*row*/) const { return true; }
+  /** Where the rows went since they were loaded; a row that was deleted, or does not keep its references, is
+   * gone. */
+  RowMoves Moves() const;
+  /** Makes every reference to the rows follow them; the first thing that a save does. */
+  void RepairMoved(IniEdit& project) const;
+
+ private:
+  const Table& table_;
+  std::vector<FieldColumn> columns_;
+  int loaded_rows_ = 0;
+};
+
+}  // namespace tarvok

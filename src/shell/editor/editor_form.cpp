@@ -1,0 +1,90 @@
+#include "shell/editor/editor_form.h"
+
+#include <utility>
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kChangedByOthers =
+    "The project was changed by another program.\nDo you still want to save?";
+
+}  // namespace
+
+EditorForm::EditorForm(EditorContext context, FormName name)
+    : context_(std::move(context)),
+      name_(name),
+      ok_(AddButton("cmdOK", "&Save", [this] { cmdOK(); })),
+      cancel_(AddButton("cmdCancel", "&Cancel", [this] { cmdCancel(); })) {}
+
+void EditorForm::Open() {
+  const bool loading = std::exchange(context_.state.FormLoading, true);
+  loaded_ = context_.store.Snapshot(project_file());
+  Load(*loaded_);
+  context_.state.FormLoading = loading;
+}
+
+void EditorForm::MarkChanged() {
+  if (!context_.state.FormLoading) context_.state.DataChanged = true;
+}
+
+Layout EditorForm::OkAndCancel() {
+  return layout::Row({layout::Stretch(), layout::Of(ok_), layout::Of(cancel_)});
+}
+
+bool EditorForm::Save_File() {
+  save_failed_ = false;
+  if (table() != nullptr) table()->LeaveCell();
+  if (!MaySave()) return false;
+  BeforeWrite();
+  if (project_file().empty()) {
+    context_.questions.Box(kErrorFileName, true);
+    if (EndsWithoutProject() && context_.end_program) context_.end_program();
+    return false;
+  }
+  const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
+  if (!OthersLeftItAlone() || !FitsTheReader(*now)) return false;
+  if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
+  const Status written = context_.store.Update(project_file(), [this](IniEdit& project) { Write(project); });
+  if (!written.ok()) {
+    save_failed_ = true;
+    context_.questions.Box(written.message(), true);
+    return false;
+  }
+  loaded_ = context_.store.Snapshot(project_file());
+  Saved();
+  return true;
+}
+
+bool EditorForm::OthersLeftItAlone() {
+  const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
+  return now == loaded_ || now->bytes() == loaded_->bytes() || context_.questions.Ask(kChangedByOthers);
+}
+
+/** A value that its reader would cut is not written: a box names it. */
+bool EditorForm::FitsTheReader(const IniText& now) {
+  IniEdit trial(now);
+  Write(trial);
+  const std::string too_long = trial.TooLong();
+  if (too_long.empty()) return true;
+  context_.questions.Box("The value of " + too_long + " is longer than " + std::to_string(kMaxIniValue) +
+                             " characters and can't be saved.",
+                         true);
+  return false;
+}
+
+void EditorForm::cmdOK() {
+  if (context_.state.DataChanged && !Save_File()) return;
+  Close();
+}
+
+void EditorForm::cmdCancel() {
+  if (context_.state.DataChanged && context_.questions.Ask(kDataWasChanged) && !Save_File()) return;
+  Close();
+}
+
+void EditorForm::Close() {
+  closed_ = true;
+  if (on_closed) on_closed();
+}
+
+}  // namespace tarvok

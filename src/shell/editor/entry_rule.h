@@ -1,0 +1,49 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvok {
+
+/**
+ * What a box or a cell takes from the keyboard, a key at a time. No rule takes a pipe, a line end or another
+ * control character: one of them in a list shifts all fields behind it.
+ */
+struct EntryRule {
+  std::string_view characters = {};        // empty: any
+  std::string_view first_characters = {};  // taken as the first key on a selected cell; empty: the same ones
+  int most = 0;                            // characters; 0: no limit
+  bool upper = false;                      // letters go in as capitals
+  bool first_replaces = false;  // the first key on a selected cell opens an empty field, others append
+  /** A further test: whether `key` may stand behind `text`. */
+  bool (*fits)(std::string_view text, char key) = nullptr;
+};
+
+/**
+ * The text after a character was typed behind `text`, or over it where it is `selected` whole; nothing if the
+ * key is dropped. A text that is longer than the rule's limit is cut to it by the key that is dropped.
+ */
+std::optional<std::string> TypeCharacter(const EntryRule& rule, std::string_view text, bool selected,
+                                         char key, bool first_key);
+
+/** A text that comes as a whole, pasted or imported: what typing it into an empty field would leave; nothing
+ * if a key of it were dropped. */
+std::optional<std::string> TypeWhole(const EntryRule& rule, std::string_view text);
+
+/** The digits 0 to 9, at most `most` of them. */
+EntryRule DigitsRule(int most);
+/** Any text that a project gives back as it was written: not beginning with a blank, not wrapped in quotes. */
+EntryRule TextRule(int most);
+/** A number from 1 to 255: no leading zero, no third digit that would pass 255. */
+EntryRule ByteRule();
+
+/** The same for a highest number of two or three digits; a `fits` of rules. */
+template <int Highest>
+bool FitsUpTo(std::string_view text, char key) {
+  int value = 0;
+  for (const char c : text) value = value * 10 + (c - '0');
+  return !(text.empty() && key == '0') && value * 10 + (key - '0') <= Highest;
+}
+
+}  // namespace tarvok

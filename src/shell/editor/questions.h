@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace tarvok {
+
+/** What a form says and asks in boxes with the program's title. The window, the command line and the tests
+ * each have one. A line break in a text is "\n". */
+class Questions {
+ public:
+  virtual ~Questions() = default;
+  virtual void Box(std::string_view text, bool critical) = 0;
+  /** Yes and No; anything but Yes is false. */
+  virtual bool Ask(std::string_view question) = 0;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,105 @@
+// The selection as text: copy, paste, fill down.
+
+#include <algorithm>
+
+#include "shell/editor/table_editor.h"
+
+namespace tarvok {
+namespace {
+
+std::vector<std::string> Split(std::string_view text, char by) {
+  std::vector<std::string> pieces;
+  for (;;) {
+    const std::size_t end = text.find(by);
+    pieces.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return pieces;
+    text.remove_prefix(end + 1);
+  }
+}
+
+/** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. A pipe is
+ * no character of a cell. */
+std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
+  std::string plain;
+  for (const char c : text) {
+    if (c != '\r' && c != '|' && c != '\0') plain += c;
+  }
+  if (!plain.empty() && plain.back() == '\n') plain.pop_back();
+  std::vector<std::vector<std::string>> rows;
+  for (const std::string& line : Split(plain, '\n')) rows.push_back(Split(line, '\t'));
+  return rows;
+}
+
+}  // namespace
+
+std::string TableEditor::Copy() const {
+  std::string text;
+  const Selection selected = selection();
+  for (int row = selected.top; row <= std::min(selected.bottom, rows()); ++row) {
+    if (row > selected.top) text += "\r\n";
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (column > selected.left) text += '\t';
+      text += Cell(row, column);
+    }
+  }
+  return text;
+}
+
+void TableEditor::ClearCell() {
+  Begin();
+  const Selection selected = selection();
+  for (int row = selected.top; row <= std::min(selected.bottom, rows()); ++row) {
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (this->column(column).entry != Entry::kReadOnly) Change(row, column, {});
+    }
+  }
+  End();
+  Changed();
+}
+
+std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::string>>& block,
+                                           Selection where, bool fill) {
+  std::vector<Refusal> refused;
+  Begin();
+  for (int row = where.top; row <= std::min(where.bottom, rows()); ++row) {
+    const auto& line = block[fill ? 0 : static_cast<std::size_t>(row - where.top)];
+    const bool one = line.size() == 1 && fill;
+    for (int column = where.left; column <= std::min(where.right, columns()); ++column) {
+      const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
+      if (piece >= line.size() || this->column(column).entry == Entry::kReadOnly) continue;
+      std::string why;
+      const std::optional<std::string> fitting = Fitting(row, column, line[piece], why);
+      if (fitting) {
+        Change(row, column, *fitting);
+      } else {
+        refused.push_back({row, column, line[piece], why});
+      }
+    }
+  }
+  End();
+  Changed();
+  return refused;
+}
+
+std::vector<Refusal> TableEditor::Paste(std::string_view text) {
+  if (text.empty() || rows() == 0) return {};
+  const auto block = CellsOf(text);
+  Selection where = selection();
+  if (block.size() == 1 && block[0].size() == 1) return PutBlock(block, where, true);
+  std::size_t widest = 0;
+  for (const auto& line : block) widest = std::max(widest, line.size());
+  where.bottom = where.top + static_cast<int>(block.size()) - 1;
+  where.right = where.left + static_cast<int>(widest) - 1;
+  return PutBlock(block, where, false);
+}
+
+std::vector<Refusal> TableEditor::FillDown() {
+  Selection where = selection();
+  if (where.bottom <= where.top || rows() == 0) return {};
+  std::vector<std::string> line;
+  for (int column = where.left; column <= where.right; ++column) line.push_back(Cell(where.top, column));
+  ++where.top;
+  return PutBlock({line}, where, true);
+}
+
+}  // namespace tarvok

@@ -1,0 +1,187 @@
+#include "shell/editor/table_editor.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kNotInList = "is not in the list";
+constexpr std::string_view kNotTaken = "is not taken by this column";
+constexpr std::string_view kReadOnly = "can't be changed here";
+
+}  // namespace
+
+void TableEditor::Clear() {
+  rows_.clear();
+  undo_.Clear();
+  open_.reset();
+  row_ = column_ = anchor_row_ = anchor_column_ = 1;
+}
+
+void TableEditor::Load(TableRow row) {
+  row.cells.resize(options_.columns.size());
+  rows_.push_back(std::move(row));
+}
+
+void TableEditor::Renumber() {
+  undo_.Clear();  // an older step would bring older numbers back
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i].origin = static_cast<int>(i) + 1;
+}
+
+const std::string& TableEditor::Cell(int row, int column) const {
+  static const std::string kNothing;
+  if (row < 1 || row > rows() || column < 1 || column > columns()) return kNothing;
+  return rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
+}
+
+bool TableEditor::IsBlank(int row) const {
+  const auto& cells = this->row(row).cells;
+  return std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
+}
+
+std::vector<std::string> TableEditor::ListOf(int row, int column) const {
+  const Column& stated = this->column(column);
+  return stated.list_of ? stated.list_of(row) : stated.list;
+}
+
+bool TableEditor::GoTo(int row, int column) {
+  if (row < 1 || row > rows() || column < 1 || column > columns()) return false;
+  LeaveCell();
+  row_ = anchor_row_ = row;
+  column_ = anchor_column_ = column;
+  return true;
+}
+
+void TableEditor::SelectTo(int row, int column) {
+  LeaveCell();
+  row_ = std::clamp(row, 1, std::max(rows(), 1));
+  column_ = std::clamp(column, 1, columns());
+}
+
+Selection TableEditor::selection() const {
+  return {std::min(row_, anchor_row_), std::min(column_, anchor_column_), std::max(row_, anchor_row_),
+          std::max(column_, anchor_column_)};
+}
+
+void TableEditor::LeaveCell() {
+  open_.reset();
+  undo_.Part();
+}
+
+std::string TableEditor::OpenText() const {
+  return open_ ? open_->text : std::string();
+}
+
+void TableEditor::Open() {
+  if (rows() == 0 || column(column_).entry == Entry::kReadOnly || open_) return;
+  const std::string& text = Cell(row_, column_);
+  open_ = OpenField{.text = text, .before = text};
+}
+
+bool TableEditor::Pick(std::string_view entry) {
+  const Entry kind = column(column_).entry;
+  if (rows() == 0 || (kind != Entry::kList && kind != Entry::kEditList)) return false;
+  const std::vector<std::string> list = ListOf(row_, column_);
+  if (!entry.empty() && std::find(list.begin(), list.end(), entry) == list.end()) return false;
+  Write(entry);
+  LeaveCell();
+  return true;
+}
+
+bool TableEditor::EditText(std::string_view text) {
+  std::string why;
+  const std::optional<std::string> fitting = Fitting(row_, column_, text, why);
+  if (fitting) Write(*fitting);
+  return fitting.has_value();
+}
+
+void TableEditor::SetCell(int row, int column, std::string_view text) {
+  Change(row, column, text);
+}
+
+void TableEditor::SetHidden(int row, std::vector<std::string> hidden) {
+  rows_[static_cast<std::size_t>(row) - 1].hidden = std::move(hidden);
+}
+
+void TableEditor::Begin() {
+  open_.reset();
+  undo_.Begin();
+}
+
+void TableEditor::End() {
+  UndoStep* step = undo_.Joined();
+  if (step != nullptr && step->rows_before) step->rows_after = rows_;
+  undo_.End();
+}
+
+/** Puts a text that a person gave into the current cell. */
+void TableEditor::Write(std::string_view text) {
+  if (open_) {
+    open_->text = text;
+    open_->touched = true;
+  }
+  Change(row_, column_, text);
+  Changed();
+}
+
+void TableEditor::Change(int row, int column, std::string_view text) {
+  std::string& cell = rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
+  if (cell == text) return;
+  UndoStep& step = undo_.Now(row_, column_);
+  const auto found = std::find_if(step.cells.begin(), step.cells.end(), [&](const UndoStep::Cell& change) {
+    return change.row == row && change.column == column;
+  });
+  const std::string before = std::exchange(cell, std::string(text));
+  if (found != step.cells.end()) {
+    found->after = cell;
+  } else {
+    step.cells.push_back({row, column, before, cell});
+  }
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
+}
+
+void TableEditor::Restore(const UndoStep& step, bool after) {
+  open_.reset();
+  if (step.rows_before) {
+    rows_ = after ? step.rows_after : *step.rows_before;
+  } else {
+    for (const UndoStep::Cell& change : step.cells) {
+      rows_[static_cast<std::size_t>(change.row) - 1].cells[static_cast<std::size_t>(change.column) - 1] =
+          after ? change.after : change.before;
+    }
+  }
+  row_ = anchor_row_ = std::clamp(step.row, 1, std::max(rows(), 1));
+  column_ = anchor_column_ = step.column;
+  Changed();
+}
+
+void TableEditor::Undo() {
+  if (CanUndo()) Restore(undo_.Undo(), false);
+}
+
+void TableEditor::Redo() {
+  if (CanRedo()) Restore(undo_.Redo(), true);
+}
+
+std::optional<std::string> TableEditor::Fitting(int row, int column, std::string_view text,
+                                                std::string& why) const {
+  const Column& stated = this->column(column);
+  if (stated.entry == Entry::kReadOnly) {
+    why = kReadOnly;
+    return std::nullopt;
+  }
+  if (text.empty()) return std::string();
+  if (stated.entry != Entry::kText) {
+    const std::vector<std::string> list = ListOf(row, column);
+    if (std::find(list.begin(), list.end(), text) != list.end()) return std::string(text);
+    why = kNotInList;
+    if (stated.entry == Entry::kList) return std::nullopt;
+  }
+  std::optional<std::string> typed = TypeWhole(stated.rule, text);
+  if (!typed && why.empty()) why = kNotTaken;
+  return typed;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,196 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/editor/entry_rule.h"
+#include "shell/editor/key.h"
+#include "shell/editor/table_undo.h"
+
+namespace tarvok {
+
+/** How a cell of a column is edited. */
+enum class Entry {
+  kReadOnly,
+  kText,      // typed
+  kList,      // picked from a closed list; every list has a blank entry, too
+  kEditList,  // picked from a list or typed
+};
+
+/** A column of a table. Columns count from 1; column 0 is the row's number. */
+struct Column {
+  std::string title;
+  Entry entry = Entry::kText;
+  EntryRule rule = {};
+  std::vector<std::string> list = {};                             // the same for every row
+  std::function<std::vector<std::string>(int row)> list_of = {};  // or made for the row
+  std::string overlay = {};  // name of the control that lies over the cell
+  std::function<void(int row, const std::string& before)> changed = {};  // its cell got another text
+};
+
+/** What a text that came in by clipboard, search or file was refused for. */
+struct Refusal {
+  int row = 0;
+  int column = 0;
+  std::string text;
+  std::string why;
+};
+
+/** A rectangle of cells, corners in order. */
+struct Selection {
+  int top = 1;
+  int left = 1;
+  int bottom = 1;
+  int right = 1;
+};
+
+/** The keys of a sort, in turn. Whole numbers compare as numbers and stand before texts; blanks stand last
+ * both ways. Equal rows keep their order. */
+struct SortKey {
+  int column;
+  std::string blank_as = {};  // what a blank counts as, instead of standing last
+};
+
+/** Which row commands a table has. */
+enum class RowCommands {
+  kNone,   // every row has its place
+  kFixed,  // rows move, their count stays: what is pushed over the end has to be blank
+  kGrow,   // rows may come and go, up to `most`
+};
+
+/**
+ * The rules of a table editor: grid, selection, typing, lists, clipboard text, rows, sort, undo. Rows count
+ * from 1. Nothing here knows a project, a window or a form.
+ */
+class TableEditor {
+ public:
+  struct Options {
+    std::vector<Column> columns;
+    RowCommands rows = RowCommands::kNone;
+    int most = 0;                  // rows at most, for kGrow
+    std::vector<SortKey> sort_by;  // empty: the table has no sort
+  };
+
+  explicit TableEditor(Options options) : options_(std::move(options)) {}
+
+  /** Behind every change that a person made. */
+  std::function<void()> changed;
+
+  // Filling: no change, nothing to undo.
+  void Clear();
+  /** A row with its number in the project, 0 for one that is not there. Missing cells are blank. */
+  void Load(TableRow row);
+  /** Row n of the table is row n of the project from now on. */
+  void Renumber();
+
+  int rows() const { return static_cast<int>(rows_.size()); }
+  int columns() const { return static_cast<int>(options_.columns.size()); }
+  const Column& column(int column) const { return options_.columns[static_cast<std::size_t>(column) - 1]; }
+  const Options& options() const { return options_; }
+  const TableRow& row(int row) const { return rows_[static_cast<std::size_t>(row) - 1]; }
+  /** "" outside of the table. */
+  const std::string& Cell(int row, int column) const;
+  bool IsBlank(int row) const;
+  std::vector<std::string> ListOf(int row, int column) const;
+
+  // Moving and selecting. Leaving a cell ends its editing.
+  /** False outside of the table. */
+  bool GoTo(int row, int column);
+  /** Draws the selection from the current cell to this one. */
+  void SelectTo(int row, int column);
+  int current_row() const { return row_; }
+  int current_column() const { return column_; }
+  Selection selection() const;
+  void LeaveCell();
+
+  // Editing the current cell.
+  void Press(Key key);
+  /** The field or list over the current cell is open. */
+  bool open() const { return open_.has_value(); }
+  /** What the open field shows. */
+  std::string OpenText() const;
+  /** Opens the field or list over the current cell with its text; a read-only cell has none. */
+  void Open();
+  /** Chooses an entry of the current cell's list, "" for the blank one; false if it has no such entry. */
+  bool Pick(std::string_view entry);
+  /** Another text for the current cell, by other means than keys; false if its rule refuses it. */
+  bool EditText(std::string_view text);
+  /** A change that a rule of the editor makes, as part of the step of the change that it answers. */
+  void SetCell(int row, int column, std::string_view text);
+  void SetHidden(int row, std::vector<std::string> hidden);
+  /** All changes up to End are one step. */
+  void Begin();
+  void End();
+
+  // The selection as a whole.
+  std::string Copy() const;
+  void ClearCell();
+  /** Puts a block of cells from the selection's corner on; a single cell fills the whole selection. */
+  std::vector<Refusal> Paste(std::string_view text);
+  /** The first row of the selection goes into all rows below it. */
+  std::vector<Refusal> FillDown();
+
+  // Rows.
+  bool CanAddRow() const;
+  void AddRow();
+  void InsertRow();
+  /** Deletes the selected rows. */
+  void DeleteRow();
+  void Sort(bool ascending);
+  /** Puts rows into another order or number; one step. */
+  void ReplaceRows(std::vector<TableRow> rows);
+  /** A blank row at the end; false if there is no room. Part of the running step. */
+  bool Append();
+
+  // Search.
+  /** The next cell behind the current one, around the end, whose text holds `text`; false if there is none. */
+  bool FindNext(std::string_view text);
+  /** Replaces it in every cell that takes the result, as one step. Returns the number of cells changed. */
+  int ReplaceAll(std::string_view text, std::string_view by, std::vector<Refusal>& refused);
+
+  // Undo.
+  bool CanUndo() const { return undo_.CanUndo(); }
+  bool CanRedo() const { return undo_.CanRedo(); }
+  void Undo();
+  void Redo();
+
+  /** What a text that comes as a whole becomes in a cell; nothing, with the reason, if the cell refuses it. */
+  std::optional<std::string> Fitting(int row, int column, std::string_view text, std::string& why) const;
+
+ private:
+  /** The field or list over the current cell. */
+  struct OpenField {
+    std::string text;
+    std::string before;    // the cell's text when it was opened
+    bool touched = false;  // until then the cell keeps its text
+  };
+
+  void PressText(Key key);
+  void PressList(Key key);
+  void PressOpen(Key key);
+  void OpenWith(char key);
+  void Write(std::string_view text);
+  void Move(int rows, int columns);
+  void NextRow();
+  void Change(int row, int column, std::string_view text);
+  void Restore(const UndoStep& step, bool after);
+  std::vector<Refusal> PutBlock(const std::vector<std::vector<std::string>>& block, Selection where,
+                                bool fill);
+  void Changed() {
+    if (changed) changed();
+  }
+
+  Options options_;
+  std::vector<TableRow> rows_;
+  int row_ = 1;
+  int column_ = 1;
+  int anchor_row_ = 1;
+  int anchor_column_ = 1;
+  std::optional<OpenField> open_;
+  UndoList undo_;
+};
+
+}  // namespace tarvok

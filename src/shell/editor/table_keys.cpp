@@ -1,0 +1,114 @@
+// What keys do in a table.
+
+#include <algorithm>
+#include <utility>
+
+#include "shell/editor/table_editor.h"
+
+namespace tarvok {
+
+void TableEditor::Move(int rows, int columns) {
+  GoTo(std::clamp(row_ + rows, 1, this->rows()), std::clamp(column_ + columns, 1, this->columns()));
+}
+
+void TableEditor::NextRow() {
+  Move(1, 0);
+}
+
+void TableEditor::Press(Key key) {
+  if (rows() == 0) return;
+  switch (key.code) {
+    case KeyCode::kReturn:
+      return NextRow();
+    case KeyCode::kTab:
+      return Move(0, 1);
+    case KeyCode::kLeft:
+      return Move(0, -1);
+    case KeyCode::kRight:
+      return Move(0, 1);
+    case KeyCode::kUp:
+    case KeyCode::kDown:
+      if (!open_ || column(column_).entry == Entry::kText) return Move(key.code == KeyCode::kUp ? -1 : 1, 0);
+      break;
+    default:
+      break;
+  }
+  if (open_) return PressOpen(key);
+  switch (column(column_).entry) {
+    case Entry::kReadOnly:
+      return;
+    case Entry::kText:
+      return PressText(key);
+    case Entry::kList:
+    case Entry::kEditList:
+      return PressList(key);
+  }
+}
+
+/** A key on a selected cell of text. */
+void TableEditor::PressText(Key key) {
+  const std::string& text = Cell(row_, column_);
+  const EntryRule& rule = column(column_).rule;
+  if (key.code == KeyCode::kBackspace) {
+    if (!text.empty()) Write(std::string_view(text).substr(0, text.size() - 1));
+  } else if (key.code == KeyCode::kDelete) {
+    if (!text.empty()) Write({});
+  } else if (key.code == KeyCode::kCharacter && rule.first_replaces) {
+    OpenWith(key.character);
+  } else if (key.code == KeyCode::kCharacter) {
+    const std::optional<std::string> typed = TypeCharacter(rule, text, false, key.character, true);
+    if (typed) Write(*typed);
+  }
+}
+
+/** A key on a selected cell with a list: it opens the list. */
+void TableEditor::PressList(Key key) {
+  if (key.code == KeyCode::kDelete) {
+    if (!Cell(row_, column_).empty()) Write({});
+  } else if (key.code == KeyCode::kCharacter && column(column_).entry == Entry::kEditList) {
+    OpenWith(key.character);
+  } else if (key.code != KeyCode::kEscape) {
+    Open();
+  }
+}
+
+/** The field opens with the key typed, or empty where the key is not taken: the cell then keeps its text
+ * until something is typed. */
+void TableEditor::OpenWith(char key) {
+  const std::optional<std::string> typed = TypeCharacter(column(column_).rule, {}, false, key, true);
+  open_ = OpenField{.before = Cell(row_, column_)};
+  if (typed) Write(*typed);
+}
+
+/** A key in the open field or list. */
+void TableEditor::PressOpen(Key key) {
+  const Entry kind = column(column_).entry;
+  if (key.code == KeyCode::kEscape) {
+    const std::string before = open_->before;
+    if (open_->touched) Change(row_, column_, before);
+    return LeaveCell();
+  }
+  if (key.code == KeyCode::kUp || key.code == KeyCode::kDown) {
+    const std::vector<std::string> list = ListOf(row_, column_);
+    const auto at = std::find(list.begin(), list.end(), open_->text) - list.begin();
+    const auto last = static_cast<std::ptrdiff_t>(list.size()) - 1;
+    const bool found = at <= last;
+    const auto next = key.code == KeyCode::kUp ? at - 1 : found ? at + 1 : 0;
+    if (next < 0) return Write({});
+    if (!found && key.code == KeyCode::kUp) return;
+    if (next <= last) Write(list[static_cast<std::size_t>(next)]);
+    return;
+  }
+  if (key.code == KeyCode::kDelete && (kind != Entry::kText || !open_->text.empty())) return Write({});
+  if (kind == Entry::kList) return;
+  const std::string& text = open_->text;
+  if (key.code == KeyCode::kBackspace) {
+    if (!text.empty()) Write(std::string(text, 0, text.size() - 1));
+  } else if (key.code == KeyCode::kCharacter) {
+    const std::optional<std::string> typed =
+        TypeCharacter(column(column_).rule, text, false, key.character, false);
+    if (typed) Write(*typed);
+  }
+}
+
+}  // namespace tarvok

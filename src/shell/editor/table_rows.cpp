@@ -1,0 +1,124 @@
+// Rows added, inserted, deleted and sorted.
+
+#include <algorithm>
+#include <utility>
+
+#include "shell/editor/table_editor.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+namespace {
+
+/** A cell as a sort sees it. */
+struct SortText {
+  std::string_view text;
+  bool number = false;
+  std::int64_t value = 0;
+
+  explicit SortText(std::string_view from) : text(from) {
+    constexpr std::size_t kMostDigits = 15;
+    number = !from.empty() && from.size() <= kMostDigits &&
+             from.find_first_not_of("0123456789") == std::string_view::npos;
+    if (number) value = Val(from);
+  }
+  friend bool operator<(const SortText& a, const SortText& b) {
+    if (a.number != b.number) return a.number;
+    return a.number ? a.value < b.value : a.text < b.text;
+  }
+};
+
+bool ComesBefore(const TableRow& a, const TableRow& b, const std::vector<SortKey>& keys, bool ascending) {
+  for (const SortKey& key : keys) {
+    const auto cell = [&](const TableRow& row) -> const std::string& {
+      const std::string& text = row.cells[static_cast<std::size_t>(key.column) - 1];
+      return text.empty() ? key.blank_as : text;
+    };
+    const std::string& text_a = cell(a);
+    const std::string& text_b = cell(b);
+    if (text_a.empty() != text_b.empty()) return text_b.empty();
+    const SortText sort_a(text_a);
+    const SortText sort_b(text_b);
+    if (sort_a < sort_b) return ascending;
+    if (sort_b < sort_a) return !ascending;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool TableEditor::CanAddRow() const {
+  return options_.rows == RowCommands::kGrow && rows() < options_.most;
+}
+
+bool TableEditor::Append() {
+  if (!CanAddRow()) return false;
+  std::vector<TableRow> rows = rows_;
+  rows.push_back({.cells = std::vector<std::string>(options_.columns.size())});
+  ReplaceRows(std::move(rows));
+  return true;
+}
+
+void TableEditor::AddRow() {
+  LeaveCell();
+  if (!Append()) return;
+  GoTo(rows(), 1);
+}
+
+void TableEditor::InsertRow() {
+  if (options_.rows == RowCommands::kNone || rows() == 0) return;
+  std::vector<TableRow> rows = rows_;
+  if (!CanAddRow()) {
+    if (!IsBlank(this->rows())) return;
+    rows.pop_back();
+  }
+  rows.insert(rows.begin() + std::min(row_ - 1, static_cast<int>(rows.size())),
+              {.cells = std::vector<std::string>(options_.columns.size())});
+  ReplaceRows(std::move(rows));
+}
+
+void TableEditor::DeleteRow() {
+  if (options_.rows == RowCommands::kNone || rows() == 0) return;
+  const Selection selected = selection();
+  std::vector<TableRow> rows = rows_;
+  rows.erase(rows.begin() + selected.top - 1, rows.begin() + selected.bottom);
+  if (options_.rows == RowCommands::kFixed) {
+    while (rows.size() < rows_.size())
+      rows.push_back({.cells = std::vector<std::string>(options_.columns.size())});
+  }
+  ReplaceRows(std::move(rows));
+  GoTo(std::clamp(selected.top, 1, std::max(this->rows(), 1)), selected.left);
+}
+
+void TableEditor::Sort(bool ascending) {
+  if (options_.sort_by.empty()) return;
+  std::vector<TableRow> rows = rows_;
+  std::stable_sort(rows.begin(), rows.end(), [&](const TableRow& a, const TableRow& b) {
+    return ComesBefore(a, b, options_.sort_by, ascending);
+  });
+  ReplaceRows(std::move(rows));
+}
+
+void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
+  const auto same = [](const TableRow& a, const TableRow& b) {
+    return a.origin == b.origin && a.cells == b.cells && a.hidden == b.hidden;
+  };
+  if (std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), same)) return;
+  open_.reset();
+  undo_.Begin();
+  UndoStep& step = undo_.Now(row_, column_);
+  if (!step.rows_before) {
+    step.rows_before = rows_;
+    for (const UndoStep::Cell& change : step.cells) {
+      (*step.rows_before)[static_cast<std::size_t>(change.row) - 1]
+          .cells[static_cast<std::size_t>(change.column) - 1] = change.before;
+    }
+  }
+  rows_ = std::move(rows);
+  step.rows_after = rows_;
+  undo_.End();
+  row_ = std::clamp(row_, 1, std::max(this->rows(), 1));
+  anchor_row_ = std::clamp(anchor_row_, 1, std::max(this->rows(), 1));
+  Changed();
+}
+
+}  // namespace tarvok

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvok {
+
+/** A row of a table: its cells, and what the editor keeps beside them, which moves with the row. */
+struct TableRow {
+  int origin = 0;  // its number in the project when it was loaded, 0 for a new one
+  std::vector<std::string> cells;
+  std::vector<std::string> hidden = {};
+};
+
+/** One step of what can be undone. */
+struct UndoStep {
+  struct Cell {
+    int row;
+    int column;
+    std::string before;
+    std::string after;
+  };
+  std::vector<Cell> cells;
+  std::optional<std::vector<TableRow>> rows_before;  // of a step that moved rows: all of them
+  std::vector<TableRow> rows_after;
+  int row = 1;  // where the person was
+  int column = 1;
+};
+
+/** The steps in order. Keys typed into one cell without leaving it are one step; between Begin and End all
+ * changes are. */
+class UndoList {
+ public:
+  /** The step that a change now belongs to; what was undone is forgotten. */
+  UndoStep& Now(int row, int column) {
+    steps_.resize(done_);
+    if (!joined_ || steps_.empty()) {
+      steps_.emplace_back();
+      steps_.back().row = row;
+      steps_.back().column = column;
+      ++done_;
+    }
+    joined_ = true;
+    return steps_.back();
+  }
+  /** The next change begins a step of its own, unless it stands between Begin and End. */
+  void Part() {
+    if (depth_ == 0) joined_ = false;
+  }
+  void Begin() {
+    if (depth_++ == 0) joined_ = false;
+  }
+  void End() {
+    --depth_;
+    Part();
+  }
+  /** The step that changes still join; nullptr for none. */
+  UndoStep* Joined() { return joined_ && done_ > 0 ? &steps_[done_ - 1] : nullptr; }
+  void Clear() { *this = UndoList(); }
+  bool CanUndo() const { return done_ > 0; }
+  bool CanRedo() const { return done_ < steps_.size(); }
+  const UndoStep& Undo() {
+    joined_ = false;
+    return steps_[--done_];
+  }
+  const UndoStep& Redo() {
+    joined_ = false;
+    return steps_[done_++];
+  }
+
+ private:
+  std::vector<UndoStep> steps_;
+  std::size_t done_ = 0;
+  int depth_ = 0;
+  bool joined_ = false;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "sections/editors.h"
+#include "shell/editor/form_script.h"
+#include "tests/store/memory_files.h"
+
+namespace tarvok::test {
+
+/** A project and an editor over it, driven by a key script as a person would; what it says and asks comes out
+ * as lines. */
+class EditorBench {
+ public:
+  static constexpr const char* kProject = "/p.tvk";
+  static constexpr const char* kSystemFile = "/system.tvs";
+
+  /** `project` is a project's text without its header. */
+  explicit EditorBench(std::string_view project = {}) {
+    files.Put(kProject, "[Chk_Tarvok]\nChk=TARVOK\n" + std::string(project));
+    state.ProjectFile = kProject;
+  }
+  /** The example of a whole hotel. */
+  static EditorBench Hotel() {
+    std::ifstream file(std::string(TARVOK_SOURCE_DIR) + "/examples/hotel.tvk", std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return EditorBench(bytes.str());
+  }
+
+  /** Opens the form and runs the script, a command a line; a line that is wrong fails the test. Returns what
+   * came out, a line each. A form that a script before left open is gone without a save. */
+  std::vector<std::string> Run(std::string_view form, const std::string& script) {
+    Open(form);
+    return Go(script);
+  }
+  void Open(std::string_view form) {
+    state.DataChanged = false;
+    const Editor* found = FindEditor(form);
+    ASSERT_NE(found, nullptr) << form;
+    editor = OpenEditor(*found, {.store = store,
+                                 .state = state,
+                                 .questions = questions,
+                                 .system_file = kSystemFile,
+                                 .keep = {},
+                                 .end_program = {}});
+  }
+  /** Goes on with the open form. */
+  std::vector<std::string> Go(const std::string& script) {
+    lines.clear();
+    FormScript runner(*editor, questions);
+    std::istringstream in(script);
+    for (std::string line; std::getline(in, line);) EXPECT_EQ(runner.Run(line), "") << line;
+    return lines;
+  }
+
+  std::string Get(std::string_view section, std::string_view key) {
+    return store.GetIniValue(kProject, section, key);
+  }
+  bool Has(std::string_view section, std::string_view key) {
+    return store.Snapshot(kProject)->HasKey(section, key);
+  }
+  std::string Bytes() { return files.Bytes(kProject); }
+
+  MemoryFiles files;
+  ProjectStore store{files};
+  SharedState state;
+  std::vector<std::string> lines;
+  ScriptedQuestions questions{[this](std::string_view line) { lines.emplace_back(line); }};
+  std::unique_ptr<EditorForm> editor;
+};
+
+}  // namespace tarvok::test
