@@ -76,6 +76,11 @@ std::string RowNames::Stored(std::string_view name, int width) const {
   return found == names_.end() ? std::string(kUnset) : Padded(found->first, width);
 }
 
+std::string RowNames::Stored(std::string_view name, int width, std::string_view before) const {
+  if (!name.empty() && name == NameOf(before)) return Padded(Val(before), width);
+  return Stored(name, width);
+}
+
 std::vector<std::string> RowNames::Names() const {
   std::vector<std::string> names;
   for (const auto& [number, name] : names_) {
@@ -93,6 +98,16 @@ RowNames AssignNumbers(const IniText& project) {
   return names;
 }
 
+RowNames PortNumbers(const IniText& project) {
+  const RowNames numbers = AssignNumbers(project);
+  RowNames names;
+  for (int row = 1; row <= kPortRows; ++row) {
+    const std::string number = numbers.NameOf(GetField(RowValue(project, port_def::kTable, row), port_def::kNumber));
+    if (!number.empty()) names.Add(row, number);
+  }
+  return names;
+}
+
 RowNames PortNames(const IniText& project, std::string_view type) {
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
@@ -106,11 +121,29 @@ RowNames PortNames(const IniText& project, std::string_view type) {
   return names;
 }
 
+int RowsUpToNow(const IniText& project, const Table& table) {
+  const std::int64_t now = Val(project.Get(table.section, kNowKey));
+  auto last = static_cast<int>(std::clamp<std::int64_t>(now, 0, table.rows.last));
+  for (int number = last + 1; number <= table.rows.last; ++number) {
+    if (!RowValue(project, table, number).empty()) last = number;
+  }
+  return last;
+}
+
 FieldTableForm::FieldTableForm(EditorContext context, FormName name, const Table& table,
                                std::vector<FieldColumn> columns, TableEditor::Options options)
     : TableForm(std::move(context), name, WithColumns(std::move(options), columns)),
       table_(table),
       columns_(std::move(columns)) {}
+
+bool FieldTableForm::ShowPlace(std::string_view section, int row, int field) {
+  if (!SameName(section, table_.section)) return false;
+  int column = 1;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (field > 0 && columns_[i].field == field) column = static_cast<int>(i) + 1;
+  }
+  return grid().GoTo(row, column);
+}
 
 void FieldTableForm::Load(const IniText& project) {
   Prepare(project);
@@ -126,6 +159,7 @@ void FieldTableForm::Load(const IniText& project) {
                                                            : std::string_view();
       row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
     }
+    ShowRow(value, row);
     grid().Load(std::move(row));
   }
 }
@@ -154,6 +188,15 @@ void FieldTableForm::RepairMoved(IniEdit& project) const {
 
 void FieldTableForm::Write(IniEdit& project) {
   RepairMoved(project);
+  WriteRows(project);
+}
+
+void FieldTableForm::Saved() {
+  TableForm::Saved();
+  loaded_rows_ = grid().rows();
+}
+
+void FieldTableForm::WriteRows(IniEdit& project) const {
   const int last = std::max(loaded_rows_, grid().rows());
   for (int number = 1; number <= last; ++number) {
     const std::string value = number <= grid().rows() ? RowText(number) : std::string();

@@ -43,6 +43,9 @@ class RowNames {
   /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
    * of the row moves up. */
   std::string Stored(std::string_view name, int width) const;
+  /** The same of a name that may stand at several rows: while it still is that of `before`, the row that the
+   * field held, the field stays with that row. */
+  std::string Stored(std::string_view name, int width, std::string_view before) const;
   /** The names in the order of their numbers, blanks left out. */
   std::vector<std::string> Names() const;
 
@@ -52,8 +55,14 @@ class RowNames {
 
 /** The directory numbers by number row; unused rows have none. */
 RowNames AssignNumbers(const IniText& project);
+/** The directory numbers of ports, by port row. */
+RowNames PortNumbers(const IniText& project);
 /** Card and channel, joined by "/", by port row; those of `type` alone where one is given. */
 RowNames PortNames(const IniText& project, std::string_view type = {});
+
+/** Rows with which a table begins that shows its section up to "Now": a row in use above it is shown, too, so
+ * that a new row can't take its place. */
+int RowsUpToNow(const IniText& project, const Table& table);
 
 /**
  * A table editor whose rows are the rows of one table: it loads them into columns and writes them back. What
@@ -64,6 +73,11 @@ class FieldTableForm : public TableForm {
   FieldTableForm(EditorContext context, FormName name, const Table& table, std::vector<FieldColumn> columns,
                  TableEditor::Options options);
 
+  bool ShowPlace(std::string_view section, int row, int field) override;
+  /** What the rows are rows of; `TableRow::origin` is a row's number. */
+  const Table& statement() const { return table_; }
+  void Saved() override;
+
  protected:
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;
@@ -72,12 +86,13 @@ class FieldTableForm : public TableForm {
   virtual void Prepare(const IniText& /*project*/) {}
   /** Rows that the table begins with. */
   virtual int RowsToShow(const IniText& /*project*/) const { return table_.rows.last; }
+  /** What no field by itself tells of the cells of a row with that value, and what is kept beside them. */
+  virtual void ShowRow(std::string_view /*value*/, TableRow& /*row*/) const {}
   /** The value of a row, by default the columns' fields joined by pipes. */
   virtual std::string RowText(int row) const;
   /** A row whose key is removed: the table's empty rows. */
   virtual bool IsRemoved(std::string_view value) const;
 
-  const Table& statement() const { return table_; }
   const std::vector<FieldColumn>& field_columns() const { return columns_; }
   /** Whether what refers to this row of the grid still means something; it then follows the row. */
   virtual bool KeepsReferences(int /*row*/) const { return true; }
@@ -86,6 +101,8 @@ class FieldTableForm : public TableForm {
   RowMoves Moves() const;
   /** Makes every reference to the rows follow them; the first thing that a save does. */
   void RepairMoved(IniEdit& project) const;
+  /** Writes the rows and removes the keys of those that are gone. */
+  void WriteRows(IniEdit& project) const;
 
  private:
   const Table& table_;

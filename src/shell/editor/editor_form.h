@@ -51,6 +51,9 @@ class EditorForm : public FormControls {
 
   /** Fills the form from the project; once, behind the constructor. */
   void Open();
+  /** Shows a row, as its keys count, and a field of it, from 1 (0: the row), of a section that the form edits;
+   * false if the form shows no such place. */
+  virtual bool ShowPlace(std::string_view /*section*/, int /*row*/, int /*field*/) { return false; }
   /** Writes the form. False where the user or a failure keeps it from it: the form stays. */
   bool Save_File();
   /** `cmdOK` or `cmdCancel` have ended the form; `on_closed` was told and may have destroyed it. */

@@ -109,6 +109,13 @@ bool FormControls::EditText(Control& control, std::string_view text) {
   return true;
 }
 
+void FormControls::ShortenText(Control& control, std::string_view text) {
+  if (!control.enabled || !control.visible || text.size() >= control.text.size()) return;
+  control.text = text;
+  control.selected = false;
+  Acted(control);
+}
+
 void FormControls::Acted(Control& control) {
   if (control.data) MarkChanged();
   if (control.changed) control.changed();

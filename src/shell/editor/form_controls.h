@@ -51,6 +51,8 @@ class FormControls {
   void Turn(Control& control, bool on);
   /** The text of a box as a whole, edited by other means than keys; it has to pass the box's rule. */
   bool EditText(Control& control, std::string_view text);
+  /** A text that the rule of its box would not take, made shorter: it may go on being wrong. */
+  void ShortenText(Control& control, std::string_view text);
 
   /** Behind everything that a person did to the form, and by its user behind what was done to its dialog:
    * a dialog that closed itself goes, and what is shown is drawn anew. */

@@ -45,6 +45,11 @@ std::vector<std::string> TableEditor::ListOf(int row, int column) const {
   return stated.list_of ? stated.list_of(row) : stated.list;
 }
 
+Entry TableEditor::EntryOf(int row, int column) const {
+  const Column& stated = this->column(column);
+  return stated.entry_of ? stated.entry_of(row) : stated.entry;
+}
+
 bool TableEditor::GoTo(int row, int column) {
   if (row < 1 || row > rows() || column < 1 || column > columns()) return false;
   LeaveCell();
@@ -74,14 +79,15 @@ std::string TableEditor::OpenText() const {
 }
 
 void TableEditor::Open() {
-  if (rows() == 0 || column(column_).entry == Entry::kReadOnly || open_) return;
+  if (rows() == 0 || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
   const std::string& text = Cell(row_, column_);
   open_ = OpenField{.text = text, .before = text};
 }
 
 bool TableEditor::Pick(std::string_view entry) {
-  const Entry kind = column(column_).entry;
-  if (rows() == 0 || (kind != Entry::kList && kind != Entry::kEditList)) return false;
+  if (rows() == 0) return false;
+  const Entry kind = EntryOf(row_, column_);
+  if (kind != Entry::kList && kind != Entry::kEditList) return false;
   const std::vector<std::string> list = ListOf(row_, column_);
   if (!entry.empty() && std::find(list.begin(), list.end(), entry) == list.end()) return false;
   Write(entry);
@@ -154,30 +160,39 @@ void TableEditor::Restore(const UndoStep& step, bool after) {
   }
   row_ = anchor_row_ = std::clamp(step.row, 1, std::max(rows(), 1));
   column_ = anchor_column_ = step.column;
-  Changed();
 }
 
 void TableEditor::Undo() {
-  if (CanUndo()) Restore(undo_.Undo(), false);
+  if (!CanUndo()) return;
+  Restore(undo_.Undo(), false);
+  Changed();
 }
 
 void TableEditor::Redo() {
-  if (CanRedo()) Restore(undo_.Redo(), true);
+  if (!CanRedo()) return;
+  Restore(undo_.Redo(), true);
+  Changed();
+}
+
+void TableEditor::TakeBack(std::size_t steps) {
+  while (undo_.Count() > steps) Restore(undo_.Undo(), false);
+  undo_.Forget();
 }
 
 std::optional<std::string> TableEditor::Fitting(int row, int column, std::string_view text,
                                                 std::string& why) const {
   const Column& stated = this->column(column);
-  if (stated.entry == Entry::kReadOnly) {
+  const Entry kind = EntryOf(row, column);
+  if (kind == Entry::kReadOnly) {
     why = kReadOnly;
     return std::nullopt;
   }
   if (text.empty()) return std::string();
-  if (stated.entry != Entry::kText) {
+  if (kind != Entry::kText) {
     const std::vector<std::string> list = ListOf(row, column);
     if (std::find(list.begin(), list.end(), text) != list.end()) return std::string(text);
     why = kNotInList;
-    if (stated.entry == Entry::kList) return std::nullopt;
+    if (kind == Entry::kList) return std::nullopt;
   }
   std::optional<std::string> typed = TypeWhole(stated.rule, text);
   if (!typed && why.empty()) why = kNotTaken;

@@ -27,6 +27,7 @@ struct Column {
   EntryRule rule = {};
   std::vector<std::string> list = {};                             // the same for every row
   std::function<std::vector<std::string>(int row)> list_of = {};  // or made for the row
+  std::function<Entry(int row)> entry_of = {};  // where rows differ in how the cell is edited
   std::string overlay = {};  // name of the control that lies over the cell
   std::function<void(int row, const std::string& before)> changed = {};  // its cell got another text
 };
@@ -95,6 +96,7 @@ class TableEditor {
   const std::string& Cell(int row, int column) const;
   bool IsBlank(int row) const;
   std::vector<std::string> ListOf(int row, int column) const;
+  Entry EntryOf(int row, int column) const;
 
   // Moving and selecting. Leaving a cell ends its editing.
   /** False outside of the table. */
@@ -156,6 +158,10 @@ class TableEditor {
   bool CanRedo() const { return undo_.CanRedo(); }
   void Undo();
   void Redo();
+  /** The number of steps that can be undone. */
+  std::size_t Steps() const { return undo_.Count(); }
+  /** Undoes all steps behind the first `steps` as if they had never been. */
+  void TakeBack(std::size_t steps);
 
   /** What a text that comes as a whole becomes in a cell; nothing, with the reason, if the cell refuses it. */
   std::optional<std::string> Fitting(int row, int column, std::string_view text, std::string& why) const;

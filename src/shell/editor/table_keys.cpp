@@ -28,13 +28,13 @@ void TableEditor::Press(Key key) {
       return Move(0, 1);
     case KeyCode::kUp:
     case KeyCode::kDown:
-      if (!open_ || column(column_).entry == Entry::kText) return Move(key.code == KeyCode::kUp ? -1 : 1, 0);
+      if (!open_ || EntryOf(row_, column_) == Entry::kText) return Move(key.code == KeyCode::kUp ? -1 : 1, 0);
       break;
     default:
       break;
   }
   if (open_) return PressOpen(key);
-  switch (column(column_).entry) {
+  switch (EntryOf(row_, column_)) {
     case Entry::kReadOnly:
       return;
     case Entry::kText:
@@ -65,7 +65,7 @@ void TableEditor::PressText(Key key) {
 void TableEditor::PressList(Key key) {
   if (key.code == KeyCode::kDelete) {
     if (!Cell(row_, column_).empty()) Write({});
-  } else if (key.code == KeyCode::kCharacter && column(column_).entry == Entry::kEditList) {
+  } else if (key.code == KeyCode::kCharacter && EntryOf(row_, column_) == Entry::kEditList) {
     OpenWith(key.character);
   } else if (key.code != KeyCode::kEscape) {
     Open();
@@ -82,7 +82,7 @@ void TableEditor::OpenWith(char key) {
 
 /** A key in the open field or list. */
 void TableEditor::PressOpen(Key key) {
-  const Entry kind = column(column_).entry;
+  const Entry kind = EntryOf(row_, column_);
   if (key.code == KeyCode::kEscape) {
     const std::string before = open_->before;
     if (open_->touched) Change(row_, column_, before);

@@ -58,12 +58,15 @@ class UndoList {
   /** The step that changes still join; nullptr for none. */
   UndoStep* Joined() { return joined_ && done_ > 0 ? &steps_[done_ - 1] : nullptr; }
   void Clear() { *this = UndoList(); }
+  std::size_t Count() const { return done_; }
   bool CanUndo() const { return done_ > 0; }
   bool CanRedo() const { return done_ < steps_.size(); }
   const UndoStep& Undo() {
     joined_ = false;
     return steps_[--done_];
   }
+  /** What was undone can't be done again. */
+  void Forget() { steps_.resize(done_); }
   const UndoStep& Redo() {
     joined_ = false;
     return steps_[done_++];

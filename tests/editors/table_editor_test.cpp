@@ -1,0 +1,230 @@
+#include "shell/editor/table_editor.h"
+
+#include <gmock/gmock.h>
+
+#include "shell/editor/table_csv.h"
+#include "shell/editor/table_form.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/** Number, a list, a list that depends on it, a note that is read only, free text. */
+TableEditor MakeTable(RowCommands rows = RowCommands::kGrow, int count = 4) {
+  TableEditor table(
+      {.columns = {{.title = "Number", .rule = DigitsRule(4)},
+                   {.title = "Kind", .entry = Entry::kList, .list = {"Port", "Hunt"}},
+                   {.title = "Fixed", .entry = Entry::kReadOnly},
+                   {.title = "Name", .rule = TextRule(8)},
+                   {.title = "Time",
+                    .entry = Entry::kEditList,
+                    .rule = {.characters = "0123456789", .first_characters = "123456789", .most = 2},
+                    .list = {"No Limit"}}},
+       .rows = rows,
+       .most = 6,
+       .sort_by = {{1}, {4}}});
+  for (int row = 1; row <= count; ++row) table.Load({.origin = row, .cells = {"", "", "x"}});
+  return table;
+}
+
+void Type(TableEditor& table, std::string_view text) {
+  for (const char c : text) table.Press(Key::Of(c));
+}
+
+std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
+  std::vector<std::string> cells;
+  for (int row = 1; row <= table.rows(); ++row) cells.push_back(table.Cell(row, column));
+  return cells;
+}
+
+TEST(TableEditor, KeysDoWhatTheColumnTakes) {
+  struct Case {
+    int column;
+    const char* keys;
+    const char* cell;
+  };
+  for (const Case& c : {Case{1, "12a345", "1234"}, Case{4, " 'It|s", "'Its"}, Case{4, "\"ab\"c", "\"abc"},
+                        Case{3, "9", "x"}, Case{2, "P", ""}, Case{5, "0123", "12"}, Case{5, "1x2", "12"}}) {
+    TableEditor table = MakeTable();
+    table.GoTo(1, c.column);
+    Type(table, c.keys);
+    table.LeaveCell();
+    EXPECT_EQ(table.Cell(1, c.column), c.cell) << c.keys;
+  }
+}
+
+TEST(TableEditor, AFieldThatOpensEmptyKeepsTheCellUntilSomethingIsTyped) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 5);
+  Type(table, "12");
+  table.GoTo(1, 5);
+  Type(table, "0");  // not taken as the first key: opens empty
+  EXPECT_TRUE(table.open());
+  EXPECT_EQ(table.OpenText(), "");
+  table.Press({KeyCode::kReturn});
+  EXPECT_EQ(table.Cell(1, 5), "12");
+  EXPECT_EQ(table.current_row(), 2);
+  table.GoTo(1, 5);
+  Type(table, "3");
+  EXPECT_EQ(table.Cell(1, 5), "3");
+  table.Press({KeyCode::kEscape});
+  EXPECT_EQ(table.Cell(1, 5), "12");
+}
+
+TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
+  TableEditor table = MakeTable();
+  table.GoTo(2, 2);
+  EXPECT_TRUE(table.Pick("Hunt"));
+  EXPECT_FALSE(table.Pick("Nothing"));
+  EXPECT_EQ(table.Cell(2, 2), "Hunt");
+  table.Press(Key::Of('x'));  // opens the list
+  table.Press({KeyCode::kUp});
+  EXPECT_EQ(table.Cell(2, 2), "Port");
+  table.Press({KeyCode::kDelete});
+  EXPECT_EQ(table.Cell(2, 2), "");
+  EXPECT_FALSE(table.EditText("Hun"));
+}
+
+TEST(TableEditor, APastedBlockPassesEveryRuleAndIsOneStep) {
+  TableEditor table = MakeTable();
+  int changes = 0;
+  table.changed = [&] { ++changes; };
+  table.GoTo(2, 1);
+  const std::vector<Refusal> refused =
+      table.Paste("11\tPort\tchanged\tBar\r\n12x\tHunter\t\t|Ann|\n13\n14\tPort\n15\tlost\n");
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "11", "", "13"));
+  EXPECT_THAT(ColumnOf(table, 2), ElementsAre("", "Port", "", ""));
+  EXPECT_THAT(ColumnOf(table, 3), ElementsAre("x", "x", "x", "x"));
+  EXPECT_THAT(ColumnOf(table, 4), ElementsAre("", "Bar", "Ann", ""));
+  ASSERT_THAT(refused, SizeIs(2));
+  EXPECT_EQ(refused[0].row, 3);
+  EXPECT_EQ(refused[1].text, "Hunter");
+  EXPECT_EQ(changes, 1);
+  table.Undo();
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
+  table.Redo();
+  EXPECT_EQ(table.Cell(3, 4), "Ann");
+  EXPECT_THAT(table.Paste(""), IsEmpty());
+}
+
+TEST(TableEditor, ACellFillsASelectionAndTheFirstRowFillsDown) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.SelectTo(3, 1);
+  table.Paste("7");
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("7", "7", "7", ""));
+  table.GoTo(1, 2);
+  table.Pick("Port");
+  table.GoTo(1, 1);
+  table.SelectTo(4, 3);
+  table.FillDown();
+  EXPECT_EQ(table.Cell(4, 1), "7");
+  EXPECT_EQ(table.Cell(4, 2), "Port");
+  EXPECT_EQ(table.Copy().substr(0, 16), "7\tPort\tx\r\n7\tPort");
+  table.ClearCell();
+  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx\r\n\t\tx");
+}
+
+TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
+  TableEditor table = MakeTable();
+  const auto origins = [&] {
+    std::vector<int> all;
+    for (int row = 1; row <= table.rows(); ++row) all.push_back(table.row(row).origin);
+    return all;
+  };
+  table.GoTo(1, 1);
+  table.Paste("30\n\n4\n30");
+  table.GoTo(4, 4);
+  Type(table, "A");
+  table.Sort(true);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("4", "30", "30", ""));
+  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));  // the name decides, a blank stands last
+  table.Sort(false);
+  EXPECT_THAT(origins(), ElementsAre(4, 1, 3, 2));
+  table.GoTo(2, 1);
+  table.InsertRow();
+  table.GoTo(4, 1);
+  table.DeleteRow();
+  EXPECT_THAT(origins(), ElementsAre(4, 0, 1, 2));
+  for (int steps = 0; steps < 3; ++steps) table.Undo();
+  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));
+  while (table.CanUndo()) table.Undo();
+  EXPECT_THAT(origins(), ElementsAre(1, 2, 3, 4));
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
+}
+
+TEST(TableEditor, RowsGrowToTheirLimitAndFixedOnesStay) {
+  TableEditor grows = MakeTable();
+  for (int i = 0; i < 5; ++i) grows.AddRow();
+  EXPECT_EQ(grows.rows(), 6);
+  grows.InsertRow();  // takes the place of the blank last one
+  EXPECT_EQ(grows.rows(), 6);
+  TableEditor fixed = MakeTable(RowCommands::kFixed);
+  fixed.AddRow();
+  fixed.GoTo(2, 1);
+  fixed.SelectTo(3, 1);
+  fixed.DeleteRow();
+  EXPECT_EQ(fixed.rows(), 4);
+  EXPECT_EQ(fixed.row(2).origin, 4);
+  EXPECT_EQ(fixed.row(4).origin, 0);
+  TableEditor none = MakeTable(RowCommands::kNone);
+  none.DeleteRow();
+  none.InsertRow();
+  EXPECT_FALSE(none.CanUndo());
+}
+
+TEST(TableEditor, ReplacingPassesTheRules) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.Paste("110\n11\n5");
+  table.GoTo(1, 4);
+  table.Paste("Bar 11");
+  std::vector<Refusal> refused;
+  EXPECT_TRUE(table.FindNext("BAR"));
+  EXPECT_EQ(table.current_column(), 4);
+  EXPECT_FALSE(table.FindNext("none"));
+  EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
+  EXPECT_THAT(refused, SizeIs(2));
+  EXPECT_EQ(table.Cell(1, 4), "Bar x");
+  EXPECT_EQ(table.ReplaceAll("1", "22", refused), 1);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("110", "2222", "5", ""));
+}
+
+TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.Paste("1\tPort\t\ta,\"b\n2");
+  const std::string csv = ExportCsv(table);
+  EXPECT_THAT(csv, HasSubstr("1,Port,x,\"a,\"\"b\",\r\n2,,x,,\r\n"));
+  TableEditor other = MakeTable();
+  EXPECT_TRUE(ImportCsv(other, csv).ok());
+  EXPECT_EQ(ExportCsv(other), csv);
+  struct Case {
+    const char* text;
+    const char* error;
+  };
+  for (const Case& c :
+       {Case{"Number;Kind\n7;Port\n8;Hunter\n", "line 3, column \"Kind\": \"Hunter\""},
+        Case{"Number\n1\n2\n3\n4\n5\n6\n7\n", "line 8"}, Case{"Nummer\n1\n", "no column \"Nummer\""},
+        Case{"Number\n\"1\n", "quote"}, Case{"Number,Number\n1,1\n", "Number"}, Case{"", "empty"},
+        Case{"Number\n1,2\n", "more cells"}}) {
+    const int steps = static_cast<int>(other.Steps());
+    EXPECT_THAT(ImportCsv(other, c.text).message(), HasSubstr(c.error)) << c.text;
+    EXPECT_EQ(ExportCsv(other), csv) << c.text;
+    EXPECT_EQ(static_cast<int>(other.Steps()), steps);
+  }
+  EXPECT_TRUE(ImportCsv(other, "Name,Number\r\nX,9\r\n").ok());
+  EXPECT_THAT(ColumnOf(other, 1), ElementsAre("9", "", "", ""));
+  EXPECT_EQ(other.Cell(1, 2), "Port");
+}
+
+TEST(TableEditor, RepeatsStandEachOnce) {
+  EXPECT_THAT(Repeats({"2", "", "1", "2", "3", "2", "1", ""}), ElementsAre("1", "2"));
+}
+
+}  // namespace
+}  // namespace tarvok::test
