@@ -110,6 +110,7 @@ void DLS_LY2::LinkSendAck() {
 }
 
 void DLS_LY2::LinkSendNak() {
+  ++parts_.statistics.FramesDamaged;
   SendControl(kNak, "PCDLS: Send Nak.");
 }
 

@@ -182,6 +182,7 @@ void DLS_LY2::ReceiveAddress(std::uint8_t address) {
       break;
     case State::kNakAddress:
       parts_.log.DebugLine("PCDLS: Recv Nak.");
+      ++parts_.statistics.FramesDamaged;
       if (!tx_done_) SendAgain();
       break;
     default:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "link/password_code.h"
 #include "store/number_text.h"
 
 namespace tarvok {
@@ -69,6 +70,7 @@ bool MessageLayer::SendSection(std::uint8_t code, int section, std::span<const s
   if (variant_.sums_send_time) {
     parts_.statistics.SendMilliseconds += parts_.waits.events().Tick_ms() - start_ms;
   }
+  Wipe(payload);
   return sent;
 }
 
@@ -130,7 +132,9 @@ bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8
   build(payload);
   ++parts_.statistics.PacketsSent;
   parts_.statistics.BytesSent += static_cast<std::int64_t>(payload.size());
-  return SendLastPack(message, awaited);
+  const bool sent = SendLastPack(message, awaited);
+  Wipe(message);  // it may have been a password
+  return sent;
 }
 
 bool MessageLayer::SendFullPack(std::span<const std::uint8_t> message, bool first) {

@@ -22,4 +22,15 @@ std::optional<PackedPassword> PackPassword(std::string_view digits) {
   return packed;
 }
 
+void Wipe(std::span<std::uint8_t> bytes) {
+  volatile std::uint8_t* at = bytes.data();
+  for (std::size_t left = bytes.size(); left > 0; --left) *at++ = 0;
+}
+
+void Wipe(std::string& text) {
+  text.resize(text.capacity());  // what was deleted from it lies behind its end
+  Wipe({reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
+  text.clear();
+}
+
 }  // namespace tarvok

@@ -11,6 +11,7 @@ struct TransferStatistics {
   std::int64_t PacketsSent = 0;       // packs that went through
   std::int64_t BytesSent = 0;         // message bytes that went through, headers not counted
   std::int64_t BytesReceived = 0;     // each section's declared size, and every later pack once more
+  std::int64_t FramesDamaged = 0;     // Naks, in either direction
   std::int64_t SendMilliseconds = 0;  // summed duration of section and mini bar sends
 };
 

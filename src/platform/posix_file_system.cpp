@@ -138,31 +138,46 @@ std::string PosixFileSystem::Resolve(const std::string& path) {
 
 Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
                                  Flush flush) {
+  struct stat old {};
+  const bool replaces = ::stat(like.c_str(), &old) == 0;
+  // Without its permissions a private project would become everybody's.
+  if (!replaces && errno != ENOENT) return Failed(like, errno);
   // A file that its owner protected is not replaced behind his back.
-  if (::access(like.c_str(), F_OK) == 0 && ::access(like.c_str(), W_OK) != 0) return Failed(like, errno);
+  if (replaces && ::access(like.c_str(), W_OK) != 0) return Failed(like, errno);
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   if (!file.valid()) return Failed(path, errno);
   int error = 0;
-  struct stat info {};
-  if (::stat(like.c_str(), &info) == 0 && ::fchmod(file.get(), info.st_mode & 07777) != 0) error = errno;
+  struct stat made {};
+  if (replaces && ::fstat(file.get(), &made) != 0) error = errno;
+  // Asked only where they differ: some file systems have one mode for all files and refuse every change.
+  constexpr mode_t kPermissions = 07777;
+  const bool differ = replaces && ((made.st_mode ^ old.st_mode) & kPermissions) != 0;
+  if (error == 0 && differ && ::fchmod(file.get(), old.st_mode & kPermissions) != 0) error = errno;
   if (error == 0) error = WriteAll(file.get(), bytes, flush);
   if (!file.Close() && error == 0) error = errno;
   if (error == 0) return {};
   ::unlink(path.c_str());
-  return Failed(path, error);
+  // The folder took the file, so this is no folder to be written to in place.
+  return {error == ENOSPC || error == EDQUOT ? ErrorKind::kNoSpace : ErrorKind::kInputOutput,
+          path + ": " + std::strerror(error)};
 }
 
 Status PosixFileSystem::Overwrite(const std::string& path, std::string_view bytes) {
+  const Result<std::string> old = Read(path);
+  if (!old.ok()) return old.status();
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (!file.valid()) return Failed(path, errno);
+  int error = 0;
   if (!bytes.empty()) {
     // The space first: a disk that fills up in the middle would leave half of either.
-    const int reserved = ::posix_fallocate(file.get(), 0, static_cast<off_t>(bytes.size()));
-    if (reserved != 0 && reserved != EOPNOTSUPP && reserved != EINVAL) return Failed(path, reserved);
+    error = ::posix_fallocate(file.get(), 0, static_cast<off_t>(bytes.size()));
+    if (error == EOPNOTSUPP || error == EINVAL) error = 0;
   }
-  int error = WriteAll(file.get(), bytes, Flush::kNow);
-  if (!file.Close() && error == 0) error = errno;
-  return error == 0 ? Status() : Failed(path, error);
+  if (error == 0) error = WriteAll(file.get(), bytes, Flush::kNow);
+  if (error == 0) return {};
+  // Whatever got through goes again. The first error is the one to tell.
+  [[maybe_unused]] const int put_back = WriteAll(file.get(), old.value(), Flush::kNow);
+  return Failed(path, error);
 }
 
 Status PosixFileSystem::Rename(const std::string& from, const std::string& to, Flush flush) {
@@ -196,8 +211,9 @@ Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path)
   if (fd < 0) return Failed(folder, errno);
   auto lock = std::make_unique<FolderLock>(fd);
   for (int i = 0; ::flock(fd, LOCK_EX | LOCK_NB) != 0; ++i) {
-    if (errno != EWOULDBLOCK && errno != EINTR)
-      break;  // a file system without locks: write as one would alone
+    // On a file system without locks one writes as one would alone.
+    if (errno == ENOLCK || errno == ENOSYS || errno == EOPNOTSUPP || errno == EINVAL || errno == EBADF) break;
+    if (errno != EWOULDBLOCK && errno != EINTR) return Failed(folder, errno);
     if (i == kLockTries) {
       return Status(ErrorKind::kInputOutput, path + ": another program is writing in this folder");
     }

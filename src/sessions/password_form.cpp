@@ -1,7 +1,9 @@
 #include "sessions/password_form.h"
 
+#include <functional>
 #include <utility>
 
+#include "link/password_code.h"
 #include "sections/registry.h"
 #include "store/number_text.h"
 
@@ -36,6 +38,14 @@ std::string_view LastWordsOfTimer(TransferForm form) {
                                         : "Password incorrect or level password cannot set config.";
 }
 
+/** Packs the password for one call; its bytes do not stay. */
+bool Send(std::string_view password, const std::function<bool(const PackedPassword&)>& send) {
+  PackedPassword packed = *PackPassword(password);
+  const bool sent = send(packed);
+  Wipe(packed);
+  return sent;
+}
+
 }  // namespace
 
 PasswordForm::PasswordForm(Transfer& transfer) : transfer_(transfer) {
@@ -46,6 +56,11 @@ PasswordForm::PasswordForm(Transfer& transfer) : transfer_(transfer) {
 PasswordForm::~PasswordForm() {
   transfer_.waits().events().StopTimer(tmrChkResErr_);
   transfer_.messages().state().StopOnErrorReply = false;
+  Wipe(Text1);
+  for (NewPassword& level : levels) {
+    Wipe(level.password);
+    Wipe(level.retyped);
+  }
 }
 
 void PasswordForm::Command1() {
@@ -83,7 +98,7 @@ void PasswordForm::Check() {
     transfer_.LogLine("Send set mode (psw)..........................Failed");
     [[maybe_unused]] const bool failed = transfer_.Fail("Change to set mode failed (RE)");
     Close(false);
-  } else if (messages.CheckPassword(*PackPassword(Text1))) {
+  } else if (Send(Text1, [&](const PackedPassword& packed) { return messages.CheckPassword(packed); })) {
     SendNewPasswords();
   } else {
     messages.state().ErrorReplyFlag = false;  // one refusal is one box and one try
@@ -94,7 +109,10 @@ void PasswordForm::Check() {
 void PasswordForm::SendNewPasswords() {
   for (std::size_t i = 0; i < levels.size(); ++i) {
     if (!chkPSW || !levels[i].chkLV) continue;
-    if (transfer_.messages().SendConfig(kPasswordSections[i], *PackPassword(levels[i].password))) continue;
+    const auto send = [&](const PackedPassword& packed) {
+      return transfer_.messages().SendConfig(kPasswordSections[i], packed);
+    };
+    if (Send(levels[i].password, send)) continue;
     if (transfer_.form() == TransferForm::kBilling) {
       transfer_.LogLine("Update New Password Error. Try again");
     } else {
@@ -110,7 +128,7 @@ void PasswordForm::SendNewPasswords() {
 
 void PasswordForm::WrongPassword(std::string_view last_words) {
   [[maybe_unused]] const bool failed = transfer_.Fail("Password incorrect");
-  Text1.clear();
+  Wipe(Text1);
   if (transfer_.waits().aborted()) {
     Close(false);
   } else if (wrong_tries_ >= kMostTries) {

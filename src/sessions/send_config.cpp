@@ -61,6 +61,17 @@ void ShowStatistics(Transfer& transfer) {
   transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
 }
 
+/** A line that damages frames has most likely damaged one that its check byte did not show. */
+void AdviseCompare(Transfer& transfer) {
+  const std::int64_t damaged = transfer.line().statistics().FramesDamaged;
+  if (damaged == 0) return;
+  const std::string_view next = transfer.version() >= kLowestComparedVersion
+                                    ? "Send once more with compare."
+                                    : "Load the configuration and compare it with the project.";
+  transfer.view().Advise("The line damaged " + std::to_string(damaged) +
+                         " frames, and one in 256 of such passes its check. " + std::string(next));
+}
+
 End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
@@ -77,6 +88,7 @@ End TellSend(Transfer& transfer) {
     return End::kFailed;
   }
   ShowStatistics(transfer);
+  if (!compare) AdviseCompare(transfer);
   return End::kDone;
 }
 

@@ -31,6 +31,8 @@ class SessionView {
   virtual std::optional<std::string> AskSaveName() = 0;
   /** Shows the password form modally until it has closed itself. */
   virtual void ShowPassword(PasswordForm& form) = 0;
+  /** What the user had better do next, outside of the log window and of boxes; a view without a place for it leaves it. */
+  virtual void Advise(std::string_view) {}
   /** While a session works, nothing that would start a second one is offered. */
   virtual void SetBusy(bool busy) = 0;
 };

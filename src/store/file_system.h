@@ -49,8 +49,8 @@ class FileSystem {
    * `like` if that file exists. Leaves no file behind where it fails. */
   virtual Status WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
                           Flush flush) = 0;
-  /** Gives an existing file new bytes in place, space reserved first. Not safe against a crash in the middle.
-   */
+  /** Gives an existing file new bytes in place, space reserved first; on an error the old ones are put back. Not safe
+   * against a crash in the middle. */
   virtual Status Overwrite(const std::string& path, std::string_view bytes) = 0;
   /** Replaces `to` at once; the folder is flushed, too. */
   virtual Status Rename(const std::string& from, const std::string& to, Flush flush) = 0;

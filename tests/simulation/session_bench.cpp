@@ -97,6 +97,7 @@ std::unique_ptr<Port> SessionBench::ConnectTcp(const std::string&, const std::st
                                               : by == 1 || by == 3 ? Wire::kLink
                                                                    : Wire::kServer);
   }
+  if (wrap) return wrap(std::move(line.tool));
   return std::move(line.tool);
 }
 

@@ -22,6 +22,7 @@ class RecordingView : public SessionView {
   std::string log;
   std::vector<std::string> boxes;
   std::vector<std::string> questions;
+  std::vector<std::string> advice;
   std::vector<int> bars;
   std::vector<bool> answers;  // to questions in order; Yes behind the last
   std::vector<std::string> save_names;
@@ -38,6 +39,7 @@ class RecordingView : public SessionView {
   bool AskWithCompare(std::string_view question, bool& compare_box) override;
   std::optional<std::string> AskSaveName() override;
   void ShowPassword(PasswordForm& form) override;
+  void Advise(std::string_view text) override { advice.emplace_back(text); }
   void SetBusy(bool now_busy) override { busy = now_busy; }
 };
 
@@ -54,7 +56,7 @@ class SessionBench : public PortMaker {
   explicit SessionBench(int by, int version = 110, LineConditions conditions = {});
   ~SessionBench() override;
 
-  /** Opens a form, runs the session on it, and closes the form. */
+  /** Opens a form, runs the session on it, and closes the form. What a form may not leave behind fails the test. */
   bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
   /** The first bytes of the commands that the exchange carried out or refused, in order, as CODE or
    * CODE:SECTION. */
@@ -77,7 +79,8 @@ class SessionBench : public PortMaker {
   std::vector<LineSettings> opened;                                       // serial ports asked for
   PortState port_state = PortState::kOpen;                                // what the next port is like
   std::function<void(VirtualPort& tool, VirtualPort& exchange)> on_line;  // sees each line when it is made
-  Transfer* transfer = nullptr;                                           // the open form's
+  std::function<std::unique_ptr<Port>(std::unique_ptr<Port>)> wrap;  // puts a port in front of the tool's
+  Transfer* transfer = nullptr;                                      // the open form's
   int by;
 };
 

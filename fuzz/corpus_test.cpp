@@ -1,0 +1,46 @@
+// Every input that the fuzz targets start from, and every one that they ever found, runs through its target.
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+using FuzzTarget = int(const std::uint8_t* data, std::size_t size);
+// Each target's one function under the target's name; the build names them so.
+extern "C" {
+FuzzTarget line_bytes_fuzz;
+FuzzTarget practice_exchange_fuzz;
+FuzzTarget project_file_fuzz;
+FuzzTarget section_image_fuzz;
+FuzzTarget settings_fuzz;
+FuzzTarget stream_reader_fuzz;
+}
+
+namespace tarvok::test {
+namespace {
+
+TEST(Fuzz, TheCorpusRuns) {
+  const std::pair<const char*, FuzzTarget*> targets[] = {
+      {"line_bytes_fuzz", line_bytes_fuzz},     {"practice_exchange_fuzz", practice_exchange_fuzz},
+      {"project_file_fuzz", project_file_fuzz}, {"section_image_fuzz", section_image_fuzz},
+      {"settings_fuzz", settings_fuzz},         {"stream_reader_fuzz", stream_reader_fuzz},
+  };
+  for (const auto& [name, target] : targets) {
+    int inputs = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::string(TARVOK_SOURCE_DIR "/fuzz/corpus/") + name)) {
+      SCOPED_TRACE(entry.path().string());
+      std::ifstream file(entry.path(), std::ios::binary);
+      const std::string bytes(std::istreambuf_iterator<char>(file), {});
+      EXPECT_EQ(target(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()), 0);
+      ++inputs;
+    }
+    EXPECT_GT(inputs, 0) << name;
+  }
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/posix_file_system.h"
+#include "sessions/store_loaded.h"
+#include "store/new_project.h"
+#include "tests/end_to_end/stopped_process.h"
+#include "tests/simulation/session_bench.h"
+
+namespace tarvok::test {
+
+namespace fs = std::filesystem;
+
+inline void Write(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+inline std::string Read(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/** A project of about that many bytes that says `mark` at both ends. */
+inline std::string ProjectOf(std::size_t size, const std::string& mark) {
+  std::string text = "[Chk_Tarvok]\r\nChk=tarvok\r\nMark=" + mark + "\r\n[Name]\r\n";
+  for (int row = 0; text.size() < size; ++row) text += std::to_string(row) + "=A guest room of the hotel\r\n";
+  return text + "[End]\r\nMark=" + mark + "\r\n";
+}
+
+inline void Mark(IniEdit& edit, const std::string& mark) {
+  edit.Set("Chk_Tarvok", "Mark", mark);
+  edit.Set("End", "Mark", mark);
+}
+
+/** The port maker of a session that never opens one. */
+class NoPorts : public PortMaker {
+  std::unique_ptr<Port> OpenSerial(int, const LineSettings&) override { return nullptr; }
+  std::unique_ptr<Port> ConnectTcp(const std::string&, const std::string&) override { return nullptr; }
+};
+
+/** A folder with a project in it, and everything that changes a project's bytes. */
+class ProjectFolder : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "tarvok-whole-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return folder_ + "/" + name; }
+
+  int Save() const {
+    PosixFileSystem files;
+    ProjectStore store(files);
+    return store.Update(Path("p.tvk"), [](IniEdit& edit) { Mark(edit, "new"); }).ok() ? 0 : 1;
+  }
+  int New() const {
+    PosixFileSystem files;
+    ProjectStore store(files);
+    return NewDefault(store, Path("system.tvs"), Path("p.tvk")).ok() ? 0 : 1;
+  }
+  int ReplaceByLoaded() const {
+    PosixFileSystem files;
+    ProjectStore store(files);
+    VirtualEvents events;
+    RecordingView view;
+    NoPorts ports;
+    SendLog log;
+    Transfer transfer({.events = events,
+                       .ports = ports,
+                       .store = store,
+                       .view = view,
+                       .log = log,
+                       .project_file = Path("settings.tvk"),
+                       .load_target = Path("p.tvk"),
+                       .system_file = Path("system.tvs"),
+                       .temp_file = Path("outcfg.tvk")},
+                      TransferForm::kConnect);
+    return StoreLoaded(transfer) && view.boxes.empty() ? 0 : 1;
+  }
+  int SetByCommand() const {
+    const std::string program = TARVOK_BIN_DIR "/tarvokctl";
+    const int quiet = ::open("/dev/null", O_WRONLY);
+    ::dup2(quiet, STDERR_FILENO);
+    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // the leak check can't run in a process that is watched
+    ::execl(program.c_str(), program.c_str(), "set", Path("p.tvk").c_str(), "End", "Mark", "new", nullptr);
+    return 99;
+  }
+
+  /** Every way in which a project's bytes change, with a size, and which of its calls are worth a stop each. */
+  struct Change {
+    const char* name;
+    int (ProjectFolder::*make)() const;
+    std::size_t size;
+    Calls killed_at;
+    Calls failing;
+  };
+  static constexpr std::size_t kSmall = 1'000;
+  static constexpr std::size_t kLarge = 198'000;
+  static constexpr Change kChanges[] = {
+      {"a save", &ProjectFolder::Save, kSmall, Calls::kAll, Calls::kOfFiles},
+      {"a large save", &ProjectFolder::Save, kLarge, Calls::kOfFiles, Calls::kThatChange},
+      {"a new project", &ProjectFolder::New, kSmall, Calls::kThatChange, Calls::kOfFiles},
+      {"a large new project", &ProjectFolder::New, kLarge, Calls::kThatChange, Calls::kThatChange},
+      {"a load's replacement", &ProjectFolder::ReplaceByLoaded, kLarge, Calls::kOfFiles, Calls::kThatChange},
+      {"the command line's set", &ProjectFolder::SetByCommand, kLarge, Calls::kThatChange,
+       Calls::kThatChange},
+  };
+
+  void Prepare(std::size_t size) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_)) fs::remove_all(entry);
+    before_ = ProjectOf(size, "before");
+    Write(Path("p.tvk"), before_);
+    Write(Path("system.tvs"), ProjectOf(size, "system"));
+    Write(Path("outcfg.tvk"), ProjectOf(size, "loaded"));
+    Write(Path("settings.tvk"), "[Chk_Tarvok]\r\nBPS=9600\r\n");
+  }
+
+  std::string folder_;
+  std::string before_;
+};
+
+}  // namespace tarvok::test

@@ -1,0 +1,258 @@
+#include "tests/simulation/simulated_run.h"
+
+#include <sstream>
+
+#include "sections/registry.h"
+#include "sessions/billing_files.h"
+#include "sessions/compare_bytes.h"
+#include "sessions/load_config.h"
+#include "sessions/mini_bar_transfer.h"
+#include "sessions/ping.h"
+#include "sessions/send_alone.h"
+#include "sessions/send_config.h"
+#include "store/header_keys.h"
+#include "tests/sections/coder_case.h"
+
+namespace tarvok::test {
+namespace {
+
+constexpr const char* kBillingFolder = "/b";
+
+bool Tell(SimulatedRun::Kind kind, Transfer& transfer) {
+  switch (kind) {
+    case SimulatedRun::kLoad:
+      return LoadConfiguration(transfer);
+    case SimulatedRun::kLinkTable:
+      return SendLinkTable(transfer);
+    case SimulatedRun::kIp:
+      return SendIpAddress(transfer);
+    case SimulatedRun::kMiniBar:
+      return SendMiniBarList(transfer);
+    case SimulatedRun::kMiniBarLoad:
+      return LoadMiniBarList(transfer);
+    case SimulatedRun::kBilling:
+      return SendBillingFiles(transfer, kBillingFolder);
+    case SimulatedRun::kPing:
+      return PingExchange(transfer);
+    default:
+      return SendConfiguration(transfer);
+  }
+}
+
+TransferForm FormOf(SimulatedRun::Kind kind) {
+  if (kind == SimulatedRun::kBilling) return TransferForm::kBilling;
+  return kind == SimulatedRun::kMiniBarLoad ? TransferForm::kMiniBar : TransferForm::kConnect;
+}
+
+Wire WireOf(int by) {
+  return by == 4 ? Wire::kLan : (by == 0 ? Wire::kServer : Wire::kLink);
+}
+
+/** The bench of a run, its exchange holding the example hotel where the session loads. */
+class Stage {
+ public:
+  explicit Stage(const SimulatedRun& run)
+      : run_(run),
+        trouble_(run.trouble),
+        bench_(run.by, run.version, {.faults = FaultPlan{.error_reply = run.error_reply}, .seed = run.seed}) {
+    bench_.files.Put(std::string(kBillingFolder) + "/tbl0.bil", std::string(3000, 'a'));
+    bench_.view.compare = run.kind == SimulatedRun::kCompare;
+    [[maybe_unused]] const Status set = bench_.store.SetIniValue(
+        SessionBench::kProject, kHeaderSection, connection_key::kCompare, bench_.view.compare ? "1" : "");
+    if (run.kind == SimulatedRun::kLoad) FillExchange();
+    bench_.wrap = [this](std::unique_ptr<Port> port) {
+      return std::make_unique<TroubledPort>(
+          bench_.events, std::move(port), trouble_, run_.seed, WireOf(run_.by),
+          [this](const std::string& wrong) { Broken(wrong); }, outcome_.units);
+    };
+  }
+
+  SimulatedOutcome Play() {
+    before_ = bench_.files.Bytes(SessionBench::kProject);
+    outcome_.done = Session(run_.kind);
+    outcome_.simulated_ms = bench_.events.Tick_ms();
+    JudgeAlways();
+    if (outcome_.done && IsSend()) JudgeArrived();
+    if (outcome_.done && run_.kind == SimulatedRun::kLoad) JudgeLoaded();
+    if (run_.another_after) JudgeAnother();
+    for (const std::string& box : bench_.view.boxes) outcome_.log += "box: " + box + "\r\n";
+    outcome_.log = bench_.view.log + outcome_.log + "---- send.log ----\r\n" + bench_.send_log;
+    return std::move(outcome_);
+  }
+
+  bool Session(SimulatedRun::Kind kind) {
+    // The one wait without a limit is left as a user leaves it.
+    constexpr int kPatience_ms = 6 * 3600 * 1000;
+    const auto patience = bench_.events.CallLater(kPatience_ms, [this] {
+      if (bench_.transfer != nullptr) bench_.transfer->Abort();
+    });
+    const bool done = bench_.Run([&](Transfer& transfer) { return Tell(kind, transfer); }, FormOf(kind));
+    bench_.events.StopTimer(patience);
+    return done;
+  }
+
+  SessionBench& bench() { return bench_; }
+
+ private:
+  void Broken(const std::string& rule) {
+    if (outcome_.broken.size() < 5) outcome_.broken.push_back(rule);
+  }
+  bool IsSend() const { return run_.kind == SimulatedRun::kSend || run_.kind == SimulatedRun::kCompare; }
+  bool ReadsBack() const {
+    return run_.kind == SimulatedRun::kCompare && run_.version >= kLowestComparedVersion;
+  }
+
+  void FillExchange() {
+    for (const Section* section : SendPlan(run_.version)) {
+      const Layout* layout = section->LayoutAt(run_.version, Direction::kSend);
+      bench_.memory.sections()[section->number] = Encoded(layout->encode, layout->size, HotelText()).bytes();
+    }
+  }
+
+  void JudgeAlways() {
+    const bool loads = run_.kind == SimulatedRun::kLoad || run_.kind == SimulatedRun::kMiniBarLoad;
+    if (bench_.events.gave_up()) Broken("a wait without an end");
+    if (!(outcome_.done && loads) && bench_.files.Bytes(SessionBench::kProject) != before_) {
+      Broken("the open project changed without a yes");
+    }
+    if (!outcome_.done && bench_.view.boxes.empty() && bench_.view.log.empty())
+      Broken("a failure without a word");
+  }
+
+  /** Whether something may come so late that it was asked for again: out and back it is late twice. */
+  bool OutlivesALimit() const {
+    constexpr int kLinkChases_ms = 1000;
+    constexpr int kShortestWait_ms = 3000;
+    const int limit_ms = UsesFrames() ? kLinkChases_ms : kShortestWait_ms;
+    return run_.trouble.late > 0 && 2 * run_.trouble.late_ms >= limit_ms;
+  }
+  bool UsesFrames() const { return WireOf(run_.by) == Wire::kLink; }
+
+  /**
+   * Done means that the exchange holds what the project says. Where nothing is read back that can't be promised on
+   * every line: a damaged bit may pass the sum, and an OK that comes twice, or behind its time limit, or behind
+   * another, is taken for the next pack's, for nothing in it names its pack. Where it is read back, only an exchange
+   * that lies about the section's size is believed.
+   */
+  void JudgeArrived() {
+    const Trouble& trouble = run_.trouble;
+    const bool ok_may_lie = trouble.flip > 0 || trouble.dup > 0 || trouble.reorder > 0 ||
+                            trouble.wrong_sequence > 0 || OutlivesALimit();
+    if (ReadsBack() ? trouble.wrong_size > 0 : ok_may_lie) return;
+    for (const Section* section : SendPlan(run_.version)) {
+      const Layout* layout = section->LayoutAt(run_.version, Direction::kSend);
+      const Bytes wanted = Encoded(layout->encode, layout->size, HotelText()).bytes();
+      if (bench_.memory.sections()[section->number] == wanted) continue;
+      Broken("done, but section " + std::to_string(section->number) + " differs at the exchange");
+    }
+  }
+
+  /** A load that is done gives what one over a line without troubles gives, but where a pack may come twice. */
+  void JudgeLoaded() {
+    const Trouble& trouble = run_.trouble;
+    if (trouble.flip > 0 || trouble.dup > 0 || trouble.reorder > 0 || trouble.wrong_size > 0 ||
+        trouble.drop > 0 || OutlivesALimit()) {
+      return;
+    }
+    Stage clean({.kind = SimulatedRun::kLoad, .by = run_.by, .version = run_.version});
+    clean.Session(SimulatedRun::kLoad);
+    if (clean.bench().files.Bytes(SessionBench::kProject) != bench_.files.Bytes(SessionBench::kProject)) {
+      Broken("a load that is done gave another project");
+    }
+  }
+
+  /** Whatever happened before, the next session over a mended line says what it says to a fresh exchange. */
+  void JudgeAnother() {
+    constexpr SimulatedRun::Kind kNext = SimulatedRun::kLinkTable;
+    trouble_ = {};
+    if (run_.error_reply > 0) return;  // those come from the exchange, not from the line
+    const std::string first_log = std::exchange(bench_.view.log, {});
+    const std::vector<std::string> first_boxes = std::exchange(bench_.view.boxes, {});
+    const bool done = Session(kNext);
+    Stage fresh({.kind = kNext, .by = run_.by, .version = run_.version});
+    const bool fresh_done = fresh.Session(kNext);
+    if (done != fresh_done || bench_.view.log != fresh.bench().view.log ||
+        bench_.view.boxes != fresh.bench().view.boxes) {
+      Broken("the next session is not as a fresh one: " + bench_.view.log);
+    }
+    bench_.view.log = first_log + bench_.view.log;
+    bench_.view.boxes = first_boxes;
+  }
+
+  SimulatedRun run_;
+  Trouble trouble_;
+  SimulatedOutcome outcome_;
+  std::string before_;
+  SessionBench bench_;
+};
+
+}  // namespace
+
+SimulatedRun RunOf(std::uint64_t seed) {
+  Chances chances(seed);
+  const auto pick = [&](std::size_t count) { return static_cast<int>(chances.Pick(count)); };
+  constexpr double kRates[] = {0.001, 0.01, 0.05, 0.2};
+  const auto rate = [&](std::size_t one_in) {
+    const double rate_of_it = kRates[pick(4)];
+    return pick(one_in) == 0 ? rate_of_it : 0;
+  };
+  SimulatedRun run;
+  run.seed = seed;
+  run.kind = static_cast<SimulatedRun::Kind>(pick(SimulatedRun::kKinds));
+  run.by = pick(5);
+  run.version = pick(2) == 0 ? kHighestVersion : kLowestVersion + pick(11);
+  Trouble& trouble = run.trouble;
+  trouble.drop = rate(4);
+  trouble.flip = rate(4);
+  trouble.dup = rate(4);
+  trouble.late = rate(4);
+  constexpr int kDelays_ms[] = {5, 50, 900, 2500, 5000, 20'000, 60'000};
+  trouble.late_ms = kDelays_ms[pick(7)];
+  const bool network = run.by == 0 || run.by >= 3;
+  const double reorder = rate(6);
+  trouble.reorder = network ? reorder : 0;
+  trouble.wrong_sequence = rate(8);
+  trouble.wrong_size = rate(8);
+  trouble.wrong_section = rate(8);
+  trouble.stranger = rate(6);
+  const int units = pick(2000);
+  if (pick(8) == 0) trouble.silent_after = units;
+  if (pick(8) == 0) trouble.hangup_after = units;
+  run.error_reply = rate(6) / 2;
+  run.another_after = pick(4) == 0;
+  return run;
+}
+
+std::string Described(const SimulatedRun& run) {
+  constexpr const char* kNames[] = {"send",     "compare",       "load",    "link table", "ip",
+                                    "mini bar", "mini bar load", "billing", "ping"};
+  const Trouble& trouble = run.trouble;
+  std::ostringstream text;
+  text << "seed " << run.seed << ": " << kNames[run.kind] << " by " << run.by << " version " << run.version;
+  const std::pair<const char*, double> chances[] = {
+      {"drop", trouble.drop},
+      {"flip", trouble.flip},
+      {"dup", trouble.dup},
+      {"reorder", trouble.reorder},
+      {"late", trouble.late},
+      {"wrong-sequence", trouble.wrong_sequence},
+      {"wrong-size", trouble.wrong_size},
+      {"wrong-section", trouble.wrong_section},
+      {"stranger", trouble.stranger},
+      {"error-reply", run.error_reply},
+  };
+  for (const auto& [name, chance] : chances) {
+    if (chance > 0) text << ' ' << name << '=' << chance;
+  }
+  if (trouble.late > 0) text << " late-ms=" << trouble.late_ms;
+  if (trouble.lost) text << " lost=" << *trouble.lost;
+  if (trouble.silent_after) text << " silent-after=" << *trouble.silent_after;
+  if (trouble.hangup_after) text << " hangup-after=" << *trouble.hangup_after;
+  return text.str();
+}
+
+SimulatedOutcome Simulate(const SimulatedRun& run) {
+  return Stage(run).Play();
+}
+
+}  // namespace tarvok::test
