@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QMessageBox>
 #include <QString>
 
@@ -9,7 +11,9 @@ namespace tarvok {
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text);
 /** Yes and No; closing the box by its window is No. */
 bool AskYesNo(QWidget* parent, const QString& question);
-/** `frmMsgBox`: the question in front of a send, with the box "Compare Byte". */
-bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare);
+/** `frmMsgBox`: the question in front of a send, with the box "Compare Byte". `show_changes` is behind a button
+ * of the box, which stays open over it. */
+bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
+                       const std::function<void(QWidget* box)>& show_changes);
 
 }  // namespace tarvok

@@ -8,6 +8,8 @@
 #include "link/event_server.h"
 #include "link/port.h"
 #include "link/send_log.h"
+#include "shell/exchanged_copies.h"
+#include "store/history.h"
 #include "store/project_store.h"
 #include "store/settings_store.h"
 #include "store/shared_state.h"
@@ -23,7 +25,12 @@ struct DesktopParts {
   SharedState& state;
   std::string system_file;
   std::string temp_file;                    // where a load builds its project
-  std::function<SendLog::Sink()> open_log;  // starts the history anew; no sink where that can't be
+  std::function<SendLog::Sink()> open_log;  // starts the log anew; no sink where that can't be
+  History& history;
+  ExchangedCopies& copies;
+  KeepProject keep;              // before whatever replaces or saves a project
+  std::string practice_program;  // path of the practice exchange
+  std::string practice_folder;   // what it holds
 };
 
 /** The window's own per-user settings, each named once. */

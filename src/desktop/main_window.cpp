@@ -9,10 +9,11 @@
 #include "desktop/boxes.h"
 #include "desktop/help.h"
 #include "desktop/shown_text.h"
+#include "store/new_project.h"
 
 namespace tarvok {
 
-MainWindow::MainWindow(DesktopParts& parts) : parts_(parts), dialogs_(parts.settings) {
+MainWindow::MainWindow(DesktopParts& parts) : parts_(parts), dialogs_(parts.settings), practice_(parts) {
   setObjectName(QStringLiteral("MDIForm1"));
   MakeActions();
   MakeMenus();
@@ -29,6 +30,9 @@ void MainWindow::Show(const FrameLook& look) {
   new_->setEnabled(look.can_open);
   open_->setEnabled(look.can_open);
   close_->setEnabled(look.can_close);
+  versions_->setEnabled(look.has_commands);
+  find_action_->setEnabled(look.has_commands);
+  if (!look.has_commands) find_->hide();
   tree_->ShowCommands(look.has_commands,
                       [this](const Command& command) { return frame_->IsOffered(command); });
   if (!look.has_commands) {
@@ -64,11 +68,13 @@ void MainWindow::CriticalBox(std::string_view text) {
 }
 
 bool MainWindow::Ask(std::string_view question) {
-  return AskYesNo(this, MessageText(question, PageOf(parts_.settings)));
+  if (!AskYesNo(this, MessageText(question, PageOf(parts_.settings)))) return false;
+  if (question == kFileExists) parts_.keep(new_file_, kBeforeNew);
+  return true;
 }
 
 std::string MainWindow::ChooseNewFile() {
-  return dialogs_.ChooseNewFile(this, QStringLiteral("New"));
+  return new_file_ = WithProjectExtension(dialogs_.ChooseNewFile(this, QStringLiteral("New")));
 }
 
 std::string MainWindow::ChooseExistingFile() {

@@ -15,8 +15,10 @@
 #include "desktop/command_tree.h"
 #include "desktop/desktop_parts.h"
 #include "desktop/file_dialogs.h"
+#include "desktop/find_dialog.h"
 #include "desktop/overview_pane.h"
 #include "desktop/pane_form.h"
+#include "desktop/practice_process.h"
 #include "desktop/start_pane.h"
 #include "shell/main_frame.h"
 
@@ -66,6 +68,13 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void FocusTree() { tree_->setFocus(Qt::ShortcutFocusReason); }
   void SwitchSides();
   void OpenTransfer();
+  void Find() { find_->Open(); }
+  void EarlierVersions();
+  bool IsOffered(const Place& place) const;
+  bool GoTo(const Place& place);
+  void ShowPractice();
+  void UsePractice();
+  void ConnectToPractice();
   void RestoreLayout();
   void KeepLayout();
 
@@ -76,6 +85,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QAction* open_ = nullptr;
   QAction* close_ = nullptr;
   QAction* exit_ = nullptr;
+  QAction* versions_ = nullptr;
+  QAction* find_action_ = nullptr;
   QAction* help_ = nullptr;
   std::array<QAction*, RecentFiles::kCount> recent_{};
   QAction* dash3_ = nullptr;
@@ -84,6 +95,10 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QStackedWidget* pane_ = nullptr;
   StartPane* start_ = nullptr;
   OverviewPane* overview_ = nullptr;
+  FindDialog* find_ = nullptr;
+  PracticeProcess practice_;
+  bool wants_practice_ = false;  // the open project is to connect to it as soon as it is ready
+  std::string new_file_;         // chosen last
   bool ending_ = false;
   bool busy_ = false;
 };

@@ -49,6 +49,10 @@ void MainWindow::MakeActions() {
                  icon("application-exit", QStyle::SP_DialogCancelButton), &MainWindow::Exit);
   help_ = MakeAction(QStringLiteral("mnu_help"), QStringLiteral("&Help for this form"),
                      {QKeySequence(Qt::Key_F1)}, {}, &MainWindow::Help);
+  versions_ = MakeAction(QStringLiteral("mnu_versions"), QStringLiteral("Earlier &Versions..."), {}, {},
+                         &MainWindow::EarlierVersions);
+  find_action_ = MakeAction(QStringLiteral("mnu_find"), QStringLiteral("&Find Anywhere..."),
+                            {QKeySequence::Find}, {}, &MainWindow::Find);
   exit_->setMenuRole(QAction::QuitRole);
   for (std::size_t i = 0; i < recent_.size(); ++i) {
     const int entry = static_cast<int>(i) + 1;
@@ -64,6 +68,7 @@ void MainWindow::MakeMenus() {
   menu->addActions({new_, open_});
   menu->addSeparator();
   menu->addAction(close_);
+  menu->addAction(versions_);
   menu->addSeparator();
   for (QAction* recent : recent_) menu->addAction(recent);
   dash3_ = menu->addSeparator();
@@ -85,6 +90,7 @@ QAction* MainWindow::MakeChoice(QActionGroup* group, const QString& text, std::s
 }
 
 void MainWindow::MakeViewMenu() {
+  menuBar()->addMenu(QStringLiteral("&Edit"))->addAction(find_action_);
   QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
   view->addAction(MakeAction(QStringLiteral("mnu_tree"), QStringLiteral("Command &Tree"),
                              {QKeySequence(Qt::CTRL | Qt::Key_T)}, {}, &MainWindow::FocusTree));
@@ -150,8 +156,17 @@ void MainWindow::MakePanes() {
   pane_ = new QStackedWidget;
   start_ = new StartPane({.create = [this] { frame_->New(); },
                           .open = [this] { frame_->Open(); },
-                          .open_recent = [this](int entry) { frame_->OpenRecent(entry); }});
-  overview_ = new OverviewPane(parts_, [this] { OpenTransfer(); });
+                          .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
+                          .start_practice = [this] { practice_.Start(); }});
+  overview_ = new OverviewPane(parts_, {.open_transfer = [this] { OpenTransfer(); },
+                                        .use_practice = [this] { UsePractice(); },
+                                        .is_offered = [this](const Place& place) { return IsOffered(place); },
+                                        .go = [this](const Place& place) { GoTo(place); }});
+  find_ = new FindDialog(parts_,
+                         {.is_offered = [this](const Place& place) { return IsOffered(place); },
+                          .go = [this](const Place& place) { return GoTo(place); }},
+                         this);
+  practice_.set_on_change([this] { ShowPractice(); });
   pane_->addWidget(start_);
   pane_->addWidget(overview_);
   splitter_->addWidget(tree_);

@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/headings.h"
-#include "desktop/read_only_files.h"
 #include "desktop/shown_text.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/port_def.h"
@@ -58,19 +57,10 @@ class Spot : public QWidget {
   CardFamily family_;
 };
 
-/** The lines that a transfer form shows. The form may write defaults back; a look at the project may not. */
-std::vector<std::string> ConnectionLines(DesktopParts& parts) {
-  ReadOnlyFiles files(parts.store.files());
-  ProjectStore store(files);
-  ConnectionSettings settings;
-  [[maybe_unused]] const Status not_written =
-      ReadConnection(store, parts.state.ProjectFile, EmptySpeed::kWrittenBack, settings);
-  return SummaryLines(settings);
-}
-
 }  // namespace
 
-OverviewPane::OverviewPane(DesktopParts& parts, std::function<void()> open_transfer) : parts_(parts) {
+OverviewPane::OverviewPane(DesktopParts& parts, Commands commands)
+    : parts_(parts), commands_(std::move(commands)) {
   setObjectName(QStringLiteral("Overview"));
   setAccessibleName(QStringLiteral("Overview of the project"));
   setFrameShape(QFrame::NoFrame);
@@ -100,7 +90,10 @@ OverviewPane::OverviewPane(DesktopParts& parts, std::function<void()> open_trans
   layout->addWidget(MakeLegend());
   layout->addSpacing(16);
   layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Connection")), 1.2));
-  layout->addWidget(MakeConnection(std::move(open_transfer)));
+  layout->addWidget(MakeConnection());
+  layout->addSpacing(16);
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Check")), 1.2));
+  layout->addWidget(MakeFindings());
   layout->addStretch();
   setWidget(page);
 }
@@ -134,22 +127,6 @@ QWidget* OverviewPane::MakeLegend() {
   return row;
 }
 
-QWidget* OverviewPane::MakeConnection(std::function<void()> open_transfer) {
-  auto* row = new QWidget;
-  auto* layout = new QHBoxLayout(row);
-  layout->setContentsMargins(0, 0, 0, 0);
-  connection_ = new QLabel;
-  connection_->setObjectName(QStringLiteral("ConnectionLine"));
-  connection_->setTextFormat(Qt::PlainText);
-  connection_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  auto* transfer = new QPushButton(QStringLiteral("&Transfer Config..."));
-  transfer->setObjectName(QStringLiteral("cmdTransfer"));
-  connect(transfer, &QPushButton::clicked, this, std::move(open_transfer));
-  layout->addWidget(connection_, 1);
-  layout->addWidget(transfer);
-  return row;
-}
-
 void OverviewPane::ShowProject() {
   const std::string& file = parts_.state.ProjectFile;
   const std::shared_ptr<const IniText> project = parts_.store.Snapshot(file);
@@ -171,10 +148,8 @@ void OverviewPane::ShowProject() {
                                              : QStringLiteral("and %1 groups out").arg(summary.groups_out)));
   groups_->setText(Large(summary.hunt_groups, {}));
 
-  const CodePage& page = PageOf(parts_.settings);
-  QStringList lines;
-  for (const std::string& line : ConnectionLines(parts_)) lines += MessageText(line, page).trimmed();
-  connection_->setText(lines.join(QStringLiteral("  \u00B7  ")));
+  ShowConnection(*project);
+  ShowFindings(project);
 }
 
 }  // namespace tarvok

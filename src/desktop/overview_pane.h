@@ -1,22 +1,33 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
 
 #include "desktop/desktop_parts.h"
 #include "desktop/rack_view.h"
+#include "shell/place.h"
 
 namespace tarvok {
 
-/** The pane of an open project while no editor is shown: its rack, what it amounts to, how it connects. */
+/** The pane of an open project while no editor is shown: its rack, what it amounts to, how it
+ * connects, how its last transfer went, and what the check finds in it. */
 class OverviewPane : public QScrollArea {
  public:
-  /** `open_transfer`: the button beside the connection. */
-  OverviewPane(DesktopParts& parts, std::function<void()> open_transfer);
+  struct Commands {
+    std::function<void()> open_transfer;
+    std::function<void()> use_practice;
+    std::function<bool(const Place&)> is_offered;  // there is a form that shows the place
+    std::function<void(const Place&)> go;
+  };
+
+  OverviewPane(DesktopParts& parts, Commands commands);
 
   /** Reads the open project afresh; one that went away meanwhile is told in its place. */
   void ShowProject();
@@ -24,9 +35,16 @@ class OverviewPane : public QScrollArea {
  private:
   QWidget* MakeTiles();
   QWidget* MakeLegend();
-  QWidget* MakeConnection(std::function<void()> open_transfer);
+  QWidget* MakeConnection();
+  QWidget* MakeFindings();
+  void ShowConnection(const IniText& project);
+  void ShowFindings(const std::shared_ptr<const IniText>& project);
+  void GoToFinding(const QListWidgetItem* item);
 
   DesktopParts& parts_;
+  Commands commands_;
+  std::shared_ptr<const IniText> checked_;  // the state of the project that the findings are of
+  std::vector<Place> places_;               // of the findings
   QLabel* name_ = nullptr;
   QLabel* folder_ = nullptr;
   QLabel* problem_ = nullptr;
@@ -37,6 +55,9 @@ class OverviewPane : public QScrollArea {
   QLabel* trunks_ = nullptr;
   QLabel* groups_ = nullptr;
   QLabel* connection_ = nullptr;
+  QLabel* last_transfer_ = nullptr;
+  QLabel* findings_text_ = nullptr;
+  QListWidget* findings_ = nullptr;
 };
 
 }  // namespace tarvok

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include <QCommandLinkButton>
 #include <QFileInfo>
 #include <QStyle>
 
@@ -13,7 +12,8 @@ namespace tarvok {
 namespace {
 
 constexpr int kMargin = 32;
-constexpr int kColumn = 560;  // wider lines are hard to read
+constexpr int kColumn = 560;     // wider lines are hard to read
+constexpr int kTextIndent = 36;  // below the texts of the buttons
 
 QCommandLinkButton* MakeButton(const QString& text, const QString& description, QStyle::StandardPixmap icon) {
   auto* button = new QCommandLinkButton(text, description);
@@ -40,14 +40,29 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
                             QStringLiteral("Starts from the supplied defaults"), QStyle::SP_FileIcon);
   auto* open = MakeButton(QStringLiteral("Open project"), QStringLiteral("A PBX config file (*.tvk)"),
                           QStyle::SP_DialogOpenButton);
+  practice_ =
+      MakeButton(QStringLiteral("Start a practice exchange"),
+                 QStringLiteral("To try everything without a real one; it runs on this computer alone"),
+                 QStyle::SP_ComputerIcon);
+  practice_->setObjectName(QStringLiteral("StartPractice"));
+  connect(practice_, &QCommandLinkButton::clicked, this, [this] { commands_.start_practice(); });
   create->setObjectName(QStringLiteral("StartNew"));
   open->setObjectName(QStringLiteral("StartOpen"));
   connect(create, &QCommandLinkButton::clicked, this, [this] { commands_.create(); });
   connect(open, &QCommandLinkButton::clicked, this, [this] { commands_.open(); });
-  for (QCommandLinkButton* button : {create, open}) {
+  for (QCommandLinkButton* button : {create, open, practice_}) {
     button->setMaximumWidth(kColumn);
     layout->addWidget(button);
   }
+  practice_text_ = new QLabel;
+  practice_text_->setObjectName(QStringLiteral("PracticeText"));
+  practice_text_->setTextFormat(Qt::PlainText);
+  practice_text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  practice_text_->setWordWrap(true);
+  practice_text_->setMaximumWidth(kColumn);
+  practice_text_->setContentsMargins(kTextIndent, 0, 0, 0);
+  practice_text_->hide();
+  layout->addWidget(practice_text_);
   layout->addSpacing(20);
   layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Opened last")), 1.2));
   none_ = MakeMuted(new QLabel(QStringLiteral("Projects that you open are listed here.")));
@@ -57,6 +72,12 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
   layout->addWidget(recent_);
   layout->addStretch();
   setWidget(page);
+}
+
+void StartPane::ShowPractice(const QString& text, bool can_start) {
+  practice_text_->setText(text);
+  practice_text_->setVisible(!text.isEmpty());
+  practice_->setEnabled(can_start);
 }
 
 void StartPane::ShowRecentFiles(const std::vector<std::string>& paths) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <QCommandLinkButton>
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -17,14 +18,20 @@ class StartPane : public QScrollArea {
     std::function<void()> create;
     std::function<void()> open;
     std::function<void(int)> open_recent;  // entry from 1
+    std::function<void()> start_practice;
   };
 
   explicit StartPane(Commands commands);
+
+  /** What is to be said of the practice exchange; whether it can be started. */
+  void ShowPractice(const QString& text, bool can_start);
 
   void ShowRecentFiles(const std::vector<std::string>& paths);
 
  private:
   Commands commands_;
+  QCommandLinkButton* practice_ = nullptr;
+  QLabel* practice_text_ = nullptr;
   QLabel* none_ = nullptr;
   QWidget* recent_ = nullptr;
 };

@@ -3,15 +3,19 @@
 #include <utility>
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QScrollBar>
 
 #include "desktop/boxes.h"
+#include "desktop/exchange_changes.h"
+#include "desktop/last_transfer.h"
 #include "desktop/password_dialog.h"
 #include "desktop/setting_dialog.h"
 #include "desktop/shown_text.h"
 #include "link/modem_reply.h"
+#include "sessions/store_loaded.h"
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
@@ -53,10 +57,30 @@ void TransferDialog::Run(const TransferAction& action) {
   if (running_ != nullptr || leaving_) return;
   running_ = &action;
   const std::string folder = txtFolder_ == nullptr ? std::string() : PathBytes(txtFolder_->text().trimmed());
+  began_ = false;
+  const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.ProjectFile);
   // How it ended stands in the log window and its boxes.
-  [[maybe_unused]] const bool done = action.run(*transfer_, folder);
+  const bool done = action.run(*transfer_, folder);
   running_ = nullptr;
+  if (began_ && action.carries != Carries::kNothing) Remember(action, done, *before);
   if (close_wanted_) Leave();
+}
+
+/** What the exchange holds now is known after a whole send or load. A project that somebody changed while it
+ * was being sent went in pieces of either state. */
+void TransferDialog::Remember(const TransferAction& action, bool done, const IniText& before) {
+  const std::string& project = parts_.state.ProjectFile;
+  KeepLastTransfer(parts_.settings, parts_.store.files(), project,
+                   {.time_s = QDateTime::currentSecsSinceEpoch(),
+                    .loaded = action.loads,
+                    .done = done,
+                    .what = Words(action.text).remove(QLatin1Char('&')).toStdString()});
+  if (!done || action.carries != Carries::kAll) return;
+  const std::shared_ptr<const IniText> now = parts_.store.Snapshot(action.loads ? parts_.temp_file : project);
+  if (!action.loads && SentPart(before) != SentPart(*now)) return;
+  if (now->bytes().empty()) return;
+  const Status kept = parts_.copies.Keep(transfer_->settings(), now->bytes());
+  if (!kept.ok()) log_.Line(kept.message());
 }
 
 /** A load, a call that is being dialled, and whatever waits without a limit can be given up. A send that talks
@@ -115,16 +139,20 @@ void TransferDialog::Box(BoxKind kind, std::string_view text) {
 }
 
 bool TransferDialog::Ask(std::string_view question) {
-  return AskYesNo(this, Letters(question));
+  if (!AskYesNo(this, Letters(question))) return false;
+  if (question == kReplaceQuestion) parts_.keep(parts_.state.ProjectFile, kBeforeLoad);
+  return true;
 }
 
 bool TransferDialog::AskWithCompare(std::string_view question, bool& compare) {
-  return AskWithCompareBox(this, Letters(question), compare);
+  return AskWithCompareBox(this, Letters(question), compare,
+                           [this](QWidget* box) { ShowWhatWillChange(parts_, transfer_->settings(), box); });
 }
 
 std::optional<std::string> TransferDialog::AskSaveName() {
   const std::string name = dialogs_.ChooseNewFile(this, QStringLiteral("Save loaded config"));
   if (name.empty()) return std::nullopt;
+  parts_.keep(name, kBeforeLoad);  // the name of another project may be chosen
   return name;
 }
 
@@ -137,6 +165,7 @@ void TransferDialog::ShowPassword(PasswordForm& form) {
 void TransferDialog::SetBusy(bool busy) {
   for (QWidget* control : idle_controls_) control->setEnabled(!busy);
   if (busy) {
+    began_ = true;
     bar_->reset();
     Elapsed(0);
     direction_->Start(running_ == nullptr || !running_->loads);

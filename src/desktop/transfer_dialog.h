@@ -64,6 +64,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   void OpenTransfer();
   void ShowSummary();
   void Run(const TransferAction& action);
+  void Remember(const TransferAction& action, bool done, const IniText& before);
   void Leave();
   bool MayGiveUp() const;
   void OpenSettings();
@@ -79,6 +80,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   SendLog log_;
   std::unique_ptr<Transfer> transfer_;
   const TransferAction* running_ = nullptr;
+  bool began_ = false;         // the session went on behind its first question
   bool leaving_ = false;       // the last words to the exchange are being said
   bool close_wanted_ = false;  // the session unwinds, then the form goes
   QString debug_word_;

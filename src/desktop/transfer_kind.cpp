@@ -18,8 +18,9 @@ bool Plain(Transfer& transfer, const std::string&) {
 }
 
 constexpr std::string_view kConfigLogHead = "Send Config History...";
-constexpr TransferAction kPing = {"cmdIdle", "&Ping Test", "Asks the exchange for an answer; changes nothing",
-                                  false, Plain<PingExchange>};
+constexpr TransferAction kPing = {
+    "cmdIdle", "&Ping Test",      "Asks the exchange for an answer; changes nothing",
+    false,     Carries::kNothing, Plain<PingExchange>};
 
 }  // namespace
 
@@ -30,14 +31,14 @@ const TransferKind& ConnectKind() {
       .title = "Transfer Config",
       .log_head = kConfigLogHead,
       .actions = {{"cmdWrite", "Send &Data Config", "Sends the whole configuration to the exchange", false,
-                   Plain<SendConfiguration>},
+                   Carries::kAll, Plain<SendConfiguration>},
                   {"cmdLoad", "&Load Data Config", "Reads the whole configuration from the exchange", true,
-                   Plain<LoadConfiguration>},
+                   Carries::kAll, Plain<LoadConfiguration>},
                   {"cmdSendRoute", "Send PBX Link &Table", "Sends the PBX link table alone", false,
-                   Plain<SendLinkTable>},
+                   Carries::kPart, Plain<SendLinkTable>},
                   {"cmdSendIP", "Send New &IP PBX", "Sends the exchange its new IP address", false,
-                   Plain<SendIpAddress>},
-                  {"cmdSendMiniBar", "Send Mini &Bar", "Sends the mini bar list alone", false,
+                   Carries::kPart, Plain<SendIpAddress>},
+                  {"cmdSendMiniBar", "Send Mini &Bar", "Sends the mini bar list alone", false, Carries::kPart,
                    Plain<SendMiniBarList>},
                   kPing},
   };
@@ -51,9 +52,9 @@ const TransferKind& MiniBarKind() {
       .title = "Transfer Mini Bar",
       .log_head = kConfigLogHead,
       .actions = {{"cmdWrite", "&Send Mini Bar", "Sends the 512 records to the exchange", false,
-                   Plain<SendMiniBarList>},
+                   Carries::kPart, Plain<SendMiniBarList>},
                   {"cmdLoad", "&Load Mini Bar", "Reads the 512 records from the exchange", true,
-                   Plain<LoadMiniBarList>}},
+                   Carries::kPart, Plain<LoadMiniBarList>}},
   };
   return kind;
 }
@@ -65,7 +66,7 @@ const TransferKind& BillingKind() {
       .title = "Transfer File Billing",
       .log_head = "Send Billing History",
       .actions = {{"cmdWrite", "&Send Billing Files", "Sends the tables of the folder to the exchange", false,
-                   SendBillingFiles},
+                   Carries::kPart, SendBillingFiles},
                   kPing},
       .has_folder = true,
   };

@@ -17,12 +17,16 @@ namespace tarvok {
 /** Key of the header section: the folder that the billing form was left with. */
 inline constexpr std::string_view kLastBilling = "LastBil";
 
+/** How much of a project a session carries. */
+enum class Carries { kNothing, kPart, kAll };
+
 /** A button of a transfer form and the session behind it. */
 struct TransferAction {
   std::string_view control;  // `cmdWrite`
   std::string_view text;
   std::string_view tip;
   bool loads;
+  Carries carries;
   /** `folder` is what stands in the form's folder field, "" without one. */
   bool (*run)(Transfer& transfer, const std::string& folder);
 };

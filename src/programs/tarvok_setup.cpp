@@ -1,5 +1,6 @@
 // tarvok-setup: the technician's program. Here, and only here, its parts are put together.
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -9,18 +10,22 @@
 #include <QLockFile>
 #include <QStandardPaths>
 
+#include "desktop/boxes.h"
 #include "desktop/colours.h"
+#include "desktop/forms/editor_page.h"
 #include "desktop/io/qt_event_server.h"
 #include "desktop/io/qt_port_maker.h"
 #include "desktop/io/qt_settings.h"
 #include "desktop/io/stop_signals.h"
 #include "desktop/main_window.h"
+#include "desktop/project_keeper.h"
 #include "desktop/shown_text.h"
 #include "desktop/transfer_kind.h"
 #include "platform/log_file.h"
 #include "platform/posix_file_system.h"
 #include "programs/ctl/places.h"
 #include "shell/main_frame.h"
+#include "store/new_project.h"
 
 namespace tarvok {
 namespace {
@@ -30,6 +35,16 @@ SendLog::Sink OpenLog() {
   auto file = std::make_shared<LogFile>();
   if (!file->Open(ctl::DefaultLog()).ok()) return {};
   return [file](std::string_view text) { file->Write(text); };
+}
+
+/** A folder of this user's data. */
+std::string DataFolder(std::string_view name) {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return InFolder(PathBytes(data + QStringLiteral("/Tarvok config")), name);
+}
+
+bool MakeFolder(const std::string& folder) {
+  return QDir().mkpath(PathText(folder));
 }
 
 /** Whether another instance of this user is running; one that died leaves no trace. */
@@ -51,6 +66,17 @@ std::string ProjectArgument() {
   return PathBytes(QDir::cleanPath(QDir().absoluteFilePath(arguments.constFirst())));
 }
 
+/** The form of every command: here alone they meet the frame. */
+std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow& window) {
+  std::map<std::string_view, FormFactory> forms = {
+      {"connect", MakeTransferFactory(parts, ConnectKind(), &window)},
+      {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), &window)},
+      {"billing", MakeTransferFactory(parts, BillingKind(), &window)},
+      {"about", [&window](const FormContext& context) { return MakeAboutForm(window, context); }}};
+  for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, window);
+  return forms;
+}
+
 int Run(int argc, char** argv) {
   QApplication application(argc, argv);
   const std::string project = ProjectArgument();
@@ -61,14 +87,25 @@ int Run(int argc, char** argv) {
   QtEventServer events;
   QtPortMaker ports(settings);
   SharedState state;
-  DesktopParts parts{.events = events,
-                     .ports = ports,
-                     .store = store,
-                     .settings = settings,
-                     .state = state,
-                     .system_file = ctl::SystemFile(),
-                     .temp_file = ctl::TemporaryProject(),
-                     .open_log = OpenLog};
+  History history(files, DataFolder("history"), MakeFolder);
+  ExchangedCopies copies(files, DataFolder("exchanges"), MakeFolder);
+  ProjectKeeper keeper(history, [](const std::string& text) {
+    ShowBox(QApplication::activeWindow(), QMessageBox::Warning, Words(text));
+  });
+  DesktopParts parts{
+      .events = events,
+      .ports = ports,
+      .store = store,
+      .settings = settings,
+      .state = state,
+      .system_file = ctl::SystemFile(),
+      .temp_file = ctl::TemporaryProject(),
+      .open_log = OpenLog,
+      .history = history,
+      .copies = copies,
+      .keep = [&keeper](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
+      .practice_program = InFolder(PathBytes(QCoreApplication::applicationDirPath()), "tarvok-exchange"),
+      .practice_folder = DataFolder("practice exchange")};
   RecentFiles recent(settings);
   MainWindow window(parts);
   MainFrame frame({.store = store,
@@ -76,12 +113,7 @@ int Run(int argc, char** argv) {
                    .state = state,
                    .view = window,
                    .system_file = parts.system_file,
-                   .forms = {{"connect", MakeTransferFactory(parts, ConnectKind(), &window)},
-                             {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), &window)},
-                             {"billing", MakeTransferFactory(parts, BillingKind(), &window)},
-                             {"about", [&window](const FormContext& context) {
-                                return MakeAboutForm(window, context);
-                              }}}});
+                   .forms = FormsOf(parts, window)});
   window.Attach(frame);
   QLockFile lock(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
                  QStringLiteral("/tarvok-setup.lock"));

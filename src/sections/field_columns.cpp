@@ -14,6 +14,7 @@ namespace {
 
 std::vector<Column> ColumnsOf(std::vector<FieldColumn>& columns) {
   std::vector<Column> made;
+  made.reserve(columns.size());
   for (FieldColumn& column : columns) made.push_back(std::move(column.column));
   return made;
 }
@@ -58,6 +59,28 @@ FieldColumn TypedColumn(int field, std::string title, EntryRule rule) {
   return {.field = field, .column = {.title = std::move(title), .rule = rule, .overlay = "txtMask"}};
 }
 
+FieldColumn LimitedColumn(int field, std::string title, const Field& statement, EntryRule rule,
+                          std::string overlay) {
+  FieldColumn made = ChoiceColumn(field, std::move(title), statement, std::move(overlay));
+  made.column.entry = made.column.list.empty() ? Entry::kText : Entry::kEditList;
+  made.column.rule = rule;
+  const auto name_of = made.shown;
+  const auto named = made.stored;
+  made.shown = [name_of, unset = statement.unset_as](std::string_view stored) {
+    if (stored == unset) return std::string();
+    const std::string name = name_of(stored);
+    return name.empty() ? CellText(stored) : name;
+  };
+  const std::string blank(statement.unset_as.empty() ? kUnset : statement.unset_as);
+  made.stored = [named, blank, highest = statement.high](std::string_view cell) {
+    if (cell.empty()) return blank;
+    std::string stored = named(cell);
+    if (stored != kUnset) return stored;
+    return Val(cell) > highest ? std::to_string(highest) : std::string(cell);
+  };
+  return made;
+}
+
 void RowNames::Add(int number, std::string name) {
   names_.emplace_back(number, std::move(name));
 }
@@ -89,6 +112,27 @@ std::vector<std::string> RowNames::Names() const {
   return names;
 }
 
+FieldColumn ReferenceColumn(int field, std::string title, const Field& statement, const RowNames& names,
+                            std::string overlay) {
+  FieldColumn made = ChoiceColumn(field, std::move(title), statement, std::move(overlay));
+  made.shown = [&names, named = made.shown](std::string_view stored) {
+    std::string name = named(stored);
+    return name.empty() ? names.NameOf(stored) : name;
+  };
+  made.stored = [&names, named = made.stored, width = statement.width](std::string_view cell) {
+    std::string stored = named(cell);
+    return stored == kUnset ? names.Stored(cell, width) : stored;
+  };
+  return made;
+}
+
+RowNames LabelledRows(const Table& table) {
+  RowNames names;
+  for (int number = table.rows.first; number <= table.rows.last; ++number)
+    names.Add(number, std::string(table.label).append(" ").append(std::to_string(number)));
+  return names;
+}
+
 RowNames AssignNumbers(const IniText& project) {
   RowNames names;
   for (int row = 1; row <= kAssignRows; ++row) {
@@ -102,7 +146,8 @@ RowNames PortNumbers(const IniText& project) {
   const RowNames numbers = AssignNumbers(project);
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
-    const std::string number = numbers.NameOf(GetField(RowValue(project, port_def::kTable, row), port_def::kNumber));
+    const std::string number =
+        numbers.NameOf(GetField(RowValue(project, port_def::kTable, row), port_def::kNumber));
     if (!number.empty()) names.Add(row, number);
   }
   return names;
@@ -150,28 +195,33 @@ void FieldTableForm::Load(const IniText& project) {
   grid().Clear();
   loaded_rows_ = RowsToShow(project);
   for (int number = 1; number <= loaded_rows_; ++number) {
-    const std::string_view value = RowValue(project, table_, number);
-    const FieldList fields(value);
-    TableRow row{.origin = number};
-    for (const FieldColumn& column : columns_) {
-      const std::string_view stored = table_.whole_value() ? value
-                                      : column.field > 0   ? fields[column.field]
-                                                           : std::string_view();
-      row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
-    }
-    ShowRow(value, row);
-    grid().Load(std::move(row));
+    grid().Load(ShownRow(number, RowValue(project, table_, number)));
   }
 }
 
+TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
+  const FieldList fields(value);
+  TableRow row{.origin = number};
+  for (const FieldColumn& column : columns_) {
+    const std::string_view stored = table_.whole_value() ? value
+                                    : column.field > 0   ? fields[column.field]
+                                                         : std::string_view();
+    row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
+  }
+  ShowRow(value, row);
+  return row;
+}
+
 std::string FieldTableForm::RowText(int row) const {
+  return TextOf(grid().row(row).cells);
+}
+
+std::string FieldTableForm::TextOf(const std::vector<std::string>& cells) const {
   std::string text;
-  const TableEditor& rows = grid();
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (columns_[i].field == 0) continue;
-    const std::string& cell = rows.Cell(row, static_cast<int>(i) + 1);
     if (!text.empty()) text += '|';
-    text += columns_[i].stored ? columns_[i].stored(cell) : FieldText(cell);
+    text += columns_[i].stored ? columns_[i].stored(cells[i]) : FieldText(cells[i]);
   }
   return text;
 }

@@ -34,6 +34,11 @@ FieldColumn ChoiceColumn(int field, std::string title, const Field& statement,
 /** A column that is typed as it is stored. */
 FieldColumn TypedColumn(int field, std::string title, EntryRule rule);
 
+/** A column of numbers up to the statement's highest, with entries for its named ones. A larger number is
+ * stored as the highest one, a blank by the statement's text for "not set". */
+FieldColumn LimitedColumn(int field, std::string title, const Field& statement, EntryRule rule,
+                          std::string overlay = "txtMask");
+
 /** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
 class RowNames {
  public:
@@ -52,6 +57,13 @@ class RowNames {
  private:
   std::vector<std::pair<int, std::string>> names_;
 };
+
+/** A column that shows a reference by the name of its row, in front of that its named values; a name without a
+ * row is stored as "F". `names` must outlive the column; what it offers the form says in `list_of`. */
+FieldColumn ReferenceColumn(int field, std::string title, const Field& statement, const RowNames& names,
+                            std::string overlay = "cmbMask");
+/** The rows of a table under its label and their numbers: "List 1", "List 2", ... */
+RowNames LabelledRows(const Table& table);
 
 /** The directory numbers by number row; unused rows have none. */
 RowNames AssignNumbers(const IniText& project);
@@ -81,6 +93,11 @@ class FieldTableForm : public TableForm {
  protected:
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;
+
+  /** The cells of a row with that number and value. */
+  TableRow ShownRow(int number, std::string_view value) const;
+  /** The columns' fields of these cells, joined by pipes. */
+  std::string TextOf(const std::vector<std::string>& cells) const;
 
   /** Builds what columns need of other sections; before the rows are read. */
   virtual void Prepare(const IniText& /*project*/) {}

@@ -96,14 +96,6 @@ std::string MovedFields(const Table& table, std::string_view value, const Table&
   return list;
 }
 
-void RecountMembers(IniEdit& project, const Table& table) {
-  int members = 0;
-  for (int number = table.rows.first; number <= table.rows.last; ++number) {
-    ForEachMember(project.Get(table.section, KeyOf(table, number)), [&](std::string_view) { ++members; });
-  }
-  project.Set(table.section, kNowKey, std::to_string(members));
-}
-
 }  // namespace
 
 std::vector<Reference> ReferencesTo(const IniText& project, const Table& target, int row) {
@@ -137,6 +129,14 @@ void RepairReferences(IniEdit& project, const IniText& before, const Table& move
   }
 }
 
+void RecountMembers(IniEdit& project, const Table& table) {
+  int members = 0;
+  for (int number = table.rows.first; number <= table.rows.last; ++number) {
+    ForEachMember(project.Get(table.section, KeyOf(table, number)), [&](std::string_view) { ++members; });
+  }
+  project.Set(table.section, kNowKey, std::to_string(members));
+}
+
 std::string WithField(std::string_view list, int n, std::string_view text) {
   std::size_t start = 0;
   for (int field = 0; start <= list.size();) {
@@ -146,6 +146,18 @@ std::string WithField(std::string_view list, int n, std::string_view text) {
     start = end + 1;
   }
   return std::string(list);
+}
+
+std::string PutField(std::string_view list, int n, std::string_view text) {
+  int count = FieldList(list).count();
+  if (count >= n) return WithField(list, n, text);
+  if (!list.empty() && list.back() == '|') list.remove_suffix(1);
+  std::string filled(list);
+  for (; count < n; ++count) {
+    if (!filled.empty()) filled += '|';
+    filled += count + 1 == n ? text : kUnset;
+  }
+  return filled;
 }
 
 }  // namespace tarvok

@@ -34,7 +34,12 @@ std::vector<Reference> ReferencesTo(const IniText& project, const Table& target,
  */
 void RepairReferences(IniEdit& project, const IniText& before, const Table& moved, const RowMoves& moves);
 
+/** Writes "Now" of a section that counts its members. */
+void RecountMembers(IniEdit& project, const Table& table);
+
 /** The list with its n-th field, as reading counts them, set to another text; everything else as it stands. */
 std::string WithField(std::string_view list, int n, std::string_view text);
+/** The same; a list that ends in front of the field is filled up to it with "F". */
+std::string PutField(std::string_view list, int n, std::string_view text);
 
 }  // namespace tarvok

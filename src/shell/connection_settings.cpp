@@ -30,6 +30,10 @@ int Id(std::string_view text) {
   return value < 0 || value > kNoId ? kNoId : static_cast<int>(value);
 }
 
+bool HasNegativeCard(const IniText& project, const ConnectionSettings& settings) {
+  return settings.dcpu != 0 && Val(project.Get(kHeaderSection, key::kCardId)) < 0;
+}
+
 std::string_view WayOf(int by) {
   switch (by) {
     case 1:
@@ -47,29 +51,39 @@ std::string_view WayOf(int by) {
 
 }  // namespace
 
-Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpeed empty_speed,
-                      ConnectionSettings& settings) {
-  const std::shared_ptr<const IniText> text = store.Snapshot(project);
-  const auto get = [&](std::string_view name) { return std::string(Trim(text->Get(kHeaderSection, name))); };
-
+ConnectionSettings ReadConnection(const IniText& project, EmptySpeed empty_speed) {
+  const auto get = [&](std::string_view name) {
+    return std::string(Trim(project.Get(kHeaderSection, name)));
+  };
+  ConnectionSettings settings;
   settings.by = SmallNumber(get(key::kBy));
   settings.port = PortNumber(get(key::kPort));
   settings.port_modem = PortNumber(get(key::kPortModem));
   settings.tel = get(key::kTel);
   settings.bps = get(key::kBps);
+  if (settings.bps.empty()) {
+    settings.bps = empty_speed == EmptySpeed::kWrittenBack ? kDefaultBps : kDefaultBpsShownOnly;
+  }
   settings.ip_host = get(key::kIpHost);
   settings.ip_port = get(key::kIpPort);
   settings.dcpu = SmallNumber(get(key::kDcpu));
   const std::int64_t cut = Val(get(key::kCut));
   settings.cut = cut < 0 || cut > 255 ? 0 : static_cast<int>(cut);
   settings.compare = get(key::kCompare) == "1";
-
-  const bool negative_card = settings.dcpu != 0 && Val(get(key::kCardId)) < 0;
   settings.pbx_id = settings.dcpu == 0 ? kNoId : Id(get(key::kPbxId));
-  settings.card_id = settings.dcpu == 0 ? kNoId : Id(get(key::kCardId));
-  if (negative_card) settings.card_id = 0;
-  const bool no_speed = settings.bps.empty() && empty_speed == EmptySpeed::kWrittenBack;
-  if (settings.bps.empty()) settings.bps = no_speed ? kDefaultBps : kDefaultBpsShownOnly;
+  settings.card_id = settings.dcpu == 0                   ? kNoId
+                     : HasNegativeCard(project, settings) ? 0
+                                                          : Id(get(key::kCardId));
+  return settings;
+}
+
+Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpeed empty_speed,
+                      ConnectionSettings& settings) {
+  const std::shared_ptr<const IniText> text = store.Snapshot(project);
+  settings = ReadConnection(*text, empty_speed);
+  const bool no_speed =
+      empty_speed == EmptySpeed::kWrittenBack && Trim(text->Get(kHeaderSection, key::kBps)).empty();
+  const bool negative_card = HasNegativeCard(*text, settings);
   if (!no_speed && !negative_card) return {};
   return store.Update(project, [&](IniEdit& edit) {
     if (no_speed) edit.Set(kHeaderSection, key::kBps, kDefaultBps);

@@ -51,6 +51,9 @@ enum class EmptySpeed {
   kShownOnly,    // "9600,n,81", which is not: the billing form
 };
 
+/** The keys with the defaults that a transfer form reads them with; nothing is written. */
+ConnectionSettings ReadConnection(const IniText& project, EmptySpeed empty_speed);
+
 /**
  * Reads the keys as a transfer form does on loading: empty ports are 1, an empty speed is "9600,n,8,1", ids
  * outside of 0 to 15 are 15, a negative card id is 0. What the form writes back (the speed, the card id) is

@@ -150,6 +150,17 @@ void MainFrame::ClickNode(int node) {
   parts_.view.SetBusyPointer(false);
 }
 
+bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
+  for (std::size_t i = 0; i < kCommands.size(); ++i) {
+    if (kCommands[i].key != command_key) continue;
+    ClickNode(static_cast<int>(i) + kFirstCommandNode);
+    if (form_ == nullptr || !SameName(form_->name(), kCommands[i].recorded)) return false;
+    form_->GoTo(place);
+    return true;
+  }
+  return false;
+}
+
 bool MainFrame::OpenForm(const Command& command) {
   const std::string active = parts_.state.ActiveFormName;
   if (active == command.CompareName()) return true;

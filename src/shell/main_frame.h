@@ -57,6 +57,9 @@ class MainFrame {
   /** Before the window goes, whatever makes it go: changes are saved. False if the form stays. */
   bool MayEnd();
   void ClickNode(int node);
+  /** Opens the command's form as a click on its node does, or finds it open, and has it show the place. False
+   * if the form does not come up. */
+  bool GoTo(std::string_view command_key, const Place& place);
   /** Saves and unloads the open form if it has that name, blanks and case aside, and is one of the 32 that
    * close by name; any other name does nothing. False if that form stays open. */
   bool CloseActiveForm(std::string_view name);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/place.h"
 #include "store/shared_state.h"
 
 namespace tarvok {
@@ -23,6 +24,8 @@ class Form {
   virtual bool Save_File() = 0;
   /** Closes without a question. False if it can't go just now, for a session works in it; it stays then. */
   virtual bool Unload() = 0;
+  /** Shows a place of its section: row and field get the focus. A form that has no such place does nothing. */
+  virtual void GoTo(const Place&) {}
 };
 
 /** What the frame lends to a form that it opens. */

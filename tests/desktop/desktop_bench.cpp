@@ -22,7 +22,52 @@ class ConnectingPort : public Port {
   void Close() override {}
 };
 
-std::filesystem::path MakeFolder() {
+/** A line with nobody at its end. */
+class DeadPort : public ConnectingPort {
+ public:
+  PortState state() const override { return PortState::kOpen; }
+  bool Send(std::span<const std::uint8_t>) override { return true; }
+};
+
+/** A line that is lost behind the first pack of a section that is read. */
+class LosingPort : public Port {
+ public:
+  explicit LosingPort(std::unique_ptr<Port> line) : line_(std::move(line)) {
+    line_->set_on_bytes([this](std::span<const std::uint8_t> bytes) {
+      constexpr std::size_t kFirstPack = 64;
+      constexpr std::size_t kCode = 3;
+      if (lost_) return;
+      lost_ = bytes.size() >= kFirstPack && bytes[kCode] == kSectionCode;
+      GiveBytes(lost_ ? bytes.first(kFirstPack) : bytes);
+    });
+    line_->set_on_closed([this](std::string_view reason) { GiveClosed(reason); });
+  }
+  PortState state() const override { return line_->state(); }
+  std::string error() const override { return line_->error(); }
+  bool Send(std::span<const std::uint8_t> bytes) override { return line_->Send(bytes); }
+  PortAnswer SetControlLines(bool dtr, bool rts) override { return line_->SetControlLines(dtr, rts); }
+  void Discard() override { line_->Discard(); }
+  void Close() override { line_->Close(); }
+
+ private:
+  static constexpr std::uint8_t kSectionCode = 0x82;
+
+  std::unique_ptr<Port> line_;
+  bool lost_ = false;
+};
+
+/** A form that only notes where it is sent. */
+class ShownForm : public PaneForm {
+ public:
+  ShownForm(PaneHost& host, std::vector<Place>& gone_to)
+      : PaneForm(host, "frmGroupOfHunt", new QWidget), gone_to_(gone_to) {}
+  void GoTo(const Place& place) override { gone_to_.push_back(place); }
+
+ private:
+  std::vector<Place>& gone_to_;
+};
+
+std::filesystem::path NewFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "tarvok-desktop-XXXXXX").string();
   EXPECT_NE(::mkdtemp(pattern.data()), nullptr);
   return pattern;
@@ -62,7 +107,7 @@ void Script::Run() {
 }
 
 DesktopBench::DesktopBench(Line line, const std::string& password)
-    : folder(MakeFolder()),
+    : folder(NewFolder()),
       project((folder / "hotel.tvk").string()),
       parts{.events = events,
             .ports = *this,
@@ -71,7 +116,12 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
             .state = state,
             .system_file = TARVOK_SOURCE_DIR "/data/system.tvs",
             .temp_file = (folder / "outcfg.tvk").string(),
-            .open_log = [this] { return [this](std::string_view text) { log += text; }; }},
+            .open_log = [this] { return [this](std::string_view text) { log += text; }; },
+            .history = history,
+            .copies = copies,
+            .keep = [this](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
+            .practice_program = QApplication::applicationDirPath().toStdString() + "/tarvok-exchange",
+            .practice_folder = (folder / "practice").string()},
       exchange(events, memory, {}, [](auto&&...) {}),
       listener([this](std::unique_ptr<Port> port) { exchange.Accept(std::move(port), Wire::kLan); }),
       line_(line) {
@@ -89,11 +139,18 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
       {{"connect", MakeTransferFactory(parts, ConnectKind(), window.get())},
        {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), window.get())},
        {"billing", MakeTransferFactory(parts, BillingKind(), window.get())},
+       {"groupofhunt", [this](const FormContext&) { return std::make_unique<ShownForm>(*window, gone_to); }},
        {"about", [this](const FormContext& context) { return MakeAboutForm(*window, context); }}}});
   window->Attach(*frame);
   frame->Start(false);
   window->show();
   QApplication::setActiveWindow(window.get());
+}
+
+bool DesktopBench::MakeFolder(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  return !error;
 }
 
 DesktopBench::~DesktopBench() {
@@ -102,13 +159,14 @@ DesktopBench::~DesktopBench() {
   std::filesystem::remove_all(folder);
 }
 
-std::unique_ptr<Port> DesktopBench::OpenSerial(int number, const LineSettings& line) {
-  return real_ports.OpenSerial(number, line);
+std::unique_ptr<Port> DesktopBench::OpenSerial(int, const LineSettings&) {
+  return std::make_unique<DeadPort>();
 }
 
 std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const std::string& port) {
   if (line_ == Line::kConnecting) return std::make_unique<ConnectingPort>();
   if (line_ == Line::kExchange) return real_ports.ConnectTcp(host, port);
+  if (line_ == Line::kLostInReading) return std::make_unique<LosingPort>(real_ports.ConnectTcp(host, port));
   auto nobody =
       std::make_unique<TcpListener>([this](std::unique_ptr<Port> end) { silent_.push_back(std::move(end)); });
   EXPECT_TRUE(nobody->Listen("127.0.0.1", 0).ok());

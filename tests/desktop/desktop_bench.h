@@ -16,6 +16,7 @@
 #include "desktop/io/qt_port_maker.h"
 #include "desktop/io/tcp_listener.h"
 #include "desktop/main_window.h"
+#include "desktop/project_keeper.h"
 #include "desktop/transfer_kind.h"
 #include "exchange/practice_exchange.h"
 #include "platform/posix_file_system.h"
@@ -58,10 +59,17 @@ class Script {
 };
 
 /** The program's window on the example hotel, with a practice exchange on loopback or a line that leads
- * nowhere. */
+ * nowhere. Its serial ports are open, and nobody is there. */
 class DesktopBench : public PortMaker {
  public:
-  enum class Line { kExchange, kSilent, kConnecting };
+  enum class Line {
+    kExchange,
+    kSilent,
+    kConnecting,
+    kLostInReading,  // nothing comes any more behind the first pack of a section that is read
+  };
+  /** What the test's own form of "1 - Setup Number" was asked to show. */
+  std::vector<Place> gone_to;
 
   explicit DesktopBench(Line line = Line::kExchange, const std::string& password = {});
   ~DesktopBench() override;
@@ -88,6 +96,11 @@ class DesktopBench : public PortMaker {
   SharedState state;
   RecentFiles recent{settings};
   std::string log;
+  static bool MakeFolder(const std::string& path);
+  History history{files, (folder / "data/history").string(), MakeFolder};
+  ExchangedCopies copies{files, (folder / "data/exchanges").string(), MakeFolder};
+  std::vector<std::string> told;  // what the keeper could not keep
+  ProjectKeeper keeper{history, [this](const std::string& text) { told.push_back(text); }};
   DesktopParts parts;
   ExchangeMemory memory{110};
   PracticeExchange exchange;

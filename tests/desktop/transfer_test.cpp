@@ -161,6 +161,33 @@ TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
   }
 }
 
+TEST(Transfer, ClosingWhileAModemDialsEndsTheForm) {
+  DesktopBench bench;
+  bench.frame->OpenProject(bench.project);
+  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "By", "2").ok());
+  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "Tel", "5551234").ok());
+  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
+                 LogHas("frmConnect", "Send Data Config by Modem"), CloseWindow("frmConnect")});
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+}
+
+TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
+  DesktopBench bench(DesktopBench::Line::kLostInReading);
+  bench.frame->OpenProject(bench.project);
+  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "compare", "1").ok());
+  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
+                 TypeIn("frmPassword2", "Text1", "1\r"), LogHas("frmConnect", "for compare..."),
+                 CloseWindow("frmConnect")});
+  bench.ClickCommand("connect");
+  EXPECT_TRUE(script.finished());
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+  const ConnectionSettings exchange =
+      ReadConnection(*bench.store.Snapshot(bench.project), EmptySpeed::kShownOnly);
+  EXPECT_FALSE(bench.copies.Find(exchange).ok());  // nobody knows what it holds now
+}
+
 TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
   DesktopBench bench(DesktopBench::Line::kExchange, "1234");
   bench.frame->OpenProject(bench.project);

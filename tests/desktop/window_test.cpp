@@ -111,6 +111,34 @@ TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
   EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"), "");  // it is the default project now
 }
 
+TEST(MainWindow, WhatIsNoProjectIsToldAndNothingOpens) {
+  DesktopBench bench;
+  const std::string untagged = (bench.folder / "untagged.tvk").string();
+  ASSERT_TRUE(bench.store.SetIniValue(untagged, kHeaderSection, kHeaderTag, "other").ok());
+  for (const std::string& path : {bench.folder.string(), untagged, (bench.folder / "gone.tvk").string()}) {
+    std::vector<std::string> boxes;
+    Script script({AnswerBox(QMessageBox::Ok, &boxes)});
+    EXPECT_FALSE(bench.frame->OpenProject(path));
+    EXPECT_THAT(boxes, testing::ElementsAre(std::string(kNotAProject))) << path;
+    EXPECT_EQ(Look(bench), NoProject());
+  }
+}
+
+TEST(MainWindow, RubbishInTheSettingsIsReadOver) {
+  DesktopBench bench;
+  bench.settings.values["Last Transfers/" + ProjectIdentity(bench.files, bench.project)] = "x|sent||";
+  for (const char* key : {"Geometry", "Splitter", "LastFolder", "CodePage", "Colours"}) {
+    bench.settings.values[std::string("Desktop/") + key] = "\x01rubbish=\xFF";
+  }
+  bench.frame->OpenProject(bench.project);
+  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(), testing::HasSubstr("Nothing was"));
+  MainWindow again(bench.parts);
+  again.Attach(*bench.frame);
+  again.show();
+  EXPECT_GT(again.width(), 600);
+  EXPECT_EQ(PageOf(bench.settings).name(), CodePage::All().front().name());
+}
+
 TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
   DesktopBench bench;
   const std::string text = bench.files.Read(bench.project).value();

@@ -7,39 +7,9 @@
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/windows_1252.h"
 #include "sections/check.h"
-#include "sections/difference.h"
+#include "sections/difference_words.h"
 
 namespace tarvok::ctl {
-namespace {
-
-constexpr std::string_view kFieldSign = " \u00B7 ";
-constexpr std::string_view kChangeSign = " \u2192 ";
-
-/** "(card 3)" for a row that only one of the projects has; a key that no statement knows has no words. */
-std::string OnlyIn(std::string_view which, const std::string& contents) {
-  std::string text(": only in the ");
-  text.append(which);
-  return contents.empty() ? text : text.append(" (").append(ToUtf8(contents)).append(")");
-}
-
-std::string LineOf(const Difference& difference) {
-  std::string line = ToUtf8(difference.row);
-  switch (difference.kind) {
-    case Difference::Kind::kOnlyInFirst:
-      return line.append(OnlyIn("first", difference.before));
-    case Difference::Kind::kOnlyInSecond:
-      return line.append(OnlyIn("second", difference.after));
-    case Difference::Kind::kField:
-      break;
-  }
-  if (!difference.field.empty()) line.append(kFieldSign).append(ToUtf8(difference.field));
-  return line.append(": ")
-      .append(ToUtf8(difference.before))
-      .append(kChangeSign)
-      .append(ToUtf8(difference.after));
-}
-
-}  // namespace
 
 int Check(ProjectStore& store, const std::string& project) {
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
@@ -61,7 +31,7 @@ int Diff(ProjectStore& store, const std::string& first, const std::string& secon
     return kNotComparable;
   }
   const std::vector<Difference> differences = CompareProjects(*a.value(), *b.value());
-  for (const Difference& difference : differences) std::cout << LineOf(difference) << '\n';
+  for (const Difference& difference : differences) std::cout << DifferenceLine(difference, ToUtf8) << '\n';
   return differences.empty() ? kDone : kFailed;
 }
 

@@ -1,11 +1,25 @@
-// The editors of system.
+// The editors of what belongs to the exchange as a whole.
 
 #include "sections/editors.h"
+#include "sections/system/frmBillingMode.h"
+#include "sections/system/frmMiniBar.h"
+#include "sections/system/frmPABXMode.h"
+#include "sections/system/frmRunScript.h"
+#include "sections/system/frmSetIP.h"
+#include "sections/system/frmSystemConfig.h"
 
 namespace tarvok {
 
 std::span<const Editor> SystemEditors() {
-  return {};
+  static constexpr Editor kEditors[] = {
+      {"systemconfig", {"frmSystemConfig", "frmSystemConfig", "System Configuration"}, Make<frmSystemConfig>},
+      {"pabxmode", {"frmPABXMode", "frmPABXMode", "PABX Mode"}, Make<frmPABXMode>},
+      {"billingmode", {"frmBillingMode", "frmBillingMode", "Billing Mode"}, Make<frmBillingMode>},
+      {"minibar", {"frmMiniBar", "frmMiniBar", "Mini Bar"}, Make<frmMiniBar>},
+      {"runscript", {"frmRunScript", "frmRunScript", "Run Script"}, Make<frmRunScript>},
+      {"setip", {"frmSetIP", "frmSetIP", "IP PBX"}, Make<frmSetIP>},
+  };
+  return kEditors;
 }
 
 }  // namespace tarvok

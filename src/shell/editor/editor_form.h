@@ -77,6 +77,8 @@ class EditorForm : public FormControls {
   virtual bool EndsWithoutProject() const { return false; }
 
   void MarkChanged() override;
+  /** The form itself has just written to the project: that is no change by others. */
+  void NoteOwnWrite() { loaded_ = context_.store.Snapshot(project_file()); }
   /** The two buttons at a form's end. */
   Layout OkAndCancel();
   const std::string& project_file() const { return context_.state.ProjectFile; }

@@ -65,6 +65,11 @@ EntryRule TextRule(int most) {
   return {.most = most, .fits = FitsText};
 }
 
+EntryRule LimitRule() {
+  constexpr int kHighest = 254;
+  return {.characters = kDigits, .most = 3, .fits = FitsUpTo<kHighest>};
+}
+
 EntryRule ByteRule() {
   constexpr int kHighest = 255;
   return {.characters = kDigits, .most = 3, .fits = FitsUpTo<kHighest>};

@@ -37,6 +37,8 @@ EntryRule DigitsRule(int most);
 EntryRule TextRule(int most);
 /** A number from 1 to 255: no leading zero, no third digit that would pass 255. */
 EntryRule ByteRule();
+/** A number from 1 to 254, where 255 means something else. */
+EntryRule LimitRule();
 
 /** The same for a highest number of two or three digits; a `fits` of rules. */
 template <int Highest>

@@ -27,9 +27,10 @@ struct Layout {
   };
 
   Kind kind = Kind::kColumn;
-  std::string text;            // title, label or note; name of a picture
-  std::string unit;            // behind a field's control
-  Control* control = nullptr;  // owned by the form
+  std::string text;                 // title, label or note; name of a picture
+  std::string unit;                 // behind a field's control
+  Control* control = nullptr;       // owned by the form
+  Control* unit_control = nullptr;  // a label that says the unit, where it changes
   int columns = 0;
   std::vector<Layout> parts;
 };
@@ -51,6 +52,9 @@ inline Layout Grid(int columns, std::vector<Layout> parts) {
 inline Layout Field(std::string label, Control& control, std::string unit = {}) {
   return {
       .kind = Layout::Kind::kField, .text = std::move(label), .unit = std::move(unit), .control = &control};
+}
+inline Layout Field(std::string label, Control& control, Control& unit) {
+  return {.kind = Layout::Kind::kField, .text = std::move(label), .control = &control, .unit_control = &unit};
 }
 inline Layout Of(Control& control) {
   return {.kind = Layout::Kind::kControl, .control = &control};

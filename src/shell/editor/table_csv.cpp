@@ -146,7 +146,8 @@ Status ImportCsv(TableEditor& table, std::string_view text) {
       if (fitting) {
         table.SetCell(row, column, *fitting);
       } else {
-        status = wrong(line, table.column(column).title, "\"" + cell + "\" " + why);
+        status =
+            wrong(line, table.column(column).title, std::string("\"").append(cell).append("\" ").append(why));
       }
     }
   }

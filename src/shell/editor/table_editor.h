@@ -51,7 +51,7 @@ struct Selection {
 /** The keys of a sort, in turn. Whole numbers compare as numbers and stand before texts; blanks stand last
  * both ways. Equal rows keep their order. */
 struct SortKey {
-  int column;
+  int column;                 // 0: the current one
   std::string blank_as = {};  // what a blank counts as, instead of standing last
 };
 

@@ -81,11 +81,12 @@ void TableForm::Sort(bool ascending) {
   table_.Sort(ascending);
 }
 
-void TableForm::LayOut(std::vector<Layout> above, std::vector<Layout> buttons) {
+void TableForm::LayOut(std::vector<Layout> above, std::vector<Layout> buttons, std::vector<Layout> beside) {
   std::vector<Layout> row = std::move(frame_buttons_);
   for (Layout& button : buttons) row.push_back(std::move(button));
   for (Layout& part : OkAndCancel().parts) row.push_back(std::move(part));
-  above.push_back(layout::Table());
+  beside.push_back(layout::Table());
+  above.push_back(beside.size() == 1 ? beside.front() : layout::Row(std::move(beside)));
   above.push_back(layout::Row(std::move(row)));
   SetLayout(layout::Column(std::move(above)));
 }

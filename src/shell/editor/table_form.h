@@ -28,8 +28,10 @@ class TableForm : public EditorForm {
  protected:
   TableEditor& grid() { return table_; }
   const TableEditor& grid() const { return table_; }
-  /** The table with the frame's buttons below it, `beside` above them, and Save and Cancel. */
-  void LayOut(std::vector<Layout> above = {}, std::vector<Layout> buttons = {});
+  /** The table with what stands above it, what stands in front of it, and the buttons below it: the frame's,
+   * the form's own, and Save and Cancel. */
+  void LayOut(std::vector<Layout> above = {}, std::vector<Layout> buttons = {},
+              std::vector<Layout> beside = {});
   void Sort(bool ascending);
   virtual bool sorts() const { return !table_.options().sort_by.empty(); }
 

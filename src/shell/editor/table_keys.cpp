@@ -102,11 +102,13 @@ void TableEditor::PressOpen(Key key) {
   if (key.code == KeyCode::kDelete && (kind != Entry::kText || !open_->text.empty())) return Write({});
   if (kind == Entry::kList) return;
   const std::string& text = open_->text;
+  const EntryRule& rule = column(column_).rule;
+  // An entry of the list that nobody could type is one thing: a part of it would mean nothing.
+  const bool whole = kind == Entry::kEditList && !TypeWhole(rule, text);
   if (key.code == KeyCode::kBackspace) {
-    if (!text.empty()) Write(std::string(text, 0, text.size() - 1));
+    if (!text.empty()) Write(std::string(text, 0, whole ? 0 : text.size() - 1));
   } else if (key.code == KeyCode::kCharacter) {
-    const std::optional<std::string> typed =
-        TypeCharacter(column(column_).rule, text, false, key.character, false);
+    const std::optional<std::string> typed = TypeCharacter(rule, text, whole, key.character, false);
     if (typed) Write(*typed);
   }
 }

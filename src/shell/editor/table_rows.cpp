@@ -27,10 +27,12 @@ struct SortText {
   }
 };
 
-bool ComesBefore(const TableRow& a, const TableRow& b, const std::vector<SortKey>& keys, bool ascending) {
+bool ComesBefore(const TableRow& a, const TableRow& b, const std::vector<SortKey>& keys, int current_column,
+                 bool ascending) {
   for (const SortKey& key : keys) {
+    const int column = key.column > 0 ? key.column : current_column;
     const auto cell = [&](const TableRow& row) -> const std::string& {
-      const std::string& text = row.cells[static_cast<std::size_t>(key.column) - 1];
+      const std::string& text = row.cells[static_cast<std::size_t>(column) - 1];
       return text.empty() ? key.blank_as : text;
     };
     const std::string& text_a = cell(a);
@@ -93,7 +95,7 @@ void TableEditor::Sort(bool ascending) {
   if (options_.sort_by.empty()) return;
   std::vector<TableRow> rows = rows_;
   std::stable_sort(rows.begin(), rows.end(), [&](const TableRow& a, const TableRow& b) {
-    return ComesBefore(a, b, options_.sort_by, ascending);
+    return ComesBefore(a, b, options_.sort_by, column_, ascending);
   });
   ReplaceRows(std::move(rows));
 }

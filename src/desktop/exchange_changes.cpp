@@ -1,0 +1,61 @@
+#include "desktop/exchange_changes.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
+
+#include "desktop/difference_list.h"
+#include "desktop/shown_text.h"
+#include "sections/routing/tbl_route.h"
+#include "sections/system/mini_bar.h"
+#include "sections/system/pbx_ip.h"
+#include "store/header_keys.h"
+
+namespace tarvok {
+namespace {
+
+constexpr SideNames kSides = {"exchange", "project"};
+
+}  // namespace
+
+std::string SentPart(const IniText& project) {
+  IniEdit edit(project);
+  for (const std::string_view section :
+       {kHeaderSection, tbl_route::kTable.section, mini_bar::kTable.section, pbx_ip::kAddress.section}) {
+    edit.DeleteSection(section);
+  }
+  return edit.Bytes();
+}
+
+void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("WhatWillChange"));
+  dialog.setWindowTitle(QStringLiteral("What Will Change"));
+  auto* list = new DifferenceList(
+      PageOf(parts.settings), kSides,
+      QStringLiteral("Nothing: the exchange has this configuration already, as far as this program knows."));
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* layout = new QVBoxLayout(&dialog);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setSpacing(12);
+  layout->addWidget(list, 1);
+  layout->addWidget(buttons);
+  dialog.resize(640, 400);
+
+  const Result<std::string> copy = parts.copies.Find(connection);
+  if (copy.ok()) {
+    const std::shared_ptr<const IniText> project = parts.store.Snapshot(parts.state.ProjectFile);
+    list->ShowDifferences(
+        CompareProjects(IniText(SentPart(IniText(copy.value()))), IniText(SentPart(*project))));
+  } else if (copy.status().kind() == ErrorKind::kNotFound) {
+    list->ShowText(QStringLiteral(
+        "Nothing was sent to this exchange or loaded from it on this computer yet, so there is "
+        "nothing to compare with. The send will replace the whole configuration of the exchange."));
+  } else {
+    list->ShowText(MessageText(copy.status().message(), PageOf(parts.settings)));
+  }
+  dialog.exec();
+}
+
+}  // namespace tarvok

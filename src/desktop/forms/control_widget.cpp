@@ -1,0 +1,287 @@
+#include "desktop/forms/control_widget.h"
+
+#include <algorithm>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTabBar>
+
+#include "desktop/forms/rule_filter.h"
+
+namespace tarvok {
+namespace {
+
+/** What all of them share. */
+template <typename Made>
+class Bound : public ControlWidget {
+ public:
+  Bound(FormControls& form, Control& control, const CodePage& page)
+      : form_(form), control_(control), page_(page), made_(new Made) {
+    made_->setObjectName(ControlName(control.id));
+  }
+  QWidget* widget() override { return made_; }
+  void Refresh() override {
+    const QSignalBlocker quiet(made_);
+    made_->setEnabled(control_.enabled);
+    made_->setVisible(control_.visible);
+    Show();
+  }
+
+ protected:
+  virtual void Show() = 0;
+  QString Letters(std::string_view bytes) const { return page_.ToLetters(bytes); }
+
+  FormControls& form_;
+  Control& control_;
+  const CodePage& page_;
+  Made* made_;
+};
+
+class Button : public Bound<QPushButton> {
+ public:
+  Button(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setAutoDefault(false);
+    QObject::connect(made_, &QPushButton::clicked, made_, [this] { form_.Click(control_); });
+  }
+
+ protected:
+  void Show() override {
+    made_->setText(Letters(control_.caption));
+    made_->setToolTip(Letters(control_.tip));
+  }
+};
+
+/** A check box or an option. Options are exclusive by the form's own rule. */
+template <typename Made>
+class Switch : public Bound<Made> {
+ public:
+  Switch(FormControls& form, Control& control, const CodePage& page) : Bound<Made>(form, control, page) {
+    this->made_->setAutoExclusive(false);
+    this->made_->setText(this->Letters(control.caption));
+    QObject::connect(this->made_, &Made::clicked, this->made_,
+                     [this](bool on) { this->form_.Turn(this->control_, on); });
+  }
+
+ protected:
+  void Show() override { this->made_->setChecked(this->control_.on); }
+};
+
+/** A box to type in: the rule sees every key, and a handler of the form's own before it. */
+class BoxWidget : public QLineEdit {
+ public:
+  std::function<bool(QKeyEvent*)> key;
+  std::function<void()> entered;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!key || !key(event)) QLineEdit::keyPressEvent(event);
+  }
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    if (entered && event->reason() != Qt::PopupFocusReason) entered();
+  }
+};
+
+class Box : public Bound<BoxWidget> {
+ public:
+  Box(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setText(Letters(control.text));
+    made_->setValidator(new RuleFilter(control.rule, page, made_->text(), made_));
+    made_->key = [this](QKeyEvent* event) { return TakesKey(event); };
+    made_->entered = [this] {
+      form_.Focus(control_);
+      if (control_.selected) made_->selectAll();
+    };
+    QObject::connect(made_, &QLineEdit::textEdited, made_, [this](const QString& text) {
+      if (!form_.EditText(control_, page_.ToBytes(text))) form_.ShortenText(control_, page_.ToBytes(text));
+    });
+    if (control.rule.most > 0) {
+      const int width =
+          made_->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (control.rule.most + 2) + 16;
+      made_->setMaximumWidth(std::max(width, 64));
+    }
+  }
+
+ protected:
+  void Show() override {
+    const QString text = Letters(control_.text);
+    if (made_->text() != text) made_->setText(text);
+    if (form_.focus() == &control_ && !made_->hasFocus() && made_->window()->isActiveWindow())
+      made_->setFocus();
+  }
+
+ private:
+  bool TakesKey(QKeyEvent* event) {
+    if (!control_.key) return false;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const std::string bytes = page_.ToBytes(event->text());
+    if (!enter && bytes.size() != 1) return false;
+    if (!control_.key(enter ? Key{KeyCode::kReturn} : Key::Of(bytes.front()))) return false;
+    form_.Settle();
+    return true;
+  }
+};
+
+class ListBox : public Bound<QListWidget> {
+ public:
+  ListBox(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection
+                                         : QAbstractItemView::SingleSelection);
+    made_->setAlternatingRowColors(true);
+    QObject::connect(made_, &QListWidget::itemSelectionChanged, made_, [this] { Chosen(); });
+  }
+
+ protected:
+  void Show() override {
+    if (shown_ != control_.entries) {
+      shown_ = control_.entries;
+      made_->clear();
+      for (const std::string& entry : shown_) made_->addItem(Letters(entry));
+    }
+    for (int row = 0; row < made_->count(); ++row) {
+      const auto& chosen = control_.chosen;
+      const bool on = control_.many ? std::find(chosen.begin(), chosen.end(), row) != chosen.end()
+                                    : row == control_.current;
+      made_->item(row)->setSelected(on);
+    }
+    if (control_.current != made_->currentRow()) {
+      made_->setCurrentRow(control_.current, QItemSelectionModel::NoUpdate);
+      if (made_->currentItem() != nullptr) made_->scrollToItem(made_->currentItem());
+    }
+  }
+
+ private:
+  void Chosen() {
+    std::vector<int> rows;
+    for (int row = 0; row < made_->count(); ++row) {
+      if (made_->item(row)->isSelected()) rows.push_back(row);
+    }
+    if (control_.many) {
+      form_.ChooseEntries(control_, std::move(rows));
+    } else if (!rows.empty() && rows.front() != control_.current) {
+      form_.ChooseEntry(control_, rows.front());
+    }
+  }
+  std::vector<std::string> shown_;
+};
+
+class ComboBox : public Bound<QComboBox> {
+ public:
+  ComboBox(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    QObject::connect(made_, &QComboBox::activated, made_,
+                     [this](int entry) { form_.ChooseEntry(control_, entry); });
+  }
+
+ protected:
+  void Show() override {
+    if (shown_ != control_.entries) {
+      shown_ = control_.entries;
+      made_->clear();
+      for (const std::string& entry : shown_) made_->addItem(Letters(entry));
+    }
+    made_->setCurrentIndex(control_.current);
+  }
+
+ private:
+  std::vector<std::string> shown_;
+};
+
+class Tabs : public Bound<QTabBar> {
+ public:
+  Tabs(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    for (const std::string& entry : control.entries) made_->addTab(Letters(entry));
+    made_->setExpanding(false);
+    QObject::connect(made_, &QTabBar::currentChanged, made_,
+                     [this](int tab) { form_.ChooseEntry(control_, tab); });
+  }
+
+ protected:
+  void Show() override { made_->setCurrentIndex(control_.current); }
+};
+
+class Scroll : public Bound<QScrollBar> {
+ public:
+  Scroll(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setOrientation(control.id.name.starts_with('V') ? Qt::Vertical : Qt::Horizontal);
+    made_->setRange(control.low, control.high);
+    made_->setPageStep(std::max(1, control.high - control.low));
+    QObject::connect(made_, &QScrollBar::valueChanged, made_,
+                     [this](int value) { form_.ChooseEntry(control_, value); });
+  }
+
+ protected:
+  void Show() override { made_->setValue(control_.current); }
+};
+
+class Text : public Bound<QLabel> {
+ public:
+  Text(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+    made_->setWordWrap(true);
+  }
+
+ protected:
+  void Show() override {
+    made_->setText(Letters(control_.text));
+    if (control_.text.empty()) made_->hide();
+  }
+};
+
+}  // namespace
+
+QString ControlName(const ControlId& id) {
+  QString name = QString::fromStdString(id.name);
+  if (id.index == kNoIndex) return name;
+  name += QStringLiteral("(%1").arg(id.index);
+  if (id.column != kNoIndex) name += QStringLiteral(",%1").arg(id.column);
+  return name + QLatin1Char(')');
+}
+
+std::unique_ptr<ControlWidget> MakeControlWidget(FormControls& form, Control& control, const CodePage& page,
+                                                 const QString& label) {
+  std::unique_ptr<ControlWidget> made;
+  switch (control.kind) {
+    case ControlKind::kButton:
+    case ControlKind::kMenu:
+      made = std::make_unique<Button>(form, control, page);
+      break;
+    case ControlKind::kText:
+      made = std::make_unique<Box>(form, control, page);
+      break;
+    case ControlKind::kCheck:
+      made = std::make_unique<Switch<QCheckBox>>(form, control, page);
+      break;
+    case ControlKind::kOption:
+      made = std::make_unique<Switch<QRadioButton>>(form, control, page);
+      break;
+    case ControlKind::kList:
+      made = std::make_unique<ListBox>(form, control, page);
+      break;
+    case ControlKind::kCombo:
+      made = std::make_unique<ComboBox>(form, control, page);
+      break;
+    case ControlKind::kTabs:
+      made = std::make_unique<Tabs>(form, control, page);
+      break;
+    case ControlKind::kScroll:
+      made = std::make_unique<Scroll>(form, control, page);
+      break;
+    case ControlKind::kLabel:
+      made = std::make_unique<Text>(form, control, page);
+      break;
+  }
+  QString name = label.isEmpty() ? page.ToLetters(control.caption) : label;
+  made->widget()->setAccessibleName(name.remove(QLatin1Char('&')).remove(QStringLiteral(" :")));
+  made->Refresh();
+  return made;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,177 @@
+#include "desktop/forms/editor_page.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "desktop/forms/pictures.h"
+#include "desktop/headings.h"
+#include "desktop/shown_text.h"
+
+namespace tarvok {
+
+EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame)
+    : parts_(parts), questions_(parts, this) {
+  setObjectName(QString::fromStdString(std::string(editor.name.form)));
+  setAccessibleName(Words(editor.name.title));
+  MakeForm(editor, frame);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(16, 12, 16, 12);
+  auto* head = new QHBoxLayout;
+  head->addWidget(MakeHeading(new QLabel(Words(editor.name.title)), 1.4));
+  head->addStretch();
+  changed_ = MakeMuted(new QLabel);
+  changed_->setObjectName(QStringLiteral("lblDataChanged"));
+  head->addWidget(changed_);
+  column->addLayout(head);
+  if (table_form_ != nullptr) column->addWidget(MakeToolRow());
+  view_ = new FormView(
+      *form_, {.page = PageOf(parts_.settings),
+               .make_picture = [this](const std::string& name,
+                                      FormControls& form) { return MakePicture(name, form, parts_); },
+               .make_table = [this] { return MakeTable(); },
+               .refresh_table = [this] { RefreshTable(); }});
+  column->addWidget(view_, 1);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("Refused"));
+  note_->setWordWrap(true);
+  note_->hide();
+  column->addWidget(note_);
+  MakeEditMenu();
+  if (table_ != nullptr) setFocusProxy(table_);
+  Acted();
+}
+
+EditorPage::~EditorPage() {
+  if (table_ != nullptr) table_->KeepColumns(parts_.settings, std::string(form_->name().form));
+  delete edit_menu_;
+  delete view_;
+}
+
+void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
+  form_ = OpenEditor(editor, {.store = parts_.store,
+                              .state = parts_.state,
+                              .questions = questions_,
+                              .system_file = parts_.system_file,
+                              .keep =
+                                  [this](std::string_view reason) {
+                                    if (parts_.keep) parts_.keep(parts_.state.ProjectFile, reason);
+                                  },
+                              .end_program = frame.exit_program});
+  table_form_ = dynamic_cast<TableForm*>(form_.get());
+  // The form is still in the handler that closed it: it goes behind that.
+  form_->on_closed = [this, closed = frame.closed] {
+    setEnabled(false);
+    QTimer::singleShot(0, this, closed);
+  };
+}
+
+QWidget* EditorPage::MakeTable() {
+  model_ = new TableModel(*form_->table(), PageOf(parts_.settings), this);
+  table_ = new TableView(*model_, [this] { Acted(); });
+  table_->setAccessibleName(Words(form_->title()) + QStringLiteral(" table"));
+  table_->RestoreColumns(parts_.settings, std::string(form_->name().form));
+  return table_;
+}
+
+/** Behind everything that a person did to the table. */
+void EditorPage::Acted() {
+  form_->FocusTable();
+  if (table_form_ != nullptr) ShowNote();
+  form_->Settle();
+}
+
+void EditorPage::RefreshTable() {
+  if (table_ != nullptr) table_->Refresh();
+  changed_->setText(parts_.state.DataChanged ? QStringLiteral("Changed") : QString());
+}
+
+void EditorPage::ShowNote() {
+  const std::vector<Refusal> refused = table_form_->refused();
+  table_form_->Note({});
+  if (refused.empty()) {
+    note_->hide();
+    return;
+  }
+  const CodePage& page = PageOf(parts_.settings);
+  const Refusal& first = refused.front();
+  QString text = QStringLiteral("Left out: row %1, %2: \"%3\" %4")
+                     .arg(first.row)
+                     .arg(Words(form_->table()->column(first.column).title), page.ToLetters(first.text),
+                          Words(first.why));
+  if (refused.size() > 1) text += QStringLiteral(", and %1 more").arg(refused.size() - 1);
+  note_->setText(text);
+  note_->show();
+}
+
+void EditorPage::Commit() {
+  QWidget* focus = QApplication::focusWidget();
+  if (focus != nullptr && isAncestorOf(focus) && focus != table_) focus->clearFocus();
+}
+
+void EditorPage::GoTo(const Place& place) {
+  if (form_->ShowPlace(place.section, place.row, place.field)) view_->Refresh();
+}
+
+void EditorPage::ClickControl(const char* control) {
+  Commit();
+  if (Control* found = form_->Find({control}); found != nullptr) form_->Click(*found);
+  if (table_form_ != nullptr) ShowNote();
+}
+
+void EditorPage::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  auto* main = qobject_cast<QMainWindow*>(window());
+  if (main != nullptr && edit_menu_ != nullptr && menu_in_bar_ == nullptr) {
+    const QList<QAction*> menus = main->menuBar()->actions();
+    menu_in_bar_ = main->menuBar()->insertMenu(menus.size() > 1 ? menus[1] : nullptr, edit_menu_);
+  }
+}
+
+void EditorPage::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  auto* main = qobject_cast<QMainWindow*>(window());
+  if (main != nullptr && menu_in_bar_ != nullptr) main->menuBar()->removeAction(menu_in_bar_);
+  menu_in_bar_.clear();
+}
+
+namespace {
+
+/** An editor as the main frame sees it. The page goes behind the event that closed it. */
+class EditorPaneForm : public Form {
+ public:
+  EditorPaneForm(PaneHost& host, EditorPage* page) : host_(host), page_(page) {}
+  ~EditorPaneForm() override {
+    if (page_ == nullptr) return;
+    host_.RemoveFromPane(page_);
+    page_->deleteLater();
+  }
+  EditorPaneForm(const EditorPaneForm&) = delete;
+  EditorPaneForm& operator=(const EditorPaneForm&) = delete;
+
+  std::string_view name() const override { return page_->form().name().recorded; }
+  void Show() override { host_.ShowInPane(page_); }
+  bool Save_File() override {
+    page_->Commit();
+    return page_->form().Save_File();
+  }
+  bool Unload() override { return true; }
+  void GoTo(const Place& place) override { page_->GoTo(place); }
+
+ private:
+  PaneHost& host_;
+  QPointer<EditorPage> page_;
+};
+
+}  // namespace
+
+FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host) {
+  return [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
+    return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame));
+  };
+}
+
+}  // namespace tarvok

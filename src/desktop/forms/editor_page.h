@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <QWidget>
+
+#include "desktop/desktop_parts.h"
+#include "desktop/forms/form_view.h"
+#include "desktop/forms/table_model.h"
+#include "desktop/forms/table_view.h"
+#include "desktop/forms/window_questions.h"
+#include "desktop/pane_form.h"
+#include "sections/editors.h"
+#include "shell/editor/table_form.h"
+
+namespace tarvok {
+
+/** An editor in the pane: its form, and for a table what people expect of one around it. */
+class EditorPage : public QWidget {
+ public:
+  EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame);
+  ~EditorPage() override;
+
+  EditorForm& form() { return *form_; }
+  /** What is still being typed goes to the form. */
+  void Commit();
+  void GoTo(const Place& place);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void MakeForm(const Editor& editor, const FormContext& frame);
+  QWidget* MakeTable();
+  QWidget* MakeToolRow();
+  void MakeEditMenu();
+  QAction* AddMenuEntry(const char* control, const QString& text, const QList<QKeySequence>& keys);
+  QAction* AddAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
+                     std::function<void()> run);
+  void Acted();
+  void RefreshTable();
+  void ShowNote();
+  void TakeClipboard();
+  void FindAndReplace();
+  void ImportFile();
+  void ExportFile();
+  void ClickControl(const char* control);
+  TableForm* table_form() { return table_form_; }
+
+  DesktopParts& parts_;
+  WindowQuestions questions_;
+  std::unique_ptr<EditorForm> form_;
+  TableForm* table_form_ = nullptr;  // the same form, if it is a table
+  TableModel* model_ = nullptr;
+  TableView* table_ = nullptr;
+  FormView* view_ = nullptr;
+  QLineEdit* filter_ = nullptr;
+  QLabel* note_ = nullptr;
+  QLabel* changed_ = nullptr;
+  QMenu* edit_menu_ = nullptr;
+  QPointer<QAction> menu_in_bar_;
+};
+
+/** The factory of a command whose form is an editor. */
+FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host);
+
+}  // namespace tarvok

@@ -1,0 +1,208 @@
+#include "desktop/forms/form_view.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QTimer>
+
+#include "desktop/headings.h"
+#include "desktop/shown_text.h"
+
+namespace tarvok {
+namespace {
+
+/** What grows with the window. */
+bool Grows(const Layout& part) {
+  switch (part.kind) {
+    case Layout::Kind::kTable:
+    case Layout::Kind::kPicture:
+    case Layout::Kind::kStretch:
+      return true;
+    case Layout::Kind::kControl:
+    case Layout::Kind::kField:
+      return part.control->kind == ControlKind::kList;
+    default:
+      return std::any_of(part.parts.begin(), part.parts.end(), Grows);
+  }
+}
+
+bool IsSmallField(const Layout& part) {
+  return part.kind == Layout::Kind::kField && !Grows(part);
+}
+
+/** A dialog that its form closes, not its window. */
+class FormDialog : public QDialog {
+ public:
+  FormDialog(FormControls& form, QWidget* parent) : QDialog(parent), form_(form) {}
+  void reject() override {
+    if (Control* cancel = form_.Find({"cmdCancel"}); cancel != nullptr) form_.Click(*cancel);
+  }
+
+ private:
+  FormControls& form_;
+};
+
+}  // namespace
+
+FormView::FormView(FormControls& form, Parts parts, QWidget* parent)
+    : QWidget(parent), form_(form), parts_(std::move(parts)) {
+  QLayout* layout = MakeColumn(form_.layout());
+  setLayout(layout);
+  form_.shown_changed = [this] { Refresh(); };
+}
+
+FormView::~FormView() {
+  if (!form_gone_) form_.shown_changed = nullptr;
+  delete dialog_;
+}
+
+void FormView::Refresh() {
+  for (const auto& control : controls_) control->Refresh();
+  for (const auto& picture : pictures_) {
+    if (picture != nullptr) picture->Refresh();
+  }
+  if (parts_.refresh_table) parts_.refresh_table();
+  FollowDialog();
+}
+
+QWidget* FormView::MakeControl(Control& control, const QString& label) {
+  controls_.push_back(MakeControlWidget(form_, control, parts_.page, label));
+  return controls_.back()->widget();
+}
+
+QLayout* FormView::MakeColumn(const Layout& part) {
+  const bool row = part.kind == Layout::Kind::kRow;
+  auto* box = new QBoxLayout(row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  box->setContentsMargins(0, 0, 0, 0);
+  for (std::size_t at = 0; at < part.parts.size();) {
+    if (!row && IsSmallField(part.parts[at])) {
+      AddFields(box, part.parts, at);
+    } else {
+      AddPart(box, part.parts[at++]);
+    }
+  }
+  return box;
+}
+
+/** Fields that follow each other stand in one form, so that their labels line up. */
+void FormView::AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::size_t& at) {
+  auto* fields = new QFormLayout;
+  fields->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  for (; at < parts.size() && IsSmallField(parts[at]); ++at) {
+    const Layout& field = parts[at];
+    QWidget* widget = MakeControl(*field.control, Words(field.text));
+    if (field.unit.empty() && field.unit_control == nullptr) {
+      fields->addRow(Words(field.text), widget);
+      continue;
+    }
+    auto* row = new QHBoxLayout;
+    row->addWidget(widget);
+    row->addWidget(field.unit_control != nullptr ? MakeControl(*field.unit_control, {})
+                                                 : new QLabel(parts_.page.ToLetters(field.unit)));
+    row->addStretch();
+    auto* label = new QLabel(Words(field.text));
+    label->setBuddy(widget);
+    fields->addRow(label, row);
+  }
+  to->addLayout(fields);
+}
+
+QWidget* FormView::MakeGroup(const Layout& part) {
+  auto* group = new QGroupBox(Words(part.text));
+  Layout column = part;
+  column.kind = Layout::Kind::kColumn;
+  auto* frame = new QVBoxLayout(group);
+  frame->addLayout(MakeColumn(column));
+  if (!Grows(part)) frame->addStretch();
+  return group;
+}
+
+void FormView::AddPart(QBoxLayout* to, const Layout& part) {
+  const int stretch = Grows(part) ? 1 : 0;
+  switch (part.kind) {
+    case Layout::Kind::kRow:
+    case Layout::Kind::kColumn:
+      to->addLayout(static_cast<QBoxLayout*>(MakeColumn(part)), stretch);
+      break;
+    case Layout::Kind::kGroup:
+      to->addWidget(MakeGroup(part), stretch);
+      break;
+    case Layout::Kind::kGrid: {
+      auto* grid = new QGridLayout;
+      for (std::size_t i = 0; i < part.parts.size(); ++i) {
+        auto* cell = new QVBoxLayout;
+        Layout one{.parts = {part.parts[i]}};
+        cell->addLayout(static_cast<QBoxLayout*>(MakeColumn(one)));
+        const auto columns = static_cast<std::size_t>(std::max(part.columns, 1));
+        grid->addLayout(cell, static_cast<int>(i / columns), static_cast<int>(i % columns));
+      }
+      to->addLayout(grid, stretch);
+      break;
+    }
+    case Layout::Kind::kField: {
+      auto* column = new QVBoxLayout;
+      QWidget* widget = MakeControl(*part.control, Words(part.text));
+      auto* label = new QLabel(Words(part.text));
+      label->setBuddy(widget);
+      const bool above = stretch > 0;
+      auto* box = above ? static_cast<QBoxLayout*>(column) : new QHBoxLayout;
+      if (!above) delete column;
+      box->addWidget(label);
+      box->addWidget(widget, stretch);
+      if (!part.unit.empty()) box->addWidget(new QLabel(parts_.page.ToLetters(part.unit)));
+      to->addLayout(box, stretch);
+      break;
+    }
+    case Layout::Kind::kControl:
+      to->addWidget(MakeControl(*part.control, {}), stretch);
+      break;
+    case Layout::Kind::kTable:
+      to->addWidget(parts_.make_table(), 1);
+      break;
+    case Layout::Kind::kNote: {
+      auto* note = MakeMuted(new QLabel(Words(part.text)));
+      note->setWordWrap(true);
+      to->addWidget(note);
+      break;
+    }
+    case Layout::Kind::kStretch:
+      to->addStretch(1);
+      break;
+    case Layout::Kind::kPicture:
+      if (Picture* picture = parts_.make_picture(part.text, form_); picture != nullptr) {
+        pictures_.emplace_back(picture);
+        to->addWidget(picture, 1);
+      }
+      break;
+  }
+}
+
+void FormView::FollowDialog() {
+  if (form_.dialog() == shown_dialog_) return;
+  if (dialog_view_ != nullptr) dialog_view_->form_gone_ = true;
+  delete dialog_;
+  shown_dialog_ = form_.dialog();
+  if (shown_dialog_ != nullptr) ShowDialog();
+}
+
+void FormView::ShowDialog() {
+  dialog_ = new FormDialog(*shown_dialog_, window());
+  dialog_->setWindowTitle(Words(shown_dialog_->title()));
+  auto* view = new FormView(*shown_dialog_, parts_, dialog_);
+  dialog_view_ = view;
+  auto* layout = new QVBoxLayout(dialog_);
+  layout->addWidget(view);
+  // The dialog's form may have closed itself: it goes behind the event that it is still in.
+  shown_dialog_->shown_changed = [this, view] {
+    view->Refresh();
+    QTimer::singleShot(0, this, [this] { form_.Settle(); });
+  };
+  dialog_->open();
+}
+
+}  // namespace tarvok

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <QBoxLayout>
+#include <QDialog>
+#include <QPointer>
+#include <QWidget>
+
+#include "desktop/code_page.h"
+#include "desktop/forms/control_widget.h"
+#include "shell/editor/form_controls.h"
+
+namespace tarvok {
+
+/**
+ * Any form, drawn from its layout. The same class draws every editor and every dialog in front of one; what
+ * can't be said in a layout is a picture, made by name.
+ */
+class FormView : public QWidget {
+ public:
+  /** A drawing over the form's controls. It is refreshed with them. */
+  class Picture : public QWidget {
+   public:
+    using QWidget::QWidget;
+    virtual void Refresh() = 0;
+  };
+  struct Parts {
+    const CodePage& page;
+    std::function<Picture*(const std::string& name, FormControls& form)> make_picture;
+    /** The form's table, where it has one. */
+    std::function<QWidget*()> make_table;
+    std::function<void()> refresh_table;
+  };
+
+  FormView(FormControls& form, Parts parts, QWidget* parent = nullptr);
+  ~FormView() override;
+
+  void Refresh();
+
+ private:
+  QWidget* MakeGroup(const Layout& part);
+  QLayout* MakeColumn(const Layout& part);
+  void AddPart(QBoxLayout* to, const Layout& part);
+  QWidget* MakeControl(Control& control, const QString& label);
+  void AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::size_t& at);
+  void FollowDialog();
+  void ShowDialog();
+
+  FormControls& form_;
+  Parts parts_;
+  std::vector<std::unique_ptr<ControlWidget>> controls_;
+  std::vector<QPointer<Picture>> pictures_;
+  FormControls* shown_dialog_ = nullptr;
+  QPointer<QDialog> dialog_;
+  QPointer<FormView> dialog_view_;
+  bool form_gone_ = false;  // a dialog's form goes before what shows it
+};
+
+}  // namespace tarvok

@@ -1,0 +1,12 @@
+#include "desktop/forms/pictures.h"
+
+namespace tarvok {
+
+FormView::Picture* MakePicture(const std::string& name, FormControls& form, DesktopParts& parts) {
+  if (name == "telephone") return MakeTelephone(form, PageOf(parts.settings));
+  if (name == "console") return MakeConsole(form, PageOf(parts.settings));
+  if (name == "tenants") return MakeTenantMatrix(form);
+  return nullptr;
+}
+
+}  // namespace tarvok

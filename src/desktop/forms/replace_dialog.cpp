@@ -1,0 +1,56 @@
+#include "desktop/forms/replace_dialog.h"
+
+#include <utility>
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarvok {
+
+ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted,
+                             QWidget* parent)
+    : QDialog(parent), form_(form), page_(page), acted_(std::move(acted)) {
+  setWindowTitle(QStringLiteral("Find and Replace"));
+  find_ = new QLineEdit;
+  find_->setObjectName(QStringLiteral("FindText"));
+  replace_ = new QLineEdit;
+  replace_->setObjectName(QStringLiteral("ReplaceText"));
+  result_ = new QLabel(QStringLiteral(" "));
+  result_->setObjectName(QStringLiteral("Result"));
+  auto* fields = new QFormLayout;
+  fields->addRow(QStringLiteral("&Find :"), find_);
+  fields->addRow(QStringLiteral("Replace &by :"), replace_);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  QPushButton* next = buttons->addButton(QStringLiteral("Find &Next"), QDialogButtonBox::ActionRole);
+  QPushButton* all = buttons->addButton(QStringLiteral("Replace &All"), QDialogButtonBox::ActionRole);
+  next->setDefault(true);
+  connect(next, &QPushButton::clicked, this, &ReplaceDialog::FindNext);
+  connect(all, &QPushButton::clicked, this, &ReplaceDialog::ReplaceAll);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* column = new QVBoxLayout(this);
+  column->addLayout(fields);
+  column->addWidget(result_);
+  column->addWidget(buttons);
+}
+
+void ReplaceDialog::FindNext() {
+  const bool found = form_.table()->FindNext(page_.ToBytes(find_->text()));
+  result_->setText(found ? QStringLiteral("Row %1").arg(form_.table()->current_row())
+                         : QStringLiteral("Not found"));
+  acted_();
+}
+
+void ReplaceDialog::ReplaceAll() {
+  std::vector<Refusal> refused;
+  const int count =
+      form_.table()->ReplaceAll(page_.ToBytes(find_->text()), page_.ToBytes(replace_->text()), refused);
+  QString text = QStringLiteral("%1 cells changed").arg(count);
+  if (!refused.empty()) text += QStringLiteral(", %1 left as they were").arg(refused.size());
+  result_->setText(text);
+  form_.Note(std::move(refused));
+  acted_();
+}
+
+}  // namespace tarvok

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "desktop/code_page.h"
+#include "shell/editor/table_form.h"
+
+namespace tarvok {
+
+/** Find and replace in one table. */
+class ReplaceDialog : public QDialog {
+ public:
+  ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted, QWidget* parent);
+
+ private:
+  void FindNext();
+  void ReplaceAll();
+
+  TableForm& form_;
+  const CodePage& page_;
+  std::function<void()> acted_;
+  QLineEdit* find_;
+  QLineEdit* replace_;
+  QLabel* result_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "desktop/code_page.h"
+#include "shell/editor/table_editor.h"
+
+namespace tarvok {
+
+/** A table editor's grid as Qt's views see it. Its rules stay the editor's: nothing is written through here. */
+class TableModel : public QAbstractTableModel {
+ public:
+  TableModel(TableEditor& table, const CodePage& page, QObject* parent)
+      : QAbstractTableModel(parent), table_(table), page_(page), rows_(table.rows()) {}
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : table_.columns();
+  }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /** The grid may have changed in any way. */
+  void Refresh();
+
+  TableEditor& table() const { return table_; }
+  const CodePage& page() const { return page_; }
+  /** The cell stands open in its own field. */
+  bool IsOpen(const QModelIndex& index) const;
+
+ private:
+  TableEditor& table_;
+  const CodePage& page_;
+  int rows_;  // as the views know them
+};
+
+}  // namespace tarvok

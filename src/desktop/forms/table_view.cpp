@@ -1,0 +1,177 @@
+#include "desktop/forms/table_view.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "desktop/forms/cell_delegate.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kColumnWidths = "Columns";  // settings group
+constexpr int kWidestColumn = 320;
+
+std::optional<KeyCode> KeyOf(int key) {
+  switch (key) {
+    case Qt::Key_Backspace:
+      return KeyCode::kBackspace;
+    case Qt::Key_Delete:
+      return KeyCode::kDelete;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return KeyCode::kReturn;
+    case Qt::Key_Escape:
+      return KeyCode::kEscape;
+    case Qt::Key_Up:
+      return KeyCode::kUp;
+    case Qt::Key_Down:
+      return KeyCode::kDown;
+    case Qt::Key_Left:
+      return KeyCode::kLeft;
+    case Qt::Key_Right:
+      return KeyCode::kRight;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+TableView::TableView(TableModel& model, std::function<void()> acted, QWidget* parent)
+    : QTableView(parent), model_(model), acted_(std::move(acted)) {
+  setObjectName(QStringLiteral("mgTest"));
+  setAccessibleName(QStringLiteral("Table"));
+  setModel(&model_);
+  setItemDelegate(new CellDelegate(model_, acted_, this));
+  setSelectionMode(QAbstractItemView::ContiguousSelection);
+  setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+  setAlternatingRowColors(true);
+  setTabKeyNavigation(true);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  horizontalHeader()->setHighlightSections(false);
+  Refresh();
+}
+
+void TableView::Refresh() {
+  showing_ = true;
+  model_.Refresh();
+  const TableEditor& table = model_.table();
+  if (table.rows() > 0) {
+    const Selection selected = table.selection();
+    const QModelIndex current = model_.index(table.current_row() - 1, table.current_column() - 1);
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(QItemSelection(model_.index(selected.top - 1, selected.left - 1),
+                                            model_.index(selected.bottom - 1, selected.right - 1)),
+                             QItemSelectionModel::ClearAndSelect);
+    if (isVisible()) scrollTo(current);
+  }
+  showing_ = false;
+  viewport()->update();
+}
+
+int TableView::FilterRows(const QString& text) {
+  int shown = 0;
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    bool found = text.isEmpty();
+    for (int column = 0; column < model_.columnCount() && !found; ++column) {
+      found = model_.index(row, column).data().toString().contains(text, Qt::CaseInsensitive);
+    }
+    setRowHidden(row, !found);
+    shown += found ? 1 : 0;
+  }
+  return shown;
+}
+
+void TableView::RestoreColumns(SettingsStore& settings, const std::string& form) {
+  const QByteArray kept =
+      QByteArray::fromBase64(QByteArray::fromStdString(settings.Get(kColumnWidths, form)));
+  if (horizontalHeader()->restoreState(kept) && horizontalHeader()->count() == model_.columnCount()) return;
+  resizeColumnsToContents();
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    const int letters = std::max<int>(model_.table().column(column + 1).rule.most, 8);
+    const int wanted = fontMetrics().averageCharWidth() * std::min(letters + 3, 28);
+    setColumnWidth(column, std::clamp(columnWidth(column) + 12, wanted, kWidestColumn));
+  }
+}
+
+void TableView::KeepColumns(SettingsStore& settings, const std::string& form) const {
+  settings.Set(kColumnWidths, form, horizontalHeader()->saveState().toBase64().toStdString());
+}
+
+bool TableView::OpensList(const QKeyEvent* event) const {
+  const Entry entry = model_.table().column(currentIndex().column() + 1).entry;
+  if (entry != Entry::kList && entry != Entry::kEditList) return false;
+  if (event->key() == Qt::Key_F4) return true;
+  if (event->modifiers().testFlag(Qt::AltModifier) && event->key() == Qt::Key_Down) return true;
+  if (entry == Entry::kEditList) return event->key() == Qt::Key_Space;
+  return event->key() == Qt::Key_Backspace || (!event->text().isEmpty() && event->text().front().isPrint() &&
+                                               event->modifiers() == Qt::NoModifier);
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  TableEditor& table = model_.table();
+  if (!currentIndex().isValid()) return QTableView::keyPressEvent(event);
+  const auto plain = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+  if (OpensList(event)) {
+    edit(currentIndex());
+    return;
+  }
+  const std::optional<KeyCode> code = plain == Qt::NoModifier ? KeyOf(event->key()) : std::nullopt;
+  const bool selects = event->modifiers().testFlag(Qt::ShiftModifier) && code >= KeyCode::kUp;
+  if (code && !selects) {
+    if (*code == KeyCode::kDelete && !table.open()) {
+      table.ClearCell();  // the selection, which may be the one cell
+    } else {
+      table.Press({*code});
+    }
+    if (*code == KeyCode::kEscape && !table.open()) event->ignore();
+    return acted_();
+  }
+  const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
+                     !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  if (types) {
+    for (const char byte : model_.page().ToBytes(event->text())) table.Press(Key::Of(byte));
+    return acted_();
+  }
+  QTableView::keyPressEvent(event);
+}
+
+void TableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (!showing_) TakeSelection();
+}
+
+/** What was selected by mouse or by moving keys becomes the editor's selection. */
+void TableView::TakeSelection() {
+  const QItemSelection selection = selectionModel()->selection();
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return;
+  TableEditor& table = model_.table();
+  const int row = current.row() + 1;
+  const int column = current.column() + 1;
+  if (selection.isEmpty()) {
+    table.GoTo(row, column);
+    return;
+  }
+  const QItemSelectionRange& range = selection.first();
+  // The corner across from the current cell is where the selection began.
+  table.GoTo(row == range.top() + 1 ? range.bottom() + 1 : range.top() + 1,
+             column == range.left() + 1 ? range.right() + 1 : range.left() + 1);
+  table.SelectTo(row, column);
+  viewport()->update();
+}
+
+void TableView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  viewport()->update();
+}
+
+}  // namespace tarvok

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+
+#include <QTableView>
+
+#include "desktop/forms/table_model.h"
+#include "store/settings_store.h"
+
+namespace tarvok {
+
+/** The one view of all table editors: keys and selection go to the editor's rules, and it shows what became of
+ * them. */
+class TableView : public QTableView {
+ public:
+  /** `acted` is called behind everything that a person did to the table here. */
+  TableView(TableModel& model, std::function<void()> acted, QWidget* parent = nullptr);
+
+  /** Shows the editor's rows, its current cell and its selection. */
+  void Refresh();
+  /** Shows only rows in which a cell holds the text, case aside; all rows for "". Returns how many are shown. */
+  int FilterRows(const QString& text);
+  /** Column widths of this form, as they were left. */
+  void RestoreColumns(SettingsStore& settings, const std::string& form);
+  void KeepColumns(SettingsStore& settings, const std::string& form) const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  void TakeSelection();
+  bool OpensList(const QKeyEvent* event) const;
+
+  TableModel& model_;
+  std::function<void()> acted_;
+  bool showing_ = false;  // the view follows the editor, not the other way round
+};
+
+}  // namespace tarvok

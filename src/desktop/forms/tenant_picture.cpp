@@ -1,0 +1,177 @@
+// Who may call whom, as a square of cells.
+
+#include <algorithm>
+#include <vector>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include "desktop/colours.h"
+#include "desktop/forms/pictures.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kTenants = 32;
+constexpr int kWindow = 16;
+constexpr int kSmallestCell = 15;
+
+/** Rows call columns. Arrows move, the blank turns a cell over. */
+class TenantMatrix : public FormView::Picture {
+ public:
+  explicit TenantMatrix(FormControls& form) : form_(form) {
+    setObjectName(QStringLiteral("TenantMatrix"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize((kWindow + 1) * kSmallestCell + 8, (kWindow + 1) * kSmallestCell + 30);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    cells_.reserve(static_cast<std::size_t>(kTenants) * kTenants);
+    for (int row = 1; row <= kTenants; ++row) {
+      for (int column = 1; column <= kTenants; ++column) cells_.push_back(form.Find({"cell", row, column}));
+    }
+    across_ = form.Find({"HScroll1"});
+    down_ = form.Find({"VScroll1"});
+    day_ = form.Find({"tbsTenan"});
+    for (Control& control : form.controls()) {
+      if (control.kind == ControlKind::kTabs) day_ = &control;
+    }
+    Say();
+  }
+  void Refresh() override {
+    Say();
+    update();
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent*) override {
+    // Where all cells have room the scroll bars have nothing to do.
+    const int side = std::min(width() - 8, height() - 30) / (kTenants + 1);
+    whole_ = side >= kSmallestCell;
+    cell_ = whole_ ? side : std::max(kSmallestCell, std::min(width() - 8, height() - 30) / (kWindow + 1));
+    for (Control* bar : {across_, down_}) {
+      if (bar != nullptr) bar->visible = !whole_;
+    }
+    QMetaObject::invokeMethod(
+        this, [this] { form_.Settle(); }, Qt::QueuedConnection);
+  }
+
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QPalette& colours = palette();
+    QFont small = font();
+    small.setPixelSize(std::clamp(cell_ * 6 / 10, 8, 13));
+    painter.setFont(small);
+    const QColor set = colours.color(QPalette::Highlight);
+    const QColor clear = colours.color(QPalette::Base);
+    for (int i = 0; i < Shown(); ++i) {
+      painter.setPen(MutedText(colours));
+      painter.drawText(QRect((i + 1) * cell_, 0, cell_, cell_), Qt::AlignCenter,
+                       QString::number(First(across_) + i));
+      painter.drawText(QRect(0, (i + 1) * cell_, cell_ - 2, cell_), Qt::AlignRight | Qt::AlignVCenter,
+                       QString::number(First(down_) + i));
+      for (int j = 0; j < Shown(); ++j) {
+        const QRect place((j + 1) * cell_, (i + 1) * cell_, cell_ - 1, cell_ - 1);
+        const Control* cell = Cell(First(down_) + i, First(across_) + j);
+        painter.fillRect(place, cell != nullptr && cell->on ? set : clear);
+        painter.setPen(Mix(colours.color(QPalette::Mid), colours.color(QPalette::Base), 50));
+        painter.drawRect(place);
+      }
+    }
+    const QRect current((column_ - First(across_) + 1) * cell_, (row_ - First(down_) + 1) * cell_, cell_ - 1,
+                        cell_ - 1);
+    painter.setPen(QPen(colours.color(hasFocus() ? QPalette::Text : QPalette::Mid), 2));
+    painter.drawRect(current.adjusted(-1, -1, 1, 1));
+    painter.setFont(font());
+    painter.setPen(colours.color(QPalette::Text));
+    painter.drawText(QRect(4, (Shown() + 1) * cell_ + 4, width() - 8, 24), Qt::AlignLeft | Qt::AlignVCenter,
+                     words_);
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() != Qt::LeftButton || !MoveTo(event->position().toPoint())) return;
+    TurnOver();
+  }
+  void mouseMoveEvent(QMouseEvent* event) override { MoveTo(event->position().toPoint()); }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Left:
+        return Step(0, -1);
+      case Qt::Key_Right:
+        return Step(0, 1);
+      case Qt::Key_Up:
+        return Step(-1, 0);
+      case Qt::Key_Down:
+        return Step(1, 0);
+      case Qt::Key_Space:
+        return TurnOver();
+      default:
+        return FormView::Picture::keyPressEvent(event);
+    }
+  }
+  void focusInEvent(QFocusEvent*) override { update(); }
+  void focusOutEvent(QFocusEvent*) override { update(); }
+
+ private:
+  int Shown() const { return whole_ ? kTenants : kWindow; }
+  int First(const Control* bar) const { return whole_ || bar == nullptr ? 1 : bar->current + 1; }
+  Control* Cell(int row, int column) const {
+    return cells_[static_cast<std::size_t>((row - 1) * kTenants + column - 1)];
+  }
+  bool MoveTo(QPoint point) {
+    const int row = point.y() / cell_;
+    const int column = point.x() / cell_;
+    if (row < 1 || column < 1 || row > Shown() || column > Shown()) return false;
+    Current(First(down_) + row - 1, First(across_) + column - 1);
+    return true;
+  }
+  void Current(int row, int column) {
+    if (row == row_ && column == column_) return;
+    row_ = row;
+    column_ = column;
+    Refresh();
+  }
+  void Step(int rows, int columns) {
+    Current(std::clamp(row_ + rows, 1, kTenants), std::clamp(column_ + columns, 1, kTenants));
+    if (whole_) return;
+    const auto follow = [&](Control* bar, int at) {
+      const int first = std::clamp(bar->current, at - kWindow, at - 1);
+      if (first != bar->current) form_.ChooseEntry(*bar, first);
+    };
+    if (down_ != nullptr) follow(down_, row_);
+    if (across_ != nullptr) follow(across_, column_);
+  }
+  void TurnOver() {
+    if (Control* cell = Cell(row_, column_); cell != nullptr) form_.Click(*cell);
+  }
+  void Say() {
+    const Control* cell = Cell(row_, column_);
+    const QString may =
+        cell != nullptr && cell->on ? QStringLiteral("may call") : QStringLiteral("may not call");
+    const QString when =
+        day_ != nullptr && day_->current == 1 ? QStringLiteral("night") : QStringLiteral("day");
+    words_ = QStringLiteral("tenant %1 %2 tenant %3 by %4").arg(row_).arg(may).arg(column_).arg(when);
+    setAccessibleName(words_);
+  }
+
+  FormControls& form_;
+  std::vector<Control*> cells_;
+  Control* across_ = nullptr;
+  Control* down_ = nullptr;
+  Control* day_ = nullptr;
+  int cell_ = kSmallestCell;
+  int row_ = 1;
+  int column_ = 1;
+  bool whole_ = false;
+  QString words_;
+};
+
+}  // namespace
+
+FormView::Picture* MakeTenantMatrix(FormControls& form) {
+  return new TenantMatrix(form);
+}
+
+}  // namespace tarvok

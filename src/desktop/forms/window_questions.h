@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/boxes.h"
+#include "desktop/desktop_parts.h"
+#include "desktop/shown_text.h"
+#include "shell/editor/questions.h"
+
+namespace tarvok {
+
+/** Boxes and questions of a form in front of its window. */
+class WindowQuestions : public Questions {
+ public:
+  WindowQuestions(DesktopParts& parts, QWidget* form) : parts_(parts), form_(form) {}
+
+  void Box(std::string_view text, bool critical) override {
+    ShowBox(form_->window(), critical ? QMessageBox::Critical : QMessageBox::Information,
+            MessageText(text, PageOf(parts_.settings)));
+  }
+  bool Ask(std::string_view question) override {
+    return AskYesNo(form_->window(), MessageText(question, PageOf(parts_.settings)));
+  }
+
+ private:
+  DesktopParts& parts_;
+  QWidget* form_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,258 @@
+#include "sections/system/frmBillingMode.h"
+
+#include <algorithm>
+
+#include "sections/field_columns.h"
+#include "sections/rows.h"
+#include "sections/system/billing_mode.h"
+#include "sections/system/system_forms.h"
+
+namespace tarvok {
+namespace {
+
+using namespace billing_mode;
+
+constexpr std::string_view kCountrySection = "Country";
+constexpr std::string_view kCountKey = "Cnt";
+constexpr std::string_view kUnitKey = "UNIT";
+constexpr std::string_view kFirstCountry = "001";
+constexpr std::string_view kNoData = "No data";
+constexpr int kMostPlaces = 999;
+
+enum class Kind { kFlag, kPercent, kWhole, kAmount };
+
+/** A field's control: its index in `Check1`, `MaskEdNum` or `Text1`, and what stands behind it; "" for the
+ * unit of the country. A percentage has a hidden `Text1` besides, in which the value to save is kept. */
+struct Place {
+  int field;
+  Kind kind;
+  int index;
+  std::string_view unit = {};
+  int kept = kNoIndex;
+};
+
+constexpr std::string_view kPercentSign = "%";
+constexpr std::string_view kMinutes = "Minute";
+constexpr std::string_view kSeconds = "Second";
+
+constexpr Place kPlaces[] = {
+    {kSaveIntercom, Kind::kFlag, 0},
+    {kSaveIncoming, Kind::kFlag, 1},
+    {kSaveOutGoing, Kind::kFlag, 2},
+    {kBillFlat, Kind::kFlag, 3},
+    {kLongDistancePercent, Kind::kPercent, 0, kPercentSign, 0},
+    {kOverseaPercent, Kind::kPercent, 2, kPercentSign, 1},
+    {kMobilePercent, Kind::kPercent, 1, kPercentSign, 2},
+    {kLongDistanceCharge, Kind::kWhole, 3},
+    {kOverseaCharge, Kind::kWhole, 4},
+    {kMobileCharge, Kind::kWhole, 5},
+    {kIncomingRate, Kind::kAmount, 6},
+    {kIntercomRate, Kind::kAmount, 7},
+    {kTimeExpand, Kind::kWhole, 8, kMinutes},
+    {kChargeExpand, Kind::kAmount, 9},
+    {kTimeExpandIn, Kind::kWhole, 10, kMinutes},
+    {kChargeExpandIn, Kind::kWhole, 11},
+    {kLocalTime, Kind::kWhole, 12, kSeconds},
+    {kTimePage, Kind::kWhole, 13, kSeconds},
+    {kTimeMobile, Kind::kWhole, 14, kSeconds},
+    {kTimeLongDistance, Kind::kWhole, 15, kSeconds},
+    {kTimeOversea, Kind::kWhole, 16, kSeconds},
+    {kPrintMiniBar, Kind::kFlag, 4},
+    {kAreaPercent, Kind::kPercent, 3, kPercentSign, 17},
+    {kExpandAll, Kind::kFlag, 5},
+};
+
+constexpr int kHighestAmount = 655;
+constexpr int kHighestWhole = 254;
+
+const Place& PlaceOf(int field) {
+  return *std::find_if(std::begin(kPlaces), std::end(kPlaces),
+                       [&](const Place& place) { return place.field == field; });
+}
+
+ControlId IdOf(const Place& place) {
+  const char* name = place.kind == Kind::kFlag      ? "Check1"
+                     : place.kind == Kind::kPercent ? "MaskEdNum"
+                                                    : "Text1";
+  return {name, place.index};
+}
+
+/** One point, and two digits behind it. */
+bool FitsAmount(std::string_view text, char key) {
+  const std::size_t point = text.find('.');
+  if (key == '.') return point == std::string_view::npos;
+  return point == std::string_view::npos || text.size() - point <= 2;
+}
+
+/** The mask of a percentage: three digits, a point, two digits. */
+bool FitsPercent(std::string_view text, char key) {
+  constexpr std::size_t kDigitsInFront = 3;
+  if (key != '.' && text.find('.') == std::string_view::npos && text.size() >= kDigitsInFront) return false;
+  return FitsAmount(text, key);
+}
+
+EntryRule RuleOf(Kind kind) {
+  EntryRule rule = AnyDigits();
+  if (kind == Kind::kWhole) return rule;
+  rule.characters = "0123456789.";
+  rule.fits = kind == Kind::kPercent ? FitsPercent : FitsAmount;
+  return rule;
+}
+
+/** A label as it stands on the screen; what a percentage is has its sign behind the box. */
+std::string ScreenLabel(int field) {
+  std::string name(kTable.fields[static_cast<std::size_t>(field) - 1].name);
+  if (name.ends_with(" %")) name.resize(name.size() - 2);
+  return field == kLocalTime ? name + ":" : name + " :";
+}
+
+}  // namespace
+
+frmBillingMode::frmBillingMode(const EditorContext& context, const FormName& name)
+    : EditorForm(context, name) {
+  Layout country = CountryGroup();
+  const auto group = [this](std::string title, std::initializer_list<int> fields) {
+    std::vector<Layout> parts;
+    for (const int field : fields) parts.push_back(AmountField(field));
+    return layout::Group(std::move(title), std::move(parts));
+  };
+  Layout saved =
+      Switches("Calls", {kSaveIntercom, kSaveIncoming, kSaveOutGoing, kBillFlat, kPrintMiniBar, kExpandAll});
+  Layout percent = group("Percent", {kLongDistancePercent, kOverseaPercent, kMobilePercent, kAreaPercent});
+  Layout charge =
+      group("Charge", {kLongDistanceCharge, kOverseaCharge, kMobileCharge, kIncomingRate, kIntercomRate});
+  Layout expand = group("Expand", {kTimeExpand, kChargeExpand, kTimeExpandIn, kChargeExpandIn});
+  Layout times = group("Time", {kLocalTime, kTimePage, kTimeMobile, kTimeLongDistance, kTimeOversea});
+  SetLayout(
+      layout::Column({layout::Row({layout::Column({std::move(country), std::move(saved), layout::Stretch()}),
+                                   layout::Column({std::move(percent), std::move(charge), layout::Stretch()}),
+                                   layout::Column({std::move(expand), std::move(times), layout::Stretch()})}),
+                      layout::Stretch(), OkAndCancel()}));
+}
+
+Layout frmBillingMode::CountryGroup() {
+  country_ = &AddCombo({"cmbCountry"}, "", {});
+  country_->changed = [this] { ShowCountry(); };
+  local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
+  return layout::Group("Country", {layout::Field("Country :", *country_),
+                                   layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
+}
+
+Layout frmBillingMode::AmountField(int field) {
+  const Place& place = PlaceOf(field);
+  Control& box = AddText(IdOf(place), "", RuleOf(place.kind));
+  box.entered = [&box] { box.selected = box.text == kUnset; };
+  if (place.kept != kNoIndex) {
+    Control& kept = AddText({"Text1", place.kept}, "", {});
+    kept.visible = false;
+    box.changed = [&box, &kept] { kept.text = box.text; };
+  }
+  if (!place.unit.empty()) return layout::Field(ScreenLabel(field), box, std::string(place.unit));
+  return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
+}
+
+Layout frmBillingMode::Switches(std::string title, std::vector<int> fields) {
+  std::vector<Layout> parts;
+  for (const int field : fields) {
+    parts.push_back(layout::Of(AddCheck(
+        IdOf(PlaceOf(field)), std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name))));
+  }
+  return layout::Group(std::move(title), std::move(parts));
+}
+
+Control& frmBillingMode::BoxOf(int field) {
+  return *Find(IdOf(PlaceOf(field)));
+}
+
+/** The country's number; one that the system file does not have is the first, which is saved at once. */
+std::string frmBillingMode::ValidCountry(const IniText& project) {
+  const std::string stored(KeyValue(project, kCountry));
+  const std::string count = context().store.GetIniValue(context().system_file, kCountrySection, kCountKey);
+  if (Val(stored) > 0 && Val(stored) <= Val(count)) return stored;
+  const Status written =
+      context().store.SetIniValue(project_file(), kCountry.section, kCountry.key, kFirstCountry);
+  if (!written.ok()) context().questions.Box(written.message(), true);
+  NoteOwnWrite();
+  return std::string(kFirstCountry);
+}
+
+void frmBillingMode::FillCountries(std::string_view country) {
+  const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
+  const std::int64_t count =
+      std::min<std::int64_t>(Val(system->Get(kCountrySection, kCountKey)), kMostPlaces);
+  country_->entries.clear();
+  numbers_.clear();
+  for (int n = 1; n <= count; ++n) {
+    const std::string number = Padded(n, 3);
+    const std::string_view name = Trim(system->Get(kCountrySection, number));
+    if (name.empty()) continue;
+    if (n == Val(country)) country_->current = static_cast<int>(numbers_.size());
+    country_->entries.emplace_back(name);
+    numbers_.push_back(number);
+  }
+}
+
+std::string frmBillingMode::CountryNumber() const {
+  return country_->current < 0 ? loaded_country_ : numbers_[static_cast<std::size_t>(country_->current)];
+}
+
+/** The local codes and the unit of the country that is chosen. */
+void frmBillingMode::ShowCountry() {
+  const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
+  const std::string section = CountryNumber();
+  const std::int64_t count = std::min<std::int64_t>(Val(system->Get(section, kCountKey)), kMostPlaces);
+  local_code_->entries.clear();
+  local_code_->current = kNoIndex;
+  for (int n = 1; n <= count; ++n)
+    local_code_->entries.emplace_back(Trim(system->Get(section, Padded(n, 3))));
+  if (local_code_->entries.empty()) {
+    local_code_->entries.emplace_back(kNoData);
+    local_code_->current = 0;
+  }
+  const std::string_view unit = system->Get(section, kUnitKey);
+  for (Control& control : controls()) {
+    if (control.id.name == "lblUnit") control.text = unit;
+  }
+}
+
+void frmBillingMode::Load(const IniText& project) {
+  loaded_country_ = ValidCountry(project);
+  FillCountries(loaded_country_);
+  ShowCountry();
+  const FieldList fields(KeyValue(project, kTable));
+  const std::int64_t code = Val(fields[kLocalCode]);
+  if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
+    local_code_->current = static_cast<int>(code) - 1;
+  for (const Place& place : kPlaces) {
+    Control& box = BoxOf(place.field);
+    if (place.kind == Kind::kFlag) {
+      box.on = Val(fields[place.field]) != 0;
+      continue;
+    }
+    box.text = fields[place.field];
+    if (place.kept != kNoIndex) Find({"Text1", place.kept})->text = box.text;
+  }
+}
+
+std::string frmBillingMode::LocalCode() const {
+  if (local_code_->entries.size() == 1 && local_code_->entries[0] == kNoData) return std::string(kUnset);
+  return local_code_->current < 0 ? "0" : Padded(local_code_->current + 1, 2);
+}
+
+std::string frmBillingMode::FieldOf(int field) {
+  const Place& place = PlaceOf(field);
+  const Control& box = BoxOf(field);
+  if (place.kind == Kind::kFlag) return std::string(FlagText(box));
+  if (box.text.empty()) return "0";
+  if (place.kind == Kind::kPercent) return Find({"Text1", place.kept})->text;
+  return place.kind == Kind::kAmount ? AtMost(box.text, kHighestAmount) : AtMost(box.text, kHighestWhole);
+}
+
+void frmBillingMode::Write(IniEdit& project) {
+  std::string list = LocalCode();
+  for (int field = kLocalCode + 1; field <= kExpandAll; ++field) list.append("|").append(FieldOf(field));
+  project.Set(kTable.section, kTable.key, list);
+  project.Set(kCountry.section, kCountry.key, CountryNumber());
+}
+
+}  // namespace tarvok

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "sections/field.h"
+#include "shell/editor/editor_form.h"
+#include "store/field_list.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+
+/** A field's name as a label in front of its control. */
+inline std::string LabelOf(const Table& table, int field) {
+  return std::string(table.fields[static_cast<std::size_t>(field) - 1].name) + " :";
+}
+
+/** Digits of any number. */
+inline EntryRule AnyDigits() {
+  return DigitsRule(0);
+}
+
+/** What is typed into a box, or the highest value that its field takes. */
+inline std::string AtMost(std::string_view typed, int highest) {
+  return Val(typed) >= highest ? std::to_string(highest) : std::string(typed);
+}
+
+/** "1" for a box that is set. */
+inline std::string_view FlagText(const Control& box) {
+  return box.on ? "1" : "0";
+}
+
+}  // namespace tarvok

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace tarvok {
+
+/** A place in a project, such as a finding, a reference or a search leads to. */
+struct Place {
+  std::string section;  // project section
+  std::string key;      // of the row
+  int row = 0;          // number in that key; 0 for a section's single key
+  int field = 0;        // from 1; 0 for the row as a whole
+
+  bool operator==(const Place&) const = default;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,207 @@
+// Earlier versions, "What will change?", find, findings, the last transfer and the practice exchange.
+
+#include <QListWidget>
+#include <QTreeWidget>
+
+#include "desktop/find_dialog.h"
+#include "desktop/versions_dialog.h"
+#include "sections/places.h"
+#include "store/header_keys.h"
+#include "tests/desktop/desktop_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/** What a list shows, a line each, cells apart by a bar. */
+std::vector<std::string> Lines(const QAbstractItemView* view) {
+  std::vector<std::string> lines;
+  for (int row = 0; row < view->model()->rowCount(); ++row) {
+    QStringList cells;
+    for (int column = 0; column < view->model()->columnCount(); ++column) {
+      cells += view->model()->index(row, column).data().toString();
+    }
+    lines.push_back(cells.join(QLatin1Char('|')).toStdString());
+  }
+  return lines;
+}
+
+/** A step: notes what a label and a list of the modal window show. */
+Script::Step Note(const char* modal, const char* list, std::vector<std::string>& lines, std::string& count) {
+  return [=, &lines, &count] {
+    const QWidget* window = Modal(modal);
+    if (window == nullptr) return false;
+    lines = Lines(window->findChild<QAbstractItemView*>(QString::fromLatin1(list)));
+    count = window->findChild<QLabel*>(QStringLiteral("DifferenceCount"))->text().toStdString();
+    return true;
+  };
+}
+
+/** A step: any password, which an exchange without one takes. */
+Script::Step Password() {
+  return TypeIn("frmPassword2", "Text1", "1\r");
+}
+
+class ProjectTools : public testing::Test {
+ protected:
+  void SetUp() override { bench.frame->OpenProject(bench.project); }
+  void Put(std::string_view section, std::string_view key, std::string_view value) {
+    ASSERT_TRUE(bench.store.SetIniValue(bench.project, section, key, value).ok());
+  }
+  std::string Text(const char* label) { return bench.Find<QLabel>(label)->text().toStdString(); }
+  std::string Bytes() { return bench.files.Read(bench.project).value(); }
+
+  DesktopBench bench;
+};
+
+TEST_F(ProjectTools, ALoadKeepsTheProjectAndItComesBack) {
+  Script send({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes), Password(),
+               AnswerBox(QMessageBox::Ok), ClickIn("frmConnect", "cmdCancel")});
+  bench.ClickCommand("connect");
+  ASSERT_TRUE(send.finished());
+  EXPECT_THAT(Text("LastTransfer"), HasSubstr("Send Data Config, to the exchange, finished, "));
+  Put("Name", "002", "Suite");
+  const std::string before = Bytes();
+  Script load({ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), Password(),
+               AnswerBox(QMessageBox::Yes), ClickIn("frmConnect", "cmdCancel")});
+  bench.ClickCommand("connect");
+  ASSERT_TRUE(load.finished());
+  EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Data Config, from the exchange, finished, "));
+  EXPECT_NE(Bytes(), before);
+
+  std::vector<std::string> lines;
+  std::vector<std::string> versions;
+  std::string count;
+  Script back({Note("EarlierVersions", "Differences", lines, count),
+               Note("EarlierVersions", "Versions", versions, count),
+               ClickIn("EarlierVersions", "cmdBringBack")});
+  bench.Find<QAction>("mnu_versions")->trigger();
+  EXPECT_TRUE(back.finished());
+  EXPECT_THAT(versions, ElementsAre(testing::EndsWith("|Before a load")));
+  EXPECT_THAT(lines, testing::Contains(HasSubstr("Suite \u2192 Room 101")));
+  EXPECT_EQ(Bytes(), before);
+  const Result<std::vector<KeptVersion>> kept = bench.history.Versions(bench.project);
+  ASSERT_EQ(kept.value().size(), 2U);
+  EXPECT_EQ(kept.value().front().reason, kBeforeBringBack);
+  bench.frame->Close();
+  EXPECT_FALSE(bench.Find<QAction>("mnu_versions")->isEnabled());
+  EXPECT_THAT(bench.told, ElementsAre());
+}
+
+TEST_F(ProjectTools, AHistoryThatCannotBeWrittenIsToldOnceAndStopsNobody) {
+  std::filesystem::create_directories(bench.folder / "data");
+  ASSERT_TRUE(
+      bench.files.WriteNew((bench.folder / "data/history").string(), "rubbish", "", Flush::kLater).ok());
+  bench.parts.keep(bench.project, kBeforeLoad);
+  bench.parts.keep(bench.project, kBeforeLoad);
+  EXPECT_THAT(bench.told, ElementsAre(HasSubstr("can't be kept")));
+}
+
+TEST_F(ProjectTools, WhatWillChangeComparesWithWhatTheExchangeGotLast) {
+  std::vector<std::string> lines[3];
+  std::string counts[3];
+  for (int i = 0; i < 3; ++i) {
+    if (i == 2) {
+      Put("Name", "002", "Suite");
+      Put("MiniBar", "001", "Beer|2.00|");  // does not travel with this send
+    }
+    std::vector<Script::Step> steps = {ClickIn("frmConnect", "cmdWrite"), ClickIn("frmMsgBox", "cmdChanges"),
+                                       Note("WhatWillChange", "Differences", lines[i], counts[i]),
+                                       [] {
+                                         QWidget* changes = Modal("WhatWillChange");
+                                         if (changes != nullptr) changes->close();
+                                         return changes != nullptr;
+                                       },
+                                       AnswerBox(i == 0 ? QMessageBox::Yes : QMessageBox::No)};
+    if (i == 0) steps.insert(steps.end(), {Password(), AnswerBox(QMessageBox::Ok)});
+    steps.push_back(ClickIn("frmConnect", "cmdCancel"));
+    Script script(steps);
+    bench.ClickCommand("connect");
+    ASSERT_TRUE(script.finished()) << i;
+  }
+  EXPECT_THAT(counts[0], HasSubstr("nothing to compare with"));
+  EXPECT_THAT(counts[1], HasSubstr("has this configuration already"));
+  EXPECT_EQ(counts[2], "1 difference");
+  EXPECT_THAT(lines[2], ElementsAre(HasSubstr("Room 101 \u2192 Suite")));
+}
+
+TEST_F(ProjectTools, FindGoesToTheRow) {
+  bench.Press(Qt::Key_F);
+  auto* find = bench.Find<FindDialog>("Find");
+  ASSERT_TRUE(find->isVisible());
+  QApplication::setActiveWindow(find);
+  auto* text = find->findChild<QLineEdit*>("FindText");
+  auto* list = find->findChild<QTreeWidget*>("FindResults");
+  QTest::keyClicks(text, "reCEPTion");
+  EXPECT_THAT(Lines(list), testing::Contains("Name 001 (Reception)|Name|Reception|1 - Setup Number"));
+  text->selectAll();
+  QTest::keyClicks(text, "hunt group 2");
+  EXPECT_THAT(Lines(list), ElementsAre("Hunt Group 02|||10 - Hunt Group"));
+  QTest::keyClick(text, Qt::Key_Return);
+  EXPECT_FALSE(find->isVisible());
+  EXPECT_EQ(bench.state.ActiveFormName, "frmGroupOfHunt");
+  EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 0}));
+
+  bench.Press(Qt::Key_F);
+  QApplication::setActiveWindow(find);
+  EXPECT_EQ(text->selectedText(), "hunt group 2");  // typed over at once
+  QTest::keyClicks(text, "127");
+  QTest::keyClick(text, Qt::Key_Down);
+  EXPECT_EQ(list->indexOfTopLevelItem(list->currentItem()), 1);
+  EXPECT_TRUE(text->hasFocus());
+  QTest::keyClicks(text, "xyz");
+  EXPECT_THAT(find->findChild<QLabel*>("FindCount")->text().toStdString(), HasSubstr("Nothing"));
+  QTest::keyClick(text, Qt::Key_Return);
+  EXPECT_TRUE(find->isVisible());
+  bench.frame->Close();
+  EXPECT_FALSE(find->isVisible());
+}
+
+TEST_F(ProjectTools, FindingsLeadToTheirForms) {
+  EXPECT_THAT(Text("FindingsText"), HasSubstr("All is well"));
+  EXPECT_TRUE(bench.Find<QListWidget>("Findings")->isHidden());
+  Put("HuntGroup", "02", "127|777");
+  Put("BOSS", "01", "900|F");
+  bench.Find<OverviewPane>("Overview")->ShowProject();
+  EXPECT_THAT(Text("FindingsText"), HasSubstr("things to look at"));
+  auto* list = bench.Find<QListWidget>("Findings");
+  const auto enter = [&](const char* finding) {
+    const auto items = list->findItems(QString::fromUtf8(finding), Qt::MatchContains);
+    ASSERT_EQ(items.size(), 1) << testing::PrintToString(Lines(list));
+    list->setCurrentItem(items.front());
+    QTest::keyClick(list, Qt::Key_Return);
+  };
+  enter("900");  // its form is not among those of this bench
+  EXPECT_EQ(bench.state.ActiveFormName, "");
+  enter("Hunt Group 02 \u00B7 Member 2: 777");
+  EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 2}));
+}
+
+TEST_F(ProjectTools, ThePracticeExchangeRunsAndTheProjectConnectsToIt) {
+  bench.frame->Close();
+  auto* start = bench.Find<QAbstractButton>("StartPractice");
+  const std::string program = std::exchange(bench.parts.practice_program, "/nowhere/tarvok-exchange");
+  QTest::mouseClick(start, Qt::LeftButton);
+  EXPECT_THAT(Text("PracticeText"), HasSubstr("there is no /nowhere/tarvok-exchange"));
+  bench.parts.practice_program = program;
+  bench.frame->OpenProject(bench.project);
+  Put(kHeaderSection, "By", "1");
+  Script use({AnswerBox(QMessageBox::Yes)});
+  QTest::mouseClick(bench.Find<QAbstractButton>("cmdPractice"), Qt::LeftButton);
+  ASSERT_TRUE(use.finished());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bench.Value("By") == "4"; }, 20'000));
+  EXPECT_THAT(Text("PracticeText"), HasSubstr("port " + bench.Value("IPPort")));
+  EXPECT_FALSE(start->isEnabled());
+  const std::unique_ptr<Port> line = bench.real_ports.ConnectTcp("127.0.0.1", bench.Value("IPPort"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return line->state() == PortState::kOpen; }, 20'000));
+  EXPECT_EQ(bench.history.Versions(bench.project).value().size(), 1U);
+  EXPECT_TRUE(std::filesystem::exists(bench.folder / "practice"));
+  bench.frame.reset();
+  bench.window.reset();  // it ends with the program
+  EXPECT_TRUE(QTest::qWaitFor([&] { return line->state() != PortState::kOpen; }, 20'000));
+}
+
+}  // namespace
+}  // namespace tarvok::test

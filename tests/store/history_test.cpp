@@ -1,0 +1,110 @@
+#include "store/history.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/store/memory_files.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr std::int64_t kNoon_s = 1'700'000'000;
+const std::string kProject = "/home/me/hotel.tvk";
+
+class HistoryTest : public testing::Test {
+ protected:
+  Status Keep(const std::string& bytes, std::string_view reason, std::int64_t time_s = kNoon_s) {
+    files.Put(kProject, bytes);
+    return history.Keep(kProject, reason, time_s);
+  }
+  std::vector<std::string> Kept() {
+    std::vector<std::string> all;
+    const Result<std::vector<KeptVersion>> versions = history.Versions(kProject);
+    for (const KeptVersion& version : versions.value()) {
+      const Result<std::string> bytes = history.Read(kProject, version);
+      all.push_back(version.reason + "@" + std::to_string(version.time_s - kNoon_s) + ":" +
+                    (bytes.ok() ? bytes.value() : bytes.status().message()));
+    }
+    return all;
+  }
+
+  MemoryFiles files;
+  bool can_make = true;
+  History history{files, "/data/history", [this](const std::string&) { return can_make; }};
+};
+
+TEST_F(HistoryTest, KeepsTheNewestFirstAndEachContentOnce) {
+  EXPECT_TRUE(history.Keep(kProject, kBeforeLoad, kNoon_s).ok());  // nothing there, nothing to keep
+  EXPECT_THAT(Kept(), ElementsAre());
+  ASSERT_TRUE(Keep("a", "Before saving Setup Port", kNoon_s).ok());
+  ASSERT_TRUE(Keep("b", "100 % ../\xE4", kNoon_s - 90'000).ok());  // the clock was set back meanwhile
+  EXPECT_THAT(Kept(), ElementsAre("100 % ../\xE4@-90000:b", "Before saving Setup Port@0:a"));
+  ASSERT_TRUE(Keep("a", kBeforeLoad, kNoon_s + 60).ok());
+  EXPECT_THAT(Kept(), ElementsAre("Before a load@60:a", "100 % ../\xE4@-90000:b"));
+  for (int i = 0; i < 60; ++i) ASSERT_TRUE(Keep("n" + std::to_string(i), "Before").ok());
+  EXPECT_EQ(Kept().size(), History::kMostVersions);
+  EXPECT_EQ(Kept().front(), "Before@0:n59");
+  EXPECT_EQ(Kept().back(), "Before@0:n10");
+  files.Put("/home/me/other/hotel.tvk", "x");
+  ASSERT_TRUE(history.Keep("/home/me/other/hotel.tvk", "Before", kNoon_s).ok());
+  EXPECT_EQ(Kept().size(), History::kMostVersions);  // another project of that name has its own
+}
+
+TEST_F(HistoryTest, BringsBackAndKeepsThePresentFirst) {
+  ASSERT_TRUE(Keep("oldest", "Before").ok());
+  const KeptVersion oldest = history.Versions(kProject).value().front();
+  for (int i = 1; i < 50; ++i) ASSERT_TRUE(Keep("n" + std::to_string(i), "Before").ok());
+  files.Put(kProject, "now");
+  ASSERT_TRUE(
+      history.BringBack(kProject, oldest, kNoon_s).ok());  // keeping the present drops this very version
+  EXPECT_EQ(files.Bytes(kProject), "oldest");
+  EXPECT_EQ(Kept().front(), std::string(kBeforeBringBack) + "@0:now");
+}
+
+TEST_F(HistoryTest, DamageAndRubbishCostOneVersionAtMost) {
+  ASSERT_TRUE(Keep("a", "Before").ok());
+  ASSERT_TRUE(Keep("b", "Before").ok());
+  const KeptVersion b = history.Versions(kProject).value().front();
+  const std::string folder = "/data/history/" + ProjectIdentity(files, kProject) + "/";
+  files.Put(folder + b.file, "");
+  for (const char* name : {"notes.txt", ".tvk", " .tvk", "1 2 3.tvk", "000009 20261399T000000Z 0 x.tvk",
+                           "000007 20260101T000000Z 0123456789abcdef x.tvk.tmp"}) {
+    files.Put(folder + name, "rubbish");
+  }
+  files.Put(kProject, "now");
+  EXPECT_EQ(history.BringBack(kProject, b, kNoon_s).kind(), ErrorKind::kBadData);
+  EXPECT_EQ(files.Bytes(kProject), "now");
+  ASSERT_TRUE(Keep("b", "Before").ok());  // the damaged one does not stand for it
+  EXPECT_THAT(Kept(), ElementsAre("Before@0:b", testing::HasSubstr("damaged"), "Before@0:a"));
+}
+
+TEST_F(HistoryTest, AFailureAnywhereIsToldAndTheProjectStaysWhole) {
+  can_make = false;
+  EXPECT_FALSE(Keep("a", "Before").ok());
+  can_make = true;
+  ASSERT_TRUE(Keep("a", "Before").ok());
+  const KeptVersion a = history.Versions(kProject).value().front();
+  int failures = 0;
+  for (int call = 1; call < 20; ++call) {
+    for (const bool for_good : {false, true}) {
+      files.Put(kProject, "now" + std::to_string(call) + (for_good ? "d" : "e"));
+      const std::string now = files.Bytes(kProject);
+      files.calls = 0;
+      files.fail_at = call;
+      files.fail_for_good = for_good;
+      const bool done = history.BringBack(kProject, a, kNoon_s).ok();
+      files.fail_at = 0;
+      if (!done) ++failures;
+      const std::string after = files.Bytes(kProject);
+      EXPECT_TRUE(after == "a" || (!done && after == now)) << call << after;
+      const std::vector<std::string> kept = Kept();
+      const auto holds_now = testing::Contains(testing::EndsWith(":" + now));
+      EXPECT_TRUE(after != "a" || testing::Matches(holds_now)(kept)) << call;
+    }
+  }
+  EXPECT_GE(failures, 10);
+}
+
+}  // namespace
+}  // namespace tarvok::test
