@@ -162,7 +162,13 @@ void TransferDialog::ShowPassword(PasswordForm& form) {
       .exec();
 }
 
+void TransferDialog::Advise(std::string_view text) {
+  advice_->setText(Letters(text));
+  advice_->show();
+}
+
 void TransferDialog::SetBusy(bool busy) {
+  if (busy) advice_->hide();
   for (QWidget* control : idle_controls_) control->setEnabled(!busy);
   if (busy) {
     began_ = true;

@@ -48,6 +48,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   std::optional<std::string> AskSaveName() override;
   void ShowPassword(PasswordForm& form) override;
   void SetBusy(bool busy) override;
+  void Advise(std::string_view text) override;
 
   void reject() override { Leave(); }
 
@@ -90,6 +91,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   QPlainTextEdit* Text1_ = nullptr;
   QProgressBar* bar_ = nullptr;
   QLabel* lblTime_ = nullptr;
+  QLabel* advice_ = nullptr;
   QLineEdit* txtFolder_ = nullptr;
   std::vector<QWidget*> idle_controls_;  // disabled while a session runs
 };

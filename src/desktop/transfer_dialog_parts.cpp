@@ -109,12 +109,19 @@ QLayout* TransferDialog::MakeLogColumn() {
   lblTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   lblTime_->setToolTip(QStringLiteral("Minutes and seconds since the start"));
   Elapsed(0);
+  advice_ = new QLabel;
+  advice_->setObjectName(QStringLiteral("Advice"));
+  advice_->setAccessibleName(QStringLiteral("Advice"));
+  advice_->setWordWrap(true);
+  advice_->setTextFormat(Qt::PlainText);
+  advice_->hide();
   auto* progress = new QHBoxLayout;
   progress->addWidget(bar_, 1);
   progress->addWidget(lblTime_);
   auto* column = new QVBoxLayout;
   column->setSpacing(8);
   column->addWidget(Text1_, 1);
+  column->addWidget(advice_);
   column->addLayout(progress);
   return column;
 }

@@ -201,7 +201,7 @@ void FieldTableForm::Load(const IniText& project) {
 
 TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
   const FieldList fields(value);
-  TableRow row{.origin = number};
+  TableRow row{.origin = number, .hidden = {std::string(value)}};
   for (const FieldColumn& column : columns_) {
     const std::string_view stored = table_.whole_value() ? value
                                     : column.field > 0   ? fields[column.field]
@@ -210,6 +210,11 @@ TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
   }
   ShowRow(value, row);
   return row;
+}
+
+std::string_view FieldTableForm::StoredBefore(int row) const {
+  const auto& hidden = grid().row(row).hidden;
+  return hidden.empty() ? std::string_view() : std::string_view(hidden[0]);
 }
 
 std::string FieldTableForm::RowText(int row) const {

@@ -94,6 +94,8 @@ class FieldTableForm : public TableForm {
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;
 
+  /** The value that a row of the grid was loaded with, "" for a new row; it is kept beside the cells. */
+  std::string_view StoredBefore(int row) const;
   /** The cells of a row with that number and value. */
   TableRow ShownRow(int number, std::string_view value) const;
   /** The columns' fields of these cells, joined by pipes. */

@@ -29,7 +29,8 @@ class CellCombo : public QComboBox {
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                     const QModelIndex& index) const {
   const Column& column = model_.table().column(index.column() + 1);
-  if (column.entry == Entry::kText) {
+  const Entry entry = model_.table().EntryOf(index.row() + 1, index.column() + 1);
+  if (entry == Entry::kText) {
     auto* field = new QLineEdit(parent);
     field->setFrame(false);
     field->setAccessibleName(QString::fromStdString(column.title));
@@ -38,12 +39,13 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   auto* list = new CellCombo(parent);
   list->setAccessibleName(QString::fromStdString(column.title));
   list->addItem(QString());
-  for (const std::string& entry : model_.table().ListOf(index.row() + 1, index.column() + 1)) {
-    list->addItem(model_.page().ToLetters(entry));
+  for (const std::string& text : model_.table().ListOf(index.row() + 1, index.column() + 1)) {
+    list->addItem(model_.page().ToLetters(text));
   }
-  list->setEditable(column.entry == Entry::kEditList);
+  list->setEditable(entry == Entry::kEditList);
   auto* delegate = const_cast<CellDelegate*>(this);
   connect(list, &QComboBox::activated, delegate, [delegate, list] {
+    if (!list->isVisible()) return;  // Return has taken it already
     Q_EMIT delegate->commitData(list);
     Q_EMIT delegate->closeEditor(list);
   });
@@ -98,7 +100,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->restore();
   }
   if (model_.IsOpen(index) || (current && option.state.testFlag(QStyle::State_HasFocus) &&
-                               model_.table().column(index.column() + 1).entry == Entry::kText)) {
+                               model_.table().EntryOf(index.row() + 1, index.column() + 1) == Entry::kText)) {
     const int margin = QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
     const int x =
         option.rect.left() + margin + option.fontMetrics.horizontalAdvance(index.data().toString()) + 1;

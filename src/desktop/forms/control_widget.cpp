@@ -136,6 +136,10 @@ class ListBox : public Bound<QListWidget> {
     made_->setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection
                                          : QAbstractItemView::SingleSelection);
     made_->setAlternatingRowColors(true);
+    int widest = 0;
+    for (const std::string& entry : control.entries)
+      widest = std::max(widest, made_->fontMetrics().horizontalAdvance(Letters(entry)));
+    made_->setMinimumWidth(std::clamp(widest + 48, 120, 320));
     QObject::connect(made_, &QListWidget::itemSelectionChanged, made_, [this] { Chosen(); });
   }
 

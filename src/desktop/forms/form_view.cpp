@@ -16,13 +16,14 @@
 namespace tarvok {
 namespace {
 
-/** What grows with the window. */
+/** What grows with the window. Room in between does not make what is around it grow. */
 bool Grows(const Layout& part) {
   switch (part.kind) {
     case Layout::Kind::kTable:
     case Layout::Kind::kPicture:
-    case Layout::Kind::kStretch:
       return true;
+    case Layout::Kind::kStretch:
+      return false;
     case Layout::Kind::kControl:
     case Layout::Kind::kField:
       return part.control->kind == ControlKind::kList;
@@ -33,6 +34,18 @@ bool Grows(const Layout& part) {
 
 bool IsSmallField(const Layout& part) {
   return part.kind == Layout::Kind::kField && !Grows(part);
+}
+
+/** A list of short entries, or a frame around one: it needs no more width than they do. */
+bool IsNarrow(const Layout& part) {
+  if (part.kind == Layout::Kind::kGroup || part.kind == Layout::Kind::kColumn)
+    return !part.parts.empty() && std::all_of(part.parts.begin(), part.parts.end(), IsNarrow);
+  const bool list =
+      part.control != nullptr && part.control->kind == ControlKind::kList && !part.control->many;
+  constexpr std::size_t kShort = 16;
+  return part.kind == Layout::Kind::kNote ||
+         (list && std::all_of(part.control->entries.begin(), part.control->entries.end(),
+                              [](const std::string& entry) { return entry.size() <= kShort; }));
 }
 
 /** A dialog that its form closes, not its window. */
@@ -79,13 +92,25 @@ QLayout* FormView::MakeColumn(const Layout& part) {
   const bool row = part.kind == Layout::Kind::kRow;
   auto* box = new QBoxLayout(row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   box->setContentsMargins(0, 0, 0, 0);
+  const bool beside_table = std::any_of(part.parts.begin(), part.parts.end(), [](const Layout& other) {
+    return other.kind == Layout::Kind::kTable;
+  });
+  bool grows = row;
   for (std::size_t at = 0; at < part.parts.size();) {
-    if (!row && IsSmallField(part.parts[at])) {
+    const Layout& one = part.parts[at];
+    grows = grows || Grows(one) || one.kind == Layout::Kind::kStretch;
+    if (!row && IsSmallField(one)) {
       AddFields(box, part.parts, at);
-    } else {
-      AddPart(box, part.parts[at++]);
+      continue;
     }
+    // Across, everything shares the room but what needs little; down, what grows does, and a table before a list.
+    const bool takes = row            ? one.control == nullptr && !IsNarrow(one)
+                       : beside_table ? one.kind == Layout::Kind::kTable
+                                      : Grows(one);
+    AddPart(box, one, takes || (row && Grows(one) && !IsNarrow(one)) ? 1 : 0);
+    ++at;
   }
+  if (!grows) box->addStretch(1);
   return box;
 }
 
@@ -118,12 +143,10 @@ QWidget* FormView::MakeGroup(const Layout& part) {
   column.kind = Layout::Kind::kColumn;
   auto* frame = new QVBoxLayout(group);
   frame->addLayout(MakeColumn(column));
-  if (!Grows(part)) frame->addStretch();
   return group;
 }
 
-void FormView::AddPart(QBoxLayout* to, const Layout& part) {
-  const int stretch = Grows(part) ? 1 : 0;
+void FormView::AddPart(QBoxLayout* to, const Layout& part, int stretch) {
   switch (part.kind) {
     case Layout::Kind::kRow:
     case Layout::Kind::kColumn:
@@ -149,7 +172,7 @@ void FormView::AddPart(QBoxLayout* to, const Layout& part) {
       QWidget* widget = MakeControl(*part.control, Words(part.text));
       auto* label = new QLabel(Words(part.text));
       label->setBuddy(widget);
-      const bool above = stretch > 0;
+      const bool above = Grows(part);
       auto* box = above ? static_cast<QBoxLayout*>(column) : new QHBoxLayout;
       if (!above) delete column;
       box->addWidget(label);

@@ -43,7 +43,7 @@ class FormView : public QWidget {
  private:
   QWidget* MakeGroup(const Layout& part);
   QLayout* MakeColumn(const Layout& part);
-  void AddPart(QBoxLayout* to, const Layout& part);
+  void AddPart(QBoxLayout* to, const Layout& part, int stretch);
   QWidget* MakeControl(Control& control, const QString& label);
   void AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::size_t& at);
   void FollowDialog();

@@ -24,7 +24,7 @@ class KeyButton : public QPushButton {
     Refresh();
   }
   void Refresh() {
-    const std::string& text = control_.text.empty() ? control_.caption : control_.text;
+    const std::string& text = control_.text;
     const QString shown = page_.ToLetters(text);
     const QString number = QString::number(control_.id.index + 1);
     setAccessibleName(

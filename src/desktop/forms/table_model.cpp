@@ -13,14 +13,14 @@ bool TableModel::IsOpen(const QModelIndex& index) const {
 
 QVariant TableModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  const Column& column = table_.column(index.column() + 1);
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
       return page_.ToLetters(IsOpen(index) ? table_.OpenText()
                                            : table_.Cell(index.row() + 1, index.column() + 1));
     case Qt::ForegroundRole:
-      if (column.entry == Entry::kReadOnly) return QPalette().brush(QPalette::PlaceholderText);
+      if (table_.EntryOf(index.row() + 1, index.column() + 1) == Entry::kReadOnly)
+        return QPalette().brush(QPalette::PlaceholderText);
       return {};
     default:
       return {};
@@ -40,7 +40,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const {
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  if (index.isValid() && table_.column(index.column() + 1).entry != Entry::kReadOnly)
+  if (index.isValid() && table_.EntryOf(index.row() + 1, index.column() + 1) != Entry::kReadOnly)
     flags |= Qt::ItemIsEditable;
   return flags;
 }

@@ -107,7 +107,7 @@ void TableView::KeepColumns(SettingsStore& settings, const std::string& form) co
 }
 
 bool TableView::OpensList(const QKeyEvent* event) const {
-  const Entry entry = model_.table().column(currentIndex().column() + 1).entry;
+  const Entry entry = model_.table().EntryOf(currentIndex().row() + 1, currentIndex().column() + 1);
   if (entry != Entry::kList && entry != Entry::kEditList) return false;
   if (event->key() == Qt::Key_F4) return true;
   if (event->modifiers().testFlag(Qt::AltModifier) && event->key() == Qt::Key_Down) return true;

@@ -102,6 +102,11 @@ void ConsoleView::ShowPassword(PasswordForm& form) {
   }
 }
 
+void ConsoleView::Advise(std::string_view text) {
+  ClearBar();
+  std::fprintf(stderr, "tarvokctl: %s\n", std::string(text).c_str());
+}
+
 void ConsoleView::SetBusy(bool busy) {
   ClearBar();
   busy_ = busy;

@@ -32,6 +32,7 @@ class ConsoleView : public SessionView {
   std::optional<std::string> AskSaveName() override { return std::nullopt; }
   void ShowPassword(PasswordForm& form) override;
   void SetBusy(bool busy) override;
+  void Advise(std::string_view text) override;
 
  private:
   void Write(std::string_view text);

@@ -11,13 +11,6 @@ namespace tarvok {
 namespace key_dss {
 namespace {
 
-constexpr std::string_view kTelephone = "TE";
-constexpr std::string_view kTrunk = "TR";
-constexpr std::string_view kExtension = "EX";
-constexpr std::string_view kGroupOut = "GO";
-constexpr std::string_view kMultiline = "ML";
-constexpr std::string_view kOldGroupOut = "C";  // no dialog writes it any more, but a button keeps it
-
 constexpr Field kDialled = Digits("Number", 20, "*#");
 constexpr Field kNumber = Digits("Number", 20);
 constexpr Field kShortNumber = Digits("Number", 6);
@@ -26,7 +19,7 @@ constexpr Field kMapOfTrunk = Digits("Map Digit", 14);
 constexpr Field kMapOfGroup = Digits("Map Digit", 18);
 constexpr Field kGroup = RowOf("Group Out", group_out::kTable, 0);
 constexpr Field kOldGroup = RowOf("Group Out", group_out::kTable, 2);
-constexpr Field kLine = tarvok::Number("Line", 1, 5);
+constexpr Field kLine = tarvok::Number("Line", 1, kLinesOfLayout);
 
 constexpr CodedValue kKeyCodes[] = {
     {kTelephone, &kDialled},

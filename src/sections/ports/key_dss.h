@@ -12,11 +12,21 @@ namespace tarvok {
 inline constexpr int kKeyLayouts = 24;
 inline constexpr int kKeysOfLayout = 20;
 inline constexpr int kDssOfLayout = 64;
+/** Each line of a layout stands on one button at most. */
+inline constexpr int kLinesOfLayout = 5;
 
 namespace key_dss {
 
 /** Both tables' rows are lists of buttons. A button is "F" or a code of two letters with its argument: TE
  * number, TR number[,map digits], EX number, GO group out[,map digits], ML line. */
+inline constexpr std::string_view kTelephone = "TE";
+inline constexpr std::string_view kTrunk = "TR";
+inline constexpr std::string_view kExtension = "EX";
+inline constexpr std::string_view kGroupOut = "GO";
+inline constexpr std::string_view kMultiline = "ML";
+/** An older group out: no dialog writes it any more, but a button keeps it. */
+inline constexpr std::string_view kOldGroupOut = "C";
+
 extern const Table kKeys;
 extern const Table kDss;
 

@@ -10,7 +10,7 @@ namespace tarvok {
 namespace incoming_list {
 namespace {
 
-constexpr Choice kTargets[] = {{"1000", "DID"}, {"2000", "Map_Digit"}, {"3000", "Wait_Comp"}};
+constexpr Choice kTargets[] = {{kDidTarget, "DID"}, {"2000", "Map_Digit"}, {"3000", "Wait_Comp"}};
 
 /** A number row, or one of the targets that have a name of their own. */
 constexpr tarvok::Field Destination(std::string_view name) {

@@ -16,6 +16,9 @@ namespace incoming_list {
 /** Fields of a row, from 1. A destination is a number row or one of three special targets. */
 enum Field : int { kName = 1, kNum1, kNum2, kNum3, kTimeOut };
 
+/** A destination that is no number: the DID numbers decide. */
+inline constexpr std::string_view kDidTarget = "1000";
+
 extern const Table kTable;
 
 }  // namespace incoming_list

@@ -1,5 +1,6 @@
 #include "sections/routing/route_list.h"
 
+#include <algorithm>
 #include <string>
 
 #include "sections/routing/route.h"
@@ -40,6 +41,14 @@ void EncodeEnd(RecordWriter& list) {
 }
 
 }  // namespace
+
+RouteRange RoutesOfList(const IniText& project, int list) {
+  const auto end_of = [&](int number) {
+    const std::int64_t end = number < 1 ? 1 : Val(RowValue(project, kTable, number));
+    return static_cast<int>(std::clamp<std::int64_t>(end, 1, route::kTable.rows.kept + 1));
+  };
+  return {end_of(list - 1), end_of(list) - 1};
+}
 
 void EncodeRouteList(const IniText& project, ImageWriter& image) {
   EncodeRows(project, kTable, image, {kValue, 0, 0}, EncodeEnd);

@@ -20,6 +20,15 @@ extern const Table kTable;
 
 }  // namespace route_list
 
+/** The routes of a list, from the first to the last; none where the last is in front of the first. */
+struct RouteRange {
+  int first;
+  int last;
+};
+/** List n has the routes from where list n - 1 ends up to its own end. Ends that a hand has written may run
+ * backwards, or beyond the routes that an editor can have written; those are left out. */
+RouteRange RoutesOfList(const IniText& project, int list);
+
 /** Section 9, every version: 50 values of 16 bits, 100 bytes: the end minus 1, and 0 for an end of "0". An
  * end above 65,536 is an error. */
 void EncodeRouteList(const IniText& project, ImageWriter& image);

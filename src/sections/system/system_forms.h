@@ -20,9 +20,10 @@ inline EntryRule AnyDigits() {
   return DigitsRule(0);
 }
 
-/** What is typed into a box, or the highest value that its field takes. */
+/** What is typed into a box, or the highest value that its field takes. Places behind the point count. */
 inline std::string AtMost(std::string_view typed, int highest) {
-  return Val(typed) >= highest ? std::to_string(highest) : std::string(typed);
+  constexpr int kHundred = 100;
+  return ValHundredths(typed) >= highest * kHundred ? std::to_string(highest) : std::string(typed);
 }
 
 /** "1" for a box that is set. */

@@ -18,8 +18,9 @@ EditorForm::EditorForm(EditorContext context, FormName name)
 
 void EditorForm::Open() {
   const bool loading = std::exchange(context_.state.FormLoading, true);
-  loaded_ = context_.store.Snapshot(project_file());
-  Load(*loaded_);
+  const std::shared_ptr<const IniText> project = context_.store.Snapshot(project_file());
+  loaded_ = project;  // a form that writes while it loads puts a newer one in its place
+  Load(*project);
   context_.state.FormLoading = loading;
 }
 

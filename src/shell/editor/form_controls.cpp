@@ -34,7 +34,9 @@ void FormControls::Press(Key key) {
   if (box.kind == ControlKind::kText) {
     std::string text = box.text;
     if (key.code == KeyCode::kCharacter) {
-      text = TypeCharacter(box.rule, box.text, box.selected, key.character, false).value_or(box.text);
+      const auto typed = TypeCharacter(box.rule, box.text, box.selected, key.character, false);
+      if (typed) box.selected = false;  // also where the same text was typed over it
+      text = typed.value_or(box.text);
     } else if (key.code == KeyCode::kBackspace && !text.empty()) {
       box.selected ? text.clear() : text.pop_back();
     } else if (key.code == KeyCode::kDelete && box.selected) {

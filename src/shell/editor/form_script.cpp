@@ -17,7 +17,7 @@ constexpr std::string_view kGrid = "mgTest";
 
 /** The next word, or what stands between two quotes; `rest` is what follows the blank behind it. */
 std::string_view NextWord(std::string_view& rest) {
-  rest = Trim(rest);
+  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));  // a text may end in blanks
   std::size_t end = rest.find(' ');
   std::string_view word = rest.substr(0, end);
   if (!rest.empty() && rest.front() == '"') {
@@ -203,7 +203,10 @@ std::string FormScript::Pick(std::string_view rest) {
     return table != nullptr && table->Pick(entry) ? "" : "no entry " + std::string(entry);
   }
   const auto& entries = control->entries;
-  const auto found = std::find(entries.begin(), entries.end(), entry);
+  // A blank at an entry's end is one that the line has lost.
+  const auto found = std::find_if(entries.begin(), entries.end(), [&](const std::string& shown) {
+    return shown == entry || (!entry.empty() && Trim(shown) == entry);
+  });
   if (found == entries.end() && !entry.empty()) return "no entry " + std::string(entry);
   Front().ChooseEntry(*control,
                       found == entries.end() ? kNoIndex : static_cast<int>(found - entries.begin()));

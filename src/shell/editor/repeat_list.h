@@ -13,7 +13,7 @@ namespace tarvok {
 class RepeatList {
  public:
   /** Both are controls of the form. */
-  RepeatList(Control& label, Control& list) : label_(label), list_(list) {}
+  RepeatList(Control& label, Control& list) : label_(label), list_(list) { list_.visible = false; }
 
   /** Shows what stands more than once among the texts under `some`, or the text `none`; true if there are
    * repeats. */

@@ -1,0 +1,269 @@
+#include "sections/ports/frmPortSys_Def.h"
+
+#include <algorithm>
+
+#include "sections/ports/account.h"
+#include "sections/ports/assign.h"
+#include "sections/ports/card_insert.h"
+#include "sections/ports/port_config.h"
+#include "sections/ports/port_def.h"
+#include "sections/routing/group_out.h"
+#include "sections/routing/incoming_list.h"
+#include "sections/routing/tenan.h"
+#include "sections/rows.h"
+#include "store/field_list.h"
+
+namespace tarvok {
+namespace {
+
+using namespace port_def;
+
+enum ColumnOf : int {
+  kCardColumn = 1,
+  kChannelColumn,
+  kTypeColumn,
+  kConfigColumn,
+  kTenanColumn,
+  kPickupColumn,
+  kDayColumn,
+  kNightColumn,
+  kNumberColumn,
+  kPasswordColumn,
+  kExpandColumn,
+};
+constexpr std::size_t kColumns = kExpandColumn;
+
+constexpr int kCards = 16;
+constexpr int kMostPickup = 99;
+constexpr int kRowWidth = 3;  // of a row number that another section holds
+constexpr std::string_view kNoRoom = "Cannot insert more card";
+constexpr std::string_view kNoPort = "F|F|F";
+
+/** A number of two digits that comes down to the highest one. */
+FieldColumn ClampedColumn(int field, std::string title, EntryRule rule, int most) {
+  FieldColumn column = TypedColumn(field, std::move(title), rule);
+  column.stored = [most](std::string_view cell) {
+    return Val(cell) > most ? std::to_string(most) : FieldText(cell);
+  };
+  return column;
+}
+
+template <int Most>
+EntryRule UpToRule() {
+  EntryRule rule = DigitsRule(2);
+  rule.fits = FitsUpTo<Most>;
+  return rule;
+}
+
+FieldColumn ListColumn(int field, std::string title, std::string overlay) {
+  return {.field = field,
+          .column = {.title = std::move(title), .entry = Entry::kList, .overlay = std::move(overlay)}};
+}
+
+}  // namespace
+
+std::vector<FieldColumn> frmPortSys_Def::Columns(frmPortSys_Def* form) {
+  FieldColumn type = ListColumn(kType, "Type", "cmbMask3");
+  type.column.list = TypeLabels();
+  type.stored = [](std::string_view cell) {
+    const int code = TypeCode(cell);
+    return code > 0 ? std::to_string(code) : std::string(kUnset);
+  };
+  FieldColumn day = ListColumn(kIncomingDay, "Incoming D", "cmbMask");
+  FieldColumn night = ListColumn(kIncomingNight, "Incoming N", "cmbMask");
+  for (FieldColumn* incoming : {&day, &night}) {
+    incoming->column.list_of = [form](int) { return form->incoming_.Names(); };
+    incoming->shown = [form](std::string_view stored) { return form->incoming_.NameOf(stored); };
+  }
+  FieldColumn number = TypedColumn(kNumber, "Number", DigitsRule(6));
+  number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  return {TypedColumn(kCard, "Card", DigitsRule(2)),
+          TypedColumn(kChannel, "Channel", DigitsRule(2)),
+          std::move(type),
+          ClampedColumn(kConfig, "Config", UpToRule<kPortConfigRows>(), kPortConfigRows),
+          ClampedColumn(kTenan, "Tenan", UpToRule<kTenants>(), kTenants),
+          ClampedColumn(kPickupGroup, "Pickup Group", DigitsRule(2), kMostPickup),
+          std::move(day),
+          std::move(night),
+          std::move(number),
+          TypedColumn(kPassword, "PSW", DigitsRule(4)),
+          ChoiceColumn(kExpand, "Expand T", kTable.fields[kExpand - 1], "cmbMask2")};
+}
+
+frmPortSys_Def::frmPortSys_Def(const EditorContext& context, const FormName& name)
+    : FieldTableForm(
+          context, name, kTable, Columns(this),
+          {.rows = RowCommands::kGrow, .most = kPortRows, .sort_by = {{kCardColumn}, {kChannelColumn}}}),
+      card_(AddCombo({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
+      type_(AddCombo({"cmbType"}, "Type :", CardNames())) {
+  for (Control* list : {&card_, &type_}) {
+    list->data = false;
+    list->current = 0;
+  }
+  Control& insert = AddButton("cmbInsert", "&Insert", [this] { cmbInsert(); });
+  LayOut({layout::Group("Auto Insert Port :",
+                        {layout::Row({layout::Field("Card :", card_), layout::Field("Type :", type_),
+                                      layout::Of(insert), layout::Stretch()})})});
+}
+
+void frmPortSys_Def::Prepare(const IniText& project) {
+  numbers_ = AssignNumbers(project);
+  incoming_ = {};
+  const Table& lists = incoming_list::kTable;
+  for (int row = 1; row <= lists.rows.last; ++row) {
+    const std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
+    if (!name.empty()) incoming_.Add(row, name);
+  }
+}
+
+void frmPortSys_Def::ShowRow(std::string_view value, TableRow& row) const {
+  const FieldList fields(value);
+  row.cells[kTypeColumn - 1] = TypeLabel(Val(fields[kType]), Val(fields[kChannel]));
+  row.hidden = {std::string(value)};
+}
+
+/** Puts in all ports of a card at once. */
+void frmPortSys_Def::cmbInsert() {
+  grid().LeaveCell();
+  MarkChanged();
+  std::vector<TableRow> rows;
+  for (int row = 1; row <= grid().rows(); ++row) rows.push_back(grid().row(row));
+  const std::string card(card_.Chosen());
+  if (card.empty() || type_.current < 0) return;
+  const bool replaces = FindCard(rows, card) < rows.size();
+  std::size_t first = 0;
+  if (!InsertCard(rows, card, type_.Chosen(), kColumns, first)) {
+    context().questions.Box(kNoRoom, true);
+    return;
+  }
+  if (replaces &&
+      !context().questions.Ask("Card \"" + card + "\" already inserted.\nDo you want to replace?"))
+    return;
+  grid().ReplaceRows(std::move(rows));
+  grid().GoTo(static_cast<int>(first) + 1, kCardColumn);
+}
+
+/** A field of a row as it is written: what has no column stays as it was. */
+std::string frmPortSys_Def::FieldOf(int row, int field) const {
+  const auto& columns = field_columns();
+  const auto found = std::find_if(columns.begin(), columns.end(),
+                                  [&](const FieldColumn& column) { return column.field == field; });
+  if (found == columns.end()) {
+    const auto& hidden = grid().row(row).hidden;
+    const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], field);
+    return FieldText(before);
+  }
+  const auto column = static_cast<int>(found - columns.begin()) + 1;
+  if (field == kNumber) return number_fields_[static_cast<std::size_t>(row) - 1];
+  if (field == kIncomingDay || field == kIncomingNight) return IncomingText(row, column, field);
+  const std::string& cell = grid().Cell(row, column);
+  return found->stored ? found->stored(cell) : FieldText(cell);
+}
+
+std::string frmPortSys_Def::IncomingText(int row, int column, int field) const {
+  const auto& hidden = grid().row(row).hidden;
+  const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], field);
+  return incoming_.Stored(grid().Cell(row, column), kRowWidth, before);
+}
+
+std::string frmPortSys_Def::RowText(int row) const {
+  std::string text;
+  for (int field = kCard; field <= kExpand; ++field)
+    text.append(field > kCard ? "|" : "").append(FieldOf(row, field));
+  return text;
+}
+
+bool frmPortSys_Def::IsRemoved(std::string_view value) const {
+  return value.starts_with(kNoPort) || FieldTableForm::IsRemoved(value);
+}
+
+bool frmPortSys_Def::KeepsReferences(int row) const {
+  return !grid().Cell(row, kCardColumn).empty() && !grid().Cell(row, kChannelColumn).empty();
+}
+
+/** In a project in which the references to ports have followed them. */
+NumberLinks frmPortSys_Def::LinksFor(const IniEdit& project) const {
+  std::vector<LinkedPort> ports;
+  for (int row = 1; row <= grid().rows(); ++row) {
+    const int origin = grid().row(row).origin;
+    const std::string_view before =
+        origin > 0 ? RowValue(project.base(), kTable, origin) : std::string_view();
+    const std::int64_t named = Val(GetField(before, kNumber));
+    ports.push_back({row, named >= 1 && named <= kAssignRows ? static_cast<int>(named) : 0,
+                     KeepsReferences(row), grid().Cell(row, kNumberColumn)});
+  }
+  return NumberLinks(project, ports);
+}
+
+bool frmPortSys_Def::MaySave() {
+  if (project_file().empty()) return true;
+  const std::shared_ptr<const IniText> now = context().store.Snapshot(project_file());
+  IniEdit trial(*now);
+  RepairMoved(trial);
+  if (LinksFor(trial).all_fit()) return true;
+  context().questions.Box(kOverLimit, false);
+  return false;
+}
+
+void frmPortSys_Def::Write(IniEdit& project) {
+  RepairMoved(project);
+  const NumberLinks links = LinksFor(project);
+  number_fields_.clear();
+  for (int row = 1; row <= grid().rows(); ++row) {
+    const int number = links.NumberOf(row);
+    number_fields_.push_back(number > 0 ? Padded(number, kRowWidth) : std::string(kUnset));
+  }
+  MoveAccounts(project);
+  // Rows that refer to a number refer to no port, so this can't undo what was repaired above.
+  if (!links.gone().empty()) RepairReferences(project, project.base(), assign::kTable, links.gone());
+  WriteRows(project);
+  project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
+  links.Write(project);
+  KeepLines(project);
+}
+
+/** The number of an account is compared with the ports' rows, although it names a row of numbers. */
+void frmPortSys_Def::MoveAccounts(IniEdit& project) const {
+  const Table& accounts = account::kTable;
+  const RowMoves moves = Moves();
+  for (int number = 1; number <= kAccountRows; ++number) {
+    const std::string_view row = RowValue(project.base(), accounts, number);
+    const std::string_view named = GetField(row, account::kNumber);
+    for (const auto& [from, to] : moves) {
+      if (Padded(from, kRowWidth) != named) continue;
+      project.Set(accounts.section, KeyOf(accounts, number),
+                  WithField(row, account::kNumber, to > 0 ? Padded(to, kRowWidth) : std::string(kUnset)));
+      break;
+    }
+  }
+}
+
+/** A group of lines keeps only ports that are lines. */
+void frmPortSys_Def::KeepLines(IniEdit& project) const {
+  const Table& groups = group_out::kTable;
+  const auto lines = groups.fields[0].target.stored;
+  const auto is_line = [&](std::string_view member) {
+    const auto port = static_cast<int>(std::clamp<std::int64_t>(Val(member), 0, kPortRows));
+    const std::string row = project.Get(kTable.section, KeyOf(kTable, port));
+    return std::find(lines.begin(), lines.end(), GetField(row, kType)) != lines.end();
+  };
+  bool any = false;
+  for (int number = 1; number <= groups.rows.last; ++number) {
+    const std::string members = project.Get(groups.section, KeyOf(groups, number));
+    std::string left;
+    int gone = 0;
+    ForEachMember(members, [&](std::string_view member) {
+      if (!is_line(member)) {
+        ++gone;
+        return;
+      }
+      left.append(left.empty() ? "" : "|").append(member);
+    });
+    if (gone == 0) continue;
+    project.Set(groups.section, KeyOf(groups, number), left);
+    any = true;
+  }
+  if (any) RecountMembers(project, groups);
+}
+
+}  // namespace tarvok

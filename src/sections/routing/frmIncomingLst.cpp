@@ -1,0 +1,86 @@
+#include "sections/routing/frmIncomingLst.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sections/routing/incoming_list.h"
+#include "sections/routing/offered_rows.h"
+#include "sections/row_fields.h"
+#include "sections/rows.h"
+#include "store/field_list.h"
+
+namespace tarvok {
+
+using namespace incoming_list;
+
+namespace {
+
+constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
+
+}  // namespace
+
+std::vector<FieldColumn> frmIncomingLst::Columns(frmIncomingLst* form) {
+  const auto statement = [](int field) -> const tarvok::Field& {
+    return kTable.fields[static_cast<std::size_t>(field) - 1];
+  };
+  std::vector<FieldColumn> columns = {TypedColumn(kName, "Name", TextRule(0))};
+  for (const int field : kDestinations) {
+    FieldColumn number =
+        ReferenceColumn(field, std::string(statement(field).name), statement(field), form->numbers_);
+    number.column.list_of = [form, named = number.column.list](int) {
+      std::vector<std::string> entries = form->offered_;
+      entries.insert(entries.end(), named.begin(), named.end());
+      return entries;
+    };
+    columns.push_back(std::move(number));
+  }
+  columns.push_back(LimitedColumn(kTimeOut, "Time Out", statement(kTimeOut), LimitRule()));
+  return columns;
+}
+
+frmIncomingLst::frmIncomingLst(const EditorContext& context, const FormName& name)
+    : FieldTableForm(context, name, kTable, Columns(this),
+                     {.rows = RowCommands::kGrow, .most = kIncomingRows, .sort_by = {{kName}}}) {
+  LayOut();
+}
+
+void frmIncomingLst::Prepare(const IniText& project) {
+  numbers_ = AssignNumbers(project);
+  offered_ = OfferedNumbers(project);
+}
+
+/** Up to "Max", and never without a row that is in use. */
+int frmIncomingLst::RowsToShow(const IniText& project) const {
+  const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
+  int rows = most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
+  for (int row = rows + 1; row <= kIncomingRows; ++row) {
+    if (!RowValue(project, kTable, row).empty()) rows = row;
+  }
+  return rows;
+}
+
+/** A number that stands in several rows stays the one that it was. */
+std::string frmIncomingLst::RowText(int row) const {
+  std::string text = FieldTableForm::RowText(row);
+  const FieldList before(StoredBefore(row));
+  for (const int field : kDestinations) {
+    const std::string& cell = grid().Cell(row, field);
+    if (!cell.empty() && cell == numbers_.NameOf(before[field])) {
+      const int width = kTable.fields[static_cast<std::size_t>(field) - 1].width;
+      text = WithField(text, field, numbers_.Stored(cell, width, before[field]));
+    }
+  }
+  return text;
+}
+
+/** A row that was emptied here is none to name any more; one that was empty before is none less. */
+bool frmIncomingLst::KeepsReferences(int row) const {
+  return !grid().IsBlank(row) || IsUnused(kTable, StoredBefore(row));
+}
+
+void frmIncomingLst::Write(IniEdit& project) {
+  FieldTableForm::Write(project);
+  project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
+}
+
+}  // namespace tarvok

@@ -1,0 +1,142 @@
+#include "sections/used_by.h"
+#include "tests/editors/ports/every_reference.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Extension, ASaveSortsAndEveryReferenceStaysOnItsNumber) {
+  EditorBench bench(EveryReference());
+  EXPECT_THAT(bench.Run("frmExtension", "go 1 Company\npress Backspace\nclick cmdOK\n"), IsEmpty());
+  ExpectStored(bench, {{"Assign", "001", "200|0|004|F|F"},
+                       {"Assign", "002", "201|0|005|F|001"},
+                       {"Assign", "003", "300|1|1|F|002"},
+                       {"Assign", "004", "-"},
+                       {"Assign", "Now", "4"},
+                       {"Name", "Now", "2"},
+                       {"Name", "001", "Bar"},
+                       {"Name", "002", "Desk"},
+                       {"Port_Def", "004", Port("1|2|1", "001")},
+                       {"Port_Def", "005", Port("1|1|1", "002", "77")},
+                       {"HuntGroup", "01", "002|001"},
+                       {"HuntGroup", "02", "001"},
+                       {"HuntGroup", "Now", "3"},
+                       {"Account", "001", "11|22|002|F|F|F"},
+                       {"Account", "002", "12|22|001|F|F|F"},
+                       {"Incoming_List", "01", "Night|002|1000|001|20"},
+                       {"DIDRedirect", "001", "1|0|9|0|002"},
+                       {"DIDRedirect", "002", "1|5|6|1|01"},
+                       {"BOSS", "01", "005|004"}});
+}
+
+TEST(Extension, WhatReferredToADeletedNumberIsGone) {
+  for (const char* how : {"go 2 1\nclick cmdDelRow\n", "select 2 1 2 5\ncut\n"}) {
+    EditorBench bench(EveryReference());
+    bench.Run("frmExtension", std::string(how) + "click cmdOK\n");
+    ExpectStored(bench, {{"Assign", "001", "201|0|005|2|001"},
+                         {"Assign", "002", "300|1|1|F|002"},
+                         {"Assign", "003", "-"},
+                         {"Port_Def", "004", Port("1|2|1")},
+                         {"HuntGroup", "01", "001"},
+                         {"HuntGroup", "02", ""},
+                         {"HuntGroup", "Now", "1"},
+                         {"Account", "002", "12|22|F|F|F|F"},
+                         {"Incoming_List", "01", "Night|001|1000|F|20"},
+                         {"BOSS", "01", "005|F"}});
+  }
+}
+
+TEST(Extension, ANumberOnAnotherPortTakesItsSecretaryAlong) {
+  EditorBench bench(EveryReference());
+  bench.Run("frmExtension", "go 2 Value\npick 2/1\nclick cmdOK\n");
+  ExpectStored(bench, {{"Assign", "001", "200|0|003|F|F"},
+                       {"Port_Def", "003", Port("2|1|2", "001")},
+                       {"Port_Def", "004", Port("1|2|1")},
+                       {"BOSS", "01", "005|003"},
+                       {"BOSS", "02", "004|F"}});
+}
+
+TEST(Extension, RepeatsAreShownAndAskedAboutAndNoLeavesEverything) {
+  EditorBench bench(EveryReference());
+  const std::string before = bench.Bytes();
+  EXPECT_THAT(
+      bench.Run("frmExtension", "click cmdCheck\nvalue lblRepeat\nclick cmdChk_port\nvalue lblRepeat\n"),
+      ElementsAre("No repeat number", "No repeat port"));
+  EXPECT_THAT(
+      bench.Go("go 2 Number\npress Backspace\ntype 1\nclick cmdCheck\nvalue lblRepeat\nlist lsRepeat\n"
+               "answer No\nclick cmdOK\n"),
+      ElementsAre("Show repeat number :", "201",
+                  "ask: There are repeat numbers. Do you still want to save? -> No"));
+  EXPECT_THAT(
+      bench.Go("go 2 Value\npick 1/1\nanswer No\nclick cmdOK\nlist lsRepeat\n"),
+      ElementsAre("ask: There are repeat numbers and ports. Do you still want to save? -> No", "201"));
+  EXPECT_THAT(bench.Go("go 2 Number\ntype 9\nanswer No\nclick cmdCancel\n").size(), 1u);
+  EXPECT_EQ(bench.Bytes(), before);
+  EXPECT_THAT(bench.Run("frmExtension", "go 2 Value\npick 1/1\nclick cmdOK\n"),
+              ElementsAre("ask: There are repeat ports. Do you still want to save? -> Yes"));
+  EXPECT_EQ(bench.Get("Assign", "001"), "200|0|005|F|F");
+}
+
+TEST(Extension, TheValueIsWhatTheTypeCounts) {
+  EditorBench bench("[Port_Def]\nNow=1\n001=" + Port("7|12|1") + "\n[Assign]\nNow=4\n");
+  bench.Run("frmExtension",
+            "go 1 Number\ntype 1234567\ngo 1 Type\npick Port\ngo 1 Value\ntype 3\npick 7/12\n"
+            "go 2 1\ntype 20\ngo 2 2\npick Call Group All\ngo 2 3\npick 07\n"
+            "go 3 1\ntype 30\ngo 3 2\npick Boss Number\ngo 3 3\ntype 123x\n"
+            "go 4 1\ntype 40\ngo 4 2\npick Hunt ACD\ngo 4 3\npick 20\ngo 4 Company\ntype 5034\n"
+            "go 4 Name\ntype An |'old' name of twenty\nclick cmdOK\n");
+  ExpectStored(bench, {{"Assign", "001", "20|3|07|F|F"},
+                       {"Assign", "002", "30|7|12|F|F"},
+                       {"Assign", "003", "40|6|20|3|001"},
+                       {"Assign", "004", "123456|0|001|F|F"},
+                       {"Name", "001", "An 'old' name o"},
+                       {"Port_Def", "001", Port("7|12|1", "004")}});
+}
+
+TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
+  EditorBench bench(EveryReference());
+  bench.Run(
+      "frmExtension",
+      "go 1 Type\npick Call Group\ngo 3 Type\npick Hunt Circular\ngo 2 Type\npick Boss Number\npick Port\n"
+      "click cmdOK\n");
+  ExpectStored(bench, {{"Assign", "001", "200|0|F|F|F"},
+                       {"Assign", "002", "201|2|F|2|001"},
+                       {"Assign", "003", "300|4|1|F|002"}});
+}
+
+TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
+  EditorBench bench(
+      "[Assign]\nNow=2\n001=100|0|501|7|009\n002=101|9|f\n003=102|0|004|x|001\n500=\n[Name]\nNow=1\n001=A\n");
+  EXPECT_THAT(bench.Run("frmExtension", "show\ngo 3 Number\ntype 0\nclick cmdOK\n"),
+              ElementsAre("\tNumber\tType\tValue\tCompany\tName", "1\t100\tPort\t\t7\t", "2\t101\t\t\t\t",
+                          "3\t102\tPort\t\tx\tA"));
+  ExpectStored(bench, {{"Assign", "001", "100|0|F|4|F"},
+                       {"Assign", "002", "101|F|F|F|F"},
+                       {"Assign", "003", "1020|0|F|x|001"},
+                       {"Assign", "Now", "3"}});
+}
+
+TEST(Extension, RowsGrowToTheLimit) {
+  EditorBench bench("[Assign]\nNow=499\n");
+  EXPECT_THAT(bench.Run("frmExtension", "click mnu_AddRow\ntype 5\nclick mnu_AddRow\nclick cmdOK\n"),
+              ElementsAre("box: Over limit data you cannot add. "));
+  EXPECT_EQ(bench.Get("Assign", "001"), "5|F|F|F|F");
+  EXPECT_EQ(bench.Get("Assign", "Now"), "500");
+}
+
+TEST(Extension, WhatUsesANumberIsListed) {
+  EditorBench bench(EveryReference());
+  bench.Open("frmExtension");
+  std::vector<std::string> uses;
+  const auto project = bench.store.Snapshot(EditorBench::kProject);
+  for (const Found& use : UsedBy(*project, dynamic_cast<FieldTableForm&>(*bench.editor), 2))
+    uses.push_back(use.row + ", " + use.field + ": " + use.value);
+  EXPECT_THAT(uses, ElementsAre("Port 004 (card 1, channel 2), Number: 200", "Hunt Group 01, Member 2: 200",
+                                "Hunt Group 02, Member 1: 200", "Account 002 (12), Number: 200",
+                                "Incoming List 01 (Night), Num3: 200"));
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,195 @@
+#include "sections/system/frmSystemConfig.h"
+#include "store/number_text.h"
+#include "tests/editors/editor_bench.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+constexpr const char* kCountries =
+    "[Country]\nCnt=4\n001=Here\n002=\n003=There\n004=Nowhere\n[001]\nUNIT=Pound\nCnt=2\n001=020 A\n002=030 "
+    "B\n"
+    "[003]\nUNIT=Yen\nCnt=1\n001=06 C\n[004]\nUNIT=Franc\nCnt=\n";
+constexpr const char* kBilling =
+    "[SystemConfig]\nCCode=001\n"
+    "Billing=02|1|0|1|0|1.50|0.00|2.25|3|4|5|0.10|0.20|6|0.30|7|8|9|10|11|12|13|1|4.75|0\n";
+
+EditorBench BillingBench(std::string_view project = kBilling, std::string system = kCountries) {
+  EditorBench bench(project);
+  bench.files.Put(EditorBench::kSystemFile, std::move(system));
+  return bench;
+}
+
+TEST(SystemForms, RunScript) {
+  EditorBench bench("[RunScript]\nData=1|F|3|F|F|F|F|\n");
+  bench.Run("frmRunScript",
+            "focus txtRunScript(1)\ntype 5x11\nfocus txtRunScript(2)\npress Backspace\nfocus "
+            "txtRunScript(6)\ntype 510\n"
+            "focus txtRunScript(5)\ntype 509\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("RunScript", "data"), "1|510|F|F|F|509|510|");
+  bench.Run("frmRunScript",
+            "focus txtRunScript(0)\npress Backspace\nfocus txtRunScript(1)\npress Backspace\npress "
+            "Backspace\npress Backspace\nset txtRunScript(5) \"\"\nset txtRunScript(6) \"\"\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("RunScript", "Data"), "");
+  EXPECT_TRUE(bench.Has("RunScript", "Data"));
+}
+
+TEST(SystemForms, AddressBoxesGoOnByDotAndReturnAndStopAtTheirLimits) {
+  EditorBench bench("[IP]\nIP=1|2|3|4|\nMAC=a|F|\n");
+  bench.Run("frmSetIP",
+            "focus txtIP_Port(0)\ntype 192.168.x1.255\npress Return\ntype fFf\npress Return\ntype g0\nclick "
+            "cmdOK\n");
+  EXPECT_EQ(bench.Get("IP", "IP"), "192|168|1|254|");
+  EXPECT_EQ(bench.Get("IP", "MAC"), "FE|0|");
+  bench.Run("frmSetIP",
+            "focus txtIP_Port(0)\npress Backspace\nfocus txtRunScript(0)\npress Backspace\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("IP", "IP"), "0|168|1|254|");
+  EXPECT_EQ(bench.Get("IP", "MAC"), "0|0|");
+}
+
+TEST(SystemForms, MiniBarRowsEndInAPipeAndGoWithTheirData) {
+  EditorBench bench("[MiniBar]\n001=Cola|120\n002=Water|F|\n003=F|7|\n");
+  bench.Run("frmMiniBar",
+            "go 2 Price\ntype 9x9999\ngo 512 Name\ntype A twenty letter | name\ngo 3 Price\npress "
+            "Backspace\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("MiniBar", "001"), "Cola|120|");
+  EXPECT_EQ(bench.Get("MiniBar", "002"), "Water|9999|");
+  EXPECT_FALSE(bench.Has("MiniBar", "003"));
+  EXPECT_EQ(bench.Get("MiniBar", "512"), "A twenty letter |F|");
+}
+
+TEST(SystemForms, PabxModeFieldsGoToTheirBoxes) {
+  EditorBench bench(
+      "[SystemConfig]\nPbx=1|0|1|0|0|0|1|0|1|30|0|1|0|1|0|0|012|1|0|1\n"
+      "[Assign]\n001=200|0|011|1|F\n002=300|1|1|1|F\n003=201|0|012|1|F\n");
+  EXPECT_THAT(
+      bench.Run("frmPABXMode",
+                "value Check1(1)\nvalue Check1(10)\nvalue Check1(14)\nvalue Option1(1)\nvalue Option1(3)\n"
+                "value cmbNum\nvalue cmbRevision\nlist cmbNum\n"),
+      ElementsAre("1", "1", "1", "1", "1", "201", "Revision 2", "200", "201"));
+  bench.Go(
+      "set Check1(3) 0\nset Option1(0) 1\nfocus txtT2T\npress Backspace\npress Backspace\ntype 0300\n"
+      "focus cmbNum\npick 200\nset Check1(15) 1\nfocus cmbRevision\npick Revision 1\nclick cmdOK\n");
+  // The manual mode is hidden without its switch, so a click on it finds nothing.
+  EXPECT_EQ(bench.Get("SystemConfig", "Pbx"), "1|0|0|0|0|0|1|0|1|254|0|1|0|1|0|0|011|1|1|0");
+  bench.Run("frmPABXMode",
+            "set Option1(2) 1\nset Check1(12) 0\nset Option1(3) 1\nset txtT2T \"\"\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("SystemConfig", "Pbx"), "1|0|0|0|0|0|1|0|1|F|0|1|0|0|0|1|011|1|1|0");
+}
+
+TEST(SystemForms, PabxModeOfRubbishIsNoReasonToFall) {
+  for (const char* value :
+       {"", "F|F", "x|y|9999999999999999999||||", "1|1|1|1|1|1|1|1|1|1|1|1|1|1|1|1|999|1|1|7|9|9"}) {
+    EditorBench bench(std::string("[SystemConfig]\nPbx=") + value + "\n");
+    bench.Run("frmPABXMode", "set Check1(2) 1\nset Check1(2) 0\nset Check1(2) 1\nclick cmdOK\n");
+    const std::string saved = bench.Get("SystemConfig", "Pbx");
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), '|'), 19) << value;
+    EXPECT_EQ(saved.substr(2, 1), "1");
+  }
+}
+
+TEST(SystemForms, BillingListsFollowTheCountry) {
+  EditorBench bench = BillingBench();
+  EXPECT_THAT(
+      bench.Run("frmBillingMode",
+                "list cmbCountry\nvalue cmbLocalCode\nvalue lblUnit(9)\nfocus cmbCountry\npick There\n"
+                "list cmbLocalCode\nvalue lblUnit(9)\n"),
+      ElementsAre("Here", "There", "Nowhere", "030 B", "Pound", "06 C", "Yen"));
+  bench.Go("click cmdOK\n");
+  EXPECT_EQ(bench.Get("SystemConfig", "CCode"), "003");
+  EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith("0|1|0|1|0|1.50|"));  // no code is chosen yet
+  EXPECT_THAT(bench.Run("frmBillingMode", "focus cmbCountry\npick Nowhere\nlist cmbLocalCode\nclick cmdOK\n"),
+              ElementsAre("No data"));
+  EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith("F|1|"));
+}
+
+TEST(SystemForms, BillingBoxesStopAtTheirLimits) {
+  EditorBench bench = BillingBench();
+  bench.Run("frmBillingMode",
+            "set Text1(16) 300\nset Text1(3) 254\nset Text1(4) \"\"\nset Text1(6) 700\nset Text1(7) 654.99\n"
+            "focus Text1(9)\ntype .5.12x\nfocus Text1(8)\ntype .1\nfocus MaskEdNum(2)\npress "
+            "Backspace\npress Backspace\n"
+            "type 5\nset MaskEdNum(3) 999.99\nset Check1(5) 1\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("SystemConfig", "Billing"),
+            "02|1|0|1|0|1.50|0.5|2.25|254|0|5|655|654.99|61|0.30|7|8|9|10|11|12|254|1|999.99|1");
+}
+
+TEST(SystemForms, ABillingCountryBeyondTheTableIsTheFirstAtOnce) {
+  for (const char* code : {"005", "", "x", "-1", "999"}) {
+    EditorBench bench = BillingBench(std::string("[SystemConfig]\nCCode=") + code + "\nBilling=F|F|x\n");
+    bench.Run("frmBillingMode", "value cmbCountry\n");
+    EXPECT_THAT(bench.lines, ElementsAre("Here"));
+    EXPECT_EQ(bench.Get("SystemConfig", "CCode"), "001") << code;
+    EXPECT_FALSE(bench.state.DataChanged);
+    EXPECT_THAT(bench.Go("set Check1(0) 1\nclick cmdOK\n"), IsEmpty());
+    EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith("0|1|0|0|0|0|0|"));
+  }
+}
+
+TEST(SystemForms, BillingWithOddSystemFiles) {
+  std::string many = "[Country]\nCnt=999999\n";
+  for (int n = 1; n <= 1200; ++n) many += Padded(n, 3) + "=C" + std::to_string(n) + "\n";
+  struct Case {
+    std::string system;
+    std::size_t countries;
+  };
+  for (const Case& c :
+       {Case{"", 0}, Case{"[Country]\nCnt=0\n", 0}, Case{"[Country]\nCnt=x\n", 0}, Case{many, 999}}) {
+    EditorBench bench = BillingBench(kBilling, c.system);
+    bench.Run("frmBillingMode", "list cmbCountry\n");
+    EXPECT_EQ(bench.lines.size(), c.countries);
+    bench.Go("set Check1(1) 1\nclick cmdOK\n");
+    EXPECT_EQ(bench.Get("SystemConfig", "CCode"), "001");
+    EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith("F|1|1|"));
+  }
+}
+
+TEST(SystemForms, TimesOfTheWeek) {
+  EditorBench bench("[SystemConfig]\nMon=0800|1730\nTue=2\nport=F\ncard=20\n");
+  bench.Run("frmSystemConfig",
+            "set tbsTimeZone 1\nfocus txtDayTime\npress Backspace\npress Backspace\npress Backspace\npress "
+            "Backspace\n"
+            "type 32460450\nset tbsTimeZone 2\nfocus txtNightTime\ntype 2\nfocus txtVM\ntype 1203x4567\nfocus "
+            "cmbPort\n"
+            "pick 60\nclick cmdOK\n");
+  EXPECT_EQ(bench.Get("SystemConfig", "Sun"), "0000|0000");
+  EXPECT_EQ(bench.Get("SystemConfig", "Mon"), "2045|1730");
+  EXPECT_EQ(bench.Get("SystemConfig", "Tue"), "2|2");
+  EXPECT_EQ(bench.Get("SystemConfig", "VMNum"), "120345");
+  EXPECT_EQ(bench.Get("SystemConfig", "port"), "60");
+  EXPECT_EQ(bench.Get("SystemConfig", "card"), "20");  // not in the list, and not lost
+}
+
+TEST(SystemForms, Holidays) {
+  EditorBench bench("[SystemConfig]\nW03=12|25\nW07=18|F\n");
+  const std::string pick = "focus cmbMonth\npick 01\nfocus cmbDay\npick 06\n";
+  EXPECT_THAT(
+      bench.Run("frmSystemConfig", "list ListView1\n" + pick +
+                                       "click cmdHAdd\nclick cmdHAdd\nclick ListView1(0)\nvalue cmbDay\n"
+                                       "focus cmbDay\npick 26\nclick cmdHApply\nclick ListView1(1)\n"
+                                       "answer No Yes\nclick cmdHRemove\nclick cmdHRemove\nclick cmdOK\n"),
+      ElementsAre("12/25", "18/F", "box: Day already in list", "25",
+                  "ask: Do you want to remove '18/F' ? -> No", "ask: Do you want to remove '18/F' ? -> Yes"));
+  EXPECT_EQ(bench.Get("SystemConfig", "W01"), "12|26");
+  EXPECT_EQ(bench.Get("SystemConfig", "W02"), "01|06");
+  EXPECT_EQ(bench.Get("SystemConfig", "W07"), "");
+  EXPECT_TRUE(bench.Has("SystemConfig", "W50"));
+}
+
+TEST(SystemForms, TheFiftyFirstHolidayIsRefused) {
+  std::string rows = "[SystemConfig]\n";
+  for (int row = 1; row <= 50; ++row) rows += "W" + Padded(row, 2) + "=02|" + Padded(row, 2) + "\n";
+  EditorBench bench(rows);
+  EXPECT_THAT(bench.Run("frmSystemConfig", "click cmdHAdd\n"), ElementsAre("box: Over limit weekend"));
+  auto& form = dynamic_cast<frmSystemConfig&>(*bench.editor);
+  form.TurnHoliday(2, 29);
+  EXPECT_EQ(form.Holidays().size(), 49U);
+  form.TurnHoliday(2, 29);
+  EXPECT_EQ(form.Holidays().back(), std::pair(2, 29));
+}
+
+}  // namespace
+}  // namespace tarvok::test
