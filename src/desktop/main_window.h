@@ -44,6 +44,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
 
   void ShowInPane(QWidget* widget) override;
   void RemoveFromPane(QWidget* widget) override;
+  bool GoTo(const Place& place) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -71,7 +72,6 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void Find() { find_->Open(); }
   void EarlierVersions();
   bool IsOffered(const Place& place) const;
-  bool GoTo(const Place& place);
   void ShowPractice();
   void UsePractice();
   void ConnectToPractice();

@@ -18,6 +18,9 @@ class PaneHost {
   /** The pane shows this widget, and owns it until it is removed. */
   virtual void ShowInPane(QWidget* widget) = 0;
   virtual void RemoveFromPane(QWidget* widget) = 0;
+  /** Opens the form that edits a place of the project and shows it there; the form in the pane is saved and
+   * goes. False if none does, or if the form in the pane stays. */
+  virtual bool GoTo(const Place& place) = 0;
 };
 
 /** A child form made of a widget. The widget dies behind the event that closed the form, so that a button of

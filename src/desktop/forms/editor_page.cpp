@@ -13,8 +13,8 @@
 
 namespace tarvok {
 
-EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame)
-    : parts_(parts), questions_(parts, this) {
+EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame, PaneHost& host)
+    : parts_(parts), host_(host), questions_(parts, this) {
   setObjectName(QString::fromStdString(std::string(editor.name.form)));
   setAccessibleName(Words(editor.name.title));
   MakeForm(editor, frame);
@@ -34,7 +34,9 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
                                       FormControls& form) { return MakePicture(name, form, parts_); },
                .make_table = [this] { return MakeTable(); },
                .refresh_table = [this] { RefreshTable(); }});
-  column->addWidget(view_, 1);
+  column->addWidget(view_, 3);
+  MakeCallPath();
+  if (path_ != nullptr) column->addWidget(path_, 1);
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("Refused"));
   note_->setWordWrap(true);
@@ -86,6 +88,7 @@ void EditorPage::Acted() {
 
 void EditorPage::RefreshTable() {
   if (table_ != nullptr) table_->Refresh();
+  ShowCallPath();
   changed_->setText(parts_.state.DataChanged ? QStringLiteral("Changed") : QString());
 }
 
@@ -170,7 +173,7 @@ class EditorPaneForm : public Form {
 
 FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host) {
   return [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
-    return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame));
+    return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));
   };
 }
 

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include "desktop/desktop_parts.h"
+#include "desktop/forms/call_path_view.h"
 #include "desktop/forms/form_view.h"
 #include "desktop/forms/table_model.h"
 #include "desktop/forms/table_view.h"
@@ -24,7 +25,7 @@ namespace tarvok {
 /** An editor in the pane: its form, and for a table what people expect of one around it. */
 class EditorPage : public QWidget {
  public:
-  EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame);
+  EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame, PaneHost& host);
   ~EditorPage() override;
 
   EditorForm& form() { return *form_; }
@@ -52,9 +53,14 @@ class EditorPage : public QWidget {
   void ImportFile();
   void ExportFile();
   void ClickControl(const char* control);
-  TableForm* table_form() { return table_form_; }
+  void ShowUsedBy();
+  void MakeCallPath();
+  void ShowCallPath();
+  /** Behind the event that wanted it: the form that is open goes. */
+  void Jump(const Place& place);
 
   DesktopParts& parts_;
+  PaneHost& host_;
   WindowQuestions questions_;
   std::unique_ptr<EditorForm> form_;
   TableForm* table_form_ = nullptr;  // the same form, if it is a table
@@ -63,6 +69,9 @@ class EditorPage : public QWidget {
   FormView* view_ = nullptr;
   QLineEdit* filter_ = nullptr;
   QLabel* note_ = nullptr;
+  CallPathView* path_ = nullptr;  // of the forms whose rows are steps of a call's way
+  int path_row_ = -1;
+  std::shared_ptr<const IniText> path_project_;
   QLabel* changed_ = nullptr;
   QMenu* edit_menu_ = nullptr;
   QPointer<QAction> menu_in_bar_;

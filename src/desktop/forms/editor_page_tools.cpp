@@ -16,6 +16,7 @@
 #include "desktop/forms/replace_dialog.h"
 #include "desktop/headings.h"
 #include "desktop/shown_text.h"
+#include "sections/field_columns.h"
 #include "shell/editor/table_csv.h"
 #include "store/whole_write.h"
 
@@ -83,6 +84,11 @@ void EditorPage::MakeEditMenu() {
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
             [this] { filter_->setFocus(Qt::ShortcutFocusReason); });
   edit_menu_->addSeparator();
+  if (dynamic_cast<FieldTableForm*>(form_.get()) != nullptr) {
+    AddAction(QStringLiteral("mnu_used_by"), QStringLiteral("&Used by..."),
+              {QKeySequence(Qt::CTRL | Qt::Key_U)}, [this] { ShowUsedBy(); });
+    edit_menu_->addSeparator();
+  }
   AddAction(QStringLiteral("mnu_import"), QStringLiteral("I&mport CSV..."), {}, [this] { ImportFile(); });
   AddAction(QStringLiteral("mnu_export"), QStringLiteral("E&xport CSV..."), {}, [this] { ExportFile(); });
 }

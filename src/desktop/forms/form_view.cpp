@@ -38,6 +38,8 @@ bool IsSmallField(const Layout& part) {
 
 /** A list of short entries, or a frame around one: it needs no more width than they do. */
 bool IsNarrow(const Layout& part) {
+  if (part.kind == Layout::Kind::kStretch) return true;
+  if (part.kind == Layout::Kind::kControl && part.control->kind == ControlKind::kButton) return true;
   if (part.kind == Layout::Kind::kGroup || part.kind == Layout::Kind::kColumn)
     return !part.parts.empty() && std::all_of(part.parts.begin(), part.parts.end(), IsNarrow);
   const bool list =

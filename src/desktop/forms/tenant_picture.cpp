@@ -33,10 +33,6 @@ class TenantMatrix : public FormView::Picture {
     }
     across_ = form.Find({"HScroll1"});
     down_ = form.Find({"VScroll1"});
-    day_ = form.Find({"tbsTenan"});
-    for (Control& control : form.controls()) {
-      if (control.kind == ControlKind::kTabs) day_ = &control;
-    }
     Say();
   }
   void Refresh() override {
@@ -90,8 +86,13 @@ class TenantMatrix : public FormView::Picture {
   }
 
   void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton || !MoveTo(event->position().toPoint())) return;
-    TurnOver();
+    if (event->button() != Qt::LeftButton) return;
+    const QPoint point = event->position().toPoint();
+    if (MoveTo(point)) {
+      TurnOver();
+    } else {
+      ClickHead(point.y() / cell_, point.x() / cell_);
+    }
   }
   void mouseMoveEvent(QMouseEvent* event) override { MoveTo(event->position().toPoint()); }
 
@@ -127,6 +128,21 @@ class TenantMatrix : public FormView::Picture {
     Current(First(down_) + row - 1, First(across_) + column - 1);
     return true;
   }
+  /** A head turns what is shown of its row or column: the form's own buttons where a window is shown. */
+  void ClickHead(int row, int column) {
+    const bool of_row = column == 0 && row >= 1 && row <= Shown();
+    if (!of_row && !(row == 0 && column >= 1 && column <= Shown())) return;
+    const int at = of_row ? row : column;
+    if (!whole_) {
+      if (Control* head = form_.Find({of_row ? "cmdRow" : "cmdCol", at - 1}); head != nullptr)
+        form_.Click(*head);
+      return;
+    }
+    std::vector<Control*> cells;
+    for (int i = 1; i <= kTenants; ++i) cells.push_back(of_row ? Cell(at, i) : Cell(i, at));
+    const bool all = std::all_of(cells.begin(), cells.end(), [](const Control* cell) { return cell->on; });
+    for (Control* cell : cells) form_.Turn(*cell, !all);
+  }
   void Current(int row, int column) {
     if (row == row_ && column == column_) return;
     row_ = row;
@@ -148,11 +164,7 @@ class TenantMatrix : public FormView::Picture {
   }
   void Say() {
     const Control* cell = Cell(row_, column_);
-    const QString may =
-        cell != nullptr && cell->on ? QStringLiteral("may call") : QStringLiteral("may not call");
-    const QString when =
-        day_ != nullptr && day_->current == 1 ? QStringLiteral("night") : QStringLiteral("day");
-    words_ = QStringLiteral("tenant %1 %2 tenant %3 by %4").arg(row_).arg(may).arg(column_).arg(when);
+    words_ = cell != nullptr ? QString::fromStdString(cell->caption) : QString();
     setAccessibleName(words_);
   }
 
@@ -160,7 +172,6 @@ class TenantMatrix : public FormView::Picture {
   std::vector<Control*> cells_;
   Control* across_ = nullptr;
   Control* down_ = nullptr;
-  Control* day_ = nullptr;
   int cell_ = kSmallestCell;
   int row_ = 1;
   int column_ = 1;

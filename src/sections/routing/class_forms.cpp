@@ -80,7 +80,7 @@ ClassForm::ClassForm(const EditorContext& context, const FormName& name, std::ve
 void ClassForm::AddPages(ControlId id, std::string caption, std::vector<std::string> entries) {
   list_ = &AddList(std::move(id), std::move(caption), std::move(entries));
   list_->changed = [this] { SelectPage(); };
-  LayOut({}, {}, {layout::Of(*list_)});
+  LayOut({}, {}, {layout::Group(list_->caption, {layout::Of(*list_)})});
 }
 
 void ClassForm::FillPages(const std::vector<std::vector<Texts>>& pages) {
@@ -153,7 +153,7 @@ std::vector<Column> frmClassDigit::Columns(frmClassDigit* form) {
 
 frmClassDigit::frmClassDigit(const EditorContext& context, const FormName& name)
     : ClassForm(context, name, Columns(this), kRowsOfClass) {
-  AddPages({"lsCOR"}, "&Classes", LabelledRows(class_digit::kBanTable).Names());
+  AddPages({"lsCOR"}, "Classes", LabelledRows(class_digit::kBanTable).Names());
 }
 
 bool frmClassDigit::IsFull(int column, int most) const {
@@ -197,7 +197,7 @@ std::vector<Column> frmCORGroup::Columns(frmCORGroup* form) {
 
 frmCORGroup::frmCORGroup(const EditorContext& context, const FormName& name)
     : ClassForm(context, name, Columns(this), class_group::kTable.members.most) {
-  AddPages({"lsCORGroup"}, "&Groups", LabelledRows(class_group::kTable).Names());
+  AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
 }
 
 void frmCORGroup::Load(const IniText& project) {

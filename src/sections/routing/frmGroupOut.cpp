@@ -27,19 +27,20 @@ std::vector<std::string> MembersOf(std::string_view value) {
 
 frmGroupOut::frmGroupOut(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      list_(AddList({"lsGroup"}, "&Groups out", LabelledRows(kTable).Names())),
-      free_(AddList({"ListView1"}, "Select &Port", {})),
-      shown_(AddList({"ListView2"}, "&Members", {})) {
+      list_(AddList({"lsGroup"}, "Groups out", LabelledRows(kTable).Names())),
+      free_(AddList({"ListView1"}, "Select Port", {})),
+      shown_(AddList({"ListView2"}, "Members", {})) {
   free_.many = shown_.many = true;
   list_.changed = [this] { Show(); };
   Control& add = AddButton("cmdAdd", "&Add Member", [this] { AddMembers(); });
   Control& remove = AddButton("cmdDel", "&Delete Member", [this] { DeleteMembers(); });
-  SetLayout(layout::Column({layout::Row({layout::Group("Group", {layout::Of(list_)}),
-                                         layout::Group("Free trunks (card/channel)", {layout::Of(free_)}),
-                                         layout::Column({layout::Stretch(), layout::Of(add),
-                                                         layout::Of(remove), layout::Stretch()}),
-                                         layout::Group("Members (card/channel)", {layout::Of(shown_)})}),
-                            OkAndCancel()}));
+  constexpr const char* kMarks = "card/channel";
+  SetLayout(layout::Column(
+      {layout::Row(
+           {layout::Group(list_.caption, {layout::Of(list_)}),
+            layout::Group(shown_.caption, {layout::Note(kMarks), layout::Of(shown_), layout::Of(remove)}),
+            layout::Group(free_.caption, {layout::Note(kMarks), layout::Of(free_), layout::Of(add)})}),
+       OkAndCancel()}));
 }
 
 void frmGroupOut::Load(const IniText& project) {

@@ -89,10 +89,10 @@ std::vector<FieldColumn> frmRoute::Columns(frmRoute* form) {
 frmRoute::frmRoute(const EditorContext& context, const FormName& name)
     : FieldTableForm(context, name, kTable, Columns(this),
                      {.rows = RowCommands::kFixed, .sort_by = {{kGroup}, {kTypeSeek}}}),
-      lists_(AddList({"lsRoute"}, "Route &lists", LabelledRows(route_list::kTable).Names())),
+      lists_(AddList({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
       pages_(grid(), kRoutesOfList) {
   lists_.changed = [this] { SelectList(); };
-  LayOut({}, {}, {layout::Of(lists_)});
+  LayOut({}, {}, {layout::Group(lists_.caption, {layout::Of(lists_)})});
 }
 
 std::vector<std::vector<TableRow>> frmRoute::RoutesOf(const IniText& project) const {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include <QDialog>
+#include <QListWidget>
+
+#include "desktop/code_page.h"
+#include "sections/search.h"
+
+namespace tarvok {
+
+/** What refers to a row, a line each; accepted with the one to go to. */
+class UsedByDialog : public QDialog {
+ public:
+  UsedByDialog(std::vector<Found> found, int row, const CodePage& page, QWidget* parent);
+
+  /** Where the chosen line stands. */
+  const Place& place() const { return found_[static_cast<std::size_t>(list_->currentRow())].place; }
+
+ private:
+  std::vector<Found> found_;
+  QListWidget* list_;
+};
+
+}  // namespace tarvok
