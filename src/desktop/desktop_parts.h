@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "link/event_server.h"
 #include "link/port.h"
 #include "link/send_log.h"
@@ -35,17 +35,17 @@ struct DesktopParts {
 
 /** The window's own per-user settings, each named once. */
 namespace desktop_key {
-inline constexpr std::string_view kGroup = "Desktop";
+inline constexpr std::string_view kGroup = kCodePageGroup;
 inline constexpr std::string_view kGeometry = "Geometry";
 inline constexpr std::string_view kSplitter = "Splitter";
 inline constexpr std::string_view kLastFolder = "LastFolder";
-inline constexpr std::string_view kCodePage = "CodePage";
+inline constexpr std::string_view kCodePage = kCodePageKey;
 inline constexpr std::string_view kColours = "Colours";
 }  // namespace desktop_key
 
 /** The page in which this user's projects are written. */
 inline const CodePage& PageOf(SettingsStore& settings) {
-  return CodePage::Find(settings.Get(desktop_key::kGroup, desktop_key::kCodePage));
+  return CodePage::Of(settings);
 }
 
 }  // namespace tarvok

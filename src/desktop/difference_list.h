@@ -6,7 +6,7 @@
 #include <QListWidget>
 #include <QWidget>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "sections/difference_words.h"
 
 namespace tarvok {

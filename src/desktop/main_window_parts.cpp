@@ -109,11 +109,15 @@ void MainWindow::MakeViewMenu() {
   }
   QMenu* letters = view->addMenu(QStringLiteral("&Letters in Projects"));
   auto* letter_group = new QActionGroup(letters);
-  for (const CodePage& page : CodePage::All()) {
-    const bool checked = page.name() == PageOf(parts_.settings).name();
-    letters->addAction(
-        MakeChoice(letter_group, Words(page.name()), desktop_key::kCodePage, page.name(), checked));
-  }
+  // Asking Qt for its pages takes time that the start need not wait for.
+  connect(letters, &QMenu::aboutToShow, this, [this, letters, letter_group] {
+    if (!letters->isEmpty()) return;
+    for (const CodePage& page : CodePage::All()) {
+      const bool checked = page.name() == PageOf(parts_.settings).name();
+      letters->addAction(
+          MakeChoice(letter_group, Words(page.name()), desktop_key::kCodePage, page.name(), checked));
+    }
+  });
   menuBar()->addMenu(QStringLiteral("&Help"))->addAction(help_);
 }
 

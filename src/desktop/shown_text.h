@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 
 namespace tarvok {
 

@@ -3,7 +3,7 @@
 #include <QRadioButton>
 #include <QStringDecoder>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "desktop/setting_dialog.h"
 #include "tests/desktop/desktop_bench.h"
 

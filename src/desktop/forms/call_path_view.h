@@ -6,7 +6,7 @@
 
 #include <QScrollArea>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "sections/routing/call_path.h"
 
 namespace tarvok {

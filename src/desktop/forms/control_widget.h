@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "shell/editor/form_controls.h"
 
 namespace tarvok {

@@ -9,7 +9,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "desktop/forms/control_widget.h"
 #include "shell/editor/form_controls.h"
 

@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "shell/editor/table_form.h"
 
 namespace tarvok {

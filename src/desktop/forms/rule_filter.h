@@ -4,7 +4,7 @@
 
 #include <QValidator>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "shell/editor/entry_rule.h"
 
 namespace tarvok {

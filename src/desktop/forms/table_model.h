@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "shell/editor/table_editor.h"
 
 namespace tarvok {

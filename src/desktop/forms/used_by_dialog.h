@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QListWidget>
 
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 #include "sections/search.h"
 
 namespace tarvok {

@@ -5,7 +5,7 @@
 
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
-#include "programs/ctl/windows_1252.h"
+#include "programs/ctl/terminal_text.h"
 #include "sections/check.h"
 #include "sections/difference_words.h"
 

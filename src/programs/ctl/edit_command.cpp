@@ -4,25 +4,14 @@
 #include <iostream>
 #include <memory>
 
-#include <QString>
-
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
-#include "programs/ctl/windows_1252.h"
+#include "programs/ctl/terminal_text.h"
 #include "sections/editors.h"
 #include "shell/editor/form_script.h"
 
 namespace tarvok::ctl {
 namespace {
-
-/** The letters of a script as bytes of the project's page; what has none is dropped. */
-std::string FromUtf8(const std::string& line) {
-  std::string bytes;
-  for (const QChar letter : QString::fromStdString(line)) {
-    if (letter.unicode() < 0x100) bytes += static_cast<char>(letter.unicode());
-  }
-  return bytes;
-}
 
 /** A line for the terminal; tabs stand between cells. */
 std::string TerminalLine(std::string_view line) {

@@ -1,7 +1,10 @@
-#include "desktop/code_page.h"
+#include "desktop/io/code_page.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
+
+#include <QStringDecoder>
 
 namespace tarvok {
 namespace {
@@ -43,8 +46,39 @@ constexpr CodePage::UpperHalf MakeUpperHalf(const Specials& specials, char16_t (
   return half;
 }
 
-constexpr std::array<CodePage, 2> kPages = {{{"Windows-1252", MakeUpperHalf(kWestern, WesternLetter)},
-                                             {"Windows-874", MakeUpperHalf(kThai, ThaiLetter)}}};
+constexpr CodePage kOwnPages[] = {{"Windows-1252", MakeUpperHalf(kWestern, WesternLetter)},
+                                  {"Windows-874", MakeUpperHalf(kThai, ThaiLetter)}};
+
+/** Pages that Qt may know, depending on how it was built. */
+constexpr const char* kPagesOfQt[] = {"Windows-1250", "Windows-1251", "Windows-1253", "Windows-1254",
+                                      "Windows-1255", "Windows-1256", "Windows-1257", "Windows-1258"};
+
+/** The page as Qt decodes it, a byte at a time; a byte that it leaves open gets a letter that nothing else has. */
+std::optional<CodePage> PageOfQt(const char* name) {
+  constexpr char16_t kOpenLetters = 0xF800;
+  constexpr std::size_t kControls =
+      0xA0;  // the bytes below it stand for control characters where they are open
+  if (!QStringDecoder(name).isValid()) return std::nullopt;
+  CodePage::UpperHalf half{};
+  for (std::size_t i = 0; i < half.size(); ++i) {
+    const std::size_t byte = kAscii + i;
+    const auto open = static_cast<char16_t>(byte < kControls ? byte : kOpenLetters + byte);
+    QStringDecoder decoder(name, QStringConverter::Flag::Stateless);
+    const char one = static_cast<char>(byte);
+    const QString letter = decoder.decode(QByteArrayView(&one, 1));
+    const bool known = letter.size() == 1 && !decoder.hasError() && letter[0] != QChar::ReplacementCharacter;
+    half[i] = known ? letter[0].unicode() : open;
+  }
+  return CodePage(name, half);
+}
+
+std::vector<CodePage> AllPages() {
+  std::vector<CodePage> pages(std::begin(kOwnPages), std::end(kOwnPages));
+  for (const char* name : kPagesOfQt) {
+    if (const std::optional<CodePage> page = PageOfQt(name)) pages.push_back(*page);
+  }
+  return pages;
+}
 
 std::optional<char> ByteOf(const CodePage& page, QChar letter) {
   const char16_t unit = letter.unicode();
@@ -78,14 +112,24 @@ bool CodePage::HasLetter(QChar letter) const {
   return ByteOf(*this, letter).has_value();
 }
 
-const std::array<CodePage, 2>& CodePage::All() {
+const std::vector<CodePage>& CodePage::All() {
+  static const std::vector<CodePage> kPages = AllPages();
   return kPages;
 }
 
+const CodePage& CodePage::Of(SettingsStore& settings) {
+  return Find(settings.Get(kCodePageGroup, kCodePageKey));
+}
+
 const CodePage& CodePage::Find(std::string_view name) {
+  // A program that wears one of our own pages need not ask Qt for its own.
+  for (const CodePage& page : kOwnPages) {
+    if (page.name() == name) return page;
+  }
+  if (name.empty()) return kOwnPages[0];
   const auto found =
-      std::find_if(kPages.begin(), kPages.end(), [&](const CodePage& page) { return page.name() == name; });
-  return found == kPages.end() ? kPages.front() : *found;
+      std::find_if(All().begin(), All().end(), [&](const CodePage& page) { return page.name() == name; });
+  return found == All().end() ? kOwnPages[0] : *found;
 }
 
 }  // namespace tarvok

@@ -3,10 +3,17 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <QString>
 
+#include "store/settings_store.h"
+
 namespace tarvok {
+
+/** Where the settings keep the page's name. */
+inline constexpr std::string_view kCodePageGroup = "Desktop";
+inline constexpr std::string_view kCodePageKey = "CodePage";
 
 /**
  * A single-byte code page: how the bytes of a project look as letters. The lower half is ASCII everywhere.
@@ -26,8 +33,11 @@ class CodePage {
   bool HasLetter(QChar letter) const;
   const UpperHalf& letters() const { return letters_; }
 
-  /** All pages that can be chosen, the one as supplied first. */
-  static const std::array<CodePage, 2>& All();
+  /** All pages that can be chosen, the one as supplied first: two of our own, and the other single-byte pages
+   * that Qt knows on this machine. */
+  static const std::vector<CodePage>& All();
+  /** The user's page, by the name in the settings. */
+  static const CodePage& Of(SettingsStore& settings);
   /** The page of that name; the first one for a name that is not known. */
   static const CodePage& Find(std::string_view name);
 
