@@ -167,8 +167,16 @@ void TransferDialog::Advise(std::string_view text) {
   advice_->show();
 }
 
+void TransferDialog::ShowPace(std::string_view text) {
+  pace_->setText(Words(text));
+  pace_->show();
+}
+
 void TransferDialog::SetBusy(bool busy) {
-  if (busy) advice_->hide();
+  if (busy) {
+    advice_->hide();
+    pace_->hide();
+  }
   for (QWidget* control : idle_controls_) control->setEnabled(!busy);
   if (busy) {
     began_ = true;

@@ -49,6 +49,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   void ShowPassword(PasswordForm& form) override;
   void SetBusy(bool busy) override;
   void Advise(std::string_view text) override;
+  void ShowPace(std::string_view text) override;
 
   void reject() override { Leave(); }
 
@@ -92,6 +93,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   QProgressBar* bar_ = nullptr;
   QLabel* lblTime_ = nullptr;
   QLabel* advice_ = nullptr;
+  QLabel* pace_ = nullptr;
   QLineEdit* txtFolder_ = nullptr;
   std::vector<QWidget*> idle_controls_;  // disabled while a session runs
 };

@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/headings.h"
 #include "desktop/help.h"
 #include "desktop/shown_text.h"
 #include "desktop/transfer_dialog.h"
@@ -115,6 +116,12 @@ QLayout* TransferDialog::MakeLogColumn() {
   advice_->setWordWrap(true);
   advice_->setTextFormat(Qt::PlainText);
   advice_->hide();
+  pace_ = MakeMuted(new QLabel);
+  pace_->setObjectName(QStringLiteral("Pace"));
+  pace_->setAccessibleName(QStringLiteral("Speed and time left"));
+  pace_->setWordWrap(true);
+  pace_->setTextFormat(Qt::PlainText);
+  pace_->hide();
   auto* progress = new QHBoxLayout;
   progress->addWidget(bar_, 1);
   progress->addWidget(lblTime_);
@@ -123,6 +130,7 @@ QLayout* TransferDialog::MakeLogColumn() {
   column->addWidget(Text1_, 1);
   column->addWidget(advice_);
   column->addLayout(progress);
+  column->addWidget(pace_);
   return column;
 }
 

@@ -116,6 +116,7 @@ void DLS_LY2::LinkSendNak() {
 
 void DLS_LY2::LinkSendEnq() {
   enq_pending_ = true;
+  ++parts_.statistics.LateAnswers;
   SendControl(kEnq, "PCDLS: Send Enq.");
 }
 

@@ -187,6 +187,7 @@ void DLS_LY2::ReceiveAddress(std::uint8_t address) {
       break;
     default:
       parts_.log.DebugLine("PCDLS: Recv Enq.");
+      ++parts_.statistics.LateAnswers;
       LinkSendAck();
       break;
   }

@@ -184,6 +184,7 @@ bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awai
   for (int attempt = 1; attempt <= kTries && !parts_.waits.aborted(); ++attempt) {
     state_.ErrorReplyFlag = false;
     state_.*awaited = false;
+    if (attempt > 1) ++parts_.statistics.LateAnswers;
     Carry(message);
     const bool came = parts_.waits.Until([&] { return state_.*awaited; }, kLastPackWait_ms);
     if (state_.ErrorReplyFlag) {

@@ -1,6 +1,7 @@
 // What the exchange says: the replies that set the flags on which the operations wait.
 
 #include <array>
+#include <utility>
 
 #include "link/message_layer.h"
 #include "store/number_text.h"
@@ -146,8 +147,9 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
-  state_.LastReceivedSeq = message[4];
+  const int before = std::exchange(state_.LastReceivedSeq, message[4]);
   if (receive_kind_ != ReceiveKind::kSection) return;
+  if (before == state_.LastReceivedSeq) ++parts_.statistics.PacksTwice;
   const auto bytes = message.subspan(kSequencedHeader);
   parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);
@@ -155,6 +157,7 @@ void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
 
 void MessageLayer::TakeSectionBytes(std::span<const std::uint8_t> bytes) {
   section_image_.Store(state_.ReceiveOffset, bytes);
+  parts_.statistics.BytesTaken += static_cast<std::int64_t>(bytes.size());
   state_.ReceiveOffset += static_cast<std::int64_t>(bytes.size());
   if (state_.ReceiveOffset >= state_.ReceivedSize) {
     parts_.log.Line("END GET CONFIG");

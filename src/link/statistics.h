@@ -6,12 +6,16 @@ namespace tarvok {
 
 /** What a session counts. LinkInit sets it back. */
 struct TransferStatistics {
-  std::int64_t ResponseErrors = 0;    // error replies
-  std::int64_t EnquiryCount = 0;      // enquiries sent
-  std::int64_t PacketsSent = 0;       // packs that went through
-  std::int64_t BytesSent = 0;         // message bytes that went through, headers not counted
-  std::int64_t BytesReceived = 0;     // each section's declared size, and every later pack once more
-  std::int64_t FramesDamaged = 0;     // Naks, in either direction
+  std::int64_t ResponseErrors = 0;  // error replies
+  std::int64_t EnquiryCount = 0;    // enquiries sent
+  std::int64_t PacketsSent = 0;     // packs that went through
+  std::int64_t BytesSent = 0;       // message bytes that went through, headers not counted
+  std::int64_t BytesReceived = 0;   // each section's declared size, and every later pack once more
+  std::int64_t BytesTaken = 0;        // section bytes that came, each once
+  std::int64_t FramesDamaged = 0;   // Naks, in either direction
+  std::int64_t LateAnswers =
+      0;                        // asked for once more: by the link of either side, or by a message sent again
+  std::int64_t PacksTwice = 0;  // of a section, with the number of the pack before
   std::int64_t SendMilliseconds = 0;  // summed duration of section and mini bar sends
 };
 

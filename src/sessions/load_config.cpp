@@ -45,12 +45,33 @@ bool GetSections(Transfer& transfer) {
   return true;
 }
 
+/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. */
+void AdviseAnotherLoad(Transfer& transfer) {
+  const std::int64_t twice = transfer.line().statistics().PacksTwice;
+  if (twice == 0) return;
+  transfer.view().Advise(std::to_string(twice) +
+                         " packs came twice, so that bytes may stand in the wrong place. "
+                         "Load once more and compare the two.");
+}
+
+/** Each section, and the two bytes by which it is asked for. */
+std::int64_t BytesOfLoad(int version) {
+  constexpr int kAsk = 2;
+  std::int64_t bytes = 0;
+  for (const Section* section : ReadPlan(version)) {
+    bytes += kAsk + SizeAt(section->number, version, Direction::kLoad);
+  }
+  return bytes;
+}
+
 bool TellLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kLoadWords)) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   transfer.Progress(0, kBarEnd);
+  transfer.BeginPace(BytesOfLoad(transfer.version()));
   if (!GetSections(transfer)) return false;
   transfer.Progress(kBarEnd, kBarEnd);
+  transfer.EndPace();
   return EndLoading(transfer, "Get All Config Finished", start_ms);
 }
 
@@ -62,6 +83,7 @@ bool LoadConfiguration(Transfer& transfer) {
   const bool loaded = TellLoad(transfer);
   // The line is free while the user thinks about where the project goes.
   transfer.CleanUp();
+  if (loaded) AdviseAnotherLoad(transfer);
   return loaded && StoreLoaded(transfer);
 }
 

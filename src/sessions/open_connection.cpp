@@ -46,9 +46,13 @@ bool OpenByModem(Transfer& transfer) {
 
 }  // namespace
 
-bool OpenSerialPort(Transfer& transfer) {
+std::optional<LineSettings> SerialLine(const ConnectionSettings& settings) {
   // The speed stands alone in the project; a whole settings text there makes one that no port opens with.
-  const std::optional<LineSettings> settings = ParseLineSettings(transfer.settings().bps + ",n,8,1");
+  return ParseLineSettings(settings.bps + ",n,8,1");
+}
+
+bool OpenSerialPort(Transfer& transfer) {
+  const std::optional<LineSettings> settings = SerialLine(transfer.settings());
   if (settings) transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port, *settings));
   return transfer.line().line().IsOpen();
 }

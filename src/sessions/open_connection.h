@@ -1,8 +1,14 @@
 #pragma once
 
+#include <optional>
+
+#include "link/line_settings.h"
 #include "sessions/transfer.h"
 
 namespace tarvok {
+
+/** How the project's serial line is set; nothing where its speed is none. */
+std::optional<LineSettings> SerialLine(const ConnectionSettings& settings);
 
 /** Opens the way that the project's settings name and tests it: port or socket, link, idle message. False
  * where the exchange is not reached, after its words; the caller cleans up. */

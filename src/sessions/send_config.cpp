@@ -30,6 +30,22 @@ bool AskBefore(Transfer& transfer) {
   return true;
 }
 
+/** What a send to this version carries: the clock, and each section behind four bytes that name it. Where all is compared,
+ * one that goes twice goes once, and is asked for by two bytes and comes back. */
+std::int64_t BytesOfSend(int version, bool compare) {
+  constexpr int kSectionHead = 4;
+  constexpr int kAsk = 2;
+  std::int64_t bytes = kTimeSize;
+  const Section* last = nullptr;
+  for (const Section* section : SendPlan(version)) {
+    if (compare && section == last) continue;
+    last = section;
+    bytes += kSectionHead + SizeAt(section->number, version, Direction::kSend);
+    if (compare) bytes += kAsk + SizeAt(section->number, version, Direction::kLoad);
+  }
+  return bytes;
+}
+
 bool SendClock(Transfer& transfer) {
   transfer.Start(kTimeProgress);
   if (!transfer.messages().SendTime()) {
@@ -61,21 +77,27 @@ void ShowStatistics(Transfer& transfer) {
   transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
 }
 
-/** A line that damages frames has most likely damaged one that its check byte did not show. */
+/** A line that damages frames has most likely damaged one that its check byte did not show, and an answer that comes
+ * twice names no pack: it is taken for the next one's. */
 void AdviseCompare(Transfer& transfer) {
-  const std::int64_t damaged = transfer.line().statistics().FramesDamaged;
-  if (damaged == 0) return;
-  const std::string_view next = transfer.version() >= kLowestComparedVersion
+  const TransferStatistics& counted = transfer.line().statistics();
+  const std::int64_t late = counted.LateAnswers + counted.EnquiryCount;
+  if (counted.FramesDamaged == 0 && late == 0) return;
+  const std::string why =
+      counted.FramesDamaged > 0
+          ? "The line damaged " + std::to_string(counted.FramesDamaged) +
+                " frames, and one in 256 of such passes its check. "
+          : std::to_string(late) + " answers came late, and one that comes twice is taken for the next. ";
+  transfer.view().Advise(why + (transfer.version() >= kLowestComparedVersion
                                     ? "Send once more with compare."
-                                    : "Load the configuration and compare it with the project.";
-  transfer.view().Advise("The line damaged " + std::to_string(damaged) +
-                         " frames, and one in 256 of such passes its check. " + std::string(next));
+                                    : "Load the configuration and compare it with the project."));
 }
 
 End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
   const bool compare = transfer.settings().compare && transfer.version() >= kLowestComparedVersion;
+  transfer.BeginPace(BytesOfSend(transfer.version(), compare));
   const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
   if (compare) {
     if (!SendClock(transfer) || !SendSectionsCompared(transfer, *project)) return End::kFailed;
@@ -83,6 +105,7 @@ End TellSend(Transfer& transfer) {
     return End::kFailedSection;
   }
   transfer.Progress(kBarEnd, kBarEnd);
+  transfer.EndPace();
   transfer.LogLine("Sending All Data Config Finished !!!");
   if (!EndSending(transfer, "Set Mode Failed (RE)", "Set Mode to normal ...........................Failed")) {
     return End::kFailed;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "sessions/modem_call.h"
+#include "sessions/open_connection.h"
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
@@ -56,12 +57,37 @@ void Transfer::BeginQuietly() {
   reason_.clear();
   started_.clear();
   elapsed_s_ = 0;
+  pace_.reset();
   parts_.view.SetBusy(true);
   line_->StartPump();
-  elapsed_timer_ = parts_.events.StartTimer(kSecond_ms, [this] { parts_.view.Elapsed(++elapsed_s_); });
+  elapsed_timer_ = parts_.events.StartTimer(kSecond_ms, [this] { OnSecond(); });
+}
+
+void Transfer::OnSecond() {
+  parts_.view.Elapsed(++elapsed_s_);
+  if (pace_) parts_.view.ShowPace(pace_->Now(BytesThrough(), parts_.events.Tick_ms()));
+}
+
+std::int64_t Transfer::BytesThrough() const {
+  const TransferStatistics& counted = line_->statistics();
+  return counted.BytesSent + counted.BytesTaken - bytes_before_pace_;
+}
+
+void Transfer::BeginPace(std::int64_t bytes) {
+  bytes_before_pace_ = 0;
+  bytes_before_pace_ = BytesThrough();
+  // Of the other ways nobody knows the speed of the line.
+  const std::optional<LineSettings> line = mode_ == LinkMode::kSerial ? SerialLine(settings_) : std::nullopt;
+  pace_.emplace(bytes, line ? line->speed : 0, parts_.events.Tick_ms());
+}
+
+void Transfer::EndPace() {
+  if (pace_ && !waits_.aborted()) parts_.view.ShowPace(pace_->End(BytesThrough(), parts_.events.Tick_ms()));
+  pace_.reset();
 }
 
 void Transfer::EndCounting() {
+  pace_.reset();
   parts_.events.StopTimer(std::exchange(elapsed_timer_, 0));
   parts_.view.SetBusy(false);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "link/exchange_line.h"
+#include "sessions/pace.h"
 #include "sessions/session_view.h"
 #include "sessions/session_words.h"
 #include "shell/connection_settings.h"
@@ -62,6 +64,11 @@ class Transfer {
   void Failed(std::string_view dots = {}, std::string_view words = "Failed");
   void Box(BoxKind kind, std::string_view text);
   void Progress(int value, int end);
+  /** From here on the view is told each second how fast `bytes` get through: payload of the messages that go out, bytes of
+   * the sections that come in. */
+  void BeginPace(std::int64_t bytes);
+  /** All is through: the view is told speed and share of the line. */
+  void EndPace();
   /** A failure's box and, in one line, the reason that a command line ends with. Always false. */
   bool Fail(std::string_view box);
   /** A failure without a box: a line in the log window. Always false. */
@@ -88,6 +95,8 @@ class Transfer {
 
  private:
   void EndCounting();
+  std::int64_t BytesThrough() const;
+  void OnSecond();
 
   TransferParts parts_;
   TransferForm form_;
@@ -101,6 +110,8 @@ class Transfer {
   std::string reason_;
   EventServer::TimerId elapsed_timer_ = 0;
   int elapsed_s_ = 0;
+  std::optional<Pace> pace_;
+  std::int64_t bytes_before_pace_ = 0;
 };
 
 }  // namespace tarvok

@@ -66,11 +66,9 @@ std::string IniEdit::Get(std::string_view section, std::string_view key) const {
 void IniEdit::Set(std::string_view section, std::string_view key, std::string_view value) {
   SectionEdit& edit = EditOf(section);
   const bool in_base = !edit.deleted && base_.HasKey(section, key);
-  std::string folded = FoldName(key);
-  const bool first_time = !edit.keys.contains(folded);
-  KeyEdit& change = edit.keys[folded];
-  if (first_time && !in_base) edit.new_keys.push_back(std::move(folded));
-  change = {false, std::string(key), CutValue(value)};
+  const auto [change, first_time] = edit.keys.try_emplace(FoldName(key));
+  if (first_time && !in_base) edit.new_keys.push_back(&change->second);
+  change->second = {false, std::string(key), CutValue(value)};
   changed_ = true;
 }
 
@@ -104,11 +102,10 @@ void IniEdit::DeleteSection(std::string_view section) {
 }
 
 void IniEdit::AppendNewKeys(const SectionEdit& edit, std::string_view line_end, std::string& out) const {
-  for (const std::string& folded : edit.new_keys) {
-    const KeyEdit& key = edit.keys.at(folded);
-    if (key.deleted) continue;
+  for (const KeyEdit* key : edit.new_keys) {
+    if (key->deleted) continue;
     EndLastLine(line_end, out);
-    AppendKey(key.name, key.value, line_end, out);
+    AppendKey(key->name, key->value, line_end, out);
   }
 }
 
@@ -165,7 +162,7 @@ std::string IniEdit::Bytes() const {
     const SectionEdit& edit = sections_.at(folded);
     if (!edit.deleted && base_.HasSection(edit.name)) continue;
     const bool has_keys = std::any_of(edit.new_keys.begin(), edit.new_keys.end(),
-                                      [&](const std::string& key) { return !edit.keys.at(key).deleted; });
+                                      [](const KeyEdit* key) { return !key->deleted; });
     if (!has_keys) continue;
     EndLastLine(line_end, out);
     out.append("[").append(edit.name).append("]").append(line_end);

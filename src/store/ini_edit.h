@@ -18,6 +18,8 @@ namespace tarvok {
 class IniEdit {
  public:
   explicit IniEdit(const IniText& base) : base_(base) {}
+  IniEdit(const IniEdit&) = delete;
+  IniEdit& operator=(const IniEdit&) = delete;
 
   /** As IniText::Get. */
   std::string Get(std::string_view section, std::string_view key) const;
@@ -45,7 +47,7 @@ class IniEdit {
     bool deleted = false;  // the base's sections of this name are gone; new_keys may make a new one
     std::string name;
     std::map<std::string, KeyEdit> keys;  // by folded name
-    std::vector<std::string> new_keys;    // folded names of keys that the base does not have, as first set
+    std::vector<const KeyEdit*> new_keys;  // those of keys that the base does not have, as first set
   };
 
   SectionEdit& EditOf(std::string_view section);

@@ -1,5 +1,6 @@
 #include "store/ini_text.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -155,10 +156,12 @@ bool IniText::HasKey(std::string_view section, std::string_view key) const {
 std::vector<IniText::Key> IniText::Keys(std::string_view section) const {
   std::vector<Key> found;
   const std::int32_t index = FindSection(section);
-  for (std::size_t i = 0; index >= 0 && i < keys_.size(); ++i) {
-    if (keys_[i].section != index) continue;
-    if (slots_[SlotOf(index, keys_[i].key.name)] == static_cast<std::int32_t>(i))
-      found.push_back(keys_[i].key);
+  if (index < 0) return found;
+  // Each header begins a section of its own, so the keys of one lie side by side.
+  const auto first = std::lower_bound(keys_.begin(), keys_.end(), index,
+                                      [](const StoredKey& key, std::int32_t wanted) { return key.section < wanted; });
+  for (auto i = first; i != keys_.end() && i->section == index; ++i) {
+    if (slots_[SlotOf(index, i->key.name)] == i - keys_.begin()) found.push_back(i->key);
   }
   return found;
 }

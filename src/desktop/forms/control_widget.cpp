@@ -45,6 +45,24 @@ class Bound : public ControlWidget {
   Made* made_;
 };
 
+/** What shows the control's entries: they are put in anew only where they changed. */
+template <typename Made>
+class BoundList : public Bound<Made> {
+ public:
+  using Bound<Made>::Bound;
+
+ protected:
+  void ShowEntries() {
+    if (shown_ == this->control_.entries) return;
+    shown_ = this->control_.entries;
+    this->made_->clear();
+    for (const std::string& entry : shown_) this->made_->addItem(this->Letters(entry));
+  }
+
+ private:
+  std::vector<std::string> shown_;
+};
+
 class Button : public Bound<QPushButton> {
  public:
   Button(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
@@ -130,9 +148,9 @@ class Box : public Bound<BoxWidget> {
   }
 };
 
-class ListBox : public Bound<QListWidget> {
+class ListBox : public BoundList<QListWidget> {
  public:
-  ListBox(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  ListBox(FormControls& form, Control& control, const CodePage& page) : BoundList(form, control, page) {
     made_->setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection
                                          : QAbstractItemView::SingleSelection);
     made_->setAlternatingRowColors(true);
@@ -145,11 +163,7 @@ class ListBox : public Bound<QListWidget> {
 
  protected:
   void Show() override {
-    if (shown_ != control_.entries) {
-      shown_ = control_.entries;
-      made_->clear();
-      for (const std::string& entry : shown_) made_->addItem(Letters(entry));
-    }
+    ShowEntries();
     for (int row = 0; row < made_->count(); ++row) {
       const auto& chosen = control_.chosen;
       const bool on = control_.many ? std::find(chosen.begin(), chosen.end(), row) != chosen.end()
@@ -174,12 +188,11 @@ class ListBox : public Bound<QListWidget> {
       form_.ChooseEntry(control_, rows.front());
     }
   }
-  std::vector<std::string> shown_;
 };
 
-class ComboBox : public Bound<QComboBox> {
+class ComboBox : public BoundList<QComboBox> {
  public:
-  ComboBox(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  ComboBox(FormControls& form, Control& control, const CodePage& page) : BoundList(form, control, page) {
     made_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     QObject::connect(made_, &QComboBox::activated, made_,
                      [this](int entry) { form_.ChooseEntry(control_, entry); });
@@ -187,16 +200,9 @@ class ComboBox : public Bound<QComboBox> {
 
  protected:
   void Show() override {
-    if (shown_ != control_.entries) {
-      shown_ = control_.entries;
-      made_->clear();
-      for (const std::string& entry : shown_) made_->addItem(Letters(entry));
-    }
+    ShowEntries();
     made_->setCurrentIndex(control_.current);
   }
-
- private:
-  std::vector<std::string> shown_;
 };
 
 class Tabs : public Bound<QTabBar> {

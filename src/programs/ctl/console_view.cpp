@@ -4,19 +4,11 @@
 #include <unistd.h>
 #include <utility>
 
+#include "sessions/pace.h"
 #include "sessions/password_form.h"
 #include "shell/one_line.h"
-#include "store/number_text.h"
 
 namespace tarvok::ctl {
-namespace {
-
-std::string Clock(int seconds) {
-  return std::to_string(seconds / 60) + ":" + Padded(seconds % 60, 2);
-}
-
-}  // namespace
-
 ConsoleView::ConsoleView(AskPassword ask_password, bool compare)
     : ask_password_(std::move(ask_password)), compare_(compare), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
 
@@ -64,13 +56,13 @@ void ConsoleView::ClearBar() {
 }
 
 void ConsoleView::DrawBar() {
-  constexpr int kWidth = 40;
+  constexpr int kWidth = 20;
   if (!has_bar_ || !busy_ || line_open_ || end_ == 0) return;
   const int filled = kWidth * value_ / end_;
   std::string bar = "[" + std::string(static_cast<std::size_t>(filled), '#') +
                     std::string(static_cast<std::size_t>(kWidth - filled), ' ') + "] " +
-                    Padded(100 * value_ / end_, 0) + " %, " + Clock(seconds_);
-  if (value_ > 0 && value_ < end_) bar += ", about " + Clock(seconds_ * (end_ - value_) / value_) + " left";
+                    std::to_string(100 * value_ / end_) + " %, " + MinutesText(seconds_);
+  if (!pace_.empty()) bar += ", " + pace_;
   Write(bar);
   bar_shown_ = true;
 }
@@ -107,8 +99,16 @@ void ConsoleView::Advise(std::string_view text) {
   std::fprintf(stderr, "tarvokctl: %s\n", std::string(text).c_str());
 }
 
+void ConsoleView::ShowPace(std::string_view text) {
+  ClearBar();
+  pace_ = text;
+  DrawBar();
+}
+
 void ConsoleView::SetBusy(bool busy) {
   ClearBar();
+  // The last pace is how it went: a script gets it where its log is not.
+  if (!busy && !pace_.empty()) std::fprintf(stderr, "tarvokctl: %s\n", std::exchange(pace_, {}).c_str());
   busy_ = busy;
 }
 

@@ -33,6 +33,7 @@ class ConsoleView : public SessionView {
   void ShowPassword(PasswordForm& form) override;
   void SetBusy(bool busy) override;
   void Advise(std::string_view text) override;
+  void ShowPace(std::string_view text) override;
 
  private:
   void Write(std::string_view text);
@@ -48,6 +49,7 @@ class ConsoleView : public SessionView {
   int value_ = 0;
   int end_ = 0;
   int seconds_ = 0;
+  std::string pace_;
 };
 
 }  // namespace tarvok::ctl

@@ -18,20 +18,6 @@ namespace {
 constexpr int kRoutesOfList = 40;
 constexpr int kMostTyped = 19;
 
-/** Hours 00 to 23, minutes 00 to 59. */
-bool FitsTime(std::string_view text, char key) {
-  switch (text.size()) {
-    case 0:
-      return key <= '2';
-    case 1:
-      return text[0] < '2' || key <= '3';
-    case 2:
-      return key <= '5';
-    default:
-      return true;
-  }
-}
-
 /** Behind a "P" stands its digit. */
 bool FitsPause(std::string_view text, char key) {
   const bool behind_pause = !text.empty() && (text.back() == 'P' || text.back() == 'p');

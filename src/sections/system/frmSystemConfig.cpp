@@ -16,20 +16,6 @@ constexpr std::string_view kNoTime = "0000";
 constexpr std::string_view kOverLimitWeekend = "Over limit weekend";
 constexpr std::string_view kAlreadyInList = "Day already in list";
 
-/** Hour and minute, a digit at a time. */
-bool FitsTime(std::string_view text, char key) {
-  switch (text.size()) {
-    case 0:
-      return key <= '2';
-    case 1:
-      return text[0] < '2' || key <= '3';
-    case 2:
-      return key <= '5';
-    default:
-      return true;
-  }
-}
-
 EntryRule TimeRule() {
   EntryRule rule = DigitsRule(4);
   rule.fits = FitsTime;

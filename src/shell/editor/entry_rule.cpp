@@ -57,6 +57,19 @@ std::optional<std::string> TypeWhole(const EntryRule& rule, std::string_view tex
   return typed;
 }
 
+bool FitsTime(std::string_view text, char key) {
+  switch (text.size()) {
+    case 0:
+      return key <= '2';
+    case 1:
+      return text[0] < '2' || key <= '3';
+    case 2:
+      return key <= '5';
+    default:
+      return true;
+  }
+}
+
 EntryRule DigitsRule(int most) {
   return {.characters = kDigits, .most = most};
 }

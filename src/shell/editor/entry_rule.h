@@ -40,6 +40,9 @@ EntryRule ByteRule();
 /** A number from 1 to 254, where 255 means something else. */
 EntryRule LimitRule();
 
+/** Hours 00 to 23 and minutes 00 to 59, a digit at a time; a `fits` of rules. */
+bool FitsTime(std::string_view text, char key);
+
 /** The same for a highest number of two or three digits; a `fits` of rules. */
 template <int Highest>
 bool FitsUpTo(std::string_view text, char key) {
