@@ -129,6 +129,27 @@ class Programs(unittest.TestCase):
         _, error = ctl("send", project, *log, "--device", self.work / "no-port", status=1)
         self.assertIn("Initial COM Port failed", error)
 
+    def test_edit_scripts(self):
+        project = self.project()
+        script = self.work / "script.txt"
+
+        def edit(form, lines, status=0):
+            script.write_text(lines, encoding="utf-8")
+            return ctl("edit", project, form, "--script", script, status=status)
+
+        out, _ = edit("frmMiniBar", 'go 1 "Name"\npress Delete\ntype Caf\u00e9\nvalue txtMask\nclick cmdOK\n')
+        self.assertEqual(out, "Caf\u00e9\n".encode().decode("latin-1"))
+        self.assertEqual(ctl("get", project, "MiniBar", "001")[0], "Caf\u00e9|350|\n")
+        saved = project.read_bytes()
+        asked, _ = edit("frmMiniBar", "# leave\n\ngo 1 1\ntype x\nanswer No\nclick cmdCancel\n")
+        self.assertTrue(asked.startswith("ask: Data was change") and asked.endswith("-> No\n"), asked)
+        for lines in ("go 1 1\ntype 9\n", "go 513 1\n", "go 1 Nowhere\n", "click cmdNothing\n", "press Home\n",
+                      "frobnicate\n", "answer Perhaps\n", "set cmdOK 1\n"):
+            _, reason = edit("frmMiniBar", lines, status=0 if "type" in lines else 2)
+            self.assertEqual(reason.count("\n"), 0 if "type" in lines else 1, reason)
+        self.assertIn("unknown form", edit("frmNothing", "", status=2)[1])
+        self.assertEqual(project.read_bytes(), saved)
+
     def test_new_project_encodes_for_every_version(self):
         project = self.work / "new.tvk"
         ctl("new", project)

@@ -213,8 +213,18 @@ std::string FormScript::Pick(std::string_view rest) {
   return {};
 }
 
+bool FormScript::IsOverTable(std::string_view name) {
+  const TableEditor* table = Front().table();
+  if (table == nullptr) return false;
+  bool found = Trim(name) == kGrid;
+  for (int column = 1; column <= table->columns() && !found; ++column) {
+    found = !table->column(column).overlay.empty() && table->column(column).overlay == Trim(name);
+  }
+  return found;
+}
+
 std::string FormScript::Focus(std::string_view rest) {
-  if (Trim(rest) == kGrid && Front().table() != nullptr) {
+  if (IsOverTable(rest)) {
     Front().FocusTable();
     return {};
   }
@@ -335,6 +345,12 @@ std::string FormScript::Show(std::string_view /*rest*/) {
 }
 
 std::string FormScript::Value(std::string_view rest) {
+  if (IsOverTable(rest)) {
+    const TableEditor& table = *Front().table();
+    questions_.PrintLine(table.open() ? table.OpenText()
+                                      : table.Cell(table.current_row(), table.current_column()));
+    return {};
+  }
   std::string error;
   const Control* control = FindControl(rest, error);
   if (control == nullptr) return error;

@@ -67,6 +67,8 @@ class FormScript {
   FormControls& Front();
   Control* FindControl(std::string_view& rest, std::string& error);
   std::string ClickMenu(const char* name);
+  /** The name is that of the table, or of the field or list over its cells. */
+  bool IsOverTable(std::string_view name);
 
   EditorForm& form_;
   ScriptedQuestions& questions_;
