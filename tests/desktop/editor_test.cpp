@@ -102,6 +102,87 @@ TEST(EditorPage, CancelAsksAndAClosedPageLeavesItsMenu) {
   EXPECT_NE(desk.Get("LinkTrunk", "01"), "");
 }
 
+TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
+  EditorDesk desk;
+  desk.bench.ClickCommand("ext");
+  QTest::keyClick(desk.Table(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  auto* filter = desk.Find<QLineEdit>("Filter");
+  QTest::keyClicks(filter, "room 10");
+  EXPECT_EQ(desk.Find<QLabel>("RowsShown")->text(), QStringLiteral("9 of 500 rows"));
+  EXPECT_TRUE(desk.Table()->isRowHidden(0));
+  filter->clear();
+  EXPECT_FALSE(desk.Table()->isRowHidden(0));
+
+  Script replace({TypeIn("Replace", "FindText", "Room 10"), TypeIn("Replace", "ReplaceText", "Suite 10"), [] {
+                    auto* dialog = Modal("Replace");
+                    for (auto* button : dialog->findChildren<QPushButton*>()) {
+                      if (button->text() == QStringLiteral("Replace &All")) button->click();
+                    }
+                    EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("Result"))->text(),
+                              QStringLiteral("9 cells changed"));
+                    qobject_cast<QDialog*>(dialog)->reject();
+                    return true;
+                  }});
+  QTest::keyClick(desk.Table(), Qt::Key_H, Qt::ControlModifier);
+  EXPECT_TRUE(replace.finished());
+  EXPECT_EQ(desk.Table()->model()->index(1, 4).data().toString(), QStringLiteral("Suite 101"));
+
+  desk.GoTo(2, 1);
+  desk.bench.window->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(desk.bench.window.get()));
+  desk.Table()->setFocus();
+  Script go({[] {
+    auto* dialog = qobject_cast<QDialog*>(Modal("UsedBy"));
+    if (dialog == nullptr) return false;
+    auto* list = dialog->findChild<QListWidget*>(QStringLiteral("UsedByList"));
+    EXPECT_EQ(list->count(), 1);
+    QTest::keyClick(list, Qt::Key_Return);
+    return true;
+  }});
+  QTest::keyClick(desk.Table(), Qt::Key_U, Qt::ControlModifier);
+  EXPECT_TRUE(go.finished());
+  QTest::qWait(1);
+  EXPECT_EQ(desk.bench.state.ActiveFormName, "frmPortDef");
+  EXPECT_EQ(desk.Table()->currentIndex().row(), 82);  // room 101 is on card 8, channel 1
+  EXPECT_EQ(desk.Get("Name", "002"), "Suite 101");    // the form that was left saved itself
+}
+
+TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {
+  EditorDesk desk;
+  desk.bench.ClickCommand("routemap");
+  desk.GoTo(8, 1);
+  auto* path = desk.Find<QWidget>("CallPath");
+  EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: Digits 011X, timeout No Limit");
+  QTest::keyClick(path, Qt::Key_Right);
+  EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: List 1");
+  QTest::keyClick(path, Qt::Key_Return);
+  QTest::qWait(1);
+  EXPECT_EQ(desk.bench.state.ActiveFormName, "frmRoute");
+}
+
+TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
+  EditorDesk desk;
+  desk.bench.ClickCommand("tenan");
+  auto* matrix = desk.Find<QWidget>("TenantMatrix");
+  for (const QSize size : {QSize(1240, 800), QSize(760, 460)}) {
+    desk.bench.window->resize(size);
+    QTest::qWait(20);
+    auto* page = desk.Find<EditorPage>("frmTenan");
+    Control* cell = page->form().Find({"cell", 1, 2});
+    const bool before = cell->on;
+    matrix->setFocus();
+    for (int i = 0; i < 40; ++i) QTest::keyClick(matrix, Qt::Key_Left);
+    for (int i = 0; i < 40; ++i) QTest::keyClick(matrix, Qt::Key_Up);
+    QTest::keyClick(matrix, Qt::Key_Right);
+    QTest::keyClick(matrix, Qt::Key_Space);
+    EXPECT_NE(cell->on, before);
+    EXPECT_TRUE(matrix->accessibleName().startsWith(QStringLiteral("tenant 1 ")));
+    for (int i = 0; i < 40; ++i) QTest::keyClick(matrix, Qt::Key_Right);
+    QTest::keyClick(matrix, Qt::Key_Space);
+    EXPECT_FALSE(page->form().Find({"cell", 1, 32})->on == (size.width() > 1000));
+  }
+}
+
 /** Every editor there is: opened by its command, one thing changed with real keys, saved, reopened, found. */
 TEST(EditorPage, EveryCommandTakesAChangeByKeys) {
   EditorDesk desk;

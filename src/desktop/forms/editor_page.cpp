@@ -73,7 +73,8 @@ void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
 
 QWidget* EditorPage::MakeTable() {
   model_ = new TableModel(*form_->table(), PageOf(parts_.settings), this);
-  table_ = new TableView(*model_, [this] { Acted(); });
+  table_ = new TableView(
+      *model_, [this] { Acted(); }, [this] { ShowCallPath(); });
   table_->setAccessibleName(Words(form_->title()) + QStringLiteral(" table"));
   table_->RestoreColumns(parts_.settings, std::string(form_->name().form));
   return table_;

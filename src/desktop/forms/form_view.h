@@ -9,8 +9,8 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "desktop/io/code_page.h"
 #include "desktop/forms/control_widget.h"
+#include "desktop/io/code_page.h"
 #include "shell/editor/form_controls.h"
 
 namespace tarvok {

@@ -13,6 +13,7 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
                              QWidget* parent)
     : QDialog(parent), form_(form), page_(page), acted_(std::move(acted)) {
   setWindowTitle(QStringLiteral("Find and Replace"));
+  setObjectName(QStringLiteral("Replace"));
   find_ = new QLineEdit;
   find_->setObjectName(QStringLiteral("FindText"));
   replace_ = new QLineEdit;

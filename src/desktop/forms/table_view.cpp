@@ -41,8 +41,9 @@ std::optional<KeyCode> KeyOf(int key) {
 
 }  // namespace
 
-TableView::TableView(TableModel& model, std::function<void()> acted, QWidget* parent)
-    : QTableView(parent), model_(model), acted_(std::move(acted)) {
+TableView::TableView(TableModel& model, std::function<void()> acted, std::function<void()> moved,
+                     QWidget* parent)
+    : QTableView(parent), model_(model), acted_(std::move(acted)), moved_(std::move(moved)) {
   setObjectName(QStringLiteral("mgTest"));
   setAccessibleName(QStringLiteral("Table"));
   setModel(&model_);
@@ -146,7 +147,9 @@ void TableView::keyPressEvent(QKeyEvent* event) {
 
 void TableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
-  if (!showing_) TakeSelection();
+  if (showing_) return;
+  TakeSelection();
+  moved_();
 }
 
 /** What was selected by mouse or by moving keys becomes the editor's selection. */

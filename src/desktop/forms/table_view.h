@@ -13,8 +13,10 @@ namespace tarvok {
  * them. */
 class TableView : public QTableView {
  public:
-  /** `acted` is called behind everything that a person did to the table here. */
-  TableView(TableModel& model, std::function<void()> acted, QWidget* parent = nullptr);
+  /** `acted` is called behind everything that a person did to the table here, `moved` behind another choice of
+   * cells alone. */
+  TableView(TableModel& model, std::function<void()> acted, std::function<void()> moved,
+            QWidget* parent = nullptr);
 
   /** Shows the editor's rows, its current cell and its selection. */
   void Refresh();
@@ -35,6 +37,7 @@ class TableView : public QTableView {
 
   TableModel& model_;
   std::function<void()> acted_;
+  std::function<void()> moved_;
   bool showing_ = false;  // the view follows the editor, not the other way round
 };
 
