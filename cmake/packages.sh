@@ -1,7 +1,8 @@
-# What Debian and its kin call the things we build with. Sourced by ./run, ./test and ./lint.
+# What Debian and its kin call the things we build with. Sourced by ./run, ./test, ./lint and ./run-bench.
 build_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev)
 test_packages=(git python3 clang-format libgtest-dev libgmock-dev librapidcheck-dev)
 lint_packages=(clang-tidy)
+bench_packages=(python3 pkg-config libbenchmark-dev libsimpleini-dev libglib2.0-dev lrzsz)
 
 # Installs those of the named packages that are missing.
 install_packages() {

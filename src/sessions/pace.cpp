@@ -37,13 +37,15 @@ std::string Pace::Now(std::int64_t done_bytes, std::int64_t tick_ms) const {
 std::string Pace::End(std::int64_t done_bytes, std::int64_t tick_ms) const {
   const std::int64_t ms = std::max<std::int64_t>(tick_ms - start_ms_, 1);
   const std::int64_t rate = done_bytes * kSecond_ms / ms;
-  std::string text = Grouped(done_bytes) + " bytes in " + MinutesText((ms + kSecond_ms / 2) / kSecond_ms) + ": " +
-                     Grouped(rate) + " bytes/s";
+  std::string text = Grouped(done_bytes) + " bytes in " + MinutesText((ms + kSecond_ms / 2) / kSecond_ms) +
+                     ": " + Grouped(rate) + " bytes/s";
   if (line_bps_ <= 0) return text;
   const std::int64_t share = rate * kBitsPerByte * 1000 / line_bps_;
   text += ", " + std::to_string(share / 10) + "." + std::to_string(share % 10) + " % of the line";
   if (share < kLowShare) {
-    text += ". Up to two thirds can be had: an adapter that holds bytes back, a slow exchange or repeats took the rest";
+    text +=
+        ". Up to two thirds can be had: an adapter that holds bytes back, a slow exchange or repeats took "
+        "the rest";
   }
   return text;
 }

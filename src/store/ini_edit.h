@@ -46,7 +46,7 @@ class IniEdit {
   struct SectionEdit {
     bool deleted = false;  // the base's sections of this name are gone; new_keys may make a new one
     std::string name;
-    std::map<std::string, KeyEdit> keys;  // by folded name
+    std::map<std::string, KeyEdit> keys;   // by folded name
     std::vector<const KeyEdit*> new_keys;  // those of keys that the base does not have, as first set
   };
 

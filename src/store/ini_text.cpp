@@ -158,8 +158,9 @@ std::vector<IniText::Key> IniText::Keys(std::string_view section) const {
   const std::int32_t index = FindSection(section);
   if (index < 0) return found;
   // Each header begins a section of its own, so the keys of one lie side by side.
-  const auto first = std::lower_bound(keys_.begin(), keys_.end(), index,
-                                      [](const StoredKey& key, std::int32_t wanted) { return key.section < wanted; });
+  const auto first =
+      std::lower_bound(keys_.begin(), keys_.end(), index,
+                       [](const StoredKey& key, std::int32_t wanted) { return key.section < wanted; });
   for (auto i = first; i != keys_.end() && i->section == index; ++i) {
     if (slots_[SlotOf(index, i->key.name)] == i - keys_.begin()) found.push_back(i->key);
   }

@@ -44,6 +44,17 @@ TEST(Settings, ChangeNoByte) {
   EXPECT_TRUE(std::filesystem::exists(SettingsFile()));
 }
 
+TEST(Settings, WaitForTheDiskOnlyForWhatChanges) {
+  QtSettings settings;
+  settings.Set("Columns", "frmBoss", "120");
+  const std::string written = SettingsFile() + ".written";
+  std::filesystem::create_hard_link(SettingsFile(), written);
+  settings.Set("Columns", "frmBoss", "120");
+  EXPECT_TRUE(std::filesystem::equivalent(SettingsFile(), written));
+  settings.Set("Columns", "frmBoss", "121");  // each write is a new file
+  EXPECT_FALSE(std::filesystem::equivalent(SettingsFile(), written));
+}
+
 TEST(Settings, ReadWhatAPersonWrote) {
   std::filesystem::create_directories(std::filesystem::path(SettingsFile()).parent_path());
   std::ofstream(SettingsFile()) << "[Serial Ports]\nCom1=/dev/ttyUSB0\nCom2 = /home/gr\xC3\xBC\xC3\x9F, "

@@ -32,7 +32,11 @@ void QtSettings::Set(std::string_view group, std::string_view key, std::string_v
   const QByteArray bytes(value.data(), static_cast<qsizetype>(value.size()));
   const QString text = QString::fromUtf8(bytes);
   // Only text that gives the same bytes again is kept as text.
-  settings_.setValue(PathOf(group, key), text.toUtf8() == bytes ? QVariant(text) : QVariant(bytes));
+  const QVariant kept = text.toUtf8() == bytes ? QVariant(text) : QVariant(bytes);
+  const QString path = PathOf(group, key);
+  // A write waits for the disk, and most of what is kept, such as the widths of columns, is as it was.
+  if (settings_.contains(path) && settings_.value(path) == kept) return;
+  settings_.setValue(path, kept);
   settings_.sync();
 }
 

@@ -1,0 +1,12 @@
+// What can be measured inside one process. Benchmarks are named WHAT/WHO/SIZE; ../run-bench sets them in relation.
+
+#include <QCoreApplication>
+#include <benchmark/benchmark.h>
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -1,0 +1,83 @@
+"""The desktop program as it stands, watched while it paints, beside windows that only Qt paints."""
+
+import os
+import shutil
+import statistics
+import subprocess
+import time
+
+from line_runs import HOTEL
+from table import Row
+
+RUNS = 7
+
+
+def new_home(bench):
+    home = bench.new_folder()
+    home.chmod(0o700)
+    return home
+
+
+def painted(home, bench, program, *arguments, **environment):
+    """Starts a program and waits until it ended itself: from start to paint in milliseconds, and its other lines."""
+    environment = {**os.environ, **environment, "QT_QPA_PLATFORM": "offscreen", "QT_QPA_GENERIC_PLUGINS": "paint_watch",
+                   "QT_PLUGIN_PATH": str(bench.bin / "plugins"), "HOME": str(home), "XDG_CONFIG_HOME": str(home / "config"),
+                   "XDG_DATA_HOME": str(home / "data"), "XDG_RUNTIME_DIR": str(home)}
+    start = time.clock_gettime(time.CLOCK_MONOTONIC)
+    run = subprocess.run([bench.bin / program, *arguments], env=environment, capture_output=True, text=True, timeout=300)
+    lines = [line.split(" ") for line in run.stdout.splitlines()]
+    assert run.returncode == 0 and lines and lines[0][0] == "painted", f"{program}: {run.stdout[-300:]}{run.stderr[-300:]}"
+    return int(lines[0][1]) / 1000 - start * 1000, lines
+
+
+def memory_mb(lines):
+    return max(int(line[1]) for line in lines if line[0] == "memory") / 1024
+
+
+def start_rows(bench, project):
+    programs = {"ours": ("tarvok-setup", project), "empty Qt window": ("plain_window",),
+                "window with menu, tools, tree, text": ("plain_window", "dressed")}
+    home = new_home(bench)
+    # In turns: what the machine does besides hits all of them.
+    runs = [{name: painted(home, bench, *program) for name, program in programs.items()} for _ in range(RUNS)]
+
+    def median(name, value):
+        return statistics.median(value(run[name]) for run in runs)
+
+    for peer, at_most in (("empty Qt window", 1.5), ("window with menu, tools, tree, text", 1.5)):
+        yield Row("start to painted window with the hotel", median("ours", lambda run: run[0]), peer,
+                  median(peer, lambda run: run[0]), "ms", at_most=at_most)
+        yield Row("memory of it", median("ours", lambda run: memory_mb(run[1])), peer,
+                  median(peer, lambda run: memory_mb(run[1])), "MB", at_most=at_most)
+
+
+def command_rows(bench, project):
+    home, found = new_home(bench), {}
+    painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")  # keeps what a first run keeps, such as widths
+    for _ in range(3):
+        _, lines = painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")
+        for kind, time_us, size, *name in (line for line in lines if line[0] in ("command", "table")):
+            found.setdefault((kind, size, " ".join(name)), []).append(int(time_us) / 1000)
+    sizes = sorted({size for kind, size, _ in found if kind == "command" and size != "0x0"})
+    plain = {}
+    for _ in range(3):
+        _, lines = painted(home, bench, "plain_window", *sizes, BENCH_COMMANDS="1")
+        for kind, time_us, size, *_ in (line for line in lines if line[0] in ("command", "table")):
+            plain.setdefault((kind, size), []).append(int(time_us) / 1000)
+    for (kind, size, name), times in found.items():
+        ours = statistics.median(times)
+        if kind == "table":
+            yield Row(f"{size}, {name}", ours, "plain Qt table", statistics.median(plain[kind, size]), "ms")
+        elif size == "0x0":
+            yield Row(f"first paint, {name}", ours, "the limit set", 50, "ms", at_most=1)
+        else:
+            yield Row(f"first paint, {name}, {size}", ours, "the limit set", 50, "ms", at_most=1)
+            yield Row(f"the same", ours, f"plain Qt table {size}", statistics.median(plain["command", size]), "ms",
+                      at_most=1.5)
+
+
+def rows(bench):
+    project = bench.new_folder() / "hotel.tvk"
+    shutil.copy(HOTEL, project)
+    yield from start_rows(bench, project)
+    yield from command_rows(bench, project)

@@ -1,0 +1,220 @@
+"""Sends and loads over paced lines: ours, a minimal blocking program with the same rounds, and XMODEM and ZMODEM."""
+
+import pathlib
+import shutil
+import subprocess
+import threading
+
+from table import Row
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+HOTEL = ROOT / "examples" / "hotel.tvk"
+PASSWORD = "1234"
+UNPACED = 4_000_000
+# A load waits so long before it asks for a section; no other turn of ours comes near.
+PAUSE_US = 100_000
+# In turns, and the median of each: on the fastest line a moment in which the machine is busy counts.
+FAST_RUNS = {115_200: 3, 57_600: 1}
+
+
+class Line:
+    """A paced line with a log of all bytes; end B is the device of a program, or made."""
+
+    def __init__(self, bench, bps, delay_us, end_b=None):
+        self.folder, self.bps, self.delay_us = bench.new_folder(), bps, delay_us
+        self.a, self.b = self.folder / "a", end_b or self.folder / "b"
+        self.process = subprocess.Popen([bench.bin / "paced_line", str(bps), str(delay_us), self.a, self.b, self.folder / "log"],
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        assert self.process.stdout.readline() == "ready\n"
+
+    def close(self):
+        self.process.communicate()
+        events = []
+        for line in (self.folder / "log").read_text().splitlines():
+            time_us, direction, count, *hexadecimal = line.split()
+            events.append((int(time_us), direction, int(count), hexadecimal[0] if hexadecimal else ""))
+        return Passed(events, self.bps, self.delay_us)
+
+
+class Passed:
+    """What went over a line, from A's first byte to the last byte of all."""
+
+    def __init__(self, events, bps, delay_us):
+        self.events, self.fixed_us = events, 0
+        first = next(i for i, event in enumerate(events) if event[1] == "A")
+        self.total_us = events[-1][0] - events[first][0]
+        self.bytes = sum(count for _, direction, count, _ in events[first:] if direction in "AB")
+        self.turns_us, self.rounds = [], 0
+        last_out = None
+        for before, event in zip(events[first:], events[first + 1:]):
+            self.rounds += (before[1], event[1]) in (("a", "B"), ("b", "A"))
+            if before[1] == "b" and event[1] == "A":
+                self.turns_us.append(event[0] - before[0])
+        self.turns_us.sort()
+        # Every byte takes its time, and every change of direction the delay; nothing overlaps.
+        self.limit_us = self.bytes * 10_000_000 / bps + self.rounds * delay_us
+
+    def pauses(self):
+        return sum(turn >= 0.9 * PAUSE_US for turn in self.turns_us)
+
+    def leave_out(self, pauses):
+        """The prescribed pauses are no matter of speed. What came in meanwhile has shortened them."""
+        longest = self.turns_us[len(self.turns_us) - pauses:]
+        self.fixed_us = sum(min(turn, PAUSE_US) for turn in longest)
+
+    @property
+    def net_us(self):
+        return self.total_us - self.fixed_us
+
+    @property
+    def turn_us(self):
+        return self.turns_us[len(self.turns_us) // 2]
+
+    def script(self):
+        """The same rounds for the blocking program: what to write, and how much comes in before the next line."""
+        rounds = []
+        for _, direction, count, hexadecimal in self.events:
+            if direction == "A":
+                if rounds and rounds[-1][1] == 0:
+                    rounds[-1][0] += hexadecimal
+                else:
+                    rounds.append([hexadecimal, 0])
+            elif direction == "b" and rounds:
+                rounds[-1][1] += count
+        return "".join(f"{out} {count}\n" for out, count in rounds)
+
+
+class Sessions:
+    """The hotel on its way to a practice exchange and back."""
+
+    def __init__(self, bench):
+        self.bench = bench
+        folder = bench.new_folder()
+        self.images = folder / "images"
+        self.project = folder / "hotel.tvk"
+        shutil.copy(HOTEL, self.project)
+        bench.ctl("set", self.project, "Chk_Tarvok", "By", "1")
+        bench.ctl("encode", self.project, "--all", "--version", "110", "-o", self.images)
+        self.payload = sum(image.stat().st_size for image in self.images.iterdir())
+        self.scripts, self.pauses, self.store = {}, {"send": 0, "load": 0}, None
+        for kind in ("send", "load"):
+            passed, store = self.run(kind, UNPACED, 0)
+            self.scripts[kind], self.pauses[kind] = folder / kind, passed.pauses()
+            self.scripts[kind].write_text(passed.script())
+            self.store = self.store or store
+
+    def run(self, kind, bps, delay_us, peer=False):
+        """One session over a line of its own with an exchange of its own; what passed, and the exchange's store."""
+        bench, folder = self.bench, self.bench.new_folder()
+        store = folder / "store"
+        if self.store:
+            shutil.copytree(self.store, store)
+        exchange = subprocess.Popen([bench.bin / "tarvok-exchange", "--version", "110", "--store", store, "--password", PASSWORD,
+                                     "--serial", folder / "exchange"], stdout=subprocess.PIPE, text=True)
+        try:
+            assert exchange.stdout.readline().startswith("ready")
+            line = Line(bench, bps, delay_us, folder / "exchange")
+            if peer:
+                subprocess.run([bench.bin / "blocking_peer", line.a, self.scripts[kind]], check=True)
+            else:
+                what = [self.project] if kind == "send" else [folder / "loaded.tvk", "--using", self.project]
+                bench.ctl(kind, *what, "--device", line.a, "--log", folder / "history", TMPDIR=folder, TARVOK_PASSWORD=PASSWORD)
+            passed = line.close()
+            if not peer:
+                passed.leave_out(self.pauses[kind])
+            return passed, store
+        finally:
+            exchange.terminate()
+            exchange.communicate()
+
+
+def file_transfer(bench, sessions, bps, protocol):
+    """The images as one file by `sz` and `rz`; what passed."""
+    folder = bench.new_folder()
+    (folder / "sent").write_bytes(b"".join(image.read_bytes() for image in sorted(sessions.images.iterdir())))
+    line = Line(bench, bps, 0)
+    options = ["--xmodem"] if protocol == "XMODEM" else ["--zmodem", "--binary"]
+    names = ["got"] if protocol == "XMODEM" else []
+    (folder / "in").mkdir()
+    # A new session: these programs look for a terminal of their own.
+    with open(line.a, "r+b", buffering=0) as a, open(line.b, "r+b", buffering=0) as b, open(folder / "words", "w") as words:
+        receiver = subprocess.Popen(["rz", "-v", *options, *names], stdin=b, stdout=b, stderr=words, cwd=folder / "in",
+                                    start_new_session=True)
+        sender = subprocess.run(["sz", "-v", *options, folder / "sent"], stdin=a, stdout=a, stderr=words,
+                                start_new_session=True, timeout=120)
+        receiver.terminate()  # it has acknowledged all, and goes on waiting for another file
+        receiver.wait()
+    got = next((folder / "in").iterdir()).read_bytes()
+    # XMODEM fills its last block up.
+    assert sender.returncode == 0 and got.startswith((folder / "sent").read_bytes()), f"{protocol} lost bytes"
+    return line.close()
+
+
+def together(jobs):
+    """Runs slow lines side by side: all of them together hardly load the machine."""
+    results = {}
+
+    def work(name, job):
+        results[name] = job()
+
+    threads = [threading.Thread(target=work, args=item) for item in jobs.items()]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert len(results) == len(jobs), "a line failed, see above"
+    return results
+
+
+def session_rows(sessions, bps, delay_us, results):
+    where = f"{bps:,} bit/s" + (f", {2 * delay_us / 1000:.0f} ms round trip" if delay_us else "")
+    for kind in ("send", "load"):
+        ours, peer = results[kind, "ours"], results[kind, "peer"]
+
+        def rate(time_us):
+            return sessions.payload * 1e6 / time_us
+
+        yield Row(f"{kind} at {where}", rate(ours.net_us), "blocking program", rate(peer.net_us), "B/s", at_least=0.98)
+        yield Row("the same", rate(ours.net_us), "stop-and-wait limit", rate(ours.limit_us), "B/s")
+        yield Row("the same, share of the line", 100 * rate(ours.net_us) * 10 / bps, "blocking program",
+                  100 * rate(peer.net_us) * 10 / bps, "%")
+        yield Row("our turn of a round, median", ours.turn_us, "blocking program", peer.turn_us, "us")
+        if sessions.pauses[kind]:
+            yield Row(f"{sessions.pauses[kind]} prescribed pauses in it, left out above", ours.fixed_us / 1e6, "whole session",
+                      ours.total_us / 1e6, "s")
+
+
+def speed_jobs(sessions, bps, delay_us):
+    return {(bps, delay_us, kind, who): (lambda kind=kind, who=who: sessions.run(kind, bps, delay_us, who == "peer")[0])
+            for kind in ("send", "load") for who in ("ours", "peer")}
+
+
+def rows_of(sessions, results):
+    for bps, delay_us in sorted({key[:2] for key in results}):
+        yield from session_rows(sessions, bps, delay_us,
+                                {key[2:]: passed for key, passed in results.items() if key[:2] == (bps, delay_us)})
+
+
+def rows(bench):
+    """Fast lines, one after the other."""
+    sessions = Sessions(bench)
+    results = {}
+    for bps, times in FAST_RUNS.items():
+        runs = [{name: job() for name, job in speed_jobs(sessions, bps, 0).items()} for _ in range(times)]
+        for name in runs[0]:
+            results[name] = sorted((run[name] for run in runs), key=lambda passed: passed.net_us)[times // 2]
+    yield from rows_of(sessions, results)
+    ours = results[115_200, 0, "send", "ours"]
+    for protocol in ("XMODEM", "ZMODEM"):
+        passed = file_transfer(bench, sessions, 115_200, protocol)
+        yield Row("send at 115,200 bit/s", sessions.payload * 1e6 / ours.net_us, f"{protocol} of lrzsz",
+                  sessions.payload * 1e6 / passed.total_us, "B/s")
+
+
+def slow_rows(bench):
+    """Slow and far lines, side by side."""
+    sessions = Sessions(bench)
+    jobs = {}
+    for bps, delay_us in ((9_600, 0), (19_200, 0), (115_200, 500), (115_200, 10_000), (115_200, 50_000)):
+        jobs |= speed_jobs(sessions, bps, delay_us)
+    yield from rows_of(sessions, together(jobs))
