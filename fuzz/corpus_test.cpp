@@ -11,12 +11,14 @@
 using FuzzTarget = int(const std::uint8_t* data, std::size_t size);
 // Each target's one function under the target's name; the build names them so.
 extern "C" {
+FuzzTarget form_script_fuzz;
 FuzzTarget line_bytes_fuzz;
 FuzzTarget practice_exchange_fuzz;
 FuzzTarget project_file_fuzz;
 FuzzTarget section_image_fuzz;
 FuzzTarget settings_fuzz;
 FuzzTarget stream_reader_fuzz;
+FuzzTarget table_csv_fuzz;
 }
 
 namespace tarvok::test {
@@ -24,9 +26,14 @@ namespace {
 
 TEST(Fuzz, TheCorpusRuns) {
   const std::pair<const char*, FuzzTarget*> targets[] = {
-      {"line_bytes_fuzz", line_bytes_fuzz},     {"practice_exchange_fuzz", practice_exchange_fuzz},
-      {"project_file_fuzz", project_file_fuzz}, {"section_image_fuzz", section_image_fuzz},
-      {"settings_fuzz", settings_fuzz},         {"stream_reader_fuzz", stream_reader_fuzz},
+      {"form_script_fuzz", form_script_fuzz},
+      {"line_bytes_fuzz", line_bytes_fuzz},
+      {"practice_exchange_fuzz", practice_exchange_fuzz},
+      {"project_file_fuzz", project_file_fuzz},
+      {"section_image_fuzz", section_image_fuzz},
+      {"settings_fuzz", settings_fuzz},
+      {"stream_reader_fuzz", stream_reader_fuzz},
+      {"table_csv_fuzz", table_csv_fuzz},
   };
   for (const auto& [name, target] : targets) {
     int inputs = 0;

@@ -11,7 +11,7 @@ struct TransferStatistics {
   std::int64_t PacketsSent = 0;     // packs that went through
   std::int64_t BytesSent = 0;       // message bytes that went through, headers not counted
   std::int64_t BytesReceived = 0;   // each section's declared size, and every later pack once more
-  std::int64_t BytesTaken = 0;        // section bytes that came, each once
+  std::int64_t BytesTaken = 0;      // section bytes that came, each once
   std::int64_t FramesDamaged = 0;   // Naks, in either direction
   std::int64_t LateAnswers =
       0;                        // asked for once more: by the link of either side, or by a message sent again

@@ -45,13 +45,14 @@ bool GetSections(Transfer& transfer) {
   return true;
 }
 
-/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. */
+/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. And where frames were damaged
+ * or lost, one may have passed its check. */
 void AdviseAnotherLoad(Transfer& transfer) {
-  const std::int64_t twice = transfer.line().statistics().PacksTwice;
-  if (twice == 0) return;
-  transfer.view().Advise(std::to_string(twice) +
-                         " packs came twice, so that bytes may stand in the wrong place. "
-                         "Load once more and compare the two.");
+  const TransferStatistics& counted = transfer.line().statistics();
+  const std::int64_t faults = counted.FramesDamaged + counted.LateAnswers + counted.PacksTwice;
+  if (faults == 0) return;
+  transfer.view().Advise("The line damaged, lost or doubled something " + std::to_string(faults) +
+                         " times, and not every such fault shows. Load once more and compare the two.");
 }
 
 /** Each section, and the two bytes by which it is asked for. */

@@ -32,7 +32,8 @@ constexpr LogInWords LoadWords() {
 }
 
 bool SendRecords(Transfer& transfer) {
-  const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
+  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  if (project == nullptr) return false;
   transfer.Start("Sending Mini Bar data...");
   for (int number = 1; number <= kMiniBarRows; ++number) {
     ImageWriter record(kMiniBarRecordSize);

@@ -31,7 +31,8 @@ constexpr Alone kIpAddress = {44, TransferDirection::kWriteIp, "Do you want to s
 
 bool Tell(Transfer& transfer, const Section& section, const Alone& alone) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kWords)) return false;
-  const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
+  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  if (project == nullptr) return false;
   std::vector<std::uint8_t> image;
   if (!SendSection(transfer, section, *project, image, kOkDots, kFailedDots)) return false;
   transfer.LogLine(alone.last_line);

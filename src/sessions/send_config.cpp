@@ -98,7 +98,8 @@ End TellSend(Transfer& transfer) {
   transfer.Progress(0, kBarEnd);
   const bool compare = transfer.settings().compare && transfer.version() >= kLowestComparedVersion;
   transfer.BeginPace(BytesOfSend(transfer.version(), compare));
-  const std::shared_ptr<const IniText> project = transfer.store().Snapshot(transfer.parts().project_file);
+  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  if (project == nullptr) return End::kFailedSection;
   if (compare) {
     if (!SendClock(transfer) || !SendSectionsCompared(transfer, *project)) return End::kFailed;
   } else if (!SendClock(transfer) || !SendSections(transfer, *project)) {

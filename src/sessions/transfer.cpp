@@ -152,6 +152,13 @@ void Transfer::Progress(int value, int end) {
   if (!waits_.aborted()) parts_.view.Progress(value, end);
 }
 
+std::shared_ptr<const IniText> Transfer::ProjectToSend() {
+  std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.project_file);
+  if (!project->bytes().empty()) return project;
+  [[maybe_unused]] const bool failed = Fail(kNotAProject);
+  return nullptr;
+}
+
 bool Transfer::Fail(std::string_view box) {
   reason_ = InOneLine(box);
   Box(BoxKind::kCritical, box);

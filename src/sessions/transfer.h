@@ -69,6 +69,9 @@ class Transfer {
   void BeginPace(std::int64_t bytes);
   /** All is through: the view is told speed and share of the line. */
   void EndPace();
+  /** The project whose sections are sent. One that can't be read would go out as a blank one: it has a box instead,
+   * and nullptr comes back. */
+  std::shared_ptr<const IniText> ProjectToSend();
   /** A failure's box and, in one line, the reason that a command line ends with. Always false. */
   bool Fail(std::string_view box);
   /** A failure without a box: a line in the log window. Always false. */

@@ -81,6 +81,7 @@ Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpee
                       ConnectionSettings& settings) {
   const std::shared_ptr<const IniText> text = store.Snapshot(project);
   settings = ReadConnection(*text, empty_speed);
+  if (text->bytes().empty()) return {};  // it can't be read: what it holds is not for this to put in order
   const bool no_speed =
       empty_speed == EmptySpeed::kWrittenBack && Trim(text->Get(kHeaderSection, key::kBps)).empty();
   const bool negative_card = HasNegativeCard(*text, settings);

@@ -18,8 +18,9 @@ std::string FileBytes(const char* name) {
  * wire they are not the same as a missing one. */
 bool IsByDesign(std::string_view form, const Difference& difference) {
   static const std::multimap<std::string_view, std::string_view> kRows = {
-      {"frmSetRoute", "PBX Link"},  // a missing entry is 0x10, a blank one 0x00; the gateway shows its first number
-      {"frmSetupKey", "Layout"},    // a missing layout is 0, one without keys 255
+      {"frmSetRoute",
+       "PBX Link"},  // a missing entry is 0x10, a blank one 0x00; the gateway shows its first number
+      {"frmSetupKey", "Layout"},  // a missing layout is 0, one without keys 255
   };
   const auto [first, last] = kRows.equal_range(form);
   return std::any_of(first, last, [&](const auto& row) { return difference.row.starts_with(row.second); });

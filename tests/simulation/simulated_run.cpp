@@ -17,6 +17,7 @@ namespace tarvok::test {
 namespace {
 
 constexpr const char* kBillingFolder = "/b";
+constexpr std::string_view kArriving = "Getting ";  // begins the line of what is on its way
 
 bool Tell(SimulatedRun::Kind kind, Transfer& transfer) {
   switch (kind) {
@@ -63,20 +64,31 @@ class Stage {
     bench_.wrap = [this](std::unique_ptr<Port> port) {
       return std::make_unique<TroubledPort>(
           bench_.events, std::move(port), trouble_, run_.seed, WireOf(run_.by),
-          [this](const std::string& wrong) { Broken(wrong); }, outcome_.units);
+          TroubledPort::Told{.wrong = [this](const std::string& wrong) { Broken(wrong); },
+                             .died = [this] { ExpectWords(); }},
+          outcome_.units);
     };
   }
 
   SimulatedOutcome Play() {
     before_ = bench_.files.Bytes(SessionBench::kProject);
+    EventServer::TimerId cancel = 0;
+    if (run_.cancel_at_ms) cancel = bench_.events.CallLater(*run_.cancel_at_ms, [this] { Cancel(); });
+    if (run_.failing_call) bench_.files.fail_at = bench_.files.calls + *run_.failing_call;
     outcome_.done = Session(run_.kind);
+    bench_.files.fail_at = 0;
+    bench_.events.StopTimer(cancel);
+    cancelled_ms_.reset();
     outcome_.simulated_ms = bench_.events.Tick_ms();
     JudgeAlways();
     if (outcome_.done && IsSend()) JudgeArrived();
     if (outcome_.done && run_.kind == SimulatedRun::kLoad) JudgeLoaded();
     if (run_.another_after) JudgeAnother();
     for (const std::string& box : bench_.view.boxes) outcome_.log += "box: " + box + "\r\n";
+    for (const std::string& advice : bench_.view.advice) outcome_.log += "advice: " + advice + "\r\n";
     outcome_.log = bench_.view.log + outcome_.log + "---- send.log ----\r\n" + bench_.send_log;
+    outcome_.log += "\r\n---- refused by the exchange ----\r\n";
+    for (const std::string& complaint : bench_.complaints) outcome_.log += complaint + "\r\n";
     return std::move(outcome_);
   }
 
@@ -86,7 +98,14 @@ class Stage {
     const auto patience = bench_.events.CallLater(kPatience_ms, [this] {
       if (bench_.transfer != nullptr) bench_.transfer->Abort();
     });
-    const bool done = bench_.Run([&](Transfer& transfer) { return Tell(kind, transfer); }, FormOf(kind));
+    const auto story = [&](Transfer& transfer) {
+      running_ = ++sessions_;
+      const bool told = Tell(kind, transfer);
+      running_ = 0;
+      JudgeCancel();
+      return told;
+    };
+    const bool done = bench_.Run(story, FormOf(kind));
     bench_.events.StopTimer(patience);
     return done;
   }
@@ -100,6 +119,40 @@ class Stage {
   bool IsSend() const { return run_.kind == SimulatedRun::kSend || run_.kind == SimulatedRun::kCompare; }
   bool ReadsBack() const {
     return run_.kind == SimulatedRun::kCompare && run_.version >= kLowestComparedVersion;
+  }
+
+  /** The line has just died. The longest step that can be under way or begin now is a pack with its enquiries; a call
+   * waits for the modem's word. Only a section that has begun to arrive is waited for without a limit. */
+  void ExpectWords() {
+    if (running_ == 0) return;
+    constexpr int kPackWithEnquiries_ms = 4000 + 3 * 3000;
+    constexpr int kDial_ms = 3000 + 91'000;  // the modem is set up first
+    constexpr int kGrace_ms = 1000;
+    const bool dials = run_.by == 2 && !bench_.transfer->line().link().LinkUp();
+    bench_.events.CallLater((dials ? kDial_ms : kPackWithEnquiries_ms) + kGrace_ms,
+                            [this, session = running_, boxes = bench_.view.boxes.size()] {
+                              const std::string& log = bench_.view.log;
+                              const std::size_t last_line = log.rfind('\n') + 1;
+                              const bool arriving = log.compare(last_line, kArriving.size(), kArriving) == 0;
+                              if (running_ == session && bench_.view.boxes.size() == boxes && !arriving)
+                                Broken("a dead line that nobody is told of");
+                            });
+  }
+
+  void Cancel() {
+    if (running_ == 0) return;
+    cancelled_ms_ = bench_.events.Tick_ms();
+    boxes_at_cancel_ = bench_.view.boxes.size();
+    bench_.transfer->Abort();
+  }
+  /** The session has just ended. */
+  void JudgeCancel() {
+    constexpr int kAtOnce_ms = 200;
+    if (!cancelled_ms_) return;
+    const std::int64_t took_ms = bench_.events.Tick_ms() - *cancelled_ms_;
+    if (took_ms > kAtOnce_ms) Broken("a cancel took " + std::to_string(took_ms) + " ms");
+    if (bench_.view.boxes.size() != boxes_at_cancel_)
+      Broken("a cancelled session said " + bench_.view.boxes.back());
   }
 
   void FillExchange() {
@@ -119,26 +172,24 @@ class Stage {
       Broken("a failure without a word");
   }
 
-  /** Whether something may come so late that it was asked for again: out and back it is late twice. */
-  bool OutlivesALimit() const {
-    constexpr int kLinkChases_ms = 1000;
-    constexpr int kShortestWait_ms = 3000;
-    const int limit_ms = UsesFrames() ? kLinkChases_ms : kShortestWait_ms;
-    return run_.trouble.late > 0 && 2 * run_.trouble.late_ms >= limit_ms;
-  }
   bool UsesFrames() const { return WireOf(run_.by) == Wire::kLink; }
+
+  /** What nobody can see: bytes without a check, and numbers and units that are not what the other side sent. */
+  bool Unseen() const {
+    const Trouble& trouble = run_.trouble;
+    return (trouble.flip > 0 && !UsesFrames()) || trouble.dup > 0 || trouble.reorder > 0 ||
+           trouble.wrong_sequence > 0;
+  }
 
   /**
    * Done means that the exchange holds what the project says. Where nothing is read back that can't be promised on
-   * every line: a damaged bit may pass the sum, and an OK that comes twice, or behind its time limit, or behind
-   * another, is taken for the next pack's, for nothing in it names its pack. Where it is read back, only an exchange
-   * that lies about the section's size is believed.
+   * every line: an OK that comes twice, or behind its time limit, is taken for the next pack's, for nothing in it names
+   * its pack. Then the user is advised to compare. Where it is read back, only an exchange that lies about the
+   * section's size is believed.
    */
   void JudgeArrived() {
-    const Trouble& trouble = run_.trouble;
-    const bool ok_may_lie = trouble.flip > 0 || trouble.dup > 0 || trouble.reorder > 0 ||
-                            trouble.wrong_sequence > 0 || OutlivesALimit();
-    if (ReadsBack() ? trouble.wrong_size > 0 : ok_may_lie) return;
+    if (ReadsBack() ? run_.trouble.wrong_size > 0 : Unseen()) return;
+    if (!ReadsBack() && !bench_.view.advice.empty()) return;
     for (const Section* section : SendPlan(run_.version)) {
       const Layout* layout = section->LayoutAt(run_.version, Direction::kSend);
       const Bytes wanted = Encoded(layout->encode, layout->size, HotelText()).bytes();
@@ -147,13 +198,9 @@ class Stage {
     }
   }
 
-  /** A load that is done gives what one over a line without troubles gives, but where a pack may come twice. */
+  /** A load that is done gives what one over a line without troubles gives, or the user is advised to load again. */
   void JudgeLoaded() {
-    const Trouble& trouble = run_.trouble;
-    if (trouble.flip > 0 || trouble.dup > 0 || trouble.reorder > 0 || trouble.wrong_size > 0 ||
-        trouble.drop > 0 || OutlivesALimit()) {
-      return;
-    }
+    if (Unseen() || run_.trouble.wrong_size > 0 || !bench_.view.advice.empty()) return;
     Stage clean({.kind = SimulatedRun::kLoad, .by = run_.by, .version = run_.version});
     clean.Session(SimulatedRun::kLoad);
     if (clean.bench().files.Bytes(SessionBench::kProject) != bench_.files.Bytes(SessionBench::kProject)) {
@@ -183,6 +230,10 @@ class Stage {
   Trouble trouble_;
   SimulatedOutcome outcome_;
   std::string before_;
+  int sessions_ = 0;
+  int running_ = 0;  // which of them is under way, 0 for none
+  std::optional<std::int64_t> cancelled_ms_;
+  std::size_t boxes_at_cancel_ = 0;
   SessionBench bench_;
 };
 
@@ -220,6 +271,12 @@ SimulatedRun RunOf(std::uint64_t seed) {
   if (pick(8) == 0) trouble.hangup_after = units;
   run.error_reply = rate(6) / 2;
   run.another_after = pick(4) == 0;
+  constexpr std::size_t kMoments_ms[] = {20, 200, 2000, 20'000, 200'000};
+  const int moment_ms = pick(kMoments_ms[pick(5)]);
+  if (pick(8) == 0) run.cancel_at_ms = moment_ms;
+  constexpr std::size_t kCalls[] = {12, 400};
+  const int call = 1 + pick(kCalls[pick(2)]);
+  if (pick(8) == 0) run.failing_call = call;
   return run;
 }
 
@@ -248,6 +305,8 @@ std::string Described(const SimulatedRun& run) {
   if (trouble.lost) text << " lost=" << *trouble.lost;
   if (trouble.silent_after) text << " silent-after=" << *trouble.silent_after;
   if (trouble.hangup_after) text << " hangup-after=" << *trouble.hangup_after;
+  if (run.cancel_at_ms) text << " cancel-at-ms=" << *run.cancel_at_ms;
+  if (run.failing_call) text << " failing-call=" << *run.failing_call;
   return text.str();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,9 @@ struct SimulatedRun {
   int by = 1;  // as in a project: 0 server, 1 serial, 2 modem, 3 LAN to serial, 4 LAN
   int version = 110;
   Trouble trouble = {};
-  double error_reply = 0;      // commands that the exchange refuses
+  double error_reply = 0;                // commands that the exchange refuses
+  std::optional<int> cancel_at_ms = {};  // the user closes the form then
+  std::optional<int> failing_call = {};  // the call to the tool's files that fails, from 1
   bool another_after = false;  // a session without troubles follows, and must be as one with a fresh exchange
   std::uint64_t seed = 1;
 };

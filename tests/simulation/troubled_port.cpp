@@ -65,12 +65,12 @@ Bytes MessageIn(std::span<const std::uint8_t> unit, Wire wire, bool from_tool) {
 }
 
 TroubledPort::TroubledPort(EventServer& events, std::unique_ptr<Port> inner, const Trouble& trouble,
-                           std::uint64_t seed, Wire wire, Judge judge, int& passed)
+                           std::uint64_t seed, Wire wire, Told told, int& passed)
     : PortOnPort(std::move(inner)),
       events_(events),
       trouble_(trouble),
       wire_(wire),
-      judge_(std::move(judge)),
+      told_(std::move(told)),
       out_{Chances(3 * seed), [this](const Bytes& unit) { PortOnPort::Send(unit); }},
       in_{Chances(3 * seed + 1), [this](const Bytes& unit) { GiveBytes(unit); }},
       lies_(3 * seed + 2),
@@ -79,13 +79,13 @@ TroubledPort::TroubledPort(EventServer& events, std::unique_ptr<Port> inner, con
 bool TroubledPort::Send(std::span<const std::uint8_t> bytes) {
   if (state() != PortState::kOpen) return false;
   if (bytes.empty()) return true;
-  if (const std::string wrong = WrongOf(bytes, wire_); !wrong.empty()) judge_("the tool sent " + wrong);
+  if (const std::string wrong = WrongOf(bytes, wire_); !wrong.empty()) told_.wrong("the tool sent " + wrong);
   const bool hang_up = trouble_.hangup_after && units_ == *trouble_.hangup_after;
-  if (trouble_.silent_after && units_ >= *trouble_.silent_after) dead_ = true;
+  if (!dead_ && trouble_.silent_after && units_ >= *trouble_.silent_after) Die();
   ++units_;
   if (dead_) return true;
   if (hang_up) {
-    dead_ = true;
+    Die();
     timers_.insert(events_.CallLater(0, [this] {
       PortOnPort::Close();
       GiveClosed("the other end hung up");
@@ -94,6 +94,13 @@ bool TroubledPort::Send(std::span<const std::uint8_t> bytes) {
   }
   Pass(out_, Bytes(bytes.begin(), bytes.end()));
   return true;
+}
+
+/** What is still under way is lost, too. */
+void TroubledPort::Die() {
+  dead_ = true;
+  StopTimers();
+  told_.died();
 }
 
 void TroubledPort::OnBytes(std::span<const std::uint8_t> bytes) {

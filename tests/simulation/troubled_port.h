@@ -38,10 +38,13 @@ struct Trouble {
  * and adds each unit that either side sends to `passed`. */
 class TroubledPort : public PortOnPort {
  public:
-  using Judge = std::function<void(const std::string& what_is_wrong)>;
+  struct Told {
+    std::function<void(const std::string& what)> wrong;
+    std::function<void()> died;  // from now on nothing passes any more
+  };
 
   TroubledPort(EventServer& events, std::unique_ptr<Port> inner, const Trouble& trouble, std::uint64_t seed,
-               Wire wire, Judge judge, int& passed);
+               Wire wire, Told told, int& passed);
   ~TroubledPort() override { StopTimers(); }
   TroubledPort(const TroubledPort&) = delete;
   TroubledPort& operator=(const TroubledPort&) = delete;
@@ -63,6 +66,7 @@ class TroubledPort : public PortOnPort {
 
   void Pass(Lane& lane, Bytes unit);
   void Give(Lane& lane, const Bytes& unit);
+  void Die();
   Bytes Lie(Bytes unit);
   Bytes OfStranger();
   void StopTimers();
@@ -70,7 +74,7 @@ class TroubledPort : public PortOnPort {
   EventServer& events_;
   const Trouble& trouble_;  // may change while the line lives
   Wire wire_;
-  Judge judge_;
+  Told told_;
   Lane out_;
   Lane in_;
   Chances lies_;

@@ -28,7 +28,7 @@ struct Column {
   std::vector<std::string> list = {};                             // the same for every row
   std::function<std::vector<std::string>(int row)> list_of = {};  // or made for the row
   std::function<Entry(int row)> entry_of = {};  // where rows differ in how the cell is edited
-  std::string overlay = {};  // name of the control that lies over the cell
+  std::string overlay = {};                     // name of the control that lies over the cell
   std::function<void(int row, const std::string& before)> changed = {};  // its cell got another text
 };
 

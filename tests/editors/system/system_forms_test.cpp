@@ -149,12 +149,13 @@ TEST(SystemForms, BillingWithOddSystemFiles) {
 
 TEST(SystemForms, TimesOfTheWeek) {
   EditorBench bench("[SystemConfig]\nMon=0800|1730\nTue=2\nport=F\ncard=20\n");
-  bench.Run("frmSystemConfig",
-            "set tbsTimeZone 1\nfocus txtDayTime\npress Backspace\npress Backspace\npress Backspace\npress "
-            "Backspace\n"
-            "type 32460450\nset tbsTimeZone 2\nfocus txtNightTime\ntype 2\nfocus txtVM\ntype 1203x4567\nfocus "
-            "cmbPort\n"
-            "pick 60\nclick cmdOK\n");
+  bench.Run(
+      "frmSystemConfig",
+      "set tbsTimeZone 1\nfocus txtDayTime\npress Backspace\npress Backspace\npress Backspace\npress "
+      "Backspace\n"
+      "type 32460450\nset tbsTimeZone 2\nfocus txtNightTime\ntype 2\nfocus txtVM\ntype 1203x4567\nfocus "
+      "cmbPort\n"
+      "pick 60\nclick cmdOK\n");
   EXPECT_EQ(bench.Get("SystemConfig", "Sun"), "0000|0000");
   EXPECT_EQ(bench.Get("SystemConfig", "Mon"), "2045|1730");
   EXPECT_EQ(bench.Get("SystemConfig", "Tue"), "2|2");

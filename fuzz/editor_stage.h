@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "sections/editors.h"
+#include "shell/editor/form_script.h"
+#include "tests/store/memory_files.h"
+
+namespace tarvok::fuzz {
+
+/** An editor over a project in memory: what targets drive that put texts of a user into forms. */
+class EditorStage {
+ public:
+  static constexpr const char* kProject = "/p/hotel.tvk";
+
+  /** `form` names an editor; a text that names none stands for one by its first byte. */
+  explicit EditorStage(std::string_view form) {
+    files_.Put(kProject, Hotel());
+    state_.ProjectFile = kProject;
+    const Editor* editor = FindEditor(form);
+    if (editor == nullptr) {
+      const std::vector<const Editor*> all = Editors();
+      editor = all[(form.empty() ? 0 : static_cast<std::uint8_t>(form[0])) % all.size()];
+    }
+    form_ = OpenEditor(*editor, {.store = store_,
+                                 .state = state_,
+                                 .questions = questions_,
+                                 .system_file = "/s/system.tvs",
+                                 .keep = {},
+                                 .end_program = {}});
+  }
+
+  /** The example hotel's file. */
+  static const std::string& Hotel() {
+    static const std::string text = [] {
+      std::ifstream file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", std::ios::binary);
+      return std::string(std::istreambuf_iterator<char>(file), {});
+    }();
+    return text;
+  }
+
+  std::string Project() { return files_.Bytes(kProject); }
+  EditorForm& form() { return *form_; }
+  ScriptedQuestions& questions() { return questions_; }
+
+ private:
+  test::MemoryFiles files_;
+  ProjectStore store_{files_};
+  SharedState state_;
+  ScriptedQuestions questions_{[](std::string_view) {}};
+  std::unique_ptr<EditorForm> form_;
+};
+
+/** Cuts the first line off a text. */
+inline std::string_view TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(line.size() < text.size() ? line.size() + 1 : line.size());
+  return line;
+}
+
+}  // namespace tarvok::fuzz

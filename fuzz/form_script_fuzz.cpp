@@ -1,0 +1,55 @@
+// Any lines of keys and clicks on the form that the first line names: no editor falls over them, and none writes what
+// nobody could have meant.
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <set>
+#include <string>
+
+#include "fuzz/editor_stage.h"
+#include "sections/check.h"
+
+namespace {
+
+/** What a person may bring about with every editor at work as it should: rows named that are gone, numbers given twice,
+ * a type taken from under its value. */
+constexpr std::string_view kMadeByPeople[] = {"points nowhere", "stands in row", "stands in this row",
+                                              "where nothing does"};
+
+/** What `check` says of a project and no person could have brought about. */
+std::set<std::string> FaultsOf(const std::string& project) {
+  std::set<std::string> faults;
+  for (const tarvok::Finding& finding : tarvok::CheckProject(tarvok::IniText(project))) {
+    const bool by_people =
+        std::any_of(std::begin(kMadeByPeople), std::end(kMadeByPeople),
+                    [&](std::string_view words) { return finding.what.find(words) != std::string::npos; });
+    if (!by_people)
+      faults.insert(finding.section + " " + finding.key + " " + finding.field + ": " + finding.what);
+  }
+  return faults;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace tarvok;
+  constexpr int kMostLines = 60;
+  std::string_view text(reinterpret_cast<const char*>(data), size);
+  fuzz::EditorStage stage(fuzz::TakeLine(text));
+  FormScript script(stage.form(), stage.questions());
+  for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
+    // A line that is wrong says so and changes nothing: the next one goes on.
+    [[maybe_unused]] const std::string wrong = script.Run(fuzz::TakeLine(text));
+  }
+  [[maybe_unused]] const bool saved = stage.form().closed() || stage.form().Save_File();
+  if (stage.Project() == fuzz::EditorStage::Hotel()) return 0;
+  static const std::set<std::string> before = FaultsOf(fuzz::EditorStage::Hotel());
+  for (const std::string& fault : FaultsOf(stage.Project())) {
+    if (before.contains(fault)) continue;
+    std::cerr << fault << std::endl;
+    std::abort();
+  }
+  return 0;
+}
