@@ -68,11 +68,11 @@ FieldColumn LimitedColumn(int field, std::string title, const Field& statement, 
   const auto named = made.stored;
   made.shown = [name_of, unset = statement.unset_as](std::string_view stored) {
     if (stored == unset) return std::string();
-    const std::string name = name_of(stored);
-    return name.empty() ? CellText(stored) : name;
+    std::string name = name_of(stored);
+    return name.empty() ? CellText(stored) : std::move(name);
   };
-  const std::string blank(statement.unset_as.empty() ? kUnset : statement.unset_as);
-  made.stored = [named, blank, highest = statement.high](std::string_view cell) {
+  std::string blank(statement.unset_as.empty() ? kUnset : statement.unset_as);
+  made.stored = [named, blank = std::move(blank), highest = statement.high](std::string_view cell) {
     if (cell.empty()) return blank;
     std::string stored = named(cell);
     if (stored != kUnset) return stored;

@@ -216,7 +216,7 @@ Status History::BringBack(const std::string& project_path, const KeptVersion& ve
   // Keeping the present state may drop the very version, if it is the oldest.
   const Result<std::string> bytes = Read(project_path, version);
   if (!bytes.ok()) return bytes.status();
-  if (const Status kept = Keep(project_path, kBeforeBringBack, time_s); !kept.ok()) return kept;
+  if (Status kept = Keep(project_path, kBeforeBringBack, time_s); !kept.ok()) return kept;
   const Result<std::unique_ptr<FileLock>> lock = files_.Lock(project_path);
   return lock.ok() ? WriteWhole(files_, project_path, bytes.value()) : lock.status();
 }

@@ -129,8 +129,8 @@ class CallPathView::Canvas : public QWidget {
     const int line = fontMetrics().height() + kPadding;
     int at = 0;
     for (const PathNode& child : node.children) {
-      const QRectF place(x + (at % kSmallInRow) * (kSmallWidth + 4), y + (at / kSmallInRow) * (line + 4),
-                         kSmallWidth, line);
+      const int row = at / kSmallInRow;
+      const QRectF place(x + (at % kSmallInRow) * (kSmallWidth + 4), y + row * (line + 4), kSmallWidth, line);
       boxes_.push_back({place, &child, from, at == 0});
       size = size.expandedTo(
           QSize(static_cast<int>(place.right()) + kPadding, static_cast<int>(place.bottom()) + kPadding));

@@ -85,6 +85,7 @@ void ClassForm::AddPages(ControlId id, std::string caption, std::vector<std::str
 
 void ClassForm::FillPages(const std::vector<std::vector<Texts>>& pages) {
   std::vector<std::vector<TableRow>> filled;
+  filled.reserve(pages.size());
   for (const std::vector<Texts>& columns : pages) filled.push_back(RowsOf(columns));
   pages_.Fill(std::move(filled));
   list_->current = 0;
@@ -115,6 +116,7 @@ Texts ClassForm::TextsOf(int page, int column) {
 void ClassForm::KeepPage() {
   pages_.Keep();
   std::vector<Texts> columns;
+  columns.reserve(static_cast<std::size_t>(grid().columns()));
   for (int column = 0; column < grid().columns(); ++column)
     columns.push_back(TextsOf(pages_.shown(), column));
   pages_.page(pages_.shown()) = RowsOf(columns);

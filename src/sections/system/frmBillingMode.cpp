@@ -27,8 +27,8 @@ struct Place {
   int field;
   Kind kind;
   int index;
-  std::string_view unit = {};
   int kept = kNoIndex;
+  std::string_view unit = {};
 };
 
 constexpr std::string_view kPercentSign = "%";
@@ -40,25 +40,25 @@ constexpr Place kPlaces[] = {
     {kSaveIncoming, Kind::kFlag, 1},
     {kSaveOutGoing, Kind::kFlag, 2},
     {kBillFlat, Kind::kFlag, 3},
-    {kLongDistancePercent, Kind::kPercent, 0, kPercentSign, 0},
-    {kOverseaPercent, Kind::kPercent, 2, kPercentSign, 1},
-    {kMobilePercent, Kind::kPercent, 1, kPercentSign, 2},
+    {kLongDistancePercent, Kind::kPercent, 0, 0, kPercentSign},
+    {kOverseaPercent, Kind::kPercent, 2, 1, kPercentSign},
+    {kMobilePercent, Kind::kPercent, 1, 2, kPercentSign},
     {kLongDistanceCharge, Kind::kWhole, 3},
     {kOverseaCharge, Kind::kWhole, 4},
     {kMobileCharge, Kind::kWhole, 5},
     {kIncomingRate, Kind::kAmount, 6},
     {kIntercomRate, Kind::kAmount, 7},
-    {kTimeExpand, Kind::kWhole, 8, kMinutes},
+    {kTimeExpand, Kind::kWhole, 8, kNoIndex, kMinutes},
     {kChargeExpand, Kind::kAmount, 9},
-    {kTimeExpandIn, Kind::kWhole, 10, kMinutes},
+    {kTimeExpandIn, Kind::kWhole, 10, kNoIndex, kMinutes},
     {kChargeExpandIn, Kind::kWhole, 11},
-    {kLocalTime, Kind::kWhole, 12, kSeconds},
-    {kTimePage, Kind::kWhole, 13, kSeconds},
-    {kTimeMobile, Kind::kWhole, 14, kSeconds},
-    {kTimeLongDistance, Kind::kWhole, 15, kSeconds},
-    {kTimeOversea, Kind::kWhole, 16, kSeconds},
+    {kLocalTime, Kind::kWhole, 12, kNoIndex, kSeconds},
+    {kTimePage, Kind::kWhole, 13, kNoIndex, kSeconds},
+    {kTimeMobile, Kind::kWhole, 14, kNoIndex, kSeconds},
+    {kTimeLongDistance, Kind::kWhole, 15, kNoIndex, kSeconds},
+    {kTimeOversea, Kind::kWhole, 16, kNoIndex, kSeconds},
     {kPrintMiniBar, Kind::kFlag, 4},
-    {kAreaPercent, Kind::kPercent, 3, kPercentSign, 17},
+    {kAreaPercent, Kind::kPercent, 3, 17, kPercentSign},
     {kExpandAll, Kind::kFlag, 5},
 };
 
@@ -151,8 +151,9 @@ Layout frmBillingMode::AmountField(int field) {
   return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
 }
 
-Layout frmBillingMode::Switches(std::string title, std::vector<int> fields) {
+Layout frmBillingMode::Switches(std::string title, const std::vector<int>& fields) {
   std::vector<Layout> parts;
+  parts.reserve(fields.size());
   for (const int field : fields) {
     parts.push_back(layout::Of(AddCheck(
         IdOf(PlaceOf(field)), std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name))));
@@ -166,7 +167,7 @@ Control& frmBillingMode::BoxOf(int field) {
 
 /** The country's number; one that the system file does not have is the first, which is saved at once. */
 std::string frmBillingMode::ValidCountry(const IniText& project) {
-  const std::string stored(KeyValue(project, kCountry));
+  std::string stored(KeyValue(project, kCountry));
   const std::string count = context().store.GetIniValue(context().system_file, kCountrySection, kCountKey);
   if (Val(stored) > 0 && Val(stored) <= Val(count)) return stored;
   const Status written =

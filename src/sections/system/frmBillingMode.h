@@ -20,7 +20,7 @@ class frmBillingMode : public EditorForm {
  private:
   Layout CountryGroup();
   Layout AmountField(int field);
-  Layout Switches(std::string title, std::vector<int> fields);
+  Layout Switches(std::string title, const std::vector<int>& fields);
   std::string ValidCountry(const IniText& project);
   void FillCountries(std::string_view country);
   void ShowCountry();

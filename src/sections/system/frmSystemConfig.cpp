@@ -60,6 +60,7 @@ frmSystemConfig::frmSystemConfig(const EditorContext& context, const FormName& n
 
 Layout frmSystemConfig::TimeGroup() {
   std::vector<std::string> names;
+  names.reserve(kWeekdays);
   for (const Table& weekday : kWeekdayTables) names.emplace_back(weekday.row_name);
   tabs_ = &Add({.id = {"tbsTimeZone"},
                 .kind = ControlKind::kTabs,

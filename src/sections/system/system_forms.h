@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -22,7 +23,7 @@ inline EntryRule AnyDigits() {
 
 /** What is typed into a box, or the highest value that its field takes. Places behind the point count. */
 inline std::string AtMost(std::string_view typed, int highest) {
-  constexpr int kHundred = 100;
+  constexpr std::int64_t kHundred = 100;
   return ValHundredths(typed) >= highest * kHundred ? std::to_string(highest) : std::string(typed);
 }
 
