@@ -2,20 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "fuzz/demand.h"
 #include "sections/registry.h"
 #include "store/field_list.h"
 #include "store/ini_edit.h"
-
-namespace {
-
-void Demand(bool holds) {
-  if (!holds) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;

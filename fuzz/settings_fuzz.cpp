@@ -2,10 +2,10 @@
 // password, the lists and numbers in a value. Nothing is believed that is out of range.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "exchange/fault_plan.h"
+#include "fuzz/demand.h"
 #include "link/line_settings.h"
 #include "link/password_code.h"
 #include "shell/connection_settings.h"
@@ -14,14 +14,6 @@
 #include "store/number_text.h"
 #include "store/value_code.h"
 #include "tests/store/memory_files.h"
-
-namespace {
-
-void Demand(bool holds) {
-  if (!holds) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;

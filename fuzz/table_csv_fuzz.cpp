@@ -2,19 +2,11 @@
 // step that can be undone, and what is put out is taken in again.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "fuzz/demand.h"
 #include "fuzz/editor_stage.h"
 #include "shell/editor/table_csv.h"
-
-namespace {
-
-void Demand(bool holds) {
-  if (!holds) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;

@@ -58,8 +58,7 @@ bool frmAccount::MaySave() {
 }
 
 std::string frmAccount::RowText(int row) const {
-  const auto& hidden = grid().row(row).hidden;
-  const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], kNumber);
+  const std::string_view before = GetField(StoredBefore(row), kNumber);
   return WithField(
       FieldTableForm::RowText(row), kNumber,
       numbers_.Stored(grid().Cell(row, kNumberColumn), kTable.fields[kNumber - 1].width, before));

@@ -27,8 +27,7 @@ frmBoss::frmBoss(const EditorContext& context, const FormName& name)
 
 /** A number that stands on no port is none. */
 std::string frmBoss::RowText(int row) const {
-  const auto& hidden = grid().row(row).hidden;
-  const FieldList before(hidden.empty() ? std::string_view() : std::string_view(hidden[0]));
+  const FieldList before(StoredBefore(row));
   const auto port = [&](int field) {
     return numbers_.Stored(grid().Cell(row, field), kTable.fields[0].width, before[field]);
   };

@@ -105,9 +105,7 @@ frmExtension::frmExtension(const EditorContext& context, const FormName& name)
 bool frmExtension::ShowPlace(std::string_view section, int row, int field) {
   if (!SameName(section, name::kTable.section)) return FieldTableForm::ShowPlace(section, row, field);
   for (int number = 1; number <= grid().rows(); ++number) {
-    const auto& hidden = grid().row(number).hidden;
-    if (!hidden.empty() && Val(GetField(hidden[0], assign::kName)) == row)
-      return grid().GoTo(number, kNameColumn);
+    if (Val(GetField(StoredBefore(number), assign::kName)) == row) return grid().GoTo(number, kNameColumn);
   }
   return false;
 }
@@ -185,8 +183,7 @@ bool frmExtension::KeepsReferences(int row) const {
 std::string frmExtension::ValueText(int row) const {
   const std::string& cell = grid().Cell(row, kValueColumn);
   if (KindOf(grid().Cell(row, kTypeColumn)) != ValueKind::kPort) return FieldText(cell);
-  const auto& hidden = grid().row(row).hidden;
-  const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], assign::kValue);
+  const std::string_view before = GetField(StoredBefore(row), assign::kValue);
   return ports_.Stored(cell, kRowWidth, before);
 }
 

@@ -149,8 +149,7 @@ std::string frmPortSys_Def::FieldOf(int row, int field) const {
   const auto found = std::find_if(columns.begin(), columns.end(),
                                   [&](const FieldColumn& column) { return column.field == field; });
   if (found == columns.end()) {
-    const auto& hidden = grid().row(row).hidden;
-    const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], field);
+    const std::string_view before = GetField(StoredBefore(row), field);
     return FieldText(before);
   }
   const auto column = static_cast<int>(found - columns.begin()) + 1;
@@ -161,8 +160,7 @@ std::string frmPortSys_Def::FieldOf(int row, int field) const {
 }
 
 std::string frmPortSys_Def::IncomingText(int row, int column, int field) const {
-  const auto& hidden = grid().row(row).hidden;
-  const std::string_view before = hidden.empty() ? std::string_view() : GetField(hidden[0], field);
+  const std::string_view before = GetField(StoredBefore(row), field);
   return incoming_.Stored(grid().Cell(row, column), kRowWidth, before);
 }
 
