@@ -1,4 +1,4 @@
-// Every section of the newest version to its image and back.
+// Every section of the newest version to its image and back, the changes to a project on their own, and its check.
 
 #include <vector>
 
@@ -6,7 +6,10 @@
 
 #include "counted_news.h"
 #include "hotel_text.h"
+#include "sections/check.h"
 #include "sections/registry.h"
+#include "sections/rows.h"
+#include "sections/tables.h"
 
 namespace tarvok::bench {
 namespace {
@@ -51,19 +54,36 @@ std::string DecodeAll(const Images& images) {
 
 template <typename Work>
 void Counted(benchmark::State& state, Work work) {
-  const std::int64_t before = NewsSoFar();
+  const std::int64_t news = NewsSoFar();
+  const std::int64_t bytes = BytesSoFar();
   if (work() == 0) return state.SkipWithError("a section does not encode");
-  state.counters["news"] = static_cast<double>(NewsSoFar() - before);
+  state.counters["news"] = static_cast<double>(NewsSoFar() - news);
+  state.counters["bytes"] = static_cast<double>(BytesSoFar() - bytes);
   for (auto _ : state) benchmark::DoNotOptimize(work());
 }
 
-/** With the rows of the hotel, or with what its images decode to: then every row of every table is in use. */
+/** Gives every row of a table a value: the free ones those of the rows in use, again and again. */
+void FillTable(const IniText& hotel, const Table& table, IniEdit& full) {
+  std::vector<std::string_view> used;
+  for (int number = table.rows.first; number <= table.rows.last; ++number) {
+    if (const std::string_view row = RowValue(hotel, table, number); !row.empty()) used.push_back(row);
+  }
+  if (used.empty() || table.members.pool > 0) return;  // a pool that all rows share may have no room for more
+  std::size_t next = 0;
+  for (int number = table.rows.first; number <= table.rows.last; ++number) {
+    if (RowValue(hotel, table, number).empty()) StoreRow(full, table, number, used[next++ % used.size()]);
+  }
+  if (table.now == NowCounts::kRows) StoreRowCounts(full, table, table.rows.last);
+}
+
+/** The hotel, or the hotel with every row of every table in use. */
 std::string ProjectOf(const benchmark::State& state) {
-  if (state.range(0) == 0) return HotelText();
   const IniText hotel(HotelText());
-  IniEdit full(hotel);
-  for (const auto& [layout, bytes] : LoadedImages(hotel)) layout->decode(ImageReader(bytes), full);
-  return full.Bytes();
+  IniEdit project(hotel);
+  if (state.range(0) == 1) {
+    for (const Table* table : Tables()) FillTable(hotel, *table, project);
+  }
+  return project.Bytes();
 }
 
 void Encode(benchmark::State& state) {
@@ -80,6 +100,26 @@ void Decode(benchmark::State& state) {
   state.counters["pieces"] = static_cast<double>(AllKeys(DecodeAll(images)).size());
 }
 
+/** New rows as a load brings them, without coders. */
+void Change(benchmark::State& state) {
+  const IniText nothing;
+  std::vector<std::string> keys;
+  for (std::int64_t row = 0; row < state.range(0); ++row) keys.push_back(std::to_string(row));
+  Counted(state, [&] {
+    IniEdit project(nothing);
+    for (const std::string& key : keys) project.Set("Bench", key, "2001|Room 1|1|F|F|F|F|F");
+    return project.Bytes().size();
+  });
+  state.counters["pieces"] = static_cast<double>(state.range(0));
+}
+
+/** What the overview does behind an open project. */
+void Check(benchmark::State& state) {
+  const IniText project(ProjectOf(state));
+  Counted(state, [&] { return CheckProject(project).size() + 1; });
+  state.counters["pieces"] = static_cast<double>(AllKeys(project.bytes()).size());
+}
+
 /** The floor: bytes of that number are laid out and summed up. */
 void Touch(benchmark::State& state) {
   const std::size_t size = EncodeAll(IniText(HotelText()));
@@ -93,6 +133,8 @@ void Touch(benchmark::State& state) {
 
 BENCHMARK(Encode)->Name("code/encode")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Decode)->Name("code/decode")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Change)->Name("code/change")->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Check)->Name("code/check")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Touch)->Name("code/touch")->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -20,7 +20,7 @@ def medians(bench):
         name = "/".join(run["name"].split("/")[:3])
         assert not run.get("error_occurred"), f"{name}: {run.get('error_message')}"
         values = {"us": run["real_time"] * to_us[run["time_unit"]]}
-        values |= {key: run[key] for key in ("ours_us", "floor_us", "news", "pieces") if key in run}
+        values |= {key: run[key] for key in ("ours_us", "floor_us", "news", "bytes", "pieces") if key in run}
         for key, value in values.items():
             found.setdefault(name, {}).setdefault(key, []).append(value)
     return {name: {key: statistics.median(values) for key, values in kept.items()} for name, kept in found.items()}
@@ -48,9 +48,18 @@ def rows(bench):
         encode, decode = found[f"code/encode/{rows_}"], found[f"code/decode/{rows_}"]
         yield Row(f"encode and decode all of 110, {name}", encode["us"] + decode["us"], "the limit set", 2000, "us", at_most=1)
     # One for each image; a decoder's project needs room for its rows, so there it is fewer than rows that is wanted.
-    encode, decode = found["code/encode/0"], found["code/decode/0"]
-    yield Row("allocations of encode", encode["news"], "images", encode["pieces"], "", at_most=2)
-    yield Row("allocations of decode", decode["news"], "rows and keys made", decode["pieces"], "", at_most=0.1)
+    for rows_, name in ((0, "the hotel"), (1, "every row in use")):
+        encode, decode = found[f"code/encode/{rows_}"], found[f"code/decode/{rows_}"]
+        yield Row(f"allocations of encode, {name}", encode["news"], "images", encode["pieces"], "", at_most=2)
+        yield Row(f"allocations of decode, {name}", decode["news"], "rows and keys made", decode["pieces"], "", at_most=0.1)
+    # No project has 5,000 keys: those rows tell where it goes, without a limit.
+    for what, name, low, high, most in (("decode", "decode, the hotel to every row", 0, 1, 1.3),
+                                        ("check", "check behind the overview, the hotel to every row", 0, 1, 1.3),
+                                        ("change", "500 to 5,000 changed keys of one section", 500, 5000, None)):
+        few, many = found[f"code/{what}/{low}"], found[f"code/{what}/{high}"]
+        for unit, kind in (("us", "time"), ("bytes", "memory asked for")):
+            yield Row(f"{name}: {kind}", many[unit] / few[unit], "the keys' growth", many["pieces"] / few["pieces"], "times",
+                      at_most=most)
     loop = found["round/loopback/iterations:5000"]
     yield Row("a round on loopback TCP, median", loop["ours_us"], "blocking calls", loop["floor_us"], "us")
     yield Row("our part of it", loop["ours_us"] - loop["floor_us"], "the limit set", 100, "us", at_most=1)

@@ -4,7 +4,8 @@
 
 namespace tarvok::bench {
 
-/** How often this process has asked for memory so far. */
+/** How often this process has asked for memory so far, and for how many bytes. */
 std::int64_t NewsSoFar();
+std::int64_t BytesSoFar();
 
 }  // namespace tarvok::bench

@@ -26,8 +26,7 @@ ImageReader ImageReader::Part(int at, int size) const {
 }
 
 int ImageReader::Byte(int at) const {
-  const std::span<const std::uint8_t> byte = Bytes(at, 1);
-  return byte.empty() ? 0 : byte.front();
+  return at < 0 || static_cast<std::size_t>(at) >= bytes_.size() ? 0 : bytes_[static_cast<std::size_t>(at)];
 }
 
 int ImageReader::Word(int at) const {
@@ -56,16 +55,51 @@ std::string ImageReader::RawPlusOneWord(int at, int width) const {
   return PlusOneOrUnset(RawWord(at), kUnsetWord, width);
 }
 
-std::string ImageReader::Characters(int at, int count, std::string_view left_out) const {
-  std::string text = Text(at, count);
-  std::erase_if(text, [&](char c) { return left_out.find(c) != std::string_view::npos; });
-  const std::string_view trimmed = Trim(text);
-  return std::string(trimmed.empty() ? kUnset : trimmed);
+std::string ImageReader::Digits(int at, int count) const {
+  const std::string number =
+      UnpackDigits(Bytes(at, count), DialSymbols::kDigits, SkippedBytes::kZeroAndUnset);
+  return number.empty() ? std::string(kUnset) : number;
 }
 
-std::string ImageReader::Digits(int at, int count, DialSymbols symbols) const {
-  const std::string number = UnpackDigits(Bytes(at, count), symbols, SkippedBytes::kZeroAndUnset);
-  return number.empty() ? std::string(kUnset) : number;
+RowText& RowText::Clear() {
+  text_.clear();
+  first_ = true;
+  return *this;
+}
+
+std::size_t RowText::NextField() {
+  if (!first_) text_ += '|';
+  first_ = false;
+  return text_.size();
+}
+
+RowText& RowText::Add(std::string_view field) {
+  NextField();
+  text_ += field;
+  return *this;
+}
+
+RowText& RowText::AddDigits(std::span<const std::uint8_t> bytes, DialSymbols symbols, SkippedBytes skipped) {
+  NextField();
+  AppendDigits(bytes, symbols, skipped, text_);
+  return *this;
+}
+
+RowText& RowText::AddCharacters(std::span<const std::uint8_t> bytes, std::string_view left_out) {
+  const std::size_t start = NextField();
+  for (const std::uint8_t byte : bytes) {
+    const char c = static_cast<char>(byte);
+    const bool leading_blank = c == ' ' && text_.size() == start;
+    if (!leading_blank && left_out.find(c) == std::string_view::npos) text_ += c;
+  }
+  while (text_.size() > start && text_.back() == ' ') text_.pop_back();
+  if (text_.size() == start) text_ += kUnset;
+  return *this;
+}
+
+RowText& RowText::Replace(char from, char to) {
+  std::replace(text_.begin(), text_.end(), from, to);
+  return *this;
 }
 
 }  // namespace tarvok

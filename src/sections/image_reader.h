@@ -10,24 +10,9 @@
 
 namespace tarvok {
 
-/** A row while a decoder builds it: fields joined by pipes, no closing pipe. */
-class RowText {
- public:
-  RowText& Add(std::string_view field) {
-    if (!first_) text_ += '|';
-    first_ = false;
-    text_ += field;
-    return *this;
-  }
-  const std::string& str() const { return text_; }
-
- private:
-  std::string text_;
-  bool first_ = true;
-};
-
 /** A section's wire image, or a record of it. Offsets count from its start; behind its end all bytes are 0.
- * The bytes must outlive the reader. */
+ * The bytes must outlive the reader. The texts are short, so that a string holds them without asking for memory;
+ * what may be longer than 15 characters goes right into a RowText. */
 class ImageReader {
  public:
   explicit ImageReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -54,14 +39,38 @@ class ImageReader {
   std::string PlusOneWord(int at, int width = 0) const;
   /** The same with "F" for 65,535 alone. */
   std::string RawPlusOneWord(int at, int width = 0) const;
-  /** The bytes as characters but for those of `left_out`, so that what stands behind one closes up. Blanks at
-   * the ends are dropped; "F" if nothing is left. */
-  std::string Characters(int at, int count, std::string_view left_out) const;
   /** The digits of `count` bytes, bytes 0 and 255 skipped; "F" if there is none. */
-  std::string Digits(int at, int count, DialSymbols symbols = DialSymbols::kDigits) const;
+  std::string Digits(int at, int count) const;
 
  private:
   std::span<const std::uint8_t> bytes_;
+};
+
+/** Rows while a decoder builds them, one after the other in the same memory: fields joined by pipes, no closing pipe. */
+class RowText {
+ public:
+  RowText() { text_.reserve(kUsualRow); }
+
+  /** Begins the next row. */
+  RowText& Clear();
+  RowText& Add(std::string_view field);
+  /** The digits of packed bytes as UnpackDigits gives them; an empty field where there are none. */
+  RowText& AddDigits(std::span<const std::uint8_t> bytes, DialSymbols symbols, SkippedBytes skipped);
+  /** The bytes as characters but for those of `left_out`, so that what stands behind one closes up. Blanks at
+   * the ends are dropped; "F" if nothing is left. */
+  RowText& AddCharacters(std::span<const std::uint8_t> bytes, std::string_view left_out);
+  /** Makes each `from` of the row so far a `to`. */
+  RowText& Replace(char from, char to);
+  const std::string& str() const { return text_; }
+
+ private:
+  static constexpr std::size_t kUsualRow = 128;
+
+  /** Closes the field in front and returns where the next one starts. */
+  std::size_t NextField();
+
+  std::string text_;
+  bool first_ = true;
 };
 
 }  // namespace tarvok

@@ -84,12 +84,14 @@ void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, 
   EncodeRowsTo(table.rows.last, project, table, image, shape, encode);
 }
 
-/** Walks a table's rows beside the records of `size` bytes, and stores what `decode(const ImageReader&)`
- * makes of each. */
+/** Walks a table's rows beside the records of `size` bytes, and stores what `decode(const ImageReader&, RowText&)`
+ * makes of each; the row is empty before. */
 template <typename DecodeRow>
 void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size, DecodeRow decode) {
+  RowText row;
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
-    StoreRow(project, table, number, decode(image.Record(number - table.rows.first, size)));
+    decode(image.Record(number - table.rows.first, size), row.Clear());
+    StoreRow(project, table, number, row.str());
   }
 }
 

@@ -30,8 +30,7 @@ bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
   }
   const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();
   const ImageReader image(bytes.first(static_cast<std::size_t>(layout.size)));
-  const Status written =
-      transfer.store().Update(transfer.parts().temp_file, [&](IniEdit& edit) { layout.decode(image, edit); });
+  const Status written = UpdateTemporary(transfer, [&](IniEdit& edit) { layout.decode(image, edit); });
   return written.ok() || transfer.Fail(written.message());
 }
 

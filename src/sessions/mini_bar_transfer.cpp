@@ -82,7 +82,7 @@ bool TellLoad(Transfer& transfer) {
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   std::vector<Loaded> records;
   if (!GetRecords(transfer, records)) return false;
-  const Status stored = transfer.store().Update(transfer.parts().temp_file, [&](IniEdit& edit) {
+  const Status stored = UpdateTemporary(transfer, [&](IniEdit& edit) {
     for (int number = 1; number <= kMiniBarRows; ++number) {
       const Loaded& record = records[static_cast<std::size_t>(number) - 1];
       DecodeMiniBarRecord(record.name, record.price, number, edit);
@@ -97,7 +97,7 @@ bool CopyToTemporary(Transfer& transfer) {
   FileSystem& files = transfer.store().files();
   const Result<std::string> open = files.Read(transfer.parts().project_file);
   if (!open.ok()) return transfer.Fail(open.status().message());
-  const Status copied = WriteWhole(files, transfer.parts().temp_file, open.value());
+  const Status copied = WriteWhole(files, transfer.parts().temp_file, open.value(), Flush::kLater);
   return copied.ok() || transfer.Fail(copied.message());
 }
 

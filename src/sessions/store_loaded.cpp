@@ -38,14 +38,18 @@ bool DeleteOldTemporary(Transfer& transfer) {
   return removed.ok() || transfer.Fail(removed.message());
 }
 
+Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change) {
+  return transfer.store().Update(transfer.parts().temp_file, change, Flush::kLater);
+}
+
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms) {
   const std::int64_t ms = transfer.parts().events.Tick_ms() - start_ms;
   const std::int64_t bytes = transfer.line().statistics().BytesReceived;
   const std::int64_t rate = ms == 0 ? 0 : (bytes * 1000 + ms / 2) / ms;
   transfer.LogLine(last_words);
   transfer.LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
-  const Status written = transfer.store().Update(
-      transfer.parts().temp_file, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
+  const Status written =
+      UpdateTemporary(transfer, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
   // All has come: whether the exchange takes the mode changes nothing any more.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
   if (transfer.mode() == LinkMode::kModem) HangUpModem(transfer.line());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "sessions/log_in.h"
 #include "sessions/transfer.h"
 
@@ -20,6 +22,10 @@ inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode
 
 /** Removes the temporary project of an earlier load; one that stays is told, and the load does not begin. */
 bool DeleteOldTemporary(Transfer& transfer);
+
+/** One write of changes to the temporary project. The disk has it whenever the system gets to it: the exchange need not
+ * wait for that, since a load makes it again, and what StoreLoaded puts in its place is flushed. */
+Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change);
 
 /** The end of a load over the line: its last words, the rate since `start_ms`, the connection keys into the
  * temporary project, the exchange back to normal, the modem's call ended. */

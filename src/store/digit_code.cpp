@@ -19,11 +19,9 @@ int NibbleOf(char symbol, DialSymbols symbols) {
   return kNoNibble;
 }
 
-char SymbolOf(char hex, DialSymbols symbols) {
-  if (hex == 'A') return '0';
-  if (symbols == DialSymbols::kDigitsStarHash && hex == 'B') return '*';
-  if (symbols == DialSymbols::kDigitsStarHash && hex == 'C') return '#';
-  return hex;
+bool IsSkipped(std::uint8_t byte, SkippedBytes skipped) {
+  if (byte == 0) return skipped == SkippedBytes::kZero || skipped == SkippedBytes::kZeroAndUnset;
+  return byte == 255 && (skipped == SkippedBytes::kUnset || skipped == SkippedBytes::kZeroAndUnset);
 }
 
 }  // namespace
@@ -39,24 +37,27 @@ bool PackDigits(std::string_view number, DialSymbols symbols, std::span<std::uin
   return true;
 }
 
-std::string HexOfBytes(std::span<const std::uint8_t> field, SkippedBytes skipped) {
-  std::string hex;
-  for (const std::uint8_t byte : field) {
-    if (byte == 255 && skipped != SkippedBytes::kNone) continue;
-    if (byte == 0 && skipped == SkippedBytes::kZeroAndUnset) continue;
-    hex += DecToHex(byte);
-  }
+char SymbolOf(char hex, DialSymbols symbols) {
+  if (hex == 'A') return '0';
+  if (symbols == DialSymbols::kDigitsStarHash && hex == 'B') return '*';
+  if (symbols == DialSymbols::kDigitsStarHash && hex == 'C') return '#';
   return hex;
 }
 
-std::string DigitsOfHex(std::string_view hex, DialSymbols symbols) {
-  std::string number(hex.substr(0, hex.find('0')));
-  for (char& c : number) c = SymbolOf(c, symbols);
-  return number;
+void AppendDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped,
+                  std::string& text) {
+  const std::size_t start = text.size();
+  for (const std::uint8_t byte : field) {
+    if (!IsSkipped(byte, skipped)) text += DecToHex(byte);
+  }
+  text.erase(std::min(text.find('0', start), text.size()));
+  for (std::size_t i = start; i < text.size(); ++i) text[i] = SymbolOf(text[i], symbols);
 }
 
 std::string UnpackDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped) {
-  return DigitsOfHex(HexOfBytes(field, skipped), symbols);
+  std::string number;
+  AppendDigits(field, symbols, skipped, number);
+  return number;
 }
 
 }  // namespace tarvok

@@ -11,7 +11,7 @@ namespace tarvok {
 enum class DialSymbols { kDigits, kDigitsStarHash };
 
 /** Which bytes of a packed number are not read. */
-enum class SkippedBytes { kNone, kUnset, kZeroAndUnset };
+enum class SkippedBytes { kNone, kUnset, kZero, kZeroAndUnset };
 
 /**
  * Packs a telephone number two symbols to a byte, the first in the high half: "1" to "9" as themselves, "0"
@@ -27,10 +27,11 @@ enum class SkippedBytes { kNone, kUnset, kZeroAndUnset };
  * number.
  */
 std::string UnpackDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped);
+/** The same at the end of a text. */
+void AppendDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped,
+                  std::string& text);
 
-/** The two steps of UnpackDigits on hexadecimal text that was joined elsewhere. */
-std::string DigitsOfHex(std::string_view hex, DialSymbols symbols);
-/** The joined hexadecimal text of UnpackDigits. */
-std::string HexOfBytes(std::span<const std::uint8_t> field, SkippedBytes skipped);
+/** What a hexadecimal character of the joined text stands for. */
+char SymbolOf(char hex, DialSymbols symbols);
 
 }  // namespace tarvok

@@ -1,5 +1,7 @@
 #include "store/field_list.h"
 
+#include <algorithm>
+
 #include "store/number_text.h"
 
 namespace tarvok {
@@ -8,7 +10,8 @@ namespace {
 /** Takes the next field that is not empty off the list; "" at its end. */
 std::string_view TakeField(std::string_view& list) {
   while (!list.empty() && list.front() == '|') list.remove_prefix(1);
-  const std::string_view field = list.substr(0, list.find('|'));
+  // Most fields are one to three bytes long: a plain walk is faster than a call of the library's search.
+  const std::string_view field(list.begin(), std::find(list.begin(), list.end(), '|'));
   list.remove_prefix(field.size());
   return field;
 }

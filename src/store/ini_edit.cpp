@@ -26,8 +26,9 @@ void EndLastLine(std::string_view line_end, std::string& out) {
   out.append(out.back() == '\r' ? std::string_view("\n") : line_end);
 }
 
-std::string CutValue(std::string_view value) {
-  return std::string(value.substr(0, value.find_first_of(std::string_view("\0\r\n", 3))));
+std::string_view CutValue(std::string_view value) {
+  return {value.begin(), std::find_if(value.begin(), value.end(),
+                                      [](char c) { return c == '\0' || c == '\r' || c == '\n'; })};
 }
 
 void AppendKey(std::string_view name, std::string_view value, std::string_view line_end, std::string& out) {
@@ -36,47 +37,57 @@ void AppendKey(std::string_view name, std::string_view value, std::string_view l
 
 }  // namespace
 
+std::string_view IniEdit::Keep(std::string_view text) {
+  if (text.empty()) return {};
+  auto* kept = static_cast<char*>(memory_.allocate(text.size(), 1));
+  std::copy(text.begin(), text.end(), kept);
+  return {kept, text.size()};
+}
+
 IniEdit::SectionEdit& IniEdit::EditOf(std::string_view section) {
-  std::string folded = FoldName(section);
-  const auto [found, is_new] = sections_.try_emplace(folded);
-  if (is_new) {
-    found->second.name = section;
-    section_order_.push_back(std::move(folded));
-  }
-  return found->second;
+  if (const auto found = sections_.find(section); found != sections_.end()) return found->second;
+  const std::string_view name = Keep(section);
+  SectionEdit& edit = sections_.try_emplace(name, name, base_.FindSection(name), &memory_).first->second;
+  order_.push_back(&edit);
+  return edit;
 }
 
 const IniEdit::SectionEdit* IniEdit::FindEdit(std::string_view section) const {
-  if (sections_.empty()) return nullptr;
-  const auto found = sections_.find(FoldName(section));
+  const auto found = sections_.find(section);
   return found == sections_.end() ? nullptr : &found->second;
 }
 
-std::string IniEdit::Get(std::string_view section, std::string_view key) const {
+IniEdit::KeyEdit& IniEdit::ChangeOf(SectionEdit& edit, std::string_view key) {
+  changed_ = true;
+  if (const auto found = edit.keys.find(key); found != edit.keys.end()) return found->second;
+  const std::string_view name = Keep(key);
+  KeyEdit& change = edit.keys[name];
+  change.name = name;
+  change.is_new = base_.FindKey(edit.in_base, key) < 0;
+  edit.order.push_back(&change);
+  return change;
+}
+
+std::string_view IniEdit::View(std::string_view section, std::string_view key) const {
   const SectionEdit* edit = FindEdit(section);
-  if (edit != nullptr) {
-    if (const auto found = edit->keys.find(FoldName(key)); found != edit->keys.end()) {
-      return found->second.deleted ? std::string() : found->second.value.substr(0, kMaxIniValue);
-    }
-    if (edit->deleted) return {};
-  }
-  return std::string(base_.Get(section, key));
+  if (edit == nullptr) return base_.Get(section, key);
+  if (const auto found = edit->keys.find(key); found != edit->keys.end())
+    return found->second.value.substr(0, kMaxIniValue);
+  const std::int32_t kept = base_.FindKey(edit->in_base, key);
+  return kept < 0 ? std::string_view() : base_.key(kept).value;
 }
 
 void IniEdit::Set(std::string_view section, std::string_view key, std::string_view value) {
-  SectionEdit& edit = EditOf(section);
-  const bool in_base = !edit.deleted && base_.HasKey(section, key);
-  const auto [change, first_time] = edit.keys.try_emplace(FoldName(key));
-  if (first_time && !in_base) edit.new_keys.push_back(&change->second);
-  change->second = {false, std::string(key), CutValue(value)};
-  changed_ = true;
+  KeyEdit& change = ChangeOf(EditOf(section), key);
+  if (change.name != key) change.name = Keep(key);  // spelled otherwise than the last time
+  change.value = Keep(CutValue(value));
+  change.deleted = false;
 }
 
 std::string IniEdit::TooLong() const {
-  for (const std::string& section : section_order_) {
-    const SectionEdit& edit = sections_.at(section);
-    for (const auto& [folded, change] : edit.keys) {
-      if (!change.deleted && change.value.size() > kMaxIniValue) return edit.name + " " + change.name;
+  for (const SectionEdit* edit : order_) {
+    for (const KeyEdit* key : edit->order) {
+      if (key->value.size() > kMaxIniValue) return std::string(edit->name).append(" ").append(key->name);
     }
   }
   return {};
@@ -84,26 +95,26 @@ std::string IniEdit::TooLong() const {
 
 void IniEdit::DeleteKey(std::string_view section, std::string_view key) {
   const SectionEdit* known = FindEdit(section);
-  const std::string folded = FoldName(key);
-  const bool in_base = base_.HasKey(section, key) && (known == nullptr || !known->deleted);
-  if (!in_base && (known == nullptr || !known->keys.contains(folded))) return;
-  KeyEdit& change = EditOf(section).keys[folded];
-  change = {true, std::string(key), {}};
-  changed_ = true;
+  const std::int32_t in_base = known == nullptr ? base_.FindSection(section) : known->in_base;
+  if (base_.FindKey(in_base, key) < 0 && (known == nullptr || !known->keys.contains(key))) return;
+  KeyEdit& change = ChangeOf(EditOf(section), key);
+  change.value = {};
+  change.deleted = true;
 }
 
 void IniEdit::DeleteSection(std::string_view section) {
   if (!base_.HasSection(section) && FindEdit(section) == nullptr) return;
   SectionEdit& edit = EditOf(section);
+  edit.in_base = -1;
   edit.deleted = true;
   edit.keys.clear();
-  edit.new_keys.clear();
+  edit.order.clear();
   changed_ = true;
 }
 
-void IniEdit::AppendNewKeys(const SectionEdit& edit, std::string_view line_end, std::string& out) const {
-  for (const KeyEdit* key : edit.new_keys) {
-    if (key->deleted) continue;
+void IniEdit::AppendNewKeys(const SectionEdit& edit, std::string_view line_end, std::string& out) {
+  for (const KeyEdit* key : edit.order) {
+    if (!key->is_new || key->deleted) continue;
     EndLastLine(line_end, out);
     AppendKey(key->name, key->value, line_end, out);
   }
@@ -115,13 +126,13 @@ void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit* edit, std
     return;
   }
   const IniText::Key& key = base_.key(line.key);
-  const auto found = edit->keys.find(FoldName(key.name));
+  const auto found = edit->keys.find(key.name);
   if (found == edit->keys.end()) {
     out.append(line.text);
   } else if (!found->second.deleted) {
     // Only the first key of a name is read, so only that one changes; a value that reads the same stays as it
     // stands.
-    const bool is_first = base_.FindKey(line.section, key.name) == line.key;
+    const bool is_first = base_.FindKey(edit->in_base, key.name) == line.key;
     if (!is_first || key.value == found->second.value) {
       out.append(line.text);
     } else {
@@ -130,43 +141,30 @@ void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit* edit, std
   }
 }
 
-std::vector<const IniEdit::SectionEdit*> IniEdit::EditOfEachSection() const {
-  std::vector<const SectionEdit*> edits;
-  for (const IniText::Line& line : base_.lines()) {
-    if (line.header) edits.push_back(FindEdit(base_.section_name(line.section)));
-  }
-  return edits;
-}
-
 std::string IniEdit::Bytes() const {
   const std::string_view line_end = LineEndOf(base_);
   const std::vector<IniText::Line>& lines = base_.lines();
-  const std::vector<const SectionEdit*> edits = EditOfEachSection();
-  std::vector<std::size_t> last_key_line(edits.size(), 0);  // or the header, where a section has no key
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (lines[i].header || lines[i].key >= 0) last_key_line[static_cast<std::size_t>(lines[i].section)] = i;
-  }
-
   std::string out;
   out.reserve(base_.bytes().size() + 1024);
+  std::int32_t section = -1;
+  const SectionEdit* edit = nullptr;  // of that section, nullptr where it keeps its lines
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const IniText::Line& line = lines[i];
-    const auto section = static_cast<std::size_t>(line.section);
-    const SectionEdit* edit = line.section < 0 ? nullptr : edits[section];
+    if (lines[i].header) {
+      edit = FindEdit(base_.section_name(++section));
+      // Only the first section of a name is read, so only that one changes; deleted are all.
+      if (edit != nullptr && !edit->deleted && edit->in_base != section) edit = nullptr;
+    }
     if (edit != nullptr && edit->deleted) continue;
-    const bool visible = edit != nullptr && base_.FindSection(edit->name) == line.section;
-    AppendLine(line, visible ? edit : nullptr, out);
-    if (visible && last_key_line[section] == i) AppendNewKeys(*edit, line_end, out);
+    AppendLine(lines[i], edit, out);
+    if (edit != nullptr && base_.last_key_line(section) == i) AppendNewKeys(*edit, line_end, out);
   }
-  for (const std::string& folded : section_order_) {
-    const SectionEdit& edit = sections_.at(folded);
-    if (!edit.deleted && base_.HasSection(edit.name)) continue;
-    const bool has_keys = std::any_of(edit.new_keys.begin(), edit.new_keys.end(),
-                                      [](const KeyEdit* key) { return !key->deleted; });
-    if (!has_keys) continue;
+  for (const SectionEdit* made : order_) {
+    const bool has_keys =
+        std::any_of(made->order.begin(), made->order.end(), [](const KeyEdit* key) { return !key->deleted; });
+    if (made->in_base >= 0 || !has_keys) continue;
     EndLastLine(line_end, out);
-    out.append("[").append(edit.name).append("]").append(line_end);
-    AppendNewKeys(edit, line_end, out);
+    out.append("[").append(made->name).append("]").append(line_end);
+    AppendNewKeys(*made, line_end, out);
   }
   return out;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <utility>
 
 namespace tarvok {
@@ -20,12 +21,6 @@ constexpr std::array<char, 256> kFold = MakeFoldTable();
 
 char Fold(char c) {
   return kFold[static_cast<unsigned char>(c)];
-}
-
-std::uint64_t HashName(std::uint64_t seed, std::string_view name) {
-  std::uint64_t hash = 14695981039346656037ULL ^ (seed * 0x9E3779B97F4A7C15ULL);
-  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(Fold(c))) * 1099511628211ULL;
-  return hash ^ (hash >> 29);
 }
 
 bool IsBlank(char c) {
@@ -63,8 +58,10 @@ std::string FoldName(std::string_view name) {
   return folded;
 }
 
-std::size_t IniText::NameHash::operator()(std::string_view name) const {
-  return HashName(0, name);
+std::size_t NameHash::operator()(std::string_view name) const {
+  std::uint64_t hash = 14695981039346656037ULL;
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(Fold(c))) * 1099511628211ULL;
+  return hash ^ (hash >> 29);
 }
 
 IniText::IniText(std::string bytes) : bytes_(std::move(bytes)) {
@@ -72,67 +69,66 @@ IniText::IniText(std::string bytes) : bytes_(std::move(bytes)) {
 }
 
 void IniText::Parse() {
-  slots_.assign(64, -1);
   const std::string_view all = bytes_;
+  lines_.reserve(static_cast<std::size_t>(std::count(all.begin(), all.end(), '\n')) + 1);
+  keys_.reserve(lines_.capacity());
   std::size_t at = 0;
   while (at < all.size()) {
     const std::size_t newline = all.find('\n', at);
     const std::size_t end = newline == std::string_view::npos ? all.size() : newline + 1;
     Line line;
     line.text = all.substr(at, end - at);
-    line.section = static_cast<std::int32_t>(sections_.size()) - 1;
     std::string_view text = line.text;
     if (!text.empty() && text.back() == '\n') text.remove_suffix(1);
     if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
     text = TrimBlanks(text);
     if (!text.empty() && text.front() == '[') {
       AddHeader(text, line);
-    } else if (!text.empty() && text.front() != ';' && line.section >= 0) {
+    } else if (!text.empty() && text.front() != ';' && !sections_.empty()) {
       if (const std::size_t equals = text.find('='); equals != std::string_view::npos)
         AddKey(text, equals, line);
     }
     lines_.push_back(line);
     at = end;
   }
+  IndexLastSection();
 }
 
 void IniText::AddHeader(std::string_view text, Line& line) {
+  IndexLastSection();
   line.header = true;
-  line.section = static_cast<std::int32_t>(sections_.size());
   // A header that lost its bracket still begins a section: its keys must not fall to the section before.
   text.remove_prefix(1);
-  sections_.push_back(TrimBlanks(text.substr(0, text.find(']'))));
-  first_of_name_.emplace(sections_.back(), line.section);
+  const std::string_view name = TrimBlanks(text.substr(0, text.find(']')));
+  sections_.push_back({.name = name, .last_key_line = lines_.size(), .first_key = keys_.size()});
+  first_of_name_.emplace(name, static_cast<std::int32_t>(sections_.size()) - 1);
 }
 
 void IniText::AddKey(std::string_view text, std::size_t equals, Line& line) {
   line.key = static_cast<std::int32_t>(keys_.size());
-  keys_.push_back({{TrimBlanks(text.substr(0, equals)), ValueAsRead(text.substr(equals + 1))}, line.section});
-  const std::size_t slot = SlotOf(line.section, keys_.back().key.name);
-  if (slots_[slot] >= 0) return;  // the first key of a name counts
-  slots_[slot] = line.key;
-  if (++used_slots_ * 2 > slots_.size()) GrowSlots();
+  sections_.back().last_key_line = lines_.size();
+  keys_.push_back({TrimBlanks(text.substr(0, equals)), ValueAsRead(text.substr(equals + 1))});
 }
 
-void IniText::GrowSlots() {
-  std::vector<std::int32_t> old = std::exchange(slots_, std::vector<std::int32_t>(slots_.size() * 4, -1));
-  for (const std::int32_t key : old) {
-    if (key >= 0) {
-      const StoredKey& stored = keys_[static_cast<std::size_t>(key)];
-      slots_[SlotOf(stored.section, stored.key.name)] = key;
-    }
+void IniText::IndexLastSection() {
+  if (sections_.empty()) return;
+  Section& section = sections_.back();
+  section.first_slot = slots_.size();
+  section.slots = std::bit_ceil(2 * (keys_.size() - section.first_key) + 1);
+  slots_.resize(slots_.size() + section.slots, -1);
+  for (std::size_t key = section.first_key; key < keys_.size(); ++key) {
+    std::int32_t& slot = slots_[SlotOf(section, keys_[key].name)];
+    if (slot < 0) slot = static_cast<std::int32_t>(key);  // the first key of a name counts
   }
 }
 
-std::size_t IniText::SlotOf(std::int32_t section, std::string_view key) const {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = HashName(static_cast<std::uint64_t>(section) + 1, key) & mask;
-  while (slots_[slot] >= 0) {
-    const StoredKey& stored = keys_[static_cast<std::size_t>(slots_[slot])];
-    if (stored.section == section && SameName(stored.key.name, key)) break;
-    slot = (slot + 1) & mask;
+std::size_t IniText::SlotOf(const Section& section, std::string_view key) const {
+  const std::size_t mask = section.slots - 1;
+  std::size_t at = NameHash()(key) & mask;
+  for (;; at = (at + 1) & mask) {
+    const std::int32_t there = slots_[section.first_slot + at];
+    if (there < 0 || SameName(this->key(there).name, key)) return section.first_slot + at;
   }
-  return slot;
 }
 
 std::int32_t IniText::FindSection(std::string_view section) const {
@@ -141,12 +137,12 @@ std::int32_t IniText::FindSection(std::string_view section) const {
 }
 
 std::int32_t IniText::FindKey(std::int32_t section, std::string_view key) const {
-  return section < 0 ? -1 : slots_[SlotOf(section, key)];
+  return section < 0 ? -1 : slots_[SlotOf(sections_[static_cast<std::size_t>(section)], key)];
 }
 
 std::string_view IniText::Get(std::string_view section, std::string_view key) const {
   const std::int32_t found = FindKey(FindSection(section), key);
-  return found < 0 ? std::string_view() : keys_[static_cast<std::size_t>(found)].key.value;
+  return found < 0 ? std::string_view() : this->key(found).value;
 }
 
 bool IniText::HasKey(std::string_view section, std::string_view key) const {
@@ -157,12 +153,10 @@ std::vector<IniText::Key> IniText::Keys(std::string_view section) const {
   std::vector<Key> found;
   const std::int32_t index = FindSection(section);
   if (index < 0) return found;
-  // Each header begins a section of its own, so the keys of one lie side by side.
-  const auto first =
-      std::lower_bound(keys_.begin(), keys_.end(), index,
-                       [](const StoredKey& key, std::int32_t wanted) { return key.section < wanted; });
-  for (auto i = first; i != keys_.end() && i->section == index; ++i) {
-    if (slots_[SlotOf(index, i->key.name)] == i - keys_.begin()) found.push_back(i->key);
+  const auto next = static_cast<std::size_t>(index) + 1;
+  const std::size_t end = next < sections_.size() ? sections_[next].first_key : keys_.size();
+  for (std::size_t i = sections_[next - 1].first_key; i < end; ++i) {
+    if (FindKey(index, keys_[i].name) == static_cast<std::int32_t>(i)) found.push_back(keys_[i]);
   }
   return found;
 }
@@ -170,7 +164,7 @@ std::vector<IniText::Key> IniText::Keys(std::string_view section) const {
 std::vector<std::string_view> IniText::Sections() const {
   std::vector<std::string_view> names;
   for (std::size_t i = 0; i < sections_.size(); ++i) {
-    if (FindSection(sections_[i]) == static_cast<std::int32_t>(i)) names.push_back(sections_[i]);
+    if (FindSection(sections_[i].name) == static_cast<std::int32_t>(i)) names.push_back(sections_[i].name);
   }
   return names;
 }

@@ -14,6 +14,14 @@ bool SameName(std::string_view a, std::string_view b);
 /** The folded form of a name, equal for all names that are the same. */
 std::string FoldName(std::string_view name);
 
+/** What a container of names needs to find one whatever its case. */
+struct NameHash {
+  std::size_t operator()(std::string_view name) const;
+};
+struct NameEqual {
+  bool operator()(std::string_view a, std::string_view b) const { return SameName(a, b); }
+};
+
 /** A value as the reader gives it is at most this long; the rest is cut. */
 inline constexpr std::size_t kMaxIniValue = 1999;
 
@@ -32,11 +40,10 @@ class IniText {
     std::string_view value;  // cut and unquoted, as Get returns it
   };
 
-  /** A line as it stands, its line end included. */
+  /** A line as it stands, its line end included. Each header begins the next section. */
   struct Line {
     std::string_view text;
-    std::int32_t section = -1;  // index into the sections, -1 in front of the first
-    std::int32_t key = -1;      // index into the keys, -1 for anything but a key
+    std::int32_t key = -1;  // index into the keys, -1 for anything but a key
     bool header = false;
   };
 
@@ -59,37 +66,38 @@ class IniText {
   std::int32_t FindSection(std::string_view section) const;
   /** Index of the first key of that name in a section, -1 if there is none. */
   std::int32_t FindKey(std::int32_t section, std::string_view key) const;
-  const Key& key(std::int32_t index) const { return keys_[static_cast<std::size_t>(index)].key; }
+  const Key& key(std::int32_t index) const { return keys_[static_cast<std::size_t>(index)]; }
   std::string_view section_name(std::int32_t index) const {
-    return sections_[static_cast<std::size_t>(index)];
+    return sections_[static_cast<std::size_t>(index)].name;
+  }
+  /** Index of a section's last line with a key; of its header if it has none. */
+  std::size_t last_key_line(std::int32_t section) const {
+    return sections_[static_cast<std::size_t>(section)].last_key_line;
   }
 
  private:
-  struct StoredKey {
-    Key key;
-    std::int32_t section;
-  };
-
-  struct NameHash {
-    std::size_t operator()(std::string_view name) const;
-  };
-  struct NameEqual {
-    bool operator()(std::string_view a, std::string_view b) const { return SameName(a, b); }
+  /** A header and the keys behind it, up to the next one. They lie side by side, and so do their slots: who
+   * reads a section through stays in one small piece of memory, however large the file is. */
+  struct Section {
+    std::string_view name;
+    std::size_t last_key_line = 0;
+    std::size_t first_key = 0;
+    std::size_t first_slot = 0;
+    std::size_t slots = 0;  // a power of two, more than the keys
   };
 
   void Parse();
   void AddHeader(std::string_view text, Line& line);
   void AddKey(std::string_view text, std::size_t equals, Line& line);
-  void GrowSlots();
-  std::size_t SlotOf(std::int32_t section, std::string_view key) const;
+  void IndexLastSection();
+  std::size_t SlotOf(const Section& section, std::string_view key) const;
 
   std::string bytes_;
   std::vector<Line> lines_;
-  std::vector<std::string_view> sections_;
+  std::vector<Section> sections_;
   std::unordered_map<std::string_view, std::int32_t, NameHash, NameEqual> first_of_name_;
-  std::vector<StoredKey> keys_;
-  std::vector<std::int32_t> slots_;  // open addressing, a power of two, -1 is free
-  std::size_t used_slots_ = 0;
+  std::vector<Key> keys_;
+  std::vector<std::int32_t> slots_;  // of each section in turn: open addressing over its keys, -1 is free
 };
 
 }  // namespace tarvok

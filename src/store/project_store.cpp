@@ -28,7 +28,8 @@ std::shared_ptr<const IniText> ProjectStore::Snapshot(const std::string& file) {
   return loaded.ok() ? loaded.value() : kEmpty;
 }
 
-Status ProjectStore::Update(const std::string& file, const std::function<void(IniEdit&)>& change) {
+Status ProjectStore::Update(const std::string& file, const std::function<void(IniEdit&)>& change,
+                            Flush flush) {
   const Result<std::unique_ptr<FileLock>> lock = files_.Lock(file);
   if (!lock.ok()) return lock.status();
 
@@ -42,7 +43,7 @@ Status ProjectStore::Update(const std::string& file, const std::function<void(In
   if (!edit.changed()) return {};
   const std::string bytes = edit.Bytes();
   if (bytes == base.bytes()) return {};
-  return WriteWhole(files_, file, bytes);
+  return WriteWhole(files_, file, bytes, flush);
 }
 
 std::string ProjectStore::GetIniValue(const std::string& file, std::string_view section,

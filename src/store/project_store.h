@@ -36,7 +36,8 @@ class ProjectStore {
    * file. */
   std::shared_ptr<const IniText> Snapshot(const std::string& file);
   /** All changes that `change` makes, as one write. A file that is there but can't be read is left alone. */
-  Status Update(const std::string& file, const std::function<void(IniEdit&)>& change);
+  Status Update(const std::string& file, const std::function<void(IniEdit&)>& change,
+                Flush flush = Flush::kNow);
 
   FileSystem& files() { return files_; }
 

@@ -9,12 +9,7 @@ namespace {
 
 TEST(IniText, ReadsAsTechniciansWriteIt) {
   const std::string long_value(3000, 'x');
-  const struct {
-    std::string text;
-    std::string section;
-    std::string key;
-    std::string value;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
       {"[Port_Def]\nMax=500\n", "port_def", "MAX", "500"},
       {"[N\xC4me]\r\nK\xD6=1\r\n", "n\xE4me", "k\xF6", "1"},
       {"[a\xD7]\nk=1\n", "A\xF7", "k", ""},  // the multiplication sign has no small letter
@@ -36,8 +31,8 @@ TEST(IniText, ReadsAsTechniciansWriteIt) {
       {"[a]\nk=\x80\xFF\xE9\n", "a", "k", "\x80\xFF\xE9"},
       {std::string("\0\xFF[\n]=\n[a]\rk=1\n", 15), "a", "k", ""},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(IniText(c.text).Get(c.section, c.key), c.value) << c.text.substr(0, 60);
+  for (const auto& [text, section, key, value] : cases) {
+    EXPECT_EQ(IniText(text).Get(section, key), value) << text.substr(0, 60);
   }
 }
 
@@ -55,11 +50,7 @@ TEST(IniEdit, ChangesItsLinesOnly) {
   const Change set = [](IniEdit& e) { e.Set("A", "K", "new"); };
   const Change remove = [](IniEdit& e) { e.DeleteKey("A", "K"); };
   const Change remove_section = [](IniEdit& e) { e.DeleteSection("a"); };
-  const struct {
-    std::string before;
-    Change change;
-    std::string after;
-  } cases[] = {
+  const std::tuple<std::string, Change, std::string> cases[] = {
       {"", set, "[A]\r\nK=new\r\n"},
       {"[a]\r\n", set, "[a]\r\nK=new\r\n"},
       {"[a]", set, "[a]\r\nK=new\r\n"},
@@ -81,11 +72,11 @@ TEST(IniEdit, ChangesItsLinesOnly) {
        "[a]\nk=\nj=x\n"},
       {"[a]\n", [](IniEdit& e) { e.Set("a", "k", "x\r\n[b]\r\nj=1"); }, "[a]\nk=x\n"},
   };
-  for (const auto& c : cases) {
-    const IniText base(c.before);
+  for (const auto& [before, change, after] : cases) {
+    const IniText base(before);
     IniEdit edit(base);
-    c.change(edit);
-    EXPECT_EQ(edit.Bytes(), c.after) << c.before;
+    change(edit);
+    EXPECT_EQ(edit.Bytes(), after) << before;
   }
 }
 
@@ -97,11 +88,36 @@ TEST(IniEdit, ReadsSeeTheChangesSoFar) {
   edit.DeleteKey("A", "j");
   EXPECT_EQ(edit.Get("a", "k"), "3");
   EXPECT_EQ(edit.Get("a", "j"), "");
+  const std::string_view seen = edit.View("a", "k");
+  edit.Set("a", "k", "4");
+  EXPECT_EQ(seen, "3");
+  EXPECT_EQ(edit.Bytes(), "[a]\nk=4\n");
   edit.DeleteSection("a");
   EXPECT_EQ(edit.Get("a", "k"), "");
   edit.Set("a", "n", "4");
   EXPECT_EQ(edit.Get("a", "n"), "4");
   EXPECT_EQ(edit.Get("a", "k"), "");
+}
+
+TEST(IniEdit, ThousandsOfChangesStandAsTheyWereMade) {
+  std::string lines;
+  std::string expected;
+  for (int i = 0; i < 3000; ++i) {
+    const std::string key = "key " + std::to_string(i * 7919 % 3000);
+    if (i < 1000) lines += key + "=old\n";
+    expected += key + "=" + std::string(static_cast<std::size_t>(i % 50), 'v') + "\n";
+  }
+  const IniText base("[a]\n" + lines + "; note\n[b]\n" + lines);
+  const IniText wanted("[a]\n" + expected + "; note\n[b]\n" + lines + "[c]\n" + expected);
+  IniEdit edit(base);
+  for (const char* section : {"A", "c"}) {
+    for (const IniText::Key& key : wanted.Keys(section)) edit.Set(section, key.name, key.value);
+  }
+  EXPECT_EQ(edit.Bytes(), wanted.bytes());
+  EXPECT_EQ(edit.TooLong(), "");
+  edit.Set("c", "z", std::string(2000, 'v'));
+  edit.Set("c", "a", std::string(2001, 'v'));
+  EXPECT_EQ(edit.TooLong(), "c z");
 }
 
 }  // namespace

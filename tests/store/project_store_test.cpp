@@ -4,6 +4,7 @@
 
 #include "store/new_project.h"
 #include "store/recent_files.h"
+#include "tests/desktop/memory_settings.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {
@@ -117,15 +118,6 @@ TEST(NewDefault, WithoutASystemFileDeletesNothing) {
   EXPECT_EQ(files.Bytes(kFile), "old");
 }
 
-class MemorySettings : public SettingsStore {
- public:
-  std::map<std::string, std::string> values;
-  std::string Get(std::string_view, std::string_view key) override { return values[std::string(key)]; }
-  void Set(std::string_view, std::string_view key, std::string_view value) override {
-    values[std::string(key)] = value;
-  }
-};
-
 TEST(RecentFiles, KeepsTheLatestFirst) {
   MemorySettings settings;
   RecentFiles recent(settings);
@@ -137,7 +129,7 @@ TEST(RecentFiles, KeepsTheLatestFirst) {
   RecentFiles again(settings);
   again.LoadRecentFiles();
   EXPECT_EQ(again.ShowRecentFiles(), (std::vector<std::string>{"/a", "/E", "/D", "/A", "/C"}));
-  EXPECT_EQ(settings.values["Recent5"], "/C");
+  EXPECT_EQ(settings.values["Recent Files/Recent5"], "/C");
 }
 
 }  // namespace

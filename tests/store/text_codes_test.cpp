@@ -12,15 +12,12 @@ namespace tarvok::test {
 namespace {
 
 TEST(FieldList, GetFieldSkipsEmptyFields) {
-  const struct {
-    const char* list;
-    int n;
-    const char* field;
-  } cases[] = {{"a||c", 2, "c"}, {"|a|", 1, "a"}, {"a|b|", 3, ""}, {"", 1, ""},   {"a|b", 2, "b"},
-               {"a|b", 0, ""},   {"a", -1, ""},   {"|||", 1, ""},  {"a", 1, "a"}, {"F|F|0|0|", 4, "0"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(GetField(c.list, c.n), c.field) << c.list << " " << c.n;
-    EXPECT_EQ(FieldList(c.list)[c.n], c.field) << c.list << " " << c.n;
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"a||c", 2, "c"}, {"|a|", 1, "a"}, {"a|b|", 3, ""}, {"", 1, ""},   {"a|b", 2, "b"},
+      {"a|b", 0, ""},   {"a", -1, ""},   {"|||", 1, ""},  {"a", 1, "a"}, {"F|F|0|0|", 4, "0"}};
+  for (const auto& [list, n, field] : cases) {
+    EXPECT_EQ(GetField(list, n), field) << list << " " << n;
+    EXPECT_EQ(FieldList(list)[n], field) << list << " " << n;
   }
   std::string many;
   for (int i = 1; i <= 100; ++i) many += std::to_string(i) + "||";
@@ -33,33 +30,27 @@ TEST(FieldList, GetFieldSkipsEmptyFields) {
 }
 
 TEST(FieldList, SetFieldCountsEveryPipe) {
-  const struct {
-    const char* list;
-    int n;
-    const char* value;
-    const char* result;
-  } cases[] = {{"a||c|", 2, " x ", "a|x|c|"}, {"a|b", 3, "x", "a|b"}, {"a|b|", 3, "x", "a|b|x"},
-               {"a|b|", 2, "x", "a|x|"},      {"a|b", 2, "x", "a|x"}, {"a|b", 1, "x", "x|b"},
-               {"a", 1, " x ", "x"},          {"a|b", 0, "x", "a|b"}, {"", 2, "x", ""}};
-  for (const auto& c : cases) EXPECT_EQ(SetField(c.list, c.n, c.value), c.result) << c.list << " " << c.n;
+  const std::tuple<const char*, int, const char*, const char*> cases[] = {
+      {"a||c|", 2, " x ", "a|x|c|"}, {"a|b", 3, "x", "a|b"}, {"a|b|", 3, "x", "a|b|x"},
+      {"a|b|", 2, "x", "a|x|"},      {"a|b", 2, "x", "a|x"}, {"a|b", 1, "x", "x|b"},
+      {"a", 1, " x ", "x"},          {"a|b", 0, "x", "a|b"}, {"", 2, "x", ""}};
+  for (const auto& [list, n, value, result] : cases)
+    EXPECT_EQ(SetField(list, n, value), result) << list << " " << n;
 }
 
 TEST(NumberText, ReadsTheLeadingNumber) {
-  const struct {
-    const char* text;
-    std::int64_t value;
-    bool is_number;
-  } cases[] = {{"12", 12, true},  {"  -3x", -3, true},
-               {"", 0, false},    {"x", 0, false},
-               {"1.5", 2, true},  {"2.5", 2, true},
-               {"2.51", 3, true}, {"-1.5", -2, true},
-               {"1e3", 1, true},  {"&H10", 0, false},
-               {".5", 0, true},   {"1.2.3", 1, true},
-               {"+7", 7, true},   {"\t5", 0, false},
-               {"007", 7, true},  {"99999999999999999999999", 1'000'000'000'000'000, true}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(ReadNumber(c.text).value, c.value) << c.text;
-    EXPECT_EQ(ReadNumber(c.text).is_number, c.is_number) << c.text;
+  const std::tuple<const char*, std::int64_t, bool> cases[] = {
+      {"12", 12, true},  {"  -3x", -3, true},
+      {"", 0, false},    {"x", 0, false},
+      {"1.5", 2, true},  {"2.5", 2, true},
+      {"2.51", 3, true}, {"-1.5", -2, true},
+      {"1e3", 1, true},  {"&H10", 0, false},
+      {".5", 0, true},   {"1.2.3", 1, true},
+      {"+7", 7, true},   {"\t5", 0, false},
+      {"007", 7, true},  {"99999999999999999999999", 1'000'000'000'000'000, true}};
+  for (const auto& [text, value, is_number] : cases) {
+    EXPECT_EQ(ReadNumber(text).value, value) << text;
+    EXPECT_EQ(ReadNumber(text).is_number, is_number) << text;
   }
   EXPECT_EQ(ValHundredths("0.29"), 29);
   EXPECT_EQ(ValHundredths("1.005"), 100);
@@ -95,28 +86,25 @@ TEST(ValueCode, Examples) {
 }
 
 TEST(ConvertBase, Examples) {
-  const struct {
-    const char* digits;
-    int from;
-    int to;
-    const char* result;
-  } cases[] = {{"FF", 16, 2, "11111111"},
-               {"ff", 16, 10, "255"},
-               {"0", 10, 16, "0"},
-               {"000", 2, 16, "0"},
-               {"4294967295", 10, 16, "FFFFFFFF"},
-               {"340282366920938463463374607431768211456", 10, 16, "100000000000000000000000000000000"},
-               {"ZZ", 36, 10, "1295"},
-               {"0.5", 10, 2, ".1"},
-               {"A.8", 16, 10, "10.5"},
-               {"12.", 10, 16, "C"},
-               {"1.10", 10, 10, "1.1"},
-               {"12", 2, 10, ""},
-               {"", 10, 2, ""},
-               {"1", 1, 2, ""},
-               {"1", 2, 37, ""},
-               {".", 10, 2, "0"}};
-  for (const auto& c : cases) EXPECT_EQ(ConvertBase(c.digits, c.from, c.to, '.'), c.result) << c.digits;
+  const std::tuple<const char*, int, int, const char*> cases[] = {
+      {"FF", 16, 2, "11111111"},
+      {"ff", 16, 10, "255"},
+      {"0", 10, 16, "0"},
+      {"000", 2, 16, "0"},
+      {"4294967295", 10, 16, "FFFFFFFF"},
+      {"340282366920938463463374607431768211456", 10, 16, "100000000000000000000000000000000"},
+      {"ZZ", 36, 10, "1295"},
+      {"0.5", 10, 2, ".1"},
+      {"A.8", 16, 10, "10.5"},
+      {"12.", 10, 16, "C"},
+      {"1.10", 10, 10, "1.1"},
+      {"12", 2, 10, ""},
+      {"", 10, 2, ""},
+      {"1", 1, 2, ""},
+      {"1", 2, 37, ""},
+      {".", 10, 2, "0"}};
+  for (const auto& [digits, from, to, result] : cases)
+    EXPECT_EQ(ConvertBase(digits, from, to, '.'), result) << digits;
 }
 
 TEST(DigitCode, PacksAndUnpacks) {

@@ -1,5 +1,6 @@
 #include "sections/ports/assign.h"
 
+#include <algorithm>
 #include <string>
 
 #include "sections/ports/boss.h"
@@ -73,17 +74,17 @@ int ValueWidth(int type) {
   return type == 2 || type == 3 ? 2 : 0;
 }
 
-std::string DecodeNumber(const ImageReader& record) {
+void DecodeNumber(const ImageReader& record, RowText& row) {
   // Unlike in a port row a byte 0 is a digit text "0", so a number of zero bytes becomes an empty field, not
   // "F".
-  const std::string hex = HexOfBytes(record.Bytes(0, kNumberBytes), SkippedBytes::kUnset);
-  RowText row;
-  row.Add(hex.empty() ? std::string(kUnset) : DigitsOfHex(hex, DialSymbols::kDigits));
+  const std::span<const std::uint8_t> number = record.Bytes(0, kNumberBytes);
+  const bool unset =
+      std::all_of(number.begin(), number.end(), [](std::uint8_t byte) { return byte == kUnsetByte; });
+  row.Add(unset ? std::string(kUnset) : UnpackDigits(number, DialSymbols::kDigits, SkippedBytes::kUnset));
   row.Add(record.Plain(3));
   row.Add(record.PlusOneWord(4, ValueWidth(record.Byte(3))));
   row.Add(record.Plain(6));
   row.Add(record.PlusOneWord(7, 3));
-  return row.str();
 }
 
 }  // namespace

@@ -39,8 +39,8 @@ void EncodeBoss(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeBoss(const ImageReader& image, IniEdit& project) {
-  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record) {
-    return RowText().Add(record.RawPlusOneWord(0, 3)).Add(record.RawPlusOneWord(2, 3)).str();
+  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record, RowText& row) {
+    row.Add(record.RawPlusOneWord(0, 3)).Add(record.RawPlusOneWord(2, 3));
   });
 }
 

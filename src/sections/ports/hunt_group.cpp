@@ -62,9 +62,10 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image) {
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project) {
   StoreRowCounts(project, kTable, image.RawWord(TotalAt(kHuntGroups)));
   int position = 1;
+  RowText members;
   for (int group = 1; group <= kHuntGroups; ++group) {
     const int last = std::min(image.RawWord(TotalAt(group)), kHuntMembers);
-    RowText members;
+    members.Clear();
     for (; position <= last; ++position) {
       const std::string member = image.RawPlusOneWord(SlotAt(position), 3);
       if (member != kUnset) members.Add(member);

@@ -144,58 +144,66 @@ void EncodeButtons(const IniText& project, ImageWriter& image, const Table& tabl
   }
 }
 
-/** The digits of the bytes; bytes 0 are skipped. 255 is nothing special here: a button that is not set has
+/** Adds the digits of the bytes; bytes 0 are skipped. 255 is nothing special here: a button that is not set has
  * its own type. */
-std::string DigitsOf(const ImageReader& entry, int at, int count,
-                     DialSymbols symbols = DialSymbols::kDigits) {
-  std::string hex;
-  for (const std::uint8_t byte : entry.Bytes(at, count)) {
-    if (byte != 0) hex += DecToHex(byte);
-  }
-  return DigitsOfHex(hex, symbols);
+void AddDigits(std::string& text, const ImageReader& entry, int at, int count,
+               DialSymbols symbols = DialSymbols::kDigits) {
+  AppendDigits(entry.Bytes(at, count), symbols, SkippedBytes::kZero, text);
 }
 
-std::string WithMap(const std::string& text, const std::string& map) {
-  return map.empty() ? text : text + "," + map;
+/** The same behind a comma; nothing where there are none. */
+void AddMap(std::string& text, const ImageReader& entry, int at, int count) {
+  text += ',';
+  AddDigits(text, entry, at, count);
+  if (text.back() == ',') text.pop_back();
 }
 
-/** "ML" and the line that the entry's first digit names, or "ML" alone. */
-std::string DecodeMultiline(const ImageReader& entry) {
-  std::string key(kMultiline);
+/** Adds the line that the entry's first digit names, if that is one. */
+void AddLine(std::string& key, const ImageReader& entry) {
   for (const std::uint8_t byte : entry.Bytes(1, kKeyBytes)) {
     if (byte == 0) continue;
     const char line = DecToHex(byte).front();
     if (kLines.find(line) != std::string_view::npos) key += line;
     break;
   }
-  return key;
 }
 
-std::string DecodeKey(const ImageReader& entry) {
+void DecodeKey(const ImageReader& entry, std::string& key) {
   switch (entry.Byte(0)) {
     case 1:
-      return std::string(kTelephone) + DigitsOf(entry, 1, kKeyBytes, DialSymbols::kDigitsStarHash);
+      key = kTelephone;
+      AddDigits(key, entry, 1, kKeyBytes, DialSymbols::kDigitsStarHash);
+      break;
     case 2:
-      return WithMap(std::string(kTrunk) + DigitsOf(entry, 1, kTrunkBytes),
-                     DigitsOf(entry, 1 + kTrunkBytes, kKeyBytes - kTrunkBytes));
+      key = kTrunk;
+      AddDigits(key, entry, 1, kTrunkBytes);
+      AddMap(key, entry, 1 + kTrunkBytes, kKeyBytes - kTrunkBytes);
+      break;
     case 3:
-      return std::string(kExtension) + DigitsOf(entry, 1, kKeyBytes);
+      key = kExtension;
+      AddDigits(key, entry, 1, kKeyBytes);
+      break;
     case 4:
-      return WithMap(std::string(kGroupOut) + std::to_string(entry.Byte(1)),
-                     DigitsOf(entry, 2, kKeyBytes - 1));
+      key = kGroupOut;
+      key += std::to_string(entry.Byte(1));
+      AddMap(key, entry, 2, kKeyBytes - 1);
+      break;
     case 5:
-      return DecodeMultiline(entry);
+      key = kMultiline;
+      AddLine(key, entry);
+      break;
     default:
-      return std::string(kUnset);
+      key = kUnset;
   }
 }
 
 std::string DecodeDss(const ImageReader& entry) {
   const int type = entry.Byte(0);
-  const std::string number =
-      DigitsOf(entry, 1, kDssBytes, type == 1 ? DialSymbols::kDigitsStarHash : DialSymbols::kDigits);
-  if (type < 1 || type > 3 || number.empty()) return std::string(kUnset);
-  return std::string(type == 1 ? kTelephone : type == 2 ? kTrunk : kExtension) + number;
+  if (type < 1 || type > 3) return std::string(kUnset);
+  const std::string_view code = type == 1 ? kTelephone : type == 2 ? kTrunk : kExtension;
+  std::string button(code);
+  AddDigits(button, entry, 1, kDssBytes, type == 1 ? DialSymbols::kDigitsStarHash : DialSymbols::kDigits);
+  return button == code ? std::string(kUnset) : button;
 }
 
 /** Gives each "ML" without a line the lowest free one. The list of lines in use ends the search at five
@@ -225,20 +233,21 @@ void EncodeKeyDss(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeKeyDss(const ImageReader& image, IniEdit& project) {
+  std::array<std::string, kKeysOfLayout> keys;
+  RowText row;
   for (int layout = 1; layout <= kKeyLayouts; ++layout) {
     const ImageReader entries = image.Record(layout - 1, kLayout);
-    std::array<std::string, kKeysOfLayout> keys;
     for (int i = 0; i < kKeysOfLayout; ++i)
-      keys[static_cast<std::size_t>(i)] = DecodeKey(entries.Record(i, kKeyEntry));
+      DecodeKey(entries.Record(i, kKeyEntry), keys[static_cast<std::size_t>(i)]);
     NumberMultilines(keys);
-    RowText key_row;
-    for (const std::string& key : keys) key_row.Add(key);
-    project.Set(kKeys.section, KeyOf(kKeys, layout), key_row.str());
+    row.Clear();
+    for (const std::string& key : keys) row.Add(key);
+    project.Set(kKeys.section, KeyOf(kKeys, layout), row.str());
 
-    RowText dss_row;
+    row.Clear();
     for (int i = 0; i < kDssOfLayout; ++i)
-      dss_row.Add(DecodeDss(entries.Part(kDssStart + i * kDssEntry, kDssEntry)));
-    project.Set(kDss.section, KeyOf(kDss, layout), dss_row.str());
+      row.Add(DecodeDss(entries.Part(kDssStart + i * kDssEntry, kDssEntry)));
+    project.Set(kDss.section, KeyOf(kDss, layout), row.str());
   }
 }
 

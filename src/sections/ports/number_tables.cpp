@@ -18,10 +18,11 @@ void EncodeNumbers(const IniText& project, ImageWriter& image, const Table& tabl
 }
 
 void DecodeNumbers(const ImageReader& image, IniEdit& project, const Table& table, int record) {
+  RowText digits;
   for (int number = 1; number <= table.rows.last; ++number) {
-    project.Set(table.section, KeyOf(table, number),
-                UnpackDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
-                             SkippedBytes::kZeroAndUnset));
+    digits.Clear().AddDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
+                             SkippedBytes::kZeroAndUnset);
+    project.Set(table.section, KeyOf(table, number), digits.str());
   }
 }
 

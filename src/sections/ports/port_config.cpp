@@ -116,8 +116,7 @@ std::string ZeroForUnset(const ImageReader& profile, int at) {
   return std::to_string(profile.Byte(at) == 255 ? 0 : profile.Byte(at));
 }
 
-std::string DecodeProfile(const ImageReader& profile, bool layout_a) {
-  RowText row;
+void DecodeProfile(const ImageReader& profile, bool layout_a, RowText& row) {
   row.Add(profile.PlusOne(1, 2)).Add(profile.PlusOne(2, 2));
   row.Add(ZeroForUnset(profile, 3)).Add(ZeroForUnset(profile, 4)).Add(ZeroForUnset(profile, 0));
   row.Add(ZeroForUnset(profile, 5));
@@ -125,17 +124,17 @@ std::string DecodeProfile(const ImageReader& profile, bool layout_a) {
   row.Add(layout_a ? profile.Digits(9, kHotlineBytesA) : std::string(kUnset));
   for (int at = 12; at <= 17; ++at) row.Add(ZeroForUnset(profile, at));
   if (!layout_a) row.Add(std::to_string(profile.Byte(18)));
-  return row.str();
 }
 
 void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
   StoreRowCounts(project, kTable, kPortConfigRows);
+  RowText row;
   for (int number = 1; number <= kPortConfigRows; ++number) {
-    const std::string row = DecodeProfile(image.Record(number - 1, kRecord), layout_a);
-    if (row == (layout_a ? kDefaultA : kDefaultB)) {
+    DecodeProfile(image.Record(number - 1, kRecord), layout_a, row.Clear());
+    if (row.str() == (layout_a ? kDefaultA : kDefaultB)) {
       project.DeleteKey(kTable.section, KeyOf(kTable, number));
     } else {
-      project.Set(kTable.section, KeyOf(kTable, number), row);
+      project.Set(kTable.section, KeyOf(kTable, number), row.str());
     }
   }
 }
@@ -163,15 +162,16 @@ void DecodePortConfigB(const ImageReader& image, IniEdit& project) {
 }
 
 void DecodePortConfig2(const ImageReader& image, IniEdit& project) {
+  RowText row;
   for (int number = 1; number <= kPortConfigRows; ++number) {
     const ImageReader profile = image.Record(number - 1, kRecord);
     const std::string key = KeyOf(kTable, number);
-    std::string row = project.Get(kTable.section, key);
-    if (row.empty()) continue;
+    const std::string_view held = project.View(kTable.section, key);
+    if (held.empty()) continue;
     const std::string hotline = profile.Digits(0, kHotlineBytes2);
-    if (hotline != kUnset) row = SetField(row, kHotline, hotline);
-    row += "|" + profile.PlusOne(6) + "|" + std::to_string(profile.Byte(7));
-    project.Set(kTable.section, key, row);
+    row.Clear().Add(hotline == kUnset ? std::string(held) : SetField(held, kHotline, hotline));
+    row.Add(profile.PlusOne(6)).Add(std::to_string(profile.Byte(7)));
+    project.Set(kTable.section, key, row.str());
   }
 }
 

@@ -154,10 +154,9 @@ std::string VmUseText(int byte) {
   }
 }
 
-std::string DecodePort(const ImageReader& port) {
+void DecodePort(const ImageReader& port, RowText& row) {
   // A high byte of 255 makes the whole word 65,535, so all flags are on then.
   const int flags = port.Word(12);
-  RowText row;
   row.Add(port.PlusOne(0));
   row.Add(port.PlusOne(1));
   row.Add(port.Byte(2) == 0 ? std::string(kUnset) : port.Plain(2));
@@ -180,7 +179,6 @@ std::string DecodePort(const ImageReader& port) {
   row.Add(port.Plain(51));
   row.Add(VmUseText(port.Byte(52)));
   row.Add(port.Byte(53) == 1 ? "1" : kUnset);
-  return row.str();
 }
 
 }  // namespace
@@ -194,12 +192,13 @@ void EncodePortDef(const IniText& project, ImageWriter& image) {
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
   constexpr std::string_view kNothingThere = "F|F|F";
   StoreRowCounts(project, kTable, kPortRows);
+  RowText row;
   for (int number = 1; number <= kPortRows; ++number) {
-    const std::string row = DecodePort(image.Record(number - 1, kRecord));
-    if (row.starts_with(kNothingThere)) {
+    DecodePort(image.Record(number - 1, kRecord), row.Clear());
+    if (row.str().starts_with(kNothingThere)) {
       project.DeleteKey(kTable.section, KeyOf(kTable, number));
     } else {
-      project.Set(kTable.section, KeyOf(kTable, number), row);
+      project.Set(kTable.section, KeyOf(kTable, number), row.str());
     }
   }
 }

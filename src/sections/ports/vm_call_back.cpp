@@ -38,10 +38,9 @@ void EncodeVMCallBack(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project) {
-  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record) {
-    RowText row;
-    for (const int at : {0, kMostCharacters}) row.Add(record.Characters(at, kMostCharacters, kNoCharacters));
-    return row.str();
+  DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record, RowText& row) {
+    for (const int at : {0, kMostCharacters})
+      row.AddCharacters(record.Bytes(at, kMostCharacters), kNoCharacters);
   });
 }
 

@@ -84,19 +84,10 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
   }
 }
 
-/** The symbols of a joined text of digit codes. A code 0 that no end of a number has cut off stays "0". */
-std::string SymbolsOf(const std::string& codes) {
-  std::string symbols;
-  for (const char& code : codes) {
-    symbols += code == '0' ? "0" : DigitsOfHex(std::string_view(&code, 1), DialSymbols::kDigitsStarHash);
-  }
-  return symbols;
-}
-
 /** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A,
- * so the zeros of a number survive. */
-std::string DecodeList(const ImageReader& image, int& next, int end) {
-  std::string codes;
+ * so the zeros of a number survive; a code 0 that no end of a number has cut off stays "0". */
+void DecodeList(const ImageReader& image, int& next, int end, std::string& codes) {
+  codes.clear();
   for (; next < end; ++next) {
     const int byte = image.Byte(kPoolAt + next);
     if (byte != 0) {
@@ -107,15 +98,16 @@ std::string DecodeList(const ImageReader& image, int& next, int end) {
     }
   }
   if (codes.ends_with('|')) codes.pop_back();
-  return SymbolsOf(codes);
+  for (char& code : codes) code = SymbolOf(code, DialSymbols::kDigitsStarHash);
 }
 
 void DecodeLists(const ImageReader& image, IniEdit& project, const Table& table) {
   StoreMax(project, table);
   int next = 0;
+  std::string list;
   for (int number = 1; number <= kClasses; ++number) {
     const int end = image.Word((number - 1) * kWord);
-    const std::string list = DecodeList(image, next, end == kUnsetWord ? 0 : std::min(end, kPool));
+    DecodeList(image, next, end == kUnsetWord ? 0 : std::min(end, kPool), list);
     project.Set(table.section, KeyOf(table, number), list);
   }
 }

@@ -50,9 +50,10 @@ void EncodeClassGroup(const IniText& project, ImageWriter& image) {
 
 void DecodeClassGroup(const ImageReader& image, IniEdit& project) {
   StoreMax(project, kTable);
+  RowText classes;
   for (int group = 1; group <= kClassGroups; ++group) {
     const ImageReader record = image.Record(group - 1, kClassesOfGroup);
-    RowText classes;
+    classes.Clear();
     for (int slot = 0; slot < kClassesOfGroup; ++slot) {
       if (record.Byte(slot) != kUnsetByte) classes.Add(record.PlusOne(slot, 2));
     }

@@ -92,11 +92,9 @@ std::string TargetText(int word) {
   return "0|" + Padded(word + 1, 3);
 }
 
-std::string DecodeRow(const ImageReader& record) {
-  RowText row;
+void DecodeRow(const ImageReader& record, RowText& row) {
   row.Add(record.PlusOne(4)).Add(WordText(record.Word(0))).Add(WordText(record.Word(2)));
   row.Add(TargetText(record.Word(5)));
-  return row.str();
 }
 
 }  // namespace

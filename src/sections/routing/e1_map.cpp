@@ -94,11 +94,10 @@ std::vector<std::string> E1Ports(const IniEdit& project) {
   const auto rows = std::clamp<std::int64_t>(Val(project.Get(table.section, kMaxKey)), 0, kPortRows);
   std::vector<std::string> ports(static_cast<std::size_t>(rows) + 1);
   for (std::size_t number = 1; number < ports.size(); ++number) {
-    const std::string value = project.Get(table.section, KeyOf(table, static_cast<int>(number)));
-    const FieldList port(value);
-    const std::string_view card = port[port_def::kCard];
-    const std::string_view channel = port[port_def::kChannel];
-    if (card == kUnset || channel == kUnset || port[port_def::kType] != kE1CardType) continue;
+    const std::string_view port = project.View(table.section, KeyOf(table, static_cast<int>(number)));
+    const std::string_view card = GetField(port, port_def::kCard);
+    const std::string_view channel = GetField(port, port_def::kChannel);
+    if (card == kUnset || channel == kUnset || GetField(port, port_def::kType) != kE1CardType) continue;
     ports[number].append(card).append("/").append(channel);
   }
   return ports;
@@ -110,8 +109,7 @@ std::string FindPort(const std::vector<std::string>& ports, int card, int channe
   return found == ports.end() ? std::string(kUnset) : Padded(found - ports.begin(), 3);
 }
 
-std::string DecodeLink(const ImageReader& record, const std::vector<std::string>& ports) {
-  RowText row;
+void DecodeLink(const ImageReader& record, const std::vector<std::string>& ports, RowText& row) {
   if (record.Byte(0) == kUnsetByte || record.Byte(1) == kUnsetByte) {
     row.Add(kUnset).Add(kUnset).Add(kUnset);
   } else {
@@ -120,7 +118,6 @@ std::string DecodeLink(const ImageReader& record, const std::vector<std::string>
     row.Add(FindPort(ports, card, record.Byte(2) + 1));
     row.Add(ModeText(record));
   }
-  return row.str();
 }
 
 }  // namespace
@@ -132,8 +129,10 @@ void EncodeE1Map(const IniText& project, ImageWriter& image) {
 void DecodeE1Map(const ImageReader& image, IniEdit& project) {
   const std::vector<std::string> ports = E1Ports(project);
   StoreRowCounts(project, kTable, kE1Links);
+  RowText row;
   for (int link = 1; link <= kE1Links; ++link) {
-    project.Set(kTable.section, KeyOf(kTable, link), DecodeLink(image.Record(link - 1, kRecord), ports));
+    DecodeLink(image.Record(link - 1, kRecord), ports, row.Clear());
+    project.Set(kTable.section, KeyOf(kTable, link), row.str());
   }
 }
 

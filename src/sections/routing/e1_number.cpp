@@ -1,6 +1,6 @@
 #include "sections/routing/e1_number.h"
 
-#include <string>
+#include <algorithm>
 
 #include "sections/routing/e1_map.h"
 #include "sections/rows.h"
@@ -43,16 +43,19 @@ void EncodeRow(RecordWriter& row) {
   row.MinusOne(11, kLink);
 }
 
-std::string NumberText(const ImageReader& record) {
-  const std::string codes = HexOfBytes(record.Bytes(0, kNumberBytes), SkippedBytes::kNone);
-  if (codes.find_first_not_of('0') == std::string::npos) return std::string(kUnset);
-  return DigitsOfHex(codes, DialSymbols::kDigitsStarHash);
+void AddNumber(std::span<const std::uint8_t> bytes, RowText& row) {
+  const bool unset = std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte == 0; });
+  if (unset) {
+    row.Add(kUnset);
+  } else {
+    row.AddDigits(bytes, DialSymbols::kDigitsStarHash, SkippedBytes::kNone);
+  }
 }
 
-std::string DecodeRow(const ImageReader& record) {
-  RowText row;
-  row.Add(record.PlusOne(11)).Add(NumberText(record)).Add(record.Plain(10));
-  return row.str();
+void DecodeRow(const ImageReader& record, RowText& row) {
+  row.Add(record.PlusOne(11));
+  AddNumber(record.Bytes(0, kNumberBytes), row);
+  row.Add(record.Plain(10));
 }
 
 }  // namespace
@@ -63,8 +66,10 @@ void EncodeE1Number(const IniText& project, ImageWriter& image) {
 
 void DecodeE1Number(const ImageReader& image, IniEdit& project) {
   StoreMax(project, kTable);
+  RowText row;
   for (int number = 1; number <= kE1NumberRows; ++number) {
-    project.Set(kTable.section, KeyOf(kTable, number), DecodeRow(image.Record(number - 1, kRecord)));
+    DecodeRow(image.Record(number - 1, kRecord), row.Clear());
+    project.Set(kTable.section, KeyOf(kTable, number), row.str());
   }
 }
 

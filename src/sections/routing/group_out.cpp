@@ -67,9 +67,10 @@ void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
   project.Set(kTable.section, kMaxMembersKey, std::to_string(kGroupOutMembers));
   project.Set(kTable.section, kNowKey, std::to_string(no_groups ? 0 : total));
   int next = 0;
+  RowText members;
   for (int group = 1; group <= kGroupsOut; ++group) {
     const int end = no_groups ? 0 : std::min(image.RawWord((group - 1) * kWord), kGroupOutMembers);
-    RowText members;
+    members.Clear();
     for (; next < end; ++next) {
       const std::string port = image.RawPlusOneWord(kPoolAt + next * kWord, 3);
       if (port != kUnset) members.Add(port);

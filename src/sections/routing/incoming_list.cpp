@@ -72,14 +72,12 @@ std::string DestinationText(int word) {
   return Padded(word + 1, 3);
 }
 
-std::string DecodeRow(const ImageReader& record, int number) {
+void DecodeRow(const ImageReader& record, int number, RowText& row) {
   const int words[] = {record.RawWord(0), record.RawWord(2), record.RawWord(4)};
   const bool used = std::any_of(std::begin(words), std::end(words), [](int w) { return w != kUnsetWord; });
-  RowText row;
   row.Add(used ? "Incom" + std::to_string(number) : std::string(kUnset));
   for (const int word : words) row.Add(DestinationText(word));
   row.Add(record.Plain(6));
-  return row.str();
 }
 
 }  // namespace
@@ -90,8 +88,10 @@ void EncodeIncomingList(const IniText& project, ImageWriter& image) {
 
 void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
   StoreRowCounts(project, kTable, kIncomingRows);
+  RowText row;
   for (int number = 1; number <= kIncomingRows; ++number) {
-    StoreRow(project, kTable, number, DecodeRow(image.Record(number - 1, kRecord), number));
+    DecodeRow(image.Record(number - 1, kRecord), number, row.Clear());
+    StoreRow(project, kTable, number, row.str());
   }
 }
 

@@ -89,14 +89,12 @@ std::string DecodeTime(const ImageReader& record, int at) {
   return HexText(hour, 2) + HexText(minute, 2);
 }
 
-std::string DecodeRow(const ImageReader& record) {
-  RowText row;
+void DecodeRow(const ImageReader& record, RowText& row) {
   row.Add(record.PlusOne(0, 2)).Add(record.Plain(1));
   row.Add(record.Byte(2) == kUnsetByte ? "0" : record.PlusOne(2));
   row.Add(DecodeHex(record, 3)).Add(DecodeHex(record, 4));
   row.Add(DecodeTime(record, 5)).Add(DecodeTime(record, 7));
-  row.Add(record.Characters(9, kTextBytes, kNul)).Add(record.Characters(29, kTextBytes, kNul));
-  return row.str();
+  for (const int at : {9, 29}) row.AddCharacters(record.Bytes(at, kTextBytes), kNul);
 }
 
 }  // namespace
@@ -107,12 +105,14 @@ void EncodeRoute(const IniText& project, ImageWriter& image) {
 
 void DecodeRoute(const ImageReader& image, IniEdit& project) {
   StoreMax(project, kTable);
+  RowText row;
   for (int number = 1; number <= kRouteRows; ++number) {
     const ImageReader record = image.Record(number - 1, kRecord);
     if (record.Byte(0) == kUnsetByte) {
       project.DeleteKey(kTable.section, KeyOf(kTable, number));
     } else {
-      project.Set(kTable.section, KeyOf(kTable, number), DecodeRow(record));
+      DecodeRow(record, row.Clear());
+      project.Set(kTable.section, KeyOf(kTable, number), row.str());
     }
   }
 }

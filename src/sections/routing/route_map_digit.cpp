@@ -82,19 +82,14 @@ std::string ListText(const ImageReader& record) {
   return record.Byte(21) == kExtensionByte ? std::string(kExtension) : record.PlusOne(21, 2);
 }
 
-std::string DecodeShort(const ImageReader& record) {
-  RowText row;
-  row.Add(record.Characters(0, kMostDigits, kNul)).Add(record.Plain(20)).Add(ListText(record));
-  return row.str();
+void DecodeShort(const ImageReader& record, RowText& row) {
+  row.AddCharacters(record.Bytes(0, kMostDigits), kNul).Add(record.Plain(20)).Add(ListText(record));
 }
 
-std::string DecodeLong(const ImageReader& record) {
-  std::string pattern = record.Characters(0, kMostDigits, kNul);
-  std::replace(pattern.begin(), pattern.end(), kStarByte, '*');
-  std::replace(pattern.begin(), pattern.end(), kHashByte, '#');
-  RowText row;
-  row.Add(pattern).Add(record.Plain(20)).Add(ListText(record)).Add(record.Plain(22));
-  return row.str();
+void DecodeLong(const ImageReader& record, RowText& row) {
+  row.AddCharacters(record.Bytes(0, kMostDigits), kNul);
+  row.Replace(kStarByte, '*').Replace(kHashByte, '#');
+  row.Add(record.Plain(20)).Add(ListText(record)).Add(record.Plain(22));
 }
 
 }  // namespace
@@ -122,12 +117,13 @@ void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project) {
+  RowText row;
   for (int number = 1; number <= kRouteMapRows; ++number) {
     const std::string key = KeyOf(kTable, number);
-    const std::string value = project.Get(kTable.section, key);
-    const std::string_view row = Trim(value);
-    if (row.empty()) continue;
-    project.Set(kTable.section, key, std::string(row) + "|" + std::to_string(image.Byte(number - 1)));
+    const std::string_view held = Trim(project.View(kTable.section, key));
+    if (held.empty()) continue;
+    row.Clear().Add(held).Add(std::to_string(image.Byte(number - 1)));
+    project.Set(kTable.section, key, row.str());
   }
 }
 

@@ -77,10 +77,10 @@ void DecodeTblRoute(const ImageReader& image, IniEdit& project) {
   const int gateway = image.Byte(1);
   project.Set(kPidTable.section, kPidTable.key, std::to_string(pbx_id < kNoPbxId ? pbx_id : 0));
   project.Set(kGatewayTable.section, kGatewayTable.key, std::to_string(gateway < kNoGateway ? gateway : 0));
+  RowText row;
   for (int number = 1; number <= kLinkRows; ++number) {
     const auto byte = static_cast<std::uint64_t>(image.Byte(1 + number));
-    RowText row;
-    row.Add(DecToHex(byte % kHalf)).Add(DecToHex(byte / kHalf));
+    row.Clear().Add(DecToHex(byte % kHalf)).Add(DecToHex(byte / kHalf));
     project.Set(kTable.section, KeyOf(kTable, number), row.str());
   }
 }

@@ -1,6 +1,6 @@
 #include "sections/routing/tenan.h"
 
-#include <string>
+#include <array>
 
 #include "sections/rows.h"
 #include "store/value_code.h"
@@ -54,9 +54,11 @@ void EncodeMask(const IniText& project, const Table& table, int row, int missing
 }
 
 void DecodeMask(const ImageReader& image, int at, IniEdit& project, const Table& table, int row) {
-  std::string columns = DecToBin(static_cast<std::uint64_t>(image.RawWord(at)));
-  if (columns.size() < kColumnsOfValue) columns.insert(0, kColumnsOfValue - columns.size(), '0');
-  project.Set(table.section, KeyOf(table, table.rows.first + row - 1), columns);
+  const int word = image.RawWord(at);
+  std::array<char, kColumnsOfValue> columns = {};
+  for (int bit = 0; bit < kColumnsOfValue; ++bit)
+    columns[static_cast<std::size_t>(kColumnsOfValue - 1 - bit)] = (word >> bit & 1) != 0 ? '1' : '0';
+  project.Set(table.section, KeyOf(table, table.rows.first + row - 1), {columns.data(), columns.size()});
 }
 
 void StoreTenants(IniEdit& project, int count) {

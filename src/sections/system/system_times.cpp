@@ -85,12 +85,11 @@ void DecodeDayTime(const ImageReader& image, IniEdit& project) {
 }
 
 void DecodeNightTime(const ImageReader& image, IniEdit& project) {
+  RowText row;
   for (std::size_t i = 0; i < kWeekdayTables.size(); ++i) {
     const Table& weekday = kWeekdayTables[i];
-    const std::string held = project.Get(weekday.section, weekday.key);
-    const std::string_view day_time = GetField(held, kDayTime);
-    RowText row;
-    row.Add(day_time.empty() ? "0000" : day_time).Add(TimeAt(image, i));
+    const std::string_view day_time = GetField(project.View(weekday.section, weekday.key), kDayTime);
+    row.Clear().Add(day_time.empty() ? "0000" : day_time).Add(TimeAt(image, i));
     project.Set(weekday.section, weekday.key, row.str());
   }
 }
@@ -103,11 +102,10 @@ void EncodeWeekend(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeWeekend(const ImageReader& image, IniEdit& project) {
-  DecodeRows(image, project, kHolidays, kPair, [](const ImageReader& record) {
-    RowText row;
+  DecodeRows(image, project, kHolidays, kPair, [](const ImageReader& record, RowText& row) {
     row.Add(TwoDigitsAt(record, 1)).Add(TwoDigitsAt(record, 0));
     const bool free = row.str() == "F|F" || row.str() == "00|00";
-    return free ? std::string() : row.str();
+    if (free) row.Clear();
   });
 }
 
