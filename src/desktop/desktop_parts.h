@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/background_check.h"
 #include "desktop/io/code_page.h"
 #include "link/event_server.h"
 #include "link/port.h"
@@ -31,6 +32,7 @@ struct DesktopParts {
   KeepProject keep;              // before whatever replaces or saves a project
   std::string practice_program;  // path of the practice exchange
   std::string practice_folder;   // what it holds
+  BackgroundCheck check = {};
 };
 
 /** The window's own per-user settings, each named once. */

@@ -32,7 +32,7 @@ void MainWindow::Show(const FrameLook& look) {
   close_->setEnabled(look.can_close);
   versions_->setEnabled(look.has_commands);
   find_action_->setEnabled(look.has_commands);
-  if (!look.has_commands) find_->hide();
+  if (find_ != nullptr && !look.has_commands) find_->hide();
   tree_->ShowCommands(look.has_commands,
                       [this](const Command& command) { return frame_->IsOffered(command); });
   if (!look.has_commands) {

@@ -69,7 +69,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void FocusTree() { tree_->setFocus(Qt::ShortcutFocusReason); }
   void SwitchSides();
   void OpenTransfer();
-  void Find() { find_->Open(); }
+  void Find();
   void EarlierVersions();
   bool IsOffered(const Place& place) const;
   void ShowPractice();
@@ -95,7 +95,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QStackedWidget* pane_ = nullptr;
   StartPane* start_ = nullptr;
   OverviewPane* overview_ = nullptr;
-  FindDialog* find_ = nullptr;
+  FindDialog* find_ = nullptr;  // made when it is first asked for
   PracticeProcess practice_;
   bool wants_practice_ = false;  // the open project is to connect to it as soon as it is ready
   std::string new_file_;         // chosen last

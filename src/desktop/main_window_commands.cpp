@@ -29,6 +29,16 @@ bool MainWindow::GoTo(const Place& place) {
   return true;
 }
 
+void MainWindow::Find() {
+  if (find_ == nullptr) {
+    find_ = new FindDialog(parts_,
+                           {.is_offered = [this](const Place& place) { return IsOffered(place); },
+                            .go = [this](const Place& place) { return GoTo(place); }},
+                           this);
+  }
+  find_->Open();
+}
+
 void MainWindow::EarlierVersions() {
   // An open form would write its older rows over what is brought back: it is saved and closed first.
   if (!parts_.state.ActiveFormName.empty() &&

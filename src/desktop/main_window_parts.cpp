@@ -4,10 +4,10 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolBar>
 
 #include "desktop/colours.h"
+#include "desktop/icons.h"
 #include "desktop/main_window.h"
 #include "desktop/shown_text.h"
 
@@ -15,11 +15,6 @@ namespace tarvok {
 namespace {
 
 constexpr int kSecond_ms = 1000;
-
-/** The desktop's icon of that name, or the style's own where the desktop has none. */
-QIcon StandardIcon(const QWidget* widget, const char* name, QStyle::StandardPixmap own) {
-  return QIcon::fromTheme(QString::fromLatin1(name), widget->style()->standardIcon(own));
-}
 
 }  // namespace
 
@@ -34,19 +29,15 @@ QAction* MainWindow::MakeAction(const QString& name, const QString& text, const 
 }
 
 void MainWindow::MakeActions() {
-  const auto icon = [this](const char* name, QStyle::StandardPixmap own) {
-    return StandardIcon(this, name, own);
-  };
   new_ = MakeAction(QStringLiteral("mnu_New"), QStringLiteral("&New"), {QKeySequence::New},
-                    icon("document-new", QStyle::SP_FileIcon), &MainWindow::New);
+                    IconOf(Picture::kNewProject), &MainWindow::New);
   open_ = MakeAction(QStringLiteral("mnu_open"), QStringLiteral("&Open"), {QKeySequence::Open},
-                     icon("document-open", QStyle::SP_DialogOpenButton), &MainWindow::Open);
+                     IconOf(Picture::kOpenProject), &MainWindow::Open);
   close_ =
       MakeAction(QStringLiteral("mnu_close"), QStringLiteral("&Close"), {QKeySequence(Qt::CTRL | Qt::Key_W)},
-                 icon("window-close", QStyle::SP_DirClosedIcon), &MainWindow::CloseProject);
-  exit_ =
-      MakeAction(QStringLiteral("mnu_exit"), QStringLiteral("E&xit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)},
-                 icon("application-exit", QStyle::SP_DialogCancelButton), &MainWindow::Exit);
+                 IconOf(Picture::kCloseProject), &MainWindow::CloseProject);
+  exit_ = MakeAction(QStringLiteral("mnu_exit"), QStringLiteral("E&xit"),
+                     {QKeySequence(Qt::CTRL | Qt::Key_Q)}, IconOf(Picture::kExit), &MainWindow::Exit);
   help_ = MakeAction(QStringLiteral("mnu_help"), QStringLiteral("&Help for this form"),
                      {QKeySequence(Qt::Key_F1)}, {}, &MainWindow::Help);
   versions_ = MakeAction(QStringLiteral("mnu_versions"), QStringLiteral("Earlier &Versions..."), {}, {},
@@ -125,7 +116,7 @@ void MainWindow::MakeToolBar() {
   QToolBar* bar = addToolBar(QStringLiteral("Toolbar"));
   bar->setObjectName(QStringLiteral("Toolbar1"));
   bar->setAccessibleName(QStringLiteral("Toolbar"));
-  constexpr int kIcon = 16;  // the size that all of the style's own icons have
+  constexpr int kIcon = 16;
   bar->setIconSize({kIcon, kIcon});
   bar->setMovable(false);
   bar->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -166,10 +157,6 @@ void MainWindow::MakePanes() {
                                         .use_practice = [this] { UsePractice(); },
                                         .is_offered = [this](const Place& place) { return IsOffered(place); },
                                         .go = [this](const Place& place) { GoTo(place); }});
-  find_ = new FindDialog(parts_,
-                         {.is_offered = [this](const Place& place) { return IsOffered(place); },
-                          .go = [this](const Place& place) { return GoTo(place); }},
-                         this);
   practice_.set_on_change([this] { ShowPractice(); });
   pane_->addWidget(start_);
   pane_->addWidget(overview_);

@@ -17,9 +17,10 @@ namespace tarvok {
 namespace {
 
 constexpr int kMargin = 24;
+constexpr double kLarge = 1.7;  // of the usual letters: the name of the project, and its counts
 
-/** A number that people look for, large, above what it counts. */
-QWidget* MakeTile(const QString& title, QLabel*& number) {
+/** What a count is called, the count in large letters, and what stands behind it. */
+QWidget* MakeTile(const QString& title, OverviewPane::Tile& shown) {
   auto* tile = new QFrame;
   tile->setFrameShape(QFrame::StyledPanel);
   tile->setBackgroundRole(QPalette::Base);
@@ -27,16 +28,17 @@ QWidget* MakeTile(const QString& title, QLabel*& number) {
   auto* layout = new QVBoxLayout(tile);
   layout->setContentsMargins(14, 10, 14, 10);
   layout->setSpacing(2);
-  number = new QLabel;
-  number->setTextFormat(Qt::RichText);
-  number->setAccessibleName(title);
+  shown.number = MakeHeading(new QLabel, kLarge);
+  shown.number->setAccessibleName(title);
+  shown.behind = new QLabel;
+  for (QLabel* label : {shown.number, shown.behind}) label->setTextFormat(Qt::PlainText);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(6);
+  line->addWidget(shown.number, 0, Qt::AlignBaseline);
+  line->addWidget(shown.behind, 1, Qt::AlignBaseline);
   layout->addWidget(MakeMuted(new QLabel(title)));
-  layout->addWidget(number);
+  layout->addLayout(line);
   return tile;
-}
-
-QString Large(int count, const QString& behind) {
-  return QStringLiteral("<span style='font-size:18pt; font-weight:600'>%1</span> %2").arg(count).arg(behind);
 }
 
 /** A spot of a family's colour, which follows light and dark. */
@@ -69,7 +71,7 @@ OverviewPane::OverviewPane(DesktopParts& parts, Commands commands)
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSpacing(8);
-  name_ = MakeHeading(new QLabel, 1.7);
+  name_ = MakeHeading(new QLabel, kLarge);
   folder_ = MakeMuted(new QLabel);
   problem_ = new QLabel;
   problem_->setObjectName(QStringLiteral("Problem"));
@@ -139,14 +141,13 @@ void OverviewPane::ShowProject() {
   const ProjectSummary summary = Summarize(*project);
   rack_->ShowSummary(summary);
   rack_hint_->setVisible(summary.ports == 0);
-  ports_->setText(
-      Large(summary.ports,
-            QStringLiteral("of %1, %2 free").arg(kPortRows).arg(summary.ports - summary.ports_used)));
-  numbers_->setText(Large(summary.numbers, QStringLiteral("of %1").arg(kAssignRows)));
-  trunks_->setText(Large(summary.trunks, summary.groups_out == 1
-                                             ? QStringLiteral("and 1 group out")
-                                             : QStringLiteral("and %1 groups out").arg(summary.groups_out)));
-  groups_->setText(Large(summary.hunt_groups, {}));
+  ports_.Show(summary.ports,
+              QStringLiteral("of %1, %2 free").arg(kPortRows).arg(summary.ports - summary.ports_used));
+  numbers_.Show(summary.numbers, QStringLiteral("of %1").arg(kAssignRows));
+  trunks_.Show(summary.trunks, summary.groups_out == 1
+                                   ? QStringLiteral("and 1 group out")
+                                   : QStringLiteral("and %1 groups out").arg(summary.groups_out));
+  groups_.Show(summary.hunt_groups, {});
 
   ShowConnection(*project);
   ShowFindings(project);

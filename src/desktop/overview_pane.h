@@ -27,6 +27,17 @@ class OverviewPane : public QScrollArea {
     std::function<void(const Place&)> go;
   };
 
+  /** A count that people look for. */
+  struct Tile {
+    QLabel* number = nullptr;
+    QLabel* behind = nullptr;
+
+    void Show(int count, const QString& text) {
+      number->setText(QString::number(count));
+      behind->setText(text);
+    }
+  };
+
   OverviewPane(DesktopParts& parts, Commands commands);
 
   /** Reads the open project afresh; one that went away meanwhile is told in its place. */
@@ -50,10 +61,10 @@ class OverviewPane : public QScrollArea {
   QLabel* problem_ = nullptr;
   QLabel* rack_hint_ = nullptr;
   RackView* rack_ = nullptr;
-  QLabel* ports_ = nullptr;
-  QLabel* numbers_ = nullptr;
-  QLabel* trunks_ = nullptr;
-  QLabel* groups_ = nullptr;
+  Tile ports_;
+  Tile numbers_;
+  Tile trunks_;
+  Tile groups_;
   QLabel* connection_ = nullptr;
   QLabel* last_transfer_ = nullptr;
   QLabel* findings_text_ = nullptr;

@@ -9,7 +9,6 @@
 #include "desktop/last_transfer.h"
 #include "desktop/overview_pane.h"
 #include "desktop/shown_text.h"
-#include "sections/check.h"
 #include "sections/places.h"
 #include "sections/row_fields.h"
 #include "shell/connection_settings.h"
@@ -102,7 +101,8 @@ void OverviewPane::ShowFindings(const std::shared_ptr<const IniText>& project) {
   if (checked_ == project) return;
   checked_ = project;
   const CodePage& page = PageOf(parts_.settings);
-  const std::vector<Finding> findings = IsProject(*project) ? CheckProject(*project) : std::vector<Finding>();
+  const std::vector<Finding> findings =
+      IsProject(*project) ? parts_.check.Findings(project) : std::vector<Finding>();
   findings_->clear();
   places_.clear();
   for (const Finding& finding : findings) {

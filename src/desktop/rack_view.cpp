@@ -23,10 +23,9 @@ constexpr double kLampPitch = 9;  // across; down the card they share its height
 constexpr double kLamp = 6;
 constexpr int kLampRows = 16;  // more ports than two columns hold take more columns
 
-QFont SmallFont(const QFont& font, bool bold) {
+QFont SmallFont(const QFont& font) {
   QFont small = font;
   small.setPointSizeF(std::max(7.0, font.pointSizeF() * 0.85));
-  small.setBold(bold);
   return small;
 }
 
@@ -107,7 +106,7 @@ void RackView::paintEvent(QPaintEvent*) {
 void RackView::PaintSlot(QPainter& painter, int slot) const {
   const QRectF area = SlotRect(slot);
   const CardSummary& card = summary_.slots[static_cast<std::size_t>(slot)];
-  painter.setFont(SmallFont(font(), false));
+  painter.setFont(SmallFont(font()));
   painter.setPen(MutedText(palette()));
   painter.drawText(QRectF(area.left(), area.top() - 2, area.width(), kHead), Qt::AlignCenter,
                    QString::number(slot + 1));
@@ -135,7 +134,7 @@ void RackView::PaintCard(QPainter& painter, const QRectF& body, const CardSummar
   const QRectF inside = body.adjusted(5, kStripe + 6, -3, -kFoot);
   PaintLamps(painter, inside, card);
 
-  painter.setFont(SmallFont(font(), true));
+  painter.setFont(SmallFont(font()));
   painter.setPen(palette().color(QPalette::Text));
   painter.save();
   const double label_width = QFontMetricsF(painter.font()).height();
@@ -145,7 +144,7 @@ void RackView::PaintCard(QPainter& painter, const QRectF& body, const CardSummar
                    Words(card.label));
   painter.restore();
 
-  painter.setFont(SmallFont(font(), false));
+  painter.setFont(SmallFont(font()));
   painter.setPen(MutedText(palette()));
   painter.drawText(QRectF(body.left(), body.bottom() - kFoot, body.width(), kFoot), Qt::AlignCenter,
                    QStringLiteral("%1/%2").arg(card.ports_used()).arg(card.ports()));

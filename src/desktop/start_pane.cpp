@@ -3,9 +3,9 @@
 #include <utility>
 
 #include <QFileInfo>
-#include <QStyle>
 
 #include "desktop/headings.h"
+#include "desktop/icons.h"
 #include "desktop/shown_text.h"
 
 namespace tarvok {
@@ -15,9 +15,9 @@ constexpr int kMargin = 32;
 constexpr int kColumn = 560;     // wider lines are hard to read
 constexpr int kTextIndent = 36;  // below the texts of the buttons
 
-QCommandLinkButton* MakeButton(const QString& text, const QString& description, QStyle::StandardPixmap icon) {
+QCommandLinkButton* MakeButton(const QString& text, const QString& description, Picture picture) {
   auto* button = new QCommandLinkButton(text, description);
-  button->setIcon(button->style()->standardIcon(icon));
+  button->setIcon(IconOf(picture));
   button->setAccessibleDescription(description);
   return button;
 }
@@ -29,6 +29,14 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
   setAccessibleName(QStringLiteral("Start"));
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+}
+
+void StartPane::showEvent(QShowEvent* event) {
+  if (widget() == nullptr) Make();
+  QScrollArea::showEvent(event);
+}
+
+void StartPane::Make() {
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -37,13 +45,13 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
       MakeMuted(new QLabel(QStringLiteral("A project holds the whole configuration of one exchange."))));
   layout->addSpacing(12);
   auto* create = MakeButton(QStringLiteral("New project"),
-                            QStringLiteral("Starts from the supplied defaults"), QStyle::SP_FileIcon);
+                            QStringLiteral("Starts from the supplied defaults"), Picture::kNewProject);
   auto* open = MakeButton(QStringLiteral("Open project"), QStringLiteral("A PBX config file (*.tvk)"),
-                          QStyle::SP_DialogOpenButton);
+                          Picture::kOpenProject);
   practice_ =
       MakeButton(QStringLiteral("Start a practice exchange"),
                  QStringLiteral("To try everything without a real one; it runs on this computer alone"),
-                 QStyle::SP_ComputerIcon);
+                 Picture::kComputer);
   practice_->setObjectName(QStringLiteral("StartPractice"));
   connect(practice_, &QCommandLinkButton::clicked, this, [this] { commands_.start_practice(); });
   create->setObjectName(QStringLiteral("StartNew"));
@@ -61,7 +69,6 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
   practice_text_->setWordWrap(true);
   practice_text_->setMaximumWidth(kColumn);
   practice_text_->setContentsMargins(kTextIndent, 0, 0, 0);
-  practice_text_->hide();
   layout->addWidget(practice_text_);
   layout->addSpacing(20);
   layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Opened last")), 1.2));
@@ -72,16 +79,29 @@ StartPane::StartPane(Commands commands) : commands_(std::move(commands)) {
   layout->addWidget(recent_);
   layout->addStretch();
   setWidget(page);
+  ShowPractice();
+  ListRecentFiles();
 }
 
 void StartPane::ShowPractice(const QString& text, bool can_start) {
-  practice_text_->setText(text);
-  practice_text_->setVisible(!text.isEmpty());
-  practice_->setEnabled(can_start);
+  practice_state_ = text;
+  can_start_practice_ = can_start;
+  if (widget() != nullptr) ShowPractice();
+}
+
+void StartPane::ShowPractice() {
+  practice_text_->setText(practice_state_);
+  practice_text_->setVisible(!practice_state_.isEmpty());
+  practice_->setEnabled(can_start_practice_);
 }
 
 void StartPane::ShowRecentFiles(const std::vector<std::string>& paths) {
-  none_->setVisible(paths.empty());
+  paths_ = paths;
+  if (widget() != nullptr) ListRecentFiles();
+}
+
+void StartPane::ListRecentFiles() {
+  none_->setVisible(paths_.empty());
   // A click on an entry rebuilds the list while that entry's own signal is still on its way.
   for (QCommandLinkButton* old : recent_->findChildren<QCommandLinkButton*>()) {
     old->setObjectName({});
@@ -92,13 +112,13 @@ void StartPane::ShowRecentFiles(const std::vector<std::string>& paths) {
   auto* list = new QVBoxLayout(recent_);
   list->setContentsMargins(0, 0, 0, 0);
   list->setSpacing(0);
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    const QFileInfo info(PathText(paths[i]));
+  for (std::size_t i = 0; i < paths_.size(); ++i) {
+    const QFileInfo info(PathText(paths_[i]));
     const QString folder =
         fontMetrics().elidedText(FolderText(info.absolutePath()), Qt::ElideMiddle, kColumn - 80);
     const QString name = info.fileName();
     auto* button = MakeButton(QString(name).replace(QLatin1Char('&'), QStringLiteral("&&")), folder,
-                              QStyle::SP_FileIcon);
+                              Picture::kNewProject);
     button->setObjectName(QStringLiteral("Recent%1").arg(i + 1));
     button->setToolTip(info.absoluteFilePath());
     const int entry = static_cast<int>(i) + 1;

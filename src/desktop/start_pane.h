@@ -11,7 +11,8 @@
 
 namespace tarvok {
 
-/** The pane while no project is open: the projects opened last, New and Open. */
+/** The pane while no project is open: the projects opened last, New and Open. It is made when it is first seen, which
+ * a start with a project never does. */
 class StartPane : public QScrollArea {
  public:
   struct Commands {
@@ -28,8 +29,18 @@ class StartPane : public QScrollArea {
 
   void ShowRecentFiles(const std::vector<std::string>& paths);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
+  void Make();
+  void ShowPractice();
+  void ListRecentFiles();
+
   Commands commands_;
+  QString practice_state_;
+  bool can_start_practice_ = true;
+  std::vector<std::string> paths_;
   QCommandLinkButton* practice_ = nullptr;
   QLabel* practice_text_ = nullptr;
   QLabel* none_ = nullptr;

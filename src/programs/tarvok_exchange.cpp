@@ -95,6 +95,7 @@ void DescribeOptions(CLI::App& app, Options& options) {
 
 /** "" if the texts among the options are good, else what is wrong; fills what is made of them. */
 std::string Interpret(Options& options, LevelPasswords& passwords) {
+  if (options.store.empty()) return "--store: the name of a folder is wanted";  // "" would be the root
   int level = 0;
   for (const std::string& digits : options.passwords) {
     const std::optional<PackedPassword> packed = PackPassword(digits);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "sections/field_check.h"
+#include "sections/places.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "sections/tables.h"
@@ -42,9 +43,6 @@ class TableCheck {
  private:
   void Add(std::string_view field, std::string what) {
     findings_.push_back({std::string(table_.section), key_, std::string(field), std::move(what)});
-  }
-  void AddIf(std::string_view field, std::string what) {
-    if (!what.empty()) Add(field, std::move(what));
   }
 
   void CheckRow(int number) {
@@ -99,7 +97,7 @@ class TableCheck {
     }
     std::string wrong = WrongValue(*field, text);
     if (wrong.empty()) wrong = WrongTarget(project_, *field, text);
-    AddIf(NameOf(row, n), std::move(wrong));
+    if (!wrong.empty()) Add(NameOf(row, n), std::move(wrong));
   }
 
   void CheckMembers(const RowFields& row) {
@@ -175,7 +173,8 @@ class TableCheck {
     for (const std::string_view count : table_.counts) {
       key_ = count;
       const std::string_view text = Trim(project_.Get(table_.section, count));
-      if (!text.empty()) AddIf(kRow, WrongValue(Number(kRow, 0, kMostCount), text));
+      std::string wrong = text.empty() ? std::string() : WrongValue(Number(kRow, 0, kMostCount), text);
+      if (!wrong.empty()) Add(kRow, std::move(wrong));
     }
     key_ = kNowKey;
     const std::int64_t now = Val(project_.Get(table_.section, kNowKey));
@@ -200,37 +199,30 @@ class TableCheck {
   std::vector<std::map<std::string, std::string>> seen_;  // by rule: what is claimed, and by which key
 };
 
-/** The keys that statements give to each section, all names folded. */
-std::map<std::string, std::set<std::string>> KnownKeys() {
-  std::map<std::string, std::set<std::string>> known;
-  for (const Table* table : Tables()) {
-    std::set<std::string>& keys = known[FoldName(table->section)];
-    if (table->single()) {
-      keys.insert(FoldName(table->key));
-      continue;
-    }
-    const int last = std::max(table->rows.last, table->rows.kept);
-    for (int number = table->rows.first; number <= last; ++number)
-      keys.insert(FoldName(KeyOf(*table, number)));
-    for (const std::string_view count : table->counts) keys.insert(FoldName(count));
-  }
-  return known;
+/** A key that a statement gives to the section. */
+bool IsStated(std::string_view section, std::string_view key) {
+  if (FindRow(section, key)) return true;
+  const auto tables = Tables();
+  return std::any_of(tables.begin(), tables.end(), [&](const Table* table) {
+    const auto is_key = [key](std::string_view count) { return SameName(count, key); };
+    return SameName(table->section, section) && !table->single() &&
+           std::any_of(table->counts.begin(), table->counts.end(), is_key);
+  });
 }
 
 void CheckNames(const IniText& project, std::vector<Finding>& findings) {
-  const auto known = KnownKeys();
+  const auto tables = Tables();
   for (const std::string_view section : project.Sections()) {
     if (SameName(section, kHeaderSection)) continue;
-    const auto keys = known.find(FoldName(section));
-    if (keys == known.end()) {
+    const auto is_section = [section](const Table* table) { return SameName(table->section, section); };
+    if (std::none_of(tables.begin(), tables.end(), is_section)) {
       findings.push_back({std::string(section), "-", "section", "is no section of a project"});
       continue;
     }
     for (const IniText::Key& key : project.Keys(section)) {
-      if (!keys->second.contains(FoldName(key.name))) {
-        findings.push_back(
-            {std::string(section), std::string(key.name), std::string(kRow), "is no row of this section"});
-      }
+      if (IsStated(section, key.name)) continue;
+      findings.push_back(
+          {std::string(section), std::string(key.name), std::string(kRow), "is no row of this section"});
     }
   }
 }

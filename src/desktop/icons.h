@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+
+namespace tarvok {
+
+/** The program's own pictures: lines in the colour of the text, so that they follow light and dark and every scale. */
+enum class Picture { kNewProject, kOpenProject, kCloseProject, kExit, kComputer };
+
+QIcon IconOf(Picture picture);
+
+}  // namespace tarvok
