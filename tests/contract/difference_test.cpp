@@ -5,6 +5,7 @@
 #include "store/field_list.h"
 #include "store/ini_edit.h"
 #include "tests/contract/statement_values.h"
+#include "tests/source_file.h"
 
 namespace tarvok::test {
 namespace {
@@ -78,7 +79,7 @@ TEST(Difference, TellsEachChangeInWords) {
       {"Chk_Tarvok", "By", 0, "1", "Chk_Tarvok By: 4 -> 1"},
       {"Nonsense", "key", 0, "x", "Nonsense key: new x"},
   };
-  const IniText hotel(Hotel());
+  const IniText hotel(SourceFile("/examples/hotel.tvk"));
   for (const auto& c : cases) {
     IniEdit edit(hotel);
     edit.Set(c.section, c.key,

@@ -68,23 +68,16 @@ TEST(Search, EveryFieldOfEveryTableHasAFormAndItsRowIsFoundAgain) {
 }
 
 TEST(Search, PlacesOfFindings) {
-  const struct {
-    const char* section;
-    const char* key;
-    const char* field;
-    int row;
-    int column;
-    const char* command;
-  } cases[] = {
+  const std::tuple<const char*, const char*, const char*, int, int, const char*> cases[] = {
       {"Port_Def", "012", "row", 12, 0, "portdefine"},  {"port_def", "012", "Busy", 12, 13, "callforward"},
       {"Port_Def", "9999", "row", 0, 0, "portdefine"},  {"HuntGroup", "01", "Member 3", 1, 3, "groupofhunt"},
-      {"SystemConfig", "Now", "row", 0, 0, "pabxmode"}, {"MyNotes", "x", "row", 0, 0, nullptr}};
-  for (const auto& c : cases) {
-    const Place place = PlaceOf(c.section, c.key, c.field);
-    EXPECT_EQ(place.row, c.row) << c.section << c.key;
-    EXPECT_EQ(place.field, c.column) << c.section << c.key;
-    const Command* command = CommandOf(place);
-    EXPECT_EQ(command == nullptr ? "" : command->key, c.command == nullptr ? "" : c.command) << c.section;
+      {"SystemConfig", "Now", "row", 0, 0, "pabxmode"}, {"MyNotes", "x", "row", 0, 0, ""}};
+  for (const auto& [section, key, field, row, column, command] : cases) {
+    const Place place = PlaceOf(section, key, field);
+    EXPECT_EQ(place.row, row) << section << key;
+    EXPECT_EQ(place.field, column) << section << key;
+    const Command* found = CommandOf(place);
+    EXPECT_EQ(found == nullptr ? "" : found->key, command) << section;
   }
 }
 

@@ -9,6 +9,7 @@
 #include "store/field_list.h"
 #include "tests/contract/statement_values.h"
 #include "tests/sections/coder_case.h"
+#include "tests/source_file.h"
 
 namespace tarvok::test {
 namespace {
@@ -33,31 +34,6 @@ void ForEachSentLayout(Take take) {
 std::string NameOf(const Table& table, int n) {
   const std::size_t index = table.repeats ? 0 : static_cast<std::size_t>(n) - 1;
   return std::string(table.section).append(" ").append(table.fields[index].name);
-}
-
-TEST(SectionContract, EveryImageHasItsSizeAndNoError) {
-  const std::string hotel = Hotel();
-  ASSERT_FALSE(hotel.empty());
-  ForEachSentLayout([&](int section, const Layout& layout) {
-    std::vector<std::string> projects = {"", hotel};
-    for (const Table* table : TablesOf(section)) {
-      const std::string full = FullRow(*table);
-      std::vector<std::string> rows = {full, "F"};
-      if (!table->whole_value() && !table->repeats) {
-        std::string blank = "F";
-        for (std::size_t i = 1; i < table->fields.size(); ++i) blank += "|F";
-        rows.insert(rows.end(),
-                    {blank, full + "|", full + "|1|2", full.substr(0, full.find('|')), "F|F", "||"});
-      }
-      const std::vector<int> ends = {table->rows.first, std::max(table->rows.last, table->rows.first)};
-      for (const std::string& row : rows) projects.push_back(ProjectOf(*table, ends, row));
-    }
-    for (const std::string& project : projects) {
-      const ImageWriter image = Encoded(layout.encode, layout.size, project);
-      EXPECT_EQ(image.size(), layout.size);
-      EXPECT_EQ(image.error(), "") << project.substr(0, 300);
-    }
-  });
 }
 
 /** Sections whose rows share a pool, so that one row moves those behind it. */
@@ -305,7 +281,7 @@ std::string FullProject() {
 }
 
 TEST(SectionContract, RoundTripsChangeNothingMore) {
-  const IniText hotel(Hotel());
+  const IniText hotel(SourceFile("/examples/hotel.tvk"));
   const IniText full(FullProject());
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
     std::vector<Images> starts = {Send(version, hotel), Send(version, full)};

@@ -1,7 +1,5 @@
 #include "tests/contract/statement_values.h"
 
-#include <fstream>
-#include <iterator>
 #include <map>
 
 #include "sections/ports/account.h"
@@ -135,11 +133,6 @@ std::vector<const Table*> TablesOf(int section) {
   }
   const auto found = tables.find(section);
   return found == tables.end() ? std::vector<const Table*>{} : found->second;
-}
-
-std::string Hotel() {
-  std::ifstream file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace tarvok::test

@@ -28,7 +28,4 @@ std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const
 /** The tables whose keys the coders of a section read and write. */
 std::vector<const Table*> TablesOf(int section);
 
-/** The example that is supplied with the system. */
-std::string Hotel();
-
 }  // namespace tarvok::test

@@ -5,54 +5,30 @@
 #include <QFileDialog>
 #include <QLineEdit>
 
+#include "exchange/port_on_port.h"
+#include "tests/simulation/virtual_line.h"
+
 namespace tarvok::test {
 namespace {
 
 constexpr int kStep_ms = 5;
 constexpr int kMostTries = 2000;
 
-/** A connection that never comes about. */
-class ConnectingPort : public Port {
- public:
-  PortState state() const override { return PortState::kConnecting; }
-  std::string error() const override { return {}; }
-  bool Send(std::span<const std::uint8_t>) override { return false; }
-  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
-  void Discard() override {}
-  void Close() override {}
-};
-
-/** A line with nobody at its end. */
-class DeadPort : public ConnectingPort {
- public:
-  PortState state() const override { return PortState::kOpen; }
-  bool Send(std::span<const std::uint8_t>) override { return true; }
-};
-
 /** A line that is lost behind the first pack of a section that is read. */
-class LosingPort : public Port {
+class LosingPort : public PortOnPort {
  public:
-  explicit LosingPort(std::unique_ptr<Port> line) : line_(std::move(line)) {
-    line_->set_on_bytes([this](std::span<const std::uint8_t> bytes) {
-      constexpr std::size_t kFirstPack = 64;
-      constexpr std::size_t kCode = 3;
-      if (lost_) return;
-      lost_ = bytes.size() >= kFirstPack && bytes[kCode] == kSectionCode;
-      GiveBytes(lost_ ? bytes.first(kFirstPack) : bytes);
-    });
-    line_->set_on_closed([this](std::string_view reason) { GiveClosed(reason); });
-  }
-  PortState state() const override { return line_->state(); }
-  std::string error() const override { return line_->error(); }
-  bool Send(std::span<const std::uint8_t> bytes) override { return line_->Send(bytes); }
-  PortAnswer SetControlLines(bool dtr, bool rts) override { return line_->SetControlLines(dtr, rts); }
-  void Discard() override { line_->Discard(); }
-  void Close() override { line_->Close(); }
+  using PortOnPort::PortOnPort;
 
  private:
-  static constexpr std::uint8_t kSectionCode = 0x82;
+  void OnBytes(std::span<const std::uint8_t> bytes) override {
+    constexpr std::uint8_t kSectionCode = 0x82;
+    constexpr std::size_t kFirstPack = 64;
+    constexpr std::size_t kCode = 3;
+    if (lost_) return;
+    lost_ = bytes.size() >= kFirstPack && bytes[kCode] == kSectionCode;
+    GiveBytes(lost_ ? bytes.first(kFirstPack) : bytes);
+  }
 
-  std::unique_ptr<Port> line_;
   bool lost_ = false;
 };
 
@@ -66,12 +42,6 @@ class ShownForm : public PaneForm {
  private:
   std::vector<Place>& gone_to_;
 };
-
-std::filesystem::path NewFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "tarvok-desktop-XXXXXX").string();
-  EXPECT_NE(::mkdtemp(pattern.data()), nullptr);
-  return pattern;
-}
 
 LevelPasswords PasswordsOf(const std::string& level_1) {
   LevelPasswords passwords;
@@ -107,8 +77,7 @@ void Script::Run() {
 }
 
 DesktopBench::DesktopBench(Line line, const std::string& password)
-    : folder(NewFolder()),
-      project((folder / "hotel.tvk").string()),
+    : project((folder / "hotel.tvk").string()),
       parts{.events = events,
             .ports = *this,
             .store = store,
@@ -156,15 +125,18 @@ bool DesktopBench::MakeFolder(const std::string& path) {
 DesktopBench::~DesktopBench() {
   frame.reset();
   window.reset();
-  std::filesystem::remove_all(folder);
 }
 
 std::unique_ptr<Port> DesktopBench::OpenSerial(int, const LineSettings&) {
-  return std::make_unique<DeadPort>();
+  return std::make_unique<VirtualPort>(events);  // a line with nobody at its end
 }
 
 std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const std::string& port) {
-  if (line_ == Line::kConnecting) return std::make_unique<ConnectingPort>();
+  if (line_ == Line::kConnecting) {
+    auto never_open = std::make_unique<VirtualPort>(events);
+    never_open->set_state(PortState::kConnecting);
+    return never_open;
+  }
   if (line_ == Line::kExchange) return real_ports.ConnectTcp(host, port);
   if (line_ == Line::kLostInReading) return std::make_unique<LosingPort>(real_ports.ConnectTcp(host, port));
   auto nobody =
@@ -183,6 +155,12 @@ void DesktopBench::ClickCommand(std::string_view key) {
     const QRect row = tree->visualItemRect(tree->topLevelItem(0)->child(i));
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, row.center());
   }
+}
+
+void DesktopBench::Do(std::string_view command, std::vector<Script::Step> steps) {
+  const Script script(std::move(steps));
+  ClickCommand(command);
+  EXPECT_TRUE(script.finished());
 }
 
 void DesktopBench::Press(Qt::Key key) {

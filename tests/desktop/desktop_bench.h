@@ -21,6 +21,7 @@
 #include "exchange/practice_exchange.h"
 #include "platform/posix_file_system.h"
 #include "tests/desktop/memory_settings.h"
+#include "tests/temp_folder.h"
 
 namespace tarvok::test {
 
@@ -66,6 +67,7 @@ class DesktopBench : public PortMaker {
     kExchange,
     kSilent,
     kConnecting,
+    kModem,          // as the project is set: a serial port with nobody there
     kLostInReading,  // nothing comes any more behind the first pack of a section that is read
   };
   /** What the test's own form of "1 - Setup Number" was asked to show. */
@@ -78,7 +80,12 @@ class DesktopBench : public PortMaker {
   std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) override;
 
   std::string Value(std::string_view key) { return store.GetIniValue(project, "Chk_Tarvok", key); }
+  void Put(std::string_view key, std::string_view value) {
+    EXPECT_TRUE(store.SetIniValue(project, "Chk_Tarvok", key, value).ok());
+  }
   void ClickCommand(std::string_view key);
+  /** Opens a modal form by its command and does the steps in it; they must leave it. */
+  void Do(std::string_view command, std::vector<std::function<bool()>> steps);
   /** A key with Ctrl, wherever the focus is. */
   void Press(Qt::Key key);
   template <typename Widget>
@@ -86,7 +93,8 @@ class DesktopBench : public PortMaker {
     return window->findChild<Widget*>(QString::fromLatin1(name));
   }
 
-  std::filesystem::path folder;
+  const TempFolder in;
+  const std::filesystem::path folder = in.path();
   std::string project;
   MemorySettings settings;
   PosixFileSystem files;
@@ -111,6 +119,15 @@ class DesktopBench : public PortMaker {
  private:
   Line line_;
   std::vector<std::unique_ptr<Port>> silent_;
+};
+
+/** The same with the project open. */
+class OpenedBench : public DesktopBench {
+ public:
+  explicit OpenedBench(Line line = Line::kExchange, const std::string& password = {})
+      : DesktopBench(line, password) {
+    frame->OpenProject(project);
+  }
 };
 
 /** The modal window in front, if it has that name; a message box without one is "box". */

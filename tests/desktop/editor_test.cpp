@@ -7,8 +7,10 @@
 #include <QTableView>
 
 #include "desktop/forms/editor_page.h"
+#include "sections/difference.h"
 #include "store/field_list.h"
 #include "tests/desktop/desktop_bench.h"
+#include "tests/expect_keys.h"
 
 namespace tarvok::test {
 namespace {
@@ -16,7 +18,9 @@ namespace {
 /** The window on the hotel with every editor there is. */
 class EditorDesk {
  public:
-  EditorDesk() {
+  /** `project` is one that is open elsewhere, too; without it the desk has its own. */
+  explicit EditorDesk(const std::string& project = {}) {
+    if (!project.empty()) bench.project = project;
     std::map<std::string_view, FormFactory> forms;
     for (const Editor* editor : Editors())
       forms[editor->key] = MakeEditorFactory(bench.parts, *editor, *bench.window);
@@ -63,12 +67,8 @@ TEST(EditorPage, CellsAreTypedPastedUndoneAndSaved) {
   EXPECT_TRUE(desk.bench.state.DataChanged);
   desk.Click("cmdOK");
   EXPECT_EQ(desk.Table(), nullptr);
-  EXPECT_EQ(desk.Get("LinkTrunk", "03"), "123");
-  EXPECT_EQ(desk.Get("LinkTrunk", "04"), "45");
-  EXPECT_EQ(desk.Get("LinkTrunk", "05"), "7");
-  EXPECT_EQ(desk.Get("LinkTrunk", "06"), "");
-  EXPECT_EQ(desk.Get("LinkTrunk", "07"), "8");
-  EXPECT_EQ(desk.Get("LinkTrunk", "09"), "");
+  ExpectKeys(*desk.bench.store.Snapshot(desk.bench.project),
+             "[LinkTrunk]\n03=123\n04=45\n05=7\n06=\n07=8\n09=\n");
   EXPECT_FALSE(desk.bench.history.Versions(desk.bench.project).value().empty());
 }
 
@@ -180,6 +180,33 @@ TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
     for (int i = 0; i < 40; ++i) QTest::keyClick(matrix, Qt::Key_Right);
     QTest::keyClick(matrix, Qt::Key_Space);
     EXPECT_FALSE(page->form().Find({"cell", 1, 32})->on == (size.width() > 1000));
+  }
+}
+
+TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
+  EditorDesk first;
+  EditorDesk second(first.bench.project);
+  const IniText before(first.bench.store.Snapshot(first.bench.project)->bytes());
+  first.bench.ClickCommand("linktrunk");
+  first.GoTo(7, 1);
+  QTest::keyClicks(first.Table(), "123");
+  second.bench.ClickCommand("dialphone");
+  second.GoTo(9, 1);
+  QTest::keyClicks(second.Table(), "77");
+  first.Click("cmdOK");
+  std::vector<std::string> texts;
+  Script answer({AnswerBox(QMessageBox::Yes, &texts)});
+  second.Click("cmdOK");
+  EXPECT_TRUE(answer.finished());
+  EXPECT_THAT(texts, testing::ElementsAre(testing::HasSubstr("changed by another program")));
+  std::vector<std::string> changed;
+  for (const Difference& each : CompareProjects(before, *first.bench.store.Snapshot(first.bench.project)))
+    changed.push_back(each.row + ": " + each.after);
+  EXPECT_THAT(changed, testing::ElementsAre("Link Trunk 07: 123", "Key Dial Phone 09: 77"));
+  for (const auto& [desk, command, row, number] :
+       {std::tuple(&second, "linktrunk", 7, "123"), std::tuple(&first, "dialphone", 9, "77")}) {
+    desk->bench.ClickCommand(command);
+    EXPECT_EQ(desk->Table()->model()->index(row - 1, 0).data().toString(), QString::fromLatin1(number));
   }
 }
 

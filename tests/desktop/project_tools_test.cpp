@@ -57,17 +57,13 @@ class ProjectTools : public testing::Test {
 };
 
 TEST_F(ProjectTools, ALoadKeepsTheProjectAndItComesBack) {
-  Script send({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes), Password(),
-               AnswerBox(QMessageBox::Ok), ClickIn("frmConnect", "cmdCancel")});
-  bench.ClickCommand("connect");
-  ASSERT_TRUE(send.finished());
+  bench.Do("connect", {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes), Password(),
+                       AnswerBox(QMessageBox::Ok), ClickIn("frmConnect", "cmdCancel")});
   EXPECT_THAT(Text("LastTransfer"), HasSubstr("Send Data Config, to the exchange, finished, "));
   Put("Name", "002", "Suite");
   const std::string before = Bytes();
-  Script load({ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), Password(),
-               AnswerBox(QMessageBox::Yes), ClickIn("frmConnect", "cmdCancel")});
-  bench.ClickCommand("connect");
-  ASSERT_TRUE(load.finished());
+  bench.Do("connect", {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), Password(),
+                       AnswerBox(QMessageBox::Yes), ClickIn("frmConnect", "cmdCancel")});
   EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Data Config, from the exchange, finished, "));
   EXPECT_NE(Bytes(), before);
 
@@ -117,9 +113,7 @@ TEST_F(ProjectTools, WhatWillChangeComparesWithWhatTheExchangeGotLast) {
                                        AnswerBox(i == 0 ? QMessageBox::Yes : QMessageBox::No)};
     if (i == 0) steps.insert(steps.end(), {Password(), AnswerBox(QMessageBox::Ok)});
     steps.push_back(ClickIn("frmConnect", "cmdCancel"));
-    Script script(steps);
-    bench.ClickCommand("connect");
-    ASSERT_TRUE(script.finished()) << i;
+    bench.Do("connect", steps);
   }
   EXPECT_THAT(counts[0], HasSubstr("nothing to compare with"));
   EXPECT_THAT(counts[1], HasSubstr("has this configuration already"));

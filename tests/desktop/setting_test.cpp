@@ -1,3 +1,6 @@
+#include <grp.h>
+#include <unistd.h>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -12,9 +15,6 @@ namespace {
 
 class Settings : public testing::Test {
  protected:
-  void Put(const char* key, const char* value) {
-    ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", key, value).ok());
-  }
   void Open() {
     bench.state.ProjectFile = bench.project;
     dialog = std::make_unique<SettingDialog>(bench.parts, nullptr);
@@ -31,44 +31,38 @@ class Settings : public testing::Test {
 };
 
 TEST_F(Settings, FieldsDropWhatTheyDoNotTake) {
-  Put("IPHost", "box");
+  bench.Put("IPHost", "box");
   Open();
-  const struct {
-    const char* field;
-    const char* typed;
-    const char* stands;
-  } cases[] = {{"txtTel", "0-12,x3#", "012,3"}, {"txtHost", "1 0.a7", "10.7"}, {"txtPort", "4x0.01", "4001"}};
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"txtTel", "0-12,x3#", "012,3"}, {"txtHost", "1 0.a7", "10.7"}, {"txtPort", "4x0.01", "4001"}};
   auto* host = Get<QLineEdit>("txtHost");
   QTest::keyClick(host, Qt::Key_Backspace);
   EXPECT_EQ(host->text(), QStringLiteral("bo"));  // what was stored can be edited
   dialog.reset();
-  Put("IPHost", "");
+  bench.Put("IPHost", "");
   Open();
-  for (const auto& c : cases) {
-    auto* field = Get<QLineEdit>(c.field);
+  for (const auto& [name, typed, stands] : cases) {
+    auto* field = Get<QLineEdit>(name);
     field->clear();
-    QTest::keyClicks(field, QString::fromLatin1(c.typed));
-    EXPECT_EQ(field->text().toStdString(), c.stands) << c.field;
+    QTest::keyClicks(field, QString::fromLatin1(typed));
+    EXPECT_EQ(field->text().toStdString(), stands) << name;
     field->clear();
-    field->insert(QString::fromLatin1(c.typed));  // as a paste does
-    EXPECT_EQ(field->text().toStdString(), c.stands) << c.field;
+    field->insert(QString::fromLatin1(typed));  // as a paste does
+    EXPECT_EQ(field->text().toStdString(), stands) << name;
   }
 }
 
 TEST_F(Settings, OptionsShowTheirFrames) {
   Open();
-  const struct {
-    const char* option;
-    const char* frame;
-  } cases[] = {{"Option1(1)", "fraSettingSerial"},
-               {"Option1(2)", "fraSettingModem"},
-               {"Option1(3)", "fraSettingServer"},
-               {"Option1(4)", "fraSettingServer"},
-               {"Option1(0)", "fraSettingServer"}};
-  for (const auto& c : cases) {
-    Click(c.option);
+  const std::pair<const char*, const char*> cases[] = {{"Option1(1)", "fraSettingSerial"},
+                                                       {"Option1(2)", "fraSettingModem"},
+                                                       {"Option1(3)", "fraSettingServer"},
+                                                       {"Option1(4)", "fraSettingServer"},
+                                                       {"Option1(0)", "fraSettingServer"}};
+  for (const auto& [option, shown] : cases) {
+    Click(option);
     for (const char* frame : {"fraSettingSerial", "fraSettingModem", "fraSettingServer"}) {
-      EXPECT_EQ(Get<QWidget>(frame)->isVisible(), frame == std::string(c.frame)) << c.option;
+      EXPECT_EQ(Get<QWidget>(frame)->isVisible(), frame == std::string(shown)) << option;
     }
   }
   EXPECT_FALSE(Get<QWidget>("fraInputID")->isVisible());
@@ -77,22 +71,18 @@ TEST_F(Settings, OptionsShowTheirFrames) {
 }
 
 TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
-  const struct {
-    const char* key;
-    const char* before;
-    const char* after;
-  } keys[] = {{"Port", "", "1"},
-              {"PortM", "9", "9"},
-              {"BPS", "9600,n,8,1", "9600,n,8,1"},
-              {"By", "7", "7"},
-              {"DCPU", "2", "2"},
-              {"PID", "15", "15"},
-              {"CID", "-1", "3"},
-              {"CUT", "64", "64"},
-              {"Tel", "", ""},
-              {"compare", "1", "1"},
-              {"IPHost", "1.2.3.4", "1.2.3.4"}};
-  for (const auto& key : keys) Put(key.key, key.before);
+  const std::tuple<const char*, const char*, const char*> keys[] = {{"Port", "", "1"},
+                                                                    {"PortM", "9", "9"},
+                                                                    {"BPS", "9600,n,8,1", "9600,n,8,1"},
+                                                                    {"By", "7", "7"},
+                                                                    {"DCPU", "2", "2"},
+                                                                    {"PID", "15", "15"},
+                                                                    {"CID", "-1", "3"},
+                                                                    {"CUT", "64", "64"},
+                                                                    {"Tel", "", ""},
+                                                                    {"compare", "1", "1"},
+                                                                    {"IPHost", "1.2.3.4", "1.2.3.4"}};
+  for (const auto& [key, before, after] : keys) bench.Put(key, before);
   Open();
   EXPECT_EQ(bench.Value("Port"), "1");  // written back at once
   EXPECT_TRUE(Get<QRadioButton>("Option1(0)")->isChecked());
@@ -101,7 +91,7 @@ TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   QTest::keyClick(Get<QComboBox>("cmbCard"), Qt::Key_3);
   QTest::keyClick(Get<QLineEdit>("txtPort"), Qt::Key_Return);  // Enter applies
   EXPECT_FALSE(dialog->isVisible());
-  for (const auto& key : keys) EXPECT_EQ(bench.Value(key.key), key.after) << key.key;
+  for (const auto& [key, before, after] : keys) EXPECT_EQ(bench.Value(key), after) << key;
 
   Open();
   Click("Option1(1)");
@@ -119,6 +109,47 @@ TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   EXPECT_EQ(bench.Value("CUT"), "1");
   EXPECT_EQ(bench.Value("Port"), "2");
   EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/pbx");
+}
+
+/** Rights are asked of the real user. A test that runs as root lends that place to nobody. */
+class SomebodyElse {
+ public:
+  SomebodyElse() { Become(kNobody); }
+  ~SomebodyElse() { Become(0); }
+  SomebodyElse(const SomebodyElse&) = delete;
+  SomebodyElse& operator=(const SomebodyElse&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  static constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+  static void Become(uid_t user) {
+    EXPECT_TRUE(::geteuid() != 0 || ::setresuid(user, kAsItIs, kAsItIs) == 0);
+  }
+};
+
+TEST_F(Settings, ADeviceThatMayNotBeOpenedIsExplained) {
+  const std::string device = (bench.folder / "ttyUSB0").string();
+  Write(device, "");
+  std::filesystem::permissions(device, std::filesystem::perms::none);
+  std::filesystem::permissions(bench.folder, std::filesystem::perms{0755});  // else it can't even be seen
+  const SomebodyElse user;
+  Open();
+  Click("Option1(1)");
+  QTest::keyClick(Get<QComboBox>("cmbPort"), Qt::Key_Home);
+  auto* field = Get<QComboBox>("cmbPortDevice");
+  const auto explained = [&](const std::string& path) {
+    field->lineEdit()->selectAll();
+    QTest::keyClicks(field->lineEdit(), QString::fromStdString(path));
+    QStringList shown;
+    for (const auto* label : field->parentWidget()->findChildren<QLabel*>()) shown += label->text();
+    EXPECT_EQ(shown.join(QString()), field->accessibleDescription());  // seen and read out alike
+    return shown.join(QString()).toStdString();
+  };
+  const std::string group = ::getgrgid(::getegid())->gr_name;
+  EXPECT_EQ(explained(device), "You may not open this device. It belongs to the group \"" + group +
+                                   "\"; ask for membership and log in again.");
+  EXPECT_EQ(explained(device + "0"), "This device is not present on this computer.");
+  EXPECT_EQ(explained("/dev/null"), "");
 }
 
 TEST(CodePage, GoesThereAndBackAndAgreesWithQt) {

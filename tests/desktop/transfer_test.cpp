@@ -31,8 +31,7 @@ Script::Step CloseWindow(const char* form) {
 }
 
 TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
-  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.frame->OpenProject(bench.project);
+  OpenedBench bench(DesktopBench::Line::kExchange, "1234");
   std::vector<std::string> boxes;
   std::vector<std::string> enabled;
   std::string log;
@@ -46,19 +45,18 @@ TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
     }
     return true;
   };
-  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes), look_while_busy,
-                 TypeIn("frmPassword2", "Text1", "1a2 34\r"),  // letters and blanks are dropped, Enter is OK
-                 AnswerBox(QMessageBox::Ok, &boxes),
-                 [&] {
-                   log = LogOf("frmConnect");
-                   bar = Modal("frmConnect")->findChild<QProgressBar*>()->value();
-                   return true;
-                 },
-                 ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes, &boxes),
-                 TypeIn("frmPassword2", "Text1", "1234"), ClickIn("frmPassword2", "Command1"),
-                 AnswerBox(QMessageBox::Yes, &boxes), ClickIn("frmConnect", "cmdCancel")});
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
+  bench.Do("connect",
+           {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes), look_while_busy,
+            TypeIn("frmPassword2", "Text1", "1a2 34\r"),  // letters and blanks are dropped, Enter is OK
+            AnswerBox(QMessageBox::Ok, &boxes),
+            [&] {
+              log = LogOf("frmConnect");
+              bar = Modal("frmConnect")->findChild<QProgressBar*>()->value();
+              return true;
+            },
+            ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes, &boxes),
+            TypeIn("frmPassword2", "Text1", "1234"), ClickIn("frmPassword2", "Command1"),
+            AnswerBox(QMessageBox::Yes, &boxes), ClickIn("frmConnect", "cmdCancel")});
   EXPECT_THAT(boxes, ElementsAre("Do you want to send data config?", "Send All Data Config Finished",
                                  "Do you want to load data config?",
                                  "Get All Config Finished.\nDo you want to replace current file?"));
@@ -72,8 +70,7 @@ TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
 }
 
 TEST(Transfer, WrongPasswordThreeTimesEndsTheSession) {
-  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.frame->OpenProject(bench.project);
+  OpenedBench bench(DesktopBench::Line::kExchange, "1234");
   std::vector<std::string> boxes;
   std::string log;
   std::vector<Script::Step> steps = {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes)};
@@ -93,95 +90,63 @@ TEST(Transfer, WrongPasswordThreeTimesEndsTheSession) {
     return Modal("frmConnect") != nullptr;
   });
   steps.push_back(ClickIn("frmConnect", "cmdCancel"));
-  Script script(steps);
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
+  bench.Do("connect", steps);
   EXPECT_THAT(boxes, ElementsAre("Please enter password", "Password incorrect", "Password incorrect",
                                  "Password incorrect"));
   EXPECT_THAT(log, HasSubstr("Password incorrect or level password cannot set config."));
 }
 
 TEST(Transfer, NewPasswordsTravelWithTheLogIn) {
-  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.frame->OpenProject(bench.project);
+  OpenedBench bench(DesktopBench::Line::kExchange, "1234");
   std::vector<std::string> boxes;
-  Script script({ClickIn("frmConnect", "cmdSendIP"), AnswerBox(QMessageBox::Yes),
-                 ClickIn("frmPassword2", "chkPSW"), ClickIn("frmPassword2", "chkLV(1)"),
-                 TypeIn("frmPassword2", "Text1", "1234"), TypeIn("frmPassword2", "txtPSW(1,0)", "111111"),
-                 ClickIn("frmPassword2", "Command1"), AnswerBox(QMessageBox::Ok, &boxes),
-                 TypeIn("frmPassword2", "txtPSW(1,1)", "111111"), ClickIn("frmPassword2", "Command1"),
-                 AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmConnect", "cmdCancel")});
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
+  bench.Do("connect",
+           {ClickIn("frmConnect", "cmdSendIP"), AnswerBox(QMessageBox::Yes),
+            ClickIn("frmPassword2", "chkPSW"), ClickIn("frmPassword2", "chkLV(1)"),
+            TypeIn("frmPassword2", "Text1", "1234"), TypeIn("frmPassword2", "txtPSW(1,0)", "111111"),
+            ClickIn("frmPassword2", "Command1"), AnswerBox(QMessageBox::Ok, &boxes),
+            TypeIn("frmPassword2", "txtPSW(1,1)", "111111"), ClickIn("frmPassword2", "Command1"),
+            AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmConnect", "cmdCancel")});
   EXPECT_THAT(boxes, ElementsAre("New password doesn't match", "Send Data Finished"));
   EXPECT_EQ(bench.memory.passwords().Get(1), PackPassword("111111"));
 }
 
 TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
   using Line = DesktopBench::Line;
-  const struct {
-    Line line;
-    const char* command;
-    const char* form;
-    const char* button;
-    const char* in_wait;  // what the log window ends with when the form is closed
-    bool goes;            // closing gives the session up; else it is ignored
-  } cases[] = {
-      {Line::kConnecting, "connect", "frmConnect", "cmdWrite", "### Send Data Config by LAN ###", true},
-      {Line::kConnecting, "connect", "frmConnect", "cmdIdle", "PING?", true},
-      {Line::kConnecting, "minibarconnect", "frmMiniBarCon", "cmdLoad", "### Load MiniBar by LAN ###", true},
-      {Line::kSilent, "connect", "frmConnect", "cmdLoad", "Send set mode...", true},
-      {Line::kSilent, "minibarconnect", "frmMiniBarCon", "cmdLoad", "Send set mode...", true},
-      {Line::kSilent, "connect", "frmConnect", "cmdWrite", "Send set mode...", false},
-      {Line::kSilent, "connect", "frmConnect", "cmdSendRoute", "Send set mode...", false},
+  // What the log window ends with when the form is closed, and whether that gives the session up; else it is ignored.
+  const std::tuple<Line, const char*, const char*, const char*, bool> cases[] = {
+      {Line::kConnecting, "frmConnect", "cmdWrite", "### Send Data Config by LAN ###", true},
+      {Line::kConnecting, "frmConnect", "cmdIdle", "PING?", true},
+      {Line::kConnecting, "frmMiniBarCon", "cmdLoad", "### Load MiniBar by LAN ###", true},
+      {Line::kSilent, "frmConnect", "cmdLoad", "Send set mode...", true},
+      {Line::kSilent, "frmMiniBarCon", "cmdLoad", "Send set mode...", true},
+      {Line::kSilent, "frmConnect", "cmdWrite", "Send set mode...", false},
+      {Line::kSilent, "frmConnect", "cmdSendRoute", "Send set mode...", false},
+      {Line::kModem, "frmConnect", "cmdWrite", "Send Data Config by Modem", true},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.form) + " " + c.button + " " + c.in_wait);
-    DesktopBench bench(c.line);
-    bench.frame->OpenProject(bench.project);
+  for (const auto& [line, form, button, in_wait, goes] : cases) {
+    SCOPED_TRACE(std::string(form) + " " + button + " " + in_wait);
+    OpenedBench bench(line);
+    const char* command = std::string(form) == "frmConnect" ? "connect" : "minibarconnect";
+    if (line == Line::kModem) bench.Put("By", "2"), bench.Put("Tel", "5551234");
     std::vector<std::string> boxes;
-    std::vector<Script::Step> steps = {ClickIn(c.form, c.button)};
-    if (std::string(c.button) != "cmdIdle") steps.push_back(AnswerBox(QMessageBox::Yes));
-    steps.push_back(LogHas(c.form, c.in_wait));
-    steps.push_back(CloseWindow(c.form));
-    if (!c.goes) {
-      steps.push_back(AnswerBox(QMessageBox::Ok, &boxes));
-      steps.push_back(ClickIn(c.form, "cmdCancel"));
-    }
-    Script script(steps);
-    bench.ClickCommand(c.command);
-    EXPECT_TRUE(script.finished());
-    EXPECT_EQ(boxes, c.goes ? std::vector<std::string>()
-                            : std::vector<std::string>{"Change to set mode failed (RE)"});
+    std::vector<Script::Step> steps = {ClickIn(form, button)};
+    if (std::string(button) != "cmdIdle") steps.push_back(AnswerBox(QMessageBox::Yes));
+    steps.insert(steps.end(), {LogHas(form, in_wait), CloseWindow(form)});
+    if (!goes) steps.insert(steps.end(), {AnswerBox(QMessageBox::Ok, &boxes), ClickIn(form, "cmdCancel")});
+    bench.Do(command, steps);
+    EXPECT_EQ(boxes,
+              goes ? std::vector<std::string>() : std::vector<std::string>{"Change to set mode failed (RE)"});
     EXPECT_EQ(bench.state.ActiveFormName, "");
-
-    Script again({ClickIn(c.form, "cmdCancel")});  // the next form is alive at once
-    bench.ClickCommand(c.command);
-    EXPECT_TRUE(again.finished());
+    bench.Do(command, {ClickIn(form, "cmdCancel")});  // the next form is alive at once
   }
 }
 
-TEST(Transfer, ClosingWhileAModemDialsEndsTheForm) {
-  DesktopBench bench;
-  bench.frame->OpenProject(bench.project);
-  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "By", "2").ok());
-  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "Tel", "5551234").ok());
-  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
-                 LogHas("frmConnect", "Send Data Config by Modem"), CloseWindow("frmConnect")});
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
-  EXPECT_EQ(bench.state.ActiveFormName, "");
-}
-
 TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
-  DesktopBench bench(DesktopBench::Line::kLostInReading);
-  bench.frame->OpenProject(bench.project);
-  ASSERT_TRUE(bench.store.SetIniValue(bench.project, "Chk_Tarvok", "compare", "1").ok());
-  Script script({ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
-                 TypeIn("frmPassword2", "Text1", "1\r"), LogHas("frmConnect", "for compare..."),
-                 CloseWindow("frmConnect")});
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
+  OpenedBench bench(DesktopBench::Line::kLostInReading);
+  bench.Put("compare", "1");
+  bench.Do("connect", {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
+                       TypeIn("frmPassword2", "Text1", "1\r"), LogHas("frmConnect", "for compare..."),
+                       CloseWindow("frmConnect")});
   EXPECT_EQ(bench.state.ActiveFormName, "");
   const ConnectionSettings exchange =
       ReadConnection(*bench.store.Snapshot(bench.project), EmptySpeed::kShownOnly);
@@ -189,35 +154,30 @@ TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
 }
 
 TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
-  DesktopBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.frame->OpenProject(bench.project);
-  Script script({ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
-                   if (Modal("frmPassword2") == nullptr) return false;
-                   bench.Find<QDialog>("frmConnect")->close();  // as the desktop does when its user logs out
-                   return true;
-                 }});
-  bench.ClickCommand("connect");
-  EXPECT_TRUE(script.finished());
+  OpenedBench bench(DesktopBench::Line::kExchange, "1234");
+  bench.Do("connect",
+           {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
+              if (Modal("frmPassword2") == nullptr) return false;
+              bench.Find<QDialog>("frmConnect")->close();  // as the desktop does when its user logs out
+              return true;
+            }});
   EXPECT_EQ(bench.state.ActiveFormName, "");
   EXPECT_EQ(bench.Value("Chk"), "TARVOK");
 }
 
 TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
-  const struct {
-    const char* typed;
-    bool on;
-  } cases[] = {{"TRACELY7", true}, {"tracely7", false}, {"xTRACELY7", false}};
-  for (const auto& c : cases) {
-    DesktopBench bench;
-    bench.frame->OpenProject(bench.project);
+  const std::pair<const char*, bool> cases[] = {
+      {"TRACELY7", true}, {"tracely7", false}, {"xTRACELY7", false}};
+  for (const auto& [typed, on] : cases) {
+    OpenedBench bench;
     QString title;
     Script script({[&] {
                      auto* form = Modal("frmMiniBarCon");
                      if (form == nullptr) return false;
                      auto* button = form->findChild<QPushButton*>("cmdLoad");
                      QTest::keyClicks(button,
-                                      QString::fromLatin1(c.typed).left(2));  // another button's presses
-                     for (const char* at = c.typed; *at != '\0'; ++at) {
+                                      QString::fromLatin1(typed).left(2));  // another button's presses
+                     for (const char* at = typed; *at != '\0'; ++at) {
                        QTest::keyClick(form->findChild<QPushButton*>("cmdWrite"), *at);
                      }
                      title = form->windowTitle();
@@ -225,28 +185,25 @@ TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
                    },
                    ClickIn("frmMiniBarCon", "cmdCancel")});
     bench.ClickCommand("minibarconnect");
-    EXPECT_EQ(title.endsWith(QStringLiteral(" - Layer 2 debug on")), c.on) << c.typed;
+    EXPECT_EQ(title.endsWith(QStringLiteral(" - Layer 2 debug on")), on) << typed;
   }
 }
 
 TEST(Transfer, BillingKeepsItsFolder) {
-  DesktopBench bench;
-  bench.frame->OpenProject(bench.project);
+  OpenedBench bench;
   std::string first;
   std::vector<std::string> boxes;
-  Script script({[&] {
-                   auto* form = Modal("frmBilling");
-                   if (form == nullptr) return false;
-                   auto* folder = form->findChild<QLineEdit*>("txtFolder");
-                   first = folder->text().toStdString();
-                   folder->selectAll();
-                   QTest::keyClicks(folder, "/nowhere");
-                   return true;
-                 },
-                 ClickIn("frmBilling", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes),
-                 AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmBilling", "cmdCancel")});
-  bench.ClickCommand("billing");
-  EXPECT_TRUE(script.finished());
+  bench.Do("billing", {[&] {
+                         auto* form = Modal("frmBilling");
+                         if (form == nullptr) return false;
+                         auto* folder = form->findChild<QLineEdit*>("txtFolder");
+                         first = folder->text().toStdString();
+                         folder->selectAll();
+                         QTest::keyClicks(folder, "/nowhere");
+                         return true;
+                       },
+                       ClickIn("frmBilling", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes),
+                       AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmBilling", "cmdCancel")});
   EXPECT_EQ(first, "C:\\");
   EXPECT_THAT(boxes, ElementsAre("Do you want to send Billing File?", "No Billing Files"));
   EXPECT_EQ(bench.Value("LastBil"), "/nowhere");

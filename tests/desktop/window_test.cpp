@@ -88,24 +88,21 @@ TEST(MainWindow, StatesByClicksAndKeys) {
 
 TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
   DesktopBench bench;
-  const struct {
-    const char* name;
-    QMessageBox::StandardButton answer;
-    bool opens;
-  } cases[] = {{"other", QMessageBox::NoButton, true},
-               {"hotel", QMessageBox::No, false},
-               {"hotel", QMessageBox::Yes, true}};
+  const std::tuple<const char*, QMessageBox::StandardButton, bool> cases[] = {
+      {"other", QMessageBox::NoButton, true},
+      {"hotel", QMessageBox::No, false},
+      {"hotel", QMessageBox::Yes, true}};
   bench.settings.values["Desktop/LastFolder"] = bench.folder.string();
-  for (const auto& c : cases) {
+  for (const auto& [name, answer, opens] : cases) {
     std::vector<std::string> boxes;
-    std::vector<Script::Step> steps = {ChooseFile(QString::fromLatin1(c.name))};
-    if (c.answer != QMessageBox::NoButton) steps.push_back(AnswerBox(c.answer, &boxes));
+    std::vector<Script::Step> steps = {ChooseFile(QString::fromLatin1(name))};
+    if (answer != QMessageBox::NoButton) steps.push_back(AnswerBox(answer, &boxes));
     Script script(steps);
     QTest::mouseClick(bench.Find<QAbstractButton>("StartNew"), Qt::LeftButton);
     EXPECT_TRUE(script.finished());
-    EXPECT_EQ(boxes.size(), c.answer == QMessageBox::NoButton ? 0U : 1U);
-    const std::string path = (bench.folder / c.name).string() + ".tvk";
-    EXPECT_EQ(Look(bench), c.opens ? Project(path) : NoProject());
+    EXPECT_EQ(boxes.size(), answer == QMessageBox::NoButton ? 0U : 1U);
+    const std::string path = (bench.folder / name).string() + ".tvk";
+    EXPECT_EQ(Look(bench), opens ? Project(path) : NoProject());
     bench.frame->Close();
   }
   EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"), "");  // it is the default project now

@@ -1,35 +1,17 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 #include <gmock/gmock.h>
 
 #include "desktop/io/qt_event_server.h"
 #include "link/port.h"
+#include "tests/temp_folder.h"
 
 namespace tarvok::test {
 
 /** Longest that a test waits for something that happens at once; it is never waited out when all is well. */
 inline constexpr int kPatience_ms = 10'000;
-
-/** A folder of its own for each test, gone behind it. */
-class Folder {
- public:
-  Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tarvok-io-XXXXXX").string();
-    EXPECT_NE(::mkdtemp(pattern.data()), nullptr);
-    path_ = pattern;
-  }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
-};
 
 /** What a port gave its handlers. */
 struct Heard {

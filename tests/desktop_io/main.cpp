@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
   // Qt looks for the user's settings once in a process, so all tests share a folder that stands in for the
   // user's.
-  const tarvok::test::Folder config;
+  const tarvok::test::TempFolder config;
   ::setenv("XDG_CONFIG_HOME", (config / "").c_str(), 1);
   const QCoreApplication application(argc, argv);
   testing::InitGoogleMock(&argc, argv);

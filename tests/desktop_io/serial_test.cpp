@@ -17,7 +17,7 @@ using ::testing::HasSubstr;
 
 TEST(Serial, CarriesEveryByteBothWays) {
   QtEventServer events;
-  const Folder folder;
+  const TempFolder folder;
   PtyPort far(folder / "line");
   ASSERT_EQ(far.state(), PortState::kOpen) << far.error();
   QtSerialPort near(folder / "line", *ParseLineSettings("9600,n,8,1"));
@@ -36,7 +36,7 @@ TEST(Serial, CarriesEveryByteBothWays) {
 
 TEST(Serial, GivesTheNextProgramACleanLine) {
   QtEventServer events;
-  const Folder folder;
+  const TempFolder folder;
   PtyPort far(folder / "line");
   Heard far_heard(far);
   int released = 0;
@@ -59,7 +59,7 @@ TEST(Serial, GivesTheNextProgramACleanLine) {
 
 TEST(Serial, ClosesItselfOnceWhenTheOtherEndHangsUp) {
   QtEventServer events;
-  const Folder folder;
+  const TempFolder folder;
   auto far = std::make_unique<PtyPort>(folder / "line");
   QtSerialPort near(folder / "line", LineSettings());
   Heard heard(near);
@@ -77,7 +77,7 @@ TEST(Serial, ClosesItselfOnceWhenTheOtherEndHangsUp) {
 
 TEST(Serial, GivesBytesToANestedWaitAndSurvivesItsOwnHandler) {
   QtEventServer events;
-  const Folder folder;
+  const TempFolder folder;
   PtyPort far(folder / "line");
   auto near = std::make_unique<QtSerialPort>(folder / "line", LineSettings());
   std::string heard;
@@ -96,7 +96,7 @@ TEST(Serial, GivesBytesToANestedWaitAndSurvivesItsOwnHandler) {
 }
 
 TEST(Serial, ReplacesOnlyLinksToTerminals) {
-  const Folder folder;
+  const TempFolder folder;
   const std::string link = folder / "line";
   fs::create_symlink("/dev/pts/99999", link);
   {
@@ -114,7 +114,7 @@ TEST(Serial, ReplacesOnlyLinksToTerminals) {
 }
 
 TEST(PortMaker, FindsTheDeviceBehindAnIndex) {
-  const Folder folder;
+  const TempFolder folder;
   QtSettings settings;
   const PtyPort far(folder / "line");
   settings.Set("Serial Ports", "Com3", folder / "line");

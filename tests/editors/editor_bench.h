@@ -1,6 +1,5 @@
 #pragma once
 
-#include <fstream>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -11,6 +10,8 @@
 
 #include "sections/editors.h"
 #include "shell/editor/form_script.h"
+#include "tests/expect_keys.h"
+#include "tests/source_file.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {
@@ -28,12 +29,7 @@ class EditorBench {
     state.ProjectFile = kProject;
   }
   /** The example of a whole hotel. */
-  static EditorBench Hotel() {
-    std::ifstream file(std::string(TARVOK_SOURCE_DIR) + "/examples/hotel.tvk", std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return EditorBench(bytes.str());
-  }
+  static EditorBench Hotel() { return EditorBench(SourceFile("/examples/hotel.tvk")); }
 
   /** Opens the form and runs the script, a command a line; a line that is wrong fails the test. Returns what
    * came out, a line each. A form that a script before left open is gone without a save. */
@@ -67,7 +63,14 @@ class EditorBench {
   bool Has(std::string_view section, std::string_view key) {
     return store.Snapshot(kProject)->HasKey(section, key);
   }
+  /** The cells of a row of the open form's table, from one column to another. */
+  std::vector<std::string> Cells(int row, int first, int last) const {
+    std::vector<std::string> cells;
+    for (int column = first; column <= last; ++column) cells.push_back(editor->table()->Cell(row, column));
+    return cells;
+  }
   std::string Bytes() { return files.Bytes(kProject); }
+  void ExpectKeys(const std::string& text) { test::ExpectKeys(*store.Snapshot(kProject), text); }
 
   MemoryFiles files;
   ProjectStore store{files};

@@ -42,18 +42,15 @@ std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
 }
 
 TEST(TableEditor, KeysDoWhatTheColumnTakes) {
-  struct Case {
-    int column;
-    const char* keys;
-    const char* cell;
-  };
-  for (const Case& c : {Case{1, "12a345", "1234"}, Case{4, " 'It|s", "'Its"}, Case{4, "\"ab\"c", "\"abc"},
-                        Case{3, "9", "x"}, Case{2, "P", ""}, Case{5, "0123", "12"}, Case{5, "1x2", "12"}}) {
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {1, "12a345", "1234"}, {4, " 'It|s", "'Its"}, {4, "\"ab\"c", "\"abc"}, {3, "9", "x"},
+      {2, "P", ""},          {5, "0123", "12"},     {5, "1x2", "12"}};
+  for (const auto& [column, keys, cell] : cases) {
     TableEditor table = MakeTable();
-    table.GoTo(1, c.column);
-    Type(table, c.keys);
+    table.GoTo(1, column);
+    Type(table, keys);
     table.LeaveCell();
-    EXPECT_EQ(table.Cell(1, c.column), c.cell) << c.keys;
+    EXPECT_EQ(table.Cell(1, column), cell) << keys;
   }
 }
 
@@ -203,18 +200,18 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   TableEditor other = MakeTable();
   EXPECT_TRUE(ImportCsv(other, csv).ok());
   EXPECT_EQ(ExportCsv(other), csv);
-  struct Case {
-    const char* text;
-    const char* error;
-  };
-  for (const Case& c :
-       {Case{"Number;Kind\n7;Port\n8;Hunter\n", "line 3, column \"Kind\": \"Hunter\""},
-        Case{"Number\n1\n2\n3\n4\n5\n6\n7\n", "line 8"}, Case{"Nummer\n1\n", "no column \"Nummer\""},
-        Case{"Number\n\"1\n", "quote"}, Case{"Number,Number\n1,1\n", "Number"}, Case{"", "empty"},
-        Case{"Number\n1,2\n", "more cells"}}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Number;Kind\n7;Port\n8;Hunter\n", "line 3, column \"Kind\": \"Hunter\""},
+      {"Number\n1\n2\n3\n4\n5\n6\n7\n", "line 8"},
+      {"Nummer\n1\n", "no column \"Nummer\""},
+      {"Number\n\"1\n", "quote"},
+      {"Number,Number\n1,1\n", "Number"},
+      {"", "empty"},
+      {"Number\n1,2\n", "more cells"}};
+  for (const auto& [text, error] : cases) {
     const int steps = static_cast<int>(other.Steps());
-    EXPECT_THAT(ImportCsv(other, c.text).message(), HasSubstr(c.error)) << c.text;
-    EXPECT_EQ(ExportCsv(other), csv) << c.text;
+    EXPECT_THAT(ImportCsv(other, text).message(), HasSubstr(error)) << text;
+    EXPECT_EQ(ExportCsv(other), csv) << text;
     EXPECT_EQ(static_cast<int>(other.Steps()), steps);
   }
   EXPECT_TRUE(ImportCsv(other, "Name,Number\r\nX,9\r\n").ok());

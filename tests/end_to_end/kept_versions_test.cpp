@@ -36,8 +36,7 @@ class KeptVersions : public ProjectFolder {
     PrepareKept();
     const auto ended = RunStopped([this] { return Keep().ok() ? 0 : 1; }, stop);
     if (!ended) return -1;
-    const std::string where = "fate " + std::to_string(static_cast<int>(stop.fate)) + " at call " +
-                              std::to_string(stop.call) + ", error " + std::to_string(stop.error);
+    const std::string where = Told(stop);
     EXPECT_EQ(Read(Path("p.tvk")), before_) << where;
     PosixFileSystem files;
     History history = Of(files);

@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <unistd.h>
 
@@ -14,19 +13,11 @@
 #include "store/new_project.h"
 #include "tests/end_to_end/stopped_process.h"
 #include "tests/simulation/session_bench.h"
+#include "tests/temp_folder.h"
 
 namespace tarvok::test {
 
 namespace fs = std::filesystem;
-
-inline void Write(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
-inline std::string Read(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /** A project of about that many bytes that says `mark` at both ends. */
 inline std::string ProjectOf(std::size_t size, const std::string& mark) {
@@ -49,14 +40,7 @@ class NoPorts : public PortMaker {
 /** A folder with a project in it, and everything that changes a project's bytes. */
 class ProjectFolder : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "tarvok-whole-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return folder_ + "/" + name; }
+  std::string Path(const std::string& name) const { return folder_ / name; }
 
   int Save() const {
     PosixFileSystem files;
@@ -117,7 +101,7 @@ class ProjectFolder : public ::testing::Test {
   };
 
   void Prepare(std::size_t size) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder_)) fs::remove_all(entry);
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path())) fs::remove_all(entry);
     before_ = ProjectOf(size, "before");
     Write(Path("p.tvk"), before_);
     Write(Path("system.tvs"), ProjectOf(size, "system"));
@@ -125,7 +109,7 @@ class ProjectFolder : public ::testing::Test {
     Write(Path("settings.tvk"), "[Chk_Tarvok]\r\nBPS=9600\r\n");
   }
 
-  std::string folder_;
+  TempFolder folder_;
   std::string before_;
 };
 

@@ -37,14 +37,8 @@ bool Has(const Numbers& numbers, std::uint64_t number) {
 }
 
 bool Counts(Calls calls, std::uint64_t number) {
-  switch (calls) {
-    case Calls::kAll:
-      return number != SYS_exit_group;  // behind it there is nothing left to stop
-    case Calls::kOfFiles:
-      return Has(kChanging, number) || Has(kNaming, number);
-    default:
-      return Has(kChanging, number);
-  }
+  if (calls == Calls::kAll) return number != SYS_exit_group;  // behind it there is nothing left to stop
+  return Has(kChanging, number) || (calls == Calls::kOfFiles && Has(kNaming, number));
 }
 
 bool CreatesFile(const __ptrace_syscall_info& info) {
@@ -94,23 +88,14 @@ class Watched {
     const bool now = ended_.calls == stop_.call;
     const bool later = stop_.fate == Fate::kFailsForGood && ended_.calls > stop_.call;
     if (!now && !later) return;
-    switch (stop_.fate) {
-      case Fate::kKilledBefore:
-        ::kill(pid_, SIGKILL);
-        break;
-      case Fate::kKilledHalfway:
-        if (info.entry.nr == SYS_pwrite64 || info.entry.nr == SYS_write) ShortenWrite(info.entry.args[2] / 2);
-        kill_at_exit_ = true;
-        break;
-      case Fate::kKilledBehind:
-        kill_at_exit_ = true;
-        break;
-      case Fate::kFails:
-      case Fate::kFailsForGood:
-        Refuse(stop_.error);
-        break;
-      default:
-        break;
+    if (stop_.fate == Fate::kFails || stop_.fate == Fate::kFailsForGood) {
+      Refuse(stop_.error);
+    } else if (stop_.fate == Fate::kKilledBefore) {
+      ::kill(pid_, SIGKILL);
+    } else {
+      const bool writes = info.entry.nr == SYS_pwrite64 || info.entry.nr == SYS_write;
+      if (stop_.fate == Fate::kKilledHalfway && writes) ShortenWrite(info.entry.args[2] / 2);
+      kill_at_exit_ = true;
     }
   }
 
@@ -166,6 +151,11 @@ class Watched {
 };
 
 }  // namespace
+
+std::string Told(const Stop& stop) {
+  return "fate " + std::to_string(static_cast<int>(stop.fate)) + " at call " + std::to_string(stop.call) +
+         ", error " + std::to_string(stop.error);
+}
 
 std::optional<Ended> RunStopped(const std::function<int()>& work, const Stop& stop) {
   constexpr int kNotAllowed = 77;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace tarvok::test {
 
@@ -34,6 +35,9 @@ struct Ended {
   int calls = 0;    // that counted, until the end
   int status = -1;  // what the work returned; -1 if it was killed
 };
+
+/** For the reader of a failure. */
+std::string Told(const Stop& stop);
 
 /**
  * Runs `work` in a process of its own, which is watched at every system call. Nothing where the system does not

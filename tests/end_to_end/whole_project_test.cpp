@@ -20,9 +20,7 @@ class WholeProject : public ProjectFolder {
     const auto ended = RunStopped([&] { return (this->*change.make)(); }, stop);
     if (!ended) return -1;
     const std::string bytes = Read(Path("p.tvk"));
-    const std::string where = std::string(change.name) + ", fate " +
-                              std::to_string(static_cast<int>(stop.fate)) + " at call " +
-                              std::to_string(stop.call) + ", error " + std::to_string(stop.error);
+    const std::string where = std::string(change.name) + ", " + Told(stop);
     EXPECT_TRUE(bytes == before_ || bytes == after) << where;
     if (ended->status >= 0) {
       EXPECT_EQ(ended->status == 0, bytes == after) << where << " ended " << ended->status;

@@ -45,12 +45,8 @@ TEST(Conversation, AnswersMessagesByteForByte) {
 }
 
 TEST(Conversation, RefusesAndSaysWhy) {
-  struct Case {
-    const char* before;  // "" or a mode that is entered with a password
-    const char* message;
-    const char* words;
-  };
-  const Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*> kCases[] = {
+      // In no mode, or in one that is entered with a password.
       {"", "12FF00", "too short"},
       {"", "13FF0000", "start no message"},
       {"", "12FF0077", "unknown code"},
@@ -74,14 +70,14 @@ TEST(Conversation, RefusesAndSaysWhy) {
       {"2", "12FF00030000000000", "a billing sector of 0 bytes"},
       {"4", "12FF00120002", "no mini bar record 512"},
   };
-  for (const Case& row : kCases) {
-    SCOPED_TRACE(row.message);
+  for (const auto& [mode, message, words] : kCases) {
+    SCOPED_TRACE(message);
     PracticeBench bench;
-    if (*row.before != '\0') bench.Enter(*row.before - '0');
-    const std::string answer = bench.Ask(row.message, 2000);
-    const bool is_message = std::string_view(row.message).starts_with("12");
+    if (*mode != '\0') bench.Enter(*mode - '0');
+    const std::string answer = bench.Ask(message, 2000);
+    const bool is_message = std::string_view(message).starts_with("12");
     EXPECT_EQ(answer, is_message ? kError : "");
-    EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr(row.words)));
+    EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr(words)));
   }
 }
 

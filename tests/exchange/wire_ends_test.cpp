@@ -25,12 +25,7 @@ constexpr const char* kAck0FromTool = "103001";
 constexpr const char* kAck1FromTool = "103101";
 
 TEST(LinkEnd, AnswersBadBytesAsTheLinkWantsIt) {
-  struct Case {
-    const char* sent;
-    const char* answer;
-    const char* words;  // "" for none
-  };
-  const Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*> kCases[] = {
       {"10020112FF0000100329", "101510", "bad check"},
       {"10021010"
        "12FF0000"
@@ -43,15 +38,15 @@ TEST(LinkEnd, AnswersBadBytesAsTheLinkWantsIt) {
       {"1044", "", "means nothing"},
       {"103001", "", ""},  // an Ack for nothing
   };
-  for (const Case& row : kCases) {
-    SCOPED_TRACE(row.sent);
+  for (const auto& [sent, answer, words] : kCases) {
+    SCOPED_TRACE(sent);
     PracticeBench bench(Wire::kLink);
     bench.Ask(kEstablish);
-    EXPECT_EQ(bench.Ask(row.sent), row.answer);
-    if (*row.words == '\0') {
+    EXPECT_EQ(bench.Ask(sent), answer);
+    if (*words == '\0') {
       EXPECT_THAT(bench.complaints, IsEmpty());
     } else {
-      EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr(row.words)));
+      EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr(words)));
     }
     EXPECT_EQ(bench.Ask(FromTool("12FF0000")), "103110" + Framed("21000080"));  // and goes on
   }
@@ -130,20 +125,14 @@ TEST(LanEnd, DropsWhatStartsNoMessageAndWaitsASecondForTheRest) {
 }
 
 TEST(ServerEnd, SpeaksInPackets) {
-  const auto packet = [](std::string_view head, std::string_view message) {
-    Bytes bytes = Hex(head);
-    const Bytes rest = Hex(message);
+  const auto packet = [](std::string_view start, std::string_view text) {
+    Bytes bytes = Hex(start);
+    const Bytes rest = Hex(text);
     bytes.insert(bytes.end(), rest.begin(), rest.end());
     bytes.resize(129);
     return bytes;
   };
-  struct Case {
-    const char* head;
-    const char* message;
-    const char* answer;
-    const char* words;
-  };
-  const Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*> kCases[] = {
       {"2112000104", "12120000", "000000001100000421000080", ""},
       {"2112000204", "12120000", "", "wrong head"},
       {"2112000141", "12120000", "", "wrong head"},
@@ -151,15 +140,15 @@ TEST(ServerEnd, SpeaksInPackets) {
       {"21FF000104", "12120000", "000000001100000421000080", "different addresses"},
       {"2112000104", "1212000001", "000000001100000421000080", "behind its message"},
   };
-  for (const Case& row : kCases) {
+  for (const auto& [head, message, answer, words] : kCases) {
     for (const std::size_t piece : {std::size_t{0}, std::size_t{1}, std::size_t{128}}) {
-      if (row.answer[0] == '\0' && piece != 0) continue;
-      SCOPED_TRACE(row.head);
+      if (answer[0] == '\0' && piece != 0) continue;
+      SCOPED_TRACE(head);
       PracticeBench bench(Wire::kServer);
       bench.tool.set_piece(piece);
-      EXPECT_EQ(bench.Ask(packet(row.head, row.message)), row.answer);
-      EXPECT_EQ(bench.complaints.empty(), *row.words == '\0');
-      EXPECT_THAT(bench.complaints, ::testing::Each(HasSubstr(row.words)));
+      EXPECT_EQ(bench.Ask(packet(head, message)), answer);
+      EXPECT_EQ(bench.complaints.empty(), *words == '\0');
+      EXPECT_THAT(bench.complaints, ::testing::Each(HasSubstr(words)));
     }
   }
   PracticeBench bench(Wire::kServer);

@@ -68,18 +68,15 @@ TEST_F(Link, EstablishFrameAndItsWait) {
 }
 
 TEST_F(Link, FramesOfData) {
-  const struct {
-    std::string data;
-    std::string frame;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"12 FF 00 00", "10 02 01 12 FF 00 00 10 03 2A"},
       {"10", "10 02 01 10 10 10 03 26"},
       {"00 00 F8 00", "10 02 01 00 00 F8 00 10 03 11"},
       {"00 00 F7 00", "10 02 01 00 00 F7 00 10 03 10"},  // a check byte 10 stays single
   };
-  for (const auto& c : cases) {
-    link.LinkSendData(Hex(c.data));
-    EXPECT_EQ(Sent(), Hex(c.frame)) << c.data;
+  for (const auto& [data, frame] : cases) {
+    link.LinkSendData(Hex(data));
+    EXPECT_EQ(Sent(), Hex(frame)) << data;
   }
 }
 
@@ -165,22 +162,19 @@ TEST_F(Link, AnswersToAnEnqDecideWhetherTheFrameGoesAgain) {
 }
 
 TEST_F(Link, ReadsTheModemOutsideOfFrames) {
-  const struct {
-    std::string text;
-    int result;
-  } cases[] = {{"\r\nCONNECT 57600\r", 1},
-               {"\nBUSY\r", 2},
-               {"\nNO CARRIER\r", 3},
-               {"\nNO DIALTONE\r", 4},
-               {"\nOK\r", 5},
-               {"\nRINGING\r", 0},
-               {"OK\r", 0},
-               {"\r", 0},
-               {"\nok\r", 0},
-               {"\nNO CARR\r", 0}};
-  for (const auto& c : cases) {
-    FeedText(c.text);
-    EXPECT_EQ(modem.ModemResult, c.result) << c.text;
+  const std::pair<std::string, int> cases[] = {{"\r\nCONNECT 57600\r", 1},
+                                               {"\nBUSY\r", 2},
+                                               {"\nNO CARRIER\r", 3},
+                                               {"\nNO DIALTONE\r", 4},
+                                               {"\nOK\r", 5},
+                                               {"\nRINGING\r", 0},
+                                               {"OK\r", 0},
+                                               {"\r", 0},
+                                               {"\nok\r", 0},
+                                               {"\nNO CARR\r", 0}};
+  for (const auto& [text, result] : cases) {
+    FeedText(text);
+    EXPECT_EQ(modem.ModemResult, result) << text;
   }
   EXPECT_EQ(modem.ModemConnectText, "\nCONNECT 57600");
   FeedFrame(Hex("21 0A 4F 4B 0D"));  // the same letters in a frame are data

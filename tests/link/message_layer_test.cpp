@@ -54,11 +54,7 @@ constexpr const char* kOk = "21 00 00 80";
 
 TEST_F(Messages, BytesOfTheCommands) {
   events.set_now({2026, 11, 22, 12, 34, 0});
-  const struct {
-    std::function<bool(MessageLayer&)> send;
-    std::string message;
-    std::string reply;
-  } cases[] = {
+  const std::tuple<std::function<bool(MessageLayer&)>, std::string, std::string> cases[] = {
       {[](MessageLayer& m) { return m.SendIdle(); }, "12 12 00 00", kOk},
       {[](MessageLayer& m) { return m.SendSetMode(ExchangeMode::kMiniBar); }, "12 12 00 0A 04", kOk},
       {[](MessageLayer& m) { return m.SendTime(); }, "12 12 00 09 12 34 00 22 11 26", kOk},
@@ -77,12 +73,12 @@ TEST_F(Messages, BytesOfTheCommands) {
       {[](MessageLayer& m) { return m.GetMiniBar(511); }, "12 12 00 12 FF 01",
        "21 00 00 88 00 FF 01 41 00*19 07 00"},
   };
-  for (const auto& c : cases) {
+  for (const auto& [send, message, reply] : cases) {
     layer.sent.clear();
-    layer.replies = {c.reply};
-    EXPECT_TRUE(c.send(layer)) << c.message;
+    layer.replies = {reply};
+    EXPECT_TRUE(send(layer)) << message;
     ASSERT_FALSE(layer.sent.empty());
-    EXPECT_EQ(layer.sent[0], Hex(c.message));
+    EXPECT_EQ(layer.sent[0], Hex(message));
   }
   EXPECT_EQ(layer.state().PbxVersion, 106);
   EXPECT_EQ(layer.state().MiniBarName, "A");

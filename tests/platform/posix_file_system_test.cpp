@@ -1,13 +1,12 @@
 #include "platform/posix_file_system.h"
 
-#include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
 #include "platform/log_file.h"
 #include "store/project_store.h"
+#include "tests/temp_folder.h"
 
 namespace tarvok::test {
 namespace {
@@ -16,28 +15,14 @@ namespace fs = std::filesystem;
 
 class Files : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "tarvok-files-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  static void Write(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-  }
-  static std::string Read(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  std::string Path(const std::string& name) const { return folder_ / name; }
   static mode_t Mode(const std::string& path) {
     struct stat info {};
     ::stat(path.c_str(), &info);
     return info.st_mode & 07777;
   }
 
-  fs::path folder_;
+  TempFolder folder_;
   PosixFileSystem files_;
   ProjectStore store_{files_};
 };
@@ -50,7 +35,7 @@ TEST_F(Files, ASaveKeepsLinkAndPermissions) {
   EXPECT_TRUE(fs::is_symlink(Path("link.tvk")));
   EXPECT_EQ(Read(Path("real.tvk")), "[a]\nk=2\n");
   EXPECT_EQ(Mode(Path("real.tvk")), 0640U);
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 2);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator()), 2);
 }
 
 TEST_F(Files, AChangeInTheSameMomentIsSeen) {
@@ -70,17 +55,6 @@ TEST_F(Files, ErrorsSayWhyAndChangeNothing) {
   EXPECT_EQ(missing.kind(), ErrorKind::kNotFound);
   EXPECT_NE(missing.message().find("No such file"), std::string::npos);
   EXPECT_FALSE(files_.Read("/dev/zero").ok());
-}
-
-TEST_F(Files, TwoWritersLoseNoKey) {
-  const std::string path = Path("p.tvk");
-  PosixFileSystem other_files;
-  ProjectStore other(other_files);
-  for (int i = 0; i < 20; ++i) {
-    EXPECT_TRUE(store_.SetIniValue(path, "a", "x" + std::to_string(i), "1").ok());
-    EXPECT_TRUE(other.SetIniValue(path, "a", "y" + std::to_string(i), "1").ok());
-  }
-  EXPECT_EQ(IniText(Read(path)).Keys("a").size(), 40U);
 }
 
 TEST_F(Files, ALogStartsAnewForItsUserAlone) {

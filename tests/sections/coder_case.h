@@ -11,6 +11,7 @@
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
 #include "sections/registry.h"
+#include "tests/expect_keys.h"
 #include "tests/hex.h"
 
 namespace tarvok::test {
@@ -35,6 +36,13 @@ inline IniText Decoded(Decoder decode, const std::vector<std::uint8_t>& image,
   IniEdit edit(base);
   decode(ImageReader(image), edit);
   return IniText(edit.Bytes());
+}
+
+/** So many copies of a text. */
+inline std::string Repeated(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
 }
 
 /** An image of one byte everywhere but for a part. */

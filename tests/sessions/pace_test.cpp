@@ -5,23 +5,17 @@
 namespace tarvok {
 namespace {
 
-struct PaceCase {
-  std::int64_t done;
-  std::int64_t ms;
-  const char* now;
-};
-
 TEST(Pace, TellsWhatCameAndWhatIsLeft) {
   const Pace pace(82'000, 9600, 5'000);
-  for (const PaceCase& c :
-       {PaceCase{0, 0, "0 of 82,000 bytes"}, PaceCase{0, 60'000, "0 of 82,000 bytes"},
-        PaceCase{640, 999, "640 of 82,000 bytes"},
-        PaceCase{650, 1'000, "650 of 82,000 bytes, 650 bytes/s, about 2:06 left"},
-        PaceCase{41'000, 63'000, "41,000 of 82,000 bytes, 650 bytes/s, about 1:03 left"},
-        PaceCase{81'999, 126'000, "81,999 of 82,000 bytes, 650 bytes/s, about 0:01 left"},
-        PaceCase{82'100, 126'000, "82,000 of 82,000 bytes, 650 bytes/s, about 0:00 left"}}) {
-    EXPECT_EQ(pace.Now(c.done, 5'000 + c.ms), c.now);
-  }
+  const std::tuple<int, int, const char*> cases[] = {
+      {0, 0, "0 of 82,000 bytes"},
+      {0, 60'000, "0 of 82,000 bytes"},
+      {640, 999, "640 of 82,000 bytes"},
+      {650, 1'000, "650 of 82,000 bytes, 650 bytes/s, about 2:06 left"},
+      {41'000, 63'000, "41,000 of 82,000 bytes, 650 bytes/s, about 1:03 left"},
+      {81'999, 126'000, "81,999 of 82,000 bytes, 650 bytes/s, about 0:01 left"},
+      {82'100, 126'000, "82,000 of 82,000 bytes, 650 bytes/s, about 0:00 left"}};
+  for (const auto& [done, ms, now] : cases) EXPECT_EQ(pace.Now(done, 5'000 + ms), now);
 }
 
 TEST(Pace, EndsWithTheShareOfTheLine) {

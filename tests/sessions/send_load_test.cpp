@@ -131,30 +131,26 @@ TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack)
 }
 
 TEST(Connection, FailuresHaveTheirWords) {
-  const struct {
-    int by;
-    std::vector<std::pair<const char*, const char*>> keys;
-    PortState state;
-    const char* log;
-    std::vector<std::string> boxes;
-  } cases[] = {
-      {1, {}, PortState::kError, "Failed\r\n", {"Initial COM Port failed"}},
-      {1, {{"BPS", ""}}, PortState::kOpen, "Failed\r\n", {"Initial COM Port failed"}},
-      {2, {}, PortState::kError, ".......................Failed\r\n", {"Initial COM Port failed"}},
-      {2, {{"Tel", ""}}, PortState::kOpen, "Error : Please input telephone number\r\n", {}},
-      {3, {{"IPHost", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
-      {4, {{"IPPort", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
-      {0, {}, PortState::kError, "Cannot connect to 127.0.0.1\r\n", {}},
-  };
-  for (const auto& c : cases) {
-    SessionBench bench(c.by);
-    for (const auto& [key, value] : c.keys) {
+  const std::tuple<int, std::vector<std::pair<const char*, const char*>>, PortState, const char*,
+                   std::vector<std::string>>
+      cases[] = {
+          {1, {}, PortState::kError, "Failed\r\n", {"Initial COM Port failed"}},
+          {1, {{"BPS", ""}}, PortState::kOpen, "Failed\r\n", {"Initial COM Port failed"}},
+          {2, {}, PortState::kError, ".......................Failed\r\n", {"Initial COM Port failed"}},
+          {2, {{"Tel", ""}}, PortState::kOpen, "Error : Please input telephone number\r\n", {}},
+          {3, {{"IPHost", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
+          {4, {{"IPPort", ""}}, PortState::kOpen, "Error : Please insert IP or Port\r\n", {}},
+          {0, {}, PortState::kError, "Cannot connect to 127.0.0.1\r\n", {}},
+      };
+  for (const auto& [by, keys, state, log, boxes] : cases) {
+    SessionBench bench(by);
+    for (const auto& [key, value] : keys) {
       ASSERT_TRUE(bench.store.SetIniValue(SessionBench::kProject, "Chk_Tarvok", key, value).ok());
     }
-    bench.port_state = c.state;
+    bench.port_state = state;
     EXPECT_FALSE(bench.Run(SendConfiguration));
-    EXPECT_NE(bench.view.log.find(c.log), std::string::npos) << bench.view.log;
-    EXPECT_EQ(bench.view.boxes, c.boxes);
+    EXPECT_NE(bench.view.log.find(log), std::string::npos) << bench.view.log;
+    EXPECT_EQ(bench.view.boxes, boxes);
   }
 }
 
@@ -244,38 +240,6 @@ TEST(LoadConfiguration, AnOldTemporaryProjectThatStaysIsToldBeforeTheConnection)
   EXPECT_FALSE(bench.Run(LoadConfiguration));
   EXPECT_EQ(bench.view.boxes, std::vector<std::string>{std::string(SessionBench::kTemp) + ": made to fail"});
   EXPECT_EQ(bench.view.log, "");
-}
-
-TEST(Closing, TheFormGoesFromEveryWait) {
-  // Closed at each of these moments of a load and of a send the session unwinds without a box, at once, and
-  // another one works on the same bench.
-  for (const int by : {1, 2, 4, 0}) {
-    for (int at_ms = 1; at_ms < 9000; at_ms += by == 2 ? 1900 : 430) {
-      SCOPED_TRACE(std::to_string(by) + " at " + std::to_string(at_ms));
-      LineConditions slow;
-      slow.faults = FaultPlan{.delay_ms = 25};
-      SessionBench bench(by, 110, slow);
-      const std::string before = bench.files.Bytes(SessionBench::kProject);
-      std::int64_t closed_at = 0;
-      bool unwound_at_once = false;
-      bench.events.CallLater(at_ms, [&] {
-        closed_at = bench.events.Tick_ms();
-        if (bench.transfer != nullptr) bench.transfer->Abort();
-      });
-      const bool done = bench.Run([&](Transfer& transfer) {
-        const bool loaded = LoadConfiguration(transfer);
-        unwound_at_once = bench.events.Tick_ms() == closed_at;
-        return loaded;
-      });
-      EXPECT_EQ(done, !unwound_at_once);
-      if (!done) {
-        EXPECT_TRUE(bench.view.boxes.empty());
-        EXPECT_EQ(bench.files.Bytes(SessionBench::kProject), before);
-      }
-      bench.view = {};
-      EXPECT_TRUE(bench.Run(SendConfiguration)) << bench.view.log;
-    }
-  }
 }
 
 }  // namespace

@@ -43,10 +43,7 @@ TEST(ConnectionSettings, ReadsAndWritesBackItsDefaults) {
 
 TEST(ConnectionSettings, Summaries) {
   MemoryFiles files;
-  const struct {
-    const char* keys;
-    std::vector<std::string> lines;
-  } cases[] = {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
       {"By=1\nBPS=9600\nPort=2\n", {"Send by Serial (Direct)", "COM2, 9600"}},
       {"By=2\nBPS=9600\nPortM=3\nTel=0,12\n", {"Send by Modem (Direct)", "COM3, 0,12"}},
       {"By=3\nBPS=9600\nDCPU=1\nPID=2\nCID=7\nIPHost=h\nIPPort=1\n",
@@ -54,7 +51,7 @@ TEST(ConnectionSettings, Summaries) {
       {"By=4\nBPS=9600\nDCPU=2\nPID=2\nIPHost=h\nIPPort=1\n", {"Send by LAN (Direct)", "IP: h, Port: 1"}},
       {"By=9\nBPS=9600\n", {"Send by Server (Direct)", "IP: , Port: "}},
   };
-  for (const auto& c : cases) EXPECT_EQ(SummaryLines(Read(files, c.keys)), c.lines) << c.keys;
+  for (const auto& [keys, lines] : cases) EXPECT_EQ(SummaryLines(Read(files, keys)), lines) << keys;
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,9 +11,13 @@ namespace tarvok::test {
 namespace {
 
 /** A run must hold every property. Whether it was done. */
-bool ExpectWhole(const SimulatedRun& run) {
+bool ExpectWhole(const SimulatedRun& run, std::size_t most_boxes = 4) {
   const SimulatedOutcome outcome = Simulate(run);
   for (const std::string& broken : outcome.broken) ADD_FAILURE() << Described(run) << ": " << broken;
+  const std::string boxes = "box: ";
+  std::size_t found = 0;
+  for (std::size_t at = 0; (at = outcome.log.find(boxes, at)) != std::string::npos; ++at) ++found;
+  EXPECT_LE(found, most_boxes) << Described(run);
   return outcome.done;
 }
 
@@ -99,6 +105,36 @@ TEST(Simulation, ALineThatLosesOrDelaysAdvisesAnotherLook) {
     run.trouble.late_ms = c.late_ms;
     EXPECT_TRUE(ExpectWhole(run)) << Described(run);
     EXPECT_NE(Simulate(run).log.find("advice: "), std::string::npos) << Described(run);
+  }
+}
+
+/** Also what a user does who has seen enough: the form goes at once, and the next session is as a fresh one. */
+TEST(Simulation, TheFormGoesFromEveryWait) {
+  for (const int by : {1, 2, 4, 0}) {
+    for (int at_ms = 1; at_ms < 9000; at_ms += by == 2 ? 1900 : 430) {
+      SimulatedRun run = {
+          .kind = SimulatedRun::kLoad, .by = by, .cancel_at_ms = at_ms, .another_after = true};
+      run.trouble.late = 1;
+      run.trouble.late_ms = 50;
+      ExpectWhole(run);
+    }
+  }
+}
+
+TEST(Simulation, EverySessionSurvivesAConnectionCutAtEachMessage) {
+  for (int kind = 0; kind < SimulatedRun::kKinds; ++kind) {
+    for (const int by : {1, 4, 0}) {
+      // The silence behind the first pack of a section has no limit of its own: the user closes the form.
+      SimulatedRun run = {.kind = static_cast<SimulatedRun::Kind>(kind), .by = by, .cancel_at_ms = 600'000};
+      const int units = Simulate(run).units / 2;  // the other half is the exchange's
+      // Every one of the first, where the log-in and the first packs are; then spread over the rest, or all of them
+      // with TARVOK_EVERY_CUT in the environment.
+      const int step = std::getenv("TARVOK_EVERY_CUT") != nullptr ? 1 : 1 + units / 12;
+      for (int cut = 0; cut <= units; cut += cut < 16 ? 1 : step) {
+        run.trouble.hangup_after = cut;
+        ExpectWhole(run, 2);  // a password without an answer may be tried again
+      }
+    }
   }
 }
 

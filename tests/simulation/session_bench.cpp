@@ -1,15 +1,13 @@
 #include "tests/simulation/session_bench.h"
 
-#include <fstream>
 #include <utility>
+
+#include "tests/source_file.h"
 
 namespace tarvok::test {
 
 const std::string& HotelText() {
-  static const std::string text = [] {
-    std::ifstream file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-  }();
+  static const std::string text = SourceFile("/examples/hotel.tvk");
   return text;
 }
 
@@ -88,7 +86,6 @@ std::unique_ptr<Port> SessionBench::OpenSerial(int number, const LineSettings& s
 std::unique_ptr<Port> SessionBench::ConnectTcp(const std::string&, const std::string&) {
   VirtualLine line(events);
   line.tool->set_state(port_state, port_state == PortState::kOpen ? "" : "made to fail");
-  if (on_line) on_line(*line.tool, *line.exchange);
   if (port_state != PortState::kOpen) return std::move(line.tool);
   if (by == 2) {
     exchange.AcceptModem(std::move(line.exchange));

@@ -58,8 +58,6 @@ class SessionBench : public PortMaker {
 
   /** Opens a form, runs the session on it, and closes the form. What a form may not leave behind fails the test. */
   bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
-  /** The first bytes of the commands that the exchange carried out or refused, in order, as CODE or
-   * CODE:SECTION. */
   std::string Value(const char* file, const char* section, const char* key) {
     return store.GetIniValue(file, section, key);
   }
@@ -76,9 +74,8 @@ class SessionBench : public PortMaker {
   ExchangeMemory memory;
   std::vector<std::string> complaints;
   PracticeExchange exchange;
-  std::vector<LineSettings> opened;                                       // serial ports asked for
-  PortState port_state = PortState::kOpen;                                // what the next port is like
-  std::function<void(VirtualPort& tool, VirtualPort& exchange)> on_line;  // sees each line when it is made
+  std::vector<LineSettings> opened;                                  // serial ports asked for
+  PortState port_state = PortState::kOpen;                           // what the next port is like
   std::function<std::unique_ptr<Port>(std::unique_ptr<Port>)> wrap;  // puts a port in front of the tool's
   Transfer* transfer = nullptr;                                      // the open form's
   int by;

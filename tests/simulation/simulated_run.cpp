@@ -19,31 +19,24 @@ namespace {
 constexpr const char* kBillingFolder = "/b";
 constexpr std::string_view kArriving = "Getting ";  // begins the line of what is on its way
 
-bool Tell(SimulatedRun::Kind kind, Transfer& transfer) {
-  switch (kind) {
-    case SimulatedRun::kLoad:
-      return LoadConfiguration(transfer);
-    case SimulatedRun::kLinkTable:
-      return SendLinkTable(transfer);
-    case SimulatedRun::kIp:
-      return SendIpAddress(transfer);
-    case SimulatedRun::kMiniBar:
-      return SendMiniBarList(transfer);
-    case SimulatedRun::kMiniBarLoad:
-      return LoadMiniBarList(transfer);
-    case SimulatedRun::kBilling:
-      return SendBillingFiles(transfer, kBillingFolder);
-    case SimulatedRun::kPing:
-      return PingExchange(transfer);
-    default:
-      return SendConfiguration(transfer);
-  }
-}
-
-TransferForm FormOf(SimulatedRun::Kind kind) {
-  if (kind == SimulatedRun::kBilling) return TransferForm::kBilling;
-  return kind == SimulatedRun::kMiniBarLoad ? TransferForm::kMiniBar : TransferForm::kConnect;
-}
+/** By kind: its name, what it is told by, and the form that it is started from. */
+struct NamedSession {
+  const char* name;
+  bool (*tell)(Transfer&);
+  TransferForm form = TransferForm::kConnect;
+};
+constexpr NamedSession kSessions[SimulatedRun::kKinds] = {
+    {"send", SendConfiguration},
+    {"compare", SendConfiguration},
+    {"load", LoadConfiguration},
+    {"link table", SendLinkTable},
+    {"ip", SendIpAddress},
+    {"mini bar", SendMiniBarList},
+    {"mini bar load", LoadMiniBarList, TransferForm::kMiniBar},
+    {"billing", [](Transfer& transfer) { return SendBillingFiles(transfer, kBillingFolder); },
+     TransferForm::kBilling},
+    {"ping", PingExchange},
+};
 
 Wire WireOf(int by) {
   return by == 4 ? Wire::kLan : (by == 0 ? Wire::kServer : Wire::kLink);
@@ -100,12 +93,12 @@ class Stage {
     });
     const auto story = [&](Transfer& transfer) {
       running_ = ++sessions_;
-      const bool told = Tell(kind, transfer);
+      const bool told = kSessions[kind].tell(transfer);
       running_ = 0;
       JudgeCancel();
       return told;
     };
-    const bool done = bench_.Run(story, FormOf(kind));
+    const bool done = bench_.Run(story, kSessions[kind].form);
     bench_.events.StopTimer(patience);
     return done;
   }
@@ -281,11 +274,10 @@ SimulatedRun RunOf(std::uint64_t seed) {
 }
 
 std::string Described(const SimulatedRun& run) {
-  constexpr const char* kNames[] = {"send",     "compare",       "load",    "link table", "ip",
-                                    "mini bar", "mini bar load", "billing", "ping"};
   const Trouble& trouble = run.trouble;
   std::ostringstream text;
-  text << "seed " << run.seed << ": " << kNames[run.kind] << " by " << run.by << " version " << run.version;
+  text << "seed " << run.seed << ": " << kSessions[run.kind].name << " by " << run.by << " version "
+       << run.version;
   const std::pair<const char*, double> chances[] = {
       {"drop", trouble.drop},
       {"flip", trouble.flip},

@@ -39,7 +39,6 @@ class VirtualEvents : public EventServer {
   /** Whether a wait without limit outlived the limit or had nothing left to wait for, or handlers called each
    * other for ever without time passing. */
   bool gave_up() const { return gave_up_; }
-  std::size_t timers() const { return timers_.size(); }
 
  private:
   struct Timer {

@@ -16,8 +16,8 @@
 namespace tarvok {
 
 /**
- * One end of a line in memory. What is sent comes out of the other end after `delay_ms`, in order, in the
- * pieces asked for. Bytes under way survive a close of the sender, as on a real line, but not a Discard.
+ * One end of a line in memory. What is sent comes out of the other end with the next events, in order, in
+ * the pieces asked for. Bytes under way survive a close of the sender, as on a real line, but not a Discard.
  */
 class VirtualPort : public Port {
  public:
@@ -40,8 +40,8 @@ class VirtualPort : public Port {
     const std::size_t piece = piece_ == 0 ? std::max<std::size_t>(bytes.size(), 1) : piece_;
     for (std::size_t at = 0; at < bytes.size(); at += piece) {
       const auto part = bytes.subspan(at, std::min(piece, bytes.size() - at));
-      events_.CallLater(NextDelay_ms(), [peer = peer_, generation = generation_, value = *generation_,
-                                         data = Bytes(part.begin(), part.end())] {
+      events_.CallLater(0, [peer = peer_, generation = generation_, value = *generation_,
+                            data = Bytes(part.begin(), part.end())] {
         const auto to = peer.lock();
         if (to && *generation == value && (*to)->state_ == PortState::kOpen) (*to)->GiveBytes(data);
       });
@@ -49,11 +49,7 @@ class VirtualPort : public Port {
     return true;
   }
 
-  PortAnswer SetControlLines(bool dtr, bool rts) override {
-    dtr_ = dtr;
-    rts_ = rts;
-    return control_lines_;
-  }
+  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kDone; }
 
   void Discard() override {
     ++*generation_;
@@ -65,7 +61,7 @@ class VirtualPort : public Port {
     if (state_ == PortState::kClosed) return;
     const bool was_open = state_ == PortState::kOpen;
     state_ = PortState::kClosed;
-    if (was_open && tell_peer_) TellPeer("The other end closed the line.");
+    if (was_open) TellPeer("The other end closed the line.");
   }
 
   /** The line breaks: both ends see it. */
@@ -79,12 +75,8 @@ class VirtualPort : public Port {
     state_ = state;
     error_ = std::move(error);
   }
-  void set_delay_ms(int delay_ms) { delay_ms_ = delay_ms; }
   /** Most bytes that come out at a time; 0 for each block whole. */
   void set_piece(std::size_t bytes) { piece_ = bytes; }
-  void set_control_lines(PortAnswer answer) { control_lines_ = answer; }
-  /** Whether the other end sees a Close: a socket's does, a serial line's does not. */
-  void set_tell_peer(bool tell) { tell_peer_ = tell; }
 
   /** Every block that was sent, in order. */
   const std::vector<Bytes>& writes() const { return writes_; }
@@ -95,17 +87,10 @@ class VirtualPort : public Port {
     return all;
   }
   void forget_writes() { writes_.clear(); }
-  bool dtr() const { return dtr_; }
-  bool rts() const { return rts_; }
 
  private:
-  /** Nothing overtakes what was sent before, even when the delay was made shorter. */
-  int NextDelay_ms() {
-    last_due_ms_ = std::max(last_due_ms_, events_.Tick_ms() + delay_ms_);
-    return static_cast<int>(last_due_ms_ - events_.Tick_ms());
-  }
   void TellPeer(std::string reason) {
-    events_.CallLater(NextDelay_ms(), [peer = peer_, reason = std::move(reason)] {
+    events_.CallLater(0, [peer = peer_, reason = std::move(reason)] {
       if (const auto to = peer.lock()) (*to)->Fall(reason);
     });
   }
@@ -121,13 +106,7 @@ class VirtualPort : public Port {
   std::shared_ptr<int> generation_ = std::make_shared<int>(0);  // rises when bytes under way are forgotten
   PortState state_ = PortState::kOpen;
   std::string error_;
-  PortAnswer control_lines_ = PortAnswer::kDone;
-  int delay_ms_ = 0;
-  std::int64_t last_due_ms_ = 0;
   std::size_t piece_ = 0;
-  bool tell_peer_ = true;
-  bool dtr_ = false;
-  bool rts_ = false;
   std::vector<Bytes> writes_;
 };
 

@@ -32,18 +32,4 @@ inline std::string EveryReference() {
          "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|005|0|0|0\n";
 }
 
-struct Stored {
-  std::string_view section;
-  std::string_view key;
-  std::string value;
-};
-
-/** What the project holds of the keys that are told; "-" for a key that is not there. */
-inline void ExpectStored(EditorBench& bench, const std::vector<Stored>& wanted) {
-  for (const Stored& key : wanted) {
-    const std::string found = bench.Has(key.section, key.key) ? bench.Get(key.section, key.key) : "-";
-    EXPECT_EQ(found, key.value) << key.section << " " << key.key;
-  }
-}
-
 }  // namespace tarvok::test

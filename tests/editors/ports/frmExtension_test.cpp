@@ -10,52 +10,31 @@ using testing::IsEmpty;
 TEST(Extension, ASaveSortsAndEveryReferenceStaysOnItsNumber) {
   EditorBench bench(EveryReference());
   EXPECT_THAT(bench.Run("frmExtension", "go 1 Company\npress Backspace\nclick cmdOK\n"), IsEmpty());
-  ExpectStored(bench, {{"Assign", "001", "200|0|004|F|F"},
-                       {"Assign", "002", "201|0|005|F|001"},
-                       {"Assign", "003", "300|1|1|F|002"},
-                       {"Assign", "004", "-"},
-                       {"Assign", "Now", "4"},
-                       {"Name", "Now", "2"},
-                       {"Name", "001", "Bar"},
-                       {"Name", "002", "Desk"},
-                       {"Port_Def", "004", Port("1|2|1", "001")},
-                       {"Port_Def", "005", Port("1|1|1", "002", "77")},
-                       {"HuntGroup", "01", "002|001"},
-                       {"HuntGroup", "02", "001"},
-                       {"HuntGroup", "Now", "3"},
-                       {"Account", "001", "11|22|002|F|F|F"},
-                       {"Account", "002", "12|22|001|F|F|F"},
-                       {"Incoming_List", "01", "Night|002|1000|001|20"},
-                       {"DIDRedirect", "001", "1|0|9|0|002"},
-                       {"DIDRedirect", "002", "1|5|6|1|01"},
-                       {"BOSS", "01", "005|004"}});
+  bench.ExpectKeys(
+      "[Assign]\n001=200|0|004|F|F\n002=201|0|005|F|001\n003=300|1|1|F|002\n-004\nNow=4\n[Name]\nNow=2\n"
+      "001=Bar\n002=Desk\n[Port_Def]\n004=1|2|1|F*12|001|F*7\n005=1|1|1|F*6|77|F*5|002|F*7\n"
+      "[HuntGroup]\n01=002|001\n02=001\nNow=3\n[Account]\n001=11|22|002|F|F|F\n002=12|22|001|F|F|F\n"
+      "[Incoming_List]\n01=Night|002|1000|001|20\n[DIDRedirect]\n001=1|0|9|0|002\n002=1|5|6|1|01\n"
+      "[BOSS]\n01=005|004\n");
 }
 
 TEST(Extension, WhatReferredToADeletedNumberIsGone) {
   for (const char* how : {"go 2 1\nclick cmdDelRow\n", "select 2 1 2 5\ncut\n"}) {
     EditorBench bench(EveryReference());
     bench.Run("frmExtension", std::string(how) + "click cmdOK\n");
-    ExpectStored(bench, {{"Assign", "001", "201|0|005|2|001"},
-                         {"Assign", "002", "300|1|1|F|002"},
-                         {"Assign", "003", "-"},
-                         {"Port_Def", "004", Port("1|2|1")},
-                         {"HuntGroup", "01", "001"},
-                         {"HuntGroup", "02", ""},
-                         {"HuntGroup", "Now", "1"},
-                         {"Account", "002", "12|22|F|F|F|F"},
-                         {"Incoming_List", "01", "Night|001|1000|F|20"},
-                         {"BOSS", "01", "005|F"}});
+    bench.ExpectKeys(
+        "[Assign]\n001=201|0|005|2|001\n002=300|1|1|F|002\n-003\n[Port_Def]\n004=1|2|1|F*20\n"
+        "[HuntGroup]\n01=001\n02=\nNow=1\n[Account]\n002=12|22|F|F|F|F\n"
+        "[Incoming_List]\n01=Night|001|1000|F|20\n[BOSS]\n01=005|F\n");
   }
 }
 
 TEST(Extension, ANumberOnAnotherPortTakesItsSecretaryAlong) {
   EditorBench bench(EveryReference());
   bench.Run("frmExtension", "go 2 Value\npick 2/1\nclick cmdOK\n");
-  ExpectStored(bench, {{"Assign", "001", "200|0|003|F|F"},
-                       {"Port_Def", "003", Port("2|1|2", "001")},
-                       {"Port_Def", "004", Port("1|2|1")},
-                       {"BOSS", "01", "005|003"},
-                       {"BOSS", "02", "004|F"}});
+  bench.ExpectKeys(
+      "[Assign]\n001=200|0|003|F|F\n[Port_Def]\n003=2|1|2|F*12|001|F*7\n004=1|2|1|F*20\n"
+      "[BOSS]\n01=005|003\n02=004|F\n");
 }
 
 TEST(Extension, RepeatsAreShownAndAskedAboutAndNoLeavesEverything) {
@@ -87,12 +66,9 @@ TEST(Extension, TheValueIsWhatTheTypeCounts) {
             "go 3 1\ntype 30\ngo 3 2\npick Boss Number\ngo 3 3\ntype 123x\n"
             "go 4 1\ntype 40\ngo 4 2\npick Hunt ACD\ngo 4 3\npick 20\ngo 4 Company\ntype 5034\n"
             "go 4 Name\ntype An |'old' name of twenty\nclick cmdOK\n");
-  ExpectStored(bench, {{"Assign", "001", "20|3|07|F|F"},
-                       {"Assign", "002", "30|7|12|F|F"},
-                       {"Assign", "003", "40|6|20|3|001"},
-                       {"Assign", "004", "123456|0|001|F|F"},
-                       {"Name", "001", "An 'old' name o"},
-                       {"Port_Def", "001", Port("7|12|1", "004")}});
+  bench.ExpectKeys(
+      "[Assign]\n001=20|3|07|F|F\n002=30|7|12|F|F\n003=40|6|20|3|001\n004=123456|0|001|F|F\n"
+      "[Name]\n001=An 'old' name o\n[Port_Def]\n001=7|12|1|F*12|004|F*7\n");
 }
 
 TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
@@ -101,9 +77,7 @@ TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
       "frmExtension",
       "go 1 Type\npick Call Group\ngo 3 Type\npick Hunt Circular\ngo 2 Type\npick Boss Number\npick Port\n"
       "click cmdOK\n");
-  ExpectStored(bench, {{"Assign", "001", "200|0|F|F|F"},
-                       {"Assign", "002", "201|2|F|2|001"},
-                       {"Assign", "003", "300|4|1|F|002"}});
+  bench.ExpectKeys("[Assign]\n001=200|0|F|F|F\n002=201|2|F|2|001\n003=300|4|1|F|002\n");
 }
 
 TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
@@ -112,18 +86,14 @@ TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
   EXPECT_THAT(bench.Run("frmExtension", "show\ngo 3 Number\ntype 0\nclick cmdOK\n"),
               ElementsAre("\tNumber\tType\tValue\tCompany\tName", "1\t100\tPort\t\t7\t", "2\t101\t\t\t\t",
                           "3\t102\tPort\t\tx\tA"));
-  ExpectStored(bench, {{"Assign", "001", "100|0|F|4|F"},
-                       {"Assign", "002", "101|F|F|F|F"},
-                       {"Assign", "003", "1020|0|F|x|001"},
-                       {"Assign", "Now", "3"}});
+  bench.ExpectKeys("[Assign]\n001=100|0|F|4|F\n002=101|F|F|F|F\n003=1020|0|F|x|001\nNow=3\n");
 }
 
 TEST(Extension, RowsGrowToTheLimit) {
   EditorBench bench("[Assign]\nNow=499\n");
   EXPECT_THAT(bench.Run("frmExtension", "click mnu_AddRow\ntype 5\nclick mnu_AddRow\nclick cmdOK\n"),
               ElementsAre("box: Over limit data you cannot add. "));
-  EXPECT_EQ(bench.Get("Assign", "001"), "5|F|F|F|F");
-  EXPECT_EQ(bench.Get("Assign", "Now"), "500");
+  bench.ExpectKeys("[Assign]\n001=5|F|F|F|F\nNow=500\n");
 }
 
 TEST(Extension, WhatUsesANumberIsListed) {

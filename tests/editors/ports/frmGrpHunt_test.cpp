@@ -20,11 +20,7 @@ TEST(HuntGroups, MembersComeAndGoInTheirOrder) {
                "click lsGroup(6)\nclick cmdAdd\nclick cmdDel\nclick lsGroup(2)\nclick lsGroupHunt(2)\n"
                "click lsGroupHunt(0)\nfocus lsGroupHunt(2)\npick 201 - Bar\nclick cmdDel\nclick cmdOK\n"),
       IsEmpty());
-  ExpectStored(bench, {{"HuntGroup", "01", "003|777|001"},
-                       {"HuntGroup", "03", ""},
-                       {"HuntGroup", "07", "001"},
-                       {"HuntGroup", "20", ""},
-                       {"HuntGroup", "Now", "4"}});
+  bench.ExpectKeys("[HuntGroup]\n01=003|777|001\n03=\n07=001\n20=\nNow=4\n");
   EXPECT_FALSE(bench.state.DataChanged);
 }
 
@@ -34,7 +30,7 @@ TEST(HuntGroups, TheLastMemberThatFitsIsTheFiveHundredth) {
   EditorBench bench("[Assign]\nNow=1\n001=201|0|001\n[HuntGroup]\n20=" + members + "\n");
   EXPECT_THAT(bench.Run("frmGrpHunt", "click ListView1(0)\nclick cmdAdd\nclick cmdAdd\nclick cmdOK\n"),
               ElementsAre("box: Over limit data you cannot add. "));
-  ExpectStored(bench, {{"HuntGroup", "01", "001"}, {"HuntGroup", "Now", "500"}});
+  bench.ExpectKeys("[HuntGroup]\n01=001\nNow=500\n");
 }
 
 }  // namespace

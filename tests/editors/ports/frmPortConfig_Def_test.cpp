@@ -23,10 +23,9 @@ TEST(Profiles, ControlsBecomeFields) {
           "click lsPortConfig(6)\nfocus cmbTransTO\npick Default\nclick lsPortConfig(7)\n"
           "focus cmbTransTO\npick 16\nclick cmdOK\n"),
       IsEmpty());
-  ExpectStored(bench, {{"PortConfig", "01", "-"},
-                       {"PortConfig", "05", "02|12|1|2|3|4|25|255|9|123456789012|1|3|1|1|30|1|30|12|255"},
-                       {"PortConfig", "07", "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8"},
-                       {"PortConfig", "08", "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|16"}});
+  bench.ExpectKeys(
+      "[PortConfig]\n-01\n05=02|12|1|2|3|4|25|255|9|123456789012|1|3|1|1|30|1|30|12|255\n"
+      "07=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n08=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|16\n");
 }
 
 TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
@@ -42,10 +41,9 @@ TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
                 "value optReverse(1)\nset chkLinkTrunk 0\nclick cmdOK\n"),
       ElementsAre("COR Group 03", "", "OFF", "None", "0", "", "1", "Default", "16 Rings Disc", "1", "30",
                   "1"));
-  ExpectStored(bench, {{"PortConfig", "01", "03|F|0|0|0|0|300|0|0|12|0|0|0|0|0|0|0|F|0"},
-                       {"PortConfig", "03", "F|F|1|0|0|0|0|0|0|F|0|1|0|0|0|0|0|F|255"},
-                       {"PortConfig", "04", "05|F|F|1|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F"},
-                       {"PortConfig", "05", "-"}});
+  bench.ExpectKeys(
+      "[PortConfig]\n01=03|F|0|0|0|0|300|0|0|12|0|0|0|0|0|0|0|F|0\n"
+      "03=F|F|1|0|0|0|0|0|0|F|0|1|0|0|0|0|0|F|255\n04=05|F|F|1|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F\n-05\n");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "sections/ports/port_def.h"
 #include "sections/used_by.h"
+#include "store/number_text.h"
 #include "tests/editors/ports/every_reference.h"
 
 namespace tarvok::test {
@@ -13,27 +14,13 @@ TEST(PortDefine, ASaveSortsAndEveryReferenceStaysOnItsPort) {
   EXPECT_THAT(
       bench.Run("frmPortSys_Def", "click mnu_Sort_ZA\ngo 1 PSW\ntype 1\npress Backspace\nclick cmdOK\n"),
       IsEmpty());
-  ExpectStored(bench, {{"Port_Def", "001", Port("1|1|1", "001", "77")},
-                       {"Port_Def", "002", Port("1|2|1", "002")},
-                       {"Port_Def", "003", Port("2|1|2")},
-                       {"Port_Def", "005", Port("3|2|6")},
-                       {"Port_Def", "Now", "5"},
-                       {"Assign", "001", "201|0|001|2|002"},
-                       {"Assign", "002", "200|0|002|F|F"},
-                       {"Assign", "003", "300|1|1|F|001"},
-                       {"BOSS", "01", "001|002"},
-                       {"BOSS", "02", "002|F"},
-                       {"E1Map", "01", "004|005|0"},
-                       {"Group_Out", "01", "003|004"},
-                       {"Group_Out", "02", "005"},
-                       {"Group_Out", "Now", "3"},
-                       {"SystemConfig", "Pbx", "0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|001|0|0|0"},
-                       {"HuntGroup", "01", "001|002"},
-                       {"Incoming_List", "01", "Night|001|1000|002|20"},
-                       {"DIDRedirect", "001", "1|0|9|0|001"},
-                       // Its number is compared with the ports, as if it named one of them.
-                       {"Account", "001", "11|22|004|F|F|F"},
-                       {"Account", "002", "12|22|005|F|F|F"}});
+  bench.ExpectKeys(
+      "[Port_Def]\n001=1|1|1|F*6|77|F*5|001|F*7\n002=1|2|1|F*12|002|F*7\n003=2|1|2|F*20\n005=3|2|6|F*20\n"
+      "Now=5\n[Assign]\n001=201|0|001|2|002\n002=200|0|002|F|F\n003=300|1|1|F|001\n[BOSS]\n01=001|002\n"
+      "02=002|F\n[E1Map]\n01=004|005|0\n[Group_Out]\n01=003|004\n02=005\nNow=3\n"
+      "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|001|0|0|0\n[HuntGroup]\n01=001|002\n"
+      "[Incoming_List]\n01=Night|001|1000|002|20\n[DIDRedirect]\n001=1|0|9|0|001\n"
+      "[Account]\n001=11|22|004|F|F|F\n002=12|22|005|F|F|F\n");
 }
 
 TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
@@ -42,13 +29,9 @@ TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
                           "click cmdDelRow\ngo 1 1\nclick cmdDelRow\n"}) {
     EditorBench bench(EveryReference());
     bench.Run("frmPortSys_Def", std::string(how) + "click cmdOK\n");
-    ExpectStored(bench, {{"Assign", "001", "201|0|F|2|002"},
-                         {"Assign", "002", "200|0|F|F|F"},
-                         {"BOSS", "01", "F|F"},
-                         {"Group_Out", "01", "001"},
-                         {"Group_Out", "Now", "2"},
-                         {"SystemConfig", "Pbx", "0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0"},
-                         {"HuntGroup", "01", "001|002"}});
+    bench.ExpectKeys(
+        "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[BOSS]\n01=F|F\n[Group_Out]\n01=001\nNow=2\n"
+        "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0\n[HuntGroup]\n01=001|002\n");
     EXPECT_EQ(bench.Get("E1Map", "01").substr(0, 2), "F|");
   }
 }
@@ -56,60 +39,43 @@ TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
 TEST(PortDefine, AGroupKeepsLinesOnly) {
   EditorBench bench(EveryReference());
   bench.Run("frmPortSys_Def", "go 2 Type\npick SLIC 16\nclick cmdOK\n");
-  ExpectStored(bench, {{"Group_Out", "01", "003|004"}, {"Group_Out", "02", ""}, {"Group_Out", "Now", "2"}});
+  bench.ExpectKeys("[Group_Out]\n01=003|004\n02=\nNow=2\n");
 }
 
-struct NumberCase {
-  const char* what;
-  const char* script;
-  std::vector<Stored> wanted;
-};
-
 TEST(PortDefine, NumbersAreLinkedToTheirPorts) {
-  const NumberCase kCases[] = {
-      {"a number that changes keeps its row",
-       "go 5 Number\npress Delete\ntype 250\n",
-       {{"Assign", "001", "250|0|001|2|002"}, {"Port_Def", "001", Port("1|1|1", "001", "77")}}},
-      {"a number that is taken away is gone with all that refers to it",
-       "go 4 Number\npress Delete\n",
-       {{"Assign", "002", "F|F|F|F|F"},
-        {"Port_Def", "002", Port("1|2|1")},
-        {"HuntGroup", "01", "001"},
-        {"HuntGroup", "Now", "1"},
-        {"Incoming_List", "01", "Night|001|1000|F|20"}}},
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"a number that changes keeps its row", "go 5 Number\npress Delete\ntype 250\n",
+       "[Assign]\n001=250|0|001|2|002\n[Port_Def]\n001=1|1|1|F*6|77|F*5|001|F*7\n"},
+      {"a number that is taken away is gone with all that refers to it", "go 4 Number\npress Delete\n",
+       "[Assign]\n002=F|F|F|F|F\n[Port_Def]\n002=1|2|1|F*20\n[HuntGroup]\n01=001\nNow=1\n"
+       "[Incoming_List]\n01=Night|001|1000|F|20\n"},
       {"a number that moves to another port takes its row along",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
-       {{"Assign", "002", "200|0|003|F|F"},
-        {"Port_Def", "002", Port("1|2|1")},
-        {"Port_Def", "003", Port("2|1|2", "002")},
-        {"HuntGroup", "02", "002"}}},
+       "[Assign]\n002=200|0|003|F|F\n[Port_Def]\n002=1|2|1|F*20\n003=2|1|2|F*12|002|F*7\n[HuntGroup]\n02="
+       "002\n"},
       {"two ports change their numbers",
        "go 4 Number\npress Delete\ntype 201\ngo 5 Number\npress Delete\ntype 200\n",
-       {{"Assign", "001", "200|0|001|2|002"}, {"Assign", "002", "201|0|002|F|F"}}},
+       "[Assign]\n001=200|0|001|2|002\n002=201|0|002|F|F\n"},
       {"a new number takes the first free row, above the rows in use if need be",
        "go 3 Number\ntype 1234567\n",
-       {{"Assign", "004", "123456|0|003|F|F"},
-        {"Assign", "Now", "4"},
-        {"Port_Def", "003", Port("2|1|2", "004")}}},
+       "[Assign]\n004=123456|0|003|F|F\nNow=4\n[Port_Def]\n003=2|1|2|F*12|004|F*7\n"},
       {"a new number does not inherit what meant the old one",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 999\n",
-       {{"Assign", "002", "999|0|003|F|F"}, {"HuntGroup", "02", ""}}},
-      {"the number of a group stays what it is",
-       "go 3 Number\ntype 300\n",
-       {{"Assign", "003", "300|1|1|F|001"}, {"Port_Def", "003", Port("2|1|2", "003")}}},
+       "[Assign]\n002=999|0|003|F|F\n[HuntGroup]\n02=\n"},
+      {"the number of a group stays what it is", "go 3 Number\ntype 300\n",
+       "[Assign]\n003=300|1|1|F|001\n[Port_Def]\n003=2|1|2|F*12|003|F*7\n"},
   };
-  for (const NumberCase& each : kCases) {
-    SCOPED_TRACE(each.what);
+  for (const auto& [what, script, keys] : cases) {
+    SCOPED_TRACE(what);
     EditorBench bench(EveryReference());
-    EXPECT_THAT(bench.Run("frmPortSys_Def", std::string(each.script) + "click cmdOK\n"), IsEmpty());
-    ExpectStored(bench, each.wanted);
+    EXPECT_THAT(bench.Run("frmPortSys_Def", std::string(script) + "click cmdOK\n"), IsEmpty());
+    bench.ExpectKeys(keys);
   }
 }
 
 TEST(PortDefine, ANumberWithoutARowLeavesTheFormOpen) {
   std::string project = "[Port_Def]\nNow=1\n001=" + Port("1|1|1") + "\n[Assign]\nNow=500\n";
-  for (int row = 1; row <= 500; ++row)
-    project += (row < 10 ? "00" : row < 100 ? "0" : "") + std::to_string(row) + "=5|1|1\n";
+  for (int row = 1; row <= 500; ++row) project += Padded(row, 3) + "=5|1|1\n";
   EditorBench bench(project);
   const std::string before = bench.Bytes();
   EXPECT_THAT(bench.Run("frmPortSys_Def", "go 1 Number\ntype 77\nclick cmdOK\n"),
@@ -124,8 +90,9 @@ TEST(PortDefine, KeysThatWouldPassTheLimitAreDropped) {
             "go 1 Card\ntype 1a23\ngo 1 Channel\ntype 1\ngo 1 Config\ntype 0210\ngo 1 Tenan\ntype 035\n"
             "go 1 \"Pickup Group\"\ntype 991\ngo 1 PSW\ntype 12345\ngo 1 \"Expand T\"\npick USE\n"
             "go 2 1\ntype 13\ngo 2 2\ntype 2\ngo 2 Config\ntype 30\ngo 2 Tenan\ntype 33\nclick cmdOK\n");
-  ExpectStored(bench, {{"Port_Def", "001", "12|1|F|20|3|99|F|F|F|F|F|F|F|F|F|F|1234|F|F|F|F|F|1"},
-                       {"Port_Def", "002", "13|2|F|3|3|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F"}});
+  bench.ExpectKeys(
+      "[Port_Def]\n001=12|1|F|20|3|99|F|F|F|F|F|F|F|F|F|F|1234|F|F|F|F|F|1\n"
+      "002=13|2|F|3|3|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
 TEST(PortDefine, OldAndBrokenRowsComeDownToTheirLimits) {
@@ -138,10 +105,10 @@ TEST(PortDefine, OldAndBrokenRowsComeDownToTheirLimits) {
                   "PSW\tExpand T",
                   "1\t1\t5\tSLIC 8 (4)\t33\t44\t100\tDay\t\t\t\t", "2\t1\t3\t4 DIGITAL\t\t\t\t\t\t\t\t",
                   "3\t\t\t\t5\t\t\t\t\t\t\t", "4\t1\t6\t\t\t\t\t\t\t\t\t"));
-  ExpectStored(bench, {{"Port_Def", "001", "1|3|4|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F"},
-                       {"Port_Def", "002", "1|5|4|20|32|99|002|F|1|1|2|3|4|5|99|F|1|F|F|F|F|F|F"},
-                       {"Port_Def", "003", "1|6|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F"},
-                       {"Port_Def", "004", "-"}});
+  bench.ExpectKeys(
+      "[Port_Def]\n001=1|3|4|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n"
+      "002=1|5|4|20|32|99|002|F|1|1|2|3|4|5|99|F|1|F|F|F|F|F|F\n"
+      "003=1|6|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n-004\n");
 }
 
 TEST(PortInsert, ListsStandInTheirOrder) {
@@ -165,8 +132,8 @@ std::string Insert(std::string_view card, std::string_view type) {
 std::vector<std::string> Rows(EditorBench& bench, int first, int last) {
   std::vector<std::string> rows;
   for (int row = first; row <= last; ++row) {
-    const TableEditor& table = *bench.editor->table();
-    rows.push_back(table.Cell(row, 1) + "/" + table.Cell(row, 2) + " " + table.Cell(row, 3));
+    const std::vector<std::string> cells = bench.Cells(row, 1, 3);
+    rows.push_back(cells[0] + "/" + cells[1] + " " + cells[2]);
   }
   return rows;
 }
@@ -200,11 +167,7 @@ TEST(PortInsert, ACardIsReplacedInItsPlace) {
 
 TEST(PortInsert, ACardThatHasNoRoomChangesNothing) {
   std::string project = "[Port_Def]\nNow=440\n";
-  for (int row = 1; row <= 440; ++row)
-    project += (row < 10    ? "00"
-                : row < 100 ? "0"
-                            : "") +
-               std::to_string(row) + "=16|" + std::to_string(row) + "\n";
+  for (int row = 1; row <= 440; ++row) project += Padded(row, 3) + "=16|" + std::to_string(row) + "\n";
   EditorBench bench(project);
   EXPECT_THAT(bench.Run("frmPortSys_Def", Insert("1", "E1 (2) 60")),
               ElementsAre("box: Cannot insert more card"));

@@ -6,16 +6,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct ButtonCase {
-  const char* what;
-  const char* label;   // of the button
-  const char* before;  // its field
-  const char* script;  // in its dialog
-  const char* after;
-};
-
 TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
-  const ButtonCase kCases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
       {"telephone number", "lblNum(1)", "F", "type *12#x3", "TE*12#3"},
       {"extension", "lblNum(1)", "TE5", "set Option1(2) 1\ntype 6*", "EX56"},
       {"a number that another option does not take", "lblNum(1)", "TE*5", "set Option1(2) 1\ntype 6", "EX6"},
@@ -37,17 +29,16 @@ TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
       {"console trunk", "lblDSS(63)", "F", "set Option1(1) 1\ntype 12*34567", "TR123456"},
       {"console extension", "lblDSS(63)", "TE12", "set Option1(2) 1", "EX12"},
   };
-  for (const ButtonCase& each : kCases) {
-    SCOPED_TRACE(each.what);
+  for (const auto& [what, label, before, script_in_dialog, after] : cases) {
+    SCOPED_TRACE(what);
     std::string dss = "F";
     for (int i = 1; i < 63; ++i) dss += "|F";
-    EditorBench bench("[Key]\n01=F|" + std::string(each.before) + "\n[DSS]\n01=" + dss + "|" + each.before +
-                      "\n");
-    std::string script = std::string("click ") + each.label + "\n" + each.script + "\n";
+    EditorBench bench("[Key]\n01=F|" + std::string(before) + "\n[DSS]\n01=" + dss + "|" + before + "\n");
+    std::string script = std::string("click ") + label + "\n" + script_in_dialog + "\n";
     if (script.find("cmdCancel") == std::string::npos) script += "click cmdOK\n";
-    EXPECT_THAT(bench.Run("frmSetupKey", script + "value " + each.label + "\n"), ElementsAre(each.after));
+    EXPECT_THAT(bench.Run("frmSetupKey", script + "value " + label + "\n"), ElementsAre(after));
     EXPECT_FALSE(bench.editor->closed());
-    EXPECT_EQ(bench.state.DataChanged, std::string(each.before) != (*each.after == '\0' ? "F" : each.after));
+    EXPECT_EQ(bench.state.DataChanged, std::string(before) != (*after == '\0' ? "F" : after));
   }
 }
 
@@ -70,16 +61,7 @@ TEST(Keys, LayoutsAreWrittenWholeAndOldFormsKept) {
                 "click lblDSS(0)\ntype 5\nclick cmdOK\nclick lsGrp(0)\nclick lblNum(0)\nvalue cmbGrpOut\n"
                 "click cmdOK\nclick cmdOK\n"),
       ElementsAre("Grp Out 5", "Grp Out 7", "Cx", "", "Group Out 5"));
-  const auto unset = [](int count) {
-    std::string row;
-    for (int i = 0; i < count; ++i) row += "|F";
-    return row;
-  };
-  ExpectStored(bench, {{"Key", "01", "C05|C07|Cx|EX1" + unset(16)},
-                       {"Key", "02", "F" + unset(19)},
-                       {"DSS", "02", "F" + unset(63)},
-                       {"DSS", "03", "TE5" + unset(63)},
-                       {"Key", "24", "F" + unset(18) + "|EX9|EX10"}});
+  bench.ExpectKeys("[Key]\n01=C05|C07|Cx|EX1|F*16\n02=F*20\n24=F*19|EX9|EX10\n[DSS]\n02=F*64\n03=TE5|F*63\n");
 }
 
 }  // namespace

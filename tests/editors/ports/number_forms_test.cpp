@@ -12,20 +12,16 @@ TEST(NumberForms, WhatIsTypedPastedAndUndoneIsWhatIsWritten) {
                         "go 1 Number\ntype 12a34567890123456789\npress Down\ntype 77\nclick mnu_undo\n"
                         "go 3 1\npaste 1\\t2\\n3x\\n5\nclick cmdOK\n"),
               IsEmpty());
-  EXPECT_EQ(bench.Get("LinkTrunk", "01"), "5123456789012345");  // the sixteenth digit is the last
-  EXPECT_EQ(bench.Get("LinkTrunk", "02"), "");
-  EXPECT_EQ(bench.Get("LinkTrunk", "03"), "1");
-  EXPECT_EQ(bench.Get("LinkTrunk", "04"), "");  // refused whole
-  EXPECT_EQ(bench.Get("LinkTrunk", "05"), "5");
-  EXPECT_TRUE(bench.Has("LinkTrunk", "30"));
+  bench.ExpectKeys(
+      "[LinkTrunk]\n01=5123456789012345\n"  // the sixteenth digit is the last
+      "02=\n03=1\n04=\n"                    // refused whole
+      "05=5\n30=\n");
 }
 
 TEST(NumberForms, ASortTakesTheProfilesOfALinkTrunkAlong) {
   EditorBench bench("[LinkTrunk]\n01=9\n02=\n03=5\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|1|0|0|F|8\n");
   bench.Run("frmLinkTrunk", "click cmdSort\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("LinkTrunk", "01"), "5");
-  EXPECT_EQ(bench.Get("LinkTrunk", "02"), "9");
-  EXPECT_EQ(bench.Get("PortConfig", "01"), "F|F|1|0|0|0|0|0|0|F|0|0|0|0|2|0|0|F|8");
+  bench.ExpectKeys("[LinkTrunk]\n01=5\n02=9\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|2|0|0|F|8\n");
 }
 
 TEST(NumberForms, LeavingAsksOnlyForChanges) {
@@ -38,8 +34,7 @@ TEST(NumberForms, LeavingAsksOnlyForChanges) {
                   "-> No"));
   EXPECT_EQ(bench.Bytes(), before);
   bench.Run("frmVMCallBack", "go 1 1\npress Backspace\nclick cmdCancel\n");
-  EXPECT_EQ(bench.Get("VMCallBack", "01"), "1|F");
-  EXPECT_EQ(bench.Get("VMCallBack", "02"), "F|F");
+  bench.ExpectKeys("[VMCallBack]\n01=1|F\n02=F|F\n");
 }
 
 TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {

@@ -17,10 +17,8 @@ TEST(Accounts, WhatIsTypedAndPickedIsStored) {
           "go 3 Config\npick 20\ngo 3 Tenan\npick 32\ngo 3 6\ntype 7200x1\ngo 1 Number\npick\n"
           "go 2 1\nclick mnu_insert_row\nclick cmdOK\n"),
       ElementsAre("200", "201"));
-  ExpectStored(bench, {{"Account", "001", "11|22|F|F|F|F"},
-                       {"Account", "002", "-"},
-                       {"Account", "003", "12|22|002|F|F|F"},
-                       {"Account", "004", "123456|9999|001|20|32|7200"}});
+  bench.ExpectKeys(
+      "[Account]\n001=11|22|F|F|F|F\n-002\n003=12|22|002|F|F|F\n004=123456|9999|001|20|32|7200\n");
 }
 
 TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
@@ -34,7 +32,7 @@ TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
   EXPECT_THAT(bench.Go("go 2 1\ntype 1\nclick cmdCheck\nvalue lblRepeat\nclick cmdOK\n"),
               ElementsAre("No repeat Account"));
   // The number stands twice; the row stays with the one that it had, and one that is not there is none.
-  ExpectStored(bench, {{"Account", "001", "1|2|003|25|F|F"}, {"Account", "002", "11|2|F|F|F|F"}});
+  bench.ExpectKeys("[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
 }
 
 TEST(Bosses, AreKnownByTheirNumbers) {
@@ -42,11 +40,7 @@ TEST(Bosses, AreKnownByTheirNumbers) {
   EXPECT_THAT(bench.Run("frmBoss", "show\n")[1], "1\t201\t200");
   bench.Go(
       "go 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress Delete\nclick cmdOK\n");
-  ExpectStored(bench, {{"BOSS", "01", "005|F"},
-                       {"BOSS", "02", "004|F"},
-                       {"BOSS", "03", "004|F"},
-                       {"BOSS", "04", "F|005"},
-                       {"BOSS", "20", "F|F"}});
+  bench.ExpectKeys("[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
 }
 
 TEST(CallForward, RowsStandCloserThanTheirKeys) {
@@ -61,10 +55,10 @@ TEST(CallForward, RowsStandCloserThanTheirKeys) {
       bench.Go("go 1 Card\ntype 9\ngo 3 DND\npick DND\ngo 3 Disa\ntype 12345678901234\ngo 1 10\ntype 0256\n"
                "click cmdSort\nclick cmdSort\nclick cmdOK\n"),
       IsEmpty());
-  ExpectStored(bench, {{"Port_Def", "001", "1|1|1|F|F|F|F|F|F|F|F|F|F|F|25|F|F|F|F|F|F|F|F"},
-                       {"Port_Def", "002", "1|2|1|F|F|F|F|F|F|1|2|3|4|5|254|001|9|8|7|2|1|3|1"},
-                       {"Port_Def", "003", "-"},
-                       {"Port_Def", "005", "2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F"}});
+  bench.ExpectKeys(
+      "[Port_Def]\n001=1|1|1|F|F|F|F|F|F|F|F|F|F|F|25|F|F|F|F|F|F|F|F\n"
+      "002=1|2|1|F|F|F|F|F|F|1|2|3|4|5|254|001|9|8|7|2|1|3|1\n-003\n"
+      "005=2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
 TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
@@ -74,8 +68,9 @@ TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
       "frmVMBox",
       "go 1 4\npick Use & Auto Record\ngo 1 Group\ntype 0255\ngo 1 Language\ntype 255\n"
       "go 1 \"Call Screen\"\npick USE\ngo 1 \"Personal Msg\"\npick No\ngo 2 8\npick 4 Rings\nclick cmdOK\n");
-  ExpectStored(bench, {{"Port_Def", "002", "1|2|1|F|F|F|F|F|F|77|F|F|F|F|F|F|F|25|255|0|1|3|F"},
-                       {"Port_Def", "003", "1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|2|F|F|F"}});
+  bench.ExpectKeys(
+      "[Port_Def]\n002=1|2|1|F|F|F|F|F|F|77|F|F|F|F|F|F|F|25|255|0|1|3|F\n"
+      "003=1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|2|F|F|F\n");
 }
 
 }  // namespace

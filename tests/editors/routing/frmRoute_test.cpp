@@ -8,7 +8,7 @@ using testing::IsEmpty;
 
 constexpr const char* kSelectAll = "select 1 1 40 9\nclick mnu_cut\n";
 
-std::string Lists(std::initializer_list<int> ends) {
+std::string Lists(const std::vector<int>& ends) {
   std::string text = "[Route_List]\nMax=50\n";
   int list = 0;
   for (const int end : ends) {
@@ -38,15 +38,10 @@ TEST(FrmRoute, UnpacksTheListsAndPacksThemInOrder) {
   bench.Go("click lsRoute(1)\n");
   EXPECT_THAT(Shown(bench), ElementsAre("1", "P1"));
   bench.Go("go 3 8\ntype 7\nclick lsRoute(0)\ngo 1 Group\npick \"Group Out 2\"\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("Route", "001"), "02|F|0|F|F|F|F|F|F");
-  EXPECT_EQ(bench.Get("Route", "002"), "01|0|2|9|12|0800|1759|P1|N");  // sorted by group when it was left
-  EXPECT_EQ(bench.Get("Route", "003"), "02|1|0|F|F|F|F|1|1");
-  EXPECT_EQ(bench.Get("Route", "004"), "F|F|0|F|F|F|F|7|F");  // without a group it stands last, and stays
-  EXPECT_EQ(bench.Get("Route", "005"), "02|F|0|F|F|F|F|3|3");
-  EXPECT_EQ(bench.Get("Route", "006"), "F|F|0|F|F|F|F|4|4");
-  EXPECT_EQ(bench.Get("Route_List", "01"), "2");
-  EXPECT_EQ(bench.Get("Route_List", "02"), "5");
-  EXPECT_EQ(bench.Get("Route_List", "50"), "7");
+  bench.ExpectKeys(
+      "[Route]\n001=02|F|0|F|F|F|F|F|F\n002=01|0|2|9|12|0800|1759|P1|N\n"  // sorted by group when it was left
+      "003=02|1|0|F|F|F|F|1|1\n004=F|F|0|F|F|F|F|7|F\n"  // without a group it stands last, and stays
+      "005=02|F|0|F|F|F|F|3|3\n006=F|F|0|F|F|F|F|4|4\n[Route_List]\n01=2\n02=5\n50=7\n");
 }
 
 TEST(FrmRoute, ABlankRowInFrontOfOneWithoutAGroupLosesNothing) {
@@ -54,8 +49,7 @@ TEST(FrmRoute, ABlankRowInFrontOfOneWithoutAGroupLosesNothing) {
   bench.Run("frmRoute",
             "select 1 1 1 9\nclick mnu_cut\nclick cmdSort\ngo 3 1\npress Delete\ngo 3 2\npress Delete\n"
             "click cmdOK\n");
-  EXPECT_EQ(bench.Get("Route_List", "01"), "3");
-  EXPECT_EQ(bench.Get("Route", "003"), "");
+  bench.ExpectKeys("[Route_List]\n01=3\n[Route]\n-003\n");
 }
 
 TEST(FrmRoute, LookingAtAListIsNoChange) {
@@ -70,16 +64,11 @@ TEST(FrmRoute, AListThatIsEmptyIsNamedNoMore) {
                     "[Route_Map_Digit]\n001=1|F|02|F|0\n002=2|F|101|F|0\n003=3|F|01|F\n"
                     "[DIDRedirect]\n001=1|1|2|1|02\n002=1|3|4|0|002\n");
   bench.Run("frmRoute", std::string("click lsRoute(1)\n") + kSelectAll + "click cmdOK\n");
-  EXPECT_EQ(bench.Get("Route_List", "02"), "3");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "001"), "1|F|F|F|0");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "002"), "2|F|101|F|0");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "003"), "3|F|01|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "001"), "1|1|2|1|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "002"), "1|3|4|0|002");
-  EXPECT_FALSE(bench.Has("Route", "003"));
+  bench.ExpectKeys(
+      "[Route_List]\n02=3\n[Route_Map_Digit]\n001=1|F|F|F|0\n002=2|F|101|F|0\n003=3|F|01|F\n"
+      "[DIDRedirect]\n001=1|1|2|1|F\n002=1|3|4|0|002\n[Route]\n-003\n");
   bench.Run("frmRoute", kSelectAll + std::string("click cmdOK\n"));
-  EXPECT_EQ(bench.Get("Route_List", "01"), "0");
-  EXPECT_EQ(bench.Get("Route_List", "50"), "0");
+  bench.ExpectKeys("[Route_List]\n01=0\n50=0\n");
 }
 
 TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
@@ -92,21 +81,17 @@ TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
   EXPECT_EQ(bench.editor->table()->rows(), 45);
   bench.Go("click mnu_insert_row\nclick cmdOK\n");  // there is no room for another row
   EXPECT_EQ(bench.lines, std::vector<std::string>{"box: Over limit data you cannot add. "});
-  EXPECT_EQ(bench.Get("Route_List", "01"), "46");
-  EXPECT_EQ(bench.Get("Route", "045"), "01|0|0|F|F|F|F|45|F");
-  EXPECT_FALSE(bench.Has("Route", "210"));
+  bench.ExpectKeys("[Route_List]\n01=46\n[Route]\n045=01|0|0|F|F|F|F|45|F\n-210\n");
 }
 
 TEST(FrmRoute, EndsOfAnyKindAreReadAsFarAsTheyGo) {
-  struct Case {
-    std::initializer_list<int> ends;
-    std::vector<std::string> second;  // Type Send of the second list
-  };
-  const Case kCases[] = {{{5, 3}, {}}, {{3, 0}, {}}, {{3, 2000000000}, {"3", "4"}}, {{-4, 3}, {"1", "P1"}}};
-  for (const Case& c : kCases) {
-    EditorBench bench(Lists(c.ends) + kRoutes);
+  // The ends, and Type Send of the second list.
+  const std::pair<std::vector<int>, std::vector<std::string>> cases[] = {
+      {{5, 3}, {}}, {{3, 0}, {}}, {{3, 2000000000}, {"3", "4"}}, {{-4, 3}, {"1", "P1"}}};
+  for (const auto& [ends, second] : cases) {
+    EditorBench bench(Lists(ends) + kRoutes);
     bench.Run("frmRoute", "click lsRoute(1)\n");
-    EXPECT_EQ(Shown(bench), c.second);
+    EXPECT_EQ(Shown(bench), second);
   }
 }
 

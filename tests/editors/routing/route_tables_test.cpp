@@ -24,20 +24,17 @@ TEST(FrmRouteMap, SavesEveryRowInOrder) {
   EXPECT_THAT(bench.Run("frmRouteMap", "list cmbMask2\ngo 5 Digit\ntype 3\n"),
               ElementsAre("Extension", "List 1", "List 3", "List 6"));
   EXPECT_THAT(bench.Go("click cmdOK\n"), IsEmpty());
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "001"), "3|F|F|F|0");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "002"), "9|F|04|0|254");  // a list that is offered no more
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "003"), "20|1|07|1|255");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "004"), "1X|0|101|F|0");
-  EXPECT_EQ(bench.Get("Route_Map_Digit", "200"), "F|F|F|F|0");
+  bench.ExpectKeys(
+      "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is offered no more
+      "003=20|1|07|1|255\n004=1X|0|101|F|0\n200=F|F|F|F|0\n");
 }
 
 TEST(FrmRouteMap, BlanksStandLastBothWays) {
   EditorBench bench("[Route_Map_Digit]\n001=F|0|F|F|0\n002=5|F|F|F|0\n003=XX|F|F|F|0\n004=40|F|F|F|0\n");
   bench.Run("frmRouteMap", "click cmdSort\nclick cmdSort\n");
-  const TableEditor& table = *bench.editor->table();
-  EXPECT_THAT(
-      (std::vector<std::string>{table.Cell(1, 1), table.Cell(2, 1), table.Cell(3, 1), table.Cell(4, 2)}),
-      ElementsAre("XX", "40", "5", "DID Grp"));
+  std::vector<std::string> digits;
+  for (int row = 1; row <= 4; ++row) digits.push_back(bench.Cells(row, 1, row == 4 ? 2 : 1).back());
+  EXPECT_THAT(digits, ElementsAre("XX", "40", "5", "DID Grp"));
 }
 
 TEST(FrmIncomingLst, ASaveSortsAndThePortsFollow) {
@@ -47,13 +44,11 @@ TEST(FrmIncomingLst, ASaveSortsAndThePortsFollow) {
   EXPECT_THAT(bench.Run("frmIncomingLst", "list cmbMask\ngo 5 Name\ntype Cafe\n"),
               ElementsAre("100", "200", "100", "DID", "Map_Digit", "Wait_Comp"));
   bench.Go("select 2 1 2 5\nclick mnu_cut\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("Incoming_List", "01"), "Abc|005|F|F|F");  // above "Now", but there
-  EXPECT_EQ(bench.Get("Incoming_List", "02"), "Cafe|F|F|F|F");
-  EXPECT_EQ(bench.Get("Incoming_List", "03"), "Zoo|004|1000|F|5");  // the second of two equal numbers
-  EXPECT_EQ(bench.Get("Incoming_List", "04"), "");
-  EXPECT_EQ(bench.Get("Incoming_List", "05"), "F|F|F|F|254");  // what it pointed at has no number
-  EXPECT_EQ(bench.Get("Port_Def", "001"), "1|1|6|F|F|F|F|005|F");
-  EXPECT_EQ(bench.Get("Port_Def", "002"), "1|2|6|F|F|F|003|000|F");
+  bench.ExpectKeys(
+      "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but there
+      "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
+      "-04\n05=F|F|F|F|254\n"                   // what it pointed at has no number
+      "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
 }
 
 TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
@@ -61,10 +56,7 @@ TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
   bench.Run("frmIncomingLst", "");
   EXPECT_EQ(bench.editor->table()->rows(), 4);  // a row in use is shown though it is above "Max"
   bench.Go("go 1 1\nclick mnu_del_row\nclick mnu_AddRow\nclick mnu_AddRow\ntype X\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("Incoming_List", "Now"), "5");
-  EXPECT_EQ(bench.Get("Incoming_List", "01"), "B|F|F|F|F");
-  EXPECT_EQ(bench.Get("Incoming_List", "03"), "X|F|F|F|F");
-  EXPECT_FALSE(bench.Has("Incoming_List", "04"));
+  bench.ExpectKeys("[Incoming_List]\nNow=5\n01=B|F|F|F|F\n03=X|F|F|F|F\n-04\n");
 }
 
 TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
@@ -74,24 +66,16 @@ TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
   EXPECT_THAT(bench.Run("frmE1Map", "list cmbMask\ngo 1 Mode\npick \"Network Link\"\nclick mnu_Sort_ZA\n"),
               ElementsAre("1/1", "1/2", "1/3"));
   bench.Go("go 2 Start\npress Delete\ngo 2 End\npress Delete\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("E1Map", "01"), "002|003|2");
-  EXPECT_EQ(bench.Get("E1Map", "02"), "F|F|3");
-  EXPECT_EQ(bench.Get("E1Map", "10"), "F|F|0");
-  EXPECT_EQ(bench.Get("E1Map", "Now"), "10");
-  EXPECT_EQ(bench.Get("E1Number", "01"), "F|12|3");
-  EXPECT_EQ(bench.Get("E1Number", "02"), "01|5|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "001"), "F|10|20|3|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "002"), "1|1|2|F|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "003"), "5|1|2|F|F");  // that link had been empty before
+  bench.ExpectKeys(
+      "[E1Map]\n01=002|003|2\n02=F|F|3\n10=F|F|0\nNow=10\n[E1Number]\n01=F|12|3\n02=01|5|F\n"
+      "[DIDRedirect]\n001=F|10|20|3|F\n002=1|1|2|F|F\n003=5|1|2|F|F\n");  // that link had been empty before
 }
 
 TEST(FrmE1Numbering, OffersLinksWithBothPortsAndWritesEveryRow) {
   EditorBench bench(std::string(kPorts) + kLinks + "[E1Number]\n02=3|5|18\n");
   EXPECT_THAT(bench.Run("frmE1Numbering", "go 1 1\nlist cmbMask\npick 1\nclick cmdOK\n"),
               ElementsAre("1", "3"));
-  EXPECT_EQ(bench.Get("E1Number", "01"), "01|F|F");
-  EXPECT_EQ(bench.Get("E1Number", "02"), "03|5|18");
-  EXPECT_EQ(bench.Get("E1Number", "20"), "F|F|F");
+  bench.ExpectKeys("[E1Number]\n01=01|F|F\n02=03|5|18\n20=F|F|F\n");
 }
 
 TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
@@ -102,28 +86,20 @@ TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
               ElementsAre("List 1", "List 3", "List 6"));
   EXPECT_THAT(bench.Go("go 2 5\nlist cmbMask3\n"), ElementsAre("100", "200", "100", "500"));
   bench.Go("go 1 \"Map Type\"\npick \"Not Exist\"\ngo 3 4\npick Number\ngo 3 5\npick 500\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("DIDRedirect", "001"), "1|1|2|3|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "002"), "9|3|4|0|004");  // the second of two equal numbers
-  EXPECT_EQ(bench.Get("DIDRedirect", "003"), "1|5|6|0|005");
-  EXPECT_EQ(bench.Get("DIDRedirect", "004"), "1|7|8|1|02");  // a list without routes
-  EXPECT_FALSE(bench.Has("DIDRedirect", "005"));
+  bench.ExpectKeys(
+      "[DIDRedirect]\n001=1|1|2|3|F\n002=9|3|4|0|004\n"  // the second of two equal numbers
+      "003=1|5|6|0|005\n004=1|7|8|1|02\n"                // a list without routes
+      "-005\n");
   bench.Run("frmDIDRedirect",
             "go 6 1\npaste 1\\t11\\t12\\tRoute List\\tList 6\nclick cmdSort\nclick cmdOK\n");
-  EXPECT_EQ(bench.Get("DIDRedirect", "001"), "1|1|2|3|F");
-  EXPECT_EQ(bench.Get("DIDRedirect", "004"), "1|11|12|1|06");
-  EXPECT_EQ(bench.Get("DIDRedirect", "005"), "9|3|4|0|004");
+  bench.ExpectKeys("[DIDRedirect]\n001=1|1|2|3|F\n004=1|11|12|1|06\n005=9|3|4|0|004\n");
 }
 
 TEST(FrmSetRoute, SelectsByTextAndWritesEveryRow) {
   EditorBench bench("[TblRoute]\nPID=3\nGW=15\n01=0|1\n02=A|B\n03=4|F\n");
   EXPECT_THAT(bench.Run("frmSetRoute", "value cmbPID\nvalue cmbGW\ngo 3 Device\npick 0\nclick cmdOK\n"),
               ElementsAre("3", "15"));
-  EXPECT_EQ(bench.Get("TblRoute", "PID"), "3");
-  EXPECT_EQ(bench.Get("TblRoute", "GW"), "15");
-  EXPECT_EQ(bench.Get("TblRoute", "01"), "F|1");
-  EXPECT_EQ(bench.Get("TblRoute", "02"), "A|B");
-  EXPECT_EQ(bench.Get("TblRoute", "03"), "4|0");
-  EXPECT_EQ(bench.Get("TblRoute", "16"), "F|F");
+  bench.ExpectKeys("[TblRoute]\nPID=3\nGW=15\n01=F|1\n02=A|B\n03=4|0\n16=F|F\n");
   EditorBench none("[TblRoute]\nPID=99\n");
   EXPECT_THAT(none.Run("frmSetRoute", "value cmbPID\nvalue cmbGW\n"), ElementsAre("0", "1"));
 }

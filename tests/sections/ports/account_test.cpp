@@ -1,6 +1,6 @@
 #include "sections/ports/account.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -33,26 +33,14 @@ TEST(Account, ImageOfARow) {
 }
 
 TEST(Account, RowOfAnImage) {
-  const struct {
-    std::string image;
-    std::string row;
-  } cases[] = {
-      {"FF*11", ""},
-      {"00*5 FF FF FF FF FF FF", ""},
-      {"12 A3 A4 1A 99 F3 01 13 1F 2C 01", "120304|1099|500|20|32|300"},
-      {"12 00 30 00 45 FE FF FF FF 00 00", "123|45|F|F|F|0"},
-      // A high byte of 255 unsets number and time whatever the low one says.
-      {"0A FF 05 FF 1A 00 FF FE 00 05 FF", "05|10|F|255|1|F"},
-      {"00*11", "F|F|1|1|1|0"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.image);
-    const IniText project =
-        Decoded(DecodeAccount, ImageWith(kSize, 255, kLast, Hex(c.image)), "[Account]\n200=old\n");
-    EXPECT_EQ(project.Get("Account", "200"), c.row);
-    EXPECT_EQ(project.HasKey("Account", "200"), !c.row.empty());
-    EXPECT_EQ(project.Keys("Account").size(), c.row.empty() ? 0U : 1U);
-  }
+  ExpectRows(DecodeAccount, {"Account", "200", kSize, kLast},
+             {{"", "FF*11"},
+              {"", "00*5 FF FF FF FF FF FF"},
+              {"120304|1099|500|20|32|300", "12 A3 A4 1A 99 F3 01 13 1F 2C 01"},
+              {"123|45|F|F|F|0", "12 00 30 00 45 FE FF FF FF 00 00"},
+              // A high byte of 255 unsets number and time whatever the low one says.
+              {"05|10|F|255|1|F", "0A FF 05 FF 1A 00 FF FE 00 05 FF"},
+              {"F|F|1|1|1|0", "00*11"}});
   EXPECT_EQ(Decoded(DecodeAccount, Hex("10")).Get("Account", "001"), "1|F|1|1|1|0");
 }
 

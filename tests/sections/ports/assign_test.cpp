@@ -1,6 +1,6 @@
 #include "sections/ports/assign.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -27,30 +27,19 @@ TEST(Assign, ImageOfARow) {
 }
 
 TEST(Assign, RowOfAnImage) {
-  const struct {
-    std::string image;
-    std::string row;
-  } cases[] = {
-      {"FF*9", ""},
-      {"1A A0 00 00 F3 01 04 FF 00", "100|0|500|4|256"},
-      // The value is padded by the type: a port, a hunt row, a call group.
-      {"FF*3 00 04 00 FF FF FF", "F|0|005|F|F"},
-      {"FF*3 01 04 00 FF FF FF", "F|1|5|F|F"},
-      {"FF*3 02 04 00 FF FF FF", "F|2|05|F|F"},
-      {"FF*3 03 04 00 FF FF FF", "F|3|05|F|F"},
-      {"12 00 34 FF 05 FF 00 00 FF", "12|F|F|0|F"},
-      {"FF 12 3A 07 00 00 FF FF FF", "1230|7|1|F|F"},
-      // A byte 0 is a digit here, so a number of zeros is empty and not "F".
-      {"00*9", "|0|001|0|001"},
-  };
-  for (const auto& c : cases) {
-    const IniText project =
-        Decoded(DecodeAssign, ImageWith(kSize, 255, 499 * kRecord, Hex(c.image)), "[Assign]\n500=old\n");
-    EXPECT_EQ(project.Get("Assign", "500"), c.row) << c.image;
-    EXPECT_EQ(project.HasKey("Assign", "500"), !c.row.empty());
-    EXPECT_EQ(project.Get("Assign", "Now"), "500");
-    EXPECT_EQ(project.Keys("Assign").size(), c.row.empty() ? 2U : 3U);
-  }
+  ExpectRows(DecodeAssign, {"Assign", "500", kSize, 499 * kRecord},
+             {{"", "FF*9"},
+              {"100|0|500|4|256", "1A A0 00 00 F3 01 04 FF 00"},
+              // The value is padded by the type: a port, a hunt row, a call group.
+              {"F|0|005|F|F", "FF*3 00 04 00 FF FF FF"},
+              {"F|1|5|F|F", "FF*3 01 04 00 FF FF FF"},
+              {"F|2|05|F|F", "FF*3 02 04 00 FF FF FF"},
+              {"F|3|05|F|F", "FF*3 03 04 00 FF FF FF"},
+              {"12|F|F|0|F", "12 00 34 FF 05 FF 00 00 FF"},
+              {"1230|7|1|F|F", "FF 12 3A 07 00 00 FF FF FF"},
+              // A byte 0 is a digit here, so a number of zeros is empty and not "F".
+              {"|0|001|0|001", "00*9"}});
+  EXPECT_EQ(Decoded(DecodeAssign, {}).Get("Assign", "Now"), "500");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "sections/ports/key_dss.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -8,12 +8,6 @@ namespace {
 constexpr int kSize = 11424;
 constexpr int kSecond = 476;  // the second layout
 constexpr int kDss = kSecond + 220;
-
-std::string Repeated(const std::string& text, int count) {
-  std::string all = text;
-  for (int i = 1; i < count; ++i) all += "|" + text;
-  return all;
-}
 
 TEST(KeyDss, ImageOfAKey) {
   const std::string error = "section Key, row 02, field Key 2: value ";
@@ -61,10 +55,7 @@ TEST(KeyDss, ImageOfAConsoleButton) {
 }
 
 TEST(KeyDss, KeysOfAnImage) {
-  const struct {
-    std::string entries;
-    std::string keys;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"01 B1 2C 00*8 02 12 00 00 34 50 00*5 02 12 34 56 70 00*6", "TE*12#|TR12,345|TR123456,7"},
       {"03 1A A0 00*8 04 03 00*9 04 20 1A 50 00*7 04 FF 00*9 04 00*10", "EX100|GO3|GO32,105|GO255|GO0"},
       {"00 FF*10 06 12*10 FF*11 01 00*10 02 00*3 90 00*6", "F|F|F|TE|TR,9"},
@@ -75,13 +66,12 @@ TEST(KeyDss, KeysOfAnImage) {
       {"05 00*10 05 00*10 05 00*10 05 00*10 05 00*10 05 00*10", "ML1|ML2|ML3|ML4|ML5|ML"},
       {"05 01 00*9 05 01 00*9 05 01 00*9 05 00*10 05 00*10 05 00*10", "ML1|ML1|ML1|ML2|ML3|ML"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.entries);
-    const auto count = static_cast<int>(Hex(c.entries).size() / 11);
-    const IniText project = Decoded(DecodeKeyDss, ImageWith(kSize, 0, kSecond, Hex(c.entries)));
-    EXPECT_EQ(project.Get("Key", "02"), c.keys + "|" + Repeated("F", 20 - count));
-    EXPECT_EQ(project.Get("Key", "24"), Repeated("F", 20));
-    EXPECT_EQ(project.Get("DSS", "02"), Repeated("F", 64));
+  for (const auto& [entries, keys] : cases) {
+    SCOPED_TRACE(entries);
+    const auto count = static_cast<int>(Hex(entries).size() / 11);
+    const IniText project = Decoded(DecodeKeyDss, ImageWith(kSize, 0, kSecond, Hex(entries)));
+    ExpectKeys(project,
+               "[Key]\n02=" + keys + "|F*" + std::to_string(20 - count) + "\n24=F*20\n[DSS]\n02=F*64\n");
     EXPECT_EQ(project.Keys("Key").size() + project.Keys("DSS").size(), 48U);
   }
 }
@@ -91,8 +81,7 @@ TEST(KeyDss, ConsoleButtonsOfAnImage) {
       DecodeKeyDss,
       ImageWith(kSize, 255, kDss,
                 Hex("01 B1 C0 00 02 1A A0 00 03 1A A0 00 04 12 00 00 01 00*3 FF 12 34 56 03 12 34 56")));
-  EXPECT_EQ(project.Get("DSS", "02"), "TE*1#|TR100|EX100|F|F|F|EX123456|" + Repeated("F", 57));
-  EXPECT_EQ(project.Get("Key", "02"), Repeated("F", 20));
+  ExpectKeys(project, "[DSS]\n02=TE*1#|TR100|EX100|F|F|F|EX123456|F*57\n[Key]\n02=F*20\n");
 }
 
 }  // namespace

@@ -20,13 +20,7 @@ TEST(Name, ImageOfNames) {
 }
 
 TEST(Name, NamesOfAnImage) {
-  const struct {
-    std::string image;
-    std::string name;
-    std::string now;
-    std::uint8_t fill;
-    bool has_key;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string, std::uint8_t, bool> cases[] = {
       {"42 61 72 20*12", "Bar", "1", 0x20, true},
       {"46 69 66 74 65 65 6E 20 6C 65 74 74 65 72 73", "Fifteen letters", "1", 0x20, true},
       {"20*15", "", "0", 0x20, false},
@@ -36,14 +30,13 @@ TEST(Name, NamesOfAnImage) {
       {"42 61 72 00*12", "Bar", "500", 0x00, true},
       {"E9*15", "\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9\xE9", "500", 0xFF, true},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.image);
+  for (const auto& [image, name, now, fill, has_key] : cases) {
+    SCOPED_TRACE(image);
     const IniText project =
-        Decoded(DecodeName, ImageWith(kSize, c.fill, 499 * kRecord, Hex(c.image)), "[Name]\n500=old\n");
-    EXPECT_EQ(project.Get("Name", "500"), c.name);
-    EXPECT_EQ(project.HasKey("Name", "500"), c.has_key);
-    EXPECT_EQ(project.Get("Name", "Max"), "500");
-    EXPECT_EQ(project.Get("Name", "Now"), c.now);
+        Decoded(DecodeName, ImageWith(kSize, fill, 499 * kRecord, Hex(image)), "[Name]\n500=old\n");
+    EXPECT_EQ(project.Get("Name", "500"), name);
+    EXPECT_EQ(project.HasKey("Name", "500"), has_key);
+    ExpectKeys(project, "[Name]\nMax=500\nNow=" + now + "\n");
   }
 }
 

@@ -1,6 +1,6 @@
 #include "sections/ports/port_config.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -10,12 +10,7 @@ constexpr int kRecord = 20;
 constexpr int kLast = 19 * kRecord;
 
 TEST(PortConfig, ImagesOfAProfile) {
-  const struct {
-    std::string profile;
-    std::string a;
-    std::string b;
-    std::string second;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
       {"", "00 FF FF 00*17", "00 FF FF 00*17", "00*6 FF 00*13"},
       {"F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F", "00 FF FF 00*17", "00 FF FF 00*6 FF FF FF 00*8",
        "00*6 FF 08 00*12"},
@@ -27,11 +22,11 @@ TEST(PortConfig, ImagesOfAProfile) {
        "00 FF FF 00*6 FF FF FF 00*8", "12 34 56 70 00 00 FF FF 00*12"},
       {"02|F|1", "00 01 FF 01 00*16", "00 01 FF 01 00*5 FF FF FF 00*8", "00*6 FF 08 00*12"},
   };
-  for (const auto& c : cases) {
-    const std::string project = "[PortConfig]\n20=" + c.profile;
-    ExpectImage(EncodePortConfigA, kSize, project, kLast, c.a);
-    ExpectImage(EncodePortConfigB, kSize, project, kLast, c.b);
-    ExpectImage(EncodePortConfig2, kSize, project, kLast, c.second);
+  for (const auto& [profile, a, b, second] : cases) {
+    const std::string project = "[PortConfig]\n20=" + profile;
+    ExpectImage(EncodePortConfigA, kSize, project, kLast, a);
+    ExpectImage(EncodePortConfigB, kSize, project, kLast, b);
+    ExpectImage(EncodePortConfig2, kSize, project, kLast, second);
   }
   const std::string error = "section PortConfig, row 07, field ";
   const std::pair<std::string, std::string> errors[] = {
@@ -43,11 +38,7 @@ TEST(PortConfig, ImagesOfAProfile) {
 }
 
 TEST(PortConfig, ProfileOfAnImage) {
-  const struct {
-    Decoder decode;
-    std::string image;
-    std::string profile;
-  } cases[] = {
+  const std::tuple<Decoder, std::string, std::string> cases[] = {
       {DecodePortConfigA, "00 FF FF 00*17", ""},
       {DecodePortConfigB, "00 FF FF 00*17", ""},
       {DecodePortConfigB, "00 FF FF 00*6 12 34 56 00*8", ""},
@@ -59,32 +50,27 @@ TEST(PortConfig, ProfileOfAnImage) {
       {DecodePortConfigB, "FF*20", "F|F|0|0|0|0|255|255|255|F|0|0|0|0|0|0|255"},
       {DecodePortConfigA, "00*20", "01|01|0|0|0|0|0|0|0|F|0|0|0|0|0|0"},
   };
-  for (const auto& c : cases) {
-    const IniText project =
-        Decoded(c.decode, ImageWith(kSize, 0, kLast, Hex(c.image)), "[PortConfig]\n20=old\n");
-    EXPECT_EQ(project.Get("PortConfig", "20"), c.profile) << c.image;
-    EXPECT_EQ(project.HasKey("PortConfig", "20"), !c.profile.empty());
+  for (const auto& [decode, image, profile] : cases) {
+    const IniText project = Decoded(decode, ImageWith(kSize, 0, kLast, Hex(image)), "[PortConfig]\n20=old\n");
+    EXPECT_EQ(project.Get("PortConfig", "20"), profile) << image;
+    EXPECT_EQ(project.HasKey("PortConfig", "20"), !profile.empty());
     EXPECT_EQ(project.Get("PortConfig", "Now"), "20");
   }
 }
 
 TEST(PortConfig, SecondSectionMergesIntoWhatTheFirstLeft) {
-  const struct {
-    std::string held;
-    std::string image;
-    std::string merged;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string> cases[] = {
       {"01|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0", "1A 2A 3A 4A 5A 6A 02 FF 00*12",
        "01|F|0|0|0|0|0|0|0|102030405060|0|0|0|0|0|0|0|3|255"},
       {"01|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0", "FF*20", "01|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|255"},
       {"", "12 00*5 02 FF 00*12", ""},
   };
-  for (const auto& c : cases) {
-    const std::string held = c.held.empty() ? "" : "20=" + c.held + "\n";
+  for (const auto& [held, image, merged] : cases) {
+    const std::string row = held.empty() ? "" : "20=" + held + "\n";
     const IniText project =
-        Decoded(DecodePortConfig2, ImageWith(kSize, 0, kLast, Hex(c.image)), "[PortConfig]\n" + held);
-    EXPECT_EQ(project.Get("PortConfig", "20"), c.merged) << c.image;
-    EXPECT_EQ(project.Keys("PortConfig").size(), c.held.empty() ? 0U : 1U);
+        Decoded(DecodePortConfig2, ImageWith(kSize, 0, kLast, Hex(image)), "[PortConfig]\n" + row);
+    EXPECT_EQ(project.Get("PortConfig", "20"), merged) << image;
+    EXPECT_EQ(project.Keys("PortConfig").size(), held.empty() ? 0U : 1U);
   }
 }
 

@@ -1,6 +1,6 @@
 #include "sections/ports/port_def.h"
 
-#include "tests/sections/coder_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -9,10 +9,7 @@ constexpr int kSize = 27500;
 constexpr int kRecord = 55;
 
 TEST(PortDef, ImageOfARow) {
-  const struct {
-    std::string row;
-    std::string image;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       // A row that is there although nothing is set: zeros where an unused row has 255.
       {"F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
        "FF FF 00 FF FF FF FF FF FF FF FF FF 00 00 FF 00*30 00 00 00 FF FF FF FF 00 00 FF"},
@@ -25,12 +22,8 @@ TEST(PortDef, ImageOfARow) {
        "00 00 01 FF FF FF FF FF FF FF FF FF 00 00 FF 00*30 00 00 00 00 00 00 00 10 00 FF"},
       {"1|1|1", "00 00 01 FF FF FF FF FF FF FF FF FF 00 00 FF 00*30 00 00 00 FF FF FF FF 00 00 FF"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.row);
-    const ImageWriter image = Encoded(EncodePortDef, kSize, "[port_def]\n002= " + c.row + "\n");
-    EXPECT_EQ(image.error(), "");
-    EXPECT_EQ(Part(image, kRecord, kRecord), Hex(c.image));
-  }
+  for (const auto& [row, image] : cases)
+    ExpectImage(EncodePortDef, kSize, "[port_def]\n002= " + row, kRecord, image);
 }
 
 TEST(PortDef, BossMarksTheLowestRowThatNamesThePort) {
@@ -41,55 +34,32 @@ TEST(PortDef, BossMarksTheLowestRowThatNamesThePort) {
 }
 
 TEST(PortDef, ErrorsNameTheField) {
-  const struct {
-    std::string row;
-    std::string error;
-  } cases[] = {
-      {"256|1|1",
-       "section Port_Def, row 001, field Card: value 256 is more than its place on the wire can hold"},
-      {"255|1|1", ""},
-      {"1|1|-1", "section Port_Def, row 001, field Type: value -1 is negative"},
-      {"-5|1|1", ""},
-      {"1|1|1|F|F|F|F|F|255|1",
-       "section Port_Def, row 001, field DND: value 255 is more than its place on the wire can hold"},
-      {"1|1|1|F|F|F|F|F|F|12x",
-       "section Port_Def, row 001, field Disa: value 12x holds a character that can't be dialled"},
-      {"1|1|1|F|F|F|F|F|F|123456789012x", ""},
-      {"1|1|1|F|F|F|F|F|F|F|F|F|F|F|F|65536",
-       "section Port_Def, row 001, field Number: value 65536 is more than its place on the wire can hold"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Encoded(EncodePortDef, kSize, "[Port_Def]\n001=" + c.row + "\n").error(), c.error) << c.row;
-  }
+  const Place row = {"Port_Def", "001", kSize, 0};
+  ExpectErrors(EncodePortDef, row,
+               {{"256|1|1", "Card: value 256"},
+                {"1|1|-1", "Type: value -1", "is negative"},
+                {"1|1|1|F|F|F|F|F|255|1", "DND: value 255"},
+                {"1|1|1|F|F|F|F|F|F|12x", "Disa: value 12x", "holds a character that can't be dialled"},
+                {"1|1|1|F|F|F|F|F|F|F|F|F|F|F|F|65536", "Number: value 65536"}});
+  for (const char* good : {"255|1|1", "-5|1|1", "1|1|1|F|F|F|F|F|F|123456789012x"})
+    EXPECT_EQ(Encoded(EncodePortDef, kSize, row.Project(good)).error(), "") << good;
 }
 
 TEST(PortDef, RowOfAnImage) {
-  const struct {
-    std::string image;
-    std::string row;
-  } cases[] = {
-      {"02 03 01 FF FF 01 00 06 00 0B 2B 01 03 00 14 3A 50 00*4 00*24 00 12 34 00 00 02 01 11 01 FF",
-       "3|4|1|2|1|7|001|012|1|305|F|F|F|F|20|300|1234|0|1|2|1|3|1"},
-      // A high flag byte of 255 sets every flag; digits then come from the record, where bytes of 255 are
-      // none.
-      {"00 00 00 00 00 FF FF FF FF FF FF FF 00 FF FF FF*6 0A 05 00 00 00 00 00*18 00 FF 1A FF FF FF FF 10 02 "
-       "00",
-       "1|1|F|F|F|F|F|F|1|F|05|F|F|F|F|F|10|F|F|F|F|2|F"},
-      {"FF FF FF 01 02 03 04 05 06 07 08 00 00 00 00*41", ""},
-      {"FF FF 00 00*52", ""},
-      {"FF FF 05 00*52", "F|F|5|1|1|1|001|001|0|F|F|F|F|F|0|001|F|0|1|0|0|0|F"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.image);
-    const std::vector<std::uint8_t> record = Hex(c.image);
-    ASSERT_EQ(record.size(), 55U);
-    const IniText project =
-        Decoded(DecodePortDef, ImageWith(kSize, 255, 499 * kRecord, record), "[Port_Def]\n500=old\n");
-    EXPECT_EQ(project.Get("Port_Def", "500"), c.row);
-    EXPECT_EQ(project.HasKey("Port_Def", "500"), !c.row.empty());
-    EXPECT_EQ(project.Keys("Port_Def").size(), c.row.empty() ? 2U : 3U);
-    EXPECT_EQ(project.Get("Port_Def", "Now"), "500");
-  }
+  ExpectRows(
+      DecodePortDef, {"Port_Def", "500", kSize, 499 * kRecord},
+      {{"3|4|1|2|1|7|001|012|1|305|F|F|F|F|20|300|1234|0|1|2|1|3|1",
+        "02 03 01 FF FF 01 00 06 00 0B 2B 01 03 00 14 3A 50 00*4 00*24 00 12 34 00 00 02 01 11 01 FF"},
+       // A high flag byte of 255 sets every flag; digits then come from the record, where bytes of 255 are
+       // none.
+       {"1|1|F|F|F|F|F|F|1|F|05|F|F|F|F|F|10|F|F|F|F|2|F",
+        "00 00 00 00 00 FF FF FF FF FF FF FF 00 FF FF FF*6 0A 05 00 00 00 00 00*18 00 FF 1A FF FF FF FF 10 "
+        "02 "
+        "00"},
+       {"", "FF FF FF 01 02 03 04 05 06 07 08 00 00 00 00*41"},
+       {"", "FF FF 00 00*52"},
+       {"F|F|5|1|1|1|001|001|0|F|F|F|F|F|0|001|F|0|1|0|0|0|F", "FF FF 05 00*52"}});
+  EXPECT_EQ(Decoded(DecodePortDef, {}).Get("Port_Def", "Now"), "500");
 }
 
 }  // namespace

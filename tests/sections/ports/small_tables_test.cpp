@@ -1,7 +1,7 @@
 #include "sections/ports/boss.h"
 #include "sections/ports/number_tables.h"
 #include "sections/ports/vm_call_back.h"
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -23,11 +23,7 @@ const SmallTable kDialPhone = {EncodeDialPhone, DecodeDialPhone, "DialPhone", 24
 const SmallTable kCallBack = {EncodeVMCallBack, DecodeVMCallBack, "VMCallBack", 10, 8, "00*8", "F|F"};
 
 TEST(SmallTables, ImageOfARow) {
-  const struct {
-    const SmallTable& table;
-    std::string row;
-    std::string image;
-  } cases[] = {
+  const std::tuple<const SmallTable&, std::string, std::string> cases[] = {
       {kBoss, "001|F", "00 00 FF FF"},
       {kBoss, "256|500", "FF 00 F3 01"},
       {kBoss, "0|x", "FF*4"},
@@ -43,22 +39,18 @@ TEST(SmallTables, ImageOfARow) {
       {kCallBack, "0|", "30 00*7"},
       {kCallBack, "F|00", "00*4 30 30 00 00"},
   };
-  for (const auto& c : cases) {
-    const int size = c.table.rows * c.table.record;
-    const std::string project = "[" + c.table.section + "]\n02= " + c.row + " \n99=1";
-    ExpectImage(c.table.encode, size, project, c.table.record, c.image);
-    if (c.image.starts_with("section")) continue;
-    ExpectImage(c.table.encode, size, project, 0, c.table.unused);
-    ExpectImage(c.table.encode, size, project, size - c.table.record, c.table.unused);
+  for (const auto& [table, row, image] : cases) {
+    const int size = table.rows * table.record;
+    const std::string project = "[" + table.section + "]\n02= " + row + " \n99=1";
+    ExpectImage(table.encode, size, project, table.record, image);
+    if (image.starts_with("section")) continue;
+    ExpectImage(table.encode, size, project, 0, table.unused);
+    ExpectImage(table.encode, size, project, size - table.record, table.unused);
   }
 }
 
 TEST(SmallTables, RowOfAnImage) {
-  const struct {
-    const SmallTable& table;
-    std::string image;
-    std::string row;
-  } cases[] = {
+  const std::tuple<const SmallTable&, std::string, std::string> cases[] = {
       {kBoss, "00 00 FF FF", "001|F"},
       {kBoss, "F3 01 05 FF", "500|65286"},
       {kBoss, "FF*4", "F|F"},
@@ -72,20 +64,19 @@ TEST(SmallTables, RowOfAnImage) {
       {kCallBack, "20 20 00 00 00 37 FF 38", "F|78"},
       {kCallBack, "FF*8", "F|F"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.table.section + " " + c.image);
-    const int size = c.table.rows * c.table.record;
+  for (const auto& [table, record, row] : cases) {
+    SCOPED_TRACE(table.section + " " + record);
+    const int size = table.rows * table.record;
     std::vector<std::uint8_t> image;
     while (static_cast<int>(image.size()) < size) {
-      const auto unused = Hex(c.table.unused);
+      const auto unused = Hex(table.unused);
       image.insert(image.end(), unused.begin(), unused.end());
     }
-    const auto record = Hex(c.image);
-    std::copy(record.begin(), record.end(), image.begin() + c.table.record);
-    const IniText project = Decoded(c.table.decode, image, "[" + c.table.section + "]\n01=old\n");
-    EXPECT_EQ(project.Get(c.table.section, "02"), c.row);
-    EXPECT_EQ(project.Get(c.table.section, "01"), c.table.unused_row);
-    EXPECT_EQ(project.Keys(c.table.section).size(), static_cast<std::size_t>(c.table.rows));
+    const auto second = Hex(record);
+    std::copy(second.begin(), second.end(), image.begin() + table.record);
+    const IniText project = Decoded(table.decode, image, "[" + table.section + "]\n01=old\n");
+    ExpectKeys(project, "[" + table.section + "]\n01=" + table.unused_row + "\n02=" + row + "\n");
+    EXPECT_EQ(project.Keys(table.section).size(), static_cast<std::size_t>(table.rows));
   }
 }
 

@@ -1,6 +1,6 @@
 #include "sections/routing/class_digit.h"
 #include "sections/routing/class_group.h"
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -32,19 +32,17 @@ TEST(ClassDigit, FullPoolAndErrors) {
   EXPECT_EQ(image.error(), "");
   EXPECT_EQ(Part(image, 36, 4), Hex("00 04 00 04"));
   EXPECT_EQ(Part(image, 1062, 2), Hex("22 00"));
-  EXPECT_EQ(Encoded(EncodeClassBan, kSize, full + "\n03=4").error(),
-            "section COR, row 03, field Ban Number: value 4 has no place in the pool that all classes share");
+  const std::string none =
+      "section COR, row 03, field Ban Number: value 4 has no place in the pool that all classes share";
+  EXPECT_EQ(Encoded(EncodeClassBan, kSize, full + "\n03=4").error(), none);
+  // One byte is left: not enough for a digit and its end.
+  EXPECT_EQ(Encoded(EncodeClassBan, kSize, full.substr(0, full.size() - 2) + "\n03=4").error(), none);
   ExpectErrors(EncodeClassAllow, kAllow,
                {{"4|1x", "Allow Number: value 1x", "holds a character that can't be dialled"}});
 }
 
 TEST(ClassDigit, ListsOfAnImage) {
-  const struct {
-    std::string ends;
-    std::string pool;
-    std::string first;
-    std::string second;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
       {"03 00 06 00", "9A B0 00 12 34 00", "90*", "1234"},
       {"06 00 06 00", "AB C0 00 05 A1 00", "0*#|501", ""},
       // A number ends at its first code 0; ends without digits are dropped.
@@ -56,19 +54,15 @@ TEST(ClassDigit, ListsOfAnImage) {
       // An end in front of the one before it takes nothing back.
       {"04 00 02 00", "12 00 34 00", "12|34", ""},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.pool);
-    std::vector<std::uint8_t> image = ImageWith(kSize, 0, 40, Hex(c.pool));
-    const std::vector<std::uint8_t> ends = Hex(c.ends);
-    std::copy(ends.begin(), ends.end(), image.begin());
+  for (const auto& [ends, pool, first, second] : cases) {
+    SCOPED_TRACE(pool);
+    std::vector<std::uint8_t> image = ImageWith(kSize, 0, 40, Hex(pool));
+    const std::vector<std::uint8_t> words = Hex(ends);
+    std::copy(words.begin(), words.end(), image.begin());
     const IniText ban = Decoded(DecodeClassBan, image, "[COR]\n01A=77\n20=88");
-    EXPECT_EQ(ban.Get("COR", "01"), c.first);
-    EXPECT_EQ(ban.Get("COR", "02"), c.second);
-    EXPECT_EQ(ban.Get("COR", "01A"), "77");
-    EXPECT_EQ(ban.Get("COR", "20"), "");
-    EXPECT_EQ(ban.Get("COR", "Max"), "20");
+    ExpectKeys(ban, "[COR]\n01=" + first + "\n02=" + second + "\n01A=77\n20=\nMax=20\n");
     const IniText allow = Decoded(DecodeClassAllow, image);
-    EXPECT_EQ(allow.Get("COR", "02A"), c.second);
+    EXPECT_EQ(allow.Get("COR", "02A"), second);
     EXPECT_EQ(allow.Keys("COR").size(), 21U);
   }
   // A pointer beyond the pool stops at its end.
@@ -88,8 +82,7 @@ TEST(ClassGroup, BothWays) {
                {{"1|2|3|4|5|6|7|8|9", "COR Number: value 9", "has no place in its group any more"},
                 {"1|256", "COR Number: value 256"}});
   const IniText project = Decoded(DecodeClassGroup, Hex("FF 02 FF 13 FF*4 00*8"));
-  EXPECT_EQ(project.Get("COR_Group", "01"), "03|20");
-  EXPECT_EQ(project.Get("COR_Group", "02"), "01|01|01|01|01|01|01|01");
+  ExpectKeys(project, "[COR_Group]\n01=03|20\n02=01|01|01|01|01|01|01|01\n");
   EXPECT_EQ(project.Keys("COR_Group").size(), 16U);
   EXPECT_TRUE(Decoded(DecodeClassGroup, Hex("FF*120")).HasKey("COR_Group", "15"));
 }

@@ -1,6 +1,6 @@
 #include "sections/routing/did_redirect.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "sections/routing/e1_map.h"
 #include "sections/routing/e1_number.h"
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -46,8 +46,7 @@ TEST(E1Map, LinkOfARecordAgainstThePorts) {
   // "Max" of the ports bounds the search.
   ExpectRows(DecodeE1Map, kLink, {{"001|F|0", "04 00 01 00"}}, "[Port_Def]\nMax=1\n001=5|1|6\n002=5|2|6\n");
   const IniText unused = Decoded(DecodeE1Map, Hex("FF*40"));
-  EXPECT_EQ(unused.Get("E1Map", "10"), "F|F|F");
-  EXPECT_EQ(unused.Get("E1Map", "Now"), "10");
+  ExpectKeys(unused, "[E1Map]\n10=F|F|F\nNow=10\n");
 }
 
 TEST(E1Number, RecordOfARow) {

@@ -1,17 +1,11 @@
 #include "sections/routing/group_out.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
 
 const Place kLast = {"Group_Out", "32", 2112, 62};
-
-std::string Repeated(const std::string& text, int count) {
-  std::string all;
-  for (int i = 0; i < count; ++i) all += text;
-  return all;
-}
 
 TEST(GroupOut, EndsAndPool) {
   EXPECT_EQ(Encoded(EncodeGroupOut, 2112, "").bytes(), Hex("00*64 FF*2048"));
@@ -40,19 +34,13 @@ TEST(GroupOut, GroupsOfAnImage) {
   image[4] = 4;
   image[63] = 255;  // no unset end, only 65,535 is
   const IniText project = Decoded(DecodeGroupOut, image);
-  const std::string groups[] = {"012|500", "", "65286", ""};
-  for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(project.Get("Group_Out", "0" + std::to_string(i + 1)), groups[i]);
-  }
+  ExpectKeys(project, "[Group_Out]\n01=012|500\n02=\n03=65286\n04=\n");
   EXPECT_EQ(project.Get("Group_Out", "32").substr(0, 11), "002|001|001");
-  EXPECT_EQ(project.Get("Group_Out", "Now"), "65280");
-  EXPECT_EQ(project.Get("Group_Out", "Max"), "32");
-  EXPECT_EQ(project.Get("Group_Out", "Max_Group_Out"), "1024");
+  ExpectKeys(project, "[Group_Out]\nNow=65280\nMax=32\nMax_Group_Out=1024\n");
 
   image[62] = 255;
   const IniText empty = Decoded(DecodeGroupOut, image, "[Group_Out]\n01=old");
-  EXPECT_EQ(empty.Get("Group_Out", "Now"), "0");
-  EXPECT_EQ(empty.Get("Group_Out", "01"), "");
+  ExpectKeys(empty, "[Group_Out]\nNow=0\n01=\n");
   EXPECT_EQ(empty.Keys("Group_Out").size(), 35U);
 }
 

@@ -1,6 +1,6 @@
 #include "sections/routing/incoming_list.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -30,8 +30,7 @@ TEST(IncomingList, RowOfARecord) {
               {"Incom7|1000|65535|65286|0", "E7 03 FE FF 05 FF 00"},
               {"Incom7|001|001|001|0", "00*7"}});
   const IniText unused = Decoded(DecodeIncomingList, Hex("FF*350"));
-  EXPECT_EQ(unused.Get("Incoming_List", "Max"), "50");
-  EXPECT_EQ(unused.Get("Incoming_List", "Now"), "50");
+  ExpectKeys(unused, "[Incoming_List]\nMax=50\nNow=50\n");
 }
 
 }  // namespace

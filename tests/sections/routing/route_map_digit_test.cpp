@@ -1,6 +1,6 @@
 #include "sections/routing/route_map_digit.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -62,9 +62,7 @@ TEST(RouteMapDigit, RowOfARecord) {
 TEST(RouteMapDigit, TimeLimitsGoToTheRowsThatAreThere) {
   const IniText project = Decoded(DecodeRouteTimeLimit, Hex("00 FF 07"),
                                   "[Route_Map_Digit]\n001=1|F|F|F\n002=2|F|F|F\n004=4|F|F|F");
-  EXPECT_EQ(project.Get("Route_Map_Digit", "001"), "1|F|F|F|0");
-  EXPECT_EQ(project.Get("Route_Map_Digit", "002"), "2|F|F|F|255");
-  EXPECT_EQ(project.Get("Route_Map_Digit", "004"), "4|F|F|F|0");
+  ExpectKeys(project, "[Route_Map_Digit]\n001=1|F|F|F|0\n002=2|F|F|F|255\n004=4|F|F|F|0\n");
   EXPECT_EQ(project.Keys("Route_Map_Digit").size(), 3U);
 }
 

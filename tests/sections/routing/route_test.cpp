@@ -1,7 +1,7 @@
 #include "sections/routing/route.h"
 
 #include "sections/routing/route_list.h"
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "sections/routing/tbl_route.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {

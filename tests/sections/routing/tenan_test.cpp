@@ -1,6 +1,6 @@
 #include "sections/routing/tenan.h"
 
-#include "tests/sections/routing/record_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -25,40 +25,18 @@ TEST(Tenan, MoreThanSixteenColumnsAreAnError) {
 }
 
 TEST(Tenan, RowsOfAnImage) {
-  const struct {
-    Decoder decode;
-    std::string image;
-    std::string max;
-    std::size_t keys;
-    std::vector<std::pair<std::string, std::string>> rows;
-  } cases[] = {
+  const std::tuple<Decoder, std::string, std::size_t, std::string> cases[] = {
       // The short image leaves the upper tenants alone.
-      {DecodeTenan16,
-       "05 00 00*28 FF FF 01 80 00*30",
-       "16",
-       35,
-       {{"101", "0000000000000101"},
-        {"116", "1111111111111111"},
-        {"201", "1000000000000001"},
-        {"216", "0000000000000000"},
-        {"117", "old"},
-        {"301", "old"}}},
-      {DecodeTenan32,
-       "05 00 01 80 00*122 FF 00 02 00*126 80",
-       "32",
-       129,
-       {{"101", "0000000000000101"},
-        {"301", "1000000000000001"},
-        {"332", "0000000011111111"},
-        {"132", "0000000000000000"},
-        {"201", "0000000000000010"},
-        {"432", "1000000000000000"}}},
-  };
-  for (const auto& c : cases) {
-    const IniText project = Decoded(c.decode, Hex(c.image), "[Tenan]\n117=old\n301=old");
-    EXPECT_EQ(project.Get("Tenan", "Max"), c.max);
-    EXPECT_EQ(project.Keys("Tenan").size(), c.keys);
-    for (const auto& [key, row] : c.rows) EXPECT_EQ(project.Get("Tenan", key), row) << key;
+      {DecodeTenan16, "05 00 00*28 FF FF 01 80 00*30", 35,
+       "[Tenan]\nMax=16\n101=0000000000000101\n116=1111111111111111\n201=1000000000000001\n"
+       "216=0000000000000000\n117=old\n301=old\n"},
+      {DecodeTenan32, "05 00 01 80 00*122 FF 00 02 00*126 80", 129,
+       "[Tenan]\nMax=32\n101=0000000000000101\n301=1000000000000001\n332=0000000011111111\n"
+       "132=0000000000000000\n201=0000000000000010\n432=1000000000000000\n"}};
+  for (const auto& [decode, image, count, keys] : cases) {
+    const IniText project = Decoded(decode, Hex(image), "[Tenan]\n117=old\n301=old");
+    ExpectKeys(project, keys);
+    EXPECT_EQ(project.Keys("Tenan").size(), count);
   }
 }
 

@@ -1,6 +1,6 @@
 #include "sections/system/billing_mode.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {

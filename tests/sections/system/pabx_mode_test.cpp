@@ -1,6 +1,6 @@
 #include "sections/system/pabx_mode.h"
 
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -25,10 +25,7 @@ TEST(PabxMode, Image) {
 }
 
 TEST(PabxMode, ValueOfAnImage) {
-  const struct {
-    std::string image;
-    std::string value;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"63 01 02 09 04 03 05 06 14 08 0A 0B 0C 0D 00 0F 00 00 01 02",
        "1|2|3|4|5|6|20|8|9|10|11|12|13|0|15|1|0|1|0|0"},
       {"00*8 01 00*5 01 00 05 00 00 01", "0|0|0|0|0|0|1|0|0|0|0|0|0|1|0|1|0|0|1|1"},
@@ -38,9 +35,9 @@ TEST(PabxMode, ValueOfAnImage) {
       {"FF*20", "F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|1|0|0|0|0"},
       {"", "0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|0|0"},
   };
-  for (const auto& c : cases) {
-    const IniText project = Decoded(DecodePabxMode, Hex(c.image), "[SystemConfig]\nPbx=old\nport=3\n");
-    EXPECT_EQ(project.Get("SystemConfig", "Pbx"), c.value) << c.image;
+  for (const auto& [image, value] : cases) {
+    const IniText project = Decoded(DecodePabxMode, Hex(image), "[SystemConfig]\nPbx=old\nport=3\n");
+    EXPECT_EQ(project.Get("SystemConfig", "Pbx"), value) << image;
     EXPECT_EQ(project.Keys("SystemConfig").size(), 2U);
   }
 }

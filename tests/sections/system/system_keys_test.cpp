@@ -2,7 +2,7 @@
 #include "sections/system/pbx_ip.h"
 #include "sections/system/run_script.h"
 #include "sections/system/system_numbers.h"
-#include "tests/sections/ports/wire_case.h"
+#include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
@@ -12,12 +12,7 @@ void EncodeFirstItem(const IniText& project, ImageWriter& image) {
 }
 
 TEST(SystemKeys, Images) {
-  const struct {
-    Encoder encode;
-    int size;
-    std::string project;
-    std::string image;
-  } cases[] = {
+  const std::tuple<Encoder, int, std::string, std::string> cases[] = {
       {EncodeVMNumber, 3, "", "00*3"},
       {EncodeVMNumber, 3, "[SystemConfig]\nVMNum=1203\nRecNum=9", "12 A3 00"},
       {EncodeVMNumber, 3, "[SystemConfig]\nVMNum=12*",
@@ -44,15 +39,11 @@ TEST(SystemKeys, Images) {
       {EncodeFirstItem, 32, "[MiniBar]\n001=A|65536|",
        "section MiniBar, row 001, field Price: value 65536" + kTooLarge},
   };
-  for (const auto& c : cases) ExpectImage(c.encode, c.size, c.project, 0, c.image);
+  for (const auto& [encode, size, project, image] : cases) ExpectImage(encode, size, project, 0, image);
 }
 
 TEST(SystemKeys, KeysOfAnImage) {
-  const struct {
-    Decoder decode;
-    std::string image;
-    std::string keys;
-  } cases[] = {
+  const std::tuple<Decoder, std::string, std::string> cases[] = {
       {DecodeVMNumber, "12 A3 00", "[SystemConfig]\r\nVMNum=1203\r\n"},
       {DecodeVMNumber, "00*3", "[SystemConfig]\r\nVMNum=\r\n"},
       {DecodeVMNumber, "0A 05 67", "[SystemConfig]\r\nVMNum=0567\r\n"},
@@ -64,7 +55,8 @@ TEST(SystemKeys, KeysOfAnImage) {
        "[RunScript]\r\nData=1|510|F|F|F|256|65286|\r\n"},
       {DecodeRunScript, "", "[RunScript]\r\nData=1|1|1|1|1|1|1|\r\n"},
   };
-  for (const auto& c : cases) EXPECT_EQ(Decoded(c.decode, Hex(c.image)).bytes(), c.keys) << c.image;
+  for (const auto& [decode, image, keys] : cases)
+    EXPECT_EQ(Decoded(decode, Hex(image)).bytes(), keys) << image;
 }
 
 TEST(SystemKeys, MiniBarRecordsOfAnExchange) {

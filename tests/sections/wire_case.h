@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/sections/coder_case.h"
+#include "tests/sections/record_case.h"
 
 namespace tarvok::test {
 
