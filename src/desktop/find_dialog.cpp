@@ -77,7 +77,7 @@ FindDialog::FindDialog(DesktopParts& parts, Ways ways, QWidget* parent)
   resize(860, 480);
 }
 
-void FindDialog::Open() {
+void FindDialog::Ask() {
   Search();  // the project may have changed since
   show();
   raise();

@@ -25,7 +25,7 @@ class FindDialog : public QDialog {
   FindDialog(DesktopParts& parts, Ways ways, QWidget* parent);
 
   /** Shows the dialog with what was typed last, ready to be typed over. */
-  void Open();
+  void Ask();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -36,7 +36,7 @@ void MainWindow::Find() {
                             .go = [this](const Place& place) { return GoTo(place); }},
                            this);
   }
-  find_->Open();
+  find_->Ask();
 }
 
 void MainWindow::EarlierVersions() {

@@ -1,5 +1,7 @@
 #include "desktop/overview_pane.h"
 
+#include <utility>
+
 #include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -138,7 +140,14 @@ void OverviewPane::ShowProject() {
   problem_->setVisible(!IsProject(*project));
   problem_->setText(Words(kNotAProject));
 
-  const ProjectSummary summary = Summarize(*project);
+  ShowConnection(*project);
+  if (std::exchange(shown_, project) == project) return;
+  ShowCounts(*project);
+  ShowFindings(project);
+}
+
+void OverviewPane::ShowCounts(const IniText& project) {
+  const ProjectSummary summary = Summarize(project);
   rack_->ShowSummary(summary);
   rack_hint_->setVisible(summary.ports == 0);
   ports_.Show(summary.ports,
@@ -148,9 +157,6 @@ void OverviewPane::ShowProject() {
                                    ? QStringLiteral("and 1 group out")
                                    : QStringLiteral("and %1 groups out").arg(summary.groups_out));
   groups_.Show(summary.hunt_groups, {});
-
-  ShowConnection(*project);
-  ShowFindings(project);
 }
 
 }  // namespace tarvok

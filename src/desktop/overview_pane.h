@@ -49,13 +49,14 @@ class OverviewPane : public QScrollArea {
   QWidget* MakeConnection();
   QWidget* MakeFindings();
   void ShowConnection(const IniText& project);
+  void ShowCounts(const IniText& project);
   void ShowFindings(const std::shared_ptr<const IniText>& project);
   void GoToFinding(const QListWidgetItem* item);
 
   DesktopParts& parts_;
   Commands commands_;
-  std::shared_ptr<const IniText> checked_;  // the state of the project that the findings are of
-  std::vector<Place> places_;               // of the findings
+  std::shared_ptr<const IniText> shown_;  // the state of the project that counts and findings are of
+  std::vector<Place> places_;             // of the findings
   QLabel* name_ = nullptr;
   QLabel* folder_ = nullptr;
   QLabel* problem_ = nullptr;

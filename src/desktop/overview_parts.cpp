@@ -98,8 +98,6 @@ void OverviewPane::ShowConnection(const IniText& project) {
 }
 
 void OverviewPane::ShowFindings(const std::shared_ptr<const IniText>& project) {
-  if (checked_ == project) return;
-  checked_ = project;
   const CodePage& page = PageOf(parts_.settings);
   const std::vector<Finding> findings =
       IsProject(*project) ? parts_.check.Findings(project) : std::vector<Finding>();

@@ -39,6 +39,20 @@ std::optional<KeyCode> KeyOf(int key) {
   }
 }
 
+/** Numbers the rows. The last number is the widest; Qt would measure two hundred of them whenever it lays the table out. */
+class RowNumbers : public QHeaderView {
+ public:
+  explicit RowNumbers(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+    setSectionsClickable(true);
+    setHighlightSections(true);
+    setSectionResizeMode(QHeaderView::Fixed);
+    setDefaultSectionSize(fontMetrics().height() + 8);
+  }
+  QSize sizeHint() const override {
+    return count() == 0 ? QSize(0, 0) : sectionSizeFromContents(count() - 1);
+  }
+};
+
 }  // namespace
 
 TableView::TableView(TableModel& model, std::function<void()> acted, std::function<void()> moved,
@@ -46,6 +60,7 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
     : QTableView(parent), model_(model), acted_(std::move(acted)), moved_(std::move(moved)) {
   setObjectName(QStringLiteral("mgTest"));
   setAccessibleName(QStringLiteral("Table"));
+  setVerticalHeader(new RowNumbers(this));
   setModel(&model_);
   setItemDelegate(new CellDelegate(model_, acted_, this));
   setSelectionMode(QAbstractItemView::ContiguousSelection);
@@ -55,8 +70,6 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setContextMenuPolicy(Qt::ActionsContextMenu);
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   Refresh();
 }
