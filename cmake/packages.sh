@@ -2,7 +2,7 @@
 build_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev libfontconfig-dev)
 test_packages=(git python3 clang-format libgtest-dev libgmock-dev librapidcheck-dev)
 lint_packages=(clang-tidy)
-bench_packages=(python3 pkg-config libbenchmark-dev libsimpleini-dev libglib2.0-dev lrzsz)
+bench_packages=(python3 pkg-config libbenchmark-dev libsimpleini-dev libglib2.0-dev lrzsz xvfb)
 
 # Installs those of the named packages that are missing.
 install_packages() {

@@ -38,6 +38,7 @@ void MainWindow::Show(const FrameLook& look) {
   if (!look.has_commands) {
     pane_->setCurrentWidget(start_);
   } else if (!look.has_editor) {
+    if (overview_ == nullptr) MakeOverview();
     overview_->ShowProject();
     pane_->setCurrentWidget(overview_);
   }

@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void MakeToolBar();
   void MakeStatusBar();
   void MakePanes();
+  void MakeOverview();
   QAction* MakeChoice(QActionGroup* group, const QString& text, std::string_view key, std::string_view value,
                       bool checked);
   QAction* MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys, QIcon icon,
@@ -94,8 +95,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   CommandTree* tree_ = nullptr;
   QStackedWidget* pane_ = nullptr;
   StartPane* start_ = nullptr;
-  OverviewPane* overview_ = nullptr;
-  FindDialog* find_ = nullptr;  // made when it is first asked for
+  OverviewPane* overview_ = nullptr;  // made for the first project
+  FindDialog* find_ = nullptr;        // made when it is first asked for
   PracticeProcess practice_;
   bool wants_practice_ = false;  // the open project is to connect to it as soon as it is ready
   std::string new_file_;         // chosen last

@@ -153,17 +153,20 @@ void MainWindow::MakePanes() {
                           .open = [this] { frame_->Open(); },
                           .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
                           .start_practice = [this] { practice_.Start(); }});
-  overview_ = new OverviewPane(parts_, {.open_transfer = [this] { OpenTransfer(); },
-                                        .use_practice = [this] { UsePractice(); },
-                                        .is_offered = [this](const Place& place) { return IsOffered(place); },
-                                        .go = [this](const Place& place) { GoTo(place); }});
   practice_.set_on_change([this] { ShowPractice(); });
   pane_->addWidget(start_);
-  pane_->addWidget(overview_);
   splitter_->addWidget(tree_);
   splitter_->addWidget(pane_);
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(splitter_);
+}
+
+void MainWindow::MakeOverview() {
+  overview_ = new OverviewPane(parts_, {.open_transfer = [this] { OpenTransfer(); },
+                                        .use_practice = [this] { UsePractice(); },
+                                        .is_offered = [this](const Place& place) { return IsOffered(place); },
+                                        .go = [this](const Place& place) { GoTo(place); }});
+  pane_->addWidget(overview_);
 }
 
 }  // namespace tarvok

@@ -46,7 +46,6 @@ QWidget* OverviewPane::MakeConnection() {
   last_transfer_->setObjectName(QStringLiteral("LastTransfer"));
   for (QLabel* label : {connection_, last_transfer_}) {
     label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     texts->addWidget(label);
   }
   auto* practice = new QPushButton(QStringLiteral("&Use Practice Exchange"));

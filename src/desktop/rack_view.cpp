@@ -1,10 +1,9 @@
 #include "desktop/rack_view.h"
 
-#include <algorithm>
-
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QStringList>
 #include <QToolTip>
 
@@ -14,20 +13,14 @@
 namespace tarvok {
 namespace {
 
-constexpr double kFrame = 10;     // the rack's own rim
-constexpr double kGap = 4;        // between two slots
-constexpr double kHead = 20;      // the slot's number
-constexpr double kFoot = 22;      // used and all ports
-constexpr double kStripe = 4;     // the family's colour across the card
-constexpr double kLampPitch = 9;  // across; down the card they share its height
-constexpr double kLamp = 6;
+constexpr double kFrame = 10;  // the rack's own rim
+constexpr double kGap = 4;     // between two slots
+constexpr double kHead = 20;   // the slot's number
+constexpr int kFoot = 22;      // used and all ports
+constexpr int kStripe = 4;     // the family's colour across the card
+constexpr int kLampPitch = 9;  // across; down the card they share its height
+constexpr int kLamp = 6;
 constexpr int kLampRows = 16;  // more ports than two columns hold take more columns
-
-QFont SmallFont(const QFont& font) {
-  QFont small = font;
-  small.setPointSizeF(std::max(7.0, font.pointSizeF() * 0.85));
-  return small;
-}
 
 }  // namespace
 
@@ -100,41 +93,36 @@ void RackView::paintEvent(QPaintEvent*) {
   painter.setPen(Mix(text, window, 22));
   painter.setBrush(Mix(text, window, IsDark(palette()) ? 8 : 7));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+  painter.setRenderHint(QPainter::Antialiasing, false);  // cards have sharp edges
   for (int slot = 0; slot < kSlots; ++slot) PaintSlot(painter, slot);
 }
 
 void RackView::PaintSlot(QPainter& painter, int slot) const {
   const QRectF area = SlotRect(slot);
   const CardSummary& card = summary_.slots[static_cast<std::size_t>(slot)];
-  painter.setFont(SmallFont(font()));
   painter.setPen(MutedText(palette()));
   painter.drawText(QRectF(area.left(), area.top() - 2, area.width(), kHead), Qt::AlignCenter,
                    QString::number(slot + 1));
-  const QRectF body = area.adjusted(0.5, kHead + 0.5, -0.5, -0.5);
+  const QRect body = area.adjusted(0, kHead, -1, -1).toRect();
   if (!card.empty()) {
     PaintCard(painter, body, card);
     return;
   }
-  QPen pen(Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 25));
-  pen.setStyle(Qt::DashLine);
-  painter.setPen(pen);
+  painter.setPen(Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 20));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(body, 3, 3);
+  painter.drawRect(body);
 }
 
-void RackView::PaintCard(QPainter& painter, const QRectF& body, const CardSummary& card) const {
+void RackView::PaintCard(QPainter& painter, const QRect& body, const CardSummary& card) const {
   const QColor colour = FamilyColour(card.family, palette());
   painter.setPen(Mix(colour, palette().color(QPalette::Base), 55));
   painter.setBrush(palette().color(QPalette::Base));
-  painter.drawRoundedRect(body, 3, 3);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  painter.drawRoundedRect(QRectF(body.left(), body.top(), body.width(), kStripe), 2, 2);
+  painter.drawRect(body);
+  painter.fillRect(QRect(body.left(), body.top(), body.width() + 1, kStripe), colour);
 
-  const QRectF inside = body.adjusted(5, kStripe + 6, -3, -kFoot);
+  const QRectF inside = QRectF(body).adjusted(5, kStripe + 6, -3, -kFoot);
   PaintLamps(painter, inside, card);
 
-  painter.setFont(SmallFont(font()));
   painter.setPen(palette().color(QPalette::Text));
   painter.save();
   const double label_width = QFontMetricsF(painter.font()).height();
@@ -144,28 +132,36 @@ void RackView::PaintCard(QPainter& painter, const QRectF& body, const CardSummar
                    Words(card.label));
   painter.restore();
 
-  painter.setFont(SmallFont(font()));
   painter.setPen(MutedText(palette()));
-  painter.drawText(QRectF(body.left(), body.bottom() - kFoot, body.width(), kFoot), Qt::AlignCenter,
+  painter.drawText(QRect(body.left(), body.bottom() - kFoot, body.width(), kFoot), Qt::AlignCenter,
                    QStringLiteral("%1/%2").arg(card.ports_used()).arg(card.ports()));
+}
+
+/** One lamp, painted once for all of its kind. */
+QPixmap RackView::Lamp(const QColor& colour, bool used) const {
+  const double scale = devicePixelRatioF();
+  QPixmap pixmap(QSize(kLamp, kLamp) * scale);
+  pixmap.setDevicePixelRatio(scale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(used ? QPen(Qt::NoPen) : Mix(colour, palette().color(QPalette::Base), 60));
+  painter.setBrush(used ? QBrush(colour) : QBrush());
+  const double inset = used ? 0 : 0.5;
+  painter.drawEllipse(QRectF(0, 0, kLamp, kLamp).adjusted(inset, inset, -inset, -inset));
+  return pixmap;
 }
 
 void RackView::PaintLamps(QPainter& painter, const QRectF& area, const CardSummary& card) const {
   const QColor colour = FamilyColour(card.family, palette());
+  const QPixmap used = Lamp(colour, true);
+  const QPixmap free = Lamp(colour, false);
   const int columns = (card.ports() + kLampRows - 1) / kLampRows;
   const int rows = (card.ports() + columns - 1) / columns;
   const double down = area.height() / kLampRows;
   for (int port = 0; port < card.ports(); ++port) {
-    const QRectF lamp(area.left() + port / rows * kLampPitch, area.top() + port % rows * down, kLamp, kLamp);
-    if (card.used[static_cast<std::size_t>(port)]) {
-      painter.setPen(Qt::NoPen);
-      painter.setBrush(colour);
-      painter.drawEllipse(lamp);
-    } else {
-      painter.setPen(Mix(colour, palette().color(QPalette::Base), 60));
-      painter.setBrush(Qt::NoBrush);
-      painter.drawEllipse(lamp.adjusted(0.5, 0.5, -0.5, -0.5));
-    }
+    const QPointF corner(area.left() + port / rows * kLampPitch, area.top() + port % rows * down);
+    painter.drawPixmap(corner.toPoint(), card.used[static_cast<std::size_t>(port)] ? used : free);
   }
 }
 

@@ -25,7 +25,8 @@ class RackView : public QWidget {
  private:
   QRectF SlotRect(int slot) const;
   void PaintSlot(QPainter& painter, int slot) const;
-  void PaintCard(QPainter& painter, const QRectF& slot, const CardSummary& card) const;
+  void PaintCard(QPainter& painter, const QRect& body, const CardSummary& card) const;
+  QPixmap Lamp(const QColor& colour, bool used) const;
   void PaintLamps(QPainter& painter, const QRectF& area, const CardSummary& card) const;
   QString Describe(int slot) const;
 
