@@ -60,8 +60,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void MakeOverview();
   QAction* MakeChoice(QActionGroup* group, const QString& text, std::string_view key, std::string_view value,
                       bool checked);
-  QAction* MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys, QIcon icon,
-                      void (MainWindow::*run)());
+  QAction* MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
+                      const QIcon& icon, void (MainWindow::*run)());
   void New() { frame_->New(); }
   void Open() { frame_->Open(); }
   void CloseProject() { frame_->Close(); }

@@ -19,7 +19,7 @@ constexpr int kSecond_ms = 1000;
 }  // namespace
 
 QAction* MainWindow::MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
-                                QIcon icon, void (MainWindow::*run)()) {
+                                const QIcon& icon, void (MainWindow::*run)()) {
   auto* action = new QAction(icon, text, this);
   action->setObjectName(name);
   action->setShortcuts(keys);

@@ -75,7 +75,7 @@ void AddPort(std::string_view value, bool in_group, ProjectSummary& summary) {
   if (slot < 1 || slot > kSlots || type == nullptr) return;
   CardSummary& card = summary.slots[static_cast<std::size_t>(slot) - 1];
   if (card.empty()) {
-    card.label = type->label;
+    card.label = type->label();
     card.family = FamilyOf(type->code);
   }
   const bool used = in_group || IsSet(row[port_def::kNumber]);

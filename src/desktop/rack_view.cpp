@@ -160,7 +160,8 @@ void RackView::PaintLamps(QPainter& painter, const QRectF& area, const CardSumma
   const int rows = (card.ports() + columns - 1) / columns;
   const double down = area.height() / kLampRows;
   for (int port = 0; port < card.ports(); ++port) {
-    const QPointF corner(area.left() + port / rows * kLampPitch, area.top() + port % rows * down);
+    const int column = port / rows;
+    const QPointF corner(area.left() + column * kLampPitch, area.top() + port % rows * down);
     painter.drawPixmap(corner.toPoint(), card.used[static_cast<std::size_t>(port)] ? used : free);
   }
 }

@@ -39,13 +39,13 @@ std::string_view TypeLabel(std::int64_t code, std::int64_t channel) {
   if (code == kMixedCard && channel > kLastDigitalChannel) return kMixedSlicLabel;
   const auto* found = std::find_if(kCardTypes.begin(), kCardTypes.end(),
                                    [&](const CardType& type) { return type.code == code; });
-  return found == kCardTypes.end() ? std::string_view() : found->label;
+  return found == kCardTypes.end() ? std::string_view() : found->label();
 }
 
 int TypeCode(std::string_view label) {
   if (label == kMixedSlicLabel) return kMixedCard;
   const auto* found = std::find_if(kCardTypes.begin(), kCardTypes.end(),
-                                   [&](const CardType& type) { return type.label == label; });
+                                   [&](const CardType& type) { return type.label() == label; });
   return found == kCardTypes.end() ? 0 : found->code;
 }
 

@@ -17,16 +17,11 @@ constexpr Choice kPersonalMsgChoices[] = {{"0", "No"}, {"1", "Immediately"}, {"2
 constexpr Choice kDndChoices[] = {{"1", "DND"}};
 constexpr Choice kVmUseChoices[] = {{"1", "Use"}, {"2", "Auto Record"}, {"3", "Use & Auto Record"}};
 constexpr Choice kUseChoices[] = {{"1", "USE"}};
-constexpr Choice kTypeChoices[] = {
-    {"1", "SLIC 16"},      {"2", "TRUNK 16"}, {"3", "8 DIGITAL"},   {"4", "4 DIGITAL"},   {"5", "E & M"},
-    {"6", "E1"},           {"7", "SLIC 24"},  {"8", "DISA / VM"},   {"9", "TRUNK 08"},    {"10", "TRUNK 12"},
-    {"11", "TRUNK 16(L)"}, {"12", "SLIC 08"}, {"13", "SLIC 16(L)"}, {"14", "12 DIGITAL"},
-};
 
 constexpr tarvok::Field kFields[] = {
     tarvok::Number("Card", 1, 16),
     tarvok::Number("Channel", 1, 60),
-    OneOf("Type", kTypeChoices),
+    OneOf("Type", kCardLabels),
     AnyRowOf("Config", port_config::kTable, 0),
     AnyRowOf("Tenan", tenan::kDayTable, 0),
     tarvok::Number("Pickup Group", 1, 99),

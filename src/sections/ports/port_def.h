@@ -13,33 +13,51 @@ namespace tarvok {
 /** The ports of the exchange. A row's number is the port index by which all other sections refer to it. */
 inline constexpr int kPortRows = 500;
 
-/** A card type: the code of field `Type`, as the grid shows it, as it is inserted, and the ports that one
- * brings. */
+/** The card types by their code, the text of field `Type`, as the grid shows them. */
+inline constexpr std::array<Choice, 14> kCardLabels = {{
+    {"1", "SLIC 16"},
+    {"2", "TRUNK 16"},
+    {"3", "8 DIGITAL"},
+    {"4", "4 DIGITAL"},
+    {"5", "E & M"},
+    {"6", "E1"},
+    {"7", "SLIC 24"},
+    {"8", "DISA / VM"},
+    {"9", "TRUNK 08"},
+    {"10", "TRUNK 12"},
+    {"11", "TRUNK 16(L)"},
+    {"12", "SLIC 08"},
+    {"13", "SLIC 16(L)"},
+    {"14", "12 DIGITAL"},
+}};
+
+/** A card that can be inserted: its type's code, its entry in the list of cards, and the ports that it brings. */
 struct CardType {
   int code;
-  std::string_view label;
   std::string_view insert_entry;
   int ports;
+
+  constexpr std::string_view label() const { return kCardLabels[static_cast<std::size_t>(code) - 1].shown; }
 };
 
-/** All card types, code 14 the last. Code 4 is the mixed card: its channels up to 4 are digital, the others
- * (9 to 16) are SLIC ports; the gap of four channels is the card's own. */
+/** All cards. Code 4 is the mixed card: its channels up to 4 are digital, the others (9 to 16) are SLIC ports; the gap
+ * of four channels is the card's own. */
 inline constexpr std::array<CardType, 15> kCardTypes = {{
-    {1, "SLIC 16", "SLIC 16", 16},
-    {2, "TRUNK 16", "TRUNK 16", 16},
-    {3, "8 DIGITAL", "8 DIGITAL", 8},
-    {4, "4 DIGITAL", "4 DIGITAL 8 Ext", 12},
-    {5, "E & M", "E & M", 4},
-    {6, "E1", "E1 (1) 30", 30},
-    {6, "E1", "E1 (2) 60", 60},
-    {7, "SLIC 24", "SLIC 24", 24},
-    {8, "DISA / VM", "DISA / VM", 8},
-    {9, "TRUNK 08", "TRUNK 08", 8},
-    {10, "TRUNK 12", "TRUNK 12", 12},
-    {11, "TRUNK 16(L)", "TRUNK 16 Long Loop", 16},
-    {12, "SLIC 08", "SLIC 08", 8},
-    {13, "SLIC 16(L)", "SLIC 16 Long Loop", 16},
-    {14, "12 DIGITAL", "12 DIGITAL", 12},
+    {1, "SLIC 16", 16},
+    {2, "TRUNK 16", 16},
+    {3, "8 DIGITAL", 8},
+    {4, "4 DIGITAL 8 Ext", 12},
+    {5, "E & M", 4},
+    {6, "E1 (1) 30", 30},
+    {6, "E1 (2) 60", 60},
+    {7, "SLIC 24", 24},
+    {8, "DISA / VM", 8},
+    {9, "TRUNK 08", 8},
+    {10, "TRUNK 12", 12},
+    {11, "TRUNK 16 Long Loop", 16},
+    {12, "SLIC 08", 8},
+    {13, "SLIC 16 Long Loop", 16},
+    {14, "12 DIGITAL", 12},
 }};
 
 namespace port_def {

@@ -42,8 +42,7 @@ bool EditorForm::Save_File() {
     if (EndsWithoutProject() && context_.end_program) context_.end_program();
     return false;
   }
-  const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
-  if (!OthersLeftItAlone() || !FitsTheReader(*now)) return false;
+  if (!OthersLeftItAlone() || !FitsTheReader(*context_.store.Snapshot(project_file()))) return false;
   if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
   const Status written = context_.store.Update(project_file(), [this](IniEdit& project) { Write(project); });
   if (!written.ok()) {
