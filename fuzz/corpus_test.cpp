@@ -11,11 +11,19 @@
 using FuzzTarget = int(const std::uint8_t* data, std::size_t size);
 // Each target's one function under the target's name; the build names them so.
 extern "C" {
+FuzzTarget command_line_fuzz;
+FuzzTarget exchange_command_line_fuzz;
+FuzzTarget field_list_fuzz;
 FuzzTarget form_script_fuzz;
-FuzzTarget line_bytes_fuzz;
+FuzzTarget link_bytes_fuzz;
+FuzzTarget messages_fuzz;
+FuzzTarget modem_text_fuzz;
 FuzzTarget practice_exchange_fuzz;
 FuzzTarget project_file_fuzz;
 FuzzTarget section_image_fuzz;
+FuzzTarget section_text_fuzz;
+FuzzTarget server_packets_fuzz;
+FuzzTarget settings_file_fuzz;
 FuzzTarget settings_fuzz;
 FuzzTarget stream_reader_fuzz;
 FuzzTarget table_csv_fuzz;
@@ -26,11 +34,19 @@ namespace {
 
 TEST(Fuzz, TheCorpusRuns) {
   const std::pair<const char*, FuzzTarget*> targets[] = {
+      {"command_line_fuzz", command_line_fuzz},
+      {"exchange_command_line_fuzz", exchange_command_line_fuzz},
+      {"settings_file_fuzz", settings_file_fuzz},
+      {"field_list_fuzz", field_list_fuzz},
       {"form_script_fuzz", form_script_fuzz},
-      {"line_bytes_fuzz", line_bytes_fuzz},
+      {"link_bytes_fuzz", link_bytes_fuzz},
+      {"messages_fuzz", messages_fuzz},
+      {"modem_text_fuzz", modem_text_fuzz},
       {"practice_exchange_fuzz", practice_exchange_fuzz},
       {"project_file_fuzz", project_file_fuzz},
       {"section_image_fuzz", section_image_fuzz},
+      {"section_text_fuzz", section_text_fuzz},
+      {"server_packets_fuzz", server_packets_fuzz},
       {"settings_fuzz", settings_fuzz},
       {"stream_reader_fuzz", stream_reader_fuzz},
       {"table_csv_fuzz", table_csv_fuzz},

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <set>
 #include <string>
+#include <unordered_set>
 
 #include "fuzz/editor_stage.h"
 #include "sections/check.h"
@@ -18,6 +20,19 @@ namespace {
 constexpr std::string_view kMadeByPeople[] = {"points nowhere", "stands in row", "stands in this row",
                                               "where nothing does"};
 
+/** Card and channel of a port are two digits, whatever they are. */
+bool IsPlaceOfPort(const tarvok::Finding& finding) {
+  return finding.section == "Port_Def" && (finding.field == "Card" || finding.field == "Channel");
+}
+
+/** Whether a project is one that was not judged yet: most scripts end in a few of them, and judging costs most. */
+bool IsNew(const std::string& project) {
+  constexpr std::size_t kMostKept = 200'000;
+  static std::unordered_set<std::size_t> judged;
+  if (judged.size() >= kMostKept) judged.clear();
+  return judged.insert(std::hash<std::string>()(project)).second;
+}
+
 /** What `check` says of a project and no person could have brought about. */
 std::set<std::string> FaultsOf(const std::string& project) {
   std::set<std::string> faults;
@@ -25,7 +40,7 @@ std::set<std::string> FaultsOf(const std::string& project) {
     const bool by_people =
         std::any_of(std::begin(kMadeByPeople), std::end(kMadeByPeople),
                     [&](std::string_view words) { return finding.what.find(words) != std::string::npos; });
-    if (!by_people)
+    if (!by_people && !IsPlaceOfPort(finding))
       faults.insert(finding.section + " " + finding.key + " " + finding.field + ": " + finding.what);
   }
   return faults;
@@ -37,14 +52,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace tarvok;
   constexpr int kMostLines = 60;
   std::string_view text(reinterpret_cast<const char*>(data), size);
-  fuzz::EditorStage stage(fuzz::TakeLine(text));
+  fuzz::EditorStage stage(fuzz::EditorOf(fuzz::TakeLine(text)));
   FormScript script(stage.form(), stage.questions());
   for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
     // A line that is wrong says so and changes nothing: the next one goes on.
     [[maybe_unused]] const std::string wrong = script.Run(fuzz::TakeLine(text));
   }
   [[maybe_unused]] const bool saved = stage.form().closed() || stage.form().Save_File();
-  if (stage.Project() == fuzz::EditorStage::Hotel()) return 0;
+  if (stage.Project() == fuzz::EditorStage::Hotel() || !IsNew(stage.Project())) return 0;
   static const std::set<std::string> before = FaultsOf(fuzz::EditorStage::Hotel());
   for (const std::string& fault : FaultsOf(stage.Project())) {
     if (before.contains(fault)) continue;

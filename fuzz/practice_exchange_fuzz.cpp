@@ -5,35 +5,33 @@
 #include <span>
 
 #include "exchange/practice_exchange.h"
+#include "fuzz/demand.h"
+#include "fuzz/fed_port.h"
 #include "sections/registry.h"
 #include "tests/simulation/virtual_events.h"
-#include "tests/simulation/virtual_line.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
   if (size < 2) return 0;
+  constexpr int kPatience_ms = 7000;  // in which it gives up a frame that nobody answers
   VirtualEvents events;
+  fuzz::FedPort::Feeder tool([](std::span<const std::uint8_t> bytes) { Demand(!bytes.empty()); });
   ExchangeMemory memory(kHighestVersion);
   PracticeExchange exchange(events, memory, {}, {});
-  VirtualLine line(events);
   constexpr Wire kWires[] = {Wire::kLink, Wire::kLan, Wire::kServer};
   const int way = data[0] % 4;
   if (way == 3) {
-    exchange.AcceptModem(std::move(line.exchange));
+    exchange.AcceptModem(std::make_unique<fuzz::FedPort>(tool));
   } else {
-    exchange.Accept(std::move(line.exchange), kWires[way]);
+    exchange.Accept(std::make_unique<fuzz::FedPort>(tool), kWires[way]);
   }
-  std::span<const std::uint8_t> rest(data + 2, size - 2);
-  const std::size_t piece = 1 + data[1] % 200;
-  while (!rest.empty()) {
-    const std::size_t length = std::min(piece, rest.size());
-    line.tool->Send(rest.first(length));
-    rest = rest.subspan(length);
-    events.Run(data[1] % 30);
-  }
-  events.Run(5000);
-  line.tool->Close();
-  events.Run(5000);
-  if (way != 3 && exchange.calls() != 0) __builtin_trap();
+  fuzz::ForEachPiece({data + 2, size - 2}, 1 + data[1] % 200, [&](std::span<const std::uint8_t> piece) {
+    tool.Give(piece);
+    events.Run(data[0] / 4 * 20);
+  });
+  events.Run(kPatience_ms);
+  tool.HangUp();
+  events.Run(1);
+  Demand(exchange.calls() == 0);
   return 0;
 }

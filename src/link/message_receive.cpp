@@ -99,7 +99,7 @@ void MessageLayer::ReceiveError() {
 
 void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
   state_.PbxVersion = Word(message, 4);
-  parts_.log.Text("Reveive Version : " + FormatHundredths(state_.PbxVersion));
+  parts_.log.Text("Reveive Version : " + PlainHundredths(state_.PbxVersion));
   state_.VersionFlag = true;
 }
 
@@ -107,8 +107,10 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   constexpr std::size_t kNameAt = 7;
   constexpr std::size_t kNameBytes = 20;
   state_.MiniBarFlag = true;
-  state_.SectionDoneFlag = true;
-  state_.ReceivedSection = Word(message, 5);
+  if (MissingBytes() == 0) {  // in the middle of a section nobody asked for it, and it makes nothing whole
+    state_.SectionDoneFlag = true;
+    state_.ReceivedSection = Word(message, 5);
+  }
   state_.MiniBarName.clear();
   for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
     if (byte != 0) state_.MiniBarName += static_cast<char>(byte);
@@ -135,6 +137,8 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   }
   receive_kind_ = ReceiveKind::kSection;
   state_.ConfigFlag = true;
+  // The last pack of the section before may have come twice, the second time behind the request for this one.
+  state_.SectionDoneFlag = false;
   if (variant_.keeps_first_sequence) state_.LastReceivedSeq = message[4];
   state_.ReceivedSection = section;
   state_.ReceivedSize = Word(message, 7);

@@ -54,7 +54,8 @@ NumberText ReadScaled(std::string_view text, int places) {
   }
   for (; kept < places; ++kept) number.value = std::min(kLimit, number.value * 10);
   const bool half = first_dropped == 5 && !rest_dropped;
-  if (first_dropped > 5 || (first_dropped == 5 && !half) || (half && number.value % 2 == 1)) ++number.value;
+  if (first_dropped > 5 || (first_dropped == 5 && !half) || (half && number.value % 2 == 1))
+    number.value = std::min(kLimit, number.value + 1);
   if (negative) number.value = -number.value;
   return number;
 }
@@ -103,6 +104,13 @@ std::string Padded(std::int64_t value, int width) {
 
 std::string FormatHundredths(std::int64_t hundredths) {
   return WithFraction(hundredths, 100, 2);
+}
+
+std::string PlainHundredths(std::int64_t hundredths) {
+  std::string text = FormatHundredths(hundredths);
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
 }
 
 std::string FormatThousandths(std::int64_t thousandths) {

@@ -36,6 +36,8 @@ std::string Padded(std::int64_t value, int width);
 
 /** Hundredths in the pattern "##0.00": 50 is "0.50", 106 is "1.06". */
 std::string FormatHundredths(std::int64_t hundredths);
+/** Hundredths as a plain number: 110 is "1.1", 100 is "1". */
+std::string PlainHundredths(std::int64_t hundredths);
 /** Hundredths in the pattern "#,###.00": 50 is ".50", 123456 is "1,234.56". */
 std::string FormatGrouped(std::int64_t hundredths);
 /** Thousandths in the pattern "##0.000": 0 is "0.000", 1042 is "1.042". */

@@ -1,0 +1,39 @@
+// Any bytes on a framed line, in any split, with any time between them: what the tool sends stays whole frames, no frame of
+// its own waits for ever, and a line that begins anew behind all that works.
+
+#include <iterator>
+
+#include "fuzz/tool_line.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace tarvok;
+  if (size < 2) return 0;
+  constexpr std::uint8_t kTraced = 0x80;
+  constexpr std::uint8_t kSending = 0x40;
+  constexpr int kGivenUp_ticks = 8 * 101;  // a frame and six enquiries, each a second and a tick
+  fuzz::ToolLine line(LinkMode::kSerial, (data[0] & kTraced) != 0);
+  constexpr std::uint8_t kIdle[] = {kFromTool, 0xFF, 0, command::kIdle};
+  if ((data[0] & kSending) != 0) line.link().LinkSendData(kIdle);
+  // While nothing waits for an answer a tick does nothing.
+  const auto tick = [&](int times) {
+    for (int i = 0; i < times && !line.link().TxDone(); ++i) line.link().LinkPoll();
+  };
+  constexpr int kTicks[] = {0, 1, 30, 101};
+  fuzz::ForEachPiece({data + 2, size - 2}, 1 + data[1] % 64, [&](std::span<const std::uint8_t> piece) {
+    line.Give(piece);
+    tick(kTicks[data[0] % std::size(kTicks)]);
+    Demand(line.messages().MissingBytes() >= 0);
+  });
+  tick(kGivenUp_ticks);
+  Demand(line.link().TxDone());
+  const std::size_t sent = line.sent();
+
+  line.link().LinkInit(1, 0);
+  line.messages().state().ReplyOkFlag = false;
+  line.Give(BuildFrame(kExchangeAddress, {}));
+  Demand(line.link().LinkUp());
+  constexpr std::uint8_t kOk[] = {kFromExchange, 0, 0, reply::kOk};
+  line.Give(BuildFrame(kExchangeAddress, kOk));
+  Demand(line.messages().state().ReplyOkFlag && line.sent() == sent + 2);
+  return 0;
+}

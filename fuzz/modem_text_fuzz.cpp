@@ -1,0 +1,26 @@
+// Any text of a modem, in any split: its result is that of its last whole line and one that there is, and a line without an
+// end does not grow.
+
+#include "fuzz/tool_line.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace tarvok;
+  if (size < 1) return 0;
+  constexpr std::size_t kMostLine = 1000;
+  fuzz::ToolLine line(LinkMode::kModem, data[0] >= 0x80);
+  fuzz::ForEachPiece({data + 1, size - 1}, 1 + data[0] % 128, [&](std::span<const std::uint8_t> piece) {
+    line.Give(piece);
+    const ModemReply& reply = line.modem();
+    Demand(line.link().ModemLine().size() <= kMostLine && reply.ModemConnectText.size() <= kMostLine);
+    Demand(reply.ModemResult >= ModemReply::kNone && reply.ModemResult <= ModemReply::kOk);
+    Demand(reply.ModemResult != ModemReply::kConnect ||
+           reply.ModemConnectText.find("CONNECT") == 1);  // behind the line feed
+  });
+  if (line.link().ModemLine().empty()) {
+    constexpr std::string_view kBusy = "\nBUSY\r";
+    line.link().LinkInit(1, 0);
+    line.Give({reinterpret_cast<const std::uint8_t*>(kBusy.data()), kBusy.size()});
+    Demand(line.modem().ModemResult == ModemReply::kBusy);
+  }
+  return 0;
+}

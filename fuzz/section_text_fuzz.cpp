@@ -1,0 +1,26 @@
+// Any project as what a section is made of: encoding fills an image of the section's size or says why it can't.
+
+#include <cstdint>
+#include <string>
+
+#include "fuzz/demand.h"
+#include "sections/registry.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace tarvok;
+  if (size < 2) return 0;
+  const auto sections = Sections();
+  const Section& section = sections[data[0] % sections.size()];
+  const Layout& layout = section.layouts[data[1] % section.layouts.size()];
+  if (layout.encode == nullptr) return 0;
+  const IniText project(std::string(reinterpret_cast<const char*>(data + 2), size - 2));
+  ImageWriter image(layout.size);
+  layout.encode(project, image);
+  Demand(image.bytes().size() == static_cast<std::size_t>(layout.size));
+  Demand(image.ok() || image.error().starts_with("section "));
+  // What was said of a project is said of it again.
+  ImageWriter again(layout.size);
+  layout.encode(project, again);
+  Demand(again.bytes() == image.bytes() && again.error() == image.error());
+  return 0;
+}

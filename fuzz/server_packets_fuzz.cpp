@@ -1,0 +1,8 @@
+// The same as messages in packets of the relay server, in any split.
+
+#include "fuzz/answered_operation.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  tarvok::fuzz::RunAnswered(tarvok::LinkMode::kServer, {data, size});
+  return 0;
+}
