@@ -86,9 +86,7 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
 /** A load, a call that is being dialled, and whatever waits without a limit can be given up. A send that talks
  * to the exchange can't: it would leave half a configuration behind. */
 bool TransferDialog::MayGiveUp() const {
-  if (running_->loads || events_.waits_for_ever()) return true;
-  const int word = transfer_->line().modem().ModemResult;
-  return transfer_->mode() == LinkMode::kModem && (word == ModemReply::kNone || word == ModemReply::kOk);
+  return running_->loads || events_.waits_for_ever() || transfer_->calling();
 }
 
 void TransferDialog::Leave() {

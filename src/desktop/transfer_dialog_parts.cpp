@@ -109,7 +109,7 @@ QLayout* TransferDialog::MakeLogColumn() {
   lblTime_->setMinimumWidth(lblTime_->fontMetrics().horizontalAdvance(QStringLiteral("000:00")));
   lblTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   lblTime_->setToolTip(QStringLiteral("Minutes and seconds since the start"));
-  Elapsed(0);
+  TransferDialog::Elapsed(0);
   advice_ = new QLabel;
   advice_->setObjectName(QStringLiteral("Advice"));
   advice_->setAccessibleName(QStringLiteral("Advice"));

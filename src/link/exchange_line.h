@@ -39,6 +39,8 @@ class ExchangeLine {
   MessageLayer& messages() { return *messages_; }
   ModemReply& modem() { return modem_; }
   const TransferStatistics& statistics() const { return statistics_; }
+  /** The time of the sends counts from here. */
+  void RestartSendTime() { statistics_.SendMilliseconds = 0; }
   LinkMode mode() const { return line_.mode(); }
 
  private:

@@ -1,5 +1,6 @@
 // tarvok-setup: the technician's program. Here, and only here, its parts are put together.
 
+#include <clocale>
 #include <fontconfig/fontconfig.h>
 #include <map>
 #include <memory>
@@ -79,9 +80,18 @@ std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow&
   return forms;
 }
 
+/** Takes as long as reaching the display: side by side both are there sooner. The application sets the program's locale
+ * meanwhile, so this thread has one of its own. */
+void ReadFontSettings() {
+  const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+  uselocale(plain);
+  FcInit();
+  uselocale(LC_GLOBAL_LOCALE);
+  freelocale(plain);
+}
+
 int Run(int argc, char** argv) {
-  // Reading the settings of all fonts takes as long as reaching the display: side by side both are there sooner.
-  std::thread fonts(FcInit);
+  std::thread fonts(ReadFontSettings);
   QApplication application(argc, argv);
   fonts.join();
   const std::string project = ProjectArgument();

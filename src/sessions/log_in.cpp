@@ -29,10 +29,15 @@ void BackToNormal(Transfer& transfer) {
   }
 }
 
-bool AskPassword(Transfer& transfer) {
-  PasswordForm form(transfer);
-  transfer.view().ShowPassword(form);
-  return form.passed();
+bool AskPassword(Transfer& transfer, bool mode_is_set) {
+  {
+    PasswordForm form(transfer);
+    transfer.view().ShowPassword(form);
+    if (form.passed()) return true;
+    mode_is_set = mode_is_set || form.tried();
+  }
+  if (mode_is_set) BackToNormal(transfer);
+  return false;
 }
 
 bool LearnVersion(Transfer& transfer, const LogInWords& words) {
@@ -53,10 +58,7 @@ bool LearnVersion(Transfer& transfer, const LogInWords& words) {
 
 bool LogIn(Transfer& transfer, const LogInWords& words) {
   if (!words.password_first && !SetMode(transfer, words)) return false;
-  if (!AskPassword(transfer)) {
-    BackToNormal(transfer);
-    return false;
-  }
+  if (!AskPassword(transfer, !words.password_first)) return false;
   if (words.password_first && !SetMode(transfer, words)) return false;
   if (!LearnVersion(transfer, words)) return false;
   const int version = transfer.version();

@@ -24,6 +24,7 @@ void SetControlLines(ExchangeLine& line, bool on) {
 }
 
 bool OpenModemPort(Transfer& transfer) {
+  transfer.line().line().Close();
   transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port_modem, kModemLine));
   if (!transfer.line().line().IsOpen()) {
     transfer.Failed(kOpenDots);
@@ -34,7 +35,7 @@ bool OpenModemPort(Transfer& transfer) {
   return true;
 }
 
-/** Each command begins with a CR that ends the one before; none has one behind. */
+/** Whether the modem is there. Each command begins with a CR that ends the one before; none has one behind. */
 bool SetUpModem(Transfer& transfer) {
   ExchangeLine& line = transfer.line();
   line.modem() = {};
@@ -48,7 +49,7 @@ bool SetUpModem(Transfer& transfer) {
   if (!transfer.waits().WaitSeconds(1)) return false;
   if (line.modem().ModemResult == ModemReply::kOk) return true;
   transfer.LogLine(kNoModem);
-  return transfer.Fail(kNoModem);
+  return false;
 }
 
 bool FailWith(Transfer& transfer, std::string_view line, std::string_view box) {
@@ -98,10 +99,12 @@ void HangUpModem(ExchangeLine& line) {
 bool CallByModem(Transfer& transfer) {
   if (transfer.settings().tel.empty()) return transfer.FailInLog(kNoTelephone);
   if (!OpenModemPort(transfer)) return false;
-  if (!SetUpModem(transfer) || !Dial(transfer)) {
+  const Transfer::Calling calling(transfer);
+  const bool ready = SetUpModem(transfer);
+  if (!ready || !Dial(transfer)) {
     HangUpModem(transfer.line());
     transfer.line().line().Close();
-    return false;
+    return ready || transfer.waits().aborted() ? false : transfer.Fail(kNoModem);
   }
   if (!transfer.waits().WaitSeconds(1)) return false;
   transfer.line().link().LinkInit(1, 0);

@@ -52,6 +52,8 @@ std::optional<LineSettings> SerialLine(const ConnectionSettings& settings) {
 }
 
 bool OpenSerialPort(Transfer& transfer) {
+  // A failed section leaves its port open, and a device opens once.
+  transfer.line().line().Close();
   const std::optional<LineSettings> settings = SerialLine(transfer.settings());
   if (settings) transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port, *settings));
   return transfer.line().line().IsOpen();

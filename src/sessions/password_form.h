@@ -43,6 +43,8 @@ class PasswordForm {
   static bool Accepts(char key) { return key >= '0' && key <= '9'; }
 
   bool open() const { return open_; }
+  /** A try sets the exchange to the form's mode. */
+  bool tried() const { return wrong_tries_ > 0; }
   /** True when the log-in passed. */
   bool passed() const { return passed_; }
 

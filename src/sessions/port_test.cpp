@@ -1,11 +1,19 @@
 #include "sessions/port_test.h"
 
+#include <random>
+
 #include "sections/registry.h"
 #include "sessions/open_connection.h"
 #include "store/new_project.h"
 #include "store/whole_write.h"
 
 namespace tarvok {
+
+int Rand(int low, int high) {
+  static std::mt19937 generator{std::random_device{}()};
+  return high <= low ? low : std::uniform_int_distribution<int>(low, high - 1)(generator);
+}
+
 namespace {
 
 constexpr int kPortSection = 4;

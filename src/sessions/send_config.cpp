@@ -96,6 +96,7 @@ void AdviseCompare(Transfer& transfer) {
 End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
+  transfer.line().RestartSendTime();
   const bool compare = transfer.settings().compare && transfer.version() >= kLowestComparedVersion;
   transfer.BeginPace(BytesOfSend(transfer.version(), compare));
   const std::shared_ptr<const IniText> project = transfer.ProjectToSend();

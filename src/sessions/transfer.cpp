@@ -107,17 +107,16 @@ void Transfer::CleanUpKeepingPort() {
 }
 
 void Transfer::Unload() {
-  if (UsesSocket(mode_) || !line_->line().IsOpen() || !line_->link().LinkUp()) {
-    line_->Close();
-    return;
+  const bool serial = !UsesSocket(mode_) && line_->line().IsOpen();
+  if (serial && line_->link().LinkUp()) {
+    waits_.ClearAbort();
+    line_->StartPump();
+    if (messages().SendIdle()) {
+      // Whether the exchange takes it is its own matter: the form goes either way.
+      [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
+    }
   }
-  waits_.ClearAbort();
-  line_->StartPump();
-  if (messages().SendIdle()) {
-    // Whether the exchange takes it is its own matter: the form goes either way.
-    [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
-  }
-  if (mode_ == LinkMode::kModem) HangUpModem(*line_);
+  if (serial && mode_ == LinkMode::kModem) HangUpModem(*line_);
   line_->Close();
 }
 

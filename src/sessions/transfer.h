@@ -51,6 +51,18 @@ class Transfer {
   /** The form goes. A serial port that a failed section or an abort left open is used to put the exchange
    * back to normal; then the port is closed. Not from within one of the session's own waits. */
   void Unload();
+  /** Held while a modem is called: a call may be given up, also in a send. */
+  class Calling {
+   public:
+    explicit Calling(Transfer& transfer) : calling_(transfer.calling_) { calling_ = true; }
+    ~Calling() { calling_ = false; }
+    Calling(const Calling&) = delete;
+    Calling& operator=(const Calling&) = delete;
+
+   private:
+    bool& calling_;
+  };
+  bool calling() const { return calling_; }
   /** The form is closed by the user: every wait ends and the session unwinds without boxes. */
   void Abort() { waits_.Abort(); }
 
@@ -111,6 +123,7 @@ class Transfer {
   TransferDirection direction_ = TransferDirection::kWrite;
   std::string started_;  // the progress text whose line is still open
   std::string reason_;
+  bool calling_ = false;
   EventServer::TimerId elapsed_timer_ = 0;
   int elapsed_s_ = 0;
   std::optional<Pace> pace_;

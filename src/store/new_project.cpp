@@ -34,11 +34,13 @@ Status NewDefault(ProjectStore& store, const std::string& system_file, const std
   }
   edit.DeleteSection(kCountrySection);
 
+  const auto not_copied = [](const Status& why) {
+    return Status(why.kind(), std::string(kNoSystemFile) + "\r\n" + why.message());
+  };
   const Result<std::unique_ptr<FileLock>> lock = store.files().Lock(file);
-  if (!lock.ok()) return lock.status();
+  if (!lock.ok()) return not_copied(lock.status());
   const Status written = WriteWhole(store.files(), file, edit.Bytes());
-  if (written.ok()) return written;
-  return {written.kind(), std::string(kNoSystemFile) + "\r\n" + written.message()};
+  return written.ok() ? written : not_copied(written);
 }
 
 }  // namespace tarvok

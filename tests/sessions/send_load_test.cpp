@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "exchange/port_on_port.h"
 #include "sections/registry.h"
 #include "sessions/load_config.h"
 #include "sessions/send_config.h"
@@ -105,7 +106,7 @@ TEST(SendConfiguration, LogWindowReadsAsAStory) {
   }
   EXPECT_EQ(bench.view.bars.back(), kBarEnd);
   for (const char* line :
-       {"Send Idle\r\n", "Send set mode - 1\r\n", "Chk pass\r\n", "Get version\r\nReveive Version : 1.10",
+       {"Send Idle\r\n", "Send set mode - 1\r\n", "Chk pass\r\n", "Get version\r\nReveive Version : 1.1",
         "Send Set Time\r\n", "Send Config:  4\r\n", "Send set mode - 0\r\n"}) {
     EXPECT_NE(bench.send_log.find(line), std::string::npos) << line;
   }
@@ -130,6 +131,20 @@ TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack)
   }
 }
 
+TEST(SendConfiguration, TheNextOneOfTheFormOpensTheKeptPortAnew) {
+  for (const int by : {1, 2}) {
+    SessionBench bench(by);
+    const auto set = [&](const char* row) {
+      return bench.store.SetIniValue(SessionBench::kProject, "Assign", "001", row).ok();
+    };
+    EXPECT_TRUE(bench.Run([&](Transfer& form) {
+      return set("101|300|001|F|F") && !SendConfiguration(form) && set("101|0|001|F|F") &&
+             SendConfiguration(form);
+    })) << bench.view.log;
+    EXPECT_EQ(bench.opened.size(), 2U);
+  }
+}
+
 TEST(Connection, FailuresHaveTheirWords) {
   const std::tuple<int, std::vector<std::pair<const char*, const char*>>, PortState, const char*,
                    std::vector<std::string>>
@@ -151,6 +166,45 @@ TEST(Connection, FailuresHaveTheirWords) {
     EXPECT_FALSE(bench.Run(SendConfiguration));
     EXPECT_NE(bench.view.log.find(log), std::string::npos) << bench.view.log;
     EXPECT_EQ(bench.view.boxes, boxes);
+  }
+}
+
+/** Keeps what was written; what is written to a deaf one goes nowhere. */
+class Recorder : public PortOnPort {
+ public:
+  Recorder(std::unique_ptr<Port> inner, std::string& written, bool deaf)
+      : PortOnPort(std::move(inner)), written_(written), deaf_(deaf) {}
+  bool Send(std::span<const std::uint8_t> bytes) override {
+    written_.append(bytes.begin(), bytes.end());
+    return deaf_ || PortOnPort::Send(bytes);
+  }
+  PortAnswer SetControlLines(bool dtr, bool rts) override {
+    written_ += dtr ? "<on>" : "<off>";
+    return PortOnPort::SetControlLines(dtr, rts);
+  }
+
+ private:
+  std::string& written_;
+  bool deaf_;
+};
+
+TEST(Connection, ACallThatIsGivenUpIsHungUp) {
+  // In the set-up, while it rings, in the second behind CONNECT, and with the link up; or there is no modem.
+  for (const int at_ms : {500, 3300, 4200, 5200, 0}) {
+    const bool deaf = at_ms == 0;
+    SessionBench bench(2);
+    std::string written;
+    bench.wrap = [&](std::unique_ptr<Port> port) {
+      return std::make_unique<Recorder>(std::move(port), written, deaf);
+    };
+    const auto timer = bench.events.StartTimer(deaf ? 100'000 : at_ms, [&] { bench.transfer->Abort(); });
+    EXPECT_FALSE(bench.Run([&](Transfer& form) {
+      const bool done = LoadConfiguration(form);
+      bench.events.StopTimer(timer);
+      return done;
+    }));
+    EXPECT_TRUE(written.ends_with("<off>ATH0")) << at_ms << ": " << written;
+    EXPECT_EQ(bench.view.boxes.size(), deaf ? 1U : 0U);
   }
 }
 

@@ -23,6 +23,7 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   auto* head = new QHBoxLayout;
   head->addWidget(MakeHeading(new QLabel(Words(editor.name.title)), 1.4));
   head->addStretch();
+  head->addWidget(MakeMuted(new QLabel(QStringLiteral("Changed:"))));
   changed_ = MakeMuted(new QLabel);
   changed_->setObjectName(QStringLiteral("lblDataChanged"));
   head->addWidget(changed_);
@@ -90,7 +91,7 @@ void EditorPage::Acted() {
 void EditorPage::RefreshTable() {
   if (table_ != nullptr) table_->Refresh();
   ShowCallPath();
-  changed_->setText(parts_.state.DataChanged ? QStringLiteral("Changed") : QString());
+  changed_->setText(parts_.state.DataChanged ? QStringLiteral("True") : QStringLiteral("False"));
 }
 
 void EditorPage::ShowNote() {

@@ -69,6 +69,9 @@ Layout frmSystemConfig::TimeGroup() {
                 .current = 0,
                 .data = false,
                 .changed = [this] {
+                  for (Control* box : {day_time_, night_time_}) {
+                    if (box->text.empty()) box->text = kNoTime;
+                  }
                   KeepWeekday();
                   weekday_ = tabs_->current;
                   ShowWeekday();

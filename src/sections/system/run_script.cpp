@@ -14,7 +14,7 @@ constexpr Field Script(std::string_view event) {
 }
 
 constexpr Field kFields[kScriptEvents] = {
-    Script("Off Hook Time Out"), Script("Help"),        Script("Wake Up"),      Script("Busy"),
+    Script("Off Hook Time Out"), Script("Help"),        Script("Wake Up "),     Script("Busy"),
     Script("No Number"),         Script("Full Credit"), Script("E1 Record VM"),
 };
 

@@ -324,7 +324,7 @@ std::string FormScript::List(std::string_view rest) {
   } else {
     const auto* table = dynamic_cast<const TableForm*>(&Front());
     if (table != nullptr) entries = table->OverlayEntries(Trim(name));
-    if (entries.empty()) return error;
+    if (entries.empty() && !IsOverTable(name)) return error;
   }
   for (const std::string& entry : entries) questions_.PrintLine(entry);
   return {};
