@@ -238,7 +238,7 @@ bool FieldTableForm::IsRemoved(std::string_view value) const {
 
 void FieldTableForm::RepairMoved(IniEdit& project) const {
   const RowMoves moves = Moves();
-  if (!moves.empty()) RepairReferences(project, project.base(), table_, moves);
+  RepairReferences(project, project.base(), table_, moves);
 }
 
 void FieldTableForm::Write(IniEdit& project) {
@@ -264,12 +264,16 @@ void FieldTableForm::WriteRows(IniEdit& project) const {
 }
 
 RowMoves FieldTableForm::Moves() const {
+  return Moves([this](int row) { return KeepsReferences(row); });
+}
+
+RowMoves FieldTableForm::Moves(const std::function<bool(int row)>& keeps) const {
   const TableEditor& rows = grid();
   RowMoves moves;
   for (int number = 1; number <= loaded_rows_; ++number) moves[number] = 0;
   for (int row = 1; row <= rows.rows(); ++row) {
     const int origin = rows.row(row).origin;
-    if (origin > 0) moves[origin] = KeepsReferences(row) ? row : 0;
+    if (origin > 0) moves[origin] = keeps(row) ? row : 0;
   }
   std::erase_if(moves, [](const auto& move) { return move.first == move.second; });
   return moves;

@@ -118,6 +118,8 @@ class FieldTableForm : public TableForm {
   /** Where the rows went since they were loaded; a row that was deleted, or does not keep its references, is
    * gone. */
   RowMoves Moves() const;
+  /** The same with another test of which rows keep their references. */
+  RowMoves Moves(const std::function<bool(int row)>& keeps) const;
   /** Makes every reference to the rows follow them; the first thing that a save does. */
   void RepairMoved(IniEdit& project) const;
   /** Writes the rows and removes the keys of those that are gone. */

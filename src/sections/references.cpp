@@ -115,18 +115,21 @@ std::vector<Reference> ReferencesTo(const IniText& project, const Table& target,
 }
 
 void RepairReferences(IniEdit& project, const IniText& before, const Table& moved, const RowMoves& moves) {
-  for (const Table* table : Tables()) {
-    if (!MayPointAt(*table, moved)) continue;
-    bool any = false;
-    ForEachRow(before, *table, [&](int number, std::string_view value) {
-      bool changed = false;
-      const std::string list = table->repeats ? MovedMembers(*table, value, moved, moves, changed)
-                                              : MovedFields(*table, value, moved, moves, changed);
-      if (changed) project.Set(table->section, KeyOf(*table, number), list);
-      any = any || changed;
-    });
-    if (any && table->now == NowCounts::kMembers) RecountMembers(project, *table);
-  }
+  for (const Table* table : Tables()) RepairReferencesOf(*table, project, before, moved, moves);
+}
+
+void RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before, const Table& moved,
+                        const RowMoves& moves) {
+  if (moves.empty() || !MayPointAt(table, moved)) return;
+  bool any = false;
+  ForEachRow(before, table, [&](int number, std::string_view value) {
+    bool changed = false;
+    const std::string list = table.repeats ? MovedMembers(table, value, moved, moves, changed)
+                                           : MovedFields(table, value, moved, moves, changed);
+    if (changed) project.Set(table.section, KeyOf(table, number), list);
+    any = any || changed;
+  });
+  if (any && table.now == NowCounts::kMembers) RecountMembers(project, table);
 }
 
 void RecountMembers(IniEdit& project, const Table& table) {

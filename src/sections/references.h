@@ -33,6 +33,9 @@ std::vector<Reference> ReferencesTo(const IniText& project, const Table& target,
  * its list, and where the list's section counts its members, "Now" is recounted.
  */
 void RepairReferences(IniEdit& project, const IniText& before, const Table& moved, const RowMoves& moves);
+/** The same for the references of one table. */
+void RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before, const Table& moved,
+                        const RowMoves& moves);
 
 /** Writes "Now" of a section that counts its members. */
 void RecountMembers(IniEdit& project, const Table& table);

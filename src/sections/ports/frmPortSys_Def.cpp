@@ -11,6 +11,7 @@
 #include "sections/routing/incoming_list.h"
 #include "sections/routing/tenan.h"
 #include "sections/rows.h"
+#include "sections/tables.h"
 #include "store/field_list.h"
 
 namespace tarvok {
@@ -179,6 +180,25 @@ bool frmPortSys_Def::KeepsReferences(int row) const {
   return !grid().Cell(row, kCardColumn).empty() && !grid().Cell(row, kChannelColumn).empty();
 }
 
+bool frmPortSys_Def::IsStored(int row) const {
+  return !grid().Cell(row, kCardColumn).empty() || !grid().Cell(row, kChannelColumn).empty() ||
+         !grid().Cell(row, kTypeColumn).empty();
+}
+
+/** A group of lines asks for the card of a port, its number for no more than that the row is stored, all others for a
+ * whole port. */
+void frmPortSys_Def::FollowPorts(IniEdit& project) const {
+  const RowMoves whole = Moves();
+  const RowMoves stored = Moves([this](int row) { return IsStored(row); });
+  const RowMoves with_card = Moves([this](int row) { return !grid().Cell(row, kCardColumn).empty(); });
+  for (const Table* table : Tables()) {
+    const RowMoves& moves = table == &assign::kTable      ? stored
+                            : table == &group_out::kTable ? with_card
+                                                          : whole;
+    RepairReferencesOf(*table, project, project.base(), kTable, moves);
+  }
+}
+
 /** In a project in which the references to ports have followed them. */
 NumberLinks frmPortSys_Def::LinksFor(const IniEdit& project) const {
   std::vector<LinkedPort> ports;
@@ -187,8 +207,8 @@ NumberLinks frmPortSys_Def::LinksFor(const IniEdit& project) const {
     const std::string_view before =
         origin > 0 ? RowValue(project.base(), kTable, origin) : std::string_view();
     const std::int64_t named = Val(GetField(before, kNumber));
-    ports.push_back({row, named >= 1 && named <= kAssignRows ? static_cast<int>(named) : 0,
-                     KeepsReferences(row), grid().Cell(row, kNumberColumn)});
+    ports.push_back({row, named >= 1 && named <= kAssignRows ? static_cast<int>(named) : 0, IsStored(row),
+                     grid().Cell(row, kNumberColumn)});
   }
   return NumberLinks(project, ports);
 }
@@ -197,14 +217,14 @@ bool frmPortSys_Def::MaySave() {
   if (project_file().empty()) return true;
   const std::shared_ptr<const IniText> now = context().store.Snapshot(project_file());
   IniEdit trial(*now);
-  RepairMoved(trial);
+  FollowPorts(trial);
   if (LinksFor(trial).all_fit()) return true;
   context().questions.Box(kOverLimit, false);
   return false;
 }
 
 void frmPortSys_Def::Write(IniEdit& project) {
-  RepairMoved(project);
+  FollowPorts(project);
   const NumberLinks links = LinksFor(project);
   number_fields_.clear();
   for (int row = 1; row <= grid().rows(); ++row) {

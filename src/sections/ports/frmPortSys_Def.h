@@ -36,6 +36,8 @@ class frmPortSys_Def : public FieldTableForm {
   void cmbInsert();
   std::string FieldOf(int row, int field) const;
   std::string IncomingText(int row, int column, int field) const;
+  bool IsStored(int row) const;
+  void FollowPorts(IniEdit& project) const;
   NumberLinks LinksFor(const IniEdit& project) const;
   void MoveAccounts(IniEdit& project) const;
   void KeepLines(IniEdit& project) const;

@@ -14,7 +14,7 @@ namespace tarvok {
 struct LinkedPort {
   int row = 0;          // its row from now on
   int named = 0;        // the number row that it names in the project, 0 for none
-  bool usable = false;  // it has a card and a channel
+  bool usable = false;  // it is stored, so that a number can stand for it
   std::string number;   // as people gave it, "" for none
 };
 

@@ -24,7 +24,7 @@ TEST(PortDefine, ASaveSortsAndEveryReferenceStaysOnItsPort) {
 }
 
 TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
-  for (const char* how : {"select 4 1 5 1\ncut\nselect 1 2 1 2\ncut\n",
+  for (const char* how : {"select 4 1 5 3\ncut\nselect 1 1 1 3\ncut\n",
                           "go 5 1\nclick cmdDelRow\ngo 4 1\n"
                           "click cmdDelRow\ngo 1 1\nclick cmdDelRow\n"}) {
     EditorBench bench(EveryReference());
@@ -34,6 +34,17 @@ TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
         "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0\n[HuntGroup]\n01=001|002\n");
     EXPECT_EQ(bench.Get("E1Map", "01").substr(0, 2), "F|");
   }
+}
+
+TEST(PortDefine, AnIncompletePortKeepsItsNumberAndItsGroup) {
+  EditorBench bench(
+      "[Port_Def]\n001=3|1|2|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\nNow=1\n[Group_Out]\n03=001\nNow=1\n["
+      "BOSS]\n01=001|F\n");
+  EXPECT_THAT(bench.Run("frmPortSys_Def", "go 1 Channel\npress Delete\ngo 1 Number\ntype 300\nclick cmdOK\n"),
+              IsEmpty());
+  bench.ExpectKeys(
+      "[Port_Def]\n001=3|F|2|F*12|001|F*7\n[Assign]\n001=300|0|001|F|F\n[Group_Out]\n03=001\nNow=1\n"
+      "[BOSS]\n01=F|F\n");
 }
 
 TEST(PortDefine, AGroupKeepsLinesOnly) {
