@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include <QCoreApplication>
 #include <gmock/gmock.h>
 
 #include "desktop/io/qt_settings.h"
@@ -44,15 +45,19 @@ TEST(Settings, ChangeNoByte) {
   EXPECT_TRUE(std::filesystem::exists(SettingsFile()));
 }
 
-TEST(Settings, WaitForTheDiskOnlyForWhatChanges) {
+TEST(Settings, WaitForTheDiskOnceForWhatChangesTogether) {
   QtSettings settings;
-  settings.Set("Columns", "frmBoss", "120");
   const std::string written = SettingsFile() + ".written";
-  std::filesystem::create_hard_link(SettingsFile(), written);
-  settings.Set("Columns", "frmBoss", "120");
-  EXPECT_TRUE(std::filesystem::equivalent(SettingsFile(), written));
-  settings.Set("Columns", "frmBoss", "121");  // each write is a new file
-  EXPECT_FALSE(std::filesystem::equivalent(SettingsFile(), written));
+  const auto is_written_anew = [&](std::initializer_list<const char*> widths) {
+    std::filesystem::remove(written);
+    std::filesystem::create_hard_link(SettingsFile(), written);
+    for (const char* width : widths) settings.Set("Columns", std::string("frm") + width, width);
+    EXPECT_TRUE(std::filesystem::equivalent(SettingsFile(), written));  // each write is a new file
+    QCoreApplication::processEvents();
+    return !std::filesystem::equivalent(SettingsFile(), written);
+  };
+  EXPECT_TRUE(is_written_anew({"120", "121", "122"}));
+  EXPECT_FALSE(is_written_anew({"120", "121"}));
 }
 
 TEST(Settings, ReadWhatAPersonWrote) {

@@ -34,10 +34,10 @@ void QtSettings::Set(std::string_view group, std::string_view key, std::string_v
   // Only text that gives the same bytes again is kept as text.
   const QVariant kept = text.toUtf8() == bytes ? QVariant(text) : QVariant(bytes);
   const QString path = PathOf(group, key);
-  // A write waits for the disk, and most of what is kept, such as the widths of columns, is as it was.
+  // A write waits for the disk: most of what is kept, such as the widths of columns, is as it was, and what is set
+  // together goes there together, with the next turn of the event loop or at the end.
   if (settings_.contains(path) && settings_.value(path) == kept) return;
   settings_.setValue(path, kept);
-  settings_.sync();
 }
 
 }  // namespace tarvok
