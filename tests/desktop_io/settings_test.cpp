@@ -47,6 +47,8 @@ TEST(Settings, ChangeNoByte) {
 
 TEST(Settings, WaitForTheDiskOnceForWhatChangesTogether) {
   QtSettings settings;
+  settings.Set("Columns", "frm", "1");
+  QCoreApplication::processEvents();
   const std::string written = SettingsFile() + ".written";
   const auto is_written_anew = [&](std::initializer_list<const char*> widths) {
     std::filesystem::remove(written);
