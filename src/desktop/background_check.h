@@ -20,8 +20,9 @@ class BackgroundCheck {
 
   /** The findings of a project; at once, or as soon as they are there where the check of that very state was begun. */
   std::vector<Finding> Findings(const std::shared_ptr<const IniText>& project) {
-    if (findings_.valid() && begun_ == project) return findings_.get();
-    return CheckProject(*project);
+    // What was begun is asked for once, and no state of a project is kept for it any longer.
+    const bool is_begun = std::exchange(begun_, nullptr) == project;
+    return findings_.valid() && is_begun ? findings_.get() : CheckProject(*project);
   }
 
  private:
