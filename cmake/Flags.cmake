@@ -18,9 +18,7 @@ if(TARVOK_SANITIZE)
 endif()
 
 if(TARVOK_FUZZ)
-  target_compile_options(tarvok_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined
-                                                -fno-sanitize-recover=all)
-  target_link_options(tarvok_flags INTERFACE -fsanitize=address,undefined)
+  target_compile_options(tarvok_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 option(TARVOK_SANITIZE_THREADS "Build with the thread sanitizer instead" OFF)
