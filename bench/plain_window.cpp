@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr int kTreeWidth = 240;  // as in the program
+
 QTableWidget* PlainTable(int rows, int columns) {
   auto* table = new QTableWidget(rows, columns);
   for (int row = 0; row < rows; ++row) {
@@ -84,6 +86,9 @@ void AddTables(QMainWindow& window, const QStringList& sizes) {
   auto* root = new QTreeWidgetItem(tree, {QStringLiteral("Tables")});
   for (const QString& size : sizes) new QTreeWidgetItem(root, {size});
   root->setExpanded(true);
+  // An empty pane would be a strip, and a table in it would paint a column or two.
+  splitter->setStretchFactor(1, 1);
+  splitter->setSizes({kTreeWidth, window.width() - kTreeWidth});
   QObject::connect(tree, &QTreeWidget::itemActivated, pane, [pane](QTreeWidgetItem* item) {
     const QStringList size = item->text(0).split(QLatin1Char('x'));
     if (size.size() != 2) return;
