@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QTimer>
 
+#include "desktop/colours.h"
 #include "desktop/forms/rule_filter.h"
 
 namespace tarvok {
@@ -23,6 +24,16 @@ class CellCombo : public QComboBox {
     if (!isEditable()) QTimer::singleShot(0, this, &QComboBox::showPopup);
   }
 };
+
+/** One line of text, with dots where it is too long: laid out once, where Qt's delegate does so three times. */
+void PaintText(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics) {
+  if (text.isEmpty()) return;
+  const bool fits =
+      text.size() * metrics.maxWidth() <= room.width() || metrics.horizontalAdvance(text) <= room.width();
+  const int base = room.top() + (room.height() - metrics.height() + 1) / 2 + metrics.ascent();
+  painter.drawText(QPoint(room.left(), base),
+                   fits ? text : metrics.elidedText(text, Qt::ElideRight, room.width()));
+}
 
 }  // namespace
 
@@ -84,30 +95,41 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* /*model*/,
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
-  QStyleOptionViewItem cell = option;
-  if (model_.IsOpen(index)) {
-    // A cell that takes keys looks like the field that it is.
-    cell.state &= ~QStyle::State_Selected;
-    painter->fillRect(option.rect, option.palette.base());
-  }
-  QStyledItemDelegate::paint(painter, cell, index);
+  const QPalette& palette = option.palette;
+  const bool open = model_.IsOpen(index);
+  const bool marked = option.state.testFlag(QStyle::State_Selected) && !open;
+  const QPalette::ColorGroup group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
+                                     : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
+                                                                                   : QPalette::Inactive;
+  QRect cell = option.rect;
+  // The grid as rectangles: Qt's own lays its lines dot by dot, and cannot be seen on a dark ground.
+  const QColor line = Mix(palette.color(QPalette::Text), palette.color(QPalette::Base), 20);
+  painter->fillRect(cell.right(), cell.top(), 1, cell.height(), line);
+  painter->fillRect(cell.left(), cell.bottom(), cell.width(), 1, line);
+  cell.adjust(0, 0, -1, -1);
+  // A cell that takes keys looks like the field that it is.
+  if (open || marked)
+    painter->fillRect(cell, palette.color(group, open ? QPalette::Base : QPalette::Highlight));
+
+  const Entry entry = model_.table().EntryOf(index.row() + 1, index.column() + 1);
   const bool current = index.row() + 1 == model_.table().current_row() &&
                        index.column() + 1 == model_.table().current_column();
-  if (current) {
-    painter->save();
-    painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
-    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
-    painter->restore();
+  const QString text = index.data().toString();
+  const int margin = QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+  const QRect room = cell.adjusted(margin, 0, -margin, 0);
+  const QPalette::ColorRole letters = marked                      ? QPalette::HighlightedText
+                                      : entry == Entry::kReadOnly ? QPalette::PlaceholderText
+                                                                  : QPalette::Text;
+  painter->setPen(palette.color(group, letters));
+  PaintText(*painter, room, text, option.fontMetrics);
+  if (!current) return;
+  if (open || (option.state.testFlag(QStyle::State_HasFocus) && entry == Entry::kText)) {
+    const int x = room.left() + option.fontMetrics.horizontalAdvance(text) + 1;
+    painter->setPen(palette.color(group, marked ? QPalette::HighlightedText : QPalette::Text));
+    if (x < cell.right()) painter->drawLine(x, cell.top() + 4, x, cell.bottom() - 4);
   }
-  if (model_.IsOpen(index) || (current && option.state.testFlag(QStyle::State_HasFocus) &&
-                               model_.table().EntryOf(index.row() + 1, index.column() + 1) == Entry::kText)) {
-    const int margin = QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-    const int x =
-        option.rect.left() + margin + option.fontMetrics.horizontalAdvance(index.data().toString()) + 1;
-    const bool marked = option.state.testFlag(QStyle::State_Selected) && !model_.IsOpen(index);
-    painter->setPen(option.palette.color(marked ? QPalette::HighlightedText : QPalette::Text));
-    if (x < option.rect.right()) painter->drawLine(x, option.rect.top() + 4, x, option.rect.bottom() - 4);
-  }
+  painter->setPen(QPen(palette.color(QPalette::Highlight), 2));
+  painter->drawRect(cell.adjusted(1, 1, -1, -1));
 }
 
 }  // namespace tarvok

@@ -1,7 +1,5 @@
 #include "desktop/forms/table_model.h"
 
-#include <QPalette>
-
 #include "desktop/shown_text.h"
 
 namespace tarvok {
@@ -18,10 +16,6 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       return page_.ToLetters(IsOpen(index) ? table_.OpenText()
                                            : table_.Cell(index.row() + 1, index.column() + 1));
-    case Qt::ForegroundRole:
-      if (table_.EntryOf(index.row() + 1, index.column() + 1) == Entry::kReadOnly)
-        return QPalette().brush(QPalette::PlaceholderText);
-      return {};
     default:
       return {};
   }

@@ -4,8 +4,11 @@
 #include <optional>
 #include <utility>
 
+#include <QAbstractButton>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
 
 #include "desktop/forms/cell_delegate.h"
 
@@ -66,12 +69,22 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
   setAlternatingRowColors(true);
+  setShowGrid(false);  // each cell draws its own
   setTabKeyNavigation(true);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setContextMenuPolicy(Qt::ActionsContextMenu);
   horizontalHeader()->setHighlightSections(false);
+  ShowRowTitle();
   Refresh();
+}
+
+/** The column of row numbers has its title in the corner, which Qt leaves empty. */
+void TableView::ShowRowTitle() {
+  auto* corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+  auto* layout = new QVBoxLayout(corner);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(new QLabel(QStringLiteral("*")), 0, Qt::AlignCenter);
 }
 
 void TableView::Refresh() {

@@ -32,6 +32,7 @@ class TableView : public QTableView {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
+  void ShowRowTitle();
   void TakeSelection();
   bool OpensList(const QKeyEvent* event) const;
 
