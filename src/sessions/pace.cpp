@@ -1,6 +1,7 @@
 #include "sessions/pace.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "store/number_text.h"
 
@@ -12,6 +13,7 @@ constexpr std::int64_t kBitsPerByte = 10;  // with start and stop bit
 /** Of a line, in thousandths. Frames, acknowledgements and replies leave 678 for a configuration, and the pauses of a load
  * at 115,200 bit/s 470; an adapter that keeps each byte for 16 ms leaves 260. */
 constexpr std::int64_t kLowShare = 400;
+constexpr std::int64_t kSilence_ms = 15'000;  // a pack with its three enquiries takes 13 s
 
 std::string Grouped(std::int64_t value) {
   std::string text = std::to_string(value);
@@ -32,6 +34,12 @@ std::string Pace::Now(std::int64_t done_bytes, std::int64_t tick_ms) const {
   if (ms < kSecond_ms || done <= 0) return text;
   const std::int64_t left_s = ((total_bytes_ - done) * ms / done + kSecond_ms - 1) / kSecond_ms;
   return text + ", " + Grouped(done * kSecond_ms / ms) + " bytes/s, about " + MinutesText(left_s) + " left";
+}
+
+bool Pace::FallsSilent(std::int64_t done_bytes, std::int64_t tick_ms) {
+  if (std::exchange(moved_bytes_, done_bytes) != done_bytes) moved_ms_ = tick_ms;
+  const bool silent = tick_ms - moved_ms_ >= kSilence_ms;
+  return !std::exchange(silent_, silent) && silent;
 }
 
 std::string Pace::End(std::int64_t done_bytes, std::int64_t tick_ms) const {

@@ -65,7 +65,14 @@ void Transfer::BeginQuietly() {
 
 void Transfer::OnSecond() {
   parts_.view.Elapsed(++elapsed_s_);
-  if (pace_) parts_.view.ShowPace(pace_->Now(BytesThrough(), parts_.events.Tick_ms()));
+  if (!pace_) return;
+  const std::int64_t now_ms = parts_.events.Tick_ms();
+  parts_.view.ShowPace(pace_->Now(BytesThrough(), now_ms));
+  // The wait for the rest of a section has no end of its own: a byte that got lost holds it up as a dead line does.
+  if (pace_->FallsSilent(BytesThrough(), now_ms)) {
+    parts_.view.Advise(
+        "Nothing comes any more, and the rest may be lost. If it stays so, give up and begin again.");
+  }
 }
 
 std::int64_t Transfer::BytesThrough() const {
