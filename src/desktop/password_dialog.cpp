@@ -90,6 +90,12 @@ QWidget* PasswordDialog::MakeLevel(int level) {
   return page;
 }
 
+/** Qt makes OK the default button whatever it is told, and Enter would press it behind the field's own rule. */
+void PasswordDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QDialog::keyPressEvent(event);
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button != nullptr) button->click();
+}
+
 void PasswordDialog::EnterPressed() {
   if (!chkPSW_->isChecked()) {
     Ok();

@@ -24,6 +24,9 @@ class PasswordDialog : public QDialog {
   /** Closing the window is "Cancel"; in the middle of a try it does nothing. */
   void reject() override;
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   struct LevelFields {
     QCheckBox* chkLV = nullptr;
