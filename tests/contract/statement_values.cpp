@@ -1,5 +1,6 @@
 #include "tests/contract/statement_values.h"
 
+#include <algorithm>
 #include <map>
 
 #include "sections/ports/account.h"
@@ -31,42 +32,32 @@
 #include "sections/system/run_script.h"
 #include "sections/system/system_numbers.h"
 #include "sections/system/system_times.h"
+#include "store/field_list.h"
+#include "store/ini_edit.h"
 
 namespace tarvok::test {
 
 ValuePair ValuesOf(const Field& field) {
   const auto length = static_cast<std::size_t>(field.high);
-  switch (field.decided_by > 0 ? FieldKind::kNumber : field.kind) {
-    case FieldKind::kNumber:
-      return field.decided_by > 0
-                 ? ValuePair{"20", "1"}
-                 : ValuePair{Padded(field.high, field.width), Padded(field.low, field.width)};
-    case FieldKind::kRow: {
-      const RowKeys& rows = field.points_at->rows;
-      return {Padded(rows.last - rows.base, field.width), Padded(rows.first - rows.base, field.width)};
-    }
-    case FieldKind::kHex:
-      return {"FE", "0"};
-    case FieldKind::kAmount:
-      // One form has a byte for what two could hold, and 655.35 goes out as 0 in some places.
-      return {field.name == "Charge Expand" ? "255" : FormatHundredths(field.high - 1), "0"};
-    case FieldKind::kDigits:
-      return {std::string(length > 20 ? 20 : length, '9'), "1"};
-    case FieldKind::kText:
-      return {std::string(length > 20 ? 20 : length, 'x'), "y"};
-    case FieldKind::kTime:
-      return {"2359", "1001"};
-    case FieldKind::kFlag:
-      return {"1", "0"};
-    case FieldKind::kChoice:
-      return {std::string(field.choices.front().stored),
-              std::string(field.choices.size() > 1 ? field.choices.back().stored : kUnset)};
-    case FieldKind::kColumns:
-      return {std::string(length, '1'), std::string(length, '0')};
-    case FieldKind::kCoded:
-      return {"EX999999", "TE1"};
+  const FieldKind kind = field.kind;
+  if (field.decided_by > 0) return {"20", "1"};
+  if (kind == FieldKind::kNumber) return {Padded(field.high, field.width), Padded(field.low, field.width)};
+  if (kind == FieldKind::kRow) {
+    const RowKeys& rows = field.points_at->rows;
+    return {Padded(rows.last - rows.base, field.width), Padded(rows.first - rows.base, field.width)};
   }
-  return {};
+  if (kind == FieldKind::kHex) return {"FE", "0"};
+  // One form has a byte for what two could hold, and 655.35 goes out as 0 in some places.
+  if (kind == FieldKind::kAmount)
+    return {field.name == "Charge Expand" ? "255" : FormatHundredths(field.high - 1), "0"};
+  if (kind == FieldKind::kDigits) return {std::string(std::min<std::size_t>(length, 20), '9'), "1"};
+  if (kind == FieldKind::kText) return {std::string(std::min<std::size_t>(length, 20), 'x'), "y"};
+  if (kind == FieldKind::kTime) return {"2359", "1001"};
+  if (kind == FieldKind::kFlag) return {"1", "0"};
+  if (kind == FieldKind::kColumns) return {std::string(length, '1'), std::string(length, '0')};
+  if (kind == FieldKind::kCoded) return {"EX999999", "TE1"};
+  const std::string_view other = field.choices.size() > 1 ? field.choices.back().stored : kUnset;
+  return {std::string(field.choices.front().stored), std::string(other)};
 }
 
 int FieldsOfRow(const Table& table) {
@@ -87,6 +78,13 @@ std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const
   std::string project = "[" + std::string(table.section) + "]\nNow=" + std::to_string(table.rows.last) + "\n";
   for (const int number : numbers) project += KeyOf(table, number) + "=" + value + "\n";
   return project;
+}
+
+std::string WithValue(const IniText& project, const std::string& section, const std::string& key, int field,
+                      const std::string& value) {
+  IniEdit edit(project);
+  edit.Set(section, key, field == 0 ? value : SetField(edit.Get(section, key), field, value));
+  return edit.Bytes();
 }
 
 std::vector<const Table*> TablesOf(int section) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "sections/field.h"
+#include "store/ini_text.h"
 
 namespace tarvok::test {
 
@@ -24,6 +25,10 @@ int FieldsOfRow(const Table& table);
 
 /** A project of rows `numbers` of the table, each with the value. */
 std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const std::string& value);
+
+/** The project's text with another value of a key; with a field, from 1, of that field alone. */
+std::string WithValue(const IniText& project, const std::string& section, const std::string& key, int field,
+                      const std::string& value);
 
 /** The tables whose keys the coders of a section read and write. */
 std::vector<const Table*> TablesOf(int section);

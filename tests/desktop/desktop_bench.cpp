@@ -5,7 +5,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 
-#include "exchange/port_on_port.h"
 #include "tests/simulation/virtual_line.h"
 
 namespace tarvok::test {
@@ -13,24 +12,6 @@ namespace {
 
 constexpr int kStep_ms = 5;
 constexpr int kMostTries = 2000;
-
-/** A line that is lost behind the first pack of a section that is read. */
-class LosingPort : public PortOnPort {
- public:
-  using PortOnPort::PortOnPort;
-
- private:
-  void OnBytes(std::span<const std::uint8_t> bytes) override {
-    constexpr std::uint8_t kSectionCode = 0x82;
-    constexpr std::size_t kFirstPack = 64;
-    constexpr std::size_t kCode = 3;
-    if (lost_) return;
-    lost_ = bytes.size() >= kFirstPack && bytes[kCode] == kSectionCode;
-    GiveBytes(lost_ ? bytes.first(kFirstPack) : bytes);
-  }
-
-  bool lost_ = false;
-};
 
 /** A form that only notes where it is sent. */
 class ShownForm : public PaneForm {
@@ -43,10 +24,20 @@ class ShownForm : public PaneForm {
   std::vector<Place>& gone_to_;
 };
 
-LevelPasswords PasswordsOf(const std::string& level_1) {
-  LevelPasswords passwords;
-  if (const auto packed = PackPassword(level_1)) passwords.Set(1, *packed);
-  return passwords;
+/** A control of that modal window that can be used, nullptr while there is none. */
+template <typename Widget>
+Widget* ControlOf(const char* modal, const char* name) {
+  QWidget* window = Modal(modal);
+  auto* control = window == nullptr ? nullptr : window->findChild<Widget*>(QString::fromLatin1(name));
+  return control != nullptr && control->isEnabled() ? control : nullptr;
+}
+
+/** The log-in, the first section that is sent, and some packs of it that come back. */
+constexpr int kAnswersUntilReading = 16;
+
+LineConditions ConditionsOf(DesktopBench::Line line) {
+  if (line != DesktopBench::Line::kLostInReading) return {};
+  return {.faults = FaultPlan{.silent_after = kAnswersUntilReading}};
 }
 
 }  // namespace
@@ -91,11 +82,13 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
             .keep = [this](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
             .practice_program = QApplication::applicationDirPath().toStdString() + "/tarvok-exchange",
             .practice_folder = (folder / "practice").string()},
-      exchange(events, memory, {}, [](auto&&...) {}),
+      exchange(events, memory, ConditionsOf(line), [](auto&&...) {}),
       listener([this](std::unique_ptr<Port> port) { exchange.Accept(std::move(port), Wire::kLan); }),
       line_(line) {
   std::filesystem::copy_file(TARVOK_SOURCE_DIR "/examples/hotel.tvk", project);
-  memory.AddPasswords(PasswordsOf(password));
+  LevelPasswords passwords;
+  if (const auto packed = PackPassword(password)) passwords.Set(1, *packed);
+  memory.AddPasswords(passwords);
   EXPECT_TRUE(listener.Listen("127.0.0.1", 0).ok());
   EXPECT_TRUE(store.SetIniValue(project, "Chk_Tarvok", "IPPort", std::to_string(listener.port())).ok());
   window = std::make_unique<MainWindow>(parts);
@@ -137,8 +130,7 @@ std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const st
     never_open->set_state(PortState::kConnecting);
     return never_open;
   }
-  if (line_ == Line::kExchange) return real_ports.ConnectTcp(host, port);
-  if (line_ == Line::kLostInReading) return std::make_unique<LosingPort>(real_ports.ConnectTcp(host, port));
+  if (line_ == Line::kExchange || line_ == Line::kLostInReading) return real_ports.ConnectTcp(host, port);
   auto nobody =
       std::make_unique<TcpListener>([this](std::unique_ptr<Port> end) { silent_.push_back(std::move(end)); });
   EXPECT_TRUE(nobody->Listen("127.0.0.1", 0).ok());
@@ -178,10 +170,8 @@ QWidget* Modal(const char* name) {
 
 Script::Step ClickIn(const char* modal, const char* control) {
   return [=] {
-    QWidget* window = Modal(modal);
-    auto* button =
-        window == nullptr ? nullptr : window->findChild<QAbstractButton*>(QString::fromLatin1(control));
-    if (button == nullptr || !button->isEnabled()) return false;
+    auto* button = ControlOf<QAbstractButton>(modal, control);
+    if (button == nullptr) return false;
     // What a click starts may last: the script goes on meanwhile.
     QTimer::singleShot(0, button, [button] {
       QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
@@ -202,9 +192,8 @@ Script::Step AnswerBox(QMessageBox::StandardButton button, std::vector<std::stri
 
 Script::Step TypeIn(const char* modal, const char* control, const char* keys) {
   return [=] {
-    QWidget* window = Modal(modal);
-    auto* field = window == nullptr ? nullptr : window->findChild<QWidget*>(QString::fromLatin1(control));
-    if (field == nullptr || !field->isEnabled()) return false;
+    auto* field = ControlOf<QWidget>(modal, control);
+    if (field == nullptr) return false;
     QTimer::singleShot(0, field, [field, keys] {
       field->setFocus();
       QTest::keyClicks(field, QString::fromLatin1(keys));

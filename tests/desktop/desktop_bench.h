@@ -25,6 +25,10 @@
 
 namespace tarvok::test {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
 /** Qt's loop with a clock that runs faster, so that waits of seconds are over at once. */
 class FastEvents : public QtEventServer {
  public:
@@ -68,7 +72,7 @@ class DesktopBench : public PortMaker {
     kSilent,
     kConnecting,
     kModem,          // as the project is set: a serial port with nobody there
-    kLostInReading,  // nothing comes any more behind the first pack of a section that is read
+    kLostInReading,  // nothing comes any more in the middle of a section that is read back
   };
   /** What the test's own form of "1 - Setup Number" was asked to show. */
   std::vector<Place> gone_to;

@@ -12,9 +12,6 @@
 namespace tarvok::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-
 /** What a list shows, a line each, cells apart by a bar. */
 std::vector<std::string> Lines(const QAbstractItemView* view) {
   std::vector<std::string> lines;

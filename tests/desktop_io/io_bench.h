@@ -10,6 +10,8 @@
 
 namespace tarvok::test {
 
+using testing::HasSubstr;
+
 /** Longest that a test waits for something that happens at once; it is never waited out when all is well. */
 inline constexpr int kPatience_ms = 10'000;
 

@@ -16,6 +16,10 @@
 
 namespace tarvok::test {
 
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
 /** A project and an editor over it, driven by a key script as a person would; what it says and asks comes out
  * as lines. */
 class EditorBench {
@@ -28,8 +32,6 @@ class EditorBench {
     files.Put(kProject, "[Chk_Tarvok]\nChk=TARVOK\n" + std::string(project));
     state.ProjectFile = kProject;
   }
-  /** The example of a whole hotel. */
-  static EditorBench Hotel() { return EditorBench(SourceFile("/examples/hotel.tvk")); }
 
   /** Opens the form and runs the script, a command a line; a line that is wrong fails the test. Returns what
    * came out, a line each. A form that a script before left open is gone without a save. */
@@ -60,9 +62,6 @@ class EditorBench {
   std::string Get(std::string_view section, std::string_view key) {
     return store.GetIniValue(kProject, section, key);
   }
-  bool Has(std::string_view section, std::string_view key) {
-    return store.Snapshot(kProject)->HasKey(section, key);
-  }
   /** The cells of a row of the open form's table, from one column to another. */
   std::vector<std::string> Cells(int row, int first, int last) const {
     std::vector<std::string> cells;
@@ -79,5 +78,15 @@ class EditorBench {
   ScriptedQuestions questions{[this](std::string_view line) { lines.emplace_back(line); }};
   std::unique_ptr<EditorForm> editor;
 };
+
+/** Runs a script on a form over a project: what comes out, a line each, and the keys that it leaves. */
+inline void ExpectEdit(std::string_view form, std::string_view project, const std::string& script,
+                       const std::string& said, const std::string& keys) {
+  EditorBench bench(project);
+  std::string all;
+  for (const std::string& line : bench.Run(form, script)) all += "\n" + line;
+  EXPECT_EQ(all, said.empty() ? said : "\n" + said);
+  bench.ExpectKeys(keys);
+}
 
 }  // namespace tarvok::test

@@ -20,19 +20,24 @@ bool IsByDesign(std::string_view form, const Difference& difference) {
 }
 
 /** The example, and a project as New makes it. */
-std::vector<std::string> Projects() {
-  return {SourceFile("/examples/hotel.tvk"), SourceFile("/data/system.tvs")};
-}
+const std::string kProjects[] = {SourceFile("/examples/hotel.tvk"), SourceFile("/data/system.tvs")};
 
 EditorBench BenchOf(const std::string& project) {
   EditorBench bench;
   bench.files.Put(EditorBench::kProject, project);
-  bench.files.Put(EditorBench::kSystemFile, SourceFile("/data/system.tvs"));
+  bench.files.Put(EditorBench::kSystemFile, kProjects[1]);
   return bench;
 }
 
+/** Opens a form and saves what it shows, whether something was changed or not. */
+void SaveAll(EditorBench& bench, const Editor& editor) {
+  bench.Run(editor.name.form, "");
+  bench.state.DataChanged = true;
+  bench.Go("click cmdOK\n");
+}
+
 TEST(EveryEditor, OpenedAndLeftByOkChangesNoByte) {
-  for (const std::string& project : Projects()) {
+  for (const std::string& project : kProjects) {
     for (const Editor* editor : Editors()) {
       EditorBench bench = BenchOf(project);
       EXPECT_THAT(bench.Run(editor->name.form, "click cmdOK\n"), testing::IsEmpty()) << editor->name.form;
@@ -43,21 +48,17 @@ TEST(EveryEditor, OpenedAndLeftByOkChangesNoByte) {
 }
 
 TEST(EveryEditor, ASaveOfWhatWasLoadedMeansTheSame) {
-  for (const std::string& project : Projects()) {
+  for (const std::string& project : kProjects) {
     for (const Editor* editor : Editors()) {
       EditorBench bench = BenchOf(project);
-      bench.Run(editor->name.form, "");
-      bench.state.DataChanged = true;
-      bench.Go("click cmdOK\n");
+      SaveAll(bench, *editor);
       for (const Difference& difference : CompareProjects(IniText(project), IniText(bench.Bytes()))) {
         if (IsByDesign(editor->name.form, difference)) continue;
         ADD_FAILURE() << editor->name.form << ": " << difference.row << ", " << difference.field << ": "
                       << difference.before << " -> " << difference.after;
       }
       const std::string saved = bench.Bytes();
-      bench.Run(editor->name.form, "");
-      bench.state.DataChanged = true;
-      bench.Go("click cmdOK\n");
+      SaveAll(bench, *editor);
       EXPECT_EQ(bench.Bytes(), saved) << editor->name.form << " saved twice";
     }
   }
@@ -65,11 +66,10 @@ TEST(EveryEditor, ASaveOfWhatWasLoadedMeansTheSame) {
 
 /** Rows with too few fields, rubbish, references to nothing: no editor may fall over them. */
 TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
-  const std::string hotel = SourceFile("/examples/hotel.tvk");
   for (const char* value : {"", "F", "|", "||||", "999|999|999|999|999|999", "x", "F|x|F|x", "0", "-1|-1|-1",
                             "99999999999999999999|1|1|0|0", "|1", "1|", "|99999999999||F|-1|x|1|2|3|4|5|6"}) {
     std::string rubbish;
-    std::istringstream lines(hotel);
+    std::istringstream lines(kProjects[0]);
     for (std::string line; std::getline(lines, line);) {
       const std::size_t equals = line.find('=');
       const bool row = equals != std::string::npos && line.find("Chk") == std::string::npos;
@@ -77,9 +77,7 @@ TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
     }
     for (const Editor* editor : Editors()) {
       EditorBench bench = BenchOf(rubbish);
-      bench.Run(editor->name.form, "");
-      bench.state.DataChanged = true;
-      bench.Go("click cmdOK\n");
+      SaveAll(bench, *editor);
       EXPECT_TRUE(bench.editor->closed()) << editor->name.form << " " << value;
     }
   }

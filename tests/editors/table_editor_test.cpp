@@ -54,24 +54,6 @@ TEST(TableEditor, KeysDoWhatTheColumnTakes) {
   }
 }
 
-TEST(TableEditor, AFieldThatOpensEmptyKeepsTheCellUntilSomethingIsTyped) {
-  TableEditor table = MakeTable();
-  table.GoTo(1, 5);
-  Type(table, "12");
-  table.GoTo(1, 5);
-  Type(table, "0");  // not taken as the first key: opens empty
-  EXPECT_TRUE(table.open());
-  EXPECT_EQ(table.OpenText(), "");
-  table.Press({KeyCode::kReturn});
-  EXPECT_EQ(table.Cell(1, 5), "12");
-  EXPECT_EQ(table.current_row(), 2);
-  table.GoTo(1, 5);
-  Type(table, "3");
-  EXPECT_EQ(table.Cell(1, 5), "3");
-  table.Press({KeyCode::kEscape});
-  EXPECT_EQ(table.Cell(1, 5), "12");
-}
-
 TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
   TableEditor table = MakeTable();
   table.GoTo(2, 2);

@@ -35,7 +35,7 @@ class Programs(unittest.TestCase):
         self.addCleanup(process.terminate)
         ready = process.stdout.readline().split()
         self.assertEqual(ready[:1], ["ready"], ready)
-        return process, dict(word.split("=", 1) for word in ready[1:])
+        return dict(word.split("=", 1) for word in ready[1:])
 
     def wait_for(self, path):
         """The exchange writes shortly after it answered."""
@@ -51,6 +51,11 @@ class Programs(unittest.TestCase):
         for key, value in keys.items():
             ctl("set", path, "Chk_Tarvok", key, value)
         return path
+
+    def project_over(self, by, name):
+        """A project that connects to an exchange of its own."""
+        host, port = self.exchange("--version", 110, "--password", 1234, f"--{name}", 0)[name].rsplit(":", 1)
+        return self.project(By=by, IPHost=host, IPPort=port)
 
     def transfer(self, project, *options):
         """Sends the project and loads it back; the images of both must be the same."""
@@ -68,7 +73,7 @@ class Programs(unittest.TestCase):
                 self.assertEqual(image.read_bytes(), (self.work / "got" / image.name).read_bytes(), image.name)
 
     def test_tcp_transports(self):
-        _, addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0, "--lan-serial", 0, "--server", 0)
+        addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0, "--lan-serial", 0, "--server", 0)
         for by, name in ((4, "lan"), (3, "lan-serial"), (0, "server")):
             host, port = addresses[name].rsplit(":", 1)
             self.transfer(self.project(By=by, IPHost=host, IPPort=port))
@@ -82,9 +87,7 @@ class Programs(unittest.TestCase):
         self.transfer(self.project(By=2, Tel="0123"), "--device", os.path.relpath(modem))
 
     def test_side_sessions(self):
-        _, addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0)
-        host, port = addresses["lan"].rsplit(":", 1)
-        project = self.project(By=4, IPHost=host, IPPort=port)
+        project = self.project_over(4, "lan")
         log = ("--log", self.work / "l")
         for part, file in (("--link-table", "37.bin"), ("--ip", "44.bin"), ("--minibar", "minibar.bin")):
             ctl("send", project, part, *log)
@@ -98,9 +101,7 @@ class Programs(unittest.TestCase):
         self.assertIn("Ping reply 0.0", ctl("ping", project, *log)[0])
 
     def test_failures_have_one_line_and_a_status(self):
-        _, addresses = self.exchange("--version", 110, "--password", 1234, "--lan", 0)
-        host, port = addresses["lan"].rsplit(":", 1)
-        project = self.project(By=4, IPHost=host, IPPort=port)
+        project = self.project_over(4, "lan")
         rubbish = self.work / "rubbish"
         rubbish.write_bytes(bytes(range(256)) * 40)
         log = ("--log", self.work / "l")

@@ -37,24 +37,26 @@ class NoPorts : public PortMaker {
   std::unique_ptr<Port> ConnectTcp(const std::string&, const std::string&) override { return nullptr; }
 };
 
+/** The project store over the disk, anew for each process. */
+struct PosixStore : private PosixFileSystem, public ProjectStore {
+  PosixStore() : ProjectStore(static_cast<PosixFileSystem&>(*this)) {}
+};
+
 /** A folder with a project in it, and everything that changes a project's bytes. */
 class ProjectFolder : public ::testing::Test {
  protected:
   std::string Path(const std::string& name) const { return folder_ / name; }
 
   int Save() const {
-    PosixFileSystem files;
-    ProjectStore store(files);
+    PosixStore store;
     return store.Update(Path("p.tvk"), [](IniEdit& edit) { Mark(edit, "new"); }).ok() ? 0 : 1;
   }
   int New() const {
-    PosixFileSystem files;
-    ProjectStore store(files);
+    PosixStore store;
     return NewDefault(store, Path("system.tvs"), Path("p.tvk")).ok() ? 0 : 1;
   }
   int ReplaceByLoaded() const {
-    PosixFileSystem files;
-    ProjectStore store(files);
+    PosixStore store;
     VirtualEvents events;
     RecordingView view;
     NoPorts ports;
@@ -99,6 +101,17 @@ class ProjectFolder : public ::testing::Test {
       {"the command line's set", &ProjectFolder::SetByCommand, kLarge, Calls::kThatChange,
        Calls::kThatChange},
   };
+
+  /** Stops at the first call, at the second, and so on. `stopped` gives the calls that counted, which are the result;
+   * -1 where processes can't be watched. */
+  template <typename Stopped>
+  int StoppedAtEach(Stop stop, Stopped&& stopped) {
+    for (stop.call = 1; !HasFailure(); ++stop.call) {
+      const int calls = stopped(stop);
+      if (calls < stop.call) return calls;
+    }
+    return stop.call;
+  }
 
   void Prepare(std::size_t size) {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path())) fs::remove_all(entry);

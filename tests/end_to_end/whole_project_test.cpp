@@ -1,11 +1,18 @@
-// The project is the old or the new one, whole, whatever happens to the process that saves it.
+// What stays whole whatever happens to the process that saves it, to its calls, or to the disk.
 
 #include <cerrno>
 #include <csignal>
+#include <functional>
+#include <iterator>
+#include <optional>
 #include <random>
+#include <sched.h>
 #include <set>
+#include <sys/mount.h>
 #include <sys/wait.h>
+#include <vector>
 
+#include "store/history.h"
 #include "tests/end_to_end/project_folder.h"
 
 namespace tarvok::test {
@@ -31,14 +38,9 @@ class WholeProject : public ProjectFolder {
     return ended->calls;
   }
 
-  /** Stops the change at its first call, at its second, and so on. How many there are; -1 as above. */
-  int StoppedAtEach(const Change& change, Stop stop) {
+  int StoppedAtEachCallOf(const Change& change, const Stop& stop) {
     const std::string after = After(change);
-    for (stop.call = 1; !HasFailure(); ++stop.call) {
-      const int calls = Stopped(change, stop, after);
-      if (calls < stop.call) return calls < 0 ? -1 : stop.call - 1;
-    }
-    return stop.call;
+    return StoppedAtEach(stop, [&](const Stop& at) { return Stopped(change, at, after); });
   }
 
   /** The bytes behind an undisturbed change. */
@@ -53,7 +55,7 @@ class WholeProject : public ProjectFolder {
 TEST_F(WholeProject, KilledAtEverySystemCall) {
   for (const Change& change : kChanges) {
     for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind}) {
-      const int calls = StoppedAtEach(change, {.fate = fate, .calls = change.killed_at});
+      const int calls = StoppedAtEachCallOf(change, {.fate = fate, .calls = change.killed_at});
       if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
       EXPECT_GE(calls, 6) << change.name;
     }
@@ -67,7 +69,7 @@ TEST_F(WholeProject, EveryCallFailing) {
         // Written in place because the folder takes no new file, old bytes can't be put back on a disk that is gone.
         if (no_new_files && fate == Fate::kFailsForGood) continue;
         for (const int error : {ENOSPC, EACCES, EIO}) {
-          const int calls = StoppedAtEach(
+          const int calls = StoppedAtEachCallOf(
               change, {.fate = fate, .error = error, .calls = change.failing, .no_new_files = no_new_files});
           if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
           EXPECT_GE(calls, 4) << change.name;
@@ -93,12 +95,10 @@ TEST_F(WholeProject, KilledAtRandomMoments) {
     const pid_t pid = ::fork();
     ASSERT_GE(pid, 0);
     if (pid == 0) {
-      PosixFileSystem files;
-      ProjectStore store(files);
+      PosixStore store;
       for (int i = 0;; ++i) {
-        const bool saved =
-            store.Update(Path("p.tvk"), [&](IniEdit& edit) { Mark(edit, i % 2 == 0 ? "a" : "b"); }).ok();
-        if (!saved) ::_exit(1);
+        const char* mark = i % 2 == 0 ? "a" : "b";
+        if (!store.Update(Path("p.tvk"), [&](IniEdit& edit) { Mark(edit, mark); }).ok()) ::_exit(1);
       }
     }
     ::usleep(static_cast<useconds_t>(random() % 30'000));
@@ -116,8 +116,7 @@ TEST_F(WholeProject, WritersAtOnceLoseNoKey) {
   Write(Path("p.tvk"), "");
   for (int writer = 0; writer < kWriters; ++writer) {
     if (::fork() != 0) continue;
-    PosixFileSystem files;
-    ProjectStore store(files);
+    PosixStore store;
     for (int key = 0; key < kKeys; ++key) {
       const std::string name = std::to_string(writer) + "." + std::to_string(key);
       while (!store.SetIniValue(Path("p.tvk"), "a", name, "1").ok()) {
@@ -128,6 +127,145 @@ TEST_F(WholeProject, WritersAtOnceLoseNoKey) {
   while (::wait(nullptr) > 0) {
   }
   EXPECT_EQ(IniText(Read(Path("p.tvk"))).Keys("a").size(), static_cast<std::size_t>(kWriters * kKeys));
+}
+
+class KeptVersions : public ProjectFolder {
+ protected:
+  static constexpr const char* kOlder = "an older state";
+
+  History Of(FileSystem& files) const {
+    return {files, Path("history"), [](const std::string& folder) {
+              std::error_code error;
+              fs::create_directories(folder, error);
+              return !error;
+            }};
+  }
+  Status Keep() const {
+    PosixFileSystem files;
+    return Of(files).Keep(Path("p.tvk"), kBeforeLoad, 0);
+  }
+  /** Keeps a project that was changed since its one version, with one stop, and judges what is left. The calls that counted; -1 where it can't
+   * be watched. */
+  int Stopped(const Stop& stop) {
+    Prepare(kSmall);
+    Write(Path("p.tvk"), kOlder);
+    EXPECT_TRUE(Keep().ok());
+    Write(Path("p.tvk"), before_);
+    const auto ended = RunStopped([this] { return Keep().ok() ? 0 : 1; }, stop);
+    if (!ended) return -1;
+    const std::string where = Told(stop);
+    EXPECT_EQ(Read(Path("p.tvk")), before_) << where;
+    PosixFileSystem files;
+    History history = Of(files);
+    const auto versions = history.Versions(Path("p.tvk"));
+    EXPECT_TRUE(versions.ok() && !versions.value().empty()) << where;
+    if (HasFailure()) return ended->calls;
+    for (const KeptVersion& version : versions.value()) {
+      const bool newer = version.number > 1;
+      EXPECT_EQ(history.Read(Path("p.tvk"), version).value(), newer ? before_ : kOlder) << where;
+    }
+    if (ended->status == 0) {
+      EXPECT_EQ(versions.value().size(), 2U) << where << ": said that it was kept";
+    }
+    // The next one is kept, and takes away what was left half written.
+    EXPECT_TRUE(Keep().ok()) << where;
+    for (const auto& entry : fs::recursive_directory_iterator(Path("history"))) {
+      EXPECT_FALSE(entry.path().string().ends_with(".tmp")) << where;
+    }
+    return ended->calls;
+  }
+  void ExpectWholeAtEach(const Stop& stop) {
+    const int calls = StoppedAtEach(stop, [this](const Stop& at) { return Stopped(at); });
+    if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+    EXPECT_GE(calls, 4);
+  }
+};
+
+TEST_F(KeptVersions, AreWholeWhereverTheirWriteIsKilled) {
+  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind})
+    ExpectWholeAtEach({.fate = fate, .calls = Calls::kThatChange});
+}
+
+TEST_F(KeptVersions, AreWholeWhicheverCallFails) {
+  for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
+    for (const int error : {ENOSPC, EACCES, EIO}) {
+      ExpectWholeAtEach({.fate = fate, .error = error, .calls = Calls::kOfFiles});
+    }
+  }
+}
+
+class FullDisk : public ProjectFolder {
+ protected:
+  /** A process of its own with the small disk mounted on the folder; what `work` returns, or nothing where the system
+   * mounts none. */
+  std::optional<int> OnSmallDisk(const std::function<int()>& work) const {
+    constexpr int kNotAllowed = 77;
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+      const bool apart = ::unshare(CLONE_NEWNS) == 0 || ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+      if (!apart || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+          ::mount("tmpfs", folder_.path().c_str(), "tmpfs", 0, "size=64k") != 0) {
+        ::_exit(kNotAllowed);
+      }
+      ::_exit(work());
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) == kNotAllowed) return std::nullopt;
+    return WEXITSTATUS(status);
+  }
+
+  int Run(const std::string& arguments) const {
+    const int status = std::system((TARVOK_BIN_DIR "/tarvokctl " + arguments + " 2>/dev/null").c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 98;
+  }
+
+  /** Fills the disk to its last page. */
+  void Fill() const {
+    const std::string page(4096, 'x');
+    const int fd = ::open(Path("filler").c_str(), O_WRONLY | O_CREAT, 0600);
+    while (::write(fd, page.data(), page.size()) > 0) {
+    }
+    ::close(fd);
+  }
+  auto Entries() const {
+    return std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator());
+  }
+};
+
+TEST_F(FullDisk, EveryPathThatWritesRefusesAndKeepsTheOldFile) {
+  constexpr std::size_t kProject = 14'000;
+  const std::string images = fs::temp_directory_path() / ("tarvok-images-" + std::to_string(::getpid()));
+  const std::string hotel = TARVOK_SOURCE_DIR "/examples/hotel.tvk";
+  ASSERT_EQ(Run("encode " + hotel + " --all --version 110 -o " + images), 0);
+  const std::pair<const char*, std::function<bool()>> paths[] = {
+      {"a save", [&] { return Save() != 0; }},
+      {"a new project", [&] { return New() != 0; }},
+      {"a load's replacement", [&] { return ReplaceByLoaded() != 0; }},
+      {"a save in place",
+       [&] {
+         return !PosixFileSystem().Overwrite(Path("p.tvk"), before_ + std::string(kProject, 'y')).ok();
+       }},
+      {"the command line's set", [&] { return Run("set " + Path("p.tvk") + " End Mark new") == 1; }},
+      {"its new", [&] { return Run("new --force " + Path("p.tvk")) == 1; }},
+      {"its decoding",
+       [&] { return Run("decode " + images + " --all --version 110 --into " + Path("p.tvk")) == 1; }},
+      {"its encoding",
+       [&] { return Run("encode " + hotel + " --section 4 --version 110 -o " + Path("p.tvk")) == 1; }}};
+  for (const auto& [name, refused] : paths) {
+    const auto failed = OnSmallDisk([&] {
+      Prepare(kProject);
+      Fill();
+      const auto entries = Entries();
+      if (!refused()) return 1;
+      if (Read(Path("p.tvk")) != before_) return 2;
+      return Entries() == entries ? 0 : 3;
+    });
+    if (!failed) GTEST_SKIP() << "no disk can be mounted here";
+    EXPECT_EQ(*failed, 0) << name
+                          << " (1: said that it wrote, 2: changed the file, 3: left something beside)";
+  }
+  fs::remove_all(images);
 }
 
 }  // namespace

@@ -6,13 +6,6 @@
 namespace tarvok::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
-constexpr const char* kOk = PracticeBench::kOk;
-constexpr const char* kError = PracticeBench::kError;
-
 TEST(Conversation, AnswersMessagesByteForByte) {
   PracticeBench bench(Wire::kLan, 106);
   const std::pair<const char*, const char*> kDialogue[] = {
@@ -24,19 +17,13 @@ TEST(Conversation, AnswersMessagesByteForByte) {
       {"12FF000B", "2100008B6A00"},              // version
       {"12FF0009123400221126", "21000080"},      // time
       {"12FF0001001500030012A300", "21000080"},  // section 21, one pack
-      {"12FF00021500",
-       "210000820015000300"
-       "12A300"},
+      {"12FF00021500", "21000082001500030012A300"},
       {"12FFFF80", ""},                // OK, nothing follows
       {"12FF000A04", "21000080"},      // mini bar mode
       {"12FF000C1234FF", "21000080"},  //
-      {"12FF001100FF012000"
-       "41420000000000000000000000000000000000000F27"
-       "00000000000000000000",
-       "21000080"},  // record 511
-      {"12FF0012FF01",
-       "2100008800FF01"
-       "41420000000000000000000000000000000000000F27"},
+      {"12FF001100FF01200041420000000000000000000000000000000000000F2700000000000000000000",
+       "21000080"},  // 511
+      {"12FF0012FF01", "2100008800FF0141420000000000000000000000000000000000000F27"},
       {"12FF000A00", "21000080"},
   };
   for (const auto& [sent, answer] : kDialogue) EXPECT_EQ(bench.Ask(sent), answer) << sent;
@@ -86,17 +73,16 @@ TEST(Conversation, OpensModesByLevel) {
   for (const auto& [level, digits] : {std::pair(1, "123456"), std::pair(2, "12345"), std::pair(3, "1234")}) {
     passwords.Set(level, PackPassword(digits).value());
   }
-  // Which modes the packed password opens, in the order 1, 2, 4.
+  // Which of the modes 1, 2 and 4 the packed password opens.
   const std::pair<const char*, const char*> kCases[] = {
-      {"123456", "yes yes yes"}, {"F12345", "no yes yes"}, {"1234FF", "no no yes"}, {"AAAAAA", "no no no"}};
+      {"123456", "124"}, {"F12345", "24"}, {"1234FF", "4"}, {"AAAAAA", ""}};
   for (const auto& [password, opened] : kCases) {
     std::string found;
-    for (const int mode : {1, 2, 4}) {
+    for (const char mode : {'1', '2', '4'}) {
       PracticeBench bench;
       bench.memory.AddPasswords(passwords);
-      bench.Ask("12FF000A0" + std::to_string(mode));
-      found += (found.empty() ? "" : " ") +
-               std::string(bench.Ask("12FF000C" + std::string(password)) == kOk ? "yes" : "no");
+      bench.Ask(std::string("12FF000A0") + mode);
+      if (bench.Ask(std::string("12FF000C") + password) == kOk) found += mode;
     }
     EXPECT_EQ(found, opened) << password;
   }
@@ -106,7 +92,7 @@ TEST(Conversation, KeepsAPasswordForItsModeOnly) {
   PracticeBench bench;
   bench.Enter(1);
   EXPECT_EQ(bench.Ask("12FF000A01"), kOk);  // the same mode again
-  EXPECT_THAT(bench.SendData(0x01, 29, Hex("654321")), IsEmpty());
+  EXPECT_EQ(bench.Ask(PracticeBench::Packs(0x01, 29, Hex("654321"))[0]), kOk);
   EXPECT_EQ(HexText(*bench.memory.passwords().Get(1)), "654321");
   EXPECT_EQ(bench.Ask("12FF000A04"), kOk);
   EXPECT_EQ(bench.Ask("12FF00120000"), kError);
@@ -125,16 +111,13 @@ TEST(Conversation, TakesALongSectionOverTheWrap) {
   for (std::size_t i = 0; i < packs.size(); ++i) {
     ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
     // The lost answer: the pack comes again, and the enquiry names the pack behind it.
-    if (i % 51 == 0) {
-      ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
-      ASSERT_EQ(bench.Ask("12FF000D"), "21000089" + HexText(std::vector{static_cast<std::uint8_t>(i + 1)}))
-          << i;
-    }
+    if (i % 51 != 0) continue;
+    ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
+    ASSERT_EQ(bench.Ask("12FF000D"), "21000089" + HexText(Bytes{static_cast<std::uint8_t>(i + 1)})) << i;
   }
   EXPECT_EQ(bench.Ask(packs.back()), kOk);
   EXPECT_EQ(bench.memory.sections()[4], image);
   EXPECT_THAT(bench.complaints, IsEmpty());
-  EXPECT_EQ(bench.Load(4), image);
 }
 
 TEST(Conversation, KnowsALostPackFromALostAnswer) {
@@ -163,10 +146,7 @@ TEST(Conversation, GivesASectionPackByPackAndEnquiresWhenNoAnswerComes) {
   bench.Enter(1);
   const Bytes image = Pattern(400);
   bench.memory.SetSection(1, image);
-  const std::string first =
-      "21000082000100"
-      "9001" +
-      HexText(std::span(image).first(55));
+  const std::string first = "210000820001009001" + HexText(std::span(image).first(55));
   const std::string second = "2100008E01" + HexText(std::span(image).subspan(55, 59));
   const std::string third = "2100008E02" + HexText(std::span(image).subspan(114, 59));
   EXPECT_EQ(bench.Ask("12FF00020100"), first);

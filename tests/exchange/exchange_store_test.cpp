@@ -10,10 +10,6 @@
 namespace tarvok::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 struct Stored {
   explicit Stored(MemoryFiles& files, int version = 110)
       : memory(version), store(events, files, "box", memory, [this](std::string_view line) {

@@ -13,11 +13,22 @@
 
 namespace tarvok::test {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+inline constexpr const char* kOk = "21000080";
+inline constexpr const char* kError = "2100008F";
+
 /** Bytes that look like no others: position and seed make the value. */
 inline Bytes Pattern(std::size_t size, unsigned seed = 7) {
   Bytes bytes(size);
   for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 31 + i / 256 + seed);
   return bytes;
+}
+
+inline LineConditions Faults(std::string_view text, std::uint64_t seed = 1) {
+  return {.faults = ParseFaultPlan(text).value(), .seed = seed};
 }
 
 /** A practice exchange with one tool on the line, of which the test is the tool. Time is virtual. */
@@ -55,15 +66,9 @@ class PracticeBench {
   static std::vector<Bytes> Packs(std::uint8_t code, int number, const Bytes& data) {
     std::vector<Bytes> packs;
     const auto byte = [](std::size_t value) { return static_cast<std::uint8_t>(value % 256); };
-    Bytes pack = {0x12,
-                  0xFF,
-                  0,
-                  code,
-                  0,
-                  byte(static_cast<std::size_t>(number)),
-                  byte(static_cast<std::size_t>(number) / 256),
-                  byte(data.size()),
-                  byte(data.size() / 256)};
+    const auto section = static_cast<std::size_t>(number);
+    const std::size_t size = data.size();
+    Bytes pack = {0x12, 0xFF, 0, code, 0, byte(section), byte(section / 256), byte(size), byte(size / 256)};
     for (std::size_t at = 0; packs.empty() || at < data.size();) {
       while (pack.size() < 64 && at < data.size()) pack.push_back(data[at++]);
       packs.push_back(pack);
@@ -71,31 +76,6 @@ class PracticeBench {
     }
     return packs;
   }
-  /** Sends a data message; the replies that were no OK. */
-  std::vector<std::string> SendData(std::uint8_t code, int number, const Bytes& data) {
-    std::vector<std::string> bad;
-    for (const Bytes& pack : Packs(code, number, data)) {
-      if (std::string answer = Ask(pack); answer != kOk) bad.push_back(std::move(answer));
-    }
-    return bad;
-  }
-  /** Reads a section as the tool does. */
-  Bytes Load(int number) {
-    Bytes data;
-    std::string reply = Ask("12FF0002" + HexText(std::vector{static_cast<std::uint8_t>(number)}) + "00");
-    std::size_t header = 9;
-    for (std::size_t size = 1; data.size() < size; reply = Ask("12FFFF80"), header = 5) {
-      const Bytes pack = Hex(reply);
-      if (pack.size() < header) return data;
-      if (header == 9) size = static_cast<std::size_t>(pack[7] + 256 * pack[8]);
-      data.insert(data.end(), pack.begin() + static_cast<std::ptrdiff_t>(header), pack.end());
-    }
-    return data;
-  }
-
-  static constexpr const char* kOk = "21000080";
-  static constexpr const char* kError = "2100008F";
-
   VirtualEvents events;
   ExchangeMemory memory;
   std::vector<std::string> complaints;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "link/line_settings.h"
+#include "link/password_code.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"
@@ -22,15 +23,12 @@ class Link : public ::testing::Test {
     link.LinkInit(1, 0);
   }
 
-  void Feed(std::string_view hex) {
-    for (const std::uint8_t byte : Hex(hex)) link.LinkReceiveByte(byte);
+  void Feed(const Bytes& bytes) {
+    for (const std::uint8_t byte : bytes) link.LinkReceiveByte(byte);
   }
-  void FeedText(std::string_view text) {
-    for (const char c : text) link.LinkReceiveByte(static_cast<std::uint8_t>(c));
-  }
-  void FeedFrame(const Bytes& data) {
-    for (const std::uint8_t byte : BuildFrame(kExchangeAddress, data)) link.LinkReceiveByte(byte);
-  }
+  void Feed(std::string_view hex) { Feed(Hex(hex)); }
+  void FeedText(std::string_view text) { Feed(Bytes(text.begin(), text.end())); }
+  void FeedFrame(const Bytes& data) { Feed(BuildFrame(kExchangeAddress, data)); }
   /** What was written since the last call. */
   Bytes Sent() {
     auto* port = static_cast<VirtualPort*>(line.port());
@@ -162,19 +160,15 @@ TEST_F(Link, AnswersToAnEnqDecideWhetherTheFrameGoesAgain) {
 }
 
 TEST_F(Link, ReadsTheModemOutsideOfFrames) {
-  const std::pair<std::string, int> cases[] = {{"\r\nCONNECT 57600\r", 1},
-                                               {"\nBUSY\r", 2},
-                                               {"\nNO CARRIER\r", 3},
-                                               {"\nNO DIALTONE\r", 4},
-                                               {"\nOK\r", 5},
-                                               {"\nRINGING\r", 0},
-                                               {"OK\r", 0},
-                                               {"\r", 0},
-                                               {"\nok\r", 0},
-                                               {"\nNO CARR\r", 0}};
-  for (const auto& [text, result] : cases) {
-    FeedText(text);
-    EXPECT_EQ(modem.ModemResult, result) << text;
+  int result = 0;
+  for (const char* word :
+       {"\r\nCONNECT 57600\r", "\nBUSY\r", "\nNO CARRIER\r", "\nNO DIALTONE\r", "\nOK\r"}) {
+    FeedText(word);
+    EXPECT_EQ(modem.ModemResult, ++result) << word;
+  }
+  for (const char* none : {"\nRINGING\r", "OK\r", "\r", "\nok\r", "\nNO CARR\r"}) {
+    FeedText(none);
+    EXPECT_EQ(modem.ModemResult, 0) << none;
   }
   EXPECT_EQ(modem.ModemConnectText, "\nCONNECT 57600");
   FeedFrame(Hex("21 0A 4F 4B 0D"));  // the same letters in a frame are data
@@ -185,13 +179,28 @@ TEST_F(Link, ReadsTheModemOutsideOfFrames) {
 
 TEST(LineSettings, FourCommaPartsOrNone) {
   EXPECT_EQ(ParseLineSettings("9600,n,8,1"), (LineSettings{9600, Parity::kNone, 8, StopBits::kOne}));
-  EXPECT_EQ(ParseLineSettings("57600,E,7,1.5"),
-            (LineSettings{57600, Parity::kEven, 7, StopBits::kOneAndHalf}));
+  const LineSettings even = {57600, Parity::kEven, 7, StopBits::kOneAndHalf};
+  EXPECT_EQ(ParseLineSettings("57600,E,7,1.5"), even);
   for (const char* text :
        {"9600,n,8,1,n,8,1", "9600,n,81,n,8,1", "9600,n,81", "", ",,,", "x,n,8,1", "9600,m,8,1", "9600,n,9,1",
         "9600,n,8,3", "0,n,8,1", "9600,n,8,1,", "9600x,n,8,1"}) {
     EXPECT_EQ(ParseLineSettings(text), std::nullopt) << text;
   }
+}
+
+TEST(Password, IsPackedAsItTravels) {
+  EXPECT_EQ(PackPassword("1234"), (PackedPassword{0x12, 0x34, 0xFF}));
+  EXPECT_EQ(PackPassword("120"), (PackedPassword{0xF1, 0x2A, 0xFF}));
+  for (const char* none : {"", "1234567", "12a", "1 2", "-1"}) EXPECT_FALSE(PackPassword(none)) << none;
+}
+
+TEST(Password, IsOverwrittenWhereItLay) {
+  std::string password = "123456";
+  const char* lay = password.data();
+  password.resize(2);  // the rest still lies behind the end
+  Wipe(password);
+  EXPECT_TRUE(password.empty());
+  EXPECT_EQ(std::string(lay, 6), std::string(6, '\0'));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "link/l3_server.h"
+#include "link/password_code.h"
 #include "link/stream_reader.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/virtual_events.h"
@@ -51,111 +52,78 @@ class Messages : public ::testing::Test {
 };
 
 constexpr const char* kOk = "21 00 00 80";
+constexpr const char* kRefused = "21 00 00 8F";
 
 TEST_F(Messages, BytesOfTheCommands) {
-  events.set_now({2026, 11, 22, 12, 34, 0});
-  const std::tuple<std::function<bool(MessageLayer&)>, std::string, std::string> cases[] = {
-      {[](MessageLayer& m) { return m.SendIdle(); }, "12 12 00 00", kOk},
-      {[](MessageLayer& m) { return m.SendSetMode(ExchangeMode::kMiniBar); }, "12 12 00 0A 04", kOk},
-      {[](MessageLayer& m) { return m.SendTime(); }, "12 12 00 09 12 34 00 22 11 26", kOk},
-      {[](MessageLayer& m) { return m.GetVersion(); }, "12 12 00 0B", "21 00 00 8B 6A 00"},
-      {[](MessageLayer& m) {
-         return m.CheckPassword({0x12, 0x34, 0xFF});
-       },
-       "12 12 00 0C 12 34 FF", kOk},
-      {[](MessageLayer& m) { return m.GetConfig(4); }, "12 12 00 02 04 00",
-       "21 00 00 82 00 04 00 02 00 AA BB"},
-      {[](MessageLayer& m) { return m.SendConfig(40, Hex("01 02")); }, "12 12 00 01 00 28 00 02 00 01 02",
-       kOk},
-      {[](MessageLayer& m) { return m.SendMiniBar(511, Hex("07")); }, "12 12 00 11 00 FF 01 01 00 07", kOk},
-      {[](MessageLayer& m) { return m.SendBillingTable(3, 9, Hex("07")); }, "12 12 00 03 00 03 09 01 00 07",
-       kOk},
-      {[](MessageLayer& m) { return m.GetMiniBar(511); }, "12 12 00 12 FF 01",
-       "21 00 00 88 00 FF 01 41 00*19 07 00"},
+  using Layer = MessageLayer&;
+  const std::tuple<std::function<bool(Layer)>, std::string, std::string> cases[] = {
+      {[](Layer m) { return m.SendIdle(); }, "12 12 00 00", kOk},
+      {[](Layer m) { return m.SendSetMode(ExchangeMode::kMiniBar); }, "12 12 00 0A 04", kOk},
+      {[](Layer m) { return m.SendTime(); }, "12 12 00 09 12 34 00 22 11 26", kOk},
+      {[](Layer m) { return m.GetVersion(); }, "12 12 00 0B", "21 00 00 8B 6A 00"},
+      {[](Layer m) { return m.CheckPassword(PackPassword("1234").value()); }, "12 12 00 0C 12 34 FF", kOk},
+      {[](Layer m) { return m.GetConfig(4); }, "12 12 00 02 04 00", "21 00 00 82 00 04 00 02 00 AA BB"},
+      {[](Layer m) { return m.SendConfig(40, Hex("01 02")); }, "12 12 00 01 00 28 00 02 00 01 02", kOk},
+      {[](Layer m) { return m.SendMiniBar(511, Hex("07")); }, "12 12 00 11 00 FF 01 01 00 07", kOk},
+      {[](Layer m) { return m.SendBillingTable(3, 9, Hex("07")); }, "12 12 00 03 00 03 09 01 00 07", kOk},
+      {[](Layer m) { return m.GetMiniBar(511); }, "12 12 00 12 FF 01", "21 00 00 88 00 FF 01 41 00*19 07 00"},
   };
-  for (const auto& [send, message, reply] : cases) {
+  const auto expect_sent = [&](const auto& send, const std::string& message, const std::string& reply) {
     layer.sent.clear();
     layer.replies = {reply};
     EXPECT_TRUE(send(layer)) << message;
     ASSERT_FALSE(layer.sent.empty());
     EXPECT_EQ(layer.sent[0], Hex(message));
-  }
+  };
+  events.set_now({2026, 11, 22, 12, 34, 0});
+  for (const auto& [send, message, reply] : cases) expect_sent(send, message, reply);
   EXPECT_EQ(layer.state().PbxVersion, 106);
   EXPECT_EQ(layer.state().MiniBarName, "A");
   EXPECT_EQ(layer.state().MiniBarCount, 7);
   events.set_now({2569, 2, 1, 9, 5, 6});  // a Buddhist calendar counts 543 years more
-  layer.sent.clear();
-  layer.replies = {kOk};
-  EXPECT_TRUE(layer.SendTime());
-  EXPECT_EQ(layer.sent[0], Hex("12 12 00 09 09 05 06 01 02 26"));
+  expect_sent([](Layer m) { return m.SendTime(); }, "12 12 00 09 09 05 06 01 02 26", kOk);
 }
 
 TEST_F(Messages, ASectionIsCutIntoPacks) {
-  layer.replies = {kOk};
+  layer.replies = {kOk, kOk, kOk};
   EXPECT_TRUE(layer.SendConfig(1, Bytes(55, 7)));
   ASSERT_EQ(layer.sent.size(), 1U);
   EXPECT_EQ(layer.sent[0].size(), 64U);
-
-  layer.sent.clear();
-  layer.replies = {kOk, kOk};
   EXPECT_TRUE(layer.SendConfig(1, Bytes(56, 7)));
-  ASSERT_EQ(layer.sent.size(), 2U);
-  EXPECT_EQ(layer.sent[1], Hex("12 12 00 0E 01 07"));
+  ASSERT_EQ(layer.sent.size(), 3U);
+  EXPECT_EQ(layer.sent[2], Hex("12 12 00 0E 01 07"));
   EXPECT_EQ(statistics.PacketsSent, 3);
   EXPECT_EQ(statistics.BytesSent, 119);
-
-  // 467 packs: the sequence runs through 255 to 0 without a skip.
-  layer.sent.clear();
-  layer.replies.assign(467, kOk);
-  EXPECT_TRUE(layer.SendConfig(4, Bytes(27500, 7)));
-  ASSERT_EQ(layer.sent.size(), 467U);
-  for (std::size_t i = 0; i < layer.sent.size(); ++i) EXPECT_EQ(layer.sent[i][4], i % 256);
 }
 
 TEST_F(Messages, AFullPackIsRecoveredByEnquiry) {
-  const struct {
-    const char* what;
-    int packs_before;                  // answered ones
-    std::vector<std::string> replies;  // from the pack in question on
-    bool result;
-    int sent;  // messages from that pack on
-    const char* log;
-  } cases[] = {
+  const std::string again = "21 00 00 89 01";
+  // How many packs were answered before; the replies from the next one on; what comes of it, with how many messages.
+  const std::tuple<const char*, int, std::vector<std::string>, bool, int, const char*> cases[] = {
       {"lost reply", 3, {"", "21 00 00 89 04", kOk}, true, 3, "Seq OK, Rev = 4, Send = 3"},
       {"lost pack", 4, {"", "21 00 00 89 04", kOk, kOk}, true, 4, "Send = 4Send again"},
       {"conflict", 10, {"", "21 00 00 89 0D"}, false, 2, "Seq conflict, Rev = 13, Send = 10"},
       {"conflict in the first pack", 0, {"", "21 00 00 89 03", kOk, kOk}, true, 4, "First pack Send again"},
       {"lost reply at the wrap", 255, {"", "21 00 00 89 00", kOk}, true, 3, "Seq OK, Rev = 0, Send = 255"},
       {"no answer to three enquiries", 1, {"", "", "", ""}, false, 4, "Send Enquiry Seq : 3"},
-      {"error reply to a full pack is ignored",
-       1,
-       {"21 00 00 8F", "21 00 00 89 02", kOk},
-       true,
-       3,
-       "Ack Error Command"},
-      {"three tries",
-       1,
-       {"", "21 00 00 89 01", "", "21 00 00 89 01", "", "21 00 00 89 01"},
-       false,
-       6,
-       "Send again"},
+      {"an ignored error reply", 1, {kRefused, "21 00 00 89 02", kOk}, true, 3, "Ack Error Command"},
+      {"three tries", 1, {"", again, "", again, "", again}, false, 6, "Send again"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
+  for (const auto& [what, packs_before, replies, result, sent, words] : cases) {
+    SCOPED_TRACE(what);
     logged.clear();
     layer.sent.clear();
-    layer.replies.assign(static_cast<std::size_t>(c.packs_before), kOk);
-    layer.replies.insert(layer.replies.end(), c.replies.begin(), c.replies.end());
-    const Bytes image(static_cast<std::size_t>(59 * (c.packs_before + 1)),
-                      7);  // one full pack more, then a short one
-    EXPECT_EQ(layer.SendConfig(1, image), c.result);
-    EXPECT_EQ(static_cast<int>(layer.sent.size()) - c.packs_before, c.sent);
-    EXPECT_NE(logged.find(c.log), std::string::npos) << logged;
+    layer.replies.assign(static_cast<std::size_t>(packs_before), kOk);
+    layer.replies.insert(layer.replies.end(), replies.begin(), replies.end());
+    const int size = 59 * (packs_before + 1);  // one full pack more, then a short one
+    EXPECT_EQ(layer.SendConfig(1, Bytes(static_cast<std::size_t>(size), 7)), result);
+    EXPECT_EQ(static_cast<int>(layer.sent.size()) - packs_before, sent);
+    EXPECT_NE(logged.find(words), std::string::npos) << logged;
   }
 }
 
 TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
-  layer.replies = {"21 00 00 8F", "21 00 00 8F", kOk};
+  layer.replies = {kRefused, kRefused, kOk};
   EXPECT_TRUE(layer.SendIdle());
   EXPECT_EQ(layer.sent_at, (std::vector<std::int64_t>{0, 3000, 6000}));
   EXPECT_EQ(statistics.ResponseErrors, 2);
@@ -167,7 +135,7 @@ TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
 
   layer.sent_at.clear();
   layer.state().StopOnErrorReply = true;
-  layer.replies = {"21 00 00 8F", kOk};
+  layer.replies = {kRefused, kOk};
   const std::int64_t start = events.Tick_ms();
   EXPECT_FALSE(layer.CheckPassword({1, 2, 3}));
   EXPECT_EQ(layer.sent_at.size(), 1U);
@@ -220,14 +188,6 @@ TEST_F(Messages, DropsWhatIsNone) {
   EXPECT_TRUE(layer.sent.empty());
 }
 
-TEST_F(Messages, AbortEndsEveryWait) {
-  events.CallLater(1234, [&] { waits.Abort(); });
-  EXPECT_FALSE(layer.SendConfig(1, Bytes(100, 1)));
-  EXPECT_EQ(events.Tick_ms(), 1234);
-  EXPECT_FALSE(layer.SendIdle());
-  EXPECT_EQ(events.Tick_ms(), 1234);
-}
-
 TEST(L3Server, PacksEveryMessageInto129Bytes) {
   VirtualEvents events;
   Waits waits(events);
@@ -261,14 +221,9 @@ std::vector<Bytes> Found(Reader& reader, const std::vector<std::string>& reads, 
 }
 
 TEST(LanReader, CutsTheStreamIntoMessages) {
-  const struct {
-    std::vector<std::string> reads;
-    std::vector<std::string> messages;
-    std::int64_t pause_ms = 1;
-  } cases[] = {
+  const std::pair<std::vector<std::string>, std::vector<std::string>> cases[] = {
       {{"21 00 00 80"}, {"21 00 00 80"}},
       {{"21", "00 00", "80"}, {"21 00 00 80"}},
-      {{"21", "00 00 80"}, {}, 1001},
       {{"21 00 00 80 21 00 00 89 05"}, {"21 00 00 80", "21 00 00 89 05"}},
       {{"21 00 00 80 21"}, {"21 00 00 80"}},
       {{"21 00 00 80 07"}, {"21 00 00 80 07"}},
@@ -278,41 +233,38 @@ TEST(LanReader, CutsTheStreamIntoMessages) {
       {{"21 00 00 8E 01 21 00", "21"}, {"21 00 00 8E 01 21 00 21"}},
       {{"21 00 00 77 01 02 03"}, {"21 00 00 77 01 02 03"}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [reads, messages] : cases) {
     LanReader reader([] { return 3; });
     std::vector<Bytes> expected;
-    for (const std::string& message : c.messages) expected.push_back(Hex(message));
-    EXPECT_EQ(Found(reader, c.reads, c.pause_ms), expected) << c.reads[0];
+    for (const std::string& message : messages) expected.push_back(Hex(message));
+    EXPECT_EQ(Found(reader, reads), expected) << reads[0];
   }
+  LanReader late([] { return 3; });
+  EXPECT_TRUE(Found(late, {"21", "00 00 80"}, 1001).empty());
 }
 
 TEST(ServerReader, TakesPacketsApart) {
   const std::string ok = "00 00 00 00 11 00 00 04 21 00 00 80";
   const std::string block = ok + " 00*116";
-  const struct {
-    std::vector<std::string> reads;
-    std::size_t messages;
-    std::int64_t pause_ms = 1;
-  } cases[] = {
+  const std::pair<std::vector<std::string>, std::size_t> cases[] = {
       {{ok}, 1},
       {{ok + " " + ok}, 2},
       {{block}, 1},
       {{block + " 00"}, 0},        // 129 bytes
       {{block + " " + block}, 2},  // two blocks of 128
-      {{ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " + ok + " " +
-        ok + " " + ok},
-       11},
+      {{Repeated(ok + " ", 11)}, 11},
       {{"00 00 00 00 12 00 00 04 21 00 00 80"}, 0},
       {{"00 00 00 00 11 00 00 41 21*65"}, 0},
       {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1},
-      {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 0, 1001},
       {{"00", "00 00 00 11 00", "00 04 21 00 00", "80"}, 1},
       {{block, ok, block}, 3},
   };
-  for (const auto& c : cases) {
+  for (const auto& [reads, messages] : cases) {
     ServerReader reader;
-    EXPECT_EQ(Found(reader, c.reads, c.pause_ms).size(), c.messages) << c.reads[0];
+    EXPECT_EQ(Found(reader, reads).size(), messages) << reads[0];
   }
+  ServerReader late;
+  EXPECT_TRUE(Found(late, {"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1001).empty());
 }
 
 }  // namespace

@@ -45,12 +45,17 @@ inline std::string Repeated(const std::string& text, int count) {
   return all;
 }
 
+/** An image with other bytes from one place on. */
+inline std::vector<std::uint8_t> With(std::vector<std::uint8_t> image, int at,
+                                      const std::vector<std::uint8_t>& part) {
+  std::copy(part.begin(), part.end(), image.begin() + at);
+  return image;
+}
+
 /** An image of one byte everywhere but for a part. */
 inline std::vector<std::uint8_t> ImageWith(int size, std::uint8_t fill, int at,
                                            const std::vector<std::uint8_t>& part) {
-  std::vector<std::uint8_t> image(static_cast<std::size_t>(size), fill);
-  std::copy(part.begin(), part.end(), image.begin() + at);
-  return image;
+  return With(std::vector<std::uint8_t>(static_cast<std::size_t>(size), fill), at, part);
 }
 
 }  // namespace tarvok::test

@@ -4,63 +4,61 @@
 
 namespace tarvok::test {
 
-/** A row and the record that it makes, or that makes it. */
-struct RecordCase {
+inline const std::string kTooLarge = " is more than its place on the wire can hold";
+inline const std::string kNegative = " is negative";
+inline const std::string kNotDialled = " holds a character that can't be dialled";
+/** A key that is there and has no value. */
+inline const std::string kEmpty = "(empty)";
+
+enum Way { kBothWays, kOut, kBack };
+
+/** A row and its record. Out, a row "" is a missing one; back, a key that is gone. Instead of a record there may be the
+ * error of an encoder: the field, and the value with what is wrong. */
+struct CoderCase {
   std::string row;
   std::string record;
+  Way way = kBothWays;
 };
 
-/** One record of a section's image and its row. */
+/** One record of a section's image, its row and the coders between them. */
 struct Place {
+  Encoder encode;
+  Decoder decode;
   std::string section;
   std::string key;
   int size;
   int at;
+  std::string project = {};  // what else there is
 
   std::string Project(const std::string& row) const {
-    return "\n[" + section + "]\n" + key + "=" + row + "\n";
+    const IniText others(project);
+    IniEdit edit(others);
+    if (!row.empty()) edit.Set(section, key, row);
+    return edit.Bytes();
   }
 };
 
-/** Each row makes its record, without an error and without touching any other byte. */
-inline void ExpectRecords(Encoder encode, const Place& place, const std::vector<RecordCase>& cases,
-                          const std::string& project = {}) {
-  for (const RecordCase& c : cases) {
-    SCOPED_TRACE(c.row);
-    const ImageWriter image = Encoded(encode, place.size, project + place.Project(c.row));
-    std::vector<std::uint8_t> expected = Encoded(encode, place.size, project).bytes();
-    const std::vector<std::uint8_t> record = Hex(c.record);
-    std::copy(record.begin(), record.end(), expected.begin() + place.at);
-    EXPECT_EQ(image.error(), "");
-    EXPECT_EQ(Part(image, place.at, static_cast<int>(record.size())), record);
-    EXPECT_EQ(image.bytes(), expected);
-  }
-}
-
-/** Each record, in an image of 255s, makes its row; none means that the key is gone. */
-inline void ExpectRows(Decoder decode, const Place& place, const std::vector<RecordCase>& cases,
-                       const std::string& project = {}) {
-  for (const RecordCase& c : cases) {
-    SCOPED_TRACE(c.record);
-    const IniText loaded = Decoded(decode, ImageWith(place.size, 255, place.at, Hex(c.record)),
-                                   project + place.Project("old|1|1|1|1"));
-    EXPECT_EQ(loaded.Get(place.section, place.key), c.row);
-    EXPECT_EQ(loaded.HasKey(place.section, place.key), !c.row.empty());
-  }
-}
-
-struct ErrorCase {
-  std::string row;
-  std::string field_and_value;
-  std::string why = "is more than its place on the wire can hold";
-};
-
-/** Each row is refused with the section, the key, the field and its value. */
-inline void ExpectErrors(Encoder encode, const Place& place, const std::vector<ErrorCase>& cases) {
-  for (const ErrorCase& c : cases) {
-    EXPECT_EQ(
-        Encoded(encode, place.size, place.Project(c.row)).error(),
-        "section " + place.section + ", row " + place.key + ", field " + c.field_and_value + " " + c.why);
+/** A row makes its record and touches no other byte; a record, in an image of 255s, makes its row. */
+inline void ExpectCoded(const Place& place, const std::vector<CoderCase>& cases) {
+  for (const CoderCase& c : cases) {
+    SCOPED_TRACE(c.row + " / " + c.record);
+    if (c.way != kBack) {
+      const ImageWriter image = Encoded(place.encode, place.size, place.Project(c.row));
+      if (c.record.find(": ") != std::string::npos) {
+        EXPECT_EQ(image.error(), "section " + place.section + ", row " + place.key + ", field " + c.record);
+        continue;
+      }
+      EXPECT_EQ(image.error(), "");
+      const std::vector<std::uint8_t> other = Encoded(place.encode, place.size, place.Project("")).bytes();
+      EXPECT_EQ(image.bytes(), With(other, place.at, Hex(c.record)));
+    }
+    if (c.way != kOut) {
+      const std::vector<std::uint8_t> image(static_cast<std::size_t>(place.size), 255);
+      const IniText loaded =
+          Decoded(place.decode, With(image, place.at, Hex(c.record)), place.Project("old|1|1|1|1"));
+      EXPECT_EQ(loaded.Get(place.section, place.key), c.row == kEmpty ? "" : c.row);
+      EXPECT_EQ(loaded.HasKey(place.section, place.key), !c.row.empty());
+    }
   }
 }
 

@@ -6,10 +6,6 @@
 
 namespace tarvok::test {
 
-inline const std::string kTooLarge = " is more than its place on the wire can hold";
-inline const std::string kNegative = " is negative";
-inline const std::string kNotDialled = " holds a character that can't be dialled";
-
 /** Expects the bytes `expected` at `at` in the image of a project, or the error that an encoder gives in
  * their place: an expectation that begins with "section". */
 inline void ExpectImage(Encoder encode, int size, const std::string& project, int at,
@@ -23,6 +19,12 @@ inline void ExpectImage(Encoder encode, int size, const std::string& project, in
   EXPECT_EQ(image.error(), "");
   const std::vector<std::uint8_t> bytes = Hex(expected);
   EXPECT_EQ(Part(image, at, static_cast<int>(bytes.size())), bytes);
+}
+
+/** The same for keys of one section, each with what it makes. */
+inline void ExpectImages(Encoder encode, int size, const std::string& before, int at,
+                         const std::vector<std::pair<std::string, std::string>>& cases) {
+  for (const auto& [keys, expected] : cases) ExpectImage(encode, size, before + keys, at, expected);
 }
 
 }  // namespace tarvok::test

@@ -1,9 +1,11 @@
 #include <sstream>
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "sessions/billing_files.h"
 #include "sessions/mini_bar_transfer.h"
+#include "sessions/pace.h"
 #include "sessions/ping.h"
 #include "sessions/port_test.h"
 #include "sessions/send_alone.h"
@@ -14,7 +16,7 @@
 namespace tarvok::test {
 namespace {
 
-using Boxes = std::vector<std::string>;
+using testing::HasSubstr;
 
 TEST(SideSessions, WordsAndWhatArrives) {
   const std::string finished = "Send All Data Config Finished";
@@ -43,17 +45,16 @@ TEST(SideSessions, WordsAndWhatArrives) {
   for (const auto& [what, session, version, box, log, section] : cases) {
     SCOPED_TRACE(what);
     SessionBench bench(4, version);
-    const std::string before = bench.files.Bytes(SessionBench::kProject);
+    const std::string before = bench.Project();
     EXPECT_EQ(bench.Run(session), box.find("inished") != std::string::npos) << bench.view.log;
     EXPECT_EQ(bench.view.boxes, Boxes{box});
     std::istringstream lines(log);
-    for (std::string line; std::getline(lines, line);)
-      EXPECT_THAT(bench.view.log, testing::HasSubstr(line + "\n"));
+    for (std::string line; std::getline(lines, line);) EXPECT_THAT(bench.view.log, HasSubstr(line + "\n"));
     EXPECT_EQ(bench.memory.sections().size(), section == 0 ? 0U : 1U);
     EXPECT_EQ(bench.memory.sections().contains(section), section != 0);
     EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
     EXPECT_EQ(bench.complaints, Boxes());
-    EXPECT_EQ(bench.files.Bytes(SessionBench::kProject), before);
+    EXPECT_EQ(bench.Project(), before);
   }
 }
 
@@ -61,15 +62,14 @@ TEST(MiniBar, GoesOutAndComesBackIntoACopyOfTheProject) {
   for (const int by : {1, 2, 3, 4}) {
     SessionBench bench(by);
     ASSERT_TRUE(bench.Run(SendMiniBarList)) << bench.view.log;
-    const std::string names = bench.Value(SessionBench::kProject, "MiniBar", "001");
-    ASSERT_TRUE(bench.store.SetIniValue(SessionBench::kProject, "MiniBar", "001", "Other|1|").ok());
-    ASSERT_TRUE(bench.store.SetIniValue(SessionBench::kProject, "MiniBar", "512", "Gone|1|").ok());
+    const std::string names = bench.Value("MiniBar", "001");
+    ASSERT_TRUE(bench.Set("MiniBar", "001", "Other|1|"));
+    ASSERT_TRUE(bench.Set("MiniBar", "512", "Gone|1|"));
     ASSERT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
-    EXPECT_EQ(bench.Value(SessionBench::kProject, "MiniBar", "001") + "|", names);
-    EXPECT_EQ(bench.Value(SessionBench::kProject, "MiniBar", "512"), "");
-    EXPECT_EQ(bench.Value(SessionBench::kProject, "Port_Def", "001"),
-              IniText(HotelText()).Get("Port_Def", "001"));
-    EXPECT_NE(bench.view.log.find("Get All Config Finished.\r\n"), std::string::npos);
+    EXPECT_EQ(bench.Value("MiniBar", "001") + "|", names);
+    EXPECT_EQ(bench.Value("MiniBar", "512"), "");
+    EXPECT_EQ(bench.Value("Port_Def", "001"), IniText(HotelText()).Get("Port_Def", "001"));
+    EXPECT_THAT(bench.view.log, HasSubstr("Get All Config Finished.\r\n"));
   }
   SessionBench server(0);
   EXPECT_FALSE(server.Run(LoadMiniBarList, TransferForm::kMiniBar));
@@ -83,10 +83,6 @@ TEST(Billing, FilesInEverySize) {
     return bench.Run([](Transfer& transfer) { return SendBillingFiles(transfer, "/b"); },
                      TransferForm::kBilling);
   };
-  SessionBench none(4);
-  EXPECT_FALSE(run(none));
-  EXPECT_EQ(none.view.boxes, Boxes{"No Billing Files"});
-
   SessionBench bench(4);
   bench.files.Put("/b/TBL0.BIL", std::string(512, 'a'));
   bench.files.Put("/b/tbl10.bil", std::string(1000, 'b'));
@@ -99,30 +95,31 @@ TEST(Billing, FilesInEverySize) {
   EXPECT_EQ(bench.memory.billing()[10].bytes.size(), 1000U);
   EXPECT_EQ(bench.memory.billing()[13].bytes.size(), 1U);
   EXPECT_FALSE(bench.memory.billing().contains(7));
-  EXPECT_NE(bench.view.log.find("Sending Table ==>  10 , Sector ==> 1\r\n"), std::string::npos);
-  EXPECT_NE(bench.view.log.find("File [/b/tbl001.bil] lost\r\nTrying to send next file....\r\n"),
-            std::string::npos);
+  EXPECT_THAT(bench.view.log, HasSubstr("Sending Table ==>  10 , Sector ==> 1\r\n"));
+  EXPECT_THAT(bench.view.log, HasSubstr("File [/b/tbl001.bil] lost\r\nTrying to send next file....\r\n"));
   EXPECT_EQ(bench.view.boxes, Boxes{"Send billing files completed."});
   EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
 
-  SessionBench older(4, 109);
-  older.files.Put("/b/tblC08.bil", "c");
-  EXPECT_TRUE(run(older));
-  EXPECT_TRUE(older.memory.billing().empty());
-
-  SessionBench large(4);
-  large.files.Put("/b/tbl0.bil", std::string(512 * 256 + 1, 'a'));
-  EXPECT_FALSE(run(large));
-  EXPECT_EQ(large.view.boxes, Boxes{"Cannot send data (RE)"});
-  EXPECT_TRUE(large.memory.billing().empty());
+  // What a version does with one file alone.
+  const std::tuple<int, const char*, std::size_t, Boxes> cases[] = {
+      {110, "/b/other", 1, {"No Billing Files"}},
+      {109, "/b/tblC08.bil", 1, {"Send billing files completed."}},
+      {110, "/b/tbl0.bil", 512 * 256 + 1, {"Cannot send data (RE)"}}};
+  for (const auto& [version, path, size, boxes] : cases) {
+    SessionBench one(4, version);
+    one.files.Put(path, std::string(size, 'a'));
+    EXPECT_EQ(run(one), version == 109) << path;
+    EXPECT_EQ(one.view.boxes, boxes);
+    EXPECT_TRUE(one.memory.billing().empty());
+  }
 }
 
 TEST(Ping, SaysHowLongItTook) {
   for (const int by : {1, 3, 4, 0}) {
     SessionBench bench(by, 110, {.faults = FaultPlan{.delay_ms = 40}});
     EXPECT_TRUE(bench.Run(PingExchange));
-    EXPECT_NE(bench.view.log.find("PING?\r\n"), std::string::npos);
-    EXPECT_NE(bench.view.log.find("Ping reply 0.04"), std::string::npos) << bench.view.log;
+    EXPECT_THAT(bench.view.log, HasSubstr("PING?\r\n"));
+    EXPECT_THAT(bench.view.log, HasSubstr("Ping reply 0.04"));
   }
   const std::tuple<int, PortState, bool, const char*, Boxes> cases[] = {
       {2, PortState::kOpen, false, "PING?\r\n", {"This version doesn't support ping by modem"}},
@@ -137,7 +134,7 @@ TEST(Ping, SaysHowLongItTook) {
     SessionBench bench(by, 110, conditions);
     bench.port_state = state;
     EXPECT_FALSE(bench.Run(PingExchange));
-    EXPECT_NE(bench.view.log.find(log), std::string::npos) << bench.view.log;
+    EXPECT_THAT(bench.view.log, HasSubstr(log));
     EXPECT_EQ(bench.view.boxes, boxes);
     EXPECT_EQ(bench.opened.size(), by == 1 ? 1U : 0U);  // a ping by modem never touches the port
   }
@@ -154,7 +151,7 @@ TEST(PortTest, ItsDataAndTheWordsOfAnExchangeThatWantsALogIn) {
   EXPECT_FALSE(bench.Run(with(SendPortTest)));
   EXPECT_FALSE(bench.Run(with(GetPortTest)));
   EXPECT_EQ(bench.view.boxes, (Boxes{"finish", "Send Port Test failed (RE)"}));
-  EXPECT_NE(bench.view.log.find("Get Config Error !!!\r\n"), std::string::npos);
+  EXPECT_THAT(bench.view.log, HasSubstr("Get Config Error !!!\r\n"));
   EXPECT_FALSE(bench.files.files.contains("/f/TempGet.txt"));
 }
 
@@ -162,17 +159,12 @@ TEST(Compare, FindsWhatTheExchangeChanged) {
   SessionBench bench(4, 109);
   bench.view.compare = true;
   EXPECT_TRUE(bench.Run(SendConfiguration)) << bench.view.log;
-  EXPECT_EQ(bench.Value(SessionBench::kProject, "Chk_Tarvok", "compare"), "1");
-  EXPECT_NE(bench.view.log.find("Getting Port Config for compare..."), std::string::npos);
-  const auto count = [&](const std::string& words) {
-    int found = 0;
-    for (auto at = bench.send_log.find(words); at != std::string::npos;
-         at = bench.send_log.find(words, at + 1))
-      ++found;
-    return found;
-  };
-  EXPECT_EQ(count("Send Config:  43\r\n"), 1);
-  EXPECT_EQ(count("Send Config:  37\r\n"), 0);
+  EXPECT_EQ(bench.Value("Chk_Tarvok", "compare"), "1");
+  EXPECT_THAT(bench.view.log, HasSubstr("Getting Port Config for compare..."));
+  const std::string once = "Send Config:  43\r\n";
+  EXPECT_THAT(bench.send_log, HasSubstr(once));
+  EXPECT_EQ(bench.send_log.find(once), bench.send_log.rfind(once));
+  EXPECT_THAT(bench.send_log, testing::Not(HasSubstr("Send Config:  37\r\n")));
 
   // An exchange that spoils a section is told after the fourth difference; once is healed by sending again.
   for (const int spoilings : {1, 100}) {
@@ -194,6 +186,37 @@ TEST(Compare, FindsWhatTheExchangeChanged) {
   old.view.compare = true;
   EXPECT_TRUE(old.Run(SendConfiguration));
   EXPECT_EQ(old.view.log.find("for compare"), std::string::npos);
+}
+
+TEST(Pace, TellsWhatCameAndWhatIsLeft) {
+  const Pace pace(82'000, 9600, 5'000);
+  const std::tuple<int, int, const char*> cases[] = {
+      {0, 0, "0 of 82,000 bytes"},
+      {0, 60'000, "0 of 82,000 bytes"},
+      {640, 999, "640 of 82,000 bytes"},
+      {650, 1'000, "650 of 82,000 bytes, 650 bytes/s, about 2:06 left"},
+      {41'000, 63'000, "41,000 of 82,000 bytes, 650 bytes/s, about 1:03 left"},
+      {81'999, 126'000, "81,999 of 82,000 bytes, 650 bytes/s, about 0:01 left"},
+      {82'100, 126'000, "82,000 of 82,000 bytes, 650 bytes/s, about 0:00 left"}};
+  for (const auto& [done, ms, now] : cases) EXPECT_EQ(pace.Now(done, 5'000 + ms), now);
+}
+
+TEST(Pace, SaysOnceThatNothingComes) {
+  Pace pace(82'000, 9600, 5'000);
+  const std::tuple<int, int, bool> cases[] = {{0, 14'999, false},   {0, 15'000, true},   {0, 60'000, false},
+                                              {59, 61'000, false},  {59, 75'999, false}, {59, 76'000, true},
+                                              {118, 77'000, false}, {118, 100'000, true}};
+  for (const auto& [done, ms, silent] : cases) EXPECT_EQ(pace.FallsSilent(done, 5'000 + ms), silent) << ms;
+}
+
+TEST(Pace, EndsWithTheShareOfTheLine) {
+  EXPECT_EQ(Pace(82'000, 9600, 0).End(82'000, 126'100),
+            "82,000 bytes in 2:06: 650 bytes/s, 67.7 % of the line");
+  EXPECT_EQ(Pace(1'234'567, 0, 0).End(1'234'567, 0), "1,234,567 bytes in 0:00: 1,234,567,000 bytes/s");
+  // An adapter that keeps each byte for 16 ms leaves about a quarter of a fast line.
+  const std::string slow = Pace(82'000, 115'200, 0).End(82'000, 27'000);
+  EXPECT_TRUE(slow.starts_with("82,000 bytes in 0:27: 3,037 bytes/s, 26.3 % of the line. Up to two thirds"))
+      << slow;
 }
 
 }  // namespace

@@ -11,6 +11,10 @@ const std::string& HotelText() {
   return text;
 }
 
+Wire WireOf(int by) {
+  return by == 4 ? Wire::kLan : (by == 0 ? Wire::kServer : Wire::kLink);
+}
+
 bool RecordingView::Ask(std::string_view question) {
   questions.emplace_back(question);
   const std::size_t index = questions.size() - 1;
@@ -91,9 +95,7 @@ std::unique_ptr<Port> SessionBench::ConnectTcp(const std::string&, const std::st
   if (by == 2) {
     exchange.AcceptModem(std::move(line.exchange));
   } else {
-    exchange.Accept(std::move(line.exchange), by == 4              ? Wire::kLan
-                                              : by == 1 || by == 3 ? Wire::kLink
-                                                                   : Wire::kServer);
+    exchange.Accept(std::move(line.exchange), WireOf(by));
   }
   if (wrap) return wrap(std::move(line.tool));
   return std::move(line.tool);

@@ -16,11 +16,13 @@
 
 namespace tarvok::test {
 
+using Boxes = std::vector<std::string>;
+
 /** A view that keeps what it is told and answers as it was told. */
 class RecordingView : public SessionView {
  public:
   std::string log;
-  std::vector<std::string> boxes;
+  Boxes boxes;
   std::vector<std::string> questions;
   std::vector<std::string> advice;
   std::vector<int> bars;
@@ -58,8 +60,13 @@ class SessionBench : public PortMaker {
 
   /** Opens a form, runs the session on it, and closes the form. What a form may not leave behind fails the test. */
   bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
-  std::string Value(const char* file, const char* section, const char* key) {
-    return store.GetIniValue(file, section, key);
+  /** The project's text, and single values of it. */
+  std::string Project() { return files.Bytes(kProject); }
+  std::string Value(const char* section, const char* key) {
+    return store.GetIniValue(kProject, section, key);
+  }
+  bool Set(const char* section, const char* key, std::string_view value) {
+    return store.SetIniValue(kProject, section, key, value).ok();
   }
 
   std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) override;
@@ -80,6 +87,9 @@ class SessionBench : public PortMaker {
   Transfer* transfer = nullptr;                                      // the open form's
   int by;
 };
+
+/** What a project's "By" speaks. */
+Wire WireOf(int by);
 
 /** The example hotel's file. */
 const std::string& HotelText();

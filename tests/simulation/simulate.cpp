@@ -55,43 +55,43 @@ Tally RunAll(std::uint64_t count, unsigned jobs, const RunAt& run_at) {
   return tally;
 }
 
-void Print(const std::string& what, std::uint64_t count, const Tally& tally) {
+/** The same, told; whether none broke a property. */
+bool RunAndPrint(const std::string& what, std::uint64_t count, unsigned jobs, const RunAt& run_at) {
   constexpr double kHour_ms = 3'600'000;
+  const Tally tally = RunAll(count, jobs, run_at);
   std::cout << std::fixed << std::setprecision(1) << what << ": " << count << " sessions, " << tally.done
             << " done, " << tally.broken << " broken, " << static_cast<double>(tally.simulated_ms) / kHour_ms
             << " simulated hours in " << tally.took_s << " s" << std::endl;
+  return tally.broken == 0;
 }
 
-int RunSeeds(std::uint64_t from, std::uint64_t count, unsigned jobs) {
-  const Tally tally = RunAll(count, jobs, [&](std::uint64_t number) { return RunOf(from + number); });
-  Print("seeds " + std::to_string(from) + " to " + std::to_string(from + count - 1), count, tally);
-  return tally.broken == 0 ? 0 : 1;
+bool RunSeeds(std::uint64_t from, std::uint64_t count, unsigned jobs) {
+  const std::string what = "seeds " + std::to_string(from) + " to " + std::to_string(from + count - 1);
+  return RunAndPrint(what, count, jobs, [&](std::uint64_t number) { return RunOf(from + number); });
 }
 
 /** Send, compare and load over a serial line, once for each frame and each acknowledgement, which is lost; or once for
  * each `step`-th. */
-int RunEveryLoss(std::uint64_t step, unsigned jobs) {
+bool RunEveryLoss(std::uint64_t step, unsigned jobs) {
   bool whole = true;
   for (const auto kind : {SimulatedRun::kSend, SimulatedRun::kCompare, SimulatedRun::kLoad}) {
     const SimulatedRun clean = {.kind = kind, .by = 1};
     const std::uint64_t units = (static_cast<std::uint64_t>(Simulate(clean).units) + step - 1) / step;
-    const Tally tally = RunAll(units, jobs, [&](std::uint64_t number) {
+    whole &= RunAndPrint("each unit lost, " + Described(clean), units, jobs, [&](std::uint64_t number) {
       SimulatedRun run = clean;
       run.trouble.lost = static_cast<int>(number * step);
       return run;
     });
-    Print("each unit lost, " + Described(clean), units, tally);
-    whole = whole && tally.broken == 0;
   }
-  return whole ? 0 : 1;
+  return whole;
 }
 
-int RunOne(std::uint64_t seed) {
+bool RunOne(std::uint64_t seed) {
   const SimulatedRun run = RunOf(seed);
   const SimulatedOutcome outcome = Simulate(run);
   std::cout << outcome.log << Described(run) << (outcome.done ? ": done" : ": not done") << std::endl;
   for (const std::string& broken : outcome.broken) std::cout << "broken: " << broken << std::endl;
-  return outcome.broken.empty() ? 0 : 1;
+  return outcome.broken.empty();
 }
 
 /** The first seed of the day, so that every day has its own. */
@@ -119,9 +119,10 @@ int Main(int argc, char** argv) {
   app.add_option("--jobs", jobs, "sessions at a time (one a core)")->check(CLI::Range(1, 256));
   CLI::Option* seed = app.add_option("--seed", one, "run this one alone and print all that it says");
   CLI11_PARSE(app, argc, argv);
-  if (*seed) return RunOne(one);
-  if (every_loss) return RunEveryLoss(step, jobs);
-  return RunSeeds(today ? SeedOfToday() : from, count, jobs);
+  const bool whole = *seed        ? RunOne(one)
+                     : every_loss ? RunEveryLoss(step, jobs)
+                                  : RunSeeds(today ? SeedOfToday() : from, count, jobs);
+  return whole ? 0 : 1;
 }
 
 }  // namespace

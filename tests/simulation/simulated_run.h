@@ -28,6 +28,7 @@ struct SimulatedOutcome {
   bool done = false;
   std::vector<std::string> broken;  // the properties that did not hold
   std::int64_t simulated_ms = 0;
+  std::size_t boxes = 0;
   int units = 0;    // that went over the line, in both directions
   std::string log;  // what the user saw, and the history
 };

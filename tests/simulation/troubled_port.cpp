@@ -71,8 +71,8 @@ TroubledPort::TroubledPort(EventServer& events, std::unique_ptr<Port> inner, con
       trouble_(trouble),
       wire_(wire),
       told_(std::move(told)),
-      out_{Chances(3 * seed), [this](const Bytes& unit) { PortOnPort::Send(unit); }},
-      in_{Chances(3 * seed + 1), [this](const Bytes& unit) { GiveBytes(unit); }},
+      out_{Chances(3 * seed), Chances(~seed), [this](const Bytes& unit) { PortOnPort::Send(unit); }},
+      in_{Chances(3 * seed + 1), Chances(~seed - 1), [this](const Bytes& unit) { GiveBytes(unit); }},
       lies_(3 * seed + 2),
       passed_(passed) {}
 
@@ -116,10 +116,13 @@ void TroubledPort::Pass(Lane& lane, Bytes unit) {
   const bool dup = lane.chances.Happens(trouble_.dup);
   const bool reorder = lane.chances.Happens(trouble_.reorder);
   const std::size_t bit = lane.chances.Pick(unit.size() * 8);
+  const bool cut = lane.cuts.Happens(trouble_.cut);
+  const std::size_t gone = lane.cuts.Pick(unit.size());
   const bool lost = trouble_.lost && *trouble_.lost == passed_;
   ++passed_;
   if (drop || lost) return;
   if (flip) unit[bit / 8] = static_cast<std::uint8_t>(unit[bit / 8] ^ (1U << (bit % 8)));
+  if (cut && unit.size() > 1) unit.erase(unit.begin() + static_cast<std::ptrdiff_t>(gone));
   if (reorder && lane.held.empty()) {
     lane.held = std::move(unit);
     return;
@@ -162,14 +165,9 @@ Bytes TroubledPort::Lie(Bytes unit) {
 
 Bytes TroubledPort::OfStranger() {
   const Bytes yes = {kFromExchange, kStrangersByte, 0, lies_.Pick(2) == 0 ? reply::kOk : reply::kError};
-  switch (wire_) {
-    case Wire::kLan:
-      return yes;
-    case Wire::kServer:
-      return Framed({0, 0, 0, 0, kServerMark, 0, 0, static_cast<std::uint8_t>(yes.size())}, yes, wire_);
-    case Wire::kLink:
-      break;
-  }
+  if (wire_ == Wire::kLan) return yes;
+  const auto size = static_cast<std::uint8_t>(yes.size());
+  if (wire_ == Wire::kServer) return Framed({0, 0, 0, 0, kServerMark, 0, 0, size}, yes, wire_);
   if (lies_.Pick(2) == 0) return BuildFrame(kStrangersAddress, yes);
   constexpr std::uint8_t kControls[] = {kAck0, kAck1, kNak, kEnq};
   return BuildControl(kControls[lies_.Pick(4)], kStrangersAddress);

@@ -21,6 +21,7 @@ namespace tarvok::test {
 struct Trouble {
   double drop = 0;
   double flip = 0;  // one bit turned over
+  double cut = 0;   // one byte is gone; for lines with frames
   double dup = 0;
   double reorder = 0;  // the unit comes behind the next one; for networks
   double late = 0;     // the unit, and with it all behind it, comes up to late_ms later
@@ -59,6 +60,7 @@ class TroubledPort : public PortOnPort {
   /** One direction: its chances, the unit held back for the next, and when the last one comes out. */
   struct Lane {
     Chances chances;
+    Chances cuts;
     std::function<void(const Bytes&)> give;
     Bytes held = {};
     std::int64_t last_due_ms = 0;

@@ -34,12 +34,8 @@ class MemoryFiles : public FileSystem {
   FileIdentity Identify(const std::string& path) override {
     const auto found = files.find(path);
     if (found == files.end()) return {};
-    return {true,
-            true,
-            1,
-            found->second.inode,
-            static_cast<std::int64_t>(found->second.bytes.size()),
-            found->second.modified};
+    const File& file = found->second;
+    return {true, true, 1, file.inode, static_cast<std::int64_t>(file.bytes.size()), file.modified};
   }
   Result<std::string> Read(const std::string& path) override {
     ++reads;

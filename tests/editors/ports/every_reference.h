@@ -20,16 +20,12 @@ inline std::string Port(std::string_view place, std::string_view number = "F",
 inline std::string EveryReference() {
   return "[Port_Def]\nMax=500\nNow=5\n001=" + Port("3|1|6") + "\n002=" + Port("3|2|6") +
          "\n003=" + Port("2|1|2") + "\n004=" + Port("1|2|1", "002") + "\n005=" + Port("1|1|1", "001", "77") +
-         "\n[Assign]\nMax=500\nNow=4\n001=201|0|005|2|002\n002=200|0|004|F|F\n003=300|1|1|F|001\n"
-         "[Name]\nMax=500\nNow=2\n001=Desk\n002=Bar\n"
-         "[HuntGroup]\nMax=20\nNow=3\n01=001|002\n02=002\n"
-         "[Account]\n001=11|22|001|F|F|F\n002=12|22|002|F|F|F\n"
-         "[BOSS]\n01=005|004\n02=004|F\n"
-         "[E1Map]\nMax=10\n01=001|002|0\n"
-         "[Group_Out]\nMax=32\nNow=3\n01=003|001\n02=002\n"
-         "[Incoming_List]\nMax=50\nNow=1\n01=Night|001|1000|002|20\n"
-         "[DIDRedirect]\n001=1|0|9|0|001\n002=1|5|6|1|01\n"
-         "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|005|0|0|0\n";
+         "\n[Assign]\nMax=500\nNow=4\n001=201|0|005|2|002\n002=200|0|004|F|F\n003=300|1|1|F|001\n[Name]\n"
+         "Max=500\nNow=2\n001=Desk\n002=Bar\n[HuntGroup]\nMax=20\nNow=3\n01=001|002\n02=002\n[Account]\n"
+         "001=11|22|001|F|F|F\n002=12|22|002|F|F|F\n[BOSS]\n01=005|004\n02=004|F\n[E1Map]\nMax=10\n"
+         "01=001|002|0\n[Group_Out]\nMax=32\nNow=3\n01=003|001\n02=002\n[Incoming_List]\nMax=50\nNow=1\n"
+         "01=Night|001|1000|002|20\n[DIDRedirect]\n001=1|0|9|0|001\n002=1|5|6|1|01\n[SystemConfig]\n"
+         "Pbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|005|0|0|0\n";
 }
 
 }  // namespace tarvok::test

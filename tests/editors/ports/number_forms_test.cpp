@@ -1,40 +1,27 @@
+// The forms of single numbers, of hunt groups and of profiles.
+
 #include "tests/editors/editor_bench.h"
+#include "tests/editors/ports/every_reference.h"
 
 namespace tarvok::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(NumberForms, WhatIsTypedPastedAndUndoneIsWhatIsWritten) {
-  EditorBench bench("[LinkTrunk]\n01=5\n");
-  EXPECT_THAT(bench.Run("frmLinkTrunk",
-                        "go 1 Number\ntype 12a34567890123456789\npress Down\ntype 77\nclick mnu_undo\n"
-                        "go 3 1\npaste 1\\t2\\n3x\\n5\nclick cmdOK\n"),
-              IsEmpty());
-  bench.ExpectKeys(
-      "[LinkTrunk]\n01=5123456789012345\n"  // the sixteenth digit is the last
-      "02=\n03=1\n04=\n"                    // refused whole
-      "05=5\n30=\n");
-}
-
 TEST(NumberForms, ASortTakesTheProfilesOfALinkTrunkAlong) {
-  EditorBench bench("[LinkTrunk]\n01=9\n02=\n03=5\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|1|0|0|F|8\n");
-  bench.Run("frmLinkTrunk", "click cmdSort\nclick cmdOK\n");
-  bench.ExpectKeys("[LinkTrunk]\n01=5\n02=9\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|2|0|0|F|8\n");
+  ExpectEdit("frmLinkTrunk",
+             "[LinkTrunk]\n01=9\n02=\n03=5\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|1|0|0|F|8\n",
+             "click cmdSort\nclick cmdOK\n", "",
+             "[LinkTrunk]\n01=5\n02=9\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|2|0|0|F|8\n");
 }
 
 TEST(NumberForms, LeavingAsksOnlyForChanges) {
-  EditorBench bench("[VMCallBack]\n01=12|F\n");
-  const std::string before = bench.Bytes();
-  EXPECT_THAT(bench.Run("frmVMCallBack", "click cmdCancel\n"), IsEmpty());
-  EXPECT_THAT(
-      bench.Run("frmVMCallBack", "go 1 1\npress Backspace\nanswer No\nclick cmdCancel\n"),
-      ElementsAre("ask: Data was change if you closed this windows data may be lost.  Do you want to save? "
-                  "-> No"));
-  EXPECT_EQ(bench.Bytes(), before);
-  bench.Run("frmVMCallBack", "go 1 1\npress Backspace\nclick cmdCancel\n");
-  bench.ExpectKeys("[VMCallBack]\n01=1|F\n02=F|F\n");
+  const std::string ask =
+      "ask: Data was change if you closed this windows data may be lost.  Do you want to save? -> ";
+  const std::string project = "[VMCallBack]\n01=12|F\n";
+  ExpectEdit("frmVMCallBack", project, "click cmdCancel\n", "", project);
+  ExpectEdit("frmVMCallBack", project, "go 1 1\npress Backspace\nanswer No\nclick cmdCancel\n", ask + "No",
+             project + "-02\n");
+  ExpectEdit("frmVMCallBack", project, "go 1 1\npress Backspace\nclick cmdCancel\n", ask + "Yes",
+             "[VMCallBack]\n01=1|F\n02=F|F\n");
 }
 
 TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
@@ -53,6 +40,57 @@ TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
   bench.files.fail_at = 0;
   bench.Go("click cmdOK\n");
   EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");
+}
+
+TEST(HuntGroups, MembersComeAndGoInTheirOrder) {
+  ExpectEdit("frmGrpHunt",
+             "[Assign]\nNow=4\n001=201|0|001|F|001\n002=300|1|1|F|F\n003=202|0|002|F|F\n004=F|0|F\n"
+             "[Name]\nNow=1\n001=Bar\n[HuntGroup]\nNow=9\n01=003|002||F|777\n03=001\n",
+             "list ListView1\nlist lsGroupHunt(0)\nvalue lsGroup\n"
+             "click ListView1(0)\nclick cmdAdd\nfocus lsGroupHunt(0)\npick 300 - \nclick cmdDel\n"
+             "click lsGroup(6)\nclick cmdAdd\nclick cmdDel\nclick lsGroup(2)\nclick lsGroupHunt(2)\n"
+             "click lsGroupHunt(0)\nfocus lsGroupHunt(2)\npick 201 - Bar\nclick cmdDel\nclick cmdOK\n",
+             "201 - Bar\n202 - \n202 - \n300 - \n777\nHunt Group 01",
+             "[HuntGroup]\n01=003|777|001\n03=\n07=001\n20=\nNow=4\n");
+}
+
+TEST(HuntGroups, TheLastMemberThatFitsIsTheFiveHundredth) {
+  std::string members = "001";
+  for (int i = 1; i < 499; ++i) members += "|001";
+  ExpectEdit("frmGrpHunt", "[Assign]\nNow=1\n001=201|0|001\n[HuntGroup]\n20=" + members + "\n",
+             "click ListView1(0)\nclick cmdAdd\nclick cmdAdd\nclick cmdOK\n",
+             "box: Over limit data you cannot add. ", "[HuntGroup]\n01=001\nNow=500\n");
+}
+
+TEST(Profiles, ControlsBecomeFields) {
+  ExpectEdit("frmPortConfig_Def", "[COR_Group]\n02=01\n12=03|04\n",
+             "list cmbClass_d\nlist cmbTransfer\nvalue txtSetCO\nvalue cmbOE\nclick lsPortConfig(4)\n"
+             "focus cmbClass_d\npick COR Group 02\nfocus cmbClass_n\npick COR Group 12\nfocus cmbTransfer\n"
+             "pick ON\nfocus cmbCID\npick MDMF\nfocus cmbConnect\npick 20 PPS\nfocus cmbMusic\n"
+             "pick VM on CO\nfocus txtSetCO\ntype 02567\nfocus txtSetTOIn\ntype 255\nfocus cmbOE\npick 9\n"
+             "focus txtHotOper\ntype 1234567890123*\nset chkHook 1\nset optReverse(2) 1\n"
+             "set optReverse(3) 1\nset chkFAX 1\nset chkNotPrint 1\nset chkLinkTrunk 1\nfocus cmbTrunkType\n"
+             "pick 30\nset chkWarning 1\nfocus txtTOhangon\ntype 300\nfocus cmbHoldCOR\npick COR Group 12\n"
+             "focus cmbTransTO\npick 16 Rings Disc\nclick lsPortConfig(6)\nfocus cmbTransTO\npick Default\n"
+             "click lsPortConfig(7)\nfocus cmbTransTO\npick 16\nclick cmdOK\n",
+             "\nCOR Group 02\nCOR Group 12\nON\nOFF\n0\nNone",
+             "[PortConfig]\n-01\n05=02|12|1|2|3|4|25|255|9|123456789012|1|3|1|1|30|1|30|12|255\n"
+             "07=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n08=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|16\n");
+}
+
+TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
+  ExpectEdit(
+      "frmPortConfig_Def",
+      "[PortConfig]\n01=3|x|2|3|4|9|300|0|F|12|0|7|0|0|31|0|0|F|0\n02=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n"
+      "03=F|F|1|0|0|0|0|0|0|F|0|1|0|0|30|0|0|F|256\n04=5|F|F|1\n05=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|0\n"
+      "[COR_Group]\n03=01\n",
+      "value cmbClass_d\nvalue cmbClass_n\nvalue cmbTransfer\nvalue cmbOE\nvalue chkLinkTrunk\n"
+      "value cmbTransTO\nvalue optReverse(0)\nclick lsPortConfig(1)\nvalue cmbTransTO\n"
+      "click lsPortConfig(2)\nvalue cmbTransTO\nvalue chkLinkTrunk\nvalue cmbTrunkType\n"
+      "value optReverse(1)\nset chkLinkTrunk 0\nclick cmdOK\n",
+      "COR Group 03\n\nOFF\nNone\n0\n\n1\nDefault\n16 Rings Disc\n1\n30\n1",
+      "[PortConfig]\n01=03|F|0|0|0|0|300|0|0|12|0|0|0|0|0|0|0|F|0\n"
+      "03=F|F|1|0|0|0|0|0|0|F|0|1|0|0|0|0|0|F|255\n04=05|F|F|1|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F\n-05\n");
 }
 
 }  // namespace

@@ -1,76 +1,115 @@
-// The tables of accounts, bosses, call forward and voice mail.
+// The tables of accounts, bosses, call forward and voice mail, and the keys.
 
 #include "tests/editors/ports/every_reference.h"
 
 namespace tarvok::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 TEST(Accounts, WhatIsTypedAndPickedIsStored) {
-  EditorBench bench(EveryReference());
-  EXPECT_THAT(
-      bench.Run(
-          "frmAccount",
-          "list cmbMask\ngo 3 Account\ntype 12345678\ngo 3 Password\ntype 99999\ngo 3 Number\npick 201\n"
-          "go 3 Config\npick 20\ngo 3 Tenan\npick 32\ngo 3 6\ntype 7200x1\ngo 1 Number\npick\n"
-          "go 2 1\nclick mnu_insert_row\nclick cmdOK\n"),
-      ElementsAre("200", "201"));
-  bench.ExpectKeys(
-      "[Account]\n001=11|22|F|F|F|F\n-002\n003=12|22|002|F|F|F\n004=123456|9999|001|20|32|7200\n");
+  ExpectEdit("frmAccount", EveryReference(),
+             "list cmbMask\ngo 3 Account\ntype 12345678\ngo 3 Password\ntype 99999\ngo 3 Number\npick 201\n"
+             "go 3 Config\npick 20\ngo 3 Tenan\npick 32\ngo 3 6\ntype 7200x1\ngo 1 Number\npick\n"
+             "go 2 1\nclick mnu_insert_row\nclick cmdOK\n",
+             "200\n201",
+             "[Account]\n001=11|22|F|F|F|F\n-002\n003=12|22|002|F|F|F\n004=123456|9999|001|20|32|7200\n");
 }
 
 TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
-  EditorBench bench(
-      "[Assign]\nNow=3\n001=5|0|001\n002=7|0|002\n003=7|0|003\n[Account]\n001=1|2|3|25|F|F\n002=1|2|9\n");
-  EXPECT_THAT(bench.Run("frmAccount",
-                        "go 3 1\ntype 2\nclick cmdCheck\nvalue lblRepeat\nlist lsRepeat\n"
-                        "answer No\nclick cmdOK\n"),
-              ElementsAre("Show repeat number :", "1",
-                          "ask: There are repeat Account. Do you still want to save? -> No"));
-  EXPECT_THAT(bench.Go("go 2 1\ntype 1\nclick cmdCheck\nvalue lblRepeat\nclick cmdOK\n"),
-              ElementsAre("No repeat Account"));
   // The number stands twice; the row stays with the one that it had, and one that is not there is none.
-  bench.ExpectKeys("[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
+  ExpectEdit(
+      "frmAccount",
+      "[Assign]\nNow=3\n001=5|0|001\n002=7|0|002\n003=7|0|003\n[Account]\n001=1|2|3|25|F|F\n002=1|2|9\n",
+      "go 3 1\ntype 2\nclick cmdCheck\nvalue lblRepeat\nlist lsRepeat\nanswer No\nclick cmdOK\n"
+      "go 2 1\ntype 1\nclick cmdCheck\nvalue lblRepeat\nclick cmdOK\n",
+      "Show repeat number :\n1\nask: There are repeat Account. Do you still want to save? -> No\nNo repeat "
+      "Account",
+      "[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
 }
 
 TEST(Bosses, AreKnownByTheirNumbers) {
-  EditorBench bench(EveryReference());
-  EXPECT_THAT(bench.Run("frmBoss", "show\n")[1], "1\t201\t200");
-  bench.Go(
-      "go 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress Delete\nclick cmdOK\n");
-  bench.ExpectKeys("[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
+  ExpectEdit("frmBoss", EveryReference(),
+             "go 1 1\ncopy\ngo 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress "
+             "Delete\nclick cmdOK\n",
+             "", "[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
 }
 
 TEST(CallForward, RowsStandCloserThanTheirKeys) {
-  EditorBench bench(
-      "[Port_Def]\nNow=5\n001=1|1|1\n002=1|2|1|F|F|F|F|F|0|1|2|3|4|5|255|001|9|8|7|2|1|3|1\n005=" +
-      Port("2|1|1", "F", "77") + "\n[Assign]\nNow=1\n001=201|0|002\n");
-  EXPECT_THAT(bench.Run("frmCallFW", "show\n"),
-              ElementsAre("\tCard\tChannel\tNumber\tDND\tDisa\tCo\tExt\tBusy\tNoAns\tRing T.",
-                          "1\t1\t1\t\t\t\t\t\t\t\t", "2\t1\t2\t201\t\t1\t2\t3\t4\t5\t255",
-                          "3\t2\t1\t\t\t77\t\t\t\t\t"));
-  EXPECT_THAT(
-      bench.Go("go 1 Card\ntype 9\ngo 3 DND\npick DND\ngo 3 Disa\ntype 12345678901234\ngo 1 10\ntype 0256\n"
-               "click cmdSort\nclick cmdSort\nclick cmdOK\n"),
-      IsEmpty());
-  bench.ExpectKeys(
-      "[Port_Def]\n001=1|1|1|F|F|F|F|F|F|F|F|F|F|F|25|F|F|F|F|F|F|F|F\n"
-      "002=1|2|1|F|F|F|F|F|F|1|2|3|4|5|254|001|9|8|7|2|1|3|1\n-003\n"
-      "005=2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
+  ExpectEdit("frmCallFW",
+             "[Port_Def]\nNow=5\n001=1|1|1\n002=1|2|1|F|F|F|F|F|0|1|2|3|4|5|255|001|9|8|7|2|1|3|1\n005=" +
+                 Port("2|1|1", "F", "77") + "\n[Assign]\nNow=1\n001=201|0|002\n",
+             "show\ngo 1 Card\ntype 9\ngo 3 DND\npick DND\ngo 3 Disa\ntype 12345678901234\ngo 1 10\n"
+             "type 0256\nclick cmdSort\nclick cmdSort\nclick cmdOK\n",
+             "\tCard\tChannel\tNumber\tDND\tDisa\tCo\tExt\tBusy\tNoAns\tRing "
+             "T.\n1\t1\t1\t\t\t\t\t\t\t\t\n2\t1\t2\t201\t\t1\t2\t3\t4\t5\t255\n3\t2\t1\t\t\t77\t\t\t\t\t",
+             "[Port_Def]\n001=1|1|1|F|F|F|F|F|F|F|F|F|F|F|25|F|F|F|F|F|F|F|F\n"
+             "002=1|2|1|F|F|F|F|F|F|1|2|3|4|5|254|001|9|8|7|2|1|3|1\n-003\n"
+             "005=2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
 TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
-  EditorBench bench("[Port_Def]\nNow=3\n002=" + Port("1|2|1", "F", "77") +
-                    "\n003=1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|1|0|0|F\n");
-  bench.Run(
+  ExpectEdit(
       "frmVMBox",
+      "[Port_Def]\nNow=3\n002=" + Port("1|2|1", "F", "77") +
+          "\n003=1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|1|0|0|F\n",
       "go 1 4\npick Use & Auto Record\ngo 1 Group\ntype 0255\ngo 1 Language\ntype 255\n"
-      "go 1 \"Call Screen\"\npick USE\ngo 1 \"Personal Msg\"\npick No\ngo 2 8\npick 4 Rings\nclick cmdOK\n");
-  bench.ExpectKeys(
+      "go 1 \"Call Screen\"\npick USE\ngo 1 \"Personal Msg\"\npick No\ngo 2 8\npick 4 Rings\nclick cmdOK\n",
+      "",
       "[Port_Def]\n002=1|2|1|F|F|F|F|F|F|77|F|F|F|F|F|F|F|25|255|0|1|3|F\n"
       "003=1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|2|F|F|F\n");
+}
+
+TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
+      {"telephone number", "lblNum(1)", "F", "type *12#x3", "TE*12#3"},
+      {"extension", "lblNum(1)", "TE5", "set Option1(2) 1\ntype 6*", "EX56"},
+      {"a number that another option does not take", "lblNum(1)", "TE*5", "set Option1(2) 1\ntype 6", "EX6"},
+      {"trunk alone", "lblNum(1)", "F", "set Option1(1) 1\ntype 1234567890123456789012",
+       "TR12345678901234567890"},
+      {"trunk and map digit", "lblNum(1)", "F",
+       "set Option1(1) 1\ntype 123456\npress Tab\ntype 123456789012345\nfocus txtNumber\ntype 7",
+       "TR123456,12345678901234"},
+      {"no map digit behind a long trunk", "lblNum(1)", "F",
+       "set Option1(1) 1\ntype 1234567\npress Tab\ntype 1", "TR1234567"},
+      {"map digit taken away", "lblNum(1)", "TR0,40", "press Tab\npress Backspace\npress Backspace", "TR0"},
+      {"group out", "lblNum(1)", "F", "set Option1(3) 1\npick Group Out 32\npress Tab\ntype 9", "GO32,9"},
+      {"group out without a group", "lblNum(1)", "GO5", "pick", ""},
+      {"multiline", "lblNum(1)", "F", "set Option1(4) 1\npick 5", "ML5"},
+      {"an empty number clears the button", "lblNum(1)", "EX5", "press Backspace", ""},
+      {"cancelled", "lblNum(1)", "EX5", "type 6\nclick cmdCancel", "EX5"},
+      {"untouched", "lblNum(1)", "XY,,5", "", "XY,,5"},
+      {"console telephone", "lblDSS(63)", "F", "type 12*#34567", "TE12*#34"},
+      {"console trunk", "lblDSS(63)", "F", "set Option1(1) 1\ntype 12*34567", "TR123456"},
+      {"console extension", "lblDSS(63)", "TE12", "set Option1(2) 1", "EX12"},
+  };
+  for (const auto& [what, label, before, script_in_dialog, after] : cases) {
+    SCOPED_TRACE(what);
+    std::string dss = "F";
+    for (int i = 1; i < 63; ++i) dss += "|F";
+    EditorBench bench("[Key]\n01=F|" + std::string(before) + "\n[DSS]\n01=" + dss + "|" + before + "\n");
+    std::string script = std::string("click ") + label + "\n" + script_in_dialog + "\n";
+    if (script.find("cmdCancel") == std::string::npos) script += "click cmdOK\n";
+    EXPECT_THAT(bench.Run("frmSetupKey", script + "value " + label + "\n"), ElementsAre(after));
+    EXPECT_FALSE(bench.editor->closed());
+    EXPECT_EQ(bench.state.DataChanged, std::string(before) != (*after == '\0' ? "F" : after));
+  }
+}
+
+TEST(Keys, ALineStandsOnOneKeyOnly) {
+  ExpectEdit(
+      "frmSetupKey", "[Key]\n01=ML1|ML2|F|ML4|ML5|ML\n02=F\n",
+      "click lblNum(1)\nlist cmbMulti\nvalue cmbMulti\nclick cmdCancel\nclick lblNum(2)\n"
+      "set Option1(4) 1\npick 3\nclick cmdOK\nclick lblNum(6)\nset Option1(4) 1\nlist cmbMulti\n"
+      "click cmdOK\nvalue lblNum(6)\nclick lsGrp(1)\nclick lblNum(0)\nlist cmbMulti\nclick cmdCancel\n",
+      "2\n3\n2\n\n1\n2\n3\n4\n5", "");
+}
+
+TEST(Keys, LayoutsAreWrittenWholeAndOldFormsKept) {
+  ExpectEdit("frmSetupKey", "[Key]\n01=C05|C7|Cx|EX1\n24=F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|EX9|EX10\n",
+             "value lblNum(0)\nvalue lblNum(1)\nvalue lblNum(2)\nclick lsGrp(2)\nvalue lblNum(0)\n"
+             "click lblDSS(0)\ntype 5\nclick cmdOK\nclick lsGrp(0)\nclick lblNum(0)\nvalue cmbGrpOut\n"
+             "click cmdOK\nclick cmdOK\n",
+             "Grp Out 5\nGrp Out 7\nCx\n\nGroup Out 5",
+             "[Key]\n01=C05|C07|Cx|EX1|F*16\n02=F*20\n24=F*19|EX9|EX10\n[DSS]\n02=F*64\n03=TE5|F*63\n");
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 namespace tarvok::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 void Collect(const PathNode& node, int depth, std::vector<std::string>& lines) {
@@ -21,8 +20,7 @@ std::vector<std::string> Lines(const PathNode& node) {
 }
 
 TEST(CallPath, TheWayOutOfTheHotel) {
-  EditorBench bench = EditorBench::Hotel();
-  const IniText& hotel = *bench.store.Snapshot(EditorBench::kProject);
+  const IniText hotel(SourceFile("/examples/hotel.tvk"));
   EXPECT_THAT(
       Lines(WayOut(hotel, 7)),
       ElementsAre("Digits 00ZXX, DID Ext, release CO, timeout 120 @Route_Map_Digit 007",
@@ -36,8 +34,7 @@ TEST(CallPath, TheWayOutOfTheHotel) {
 }
 
 TEST(CallPath, TheWayInOfTheHotel) {
-  EditorBench bench = EditorBench::Hotel();
-  const IniText& hotel = *bench.store.Snapshot(EditorBench::kProject);
+  const IniText hotel(SourceFile("/examples/hotel.tvk"));
   const std::vector<std::string> reception = {
       "Number 100 Reception, Hunt Circular @Assign 001", ">Hunt Group 1 @HuntGroup 01",
       ">>Number 501 Reception 1, Port @Assign 123", ">>>Card 4, channel 1 (8 DIGITAL) @Port_Def 043"};
@@ -59,12 +56,11 @@ TEST(CallPath, TheWayInOfTheHotel) {
 TEST(CallPath, SaysInWordsWhatIsNotThere) {
   const IniText project(
       "[Route_Map_Digit]\n001=F|F|F|F|0\n002=1|F|02|F|0\n003=2|F|01|F|255\n004=3|F|77|F|0\n005=4\n"
-      "[Route_List]\n01=5\n02=3\n[Route]\n001=F|F|1|9|2|08|F|F|F\n002=09|F|0|F|F|F|F|F|F\n004=01|F|0|F|F|F|F|"
-      "F|F\n"
-      "[Group_Out]\n01=003|499|001|99999\n[Port_Def]\n001=1|1|1|F|F|F|001|002\n003=2|1|2|F|F|F|F|F\n"
-      "[Incoming_List]\n01=F|1000|007|001|F\n[E1Map]\n01=F|F|0\n"
-      "[Assign]\n001=1|4|1|F|F\n002=2|7|3|F|F\n003=3|F|F|F|F\n[HuntGroup]\n01=001|500\n"
-      "[DIDRedirect]\n001=1|5|F|0|F\n002=F|F|F|F|9\n003=44|1|1|1|05\n004=1|F|F|0|003\n");
+      "[Route_List]\n01=5\n02=3\n[Route]\n001=F|F|1|9|2|08|F|F|F\n002=09|F|0|F|F|F|F|F|F\n"
+      "004=01|F|0|F|F|F|F|F|F\n[Group_Out]\n01=003|499|001|99999\n[Port_Def]\n001=1|1|1|F|F|F|001|002\n"
+      "003=2|1|2|F|F|F|F|F\n[Incoming_List]\n01=F|1000|007|001|F\n[E1Map]\n01=F|F|0\n[Assign]\n"
+      "001=1|4|1|F|F\n002=2|7|3|F|F\n003=3|F|F|F|F\n[HuntGroup]\n01=001|500\n[DIDRedirect]\n001=1|5|F|0|F\n"
+      "002=F|F|F|F|9\n003=44|1|1|1|05\n004=1|F|F|0|003\n");
   EXPECT_THAT(Lines(WayOut(project, 1)), ElementsAre("Nothing is set in this row @Route_Map_Digit 001"));
   EXPECT_EQ(WayOut(project, 2).children[0].text, "List 2 has no route");
   EXPECT_EQ(WayOut(project, 4).children[0].text, "The route list is none of this exchange's");

@@ -1,32 +1,26 @@
-// The route map, the incoming lists, and the tables of E1 links and their numbers.
+// The tables of routing: routes, the route map, the incoming lists, E1 links and their numbers.
 
 #include "tests/editors/editor_bench.h"
 
 namespace tarvok::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 constexpr const char* kLists = "[Route_List]\nMax=50\n01=2\n02=2\n03=4\n04=3\n05=4\n06=5\n";
 constexpr const char* kNumbers =
     "[Assign]\nMax=500\nNow=4\n001=100|0|F|0|F\n002=200|0|F|0|F\n003=F|F|F|F|F\n004=100|0|F|0|F\n005=500|F|F|"
     "F|F\n";
 constexpr const char* kLinks = "[E1Map]\nMax=10\nNow=10\n01=001|002|1\n02=001|F|0\n03=002|003|2\n";
-constexpr const char* kPorts =
+constexpr const char* kE1Ports =
     "[Port_Def]\nMax=500\nNow=500\n001=1|1|6|F|F|F|02|003|F\n002=1|2|6|F|F|F|001|000|F\n003=1|3|6\n004=2|1|"
     "2\n";
 
 TEST(FrmRouteMap, SavesEveryRowInOrder) {
-  EditorBench bench(
-      std::string(kLists) +
-      "[Route_Map_Digit]\n001=9|7|04|5|300\n002=1X|0|101|F\n003=F|F|F|F|F\n004=20|1|07|1|255\n");
-  EXPECT_THAT(bench.Run("frmRouteMap", "list cmbMask2\ngo 5 Digit\ntype 3\n"),
-              ElementsAre("Extension", "List 1", "List 3", "List 6"));
-  EXPECT_THAT(bench.Go("click cmdOK\n"), IsEmpty());
-  bench.ExpectKeys(
-      "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is offered no more
-      "003=20|1|07|1|255\n004=1X|0|101|F|0\n200=F|F|F|F|0\n");
+  ExpectEdit("frmRouteMap",
+             std::string(kLists) +
+                 "[Route_Map_Digit]\n001=9|7|04|5|300\n002=1X|0|101|F\n003=F|F|F|F|F\n004=20|1|07|1|255\n",
+             "list cmbMask2\ngo 5 Digit\ntype 3\nclick cmdOK\n", "Extension\nList 1\nList 3\nList 6",
+             "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is offered no more
+             "003=20|1|07|1|255\n004=1X|0|101|F|0\n200=F|F|F|F|0\n");
 }
 
 TEST(FrmRouteMap, BlanksStandLastBothWays) {
@@ -38,17 +32,16 @@ TEST(FrmRouteMap, BlanksStandLastBothWays) {
 }
 
 TEST(FrmIncomingLst, ASaveSortsAndThePortsFollow) {
-  EditorBench bench(std::string(kNumbers) + kPorts +
-                    "[Incoming_List]\nMax=50\nNow=50\n01=Zoo|004|1000|F|5\n02=Bar|002|2000|3000|F\n"
-                    "03=F|003|F|F|254\n04=Abc|005|499|F|F\n");
-  EXPECT_THAT(bench.Run("frmIncomingLst", "list cmbMask\ngo 5 Name\ntype Cafe\n"),
-              ElementsAre("100", "200", "100", "DID", "Map_Digit", "Wait_Comp"));
-  bench.Go("select 2 1 2 5\nclick mnu_cut\nclick cmdOK\n");
-  bench.ExpectKeys(
-      "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but there
-      "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
-      "-04\n05=F|F|F|F|254\n"                   // what it pointed at has no number
-      "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
+  ExpectEdit("frmIncomingLst",
+             std::string(kNumbers) + kE1Ports +
+                 "[Incoming_List]\nMax=50\nNow=50\n01=Zoo|004|1000|F|5\n02=Bar|002|2000|3000|F\n"
+                 "03=F|003|F|F|254\n04=Abc|005|499|F|F\n",
+             "list cmbMask\ngo 5 Name\ntype Cafe\nselect 2 1 2 5\nclick mnu_cut\nclick cmdOK\n",
+             "100\n200\n100\nDID\nMap_Digit\nWait_Comp",
+             "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but there
+             "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
+             "-04\n05=F|F|F|F|254\n"                   // what it pointed at has no number
+             "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
 }
 
 TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
@@ -60,32 +53,32 @@ TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
 }
 
 TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
-  EditorBench bench(
-      std::string(kPorts) + kLinks +
-      "[E1Number]\n01=1|12|3\n02=03|5|F\n[DIDRedirect]\n001=1|10|20|3|F\n002=3|1|2|F|F\n003=5|1|2|F|F\n");
-  EXPECT_THAT(bench.Run("frmE1Map", "list cmbMask\ngo 1 Mode\npick \"Network Link\"\nclick mnu_Sort_ZA\n"),
-              ElementsAre("1/1", "1/2", "1/3"));
-  bench.Go("go 2 Start\npress Delete\ngo 2 End\npress Delete\nclick cmdOK\n");
-  bench.ExpectKeys(
+  ExpectEdit(
+      "frmE1Map",
+      std::string(kE1Ports) + kLinks +
+          "[E1Number]\n01=1|12|3\n02=03|5|F\n[DIDRedirect]\n001=1|10|20|3|F\n002=3|1|2|F|F\n003=5|1|2|F|F\n",
+      "list cmbMask\ngo 1 Mode\npick \"Network Link\"\nclick mnu_Sort_ZA\n"
+      "go 2 Start\npress Delete\ngo 2 End\npress Delete\nclick cmdOK\n",
+      "1/1\n1/2\n1/3",
       "[E1Map]\n01=002|003|2\n02=F|F|3\n10=F|F|0\nNow=10\n[E1Number]\n01=F|12|3\n02=01|5|F\n"
       "[DIDRedirect]\n001=F|10|20|3|F\n002=1|1|2|F|F\n003=5|1|2|F|F\n");  // that link had been empty before
 }
 
 TEST(FrmE1Numbering, OffersLinksWithBothPortsAndWritesEveryRow) {
-  EditorBench bench(std::string(kPorts) + kLinks + "[E1Number]\n02=3|5|18\n");
-  EXPECT_THAT(bench.Run("frmE1Numbering", "go 1 1\nlist cmbMask\npick 1\nclick cmdOK\n"),
-              ElementsAre("1", "3"));
-  bench.ExpectKeys("[E1Number]\n01=01|F|F\n02=03|5|18\n20=F|F|F\n");
+  ExpectEdit("frmE1Numbering", std::string(kE1Ports) + kLinks + "[E1Number]\n02=3|5|18\n",
+             "go 1 1\nlist cmbMask\npick 1\nclick cmdOK\n", "1\n3",
+             "[E1Number]\n01=01|F|F\n02=03|5|18\n20=F|F|F\n");
 }
 
 TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
   EditorBench bench(
-      std::string(kLists) + kNumbers + kPorts + kLinks +
+      std::string(kLists) + kNumbers + kE1Ports + kLinks +
       "[DIDRedirect]\n001=1|1|2|1|03\n002=9|3|4|0|004\n003=1|5|6|4|F\n004=1|7|8|1|02\n005=F|F|F|7|01\n");
-  EXPECT_THAT(bench.Run("frmDIDRedirect", "go 1 5\nlist cmbMask3\n"),
-              ElementsAre("List 1", "List 3", "List 6"));
-  EXPECT_THAT(bench.Go("go 2 5\nlist cmbMask3\n"), ElementsAre("100", "200", "100", "500"));
-  bench.Go("go 1 \"Map Type\"\npick \"Not Exist\"\ngo 3 4\npick Number\ngo 3 5\npick 500\nclick cmdOK\n");
+  EXPECT_THAT(
+      bench.Run("frmDIDRedirect",
+                "go 1 5\nlist cmbMask3\ngo 2 5\nlist cmbMask3\ngo 1 \"Map Type\"\npick \"Not Exist\"\n"
+                "go 3 4\npick Number\ngo 3 5\npick 500\nclick cmdOK\n"),
+      ElementsAre("List 1", "List 3", "List 6", "100", "200", "100", "500"));
   bench.ExpectKeys(
       "[DIDRedirect]\n001=1|1|2|3|F\n002=9|3|4|0|004\n"  // the second of two equal numbers
       "003=1|5|6|0|005\n004=1|7|8|1|02\n"                // a list without routes
@@ -96,12 +89,91 @@ TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
 }
 
 TEST(FrmSetRoute, SelectsByTextAndWritesEveryRow) {
-  EditorBench bench("[TblRoute]\nPID=3\nGW=15\n01=0|1\n02=A|B\n03=4|F\n");
-  EXPECT_THAT(bench.Run("frmSetRoute", "value cmbPID\nvalue cmbGW\ngo 3 Device\npick 0\nclick cmdOK\n"),
-              ElementsAre("3", "15"));
-  bench.ExpectKeys("[TblRoute]\nPID=3\nGW=15\n01=F|1\n02=A|B\n03=4|0\n16=F|F\n");
-  EditorBench none("[TblRoute]\nPID=99\n");
-  EXPECT_THAT(none.Run("frmSetRoute", "value cmbPID\nvalue cmbGW\n"), ElementsAre("0", "1"));
+  ExpectEdit("frmSetRoute", "[TblRoute]\nPID=3\nGW=15\n01=0|1\n02=A|B\n03=4|F\n",
+             "value cmbPID\nvalue cmbGW\ngo 3 Device\npick 0\nclick cmdOK\n", "3\n15",
+             "[TblRoute]\nPID=3\nGW=15\n01=F|1\n02=A|B\n03=4|0\n16=F|F\n");
+  ExpectEdit("frmSetRoute", "[TblRoute]\nPID=99\n", "value cmbPID\nvalue cmbGW\n", "0\n1", "");
+}
+
+constexpr const char* kSelectAll = "select 1 1 40 9\nclick mnu_cut\n";
+
+std::string Lists(const std::vector<int>& ends) {
+  std::string text = "[Route_List]\nMax=50\n";
+  int list = 0;
+  for (const int end : ends) {
+    ++list;
+    text += (list < 10 ? "0" : "") + std::to_string(list) + "=" + std::to_string(end) + "\n";
+  }
+  return text;
+}
+
+constexpr const char* kRoutes =
+    "[Route]\nMax=200\n001=02|1|0|F|F|F|F|1|1\n002=01|0|2|9|12|0800|1759|P1|N\n003=02|F|0|F|F|F|F|3|3\n"
+    "004=F|F|0|F|F|F|F|4|4\n[Group_Out]\nMax=32\n01=001\n02=002|003\n03=\n";
+
+/** Type Send of the routes that the table shows. */
+std::vector<std::string> Shown(EditorBench& bench) {
+  std::vector<std::string> shown;
+  for (int row = 1; row <= bench.editor->table()->rows(); ++row) {
+    if (!bench.editor->table()->IsBlank(row)) shown.push_back(bench.editor->table()->Cell(row, 8));
+  }
+  return shown;
+}
+
+TEST(FrmRoute, UnpacksTheListsAndPacksThemInOrder) {
+  EditorBench bench(Lists({0, 3, 3, 5}) + kRoutes);
+  EXPECT_THAT(bench.Run("frmRoute", "list cmbMask\n"), ElementsAre("Group Out 1", "Group Out 2"));
+  EXPECT_THAT(Shown(bench), IsEmpty());
+  bench.Go("click lsRoute(1)\n");
+  EXPECT_THAT(Shown(bench), ElementsAre("1", "P1"));
+  bench.Go("go 3 8\ntype 7\nclick lsRoute(0)\ngo 1 Group\npick \"Group Out 2\"\nclick cmdOK\n");
+  bench.ExpectKeys(
+      "[Route]\n001=02|F|0|F|F|F|F|F|F\n002=01|0|2|9|12|0800|1759|P1|N\n"  // sorted by group when it was left
+      "003=02|1|0|F|F|F|F|1|1\n004=F|F|0|F|F|F|F|7|F\n"  // without a group it stands last, and stays
+      "005=02|F|0|F|F|F|F|3|3\n006=F|F|0|F|F|F|F|4|4\n[Route_List]\n01=2\n02=5\n50=7\n");
+}
+
+TEST(FrmRoute, ABlankRowInFrontOfOneWithoutAGroupLosesNothing) {
+  ExpectEdit("frmRoute", Lists({4}) + kRoutes,
+             "select 1 1 1 9\nclick mnu_cut\nclick cmdSort\ngo 3 1\npress Delete\ngo 3 2\npress Delete\n"
+             "click cmdOK\n",
+             "", "[Route_List]\n01=3\n[Route]\n-003\n");
+}
+
+TEST(FrmRoute, AListThatIsEmptyIsNamedNoMore) {
+  EditorBench bench(Lists({3, 5}) + kRoutes +
+                    "[Route_Map_Digit]\n001=1|F|02|F|0\n002=2|F|101|F|0\n003=3|F|01|F\n"
+                    "[DIDRedirect]\n001=1|1|2|1|02\n002=1|3|4|0|002\n");
+  bench.Run("frmRoute", std::string("click lsRoute(1)\n") + kSelectAll + "click cmdOK\n");
+  bench.ExpectKeys(
+      "[Route_List]\n02=3\n[Route_Map_Digit]\n001=1|F|F|F|0\n002=2|F|101|F|0\n003=3|F|01|F\n"
+      "[DIDRedirect]\n001=1|1|2|1|F\n002=1|3|4|0|002\n[Route]\n-003\n");
+  bench.Run("frmRoute", kSelectAll + std::string("click cmdOK\n"));
+  bench.ExpectKeys("[Route_List]\n01=0\n50=0\n");
+}
+
+TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
+  std::string project = Lists({46}) + "[Route]\nMax=40\n";
+  for (int route = 1; route <= 45; ++route)
+    project += (route < 10 ? "00" : "0") + std::to_string(route) + "=01|0|0|F|F|F|F|" +
+               std::to_string(route) + "|F\n";
+  EditorBench bench(project + "210=01|0|0|F|F|F|F|9|F\n");
+  bench.Run("frmRoute", "click lsRoute(2)\ngo 1 8\ntype 5\nclick lsRoute(0)\n");
+  EXPECT_EQ(bench.editor->table()->rows(), 45);
+  bench.Go("click mnu_insert_row\nclick cmdOK\n");  // there is no room for another row
+  EXPECT_EQ(bench.lines, std::vector<std::string>{"box: Over limit data you cannot add. "});
+  bench.ExpectKeys("[Route_List]\n01=46\n[Route]\n045=01|0|0|F|F|F|F|45|F\n-210\n");
+}
+
+TEST(FrmRoute, EndsOfAnyKindAreReadAsFarAsTheyGo) {
+  // The ends, and Type Send of the second list.
+  const std::pair<std::vector<int>, std::vector<std::string>> cases[] = {
+      {{5, 3}, {}}, {{3, 0}, {}}, {{3, 2000000000}, {"3", "4"}}, {{-4, 3}, {"1", "P1"}}};
+  for (const auto& [ends, second] : cases) {
+    EditorBench bench(Lists(ends) + kRoutes);
+    bench.Run("frmRoute", "click lsRoute(1)\n");
+    EXPECT_EQ(Shown(bench), second);
+  }
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
+// Single values, the times of the week and the holidays.
+
 #include "sections/system/mini_bar.h"
 #include "sections/system/pbx_ip.h"
 #include "sections/system/run_script.h"
 #include "sections/system/system_numbers.h"
+#include "sections/system/system_times.h"
+#include "tests/sections/record_case.h"
 #include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
@@ -21,16 +25,11 @@ TEST(SystemKeys, Images) {
       {EncodeRecordNumber, 3, "[SystemConfig]\nRecNum=F", "00*3"},
       {EncodeCardPortVM, 2, "", "FF FF"},
       {EncodeCardPortVM, 2, "[SystemConfig]\nCard=13\nPort=F", "0D FF"},
-      {EncodeCardPortVM, 2, "[SystemConfig]\nport=256",
-       "section SystemConfig, row port, field Port: value 256" + kTooLarge},
       {EncodeRunScript, 40, "", "FF*40"},
       {EncodeRunScript, 40, "[RunScript]\ndata=1|510|F|0|x|256|65535|9",
        "00 00 FD 01 FF*6 FF 00 FE FF FF*26"},
-      {EncodeRunScript, 40, "[RunScript]\nData=F|65536",
-       "section RunScript, row Data, field Help: value 65536" + kTooLarge},
       {EncodePbxIp, 6, "", "00*6"},
       {EncodePbxIp, 6, "[IP]\nIP=192|168|10|254|\nMAC=1a|F|", "0F 1A C0 A8 0A FE"},
-      {EncodePbxIp, 6, "[IP]\nIP=1|256", "section IP, row IP, field IP 2: value 256" + kTooLarge},
       {EncodePbxIp, 6, "[IP]\nMAC=100|1", "section IP, row MAC, field MAC 1: value 100" + kTooLarge},
       {EncodeFirstItem, 32, "", "00*32"},
       {EncodeFirstItem, 32, "[MINIBAR]\n001=Cola 0.3|9999|", "43 6F 6C 61 20 30 2E 33 00*12 0F 27 00*10"},
@@ -68,6 +67,49 @@ TEST(SystemKeys, MiniBarRecordsOfAnExchange) {
     DecodeMiniBarRecord(name, price, 512, edit);
     EXPECT_EQ(edit.Bytes(), "[MiniBar]\n511=A|1|\n" + (row.empty() ? row : "512=" + row + "\n"));
   }
+}
+
+TEST(SystemTimes, ImageOfWeekdays) {
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"", "00*16", "00*16"},
+      {"Mon=0800|1730", "00*4 08 00 00*10", "00*4 17 30 00*10"},
+      {"Sun=2359|0001\nSat=1200|1234", "00 00 23 59 00*10 12 00", "00 00 00 01 00*10 12 34"},
+      // Short times are taken as they come; one that is not there is 0, "F" is unset.
+      {"Sun=800|2\nMon=0800\nTue=F|F", "00 00 80 00 08 00 FF FF 00*8", "00 00 02 02 00 00 FF FF 00*8"},
+      {"Sun=zz9a|12:30", "00 00 00 9A 00*12", "00 00 12 30 00*12"},
+  };
+  for (const auto& [keys, day, night] : cases) {
+    const std::string project = "[systemconfig]\n" + keys + "\n";
+    EXPECT_EQ(Encoded(EncodeDayTime, 16, project).bytes(), Hex(day)) << keys;
+    EXPECT_EQ(Encoded(EncodeNightTime, 16, project).bytes(), Hex(night)) << keys;
+  }
+}
+
+TEST(SystemTimes, DayThenNightMerge) {
+  const IniText day =
+      Decoded(DecodeDayTime, Hex("11 22 23 59 08 05 FF 0A 00*8"), "[SystemConfig]\nMon=0700|2200\nPbx=1\n");
+  ExpectKeys(day, "[SystemConfig]\nSun=2359\nMon=0805\nTue=FF0A\nSat=0000\nPbx=1\n");
+  const IniText both = Decoded(DecodeNightTime, Hex("00 00 17 30 18"), day.bytes());
+  ExpectKeys(both, "[SystemConfig]\nSun=2359|1730\nMon=0805|1800\nSat=0000|0000\n");
+  ExpectKeys(Decoded(DecodeNightTime, Hex("00 00 17 30")), "[SystemConfig]\nSun=0000|1730\n");
+  ExpectKeys(Decoded(DecodeNightTime, Hex("00 00 19"), both.bytes()), "[SystemConfig]\nSun=2359|1900\n");
+}
+
+TEST(SystemTimes, HolidaysGoOutHexadecimalAndComeBackDecimal) {
+  ExpectCoded({EncodeWeekend, DecodeWeekend, "SystemConfig", "W50", 100, 98, "[SystemConfig]\nW51=1|1\n"},
+              {{"", "00 00", kOut},
+               {kEmpty, "00 00", kBack},
+               {"12|25", "25 12", kOut},
+               {"18|37", "25 12", kBack},
+               {"F|05", "05 FF"},
+               {"11", "FF 11", kOut},
+               {"01|01", "01 01"},
+               {"09|00", "00 09"},
+               {kEmpty, "FF FF", kBack},
+               {"x|1F", "1F 00", kOut},
+               {"12|123", "Day: value 123" + kTooLarge}});
+  ExpectKeys(Decoded(DecodeWeekend, Hex("25 12"), "[SystemConfig]\nW04=12|25\n"),
+             "[SystemConfig]\nW01=18|37\nW04=\n");
 }
 
 }  // namespace

@@ -1,9 +1,36 @@
-#include "sections/system/billing_mode.h"
+// The modes of the exchange and of its billing.
 
+#include "sections/system/billing_mode.h"
+#include "sections/system/pabx_mode.h"
+#include "tests/sections/record_case.h"
 #include "tests/sections/wire_case.h"
 
 namespace tarvok::test {
 namespace {
+
+TEST(PabxMode, ValuesAndImages) {
+  ExpectCoded(
+      {EncodePabxMode, DecodePabxMode, "SystemConfig", "Pbx", 20, 0},
+      {{"", "00*11 FF*9", kOut},
+       // Each field with a value of its own shows that none stands in its order and that the seventh is left
+       // out.
+       {"1|2|3|4|5|6|7|8|9|10|1|1|1|1|1|0|500|1|1|20",
+        "00 01 02 09 04 03 05 06 14 08 0A 01 01 01 02 01 F3 01 01 01", kOut},
+       {"1|2|3|4|5|6|20|8|9|10|11|12|13|0|15|1|0|1|0|0",
+        "63 01 02 09 04 03 05 06 14 08 0A 0B 0C 0D 00 0F 00 00 01 02", kBack},
+       {"F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F", "00*16 FF FF 00 00", kOut},
+       {"0|0|0|0|0|0|1|0|0|F|2|2|2|1|2|1|0|2|01|0", "00*14 01 00 FF FF 00 01", kOut},
+       {"0|0|0|0|0|0|1|0|0|0|0|0|0|1|0|1|0|0|1|1", "00*8 01 00*5 01 00 05 00 00 01", kBack},
+       {"0|0|0|0|0|0|0|0|0|254|0|0|0|1|0|F|001|0|0|0", "00*10 FE 00*3 01 00 00 00 00 00", kOut},
+       {"0|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|001|0|0|0", "00*14 02 00 00 00 00 00", kBack},
+       {"0|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|500|0|0|0", "00*14 02 00 F3 01 00 00", kBack},
+       {"0|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|0|0|0|0", "00*14 02 00 F4 01 00 00", kBack},
+       {"1", "00 01 00*14 FF FF 00 00", kOut},
+       {"F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|1|0|0|0|0", "FF*20", kBack},
+       {"0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|0|0", "00*20", kBack},
+       {"256", "Auto Print Call Record: value 256" + kTooLarge},
+       {"0|-1", "Check Credit: value -1" + kNegative}});
+}
 
 const std::pair<Encoder, Decoder> kForms[] = {
     {EncodeBilling1, DecodeBilling1}, {EncodeBilling2, DecodeBilling2}, {EncodeBilling3, DecodeBilling3}};
@@ -40,16 +67,13 @@ TEST(BillingMode, Images) {
 }
 
 TEST(BillingMode, Errors) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"Billing=65536", "Billing, field Local Code: value 65536" + kTooLarge},
-      {"Billing=1|0|0|0|0|655.36", "Billing, field Long Distance Charge %: value 655.36" + kTooLarge},
-      {"Billing=1|0|0|0|0|0|0|-1", "Billing, field Mobile Charge %: value -1" + kNegative},
-      {"Billing=1|0|0|0|0|0|0|0|256", "Billing, field Long Distance Charge: value 256" + kTooLarge},
-      {"Billing=1|0|0|0|0|0|0|0|0|0|0|0|0|0|700", "Billing, field Charge Expand: value 700" + kTooLarge},
-      {"Billing=1\nCCode=256", "CCode, field Country: value 256" + kTooLarge},
-  };
-  for (const auto& [keys, error] : cases)
-    ExpectImage(EncodeBilling3, 40, "[SystemConfig]\n" + keys, 0, "section SystemConfig, row " + error);
+  ExpectCoded({EncodeBilling3, DecodeBilling3, "SystemConfig", "Billing", 40, 0},
+              {{"65536", "Local Code: value 65536" + kTooLarge},
+               {"1|0|0|0|0|655.36", "Long Distance Charge %: value 655.36" + kTooLarge},
+               {"1|0|0|0|0|0|0|-1", "Mobile Charge %: value -1" + kNegative},
+               {"1|0|0|0|0|0|0|0|256", "Long Distance Charge: value 256" + kTooLarge}});
+  ExpectImage(EncodeBilling3, 40, "[SystemConfig]\nBilling=1\nCCode=256", 0,
+              "section SystemConfig, row CCode, field Country: value 256" + kTooLarge);
 }
 
 TEST(BillingMode, ValuesOfAnImage) {
@@ -78,9 +102,8 @@ TEST(BillingMode, ValuesOfAnImage) {
     for (std::size_t form = 0; form < 3; ++form) {
       const IniText project =
           Decoded(kForms[form].second, Hex(c.image), "[SystemConfig]\nCCode=001\nPbx=1\n");
-      EXPECT_EQ(project.Get("SystemConfig", "Billing"), c.values[form]) << c.image << " in form " << form + 1;
-      EXPECT_EQ(project.Get("SystemConfig", "CCode"), c.country);
-      EXPECT_EQ(project.Keys("SystemConfig").size(), 3U);
+      SCOPED_TRACE(c.image + " in form " + std::to_string(form + 1));
+      ExpectKeys(project, "[SystemConfig]\nPbx=1\nBilling=" + c.values[form] + "\nCCode=" + c.country + "\n");
     }
   }
 }
