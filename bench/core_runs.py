@@ -62,4 +62,5 @@ def rows(bench):
                       at_most=most)
     loop = found["round/loopback/iterations:5000"]
     yield Row("a round on loopback TCP, median", loop["ours_us"], "blocking calls", loop["floor_us"], "us")
-    yield Row("our part of it", loop["ours_us"] - loop["floor_us"], "the limit set", 100, "us", at_most=1)
+    # Often none: a loop that polls is woken sooner than a blocking call.
+    yield Row("what it takes beyond them", max(0, loop["ours_us"] - loop["floor_us"]), "the limit set", 100, "us", at_most=1)
