@@ -37,10 +37,11 @@ class Programs(unittest.TestCase):
         self.assertEqual(ready[:1], ["ready"], ready)
         return dict(word.split("=", 1) for word in ready[1:])
 
-    def wait_for(self, path):
+    def wait_for(self, path, content=None):
         """The exchange writes shortly after it answered."""
-        for _ in range(100):
-            if path.exists() and path.stat().st_size > 0:
+        for _ in range(200):
+            written = path.read_bytes().strip() if path.exists() else b""
+            if written and content in (None, written):
                 return
             time.sleep(0.05)
         self.fail(f"{path.name} was not written")
@@ -77,8 +78,8 @@ class Programs(unittest.TestCase):
         for by, name in ((4, "lan"), (3, "lan-serial"), (0, "server")):
             host, port = addresses[name].rsplit(":", 1)
             self.transfer(self.project(By=by, IPHost=host, IPPort=port))
+        self.wait_for(self.work / "exchange" / "mode", b"0")
         self.assertEqual((self.work / "exchange" / "04.bin").stat().st_size, 27500)
-        self.assertEqual((self.work / "exchange" / "mode").read_text().strip(), "0")
 
     def test_serial_and_modem(self):
         line, modem = self.work / "line", self.work / "modem"
