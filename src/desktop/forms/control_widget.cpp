@@ -19,6 +19,8 @@
 namespace tarvok {
 namespace {
 
+constexpr int kBesideCaption = 24;  // of a button, both sides together
+
 /** What all of them share. */
 template <typename Made>
 class Bound : public ControlWidget {
@@ -72,8 +74,12 @@ class Button : public Bound<QPushButton> {
 
  protected:
   void Show() override {
-    made_->setText(Letters(control_.caption));
     made_->setToolTip(Letters(control_.tip));
+    const QString caption = Letters(control_.caption);
+    if (caption == made_->text()) return;
+    made_->setText(caption);
+    // The style leaves a caption of its widest no room beside it.
+    made_->setMinimumWidth(made_->fontMetrics().size(Qt::TextShowMnemonic, caption).width() + kBesideCaption);
   }
 };
 
