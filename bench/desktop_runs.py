@@ -11,6 +11,7 @@ from line_runs import HOTEL
 from table import Row
 
 RUNS = 15
+COMMAND_RUNS = 9
 
 
 def new_home(bench):
@@ -70,18 +71,16 @@ def start_rows(bench, project):
 
 
 def command_rows(bench, project):
-    home, found = new_home(bench), {}
-    painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")  # keeps what a first run keeps, such as widths
-    for _ in range(3):
-        _, lines = painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")
-        for kind, time_us, size, *name in (line for line in lines if line[0] in ("command", "table")):
-            found.setdefault((kind, size, " ".join(name)), []).append(int(time_us) / 1000)
-    sizes = sorted({size for kind, size, _ in found if kind == "command" and size != "0x0"})
-    plain = {}
-    for _ in range(3):
-        _, lines = painted(home, bench, "plain_window", *sizes, BENCH_COMMANDS="1")
-        for kind, time_us, size, *_ in (line for line in lines if line[0] in ("command", "table")):
-            plain.setdefault((kind, size), []).append(int(time_us) / 1000)
+    home, found, plain = new_home(bench), {}, {}
+    # The first run keeps what a first run keeps, such as widths, and tells the tables' sizes.
+    _, lines = painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")
+    sizes = sorted({line[2] for line in lines if line[0] == "command" and line[2] != "0x0"})
+    for _ in range(COMMAND_RUNS):  # in turns, as above
+        for runs, program in ((found, ("tarvok-setup", project)), (plain, ("plain_window", *sizes))):
+            _, lines = painted(home, bench, *program, BENCH_COMMANDS="1")
+            for kind, time_us, size, *name in (line for line in lines if line[0] in ("command", "table")):
+                key = (kind, size) if runs is plain else (kind, size, " ".join(name))
+                runs.setdefault(key, []).append(int(time_us) / 1000)
     for (kind, size, name), times in found.items():
         ours = statistics.median(times)
         if kind == "table":
