@@ -71,7 +71,7 @@ void Transfer::OnSecond() {
   // The wait for the rest of a section has no end of its own: a byte that got lost holds it up as a dead line does.
   if (pace_->FallsSilent(BytesThrough(), now_ms)) {
     parts_.view.Advise(
-        "Nothing comes any more, and the rest may be lost. If it stays so, give up and begin again.");
+        "Nothing came for 15 seconds. If that lasts, the rest may be lost: give up and begin again.");
   }
 }
 
