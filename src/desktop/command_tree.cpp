@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include "desktop/colours.h"
+#include "desktop/line_delegate.h"
 #include "desktop/shown_text.h"
 
 namespace tarvok {
@@ -22,6 +23,7 @@ CommandTree::CommandTree(NodeHandler on_node) : on_node_(std::move(on_node)) {
   setUniformRowHeights(true);
   setExpandsOnDoubleClick(false);
   setIndentation(14);
+  setItemDelegate(new LineDelegate(this));
   constexpr int kAir = 6;
   row_height_ = fontMetrics().height() + kAir;
   connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { on_node_(NodeOf(item)); });

@@ -7,6 +7,7 @@
 
 #include "desktop/headings.h"
 #include "desktop/last_transfer.h"
+#include "desktop/line_delegate.h"
 #include "desktop/overview_pane.h"
 #include "desktop/shown_text.h"
 #include "sections/places.h"
@@ -72,6 +73,7 @@ QWidget* OverviewPane::MakeFindings() {
   findings_->setObjectName(QStringLiteral("Findings"));
   findings_->setAccessibleName(QStringLiteral("Findings of the check"));
   findings_->setUniformItemSizes(true);
+  findings_->setItemDelegate(new LineDelegate(findings_));
   connect(findings_, &QListWidget::itemActivated, this,
           [this](const QListWidgetItem* item) { GoToFinding(item); });
   auto* box = new QWidget;

@@ -1,7 +1,6 @@
 #include "desktop/forms/cell_delegate.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPainter>
@@ -9,6 +8,7 @@
 
 #include "desktop/colours.h"
 #include "desktop/forms/rule_filter.h"
+#include "desktop/line_delegate.h"
 
 namespace tarvok {
 namespace {
@@ -24,16 +24,6 @@ class CellCombo : public QComboBox {
     if (!isEditable()) QTimer::singleShot(0, this, &QComboBox::showPopup);
   }
 };
-
-/** One line of text, with dots where it is too long: laid out once, where Qt's delegate does so three times. */
-void PaintText(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics) {
-  if (text.isEmpty()) return;
-  const bool fits =
-      text.size() * metrics.maxWidth() <= room.width() || metrics.horizontalAdvance(text) <= room.width();
-  const int base = room.top() + (room.height() - metrics.height() + 1) / 2 + metrics.ascent();
-  painter.drawText(QPoint(room.left(), base),
-                   fits ? text : metrics.elidedText(text, Qt::ElideRight, room.width()));
-}
 
 }  // namespace
 
@@ -98,9 +88,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QPalette& palette = option.palette;
   const bool open = model_.IsOpen(index);
   const bool marked = option.state.testFlag(QStyle::State_Selected) && !open;
-  const QPalette::ColorGroup group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
-                                     : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
-                                                                                   : QPalette::Inactive;
+  const QPalette::ColorGroup group = GroupOf(option);
   QRect cell = option.rect;
   // The grid as rectangles: Qt's own lays its lines dot by dot, and cannot be seen on a dark ground.
   const QColor line = Mix(palette.color(QPalette::Text), palette.color(QPalette::Base), 20);
@@ -115,13 +103,12 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool current = index.row() + 1 == model_.table().current_row() &&
                        index.column() + 1 == model_.table().current_column();
   const QString text = index.data().toString();
-  const int margin = QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-  const QRect room = cell.adjusted(margin, 0, -margin, 0);
+  const QRect room = cell.adjusted(TextMargin(), 0, -TextMargin(), 0);
   const QPalette::ColorRole letters = marked                      ? QPalette::HighlightedText
                                       : entry == Entry::kReadOnly ? QPalette::PlaceholderText
                                                                   : QPalette::Text;
   painter->setPen(palette.color(group, letters));
-  PaintText(*painter, room, text, option.fontMetrics);
+  PaintLine(*painter, room, text, option.fontMetrics);
   if (!current) return;
   if (open || (option.state.testFlag(QStyle::State_HasFocus) && entry == Entry::kText)) {
     const int x = room.left() + option.fontMetrics.horizontalAdvance(text) + 1;

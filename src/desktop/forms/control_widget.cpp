@@ -15,6 +15,7 @@
 #include <QTabBar>
 
 #include "desktop/forms/rule_filter.h"
+#include "desktop/line_delegate.h"
 
 namespace tarvok {
 namespace {
@@ -160,6 +161,7 @@ class ListBox : public BoundList<QListWidget> {
     made_->setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection
                                          : QAbstractItemView::SingleSelection);
     made_->setAlternatingRowColors(true);
+    made_->setItemDelegate(new LineDelegate(made_));
     int widest = 0;
     for (const std::string& entry : control.entries)
       widest = std::max(widest, made_->fontMetrics().horizontalAdvance(Letters(entry)));
