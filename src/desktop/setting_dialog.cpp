@@ -8,6 +8,7 @@
 
 #include "desktop/boxes.h"
 #include "desktop/character_filter.h"
+#include "desktop/group_frame.h"
 #include "desktop/help.h"
 #include "desktop/shown_text.h"
 #include "store/number_text.h"
@@ -72,7 +73,7 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
 }
 
 QWidget* SettingDialog::MakeWays() {
-  auto* group = new QGroupBox(QStringLiteral("Connection"));
+  auto* group = new GroupFrame(QStringLiteral("Connection"));
   auto* layout = new QVBoxLayout(group);
   for (const int way : kWayOrder) {
     auto* option = new QRadioButton(QString::fromLatin1(kWayTexts[way]));
@@ -93,7 +94,7 @@ QWidget* SettingDialog::MakeWayFrames() {
 }
 
 QWidget* SettingDialog::MakeSerialFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Serial"));
+  auto* frame = new GroupFrame(QStringLiteral("Serial"));
   frame->setObjectName(QStringLiteral("fraSettingSerial"));
   serial_ = new SerialPortChoice(QStringLiteral("cmbPort"), parts_.settings);
   speed_ = new QComboBox;
@@ -110,7 +111,7 @@ QWidget* SettingDialog::MakeSerialFrame() {
 }
 
 QWidget* SettingDialog::MakeModemFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Modem"));
+  auto* frame = new GroupFrame(QStringLiteral("Modem"));
   frame->setObjectName(QStringLiteral("fraSettingModem"));
   modem_ = new SerialPortChoice(QStringLiteral("cmbPortModem"), parts_.settings);
   txtTel_ = new QLineEdit;
@@ -123,7 +124,7 @@ QWidget* SettingDialog::MakeModemFrame() {
 }
 
 QWidget* SettingDialog::MakeServerFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Network"));
+  auto* frame = new GroupFrame(QStringLiteral("Network"));
   frame->setObjectName(QStringLiteral("fraSettingServer"));
   txtHost_ = new QLineEdit;
   txtHost_->setObjectName(QStringLiteral("txtHost"));
@@ -137,7 +138,7 @@ QWidget* SettingDialog::MakeServerFrame() {
 }
 
 QWidget* SettingDialog::MakeLink() {
-  auto* group = new QGroupBox(QStringLiteral("Exchange"));
+  auto* group = new GroupFrame(QStringLiteral("Exchange"));
   auto* layout = new QHBoxLayout(group);
   auto* options = new QVBoxLayout;
   for (std::size_t i = 0; i < Option2_.size(); ++i) {

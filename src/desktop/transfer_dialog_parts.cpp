@@ -2,7 +2,6 @@
 
 #include <QFontDatabase>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QVBoxLayout>

@@ -5,11 +5,11 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QTimer>
 
+#include "desktop/group_frame.h"
 #include "desktop/headings.h"
 #include "desktop/shown_text.h"
 
@@ -140,7 +140,7 @@ void FormView::AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::
 }
 
 QWidget* FormView::MakeGroup(const Layout& part) {
-  auto* group = new QGroupBox(Words(part.text));
+  auto* group = new GroupFrame(Words(part.text));
   Layout column = part;
   column.kind = Layout::Kind::kColumn;
   auto* frame = new QVBoxLayout(group);
