@@ -19,7 +19,8 @@ namespace tarvok {
 namespace {
 
 constexpr int kMargin = 24;
-constexpr double kLarge = 1.7;  // of the usual letters: the name of the project, and its counts
+constexpr double kLarge =
+    1.4;  // of the usual letters, for all that is large: each further size is a font to load
 
 /** What a count is called, the count in large letters, and what stands behind it. */
 QWidget* MakeTile(const QString& title, OverviewPane::Tile& shown) {
@@ -88,15 +89,15 @@ OverviewPane::OverviewPane(DesktopParts& parts, Commands commands)
   layout->addSpacing(8);
   layout->addWidget(MakeTiles());
   layout->addSpacing(16);
-  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Rack")), 1.2));
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Rack")), kLarge));
   layout->addWidget(rack_);
   layout->addWidget(rack_hint_);
   layout->addWidget(MakeLegend());
   layout->addSpacing(16);
-  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Connection")), 1.2));
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Connection")), kLarge));
   layout->addWidget(MakeConnection());
   layout->addSpacing(16);
-  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Check")), 1.2));
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Check")), kLarge));
   layout->addWidget(MakeFindings());
   layout->addStretch();
   setWidget(page);
