@@ -1,10 +1,12 @@
 #include "desktop/main_window.h"
 
+#include <chrono>
 #include <utility>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QTimer>
 
 #include "desktop/boxes.h"
 #include "desktop/help.h"
@@ -12,6 +14,11 @@
 #include "store/new_project.h"
 
 namespace tarvok {
+namespace {
+
+constexpr std::chrono::milliseconds kBehindThePaint{100};
+
+}  // namespace
 
 MainWindow::MainWindow(DesktopParts& parts) : parts_(parts), dialogs_(parts.settings), practice_(parts) {
   setObjectName(QStringLiteral("MDIForm1"));
@@ -42,6 +49,7 @@ void MainWindow::Show(const FrameLook& look) {
     overview_->ShowProject();
     pane_->setCurrentWidget(overview_);
   }
+  if (pane_->currentWidget() != closed_) DropClosed();
 }
 
 void MainWindow::ShowRecentFiles(const std::vector<std::string>& paths) {
@@ -107,13 +115,21 @@ void MainWindow::ShowInPane(QWidget* widget) {
   pane_->addWidget(widget);
   pane_->setCurrentWidget(widget);
   widget->setFocus(Qt::OtherFocusReason);
+  DropClosed();
 }
 
 void MainWindow::RemoveFromPane(QWidget* widget) {
-  const bool had_focus = widget->isAncestorOf(QApplication::focusWidget());
-  pane_->removeWidget(widget);
-  widget->hide();
-  if (had_focus) FocusTree();
+  DropClosed();
+  closed_ = widget;
+  if (widget->isAncestorOf(QApplication::focusWidget())) FocusTree();
+}
+
+void MainWindow::DropClosed() {
+  if (closed_ == nullptr) return;
+  // Inside the window its place would be painted once more when it dies.
+  closed_->setParent(&dying_);
+  QTimer::singleShot(kBehindThePaint, closed_.data(), &QObject::deleteLater);
+  closed_.clear();
 }
 
 void MainWindow::Help() {

@@ -8,6 +8,7 @@
 #include <QActionGroup>
 #include <QLabel>
 #include <QMainWindow>
+#include <QPointer>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTimer>
@@ -76,6 +77,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void ShowPractice();
   void UsePractice();
   void ConnectToPractice();
+  /** Takes the closed form's widget out of the pane, now that another is shown. */
+  void DropClosed();
   void RestoreLayout();
   void KeepLayout();
 
@@ -94,6 +97,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QSplitter* splitter_ = nullptr;
   CommandTree* tree_ = nullptr;
   QStackedWidget* pane_ = nullptr;
+  QPointer<QWidget> closed_;  // its form is closed; it is shown until another is
+  QWidget dying_;             // never shown
   StartPane* start_ = nullptr;
   OverviewPane* overview_ = nullptr;  // made for the first project
   FindDialog* find_ = nullptr;        // made when it is first asked for

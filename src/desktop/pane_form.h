@@ -15,24 +15,23 @@ namespace tarvok {
 class PaneHost {
  public:
   virtual ~PaneHost() = default;
-  /** The pane shows this widget, and owns it until it is removed. */
+  /** The pane shows this widget, and owns it. */
   virtual void ShowInPane(QWidget* widget) = 0;
+  /** The widget goes as soon as the pane shows another, and dies behind the paint of that, and so behind the event that
+   * closed its form: a button of its own may do that. */
   virtual void RemoveFromPane(QWidget* widget) = 0;
   /** Opens the form that edits a place of the project and shows it there; the form in the pane is saved and
    * goes. False if none does, or if the form in the pane stays. */
   virtual bool GoTo(const Place& place) = 0;
 };
 
-/** A child form made of a widget. The widget dies behind the event that closed the form, so that a button of
- * its own may do that. */
+/** A child form made of a widget. */
 class PaneForm : public Form {
  public:
   PaneForm(PaneHost& host, std::string name, QWidget* widget)
       : host_(host), name_(std::move(name)), widget_(widget) {}
   ~PaneForm() override {
-    if (widget_ == nullptr) return;
-    host_.RemoveFromPane(widget_);
-    widget_->deleteLater();
+    if (widget_ != nullptr) host_.RemoveFromPane(widget_);
   }
   PaneForm(const PaneForm&) = delete;
   PaneForm& operator=(const PaneForm&) = delete;

@@ -111,6 +111,12 @@ bool MainFrame::CloseOpenForm() {
 }
 
 bool MainFrame::CloseActiveForm(std::string_view name) {
+  const bool closed = LeaveForm(name);
+  if (closed) ShowLook(form_ != nullptr);
+  return closed;
+}
+
+bool MainFrame::LeaveForm(std::string_view name) {
   const std::string_view wanted = Trim(name);
   for (const Command& command : kCommands) {
     if (!command.closed_by_name || !SameName(command.recorded, wanted)) continue;
@@ -164,7 +170,9 @@ bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
 bool MainFrame::OpenForm(const Command& command) {
   const std::string active = parts_.state.ActiveFormName;
   if (active == command.CompareName()) return true;
-  if (!active.empty() && !CloseActiveForm(active)) return false;
+  // A modal form comes up over what is shown without one; an editor takes the place of the other at once.
+  const bool over = command.mode == ShowMode::kModal;
+  if (!active.empty() && !(over ? CloseActiveForm(active) : LeaveForm(active))) return false;
   ShowForm(command);
   return true;
 }
@@ -186,8 +194,9 @@ void MainFrame::ShowForm(const Command& command) {
   if (command.mode == ShowMode::kModal) {
     form_->Show();
     DropForm();
-  } else {
     ShowLook();
+  } else {
+    ShowLook(true);
     form_->Show();
   }
 }
@@ -195,16 +204,16 @@ void MainFrame::ShowForm(const Command& command) {
 void MainFrame::FormClosed() {
   if (parts_.state.PreviousNode != 0) parts_.view.Highlight(parts_.state.PreviousNode, false);
   DropForm();
+  ShowLook();
 }
 
 void MainFrame::DropForm() {
   const std::unique_ptr<Form> closed = std::move(form_);
   parts_.state.ActiveFormName.clear();
   parts_.state.DataChanged = false;
-  ShowLook();
 }
 
-void MainFrame::ShowLook() {
+void MainFrame::ShowLook(bool has_editor) {
   const SharedState& state = parts_.state;
   const bool open = !state.ProjectFile.empty();
   const std::string title(kFrameTitle);
@@ -212,7 +221,7 @@ void MainFrame::ShowLook() {
                     .has_commands = open,
                     .can_open = !open,
                     .can_close = open,
-                    .has_editor = form_ != nullptr});
+                    .has_editor = has_editor});
 }
 
 }  // namespace tarvok

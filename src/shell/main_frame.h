@@ -74,9 +74,11 @@ class MainFrame {
   bool OpenForm(const Command& command);
   void ShowForm(const Command& command);
   bool CloseOpenForm();
+  /** CloseActiveForm up to what is shown then. */
+  bool LeaveForm(std::string_view name);
   void FormClosed();
   void DropForm();
-  void ShowLook();
+  void ShowLook(bool has_editor = false);
 
   Parts parts_;
   std::unique_ptr<Form> form_;

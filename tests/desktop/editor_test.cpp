@@ -70,8 +70,13 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   ASSERT_NE(field, nullptr);
   QTest::keyClicks(field, "5x5");
+  const QPointer<EditorPage> left = desk.Find<EditorPage>("frmLinkTrunk");
+  const auto menus = desk.window->menuBar()->actions().size();
   desk.ClickCommand("dialphone");
   EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
+  EXPECT_EQ(desk.Find<EditorPage>("frmLinkTrunk"), nullptr);
+  EXPECT_EQ(desk.window->menuBar()->actions().size(), menus) << "one Table menu";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return left == nullptr; }));
   desk.ExpectKeys("[LinkTrunk]\n04=55\n");
 }
 

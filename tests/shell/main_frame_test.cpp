@@ -286,7 +286,10 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
   for (const char* key : {"connect", "minibarconnect"}) {
     Bench bench;
     bench.frame->OpenProject("/a.tvk");
+    bench.ClickKey("boss");
+    bench.Did();
     bench.while_modal = [&] {
+      EXPECT_EQ(bench.look, Project("/a.tvk")) << "the editor behind it is gone";
       bench.ClickKey("ext");
       bench.frame->OpenRecent(1);
       EXPECT_FALSE(bench.frame->Close());
@@ -295,7 +298,7 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
       EXPECT_NE(bench.state.ActiveFormName, "");
     };
     bench.ClickKey(key);
-    EXPECT_EQ(bench.did.size(), 2U) << key;  // loaded and gone, once each
+    EXPECT_EQ(bench.did.size(), 3U) << key;  // the editor gone, then loaded and gone, once each
     EXPECT_EQ(bench.look, Project("/a.tvk"));
     bench.ClickKey("ext");
     EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");

@@ -145,14 +145,12 @@ void EditorPage::hideEvent(QHideEvent* event) {
 
 namespace {
 
-/** An editor as the main frame sees it. The page goes behind the event that closed it. */
+/** An editor as the main frame sees it. */
 class EditorPaneForm : public Form {
  public:
   EditorPaneForm(PaneHost& host, EditorPage* page) : host_(host), page_(page) {}
   ~EditorPaneForm() override {
-    if (page_ == nullptr) return;
-    host_.RemoveFromPane(page_);
-    page_->deleteLater();
+    if (page_ != nullptr) host_.RemoveFromPane(page_);
   }
   EditorPaneForm(const EditorPaneForm&) = delete;
   EditorPaneForm& operator=(const EditorPaneForm&) = delete;
