@@ -1,14 +1,36 @@
 #include "desktop/line_delegate.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QStyle>
 
 namespace tarvok {
 
+namespace {
+
+bool IsLatin(const QString& text) {
+  return std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x100; });
+}
+
+/** No Latin letter is wider. */
+int WidestLetter(const QFontMetrics& metrics) {
+  return std::max(metrics.horizontalAdvance(QLatin1Char('W')), metrics.horizontalAdvance(QLatin1Char('@')));
+}
+
+}  // namespace
+
+int LineWidth(const QString& text, const QFontMetrics& metrics) {
+  if (!IsLatin(text)) return metrics.horizontalAdvance(text);
+  int width = 0;
+  for (const QChar letter : text) width += metrics.horizontalAdvance(letter);
+  return width;
+}
+
 void PaintLine(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics) {
   if (text.isEmpty()) return;
-  const bool fits =
-      text.size() * metrics.maxWidth() <= room.width() || metrics.horizontalAdvance(text) <= room.width();
+  const bool fits = (text.size() * WidestLetter(metrics) <= room.width() && IsLatin(text)) ||
+                    LineWidth(text, metrics) <= room.width();
   const int base = room.top() + (room.height() - metrics.height() + 1) / 2 + metrics.ascent();
   painter.drawText(QPoint(room.left(), base),
                    fits ? text : metrics.elidedText(text, Qt::ElideRight, room.width()));
@@ -47,7 +69,7 @@ QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   if (wanted.isValid()) return wanted.toSize();
   QStyleOptionViewItem item = option;
   initStyleOption(&item, index);
-  return {item.fontMetrics.horizontalAdvance(item.text) + 2 * TextMargin(), item.fontMetrics.height()};
+  return {LineWidth(item.text, item.fontMetrics) + 2 * TextMargin(), item.fontMetrics.height()};
 }
 
 }  // namespace tarvok

@@ -164,7 +164,7 @@ class ListBox : public BoundList<QListWidget> {
     made_->setItemDelegate(new LineDelegate(made_));
     int widest = 0;
     for (const std::string& entry : control.entries)
-      widest = std::max(widest, made_->fontMetrics().horizontalAdvance(Letters(entry)));
+      widest = std::max(widest, LineWidth(Letters(entry), made_->fontMetrics()));
     made_->setMinimumWidth(std::clamp(widest + 48, 120, 320));
     QObject::connect(made_, &QListWidget::itemSelectionChanged, made_, [this] { Chosen(); });
   }
