@@ -1,5 +1,5 @@
-// Any lines of keys and clicks on the form that the first line names: no editor falls over them, and none writes what
-// nobody could have meant.
+// Any lines of keys and clicks on the form that the first line names, or with " csv" behind the name any text as its table:
+// no editor falls over them, and none writes what nobody could have meant.
 
 #include <algorithm>
 #include <cstdint>
@@ -12,6 +12,7 @@
 
 #include "fuzz/editor_stage.h"
 #include "sections/check.h"
+#include "shell/editor/table_csv.h"
 
 namespace {
 
@@ -46,17 +47,29 @@ std::set<std::string> FaultsOf(const std::string& project) {
   return faults;
 }
 
+void RunLines(tarvok::fuzz::EditorStage& stage, std::string_view text) {
+  constexpr int kMostLines = 60;
+  tarvok::FormScript script(stage.form(), stage.questions());
+  for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
+    // A line that is wrong says so and changes nothing: the next one goes on.
+    [[maybe_unused]] const std::string wrong = script.Run(tarvok::fuzz::TakeLine(text));
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
-  constexpr int kMostLines = 60;
+  constexpr std::string_view kCsv = " csv";
   std::string_view text(reinterpret_cast<const char*>(data), size);
-  fuzz::EditorStage stage(fuzz::EditorOf(fuzz::TakeLine(text)));
-  FormScript script(stage.form(), stage.questions());
-  for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
-    // A line that is wrong says so and changes nothing: the next one goes on.
-    [[maybe_unused]] const std::string wrong = script.Run(fuzz::TakeLine(text));
+  std::string_view name = fuzz::TakeLine(text);
+  const bool takes_csv = name.ends_with(kCsv);
+  if (takes_csv) name.remove_suffix(kCsv.size());
+  fuzz::EditorStage stage(fuzz::EditorOf(name));
+  if (!takes_csv) {
+    RunLines(stage, text);
+  } else if (TableEditor* table = stage.form().table(); table != nullptr) {
+    [[maybe_unused]] const Status taken = ImportCsv(*table, text);
   }
   [[maybe_unused]] const bool saved = stage.form().closed() || stage.form().Save_File();
   if (stage.Project() == fuzz::EditorStage::Hotel() || !IsNew(stage.Project())) return 0;

@@ -1,5 +1,5 @@
 // Any text as the table of an editor, whose name is the first line: it is taken as a whole or refused as a whole, as one
-// step that can be undone, and what is put out is taken in again. " save" behind the name saves the form, too.
+// step that can be undone, and what is put out is taken in again.
 
 #include <algorithm>
 #include <cstdint>
@@ -67,22 +67,8 @@ void Judge(TableEditor& table, const std::vector<TableRow>& before, std::string_
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr std::string_view kSave = " save";
   std::string_view text(reinterpret_cast<const char*>(data), size);
-  std::string_view name = fuzz::TakeLine(text);
-  const bool saves = name.ends_with(kSave);
-  if (saves) name.remove_suffix(kSave.size());
-  const Editor& editor = fuzz::EditorOf(name);
-  if (saves) {
-    fuzz::EditorStage stage(editor);
-    TableEditor* table = stage.form().table();
-    if (table == nullptr) return 0;
-    Judge(*table, RowsOf(*table), text);
-    // Whether the form takes the save is its own matter.
-    [[maybe_unused]] const bool saved = stage.form().Save_File();
-    return 0;
-  }
-  KeptForm& form = KeptFormOf(editor);
+  KeptForm& form = KeptFormOf(fuzz::EditorOf(fuzz::TakeLine(text)));
   TableEditor* table = form.stage.form().table();
   if (table == nullptr) return 0;
   Judge(*table, form.before, text);
