@@ -80,6 +80,15 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   desk.ExpectKeys("[LinkTrunk]\n04=55\n");
 }
 
+TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
+  EditorDesk desk;
+  desk.ClickCommand("linktrunk");
+  desk.Find<QPushButton>("cmdOK")->click();  // it goes behind this event
+  desk.ClickCommand("dialphone");
+  QTest::qWait(20);
+  EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
+}
+
 TEST(EditorPage, CancelAsksAndAClosedPageLeavesItsMenu) {
   EditorDesk desk;
   const auto menus = [&] { return desk.window->menuBar()->actions().size(); };

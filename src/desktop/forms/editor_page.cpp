@@ -68,8 +68,12 @@ void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
   // The form is still in the handler that closed it: it goes behind that.
   form_->on_closed = [this, closed = frame.closed] {
     setEnabled(false);
-    QTimer::singleShot(0, this, closed);
+    PutOff(closed);
   };
+}
+
+void EditorPage::PutOff(std::function<void()> work) {
+  if (put_off_ != nullptr) QTimer::singleShot(0, put_off_.get(), std::move(work));
 }
 
 QWidget* EditorPage::MakeTable() {
@@ -150,7 +154,9 @@ class EditorPaneForm : public Form {
  public:
   EditorPaneForm(PaneHost& host, EditorPage* page) : host_(host), page_(page) {}
   ~EditorPaneForm() override {
-    if (page_ != nullptr) host_.RemoveFromPane(page_);
+    if (page_ == nullptr) return;
+    page_->GiveUp();
+    host_.RemoveFromPane(page_);
   }
   EditorPaneForm(const EditorPaneForm&) = delete;
   EditorPaneForm& operator=(const EditorPaneForm&) = delete;

@@ -32,6 +32,8 @@ class EditorPage : public QWidget {
   /** What is still being typed goes to the form. */
   void Commit();
   void GoTo(const Place& place);
+  /** The form is closed: what it put off is given up. */
+  void GiveUp() { put_off_.reset(); }
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -58,9 +60,12 @@ class EditorPage : public QWidget {
   void ShowCallPath();
   /** Behind the event that wanted it: the form that is open goes. */
   void Jump(const Place& place);
+  /** Behind the event that is served, unless the form is closed by then. */
+  void PutOff(std::function<void()> work);
 
   DesktopParts& parts_;
   PaneHost& host_;
+  std::unique_ptr<QObject> put_off_ = std::make_unique<QObject>();
   WindowQuestions questions_;
   std::unique_ptr<EditorForm> form_;
   TableForm* table_form_ = nullptr;  // the same form, if it is a table

@@ -1,7 +1,5 @@
 // Where a row of an editor leads to: what refers to it, and the way of a call.
 
-#include <QTimer>
-
 #include "desktop/forms/editor_page.h"
 #include "desktop/forms/used_by_dialog.h"
 #include "sections/used_by.h"
@@ -27,7 +25,7 @@ const Way* WayOf(std::string_view form) {
 }  // namespace
 
 void EditorPage::Jump(const Place& place) {
-  QTimer::singleShot(0, this, [&host = host_, place] { host.GoTo(place); });
+  PutOff([&host = host_, place] { host.GoTo(place); });
 }
 
 void EditorPage::ShowUsedBy() {
