@@ -19,7 +19,7 @@ namespace {
 /** What a person may bring about with every editor at work as it should: rows named that are gone, numbers given twice,
  * a type taken from under its value. */
 constexpr std::string_view kMadeByPeople[] = {"points nowhere", "stands in row", "stands in this row",
-                                              "where nothing does"};
+                                              "where nothing does", "which has another"};
 
 /** Card and channel of a port are two digits, whatever they are. */
 bool IsPlaceOfPort(const tarvok::Finding& finding) {
