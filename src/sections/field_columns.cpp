@@ -156,11 +156,11 @@ RowNames PortNumbers(const IniText& project) {
 RowNames PortNames(const IniText& project, std::string_view type) {
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
-    const FieldList port(RowValue(project, port_def::kTable, row));
-    const std::string_view card = port[port_def::kCard];
-    const std::string_view channel = port[port_def::kChannel];
+    const std::string_view port = RowValue(project, port_def::kTable, row);
+    if (!type.empty() && GetField(port, port_def::kType) != type) continue;
+    const std::string_view card = GetField(port, port_def::kCard);
+    const std::string_view channel = GetField(port, port_def::kChannel);
     if (card.empty() || card == kUnset || channel.empty() || channel == kUnset) continue;
-    if (!type.empty() && port[port_def::kType] != type) continue;
     names.Add(row, std::string(card).append("/").append(channel));
   }
   return names;
