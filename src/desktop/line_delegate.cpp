@@ -7,21 +7,9 @@
 
 namespace tarvok {
 
-namespace {
-
-bool IsLatin(const QString& text) {
-  return std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x100; });
-}
-
-/** No Latin letter is wider. */
-int WidestLetter(const QFontMetrics& metrics) {
-  return std::max(metrics.horizontalAdvance(QLatin1Char('W')), metrics.horizontalAdvance(QLatin1Char('@')));
-}
-
-}  // namespace
-
 int LineWidth(const QString& text, const QFontMetrics& metrics) {
-  if (!IsLatin(text)) return metrics.horizontalAdvance(text);
+  const bool latin = std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x100; });
+  if (!latin) return metrics.horizontalAdvance(text);
   int width = 0;
   for (const QChar letter : text) width += metrics.horizontalAdvance(letter);
   return width;
@@ -29,8 +17,7 @@ int LineWidth(const QString& text, const QFontMetrics& metrics) {
 
 void PaintLine(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics) {
   if (text.isEmpty()) return;
-  const bool fits = (text.size() * WidestLetter(metrics) <= room.width() && IsLatin(text)) ||
-                    LineWidth(text, metrics) <= room.width();
+  const bool fits = LineWidth(text, metrics) <= room.width();
   const int base = room.top() + (room.height() - metrics.height() + 1) / 2 + metrics.ascent();
   painter.drawText(QPoint(room.left(), base),
                    fits ? text : metrics.elidedText(text, Qt::ElideRight, room.width()));

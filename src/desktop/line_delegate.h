@@ -10,7 +10,7 @@ namespace tarvok {
  * once, where Qt's delegate does so three times. */
 void PaintLine(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics);
 
-/** How wide a line is. Latin letters are counted one by one, kerning aside: that takes a tenth of laying them out. */
+/** How wide a line is. Latin letters are added one by one, kerning aside, which is cheaper than laying them out. */
 int LineWidth(const QString& text, const QFontMetrics& metrics);
 
 /** The distance of an item's text from its edges. */

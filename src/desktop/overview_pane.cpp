@@ -19,8 +19,8 @@ namespace tarvok {
 namespace {
 
 constexpr int kMargin = 24;
-constexpr double kLarge =
-    1.4;  // of the usual letters, for all that is large: each further size is a font to load
+/** Of the usual letters, for all that is large: each further size is a font to load. */
+constexpr double kLarge = 1.4;
 
 /** What a count is called, the count in large letters, and what stands behind it. */
 QWidget* MakeTile(const QString& title, OverviewPane::Tile& shown) {

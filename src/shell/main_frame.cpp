@@ -111,9 +111,10 @@ bool MainFrame::CloseOpenForm() {
 }
 
 bool MainFrame::CloseActiveForm(std::string_view name) {
-  const bool closed = LeaveForm(name);
-  if (closed) ShowLook(form_ != nullptr);
-  return closed;
+  const bool was_open = form_ != nullptr;
+  const bool gives_way = LeaveForm(name);
+  if (was_open && form_ == nullptr) ShowLook();
+  return gives_way;
 }
 
 bool MainFrame::LeaveForm(std::string_view name) {
