@@ -52,6 +52,8 @@ Drawing Draw(Picture picture) {
     case Picture::kComputer:  // a screen on its foot
       return {Face({{1.5, 2.5}, {14.5, 2.5}, {14.5, 10.5}, {1.5, 10.5}}),
               Lines({{{8, 10.5}, {8, 13.5}}, {{4.5, 13.5}, {11.5, 13.5}}})};
+    case Picture::kMore:  // two arrow heads to the right
+      return {{}, Lines({{{3.5, 4}, {7.5, 8}, {3.5, 12}}, {{8.5, 4}, {12.5, 8}, {8.5, 12}}})};
   }
   return {};
 }

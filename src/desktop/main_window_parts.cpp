@@ -4,12 +4,12 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QToolBar>
 
 #include "desktop/colours.h"
 #include "desktop/icons.h"
 #include "desktop/main_window.h"
 #include "desktop/shown_text.h"
+#include "desktop/tool_strip.h"
 
 namespace tarvok {
 namespace {
@@ -113,7 +113,8 @@ void MainWindow::MakeViewMenu() {
 }
 
 void MainWindow::MakeToolBar() {
-  QToolBar* bar = addToolBar(QStringLiteral("Toolbar"));
+  auto* bar = new ToolStrip(QStringLiteral("Toolbar"), this);
+  addToolBar(bar);
   bar->setObjectName(QStringLiteral("Toolbar1"));
   bar->setAccessibleName(QStringLiteral("Toolbar"));
   constexpr int kIcon = 16;

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/descriptor.h"
 #include "store/status.h"
 
 namespace tarvok {
@@ -11,18 +12,13 @@ namespace tarvok {
  * disk when Write returns. */
 class LogFile {
  public:
-  LogFile() = default;
-  ~LogFile();
-  LogFile(const LogFile&) = delete;
-  LogFile& operator=(const LogFile&) = delete;
-
   Status Open(const std::string& path);
-  bool is_open() const { return fd_ >= 0; }
+  bool is_open() const { return file_.valid(); }
   /** Does nothing while no file is open; a full disk ends the log, not the session. */
   void Write(std::string_view text);
 
  private:
-  int fd_ = -1;
+  Descriptor file_;
 };
 
 }  // namespace tarvok

@@ -12,6 +12,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/descriptor.h"
+
 namespace tarvok {
 namespace {
 
@@ -43,24 +45,6 @@ ErrorKind KindOf(int error) {
 Status Failed(const std::string& path, int error) {
   return {KindOf(error), path + ": " + std::strerror(error)};
 }
-
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int get() const { return fd_; }
-  bool valid() const { return fd_ >= 0; }
-  /** Closes now and says whether that went well. */
-  bool Close() { return ::close(std::exchange(fd_, -1)) == 0; }
-
- private:
-  int fd_;
-};
 
 /** Writes all bytes from the start of the file; 0 or the error. */
 int WriteAll(int fd, std::string_view bytes, Flush flush) {

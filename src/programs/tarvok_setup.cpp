@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QLockFile>
 #include <QStandardPaths>
 
 #include "desktop/boxes.h"
@@ -24,6 +23,7 @@
 #include "desktop/project_keeper.h"
 #include "desktop/shown_text.h"
 #include "desktop/transfer_kind.h"
+#include "platform/instance_lock.h"
 #include "platform/log_file.h"
 #include "platform/posix_file_system.h"
 #include "programs/ctl/places.h"
@@ -48,12 +48,6 @@ std::string DataFolder(std::string_view name) {
 
 bool MakeFolder(const std::string& folder) {
   return QDir().mkpath(PathText(folder));
-}
-
-/** Whether another instance of this user is running; one that died leaves no trace. */
-bool HasOtherInstance(QLockFile& lock) {
-  lock.setStaleLockTime(0);
-  return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
 }
 
 /** The project to begin with, "" for none. */
@@ -131,9 +125,9 @@ int Run(int argc, char** argv) {
                    .system_file = parts.system_file,
                    .forms = FormsOf(parts, window)});
   window.Attach(frame);
-  QLockFile lock(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
-                 QStringLiteral("/tarvok-setup.lock"));
-  frame.Start(HasOtherInstance(lock));
+  const QString own_folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  const InstanceLock lock(InFolder(PathBytes(own_folder), "tarvok-setup.lock"));
+  frame.Start(lock.held_elsewhere());
   if (!project.empty()) frame.OpenProject(project);
   window.show();
   const StopSignals signals([&window] { window.close(); });

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/instance_lock.h"
 #include "platform/log_file.h"
 #include "store/project_store.h"
 #include "tests/temp_folder.h"
@@ -70,6 +71,17 @@ TEST_F(Files, ALogStartsAnewForItsUserAlone) {
   LogFile none;
   EXPECT_FALSE(none.Open(Path("none/send.log")).ok());
   none.Write("goes nowhere");
+}
+
+TEST_F(Files, TheNextProgramSeesTheFirstWhileItRuns) {
+  {
+    const InstanceLock first(Path("program.lock"));
+    EXPECT_FALSE(first.held_elsewhere());
+    EXPECT_TRUE(InstanceLock(Path("program.lock")).held_elsewhere());
+    EXPECT_TRUE(InstanceLock(Path("program.lock")).held_elsewhere());
+  }
+  EXPECT_FALSE(InstanceLock(Path("program.lock")).held_elsewhere());
+  EXPECT_FALSE(InstanceLock(Path("none/program.lock")).held_elsewhere());
 }
 
 }  // namespace
