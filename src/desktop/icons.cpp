@@ -54,6 +54,8 @@ Drawing Draw(Picture picture) {
               Lines({{{8, 10.5}, {8, 13.5}}, {{4.5, 13.5}, {11.5, 13.5}}})};
     case Picture::kMore:  // two arrow heads to the right
       return {{}, Lines({{{3.5, 4}, {7.5, 8}, {3.5, 12}}, {{8.5, 4}, {12.5, 8}, {8.5, 12}}})};
+    case Picture::kClear:  // a cross
+      return {{}, Lines({{{4.5, 4.5}, {11.5, 11.5}}, {{11.5, 4.5}, {4.5, 11.5}}})};
   }
   return {};
 }

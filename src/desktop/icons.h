@@ -5,7 +5,7 @@
 namespace tarvok {
 
 /** The program's own pictures: lines in the colour of the text, so that they follow light and dark and every scale. */
-enum class Picture { kNewProject, kOpenProject, kCloseProject, kExit, kComputer, kMore };
+enum class Picture { kNewProject, kOpenProject, kCloseProject, kExit, kComputer, kMore, kClear };
 
 QIcon IconOf(Picture picture);
 

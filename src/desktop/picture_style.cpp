@@ -1,13 +1,71 @@
 #include "desktop/picture_style.h"
 
+#include <QPainter>
+#include <QStyleOptionSlider>
+
+#include "desktop/colours.h"
 #include "desktop/icons.h"
 
 namespace tarvok {
+namespace {
+
+constexpr int kHandleEdge = 3;  // between a handle and the sides of its bar
+
+/** An arrow head in the middle of a button, pointing along (1, 0) or (0, 1) or against it. */
+void DrawArrow(QPainter& painter, const QRect& button, QPointF to, const QColor& colour) {
+  constexpr double kHalf = 2;
+  const QPointF middle = QRectF(button).center();
+  const QPointF across(to.y(), to.x());
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QPointF head[] = {middle - kHalf * to - 2 * kHalf * across, middle + kHalf * to,
+                          middle - kHalf * to + 2 * kHalf * across};
+  painter.drawPolyline(head, 3);
+  painter.restore();
+}
+
+}  // namespace
 
 QIcon PictureStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const {
   if (which == SP_ToolBarHorizontalExtensionButton) return IconOf(Picture::kMore);
+  if (which == SP_LineEditClearButton) return IconOf(Picture::kClear);
   return QProxyStyle::standardIcon(which, option, widget);
+}
+
+void PictureStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (bar != nullptr && baseStyle()->inherits("QFusionStyle")) return DrawScrollBar(*bar, *painter, widget);
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void PictureStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,
+                                 const QWidget* widget) const {
+  const QColor ground = bar.palette.color(QPalette::Window);
+  const QColor ink = bar.palette.color(QPalette::WindowText);
+  const bool upright = bar.orientation == Qt::Vertical;
+  const auto part = [&](SubControl which) {
+    return proxy()->subControlRect(CC_ScrollBar, &bar, which, widget);
+  };
+  // How much of the ink a part shows: more of it under the pointer, and more still under its button.
+  const auto shade = [&](SubControl which, int rest) {
+    if ((bar.activeSubControls & which) == 0) return Mix(ink, ground, rest);
+    return Mix(ink, ground, rest + ((bar.state & State_Sunken) != 0 ? 24 : 12));
+  };
+  const bool moves = bar.minimum < bar.maximum && (bar.state & State_Enabled) != 0;
+  painter.fillRect(bar.rect, Mix(ink, ground, 5));
+  if (moves) {
+    const QRect handle = part(SC_ScrollBarSlider);
+    painter.fillRect(upright ? handle.adjusted(kHandleEdge, 0, -kHandleEdge, 0)
+                             : handle.adjusted(0, kHandleEdge, 0, -kHandleEdge),
+                     shade(SC_ScrollBarSlider, 28));
+  }
+  const QPointF forward = upright ? QPointF(0, 1) : QPointF(1, 0);
+  const QPointF right = bar.direction == Qt::RightToLeft && !upright ? -forward : forward;
+  DrawArrow(painter, part(SC_ScrollBarAddLine), right, shade(SC_ScrollBarAddLine, moves ? 60 : 25));
+  DrawArrow(painter, part(SC_ScrollBarSubLine), -right, shade(SC_ScrollBarSubLine, moves ? 60 : 25));
 }
 
 }  // namespace tarvok
