@@ -1,7 +1,7 @@
 #include "desktop/picture_style.h"
 
 #include <QPainter>
-#include <QStyleOptionSlider>
+#include <QStyleOption>
 
 #include "desktop/colours.h"
 #include "desktop/icons.h"
@@ -25,7 +25,26 @@ void DrawArrow(QPainter& painter, const QRect& button, QPointF to, const QColor&
   painter.restore();
 }
 
+void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
+  const auto is = [&](QStyle::StateFlag flag) { return (button.state & flag) != 0; };
+  const bool down = is(QStyle::State_Sunken) || is(QStyle::State_On);
+  if ((button.features & QStyleOptionButton::Flat) != 0 && !down) return;
+  const bool enabled = is(QStyle::State_Enabled);
+  const bool marked = (button.features & QStyleOptionButton::DefaultButton) != 0 ||
+                      (is(QStyle::State_HasFocus) && is(QStyle::State_KeyboardFocusChange));
+  const QColor ground = button.palette.color(QPalette::Button);
+  const QColor ink = button.palette.color(QPalette::Active, QPalette::WindowText);
+  const int shade = down ? 22 : enabled && is(QStyle::State_MouseOver) ? 8 : 0;
+  painter.fillRect(button.rect, enabled && marked ? button.palette.color(QPalette::Highlight)
+                                                  : Mix(ink, ground, enabled ? 28 : 14));
+  painter.fillRect(button.rect.adjusted(1, 1, -1, -1), Mix(ink, ground, shade));
+}
+
 }  // namespace
+
+bool PictureStyle::IsQtsOwn() const {
+  return baseStyle()->inherits("QFusionStyle");
+}
 
 QIcon PictureStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const {
@@ -37,8 +56,16 @@ QIcon PictureStyle::standardIcon(StandardPixmap which, const QStyleOption* optio
 void PictureStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const {
   const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
-  if (bar != nullptr && baseStyle()->inherits("QFusionStyle")) return DrawScrollBar(*bar, *painter, widget);
+  if (bar != nullptr && IsQtsOwn()) return DrawScrollBar(*bar, *painter, widget);
   QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void PictureStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+  const auto* button =
+      element == PE_PanelButtonCommand ? qstyleoption_cast<const QStyleOptionButton*>(option) : nullptr;
+  if (button != nullptr && IsQtsOwn()) return DrawButton(*button, *painter);
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void PictureStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,

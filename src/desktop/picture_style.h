@@ -6,10 +6,10 @@ class QStyleOptionSlider;
 
 namespace tarvok {
 
-/** A style as the system has it, but for two things that keep a window from its first paint. Where a menu or tool bar has
- * more than fits it has the program's own picture: the style's own is black on dark ground, too, and Qt searches all its
- * readers of images for it. And where the system has no style of its own, scroll bars are plain rectangles: Qt's style blends
- * their edges over the ground, for which Qt wakes threads and waits. */
+/** A style as the system has it, but for what keeps a window from its first paint. Where a menu or tool bar has more than
+ * fits it has the program's own picture, and so has a field that can be cleared: the style's own are black on dark ground,
+ * too, and Qt searches all its readers of images for them. And where the system has no style of its own, scroll bars and
+ * buttons are plain rectangles: Qt's style blends edges and corners over the ground, for which Qt wakes threads and waits. */
 class PictureStyle : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
@@ -17,8 +17,12 @@ class PictureStyle : public QProxyStyle {
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override;
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
 
  private:
+  /** Whether the system has no style of its own. */
+  bool IsQtsOwn() const;
   void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
 };
 
