@@ -1,7 +1,10 @@
+#include <fstream>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QTableView>
@@ -53,6 +56,9 @@ TEST(EditorPage, CellsAreTypedPastedUndoneAndSaved) {
   QTest::keyClick(desk.Table(), Qt::Key_V, Qt::ControlModifier);
   EXPECT_TRUE(desk.Find<QLabel>("Refused")->text().contains(QStringLiteral("row 6, Number: \"x\"")));
   desk.GoTo(9, 1);
+  QTest::keyClick(desk.Table(), Qt::Key_F2);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), desk.Table());
   QTest::keyClicks(desk.Table(), "99");
   QTest::keyClick(desk.Table(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(desk.state.DataChanged);
@@ -66,7 +72,8 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   EditorDesk desk;
   desk.ClickCommand("linktrunk");
   desk.GoTo(4, 1);
-  desk.Table()->edit(desk.Table()->currentIndex());
+  QTest::keyClicks(desk.Table(), "7");
+  QTest::keyClick(desk.Table(), Qt::Key_F2);
   auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   ASSERT_NE(field, nullptr);
   QTest::keyClicks(field, "5x5");
@@ -77,7 +84,7 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   EXPECT_EQ(desk.Find<EditorPage>("frmLinkTrunk"), nullptr);
   EXPECT_EQ(desk.window->menuBar()->actions().size(), menus) << "one Table menu";
   EXPECT_TRUE(QTest::qWaitFor([&] { return left == nullptr; }));
-  desk.ExpectKeys("[LinkTrunk]\n04=55\n");
+  desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed behind what was there
 }
 
 TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
@@ -117,16 +124,23 @@ TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
   filter->clear();
   EXPECT_FALSE(desk.Table()->isRowHidden(0));
 
-  Script replace({TypeIn("Replace", "FindText", "Room 10"), TypeIn("Replace", "ReplaceText", "Suite 10"), [] {
-                    auto* dialog = Modal("Replace");
-                    for (auto* button : dialog->findChildren<QPushButton*>()) {
-                      if (button->text() == QStringLiteral("Replace &All")) button->click();
-                    }
-                    EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("Result"))->text(),
-                              QStringLiteral("9 cells changed"));
-                    qobject_cast<QDialog*>(dialog)->reject();
-                    return true;
-                  }});
+  Script replace(
+      {TypeIn("Replace", "FindText", "Room 10"), TypeIn("Replace", "ReplaceText", "Suite 10"), [] {
+         auto* dialog = Modal("Replace");
+         auto* by = dialog->findChild<QLineEdit*>(QStringLiteral("ReplaceText"));
+         const auto replace_all = [&](const QString& text) {
+           by->setText(text);
+           for (auto* button : dialog->findChildren<QPushButton*>()) {
+             if (button->text() == QStringLiteral("Replace &All")) button->click();
+           }
+           return dialog->findChild<QLabel*>(QStringLiteral("Result"))->text();
+         };
+         EXPECT_TRUE(
+             replace_all(QStringLiteral("\u0639 10")).startsWith(QStringLiteral("Nothing was replaced")));
+         EXPECT_EQ(replace_all(QStringLiteral("Suite 10")), QStringLiteral("9 cells changed"));
+         qobject_cast<QDialog*>(dialog)->reject();
+         return true;
+       }});
   QTest::keyClick(desk.Table(), Qt::Key_H, Qt::ControlModifier);
   EXPECT_TRUE(replace.finished());
   EXPECT_EQ(desk.Table()->model()->index(1, 4).data().toString(), QStringLiteral("Suite 101"));
@@ -149,6 +163,94 @@ TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
   EXPECT_EQ(desk.state.ActiveFormName, "frmPortDef");
   EXPECT_EQ(desk.Table()->currentIndex().row(), 82);  // room 101 is on card 8, channel 1
   desk.ExpectKeys("[Name]\n002=Suite 101\n");         // the form that was left saved itself
+}
+
+/** The texts of a column, and the rows of it that are shown, from 0. */
+QStringList TextsOf(const QTableView& table, int column) {
+  QStringList texts;
+  for (int row = 0; row < table.model()->rowCount(); ++row)
+    texts += table.model()->index(row, column - 1).data().toString();
+  return texts;
+}
+std::vector<int> ShownOf(const QTableView& table) {
+  std::vector<int> rows;
+  for (int row = 0; row < table.model()->rowCount(); ++row) {
+    if (!table.isRowHidden(row)) rows.push_back(row);
+  }
+  return rows;
+}
+
+TEST(EditorPage, AFilterKeepsWhatItHidesFromEveryCommand) {
+  EditorDesk desk;
+  desk.ClickCommand("ext");
+  QTableView& table = *desk.Table();
+  auto* filter = desk.Find<QLineEdit>("Filter");
+  const QStringList numbers = TextsOf(table, 1);
+  desk.GoTo(5, 1);
+  filter->setFocus();
+  QTest::keyClicks(filter, "no row has this");
+  QTest::keyClick(filter, Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_FALSE(desk.state.DataChanged) << "the cell that is not seen";
+  EXPECT_EQ(QApplication::focusWidget(), &table) << "keys go on in the table";
+  filter->setText(QStringLiteral("9"));
+  const std::vector<int> shown = ShownOf(table);
+  ASSERT_GT(shown.size(), 5U);
+  EXPECT_EQ(table.currentIndex().row(), shown[0]);
+  for (const auto& [row, key] : {std::pair(shown[0], Qt::NoModifier), {shown[2], Qt::ShiftModifier}}) {
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, key,
+                      table.visualRect(table.model()->index(row, 0)).center());
+  }
+  QTest::keyClick(&table, Qt::Key_Minus, Qt::ControlModifier);
+  QStringList left = numbers;
+  for (const int i : {2, 1, 0}) left.removeAt(shown[static_cast<std::size_t>(i)]);
+  EXPECT_EQ(TextsOf(table, 1).mid(0, left.size()), left);
+  std::vector<int> moved(shown.begin() + 3, shown.end());
+  for (int& row : moved) row -= 3;
+  EXPECT_EQ(ShownOf(table), moved) << "the filter follows the rows";
+  QTest::keyClick(&table, Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), desk.Find<QPushButton>("cmdTopRow"));
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), filter);
+}
+
+TEST(EditorPage, LettersThatThePageLacksAreNamed) {
+  EditorDesk desk;
+  desk.ClickCommand("ext");
+  const QStringList before = TextsOf(*desk.Table(), 5);
+  const auto import = [&](const char* bytes, QMessageBox::StandardButton answer) {
+    std::ofstream(desk.folder / "names.csv", std::ios::binary) << bytes;
+    std::vector<std::string> texts;
+    const auto in_folder = [&] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (dialog != nullptr) dialog->setDirectory(QString::fromStdString(desk.folder.string()));
+      return dialog != nullptr;
+    };
+    std::vector<Script::Step> steps = {in_folder, ChooseFile(QStringLiteral("names.csv")),
+                                       AnswerBox(answer, &texts)};
+    const bool wrong = std::string_view(bytes).find("\xD8\xB9") != std::string_view::npos;
+    if (wrong) steps.push_back(AnswerBox(QMessageBox::Ok, &texts));
+    const Script script(std::move(steps));
+    desk.Find<QAction>("mnu_import")->trigger();
+    EXPECT_TRUE(script.finished());
+    return texts;
+  };
+  EXPECT_THAT(import("Name\nA\nB\n", QMessageBox::No), ElementsAre(HasSubstr(" rows by 2 rows ")));
+  EXPECT_THAT(import("Name\nA\n\xD8\xB9\xD9\x84\xDB\x8C\n", QMessageBox::Yes),
+              ElementsAre(testing::_, HasSubstr("line 3, column \"Name\": \"\xD8\xB9")));
+  EXPECT_EQ(TextsOf(*desk.Table(), 5), before);
+  EXPECT_FALSE(desk.state.DataChanged);
+  import("Name\nM\xFCller\nCaf\xE9\n", QMessageBox::Yes);
+  EXPECT_EQ(TextsOf(*desk.Table(), 5).mid(0, 2).join(u' '), QStringLiteral("M\u00FCller Caf\u00E9"));
+  import("Name\nM\xC3\xBCller\n", QMessageBox::Yes);
+  EXPECT_EQ(TextsOf(*desk.Table(), 5).mid(0, 2).join(u' '), QStringLiteral("M\u00FCller "));
+
+  desk.GoTo(2, 5);
+  QApplication::clipboard()->setText(QStringLiteral("7\u0639\u0644\u06CC"));
+  desk.Find<QAction>("mnu_paste")->trigger();
+  EXPECT_EQ(TextsOf(*desk.Table(), 5)[1], QStringLiteral("7"));
+  EXPECT_EQ(QApplication::clipboard()->text().size(), 4) << "a paste leaves the clipboard";
+  EXPECT_TRUE(desk.Find<QLabel>("Refused")->text().contains(QStringLiteral("\u0639\u0644\u06CC")));
 }
 
 TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {

@@ -168,6 +168,8 @@ TEST(CodePage, GoesThereAndBackAndAgreesWithQt) {
     }
   }
   EXPECT_EQ(CodePage::Find("Windows-874").ToBytes(QStringLiteral("a\u0E01\u20AC\u4E2D")), "a\xA1\x80");
+  EXPECT_EQ(CodePage::Find("Windows-874").Take(QStringLiteral("\u4E2D\U0001F600a\u4E2D")).lacking,
+            QStringLiteral("\u4E2D\U0001F600"));
   EXPECT_EQ(CodePage::Find("no such page").name(), "Windows-1252");
 }
 

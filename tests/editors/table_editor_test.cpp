@@ -136,6 +136,57 @@ TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
 }
 
+TEST(TableEditor, RowsOutOfSightAreLeftAlone) {
+  using Numbers = std::vector<std::string>;
+  const Numbers all = {"1", "2", "3", "4", "5"};
+  std::vector<Refusal> refused;
+  const std::tuple<const char*, std::function<void(TableEditor&)>, Numbers> cases[] = {
+      {"delete rows", [](TableEditor& table) { table.DeleteRow(); }, {"2", "4"}},
+      {"clear", [](TableEditor& table) { table.ClearCell(); }, {"", "2", "", "4", ""}},
+      {"paste one", [](TableEditor& table) { table.Paste("7"); }, {"7", "2", "7", "4", "7"}},
+      {"paste many", [](TableEditor& table) { table.Paste("7\n8"); }, {"7", "2", "8", "4", "5"}},
+      {"fill", [](TableEditor& table) { table.FillDown(); }, {"1", "2", "1", "4", "1"}},
+      {"replace", [&](TableEditor& table) { table.ReplaceAll("2", "9", refused); }, all},
+      {"move",
+       [](TableEditor& table) {
+         for (const KeyCode key : {KeyCode::kDown, KeyCode::kUp, KeyCode::kDelete}) table.Press({key});
+       },
+       {"1", "2", "", "4", "5"}},
+      {"insert", [](TableEditor& table) { table.InsertRow(); }, {"1", "2", "3", "4", "", "5"}}};
+  for (const auto& [what, act, numbers] : cases) {
+    SCOPED_TRACE(what);
+    TableEditor table = MakeTable(RowCommands::kGrow, 5);
+    table.Paste("1\n2\n3\n4\n5");
+    table.SelectTo(5, 1);
+    EXPECT_EQ(table.ShowRows([](int row) { return row % 2 == 1; }, false), 3);
+    EXPECT_EQ(table.Copy(), "1\r\n3\r\n5");
+    EXPECT_FALSE(table.FindNext("4"));
+    act(table);
+    EXPECT_EQ(ColumnOf(table, 1), numbers);
+    while (table.CanUndo()) table.Undo();
+    EXPECT_TRUE(table.InSight(table.current_row()));
+    table.Redo();
+    EXPECT_EQ(table.ShowRows([](int) { return false; }, false), 0);
+    table.GoToBottom();
+    act(table);
+    EXPECT_EQ(ColumnOf(table, 1), all) << "nothing is in sight";
+  }
+}
+
+TEST(TableEditor, TheCurrentCellStaysInSight) {
+  TableEditor table = MakeTable(RowCommands::kFixed, 6);
+  table.Paste("1\n2\n3\n4\n5\n6");
+  table.GoTo(2, 1);
+  const auto above_3 = [&](int row) { return table.Cell(row, 1) > "3"; };
+  EXPECT_EQ(table.ShowRows(above_3, true), 4) << "what is being edited stays";
+  EXPECT_EQ(table.ShowRows(above_3, false), 3);
+  EXPECT_EQ(table.current_row(), 4);
+  table.GoToBottom();
+  table.DeleteRow();
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("1", "2", "3", "4", "5", ""));
+  EXPECT_EQ(table.current_row(), 5) << "not the blank row behind";
+}
+
 TEST(TableEditor, RowsGrowToTheirLimitAndFixedOnesStay) {
   TableEditor grows = MakeTable();
   for (int i = 0; i < 5; ++i) grows.AddRow();
@@ -168,6 +219,7 @@ TEST(TableEditor, ReplacingPassesTheRules) {
   EXPECT_FALSE(table.FindNext("none"));
   EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
   EXPECT_THAT(refused, SizeIs(2));
+  EXPECT_THAT(refused[0].why, HasSubstr("at most 4 digits"));
   EXPECT_EQ(table.Cell(1, 4), "Bar x");
   EXPECT_EQ(table.ReplaceAll("1", "22", refused), 1);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("110", "2222", "5", ""));
@@ -199,6 +251,24 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   EXPECT_TRUE(ImportCsv(other, "Name,Number\r\nX,9\r\n").ok());
   EXPECT_THAT(ColumnOf(other, 1), ElementsAre("9", "", "", ""));
   EXPECT_EQ(other.Cell(1, 2), "Port");
+  const std::string before = ExportCsv(other);
+  const auto no_x = [](const std::string& cell, std::string& why) {
+    why = "is none";
+    return cell == "X" ? std::nullopt : std::optional(cell);
+  };
+  EXPECT_THAT(ImportCsv(other, "Number,Name\n1,Y\n2,X\n", {.convert = no_x}).message(),
+              HasSubstr("line 3, column \"Name\": \"X\" is none"));
+  std::vector<int> asked;
+  const auto refuse = [&](int rows, int by) {
+    asked = {rows, by};
+    return false;
+  };
+  EXPECT_TRUE(ImportCsv(other, "Number\n1\n2\n", {.may_replace = refuse}).ok());
+  EXPECT_THAT(asked, ElementsAre(1, 2));
+  EXPECT_EQ(ExportCsv(other), before);
+  TableEditor blank = MakeTable();
+  EXPECT_TRUE(ImportCsv(blank, "Number\n1\n", {.may_replace = refuse}).ok());
+  EXPECT_EQ(blank.Cell(1, 1), "1") << "nobody is asked";
 }
 
 TEST(TableEditor, RepeatsStandEachOnce) {

@@ -25,6 +25,19 @@ class CellCombo : public QComboBox {
   }
 };
 
+/** A field that opens with its caret behind the text. The view marks the text of a field, so that the next key
+ * would replace it, before it shows the field. */
+class CellField : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QLineEdit::showEvent(event);
+    end(false);
+  }
+};
+
 }  // namespace
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
@@ -32,7 +45,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   const Column& column = model_.table().column(index.column() + 1);
   const Entry entry = model_.table().EntryOf(index.row() + 1, index.column() + 1);
   if (entry == Entry::kText) {
-    auto* field = new QLineEdit(parent);
+    auto* field = new CellField(parent);
     field->setFrame(false);
     field->setAccessibleName(QString::fromStdString(column.title));
     return field;
@@ -57,10 +70,11 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
   const Column& column = model_.table().column(index.column() + 1);
   const QString text = index.data(Qt::EditRole).toString();
   if (auto* list = qobject_cast<QComboBox*>(editor)) {
-    list->setCurrentIndex(list->findText(text));
+    const int entry = list->findText(text);
+    list->setCurrentIndex(entry);
     if (list->isEditable()) {
       list->setEditText(text);
-      list->lineEdit()->selectAll();
+      if (entry >= 0) list->lineEdit()->selectAll();  // an entry is one thing
       list->setCompleter(nullptr);
     }
     return;

@@ -1,5 +1,7 @@
 #include "desktop/forms/editor_page.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QMainWindow>
@@ -41,6 +43,7 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("Refused"));
   note_->setWordWrap(true);
+  note_->setTextFormat(Qt::PlainText);  // it quotes what was pasted
   note_->hide();
   column->addWidget(note_);
   MakeEditMenu();
@@ -93,7 +96,10 @@ void EditorPage::Acted() {
 }
 
 void EditorPage::RefreshTable() {
-  if (table_ != nullptr) table_->Refresh();
+  if (table_ != nullptr) {
+    table_->Refresh();
+    ShowRowCount();
+  }
   ShowCallPath();
   changed_->setText(parts_.state.DataChanged ? QStringLiteral("True") : QStringLiteral("False"));
 }
@@ -101,33 +107,52 @@ void EditorPage::RefreshTable() {
 void EditorPage::ShowNote() {
   const std::vector<Refusal> refused = table_form_->refused();
   table_form_->Note({});
-  if (refused.empty()) {
-    note_->hide();
-    return;
-  }
+  const QString lacking = std::exchange(lacking_, QString());
+  note_->setVisible(!refused.empty() || !lacking.isEmpty());
   const CodePage& page = PageOf(parts_.settings);
-  const Refusal& first = refused.front();
-  QString text = QStringLiteral("Left out: row %1, %2: \"%3\" %4")
-                     .arg(first.row)
-                     .arg(Words(form_->table()->column(first.column).title), page.ToLetters(first.text),
-                          Words(first.why));
-  if (refused.size() > 1) text += QStringLiteral(", and %1 more").arg(refused.size() - 1);
+  QStringList lines;
+  if (!lacking.isEmpty()) lines += QStringLiteral("pasted letters (%1)").arg(page.WhyLacking(lacking));
+  for (const Refusal& each : refused) {
+    lines += QStringLiteral("row %1, %2: \"%3\" %4")
+                 .arg(each.row)
+                 .arg(Words(form_->table()->column(each.column).title), page.ToLetters(each.text),
+                      Words(each.why));
+  }
+  if (lines.isEmpty()) return;
+  const qsizetype said = lacking.isEmpty() || refused.empty() ? 1 : 2;
+  QString text = QStringLiteral("Left out: ") + lines.mid(0, said).join(QStringLiteral("; "));
+  if (lines.size() > said) text += QStringLiteral(", and %1 more").arg(lines.size() - said);
   note_->setText(text);
-  note_->show();
+  constexpr qsizetype kMostLines = 40;  // what a screen holds
+  QString all = lines.mid(0, kMostLines).join(QLatin1Char('\n'));
+  if (lines.size() > kMostLines) all += QStringLiteral("\nand %1 more").arg(lines.size() - kMostLines);
+  note_->setToolTip(QStringLiteral("<pre>%1</pre>").arg(all.toHtmlEscaped()));
+}
+
+void EditorPage::ShowRowCount() {
+  row_count_->setText(
+      filter_->text().isEmpty()
+          ? QString()
+          : QStringLiteral("%1 of %2 rows").arg(table_->shown_rows()).arg(model_->rowCount()));
 }
 
 void EditorPage::Commit() {
   QWidget* focus = QApplication::focusWidget();
-  if (focus != nullptr && isAncestorOf(focus) && focus != table_) focus->clearFocus();
+  if (focus == nullptr || !isAncestorOf(focus) || focus == table_) return;
+  focus->clearFocus();
+  (table_ != nullptr ? table_ : focus)->setFocus();
 }
 
 void EditorPage::GoTo(const Place& place) {
-  if (form_->ShowPlace(place.section, place.row, place.field)) view_->Refresh();
+  if (!form_->ShowPlace(place.section, place.row, place.field)) return;
+  // The place wanted is seen, whatever was looked for before.
+  if (table_ != nullptr && !form_->table()->InSight(form_->table()->current_row())) filter_->clear();
+  view_->Refresh();
 }
 
-void EditorPage::ClickControl(const char* control) {
+void EditorPage::ClickControl(std::string_view control) {
   Commit();
-  if (Control* found = form_->Find({control}); found != nullptr) form_->Click(*found);
+  if (Control* found = form_->Find({std::string(control)}); found != nullptr) form_->Click(*found);
   if (table_form_ != nullptr) ShowNote();
 }
 

@@ -44,17 +44,18 @@ class EditorPage : public QWidget {
   QWidget* MakeTable();
   QWidget* MakeToolRow();
   void MakeEditMenu();
-  QAction* AddMenuEntry(const char* control, const QString& text, const QList<QKeySequence>& keys);
+  QAction* AddMenuEntry(std::string_view control, const QString& text, const QList<QKeySequence>& keys);
   QAction* AddAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
                      std::function<void()> run);
   void Acted();
   void RefreshTable();
   void ShowNote();
+  void ShowRowCount();
   void TakeClipboard();
   void FindAndReplace();
   void ImportFile();
   void ExportFile();
-  void ClickControl(const char* control);
+  void ClickControl(std::string_view control);
   void ShowUsedBy();
   void MakeCallPath();
   void ShowCallPath();
@@ -73,7 +74,9 @@ class EditorPage : public QWidget {
   TableView* table_ = nullptr;
   FormView* view_ = nullptr;
   QLineEdit* filter_ = nullptr;
+  QLabel* row_count_ = nullptr;
   QLabel* note_ = nullptr;
+  QString lacking_;               // letters of the clipboard that the page does not have
   CallPathView* path_ = nullptr;  // of the forms whose rows are steps of a call's way
   int path_row_ = -1;
   std::shared_ptr<const IniText> path_project_;

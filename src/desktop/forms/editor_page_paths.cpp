@@ -30,8 +30,9 @@ void EditorPage::Jump(const Place& place) {
 
 void EditorPage::ShowUsedBy() {
   auto* form = dynamic_cast<FieldTableForm*>(form_.get());
-  if (form == nullptr || form->table()->rows() == 0) return;
+  if (form == nullptr) return;
   const int row = form->table()->current_row();
+  if (!form->table()->InSight(row)) return;
   UsedByDialog dialog(UsedBy(*parts_.store.Snapshot(parts_.state.ProjectFile), *form, row), row,
                       PageOf(parts_.settings), this);
   if (dialog.exec() == QDialog::Accepted) Jump(dialog.place());
@@ -45,7 +46,8 @@ void EditorPage::MakeCallPath() {
 /** The way of the row that is current, as the project on the disk says; a row that was not saved has none. */
 void EditorPage::ShowCallPath() {
   if (path_ == nullptr || form_->table()->rows() == 0) return;
-  const int row = form_->table()->row(form_->table()->current_row()).origin;
+  const int current = form_->table()->current_row();
+  const int row = form_->table()->InSight(current) ? form_->table()->row(current).origin : 0;
   const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.ProjectFile);
   if (row == path_row_ && project == path_project_) return;
   path_row_ = row;

@@ -1,7 +1,7 @@
 // What surrounds a table: its menu, the row of tools above it, clipboard, find and replace, files.
 
-#include <fstream>
-#include <iterator>
+#include <optional>
+#include <utility>
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,7 +23,14 @@
 namespace tarvok {
 namespace {
 
+constexpr std::string_view kCut = "mnu_cut";
+constexpr std::string_view kCopy = "mnu_copy";
+constexpr std::string_view kPaste = "mnu_paste";
 const QString kCsvFiles = QStringLiteral("Comma-separated text (*.csv)");
+
+std::string RowsText(int count) {
+  return std::to_string(count) + (count == 1 ? " row" : " rows");
+}
 
 }  // namespace
 
@@ -40,19 +47,21 @@ QAction* EditorPage::AddAction(const QString& name, const QString& text, const Q
   return action;
 }
 
-QAction* EditorPage::AddMenuEntry(const char* control, const QString& text, const QList<QKeySequence>& keys) {
-  if (form_->Find({control}) == nullptr) return nullptr;
-  return AddAction(QString::fromLatin1(control), text, keys, [this, control] {
-    if (table_form_ != nullptr) TakeClipboard();
+QAction* EditorPage::AddMenuEntry(std::string_view control, const QString& text,
+                                  const QList<QKeySequence>& keys) {
+  if (form_->Find({std::string(control)}) == nullptr) return nullptr;
+  return AddAction(Words(control), text, keys, [this, control] {
+    if (control == kPaste) TakeClipboard();
     ClickControl(control);
-    if (table_form_ == nullptr) return;
-    const QString letters = PageOf(parts_.settings).ToLetters(table_form_->clipboard);
-    if (letters != QApplication::clipboard()->text()) QApplication::clipboard()->setText(letters);
+    if (control == kCut || control == kCopy)
+      QApplication::clipboard()->setText(PageOf(parts_.settings).ToLetters(table_form_->clipboard));
   });
 }
 
 void EditorPage::TakeClipboard() {
-  table_form_->clipboard = PageOf(parts_.settings).ToBytes(QApplication::clipboard()->text());
+  CodePage::Taken taken = PageOf(parts_.settings).Take(QApplication::clipboard()->text());
+  table_form_->clipboard = std::move(taken.bytes);
+  lacking_ = std::move(taken.lacking);
 }
 
 void EditorPage::MakeEditMenu() {
@@ -65,9 +74,9 @@ void EditorPage::MakeEditMenu() {
   AddMenuEntry("mnu_undo", QStringLiteral("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)});
   AddMenuEntry("mnu_redo", QStringLiteral("&Redo"), redo);
   edit_menu_->addSeparator();
-  AddMenuEntry("mnu_cut", QStringLiteral("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)});
-  AddMenuEntry("mnu_copy", QStringLiteral("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)});
-  AddMenuEntry("mnu_paste", QStringLiteral("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)});
+  AddMenuEntry(kCut, QStringLiteral("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)});
+  AddMenuEntry(kCopy, QStringLiteral("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)});
+  AddMenuEntry(kPaste, QStringLiteral("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)});
   AddMenuEntry("mnu_delete", QStringLiteral("&Delete..."), {});
   AddMenuEntry("mnu_fill", QStringLiteral("&Fill Down"), {QKeySequence(Qt::CTRL | Qt::Key_D)});
   edit_menu_->addSeparator();
@@ -103,15 +112,14 @@ QWidget* EditorPage::MakeToolRow() {
   filter_->setPlaceholderText(QStringLiteral("Show only rows with..."));
   filter_->setClearButtonEnabled(true);
   filter_->setMaximumWidth(260);
-  auto* found = MakeMuted(new QLabel);
-  found->setObjectName(QStringLiteral("RowsShown"));
-  connect(filter_, &QLineEdit::textChanged, this, [this, found](const QString& text) {
-    const int shown = table_->FilterRows(text);
-    found->setText(text.isEmpty() ? QString()
-                                  : QStringLiteral("%1 of %2 rows").arg(shown).arg(model_->rowCount()));
+  row_count_ = MakeMuted(new QLabel);
+  row_count_->setObjectName(QStringLiteral("RowsShown"));
+  connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    table_->FilterRows(text);
+    RefreshTable();
   });
   layout->addWidget(filter_);
-  layout->addWidget(found);
+  layout->addWidget(row_count_);
   layout->addStretch();
   return row;
 }
@@ -139,8 +147,22 @@ void EditorPage::ImportFile() {
   if (path.isEmpty()) return;
   const Result<std::string> bytes = parts_.store.files().Read(PathBytes(path));
   if (!bytes.ok()) return questions_.Box(bytes.status().message(), true);
-  const QString letters = QString::fromStdString(bytes.value());
-  const Status taken = ImportCsv(*form_->table(), PageOf(parts_.settings).ToBytes(letters));
+  const CodePage& page = PageOf(parts_.settings);
+  // Not every spreadsheet writes UTF-8.
+  const std::string text = MessageText(bytes.value(), page).toStdString();
+  const Status taken =
+      ImportCsv(*form_->table(), text,
+                {.convert = [&page](const std::string& cell, std::string& why) -> std::optional<std::string> {
+                   CodePage::Taken letters = page.Take(Words(cell));
+                   if (letters.lacking.isEmpty()) return std::move(letters.bytes);
+                   why = "can't be kept: " + page.WhyLacking(letters.lacking).toStdString();
+                   return std::nullopt;
+                 },
+                 .may_replace =
+                     [this](int rows, int by) {
+                       return questions_.Ask("This replaces " + RowsText(rows) + " by " + RowsText(by) +
+                                             " of the file.\nDo you want to import them?");
+                     }});
   if (!taken.ok()) questions_.Box("Nothing was imported: " + taken.message(), true);
   Acted();
 }

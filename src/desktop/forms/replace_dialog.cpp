@@ -37,16 +37,20 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
 }
 
 void ReplaceDialog::FindNext() {
-  const bool found = form_.table()->FindNext(page_.ToBytes(find_->text()));
+  const CodePage::Taken find = page_.Take(find_->text());
+  const bool found = find.lacking.isEmpty() && form_.table()->FindNext(find.bytes);
   result_->setText(found ? QStringLiteral("Row %1").arg(form_.table()->current_row())
                          : QStringLiteral("Not found"));
   acted_();
 }
 
 void ReplaceDialog::ReplaceAll() {
+  const CodePage::Taken find = page_.Take(find_->text());
+  const CodePage::Taken by = page_.Take(replace_->text());
+  if (const QString lacking = find.lacking + by.lacking; !lacking.isEmpty())
+    return result_->setText(QStringLiteral("Nothing was replaced: ") + page_.WhyLacking(lacking));
   std::vector<Refusal> refused;
-  const int count =
-      form_.table()->ReplaceAll(page_.ToBytes(find_->text()), page_.ToBytes(replace_->text()), refused);
+  const int count = form_.table()->ReplaceAll(find.bytes, by.bytes, refused);
   QString text = QStringLiteral("%1 cells changed").arg(count);
   if (!refused.empty()) text += QStringLiteral(", %1 left as they were").arg(refused.size());
   result_->setText(text);

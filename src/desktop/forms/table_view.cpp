@@ -42,6 +42,12 @@ std::optional<KeyCode> KeyOf(int key) {
   }
 }
 
+/** Tab alone goes through the cells. */
+bool LeavesTable(const QKeyEvent* event) {
+  return event->modifiers().testFlag(Qt::ControlModifier) &&
+         (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab);
+}
+
 /** Numbers the rows. The last number is the widest; Qt would measure two hundred of them whenever it lays the table out. */
 class RowNumbers : public QHeaderView {
  public:
@@ -90,6 +96,7 @@ void TableView::ShowRowTitle() {
 void TableView::Refresh() {
   showing_ = true;
   model_.Refresh();
+  HideRows(true);
   const TableEditor& table = model_.table();
   if (table.rows() > 0) {
     const Selection selected = table.selection();
@@ -104,17 +111,26 @@ void TableView::Refresh() {
   viewport()->update();
 }
 
-int TableView::FilterRows(const QString& text) {
-  int shown = 0;
-  for (int row = 0; row < model_.rowCount(); ++row) {
-    bool found = text.isEmpty();
-    for (int column = 0; column < model_.columnCount() && !found; ++column) {
-      found = model_.index(row, column).data().toString().contains(text, Qt::CaseInsensitive);
-    }
-    setRowHidden(row, !found);
-    shown += found ? 1 : 0;
+void TableView::FilterRows(const QString& text) {
+  filter_ = text;
+  HideRows(false);
+}
+
+bool TableView::Matches(int row) const {
+  bool found = filter_.isEmpty();
+  for (int column = 0; column < model_.columnCount() && !found; ++column) {
+    found = model_.index(row - 1, column).data().toString().contains(filter_, Qt::CaseInsensitive);
   }
-  return shown;
+  return found;
+}
+
+/** Tells the editor which rows are in sight, and hides the others here. */
+void TableView::HideRows(bool keep_current) {
+  shown_rows_ = model_.table().ShowRows([this](int row) { return Matches(row); }, keep_current);
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    const bool hidden = !model_.table().InSight(row + 1);
+    if (isRowHidden(row) != hidden) setRowHidden(row, hidden);
+  }
 }
 
 void TableView::RestoreColumns(SettingsStore& settings, const std::string& form) {
@@ -145,7 +161,14 @@ bool TableView::OpensList(const QKeyEvent* event) const {
 
 void TableView::keyPressEvent(QKeyEvent* event) {
   TableEditor& table = model_.table();
+  if (LeavesTable(event)) {
+    // The view's own would go to the next cell.
+    QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab &&
+                                !event->modifiers().testFlag(Qt::ShiftModifier));
+    return;
+  }
   if (!currentIndex().isValid()) return QTableView::keyPressEvent(event);
+  if (!table.InSight(currentIndex().row() + 1)) return event->ignore();
   const auto plain = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (OpensList(event)) {
     edit(currentIndex());

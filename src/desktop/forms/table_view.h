@@ -20,8 +20,10 @@ class TableView : public QTableView {
 
   /** Shows the editor's rows, its current cell and its selection. */
   void Refresh();
-  /** Shows only rows in which a cell holds the text, case aside; all rows for "". Returns how many are shown. */
-  int FilterRows(const QString& text);
+  /** From now on shows only rows in which a cell holds the text, case aside, and the one that is being edited;
+   * all rows for "". Refresh shows where that leaves the current cell. */
+  void FilterRows(const QString& text);
+  int shown_rows() const { return shown_rows_; }
   /** Column widths of this form, as they were left. */
   void RestoreColumns(SettingsStore& settings, const std::string& form);
   void KeepColumns(SettingsStore& settings, const std::string& form) const;
@@ -33,12 +35,16 @@ class TableView : public QTableView {
 
  private:
   void ShowRowTitle();
+  bool Matches(int row) const;
+  void HideRows(bool keep_current);
   void TakeSelection();
   bool OpensList(const QKeyEvent* event) const;
 
   TableModel& model_;
   std::function<void()> acted_;
   std::function<void()> moved_;
+  QString filter_;
+  int shown_rows_ = 0;
   bool showing_ = false;  // the view follows the editor, not the other way round
 };
 

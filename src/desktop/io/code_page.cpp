@@ -100,12 +100,25 @@ QString CodePage::ToLetters(std::string_view bytes) const {
   return letters;
 }
 
-std::string CodePage::ToBytes(const QString& letters) const {
-  std::string bytes;
-  for (const QChar letter : letters) {
-    if (const std::optional<char> byte = ByteOf(*this, letter)) bytes += *byte;
+CodePage::Taken CodePage::Take(const QString& letters) const {
+  Taken taken;
+  const auto count = letters.size();
+  for (qsizetype i = 0; i < count; ++i) {
+    if (const std::optional<char> byte = ByteOf(*this, letters[i])) {
+      taken.bytes += *byte;
+      continue;
+    }
+    const bool pair = letters[i].isHighSurrogate() && i + 1 < count && letters[i + 1].isLowSurrogate();
+    const QString letter = letters.mid(i, pair ? 2 : 1);
+    if (!taken.lacking.contains(letter)) taken.lacking += letter;
+    if (pair) ++i;
   }
-  return bytes;
+  return taken;
+}
+
+QString CodePage::WhyLacking(const QString& lacking) const {
+  return QStringLiteral("the code page %1 does not have: %2")
+      .arg(QString::fromUtf8(name_.data(), static_cast<qsizetype>(name_.size())), lacking);
 }
 
 bool CodePage::HasLetter(QChar letter) const {

@@ -28,8 +28,16 @@ class CodePage {
 
   std::string_view name() const { return name_; }
   QString ToLetters(std::string_view bytes) const;
-  /** Letters that the page does not have are dropped. */
-  std::string ToBytes(const QString& letters) const;
+  /** What letters become in the page. */
+  struct Taken {
+    std::string bytes;
+    QString lacking;  // the letters that the page does not have, each once; they are in no byte
+  };
+  Taken Take(const QString& letters) const;
+  /** Says to people that the page does not have these letters. */
+  QString WhyLacking(const QString& lacking) const;
+  /** Letters that the page does not have are dropped: for keys, where a person sees it at once. */
+  std::string ToBytes(const QString& letters) const { return Take(letters).bytes; }
   bool HasLetter(QChar letter) const;
   const UpperHalf& letters() const { return letters_; }
 

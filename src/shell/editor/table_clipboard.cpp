@@ -34,9 +34,11 @@ std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
 
 std::string TableEditor::Copy() const {
   std::string text;
+  bool first = true;
   const Selection selected = selection();
-  for (int row = selected.top; row <= std::min(selected.bottom, rows()); ++row) {
-    if (row > selected.top) text += "\r\n";
+  for (const int row : RowsInSight(selected.top, selected.bottom)) {
+    if (!first) text += "\r\n";
+    first = false;
     for (int column = selected.left; column <= selected.right; ++column) {
       if (column > selected.left) text += '\t';
       text += Cell(row, column);
@@ -46,9 +48,10 @@ std::string TableEditor::Copy() const {
 }
 
 void TableEditor::ClearCell() {
+  if (rows() > 0 && !HasCurrent()) return;
   Begin();
   const Selection selected = selection();
-  for (int row = selected.top; row <= std::min(selected.bottom, rows()); ++row) {
+  for (const int row : RowsInSight(selected.top, selected.bottom)) {
     for (int column = selected.left; column <= selected.right; ++column) {
       if (this->column(column).entry != Entry::kReadOnly) Change(row, column, {});
     }
@@ -61,8 +64,10 @@ std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::st
                                            Selection where, bool fill) {
   std::vector<Refusal> refused;
   Begin();
-  for (int row = where.top; row <= std::min(where.bottom, rows()); ++row) {
-    const auto& line = block[fill ? 0 : static_cast<std::size_t>(row - where.top)];
+  std::size_t next = 0;
+  for (const int row : RowsInSight(where.top, fill ? where.bottom : rows())) {
+    if (next == block.size()) break;
+    const auto& line = block[fill ? 0 : next++];
     const bool one = line.size() == 1 && fill;
     for (int column = where.left; column <= std::min(where.right, columns()); ++column) {
       const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
@@ -82,23 +87,23 @@ std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::st
 }
 
 std::vector<Refusal> TableEditor::Paste(std::string_view text) {
-  if (text.empty() || rows() == 0) return {};
+  if (text.empty() || !HasCurrent()) return {};
   const auto block = CellsOf(text);
   Selection where = selection();
   if (block.size() == 1 && block[0].size() == 1) return PutBlock(block, where, true);
   std::size_t widest = 0;
   for (const auto& line : block) widest = std::max(widest, line.size());
-  where.bottom = where.top + static_cast<int>(block.size()) - 1;
   where.right = where.left + static_cast<int>(widest) - 1;
   return PutBlock(block, where, false);
 }
 
 std::vector<Refusal> TableEditor::FillDown() {
   Selection where = selection();
-  if (where.bottom <= where.top || rows() == 0) return {};
+  const std::vector<int> rows = RowsInSight(where.top, where.bottom);
+  if (rows.size() < 2) return {};
   std::vector<std::string> line;
-  for (int column = where.left; column <= where.right; ++column) line.push_back(Cell(where.top, column));
-  ++where.top;
+  for (int column = where.left; column <= where.right; ++column) line.push_back(Cell(rows.front(), column));
+  where.top = rows.front() + 1;
   return PutBlock({line}, where, true);
 }
 

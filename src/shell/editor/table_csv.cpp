@@ -97,6 +97,63 @@ Result<std::vector<int>> ColumnsOf(const TableEditor& table, const Line& head) {
   return columns;
 }
 
+Status Wrong(const Line& line, const std::string& title, const std::string& what) {
+  return {ErrorKind::kBadData, "line " + std::to_string(line.number) + ", column \"" + title + "\": " + what};
+}
+
+/** Rows that hold something that an import could replace. */
+int RowsFilled(const TableEditor& table) {
+  int filled = 0;
+  for (int row = 1; row <= table.rows(); ++row) {
+    bool holds = false;
+    for (int column = 1; column <= table.columns() && !holds; ++column) {
+      holds = table.column(column).entry != Entry::kReadOnly && !table.Cell(row, column).empty();
+    }
+    filled += holds ? 1 : 0;
+  }
+  return filled;
+}
+
+/** Puts a line's cells into a row. */
+Status TakeLine(TableEditor& table, int row, const Line& line, const std::vector<int>& columns,
+                const CsvImport& import) {
+  for (std::size_t n = 0; n < columns.size(); ++n) {
+    const int column = columns[n];
+    if (table.column(column).entry == Entry::kReadOnly) continue;
+    const std::string cell = n < line.cells.size() ? line.cells[n] : std::string();
+    std::string why;
+    std::optional<std::string> fitting = import.convert ? import.convert(cell, why) : cell;
+    if (fitting) fitting = table.Fitting(row, column, *fitting, why);
+    if (!fitting)
+      return Wrong(line, table.column(column).title,
+                   std::string("\"").append(cell).append("\" ").append(why));
+    table.SetCell(row, column, *fitting);
+  }
+  return {};
+}
+
+/** All lines behind the first, and blanks behind them. */
+Status TakeLines(TableEditor& table, const std::vector<Line>& lines, const std::vector<int>& columns,
+                 const CsvImport& import) {
+  const std::vector<std::string>& titles = lines.front().cells;
+  bool room = true;
+  while (room && table.rows() + 1 < static_cast<int>(lines.size())) room = table.Append();
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    const Line& line = lines[i];
+    if (line.cells.size() > columns.size()) return Wrong(line, titles.back(), "more cells stand behind it");
+    if (static_cast<int>(i) > table.rows())
+      return Wrong(line, titles.front(), "there is no room for this row");
+    Status taken = TakeLine(table, static_cast<int>(i), line, columns, import);
+    if (!taken.ok()) return taken;
+  }
+  for (int row = static_cast<int>(lines.size()); row <= table.rows(); ++row) {
+    for (const int column : columns) {
+      if (table.column(column).entry != Entry::kReadOnly) table.SetCell(row, column, {});
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 std::string ExportCsv(const TableEditor& table) {
@@ -114,48 +171,20 @@ std::string ExportCsv(const TableEditor& table) {
   return text;
 }
 
-Status ImportCsv(TableEditor& table, std::string_view text) {
+Status ImportCsv(TableEditor& table, std::string_view text, const CsvImport& import) {
   Result<std::vector<Line>> read = CsvReader(text).Read();
   if (!read.ok()) return read.status();
   const std::vector<Line>& lines = read.value();
   if (lines.empty()) return {ErrorKind::kBadData, "the file is empty"};
   Result<std::vector<int>> columns = ColumnsOf(table, lines.front());
   if (!columns.ok()) return columns.status();
-  const auto wrong = [](const Line& line, const std::string& title, const std::string& what) {
-    return Status(ErrorKind::kBadData,
-                  "line " + std::to_string(line.number) + ", column \"" + title + "\": " + what);
-  };
-  Status status;
+  const int filled = RowsFilled(table);
+  if (filled > 0 && import.may_replace && !import.may_replace(filled, static_cast<int>(lines.size()) - 1))
+    return {};
   const std::size_t steps = table.Steps();
   const auto changed = std::exchange(table.changed, nullptr);
   table.Begin();
-  bool room = true;
-  while (room && table.rows() + 1 < static_cast<int>(lines.size())) room = table.Append();
-  for (std::size_t i = 1; i < lines.size() && status.ok(); ++i) {
-    const Line& line = lines[i];
-    const int row = static_cast<int>(i);
-    if (row > table.rows()) status = wrong(line, lines[0].cells[0], "there is no room for this row");
-    if (line.cells.size() > columns.value().size())
-      status = wrong(line, lines[0].cells.back(), "more cells stand behind it");
-    for (std::size_t n = 0; n < columns.value().size() && status.ok(); ++n) {
-      const int column = columns.value()[n];
-      if (table.column(column).entry == Entry::kReadOnly) continue;
-      const std::string cell = n < line.cells.size() ? line.cells[n] : std::string();
-      std::string why;
-      const std::optional<std::string> fitting = table.Fitting(row, column, cell, why);
-      if (fitting) {
-        table.SetCell(row, column, *fitting);
-      } else {
-        status =
-            wrong(line, table.column(column).title, std::string("\"").append(cell).append("\" ").append(why));
-      }
-    }
-  }
-  for (int row = static_cast<int>(lines.size()); row <= table.rows() && status.ok(); ++row) {
-    for (const int column : columns.value()) {
-      if (table.column(column).entry != Entry::kReadOnly) table.SetCell(row, column, {});
-    }
-  }
+  Status status = TakeLines(table, lines, columns.value(), import);
   table.End();
   table.changed = changed;
   if (!status.ok()) {

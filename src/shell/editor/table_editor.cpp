@@ -10,6 +10,14 @@ constexpr std::string_view kNotInList = "is not in the list";
 constexpr std::string_view kNotTaken = "is not taken by this column";
 constexpr std::string_view kReadOnly = "can't be changed here";
 
+/** The length that a column takes, for the end of a refusal; "" where it has no limit. */
+std::string LimitOf(const EntryRule& rule) {
+  if (rule.most == 0) return {};
+  const bool digits = rule.characters.find_first_not_of("0123456789") == std::string_view::npos;
+  return ": at most " + std::to_string(rule.most) +
+         (digits && !rule.characters.empty() ? " digits" : " characters");
+}
+
 }  // namespace
 
 void TableEditor::Clear() {
@@ -21,6 +29,7 @@ void TableEditor::Clear() {
 
 void TableEditor::Load(TableRow row) {
   row.cells.resize(options_.columns.size());
+  row.in_sight = true;
   rows_.push_back(std::move(row));
 }
 
@@ -79,13 +88,13 @@ std::string TableEditor::OpenText() const {
 }
 
 void TableEditor::Open() {
-  if (rows() == 0 || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
+  if (!HasCurrent() || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
   const std::string& text = Cell(row_, column_);
   open_ = OpenField{.text = text, .before = text};
 }
 
 bool TableEditor::Pick(std::string_view entry) {
-  if (rows() == 0) return false;
+  if (!HasCurrent()) return false;
   const Entry kind = EntryOf(row_, column_);
   if (kind != Entry::kList && kind != Entry::kEditList) return false;
   const std::vector<std::string> list = ListOf(row_, column_);
@@ -160,6 +169,8 @@ void TableEditor::Restore(const UndoStep& step, bool after) {
   }
   row_ = anchor_row_ = std::clamp(step.row, 1, std::max(rows(), 1));
   column_ = anchor_column_ = step.column;
+  // What is undone has to be seen.
+  if (!rows_.empty()) rows_[static_cast<std::size_t>(row_) - 1].in_sight = true;
 }
 
 void TableEditor::Undo() {
@@ -195,7 +206,7 @@ std::optional<std::string> TableEditor::Fitting(int row, int column, std::string
     if (kind == Entry::kList) return std::nullopt;
   }
   std::optional<std::string> typed = TypeWhole(stated.rule, text);
-  if (!typed && why.empty()) why = kNotTaken;
+  if (!typed && why.empty()) why = std::string(kNotTaken) + LimitOf(stated.rule);
   return typed;
 }
 

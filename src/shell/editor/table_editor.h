@@ -107,6 +107,17 @@ class TableEditor {
   int current_column() const { return column_; }
   Selection selection() const;
   void LeaveCell();
+  /** To the first or the last row in sight, in the same column. */
+  void GoToTop() { GoTo(NextInSight(1, 1), column_); }
+  void GoToBottom() { GoTo(NextInSight(rows(), -1), column_); }
+
+  // Rows in sight: all of them, unless a view filters. Keys and whatever acts on the selection pass the others
+  // over, and do nothing where none is in sight.
+  /** Leaves in sight the rows that match, and with `keep_current` the current one if it was. The current cell
+   * goes to the first of them where its own row is left out. Returns how many they are. */
+  int ShowRows(const std::function<bool(int row)>& matches, bool keep_current);
+  /** False outside of the table. */
+  bool InSight(int row) const { return row >= 1 && row <= rows() && this->row(row).in_sight; }
 
   // Editing the current cell.
   void Press(Key key);
@@ -132,14 +143,14 @@ class TableEditor {
   void ClearCell();
   /** Puts a block of cells from the selection's corner on; a single cell fills the whole selection. */
   std::vector<Refusal> Paste(std::string_view text);
-  /** The first row of the selection goes into all rows below it. */
+  /** The first row of the selection goes into all of its rows below. */
   std::vector<Refusal> FillDown();
 
   // Rows.
   bool CanAddRow() const;
   void AddRow();
   void InsertRow();
-  /** Deletes the selected rows. */
+  /** Deletes the selected rows that are in sight. */
   void DeleteRow();
   void Sort(bool ascending);
   /** Puts rows into another order or number; one step. */
@@ -148,9 +159,10 @@ class TableEditor {
   bool Append();
 
   // Search.
-  /** The next cell behind the current one, around the end, whose text holds `text`; false if there is none. */
+  /** The next cell in sight behind the current one, around the end, whose text holds `text`; false if there is
+   * none. */
   bool FindNext(std::string_view text);
-  /** Replaces it in every cell that takes the result, as one step. Returns the number of cells changed. */
+  /** Replaces it in every cell in sight that takes the result, as one step. Returns the number of cells changed. */
   int ReplaceAll(std::string_view text, std::string_view by, std::vector<Refusal>& refused);
 
   // Undo.
@@ -181,6 +193,10 @@ class TableEditor {
   void Write(std::string_view text);
   void Move(int rows, int columns);
   void NextRow();
+  /** The first row in sight from that one on, in steps of 1 or -1; 0 for none. */
+  int NextInSight(int from, int step) const;
+  std::vector<int> RowsInSight(int first, int last) const;
+  bool HasCurrent() const { return InSight(row_); }
   void Change(int row, int column, std::string_view text);
   void Restore(const UndoStep& step, bool after);
   std::vector<Refusal> PutBlock(const std::vector<std::vector<std::string>>& block, Selection where,

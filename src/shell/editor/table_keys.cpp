@@ -8,7 +8,8 @@
 namespace tarvok {
 
 void TableEditor::Move(int rows, int columns) {
-  GoTo(std::clamp(row_ + rows, 1, this->rows()), std::clamp(column_ + columns, 1, this->columns()));
+  const int row = rows == 0 ? row_ : NextInSight(row_ + rows, rows);
+  GoTo(row > 0 ? row : row_, std::clamp(column_ + columns, 1, this->columns()));
 }
 
 void TableEditor::NextRow() {
@@ -16,7 +17,7 @@ void TableEditor::NextRow() {
 }
 
 void TableEditor::Press(Key key) {
-  if (rows() == 0) return;
+  if (!HasCurrent()) return;
   switch (key.code) {
     case KeyCode::kReturn:
       return NextRow();

@@ -1,4 +1,4 @@
-// Rows added, inserted, deleted and sorted.
+// Rows added, inserted, deleted, sorted and left out of sight.
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +48,32 @@ bool ComesBefore(const TableRow& a, const TableRow& b, const std::vector<SortKey
 
 }  // namespace
 
+int TableEditor::ShowRows(const std::function<bool(int row)>& matches, bool keep_current) {
+  int shown = 0;
+  for (int row = 1; row <= rows(); ++row) {
+    bool& in_sight = rows_[static_cast<std::size_t>(row) - 1].in_sight;
+    in_sight = (keep_current && row == row_ && in_sight) || matches(row);
+    shown += in_sight ? 1 : 0;
+  }
+  if (shown > 0 && !HasCurrent()) GoToTop();
+  return shown;
+}
+
+int TableEditor::NextInSight(int from, int step) const {
+  for (int row = from; row >= 1 && row <= rows(); row += step) {
+    if (InSight(row)) return row;
+  }
+  return 0;
+}
+
+std::vector<int> TableEditor::RowsInSight(int first, int last) const {
+  std::vector<int> shown;
+  for (int row = first; row <= std::min(last, rows()); ++row) {
+    if (InSight(row)) shown.push_back(row);
+  }
+  return shown;
+}
+
 bool TableEditor::CanAddRow() const {
   return options_.rows == RowCommands::kGrow && rows() < options_.most;
 }
@@ -67,7 +93,7 @@ void TableEditor::AddRow() {
 }
 
 void TableEditor::InsertRow() {
-  if (options_.rows == RowCommands::kNone || rows() == 0) return;
+  if (options_.rows == RowCommands::kNone || !HasCurrent()) return;
   std::vector<TableRow> rows = rows_;
   if (!CanAddRow()) {
     if (!IsBlank(this->rows())) return;
@@ -79,16 +105,23 @@ void TableEditor::InsertRow() {
 }
 
 void TableEditor::DeleteRow() {
-  if (options_.rows == RowCommands::kNone || rows() == 0) return;
+  if (options_.rows == RowCommands::kNone || !HasCurrent()) return;
   const Selection selected = selection();
-  std::vector<TableRow> rows = rows_;
-  rows.erase(rows.begin() + selected.top - 1, rows.begin() + selected.bottom);
+  bool filtered = false;
+  std::vector<TableRow> rows;
+  for (int row = 1; row <= this->rows(); ++row) {
+    filtered = filtered || !InSight(row);
+    if (row < selected.top || row > selected.bottom || !InSight(row)) rows.push_back(this->row(row));
+  }
   if (options_.rows == RowCommands::kFixed) {
     while (rows.size() < rows_.size())
-      rows.push_back({.cells = std::vector<std::string>(options_.columns.size())});
+      rows.push_back({.cells = std::vector<std::string>(options_.columns.size()), .in_sight = !filtered});
   }
   ReplaceRows(std::move(rows));
-  GoTo(std::clamp(selected.top, 1, std::max(this->rows(), 1)), selected.left);
+  const int top = std::clamp(selected.top, 1, std::max(this->rows(), 1));
+  const int below = NextInSight(top, 1);
+  const int above = NextInSight(top, -1);
+  GoTo(below > 0 ? below : above > 0 ? above : top, selected.left);
 }
 
 void TableEditor::Sort(bool ascending) {

@@ -33,7 +33,7 @@ bool TableEditor::FindNext(std::string_view text) {
     const int at = (here + step) % cells;
     const int row = at / columns() + 1;
     const int column = at % columns() + 1;
-    if (PlaceOf(text, Cell(row, column)) != std::string::npos) return GoTo(row, column);
+    if (InSight(row) && PlaceOf(text, Cell(row, column)) != std::string::npos) return GoTo(row, column);
   }
   return false;
 }
@@ -42,7 +42,7 @@ int TableEditor::ReplaceAll(std::string_view text, std::string_view by, std::vec
   if (text.empty()) return 0;
   int count = 0;
   Begin();
-  for (int row = 1; row <= rows(); ++row) {
+  for (const int row : RowsInSight(1, rows())) {
     for (int column = 1; column <= columns(); ++column) {
       if (this->column(column).entry == Entry::kReadOnly ||
           PlaceOf(text, Cell(row, column)) == std::string::npos)

@@ -11,6 +11,7 @@ struct TableRow {
   int origin = 0;  // its number in the project when it was loaded, 0 for a new one
   std::vector<std::string> cells;
   std::vector<std::string> hidden = {};
+  bool in_sight = true;  // a filter does not leave it out
 };
 
 /** One step of what can be undone. */
