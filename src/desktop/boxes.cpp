@@ -1,6 +1,8 @@
 #include "desktop/boxes.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include "desktop/shown_text.h"
@@ -9,12 +11,27 @@
 namespace tarvok {
 namespace {
 
-bool RunQuestion(QMessageBox& box) {
-  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::Yes);
-  box.setEscapeButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes;
-}
+class Question : public QMessageBox {
+ public:
+  Question(QWidget* parent, const QString& text, const YesNo& how)
+      : QMessageBox(QMessageBox::Question, Words(kBoxTitle), text, Yes | No, parent), how_(how) {
+    setTextFormat(Qt::PlainText);
+    setDefaultButton(how.enter);
+    setEscapeButton(No);
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (how_.must_be_answered && event->matches(QKeySequence::Cancel)) return event->accept();
+    QMessageBox::keyPressEvent(event);
+  }
+  void closeEvent(QCloseEvent* event) override {
+    how_.must_be_answered ? event->ignore() : QMessageBox::closeEvent(event);
+  }
+
+ private:
+  YesNo how_;
+};
 
 }  // namespace
 
@@ -24,17 +41,14 @@ void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
   box.exec();
 }
 
-bool AskYesNo(QWidget* parent, const QString& question) {
-  QMessageBox box(QMessageBox::Question, Words(kBoxTitle), question, QMessageBox::NoButton, parent);
-  box.setTextFormat(Qt::PlainText);
-  return RunQuestion(box);
+bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how) {
+  return Question(parent, question, how).exec() == QMessageBox::Yes;
 }
 
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
                        const std::function<void(QWidget* box)>& show_changes) {
-  QMessageBox box(QMessageBox::Question, Words(kBoxTitle), question, QMessageBox::NoButton, parent);
+  Question box(parent, question, {});
   box.setObjectName(QStringLiteral("frmMsgBox"));
-  box.setTextFormat(Qt::PlainText);
   auto* check = new QCheckBox(QStringLiteral("Compare &Byte"), &box);
   check->setToolTip(QStringLiteral("Reads every section back after sending it and compares the bytes"));
   check->setChecked(compare);
@@ -45,7 +59,7 @@ bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
   // A button of a message box closes it; this one is a look aside.
   QObject::disconnect(changes, &QPushButton::clicked, nullptr, nullptr);
   QObject::connect(changes, &QPushButton::clicked, &box, [&] { show_changes(&box); });
-  if (!RunQuestion(box)) return false;
+  if (box.exec() != QMessageBox::Yes) return false;
   compare = check->isChecked();
   return true;
 }

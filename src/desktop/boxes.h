@@ -9,8 +9,12 @@ namespace tarvok {
 
 /** A message with OK, titled as all of them are. */
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text);
-/** Yes and No; closing the box by its window is No. */
-bool AskYesNo(QWidget* parent, const QString& question);
+struct YesNo {
+  QMessageBox::StandardButton enter = QMessageBox::Yes;  // the button that Return takes
+  bool must_be_answered = false;  // Esc and the window's X do nothing; else they are No
+};
+
+bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how = {});
 /** `frmMsgBox`: the question in front of a send, with the box "Compare Byte". `show_changes` is behind a button
  * of the box, which stays open over it. */
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,

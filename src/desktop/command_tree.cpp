@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <QApplication>
 #include <QKeyEvent>
 
 #include "desktop/colours.h"
@@ -69,6 +70,21 @@ void CommandTree::Paint(QTreeWidgetItem* item, bool on) {
   item->setFont(0, bold);
   const QColor mark = Mix(palette().color(QPalette::Highlight), palette().color(QPalette::Base), 25);
   item->setBackground(0, on ? QBrush(mark) : QBrush());
+}
+
+void CommandTree::keyboardSearch(const QString& search) {
+  const bool is_digit = search.size() == 1 && search[0] >= QLatin1Char('0') && search[0] <= QLatin1Char('9');
+  if (!is_digit) {
+    digits_.clear();
+    return QTreeWidget::keyboardSearch(search);
+  }
+  if (!since_digit_.isValid() || since_digit_.elapsed() > QApplication::keyboardInputInterval())
+    digits_.clear();
+  since_digit_.start();
+  digits_ += search;
+  const int number = digits_.toInt();
+  if (number < 1 || number > static_cast<int>(kCommands.size())) return;
+  if (QTreeWidgetItem* item = ItemOf(number + kRootNode)) setCurrentItem(item);
 }
 
 void CommandTree::keyPressEvent(QKeyEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include <QElapsedTimer>
 #include <QTreeWidget>
 
 #include "shell/main_frame_commands.h"
@@ -21,6 +22,10 @@ class CommandTree : public QTreeWidget {
   /** UpdateTree; without commands only the root. What is shown already stays as it is. */
   void ShowCommands(bool shown, const IsOffered& is_offered);
   void Highlight(int node, bool on);
+  /** The keys go on from there. */
+  void SetCurrent(int node) { setCurrentItem(ItemOf(node)); }
+  /** Digits find the command with that number, other characters the text, as everywhere. */
+  void keyboardSearch(const QString& search) override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -33,6 +38,8 @@ class CommandTree : public QTreeWidget {
 
   NodeHandler on_node_;
   int row_height_ = 0;
+  QString digits_;  // typed one behind the other
+  QElapsedTimer since_digit_;
 };
 
 }  // namespace tarvok

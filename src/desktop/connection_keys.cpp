@@ -50,9 +50,9 @@ Status ReadConnectionKeys(ProjectStore& store, const std::string& project, Conne
   if (keys.bps.empty()) keys.bps = kDefaultBps;
   const bool no_port = keys.port.empty();
   const bool no_modem = keys.port_modem.empty();
-  if (!no_port && !no_modem) return {};
   if (no_port) keys.port = kFirstPort;
   if (no_modem) keys.port_modem = kFirstPort;
+  if ((!no_port && !no_modem) || !IsProject(*text)) return {};
   return store.Update(project, [&](IniEdit& edit) {
     if (no_port) edit.Set(kHeaderSection, key::kPort, kFirstPort);
     if (no_modem) edit.Set(kHeaderSection, key::kPortModem, kFirstPort);

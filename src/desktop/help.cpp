@@ -16,6 +16,26 @@ struct Topic {
   std::string_view text;
 };
 
+/** Of every form that is not among those below. */
+constexpr Topic kEditors = {
+    "", "Editors",
+    "<p>A click on another command, Close and Exit save the changes without a question; <b>Cancel</b> asks. "
+    "Ctrl+S is <b>Save</b>.</p>"
+    "<p>In a table a character goes to the cell, if its column takes it. Backspace takes the last one off, "
+    "Delete empties the selected cells.</p>"
+    "<table cellspacing='6'>"
+    "<tr><td>Return, arrows, Tab</td><td>the next row; to the next cell</td></tr>"
+    "<tr><td>Ctrl+Tab, Ctrl+Shift+Tab</td><td>out of the table</td></tr>"
+    "<tr><td>F2, double click</td><td>opens the cell</td></tr>"
+    "<tr><td>F4, Alt+Down</td><td>opens the list</td></tr>"
+    "<tr><td>Ctrl+Z, Ctrl+Y</td><td>undo, redo</td></tr>"
+    "<tr><td>Ctrl+C, Ctrl+X, Ctrl+V</td><td>copy, cut, paste, as spreadsheets do</td></tr>"
+    "<tr><td>Ctrl+D</td><td>the first selected row into the selected ones below it</td></tr>"
+    "<tr><td>Ctrl+H, Ctrl+Shift+F</td><td>find and replace; show only rows with a text</td></tr>"
+    "<tr><td>Ctrl+Shift+A, Ctrl++, Ctrl+-</td><td>add, insert, delete a row</td></tr>"
+    "<tr><td>Ctrl+U</td><td>what refers to the row</td></tr>"
+    "</table>"};
+
 constexpr Topic kTopics[] = {
     {"", "Tarvok Setup",
      "<p>A project is a file with the whole configuration of one exchange. <b>New</b> makes one from the "
@@ -76,7 +96,7 @@ constexpr Topic kTopics[] = {
 void ShowHelp(QWidget* parent, std::string_view form_name) {
   const auto* found = std::find_if(std::begin(kTopics), std::end(kTopics),
                                    [&](const Topic& topic) { return topic.form == form_name; });
-  const Topic& topic = found == std::end(kTopics) ? kTopics[0] : *found;
+  const Topic& topic = found == std::end(kTopics) ? kEditors : *found;
   QMessageBox box(QMessageBox::NoIcon, Words(kBoxTitle),
                   QStringLiteral("<h3>%1</h3>%2").arg(Words(topic.title), Words(topic.text)),
                   QMessageBox::Close, parent);

@@ -6,7 +6,8 @@
 
 namespace tarvok {
 
-/** Shows what a form is for, by its name (`frmConnect`); a name that is not known shows the general help. */
+/** Shows what a form is for, by its name (`frmConnect`); "" shows the general help, any other
+ * name that of the editors. */
 void ShowHelp(QWidget* parent, std::string_view form_name);
 
 }  // namespace tarvok

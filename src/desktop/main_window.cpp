@@ -10,6 +10,7 @@
 
 #include "desktop/boxes.h"
 #include "desktop/help.h"
+#include "desktop/last_transfer.h"
 #include "desktop/shown_text.h"
 #include "store/new_project.h"
 
@@ -39,6 +40,12 @@ void MainWindow::Show(const FrameLook& look) {
   close_->setEnabled(look.can_close);
   versions_->setEnabled(look.has_commands);
   find_action_->setEnabled(look.has_commands);
+  letters_->setEnabled(!look.has_editor);
+  // An open form has read its texts with the letters of before.
+  const QString why =
+      look.has_editor ? QStringLiteral("Close the open form to change the letters") : QString();
+  letters_->setToolTip(why);
+  letters_->setStatusTip(why);
   if (find_ != nullptr && !look.has_commands) find_->hide();
   tree_->ShowCommands(look.has_commands,
                       [this](const Command& command) { return frame_->IsOffered(command); });
@@ -86,6 +93,15 @@ std::string MainWindow::ChooseNewFile() {
   return new_file_ = WithProjectExtension(dialogs_.ChooseNewFile(this, QStringLiteral("New")));
 }
 
+void MainWindow::New() {
+  const bool was_open = !parts_.state.ProjectFile.empty();
+  frame_->New();
+  if (was_open || parts_.state.ProjectFile.empty()) return;
+  // Another project may have had that name.
+  ForgetLastTransfer(parts_.settings, parts_.store.files(), parts_.state.ProjectFile);
+  overview_->ShowProject();
+}
+
 std::string MainWindow::ChooseExistingFile() {
   return dialogs_.ChooseExistingFile(this, QStringLiteral("Open"));
 }
@@ -114,6 +130,7 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::ShowInPane(QWidget* widget) {
   pane_->addWidget(widget);
   pane_->setCurrentWidget(widget);
+  tree_->SetCurrent(parts_.state.ClickedNode);  // a jump opens it without a click there
   widget->setFocus(Qt::OtherFocusReason);
   DropClosed();
 }

@@ -63,7 +63,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
                       bool checked);
   QAction* MakeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
                       const QIcon& icon, void (MainWindow::*run)());
-  void New() { frame_->New(); }
+  void New();
   void Open() { frame_->Open(); }
   void CloseProject() { frame_->Close(); }
   void Exit() { frame_->ExitProgram(); }
@@ -92,6 +92,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QAction* versions_ = nullptr;
   QAction* find_action_ = nullptr;
   QAction* help_ = nullptr;
+  QAction* letters_ = nullptr;  // the menu of code pages
   std::array<QAction*, RecentFiles::kCount> recent_{};
   QAction* dash3_ = nullptr;
   QSplitter* splitter_ = nullptr;

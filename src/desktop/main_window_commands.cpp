@@ -6,6 +6,7 @@
 #include "desktop/versions_dialog.h"
 #include "sections/places.h"
 #include "shell/connection_settings.h"
+#include "shell/project_there.h"
 #include "store/header_keys.h"
 
 namespace tarvok {
@@ -93,6 +94,9 @@ void MainWindow::UsePractice() {
 void MainWindow::ConnectToPractice() {
   const std::string& project = parts_.state.ProjectFile;
   if (project.empty()) return;
+  if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
+    return ShowBox(this, QMessageBox::Critical, MessageText(problem, PageOf(parts_.settings)));
+  }
   parts_.keep(project, kBeforePractice);
   const Status written = parts_.store.Update(project, [&](IniEdit& edit) {
     edit.Set(kHeaderSection, connection_key::kBy, kByLan);

@@ -99,6 +99,8 @@ void MainWindow::MakeViewMenu() {
     colours->addAction(MakeChoice(colour_group, texts[i], desktop_key::kColours, choice, checked));
   }
   QMenu* letters = view->addMenu(QStringLiteral("&Letters in Projects"));
+  letters_ = letters->menuAction();
+  view->setToolTipsVisible(true);
   auto* letter_group = new QActionGroup(letters);
   // Asking Qt for its pages takes time that the start need not wait for.
   connect(letters, &QMenu::aboutToShow, this, [this, letters, letter_group] {
@@ -150,7 +152,7 @@ void MainWindow::MakePanes() {
   splitter_->setChildrenCollapsible(false);
   tree_ = new CommandTree([this](int node) { frame_->ClickNode(node); });
   pane_ = new QStackedWidget;
-  start_ = new StartPane({.create = [this] { frame_->New(); },
+  start_ = new StartPane({.create = [this] { New(); },
                           .open = [this] { frame_->Open(); },
                           .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
                           .start_practice = [this] { practice_.Start(); }});

@@ -13,7 +13,7 @@
 #include "sections/ports/assign.h"
 #include "sections/ports/port_def.h"
 #include "shell/connection_settings.h"
-#include "store/header_keys.h"
+#include "shell/project_there.h"
 
 namespace tarvok {
 namespace {
@@ -138,8 +138,9 @@ void OverviewPane::ShowProject() {
   const QFileInfo info(PathText(file));
   name_->setText(info.completeBaseName());
   folder_->setText(FolderText(info.absolutePath()));
-  problem_->setVisible(!IsProject(*project));
-  problem_->setText(Words(kNotAProject));
+  const std::string problem = WhyNoProject(parts_.store, file);
+  problem_->setVisible(!problem.empty());
+  problem_->setText(MessageText(problem, PageOf(parts_.settings)));
 
   ShowConnection(*project);
   if (std::exchange(shown_, project) == project) return;
@@ -151,8 +152,11 @@ void OverviewPane::ShowCounts(const IniText& project) {
   const ProjectSummary summary = Summarize(project);
   rack_->ShowSummary(summary);
   rack_hint_->setVisible(summary.ports == 0);
-  ports_.Show(summary.ports,
-              QStringLiteral("of %1, %2 free").arg(kPortRows).arg(summary.ports - summary.ports_used));
+  const QString of_all = QStringLiteral("of %1").arg(kPortRows);
+  ports_.Show(summary.ports, summary.ports == 0 ? of_all
+                                                : QStringLiteral("%1, %2 without a number or group")
+                                                      .arg(of_all)
+                                                      .arg(summary.ports - summary.ports_used));
   numbers_.Show(summary.numbers, QStringLiteral("of %1").arg(kAssignRows));
   trunks_.Show(summary.trunks, summary.groups_out == 1
                                    ? QStringLiteral("and 1 group out")

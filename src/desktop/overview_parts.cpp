@@ -33,7 +33,7 @@ QString LastTransferText(const LastTransfer& last) {
   const QString time = QLocale().toString(QDateTime::fromSecsSinceEpoch(last.time_s), QLocale::ShortFormat);
   return QStringLiteral("Last transfer: %1, %2 the exchange, %3, %4")
       .arg(Words(last.what), last.loaded ? QStringLiteral("from") : QStringLiteral("to"),
-           last.done ? QStringLiteral("finished") : QStringLiteral("failed"), time);
+           Words(EndText(last.end)), time);
 }
 
 }  // namespace
@@ -113,7 +113,8 @@ void OverviewPane::ShowFindings(const std::shared_ptr<const IniText>& project) {
     }
   }
   const auto count = findings.size();
-  findings_text_->setText(count == 0
+  findings_text_->setText(!IsProject(*project) ? QStringLiteral("There is no project to check.")
+                          : count == 0
                               ? QStringLiteral("All is well: every value is in its range, and whatever "
                                                "points at something finds it.")
                           : count == 1 ? QStringLiteral("1 thing to look at:")

@@ -80,6 +80,7 @@ QWidget* PasswordDialog::MakeLevel(int level) {
     fields.txtPSW[i] = MakePasswordField(QStringLiteral("txtPSW(%1,%2)").arg(level).arg(i));
     fields.txtPSW[i]->setEnabled(false);
     connect(fields.chkLV, &QCheckBox::toggled, fields.txtPSW[i], &QWidget::setEnabled);
+    connect(fields.txtPSW[i], &QLineEdit::returnPressed, this, [this] { Ok(); });
   }
   auto* page = new QWidget;
   auto* layout = new QFormLayout(page);
@@ -128,6 +129,7 @@ void PasswordDialog::Ok() {
 
 void PasswordDialog::reject() {
   if (busy_) return;
+  cancelled_ = true;
   form_.Command2();
   Follow();
 }

@@ -23,6 +23,8 @@ class PasswordDialog : public QDialog {
 
   /** Closing the window is "Cancel"; in the middle of a try it does nothing. */
   void reject() override;
+  /** The user ended it, not the exchange. */
+  bool cancelled() const { return cancelled_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +52,7 @@ class PasswordDialog : public QDialog {
   QPushButton* Command2_ = nullptr;
   QTimer follow_;
   bool busy_ = false;
+  bool cancelled_ = false;
   bool tried_ = false;  // the form holds a password that it clears when it is wrong
 };
 

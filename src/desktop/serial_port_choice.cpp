@@ -8,6 +8,7 @@
 
 #include "desktop/io/qt_port_maker.h"
 #include "desktop/shown_text.h"
+#include "desktop/wheel_needs_focus.h"
 
 namespace tarvok {
 
@@ -23,6 +24,7 @@ SerialPortChoice::SerialPortChoice(const QString& combo_name, SettingsStore& set
   device_->setEditable(true);
   device_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   device_->setMinimumContentsLength(26);
+  for (QComboBox* list : {port_, device_}) WheelNeedsFocus::Set(list);
   hint_ = new QLabel;
   hint_->setWordWrap(true);
   hint_->setTextFormat(Qt::PlainText);

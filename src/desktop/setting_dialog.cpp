@@ -11,6 +11,8 @@
 #include "desktop/group_frame.h"
 #include "desktop/help.h"
 #include "desktop/shown_text.h"
+#include "desktop/wheel_needs_focus.h"
+#include "shell/project_there.h"
 #include "store/number_text.h"
 
 namespace tarvok {
@@ -31,6 +33,7 @@ bool IsDigit(QChar c) {
 QComboBox* MakeIdList(const QString& name) {
   auto* list = new QComboBox;
   list->setObjectName(name);
+  WheelNeedsFocus::Set(list);
   for (int id = 0; id <= kLastId; ++id) list->addItem(QString::number(id));
   list->setPlaceholderText(QStringLiteral("not set"));
   return list;
@@ -100,6 +103,7 @@ QWidget* SettingDialog::MakeSerialFrame() {
   speed_ = new QComboBox;
   speed_->setObjectName(QStringLiteral("cmbSpeed"));
   speed_->setEditable(true);
+  WheelNeedsFocus::Set(speed_);
   for (const char* speed : kSpeeds) speed_->addItem(QString::fromLatin1(speed));
   chkSpecial_ = new QCheckBox(QStringLiteral("Send data slow"));
   chkSpecial_->setObjectName(QStringLiteral("chkSpecial"));
@@ -206,6 +210,8 @@ void SettingDialog::ShowDependent() {
 
 void SettingDialog::Apply() {
   const CodePage& page = PageOf(parts_.settings);
+  const std::string problem = WhyNoProject(parts_.store, parts_.state.ProjectFile);
+  if (!problem.empty()) return ShowBox(this, QMessageBox::Critical, MessageText(problem, page));
   for (std::size_t way = 0; way < Option1_.size(); ++way) {
     const bool changed = static_cast<int>(way) != keys_.Way() || keys_.by.empty();
     if (Option1_[way]->isChecked() && changed) keys_.by = std::to_string(way);

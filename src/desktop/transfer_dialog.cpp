@@ -16,6 +16,7 @@
 #include "desktop/shown_text.h"
 #include "link/modem_reply.h"
 #include "sessions/store_loaded.h"
+#include "shell/project_there.h"
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
@@ -58,6 +59,7 @@ void TransferDialog::Run(const TransferAction& action) {
   running_ = &action;
   const std::string folder = txtFolder_ == nullptr ? std::string() : PathBytes(txtFolder_->text().trimmed());
   began_ = false;
+  not_taken_ = cancelled_ = false;
   const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.ProjectFile);
   // How it ended stands in the log window and its boxes.
   const bool done = action.run(*transfer_, folder);
@@ -73,7 +75,10 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
   KeepLastTransfer(parts_.settings, parts_.store.files(), project,
                    {.time_s = QDateTime::currentSecsSinceEpoch(),
                     .loaded = action.loads,
-                    .done = done,
+                    .end = not_taken_                    ? TransferEnd::kNotTaken
+                           : done                        ? TransferEnd::kDone
+                           : close_wanted_ || cancelled_ ? TransferEnd::kCancelled
+                                                         : TransferEnd::kFailed,
                     .what = Words(action.text).remove(QLatin1Char('&')).toStdString()});
   if (!done || action.carries != Carries::kAll) return;
   const std::shared_ptr<const IniText> now = parts_.store.Snapshot(action.loads ? parts_.temp_file : project);
@@ -137,8 +142,10 @@ void TransferDialog::Box(BoxKind kind, std::string_view text) {
 }
 
 bool TransferDialog::Ask(std::string_view question) {
-  if (!AskYesNo(this, Letters(question))) return false;
-  if (question == kReplaceQuestion) parts_.keep(parts_.state.ProjectFile, kBeforeLoad);
+  const bool replaces = question == kReplaceQuestion;
+  // Closing that one would throw away what was loaded.
+  if (!AskYesNo(this, Letters(question), {.must_be_answered = replaces})) return false;
+  if (replaces) parts_.keep(parts_.state.ProjectFile, kBeforeLoad);
   return true;
 }
 
@@ -149,15 +156,17 @@ bool TransferDialog::AskWithCompare(std::string_view question, bool& compare) {
 
 std::optional<std::string> TransferDialog::AskSaveName() {
   const std::string name = dialogs_.ChooseNewFile(this, QStringLiteral("Save loaded config"));
-  if (name.empty()) return std::nullopt;
+  not_taken_ = name.empty();
+  if (not_taken_) return std::nullopt;
   parts_.keep(name, kBeforeLoad);  // the name of another project may be chosen
   return name;
 }
 
 void TransferDialog::ShowPassword(PasswordForm& form) {
-  PasswordDialog(
-      form, [this] { return transfer_->waits().aborted(); }, this)
-      .exec();
+  PasswordDialog dialog(
+      form, [this] { return transfer_->waits().aborted(); }, this);
+  dialog.exec();
+  cancelled_ = dialog.cancelled();
 }
 
 void TransferDialog::Advise(std::string_view text) {
@@ -204,6 +213,9 @@ void TransferDialog::KeepFolder() {
   const std::string folder = PathBytes(txtFolder_->text().trimmed());
   const std::string& project = parts_.state.ProjectFile;
   if (folder == parts_.store.GetIniValue(project, kHeaderSection, kLastBilling)) return;
+  if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
+    return Box(BoxKind::kCritical, problem);
+  }
   const Status kept = parts_.store.SetIniValue(project, kHeaderSection, kLastBilling, folder);
   if (!kept.ok()) Box(BoxKind::kCritical, kept.message());
 }

@@ -83,6 +83,8 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   std::unique_ptr<Transfer> transfer_;
   const TransferAction* running_ = nullptr;
   bool began_ = false;         // the session went on behind its first question
+  bool not_taken_ = false;     // what was loaded went nowhere, as the user said
+  bool cancelled_ = false;     // at the password
   bool leaving_ = false;       // the last words to the exchange are being said
   bool close_wanted_ = false;  // the session unwinds, then the form goes
   QString debug_word_;

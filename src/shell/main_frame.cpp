@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "shell/project_there.h"
 #include "store/header_keys.h"
 #include "store/new_project.h"
 #include "store/number_text.h"
@@ -149,7 +150,8 @@ void MainFrame::ClickNode(int node) {
   } else {
     // The click is given up: what was marked is still open.
     const Command* open = CommandOfNode(state.PreviousNode);
-    if (open != nullptr && open->keeps_highlight) parts_.view.Highlight(state.PreviousNode, true);
+    if (form_ != nullptr && open != nullptr && open->keeps_highlight)
+      parts_.view.Highlight(state.PreviousNode, true);
     parts_.view.SetBusyPointer(false);
     return;
   }
@@ -171,6 +173,12 @@ bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
 bool MainFrame::OpenForm(const Command& command) {
   const std::string active = parts_.state.ActiveFormName;
   if (active == command.CompareName()) return true;
+  const std::string problem =
+      command.needs_project ? WhyNoProject(parts_.store, parts_.state.ProjectFile) : std::string();
+  if (!problem.empty()) {
+    parts_.view.CriticalBox(problem);
+    return false;
+  }
   // A modal form comes up over what is shown without one; an editor takes the place of the other at once.
   const bool over = command.mode == ShowMode::kModal;
   if (!active.empty() && !(over ? CloseActiveForm(active) : LeaveForm(active))) return false;

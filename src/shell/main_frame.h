@@ -70,7 +70,7 @@ class MainFrame {
  private:
   class Running;
 
-  /** False if a form that is open did not give way. */
+  /** False if a form that is open did not give way, or the project's file did not stay. */
   bool OpenForm(const Command& command);
   void ShowForm(const Command& command);
   bool CloseOpenForm();

@@ -19,6 +19,7 @@ struct Command {
   bool saved_on_close = true;  // CloseActiveForm has it save its changes first
   bool keeps_highlight = true;
   bool needs_system_file = false;
+  bool needs_project = true;  // it reads the open project's file
 
   /** The name that tells whether a click finds its form open already. */
   constexpr std::string_view CompareName() const { return compared.empty() ? recorded : compared; }
@@ -81,7 +82,11 @@ inline constexpr std::array<Command, 33> kCommands = {{
      .saved_on_close = false,
      .keeps_highlight = false},
     // No blank in front of this dash.
-    {.text = "33- About", .key = "about", .recorded = "frmAbout", .saved_on_close = false},
+    {.text = "33- About",
+     .key = "about",
+     .recorded = "frmAbout",
+     .saved_on_close = false,
+     .needs_project = false},
 }};
 
 inline constexpr std::string_view kRootText = "Setup PBX";

@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "desktop/forms/editor_page.h"
@@ -34,6 +35,12 @@ class EditorDesk : public DesktopBench {
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
   void ExpectKeys(const std::string& keys) { test::ExpectKeys(*store.Snapshot(project), keys); }
+  QAction& Letters() {
+    for (auto* menu : window->findChildren<QMenu*>()) {
+      if (menu->title().contains(QStringLiteral("Letters"))) return *menu->menuAction();
+    }
+    throw std::logic_error("no menu of letters");
+  }
   QTableView* Table() { return Find<QTableView>("mgTest"); }
   void GoTo(int row, int column) { Table()->setCurrentIndex(Table()->model()->index(row - 1, column - 1)); }
   void Click(const char* button) {
@@ -105,12 +112,42 @@ TEST(EditorPage, CancelAsksAndAClosedPageLeavesItsMenu) {
   desk.GoTo(1, 1);
   QTest::keyClick(desk.Table(), Qt::Key_Delete);
   std::vector<std::string> texts;
-  Script answer({AnswerBox(QMessageBox::No, &texts)});
+  const auto look_away = [] {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr) return false;
+    QTest::keyClick(box, Qt::Key_Escape);
+    box->close();
+    return true;
+  };
+  Script answer({look_away, AnswerBox(QMessageBox::No, &texts)});
   desk.Click("cmdCancel");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(testing::StartsWith("Data was change if you closed this windows")));
   EXPECT_EQ(menus(), before);
   desk.ExpectKeys("[LinkTrunk]\n01=006990009000\n");
+}
+
+TEST(EditorPage, CtrlSSavesUnlessTheProjectIsGone) {
+  EditorDesk desk;
+  const std::string away = desk.project + ".away";
+  desk.ClickCommand("linktrunk");
+  EXPECT_FALSE(desk.Letters().isEnabled());
+  desk.GoTo(1, 1);
+  QTest::keyClick(desk.Table(), Qt::Key_Delete);
+  std::filesystem::rename(desk.project, away);
+  std::vector<std::string> texts;
+  Script told({AnswerBox(QMessageBox::Ok, &texts)});
+  QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(told.finished());
+  EXPECT_THAT(texts, ElementsAre(HasSubstr("is gone")));
+  EXPECT_TRUE(desk.state.DataChanged && !std::filesystem::exists(desk.project));
+  std::filesystem::rename(away, desk.project);
+  QApplication::setActiveWindow(desk.window.get());  // the box took that with it
+  QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
+  QTest::qWait(1);
+  EXPECT_EQ(desk.state.ActiveFormName, "");
+  EXPECT_TRUE(desk.Letters().isEnabled());
+  desk.ExpectKeys("[LinkTrunk]\n01=\n");
 }
 
 TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
@@ -261,9 +298,18 @@ TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {
   EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: Digits 011X, timeout No Limit");
   QTest::keyClick(path, Qt::Key_Right);
   EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: List 1");
+  EXPECT_FALSE(desk.Find<QLabel>("AsSaved")->isVisible());
+  QTest::keyClick(desk.Table(), Qt::Key_7);
+  EXPECT_TRUE(desk.Find<QLabel>("AsSaved")->isVisible());
   QTest::keyClick(path, Qt::Key_Return);
   QTest::qWait(1);
   EXPECT_EQ(desk.state.ActiveFormName, "frmRoute");
+  auto* tree = desk.Find<CommandTree>("CommandTree");
+  const auto current = [&] { return tree->currentItem()->text(0).toStdString(); };
+  EXPECT_EQ(current(), "14 - Route List");
+  QApplication::setKeyboardInputInterval(60'000);
+  QTest::keyClicks(tree, "11");
+  EXPECT_EQ(current(), "11 - Incoming List");
 }
 
 TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
@@ -276,6 +322,8 @@ TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
     auto* page = desk.Find<EditorPage>("frmTenan");
     Control* cell = page->form().Find({"cell", 1, 2});
     const bool before = cell->on;
+    for (const char* bar : {"HScroll1", "VScroll1"})
+      EXPECT_EQ(desk.Find<QScrollBar>(bar)->isVisible(), size.width() < 1000);
     matrix->setFocus();
     const auto press = [&](Qt::Key key, int times) {
       for (int i = 0; i < times; ++i) QTest::keyClick(matrix, key);
@@ -351,11 +399,12 @@ void ChangeKey(EditorDesk& desk, EditorPage& page) {
   ASSERT_NE(page.form().dialog(), nullptr);
   auto* extension = desk.Find<QWidget>("Option1(2)");
   ASSERT_NE(extension, nullptr);
+  EXPECT_EQ(extension->window()->focusWidget(), desk.Find<QWidget>("txtNumber"));
   QTest::keyClick(extension, Qt::Key_Space);
   for (auto* field : extension->window()->findChildren<QLineEdit*>()) {
     if (field->isVisible() && field->isEnabled()) QTest::keyClicks(field, "77");
   }
-  QTest::mouseClick(extension->window()->findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
+  QTest::keyClick(extension, Qt::Key_Return);
   QTest::qWait(1);
   EXPECT_EQ(page.form().dialog(), nullptr);
 }
@@ -385,6 +434,35 @@ void ChangeByKeys(EditorDesk& desk, EditorPage& page) {
     if (auto* list = qobject_cast<QListWidget*>(widget)) list->item(0)->setSelected(true);
     if (auto* remove = desk.Find<QPushButton>("cmdDel")) QTest::keyClick(remove, Qt::Key_Space);
     return;
+  }
+}
+
+/** The letters that Alt reaches in the window, each as often as it stands there. */
+std::string AltLetters(MainWindow& window) {
+  QStringList texts;
+  for (const QAction* menu : window.menuBar()->actions()) texts += menu->text();
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
+    if (button->isVisible()) texts += button->text();
+  }
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy() != nullptr) texts += label->text();
+  }
+  std::string letters;
+  for (const QString& text : texts) {
+    const QString keys = QKeySequence::mnemonic(text).toString();
+    if (!keys.isEmpty()) letters += keys.back().toLatin1();
+  }
+  std::sort(letters.begin(), letters.end());
+  return letters;
+}
+
+TEST(EditorPage, NoLetterWithAltStandsTwiceInAWindow) {
+  EditorDesk desk;
+  for (const Editor* editor : Editors()) {
+    desk.ClickCommand(editor->key);
+    const std::string letters = AltLetters(*desk.window);
+    EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
+        << editor->name.form << " " << letters;
   }
 }
 

@@ -1,5 +1,6 @@
 // Earlier versions, "What will change?", find, findings, the last transfer and the practice exchange.
 
+#include <QFileDialog>
 #include <QListWidget>
 #include <QTreeWidget>
 
@@ -81,6 +82,31 @@ TEST_F(ProjectTools, ALoadKeepsTheProjectAndItComesBack) {
   bench.frame->Close();
   EXPECT_FALSE(bench.Find<QAction>("mnu_versions")->isEnabled());
   EXPECT_THAT(bench.told, ElementsAre());
+}
+
+TEST_F(ProjectTools, ALoadThatIsRefusedOrGivenUpIsNoTransfer) {
+  const std::string before = Bytes();
+  const auto give_up = [] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog != nullptr) dialog->reject();
+    return dialog != nullptr;
+  };
+  const auto leave = [] {
+    QWidget* password = Modal("frmPassword2");
+    if (password != nullptr) password->close();
+    return password != nullptr;
+  };
+  const std::vector<Script::Step> begin = {ClickIn("frmMiniBarCon", "cmdLoad"), AnswerBox(QMessageBox::Yes)};
+  std::vector<Script::Step> refused = begin;
+  refused.insert(refused.end(),
+                 {Password(), AnswerBox(QMessageBox::No), give_up, ClickIn("frmMiniBarCon", "cmdCancel")});
+  bench.Do("minibarconnect", refused);
+  EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Mini Bar, from the exchange, not taken, "));
+  std::vector<Script::Step> given_up = begin;
+  given_up.insert(given_up.end(), {leave, ClickIn("frmMiniBarCon", "cmdCancel")});
+  bench.Do("minibarconnect", given_up);
+  EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Mini Bar, from the exchange, cancelled, "));
+  EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(ProjectTools, AHistoryThatCannotBeWrittenIsToldOnceAndStopsNobody) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QStringDecoder>
+#include <QWheelEvent>
 
 #include "desktop/io/code_page.h"
 #include "desktop/setting_dialog.h"
@@ -49,6 +50,24 @@ TEST_F(Settings, FieldsDropWhatTheyDoNotTake) {
     field->clear();
     field->insert(QString::fromLatin1(typed));  // as a paste does
     EXPECT_EQ(field->text().toStdString(), stands) << name;
+  }
+}
+
+TEST_F(Settings, TheWheelChangesOnlyWhatHasTheFocus) {
+  Open();
+  Click("Option1(1)");
+  Click("Option2(1)");
+  ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+  for (const char* name : {"cmbPort", "cmbSpeed", "cmbPBX"}) {
+    auto* list = Get<QComboBox>(name);
+    list->setCurrentIndex(1);
+    for (const bool focus : {false, true}) {
+      focus ? list->setFocus() : list->clearFocus();
+      const QPointF at = list->rect().center();
+      QWheelEvent wheel(at, list->mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(list, &wheel);
+      EXPECT_EQ(list->currentIndex() != 1, focus) << name;
+    }
   }
 }
 

@@ -1,6 +1,7 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include "desktop/last_transfer.h"
 #include "desktop/shown_text.h"
 #include "store/header_keys.h"
 #include "tests/desktop/desktop_bench.h"
@@ -74,6 +75,7 @@ TEST(MainWindow, StatesByClicksAndKeys) {
 TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
   DesktopBench bench;
   bench.settings.values["Desktop/LastFolder"] = bench.folder.string();
+  KeepLastTransfer(bench.settings, bench.files, bench.project, {.time_s = 1, .what = "Ping"});
   std::vector<std::string> boxes;
   Script script({ChooseFile(QStringLiteral("hotel")), AnswerBox(QMessageBox::Yes, &boxes)});
   QTest::mouseClick(bench.Find<QAbstractButton>("StartNew"), Qt::LeftButton);
@@ -81,6 +83,7 @@ TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
   EXPECT_EQ(boxes.size(), 1U);
   EXPECT_EQ(Look(bench), Project(bench.project));
   EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"), "");  // it is the default project now
+  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(), HasSubstr("Nothing was"));
 }
 
 TEST(MainWindow, WhatIsNoProjectIsToldAndNothingOpens) {
@@ -137,7 +140,8 @@ TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
   EXPECT_EQ(bench.Value("BPS"), "");  // a look at a project writes nothing
   std::filesystem::remove(bench.project);
   bench.Find<OverviewPane>("Overview")->ShowProject();
-  EXPECT_TRUE(bench.Find<QLabel>("Problem")->isVisible());
+  EXPECT_THAT(bench.Find<QLabel>("Problem")->text().toStdString(), HasSubstr("is gone"));
+  EXPECT_EQ(bench.Find<QLabel>("FindingsText")->text(), QStringLiteral("There is no project to check."));
 }
 
 }  // namespace

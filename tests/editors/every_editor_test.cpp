@@ -83,5 +83,14 @@ TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
   }
 }
 
+TEST(EveryEditor, AFindingInAHolidayChoosesThatOne) {
+  EditorBench bench("[SystemConfig]\nW01=01|01\nW03=12|24\n");
+  bench.Open("frmSystemConfig");
+  EXPECT_TRUE(bench.editor->ShowPlace("SystemConfig", 3, 1));
+  EXPECT_EQ(bench.editor->Find({"ListView1"})->Chosen(), "12/24");
+  EXPECT_FALSE(bench.editor->ShowPlace("SystemConfig", 2, 0));
+  EXPECT_FALSE(bench.state.DataChanged);
+}
+
 }  // namespace
 }  // namespace tarvok::test

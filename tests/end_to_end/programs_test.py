@@ -150,7 +150,19 @@ class Programs(unittest.TestCase):
             _, reason = edit("frmMiniBar", lines, status=0 if "type" in lines else 2)
             self.assertEqual(reason.count("\n"), 0 if "type" in lines else 1, reason)
         self.assertIn("unknown form", edit("frmNothing", "", status=2)[1])
+        self.assertIn("cannot read", ctl("edit", project, "frmMiniBar", "--script", self.work, status=1)[1])
+        script.write_bytes(b"go 1 1\ntype Caf\xe9\nclick cmdOK\n")
+        self.assertIn("line 2", ctl("edit", project, "frmMiniBar", "--script", script, status=2)[1])
+        for word, status in (("maybe", 2), ("2", 2), ("Off", 0), ("1", 0)):
+            reason = edit("frmPABXMode", f"set Check1(1) {word}\n", status=status)[1]
+            self.assertIn(word if status else "", reason)
         self.assertEqual(project.read_bytes(), saved)
+        repeated = "answer No\ngo 1 1\npaste 1234\\n1234\nclick cmdOK\n"
+        self.assertIn("not saved", edit("frmAccount", repeated, status=1)[1])
+        self.assertEqual(project.read_bytes(), saved)
+        # A cell that its column does not take is left out and told of; the others are saved.
+        self.assertIn("row 2, Name", edit("frmMiniBar", 'go 1 "Name"\npaste Tea\\n' + 30 * "x" + "\nclick cmdOK\n")[1])
+        self.assertEqual(ctl("get", project, "MiniBar", "001")[0], "Tea|350|\n")
 
     def test_new_project_encodes_for_every_version(self):
         project = self.work / "new.tvk"

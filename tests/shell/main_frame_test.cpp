@@ -143,6 +143,21 @@ TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
   EXPECT_EQ(bench.look, NoProject());
 }
 
+TEST(MainFrame, NoFormButAboutOpensOverAProjectThatIsGone) {
+  Bench bench;
+  bench.frame->OpenProject("/b.tvk");
+  bench.ClickKey("ext");
+  bench.files.files.erase("/b.tvk");
+  bench.Did();
+  const auto gone = "box The project /b.tvk is gone.\nBring it back to that place and try again.";
+  for (const char* key : {"boss", "connect"}) bench.ClickKey(key);
+  EXPECT_THAT(bench.Did(), ElementsAre(gone, gone));  // and the form before stays
+  EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+  EXPECT_THAT(bench.highlighted, ElementsAre(2));
+  bench.ClickKey("about");
+  EXPECT_THAT(bench.Did(), ElementsAre("gone", "load frmAbout"));
+}
+
 TEST(MainFrame, NewAsksBeforeItReplaces) {
   const std::string ask = "ask File already exist, Do you want to replace?";
   const std::tuple<const char*, bool, bool, std::vector<std::string>, FrameLook> cases[] = {

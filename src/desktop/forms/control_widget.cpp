@@ -16,11 +16,27 @@
 
 #include "desktop/forms/rule_filter.h"
 #include "desktop/line_delegate.h"
+#include "desktop/wheel_needs_focus.h"
 
 namespace tarvok {
 namespace {
 
 constexpr int kBesideCaption = 24;  // of a button, both sides together
+
+/** Where Alt and a letter open a menu of the main window, a button goes by the next letter of its caption. */
+QString BesideTheMenus(QString caption) {
+  constexpr QStringView kMenuLetters = u"PEVHT";
+  const qsizetype at = caption.indexOf(QLatin1Char('&'));
+  const auto is_free = [&](qsizetype i) {
+    return caption[i].isLetter() && !kMenuLetters.contains(caption[i], Qt::CaseInsensitive);
+  };
+  if (at < 0 || at + 1 == caption.size() || is_free(at + 1)) return caption;
+  caption.remove(at, 1);
+  for (qsizetype i = at; i < caption.size(); ++i) {
+    if (is_free(i)) return caption.insert(i, QLatin1Char('&'));
+  }
+  return caption;
+}
 
 /** What all of them share. */
 template <typename Made>
@@ -76,7 +92,7 @@ class Button : public Bound<QPushButton> {
  protected:
   void Show() override {
     made_->setToolTip(Letters(control_.tip));
-    const QString caption = Letters(control_.caption);
+    const QString caption = BesideTheMenus(Letters(control_.caption));
     if (caption == made_->text()) return;
     made_->setText(caption);
     // The style leaves a caption of its widest no room beside it.
@@ -202,6 +218,7 @@ class ComboBox : public BoundList<QComboBox> {
  public:
   ComboBox(FormControls& form, Control& control, const CodePage& page) : BoundList(form, control, page) {
     made_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    WheelNeedsFocus::Set(made_);
     QObject::connect(made_, &QComboBox::activated, made_,
                      [this](int entry) { form_.ChooseEntry(control_, entry); });
   }

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -39,7 +40,13 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
                .refresh_table = [this] { RefreshTable(); }});
   column->addWidget(view_, 3);
   MakeCallPath();
-  if (path_ != nullptr) column->addWidget(path_, 1);
+  if (path_ != nullptr) {
+    as_saved_ = MakeMuted(new QLabel(
+        QStringLiteral("The call's way in the project as it was saved, without the changes above:")));
+    as_saved_->setObjectName(QStringLiteral("AsSaved"));
+    column->addWidget(as_saved_);
+    column->addWidget(path_, 1);
+  }
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("Refused"));
   note_->setWordWrap(true);
@@ -47,6 +54,9 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   note_->hide();
   column->addWidget(note_);
   MakeEditMenu();
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), this), &QShortcut::activated, this, [this] {
+    if (!form_->closed()) ClickControl("cmdOK");
+  });
   if (table_ != nullptr) setFocusProxy(table_);
   Acted();
 }
@@ -101,6 +111,7 @@ void EditorPage::RefreshTable() {
     ShowRowCount();
   }
   ShowCallPath();
+  if (as_saved_ != nullptr) as_saved_->setVisible(parts_.state.DataChanged);
   changed_->setText(parts_.state.DataChanged ? QStringLiteral("True") : QStringLiteral("False"));
 }
 

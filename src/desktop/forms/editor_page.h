@@ -78,6 +78,7 @@ class EditorPage : public QWidget {
   QLabel* note_ = nullptr;
   QString lacking_;               // letters of the clipboard that the page does not have
   CallPathView* path_ = nullptr;  // of the forms whose rows are steps of a call's way
+  QLabel* as_saved_ = nullptr;    // above it, once the form has changes
   int path_row_ = -1;
   std::shared_ptr<const IniText> path_project_;
   QLabel* changed_ = nullptr;

@@ -85,16 +85,16 @@ void EditorPage::MakeEditMenu() {
   AddMenuEntry("mnu_del_row", QStringLiteral("De&lete Row"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)});
   edit_menu_->addSeparator();
   AddMenuEntry("mnu_Sort_AZ", QStringLiteral("Sort A to &Z"), {});
-  AddMenuEntry("mnu_Sort_ZA", QStringLiteral("Sort Z to A (&descending)"), {});
+  AddMenuEntry("mnu_Sort_ZA", QStringLiteral("Sort Z to A (desce&nding)"), {});
   edit_menu_->addSeparator();
-  AddAction(QStringLiteral("mnu_find"), QStringLiteral("Find and Re&place..."),
+  AddAction(QStringLiteral("mnu_find"), QStringLiteral("Find and Replac&e..."),
             {QKeySequence(Qt::CTRL | Qt::Key_H)}, [this] { FindAndReplace(); });
   AddAction(QStringLiteral("mnu_filter"), QStringLiteral("Filter Ro&ws"),
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
             [this] { filter_->setFocus(Qt::ShortcutFocusReason); });
   edit_menu_->addSeparator();
   if (dynamic_cast<FieldTableForm*>(form_.get()) != nullptr) {
-    AddAction(QStringLiteral("mnu_used_by"), QStringLiteral("&Used by..."),
+    AddAction(QStringLiteral("mnu_used_by"), QStringLiteral("Used &by..."),
               {QKeySequence(Qt::CTRL | Qt::Key_U)}, [this] { ShowUsedBy(); });
     edit_menu_->addSeparator();
   }
@@ -133,9 +133,12 @@ void EditorPage::FindAndReplace() {
 
 void EditorPage::ExportFile() {
   Commit();
-  const QString path = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Export"), Words(form_->title()) + QStringLiteral(".csv"), kCsvFiles);
-  if (path.isEmpty()) return;
+  QFileDialog dialog(this, QStringLiteral("Export"), {}, kCsvFiles);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("csv"));
+  dialog.selectFile(Words(form_->title()) + QStringLiteral(".csv"));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString path = dialog.selectedFiles().constFirst();
   const QString letters = PageOf(parts_.settings).ToLetters(ExportCsv(*form_->table()));
   const Status written = WriteWhole(parts_.store.files(), PathBytes(path), letters.toStdString());
   if (!written.ok()) questions_.Box(written.message(), true);

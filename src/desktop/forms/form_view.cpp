@@ -5,8 +5,10 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTimer>
 
 #include "desktop/group_frame.h"
@@ -56,6 +58,15 @@ class FormDialog : public QDialog {
   FormDialog(FormControls& form, QWidget* parent) : QDialog(parent), form_(form) {}
   void reject() override {
     if (Control* cancel = form_.Find({"cmdCancel"}); cancel != nullptr) form_.Click(*cancel);
+  }
+
+ protected:
+  /** Return is the dialog's OK wherever the focus is, but on another button. */
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QDialog::keyPressEvent(event);
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (button == nullptr) button = findChild<QPushButton*>(QStringLiteral("cmdOK"));
+    if (button != nullptr) button->click();
   }
 
  private:
@@ -227,6 +238,8 @@ void FormView::ShowDialog() {
     view->Refresh();
     QTimer::singleShot(0, this, [this] { form_.Settle(); });
   };
+  if (const Control* focus = shown_dialog_->focus(); focus != nullptr)
+    dialog_->findChild<QWidget*>(ControlName(focus->id))->setFocus();
   dialog_->open();
 }
 

@@ -5,7 +5,7 @@
 #include "desktop/boxes.h"
 #include "desktop/desktop_parts.h"
 #include "desktop/shown_text.h"
-#include "shell/editor/questions.h"
+#include "shell/editor/editor_form.h"
 
 namespace tarvok {
 
@@ -19,10 +19,17 @@ class WindowQuestions : public Questions {
             MessageText(text, PageOf(parts_.settings)));
   }
   bool Ask(std::string_view question) override {
-    return AskYesNo(form_->window(), MessageText(question, PageOf(parts_.settings)));
+    return YesTo(question, {.must_be_answered = question == kDataWasChanged});
+  }
+  bool AskToOverwrite(std::string_view question) override {
+    return YesTo(question, {.enter = QMessageBox::No});
   }
 
  private:
+  bool YesTo(std::string_view question, const YesNo& how) {
+    return AskYesNo(form_->window(), MessageText(question, PageOf(parts_.settings)), how);
+  }
+
   DesktopParts& parts_;
   QWidget* form_;
 };

@@ -1,14 +1,18 @@
 #include "programs/ctl/edit_command.h"
 
+#include <array>
+#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/terminal_text.h"
 #include "sections/editors.h"
 #include "shell/editor/form_script.h"
+#include "shell/editor/table_form.h"
 
 namespace tarvok::ctl {
 namespace {
@@ -23,15 +27,38 @@ std::string TerminalLine(std::string_view line) {
   return shown + ToUtf8(line);
 }
 
-/** Runs the lines until the form is closed or one is wrong. */
+/** What a paste or a menu entry left out of the table, a line each on standard error. */
+void TellRefused(EditorForm& form) {
+  auto* table = dynamic_cast<TableForm*>(&form);
+  if (table == nullptr) return;
+  for (const Refusal& refused : table->refused()) {
+    std::cerr << "tarvokctl: left out: row " << refused.row << ", "
+              << ToUtf8(table->table()->column(refused.column).title) << ": \"" << ToUtf8(refused.text)
+              << "\" " << refused.why << '\n';
+  }
+  table->Note({});
+}
+
+/** Runs the lines until one is wrong. */
 int RunScript(std::istream& lines, EditorForm& form, ScriptedQuestions& questions) {
   FormScript script(form, questions);
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
+    const std::string where = "line " + std::to_string(number) + ": ";
+    if (!IsUtf8(line)) return Misused(where + "not in UTF-8");
     const std::string wrong = script.Run(FromUtf8(line));
-    if (!wrong.empty()) return Misused("line " + std::to_string(number) + ": " + ToUtf8(wrong));
+    TellRefused(form);
+    if (!wrong.empty()) return Misused(where + ToUtf8(wrong));
   }
-  return form.save_failed() ? Fail("the project could not be saved") : kDone;
+  return kDone;
+}
+
+/** The whole file; false if it can't be read to its end. A pipe will do, too. */
+bool ReadWhole(const std::string& path, std::stringstream& text) {
+  std::ifstream file(path, std::ios::binary);
+  std::array<char, 4096> piece{};
+  while (file.read(piece.data(), piece.size()) || file.gcount() > 0) text.write(piece.data(), file.gcount());
+  return file.eof() && !file.bad();
 }
 
 }  // namespace
@@ -42,11 +69,8 @@ int Edit(ProjectStore& store, const std::string& system_file, const std::string&
   if (editor == nullptr) return Misused("unknown form " + form);
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
   if (!text.ok()) return Fail(text.status().message());
-  std::ifstream file;
-  if (!script.empty()) {
-    file.open(script);
-    if (!file) return Fail("cannot open " + script);
-  }
+  std::stringstream file;
+  if (!script.empty() && !ReadWhole(script, file)) return Fail("cannot read " + script);
   ScriptedQuestions questions([](std::string_view line) { std::cout << TerminalLine(line) << '\n'; });
   SharedState state;
   state.ProjectFile = project;
@@ -56,7 +80,11 @@ int Edit(ProjectStore& store, const std::string& system_file, const std::string&
                                                                   .system_file = system_file,
                                                                   .keep = {},
                                                                   .end_program = {}});
-  return RunScript(script.empty() ? std::cin : file, *opened, questions);
+  std::istream& lines = script.empty() ? std::cin : file;
+  const int status = RunScript(lines, *opened, questions);
+  if (status != kDone) return status;
+  if (lines.bad() || (script.empty() && std::ferror(stdin) != 0)) return Fail("cannot read the script");
+  return !opened->closed() && opened->save_refused() ? Fail("the form was not saved") : kDone;
 }
 
 }  // namespace tarvok::ctl

@@ -1,6 +1,7 @@
 #include "programs/ctl/terminal_text.h"
 
 #include <QString>
+#include <QStringDecoder>
 
 #include "desktop/io/code_page.h"
 #include "desktop/io/qt_settings.h"
@@ -33,6 +34,13 @@ std::string ToUtf8(std::string_view bytes) {
     }
   }
   return letters.toStdString();
+}
+
+bool IsUtf8(std::string_view text) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  [[maybe_unused]] const QString letters =
+      decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+  return !decoder.hasError();
 }
 
 std::string FromUtf8(std::string_view text) {

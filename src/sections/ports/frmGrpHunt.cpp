@@ -43,7 +43,7 @@ frmGrpHunt::frmGrpHunt(const EditorContext& context, const FormName& name)
     members.push_back(layout::Of(list));
   }
   members.push_back(layout::Of(AddButton("cmdDel", "&Delete Member", [this] { DeleteMembers(); })));
-  Control& add = AddButton("cmdAdd", "&Add Member", [this] { AddMembers(); });
+  Control& add = AddButton("cmdAdd", "Add &Member", [this] { AddMembers(); });
   SetLayout(layout::Column({layout::Row({layout::Group("Hunt groups", {layout::Of(groups_)}),
                                          layout::Group("Members", std::move(members)),
                                          layout::Group("Numbers", {layout::Of(numbers_), layout::Of(add)})}),

@@ -32,7 +32,7 @@ frmGroupOut::frmGroupOut(const EditorContext& context, const FormName& name)
       shown_(AddList({"ListView2"}, "Members", {})) {
   free_.many = shown_.many = true;
   list_.changed = [this] { Show(); };
-  Control& add = AddButton("cmdAdd", "&Add Member", [this] { AddMembers(); });
+  Control& add = AddButton("cmdAdd", "Add &Member", [this] { AddMembers(); });
   Control& remove = AddButton("cmdDel", "&Delete Member", [this] { DeleteMembers(); });
   constexpr const char* kMarks = "card/channel";
   SetLayout(layout::Column(

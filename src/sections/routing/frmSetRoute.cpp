@@ -46,7 +46,7 @@ frmSetRoute::frmSetRoute(const EditorContext& context, const FormName& name)
       pbx_id_(AddCombo({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
       gateway_(AddCombo({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
   LayOut({layout::Row(
-      {layout::Field("&PBX ID :", pbx_id_), layout::Field("&Gateway :", gateway_), layout::Stretch()})});
+      {layout::Field("PBX &ID :", pbx_id_), layout::Field("&Gateway :", gateway_), layout::Stretch()})});
 }
 
 void frmSetRoute::Prepare(const IniText& project) {

@@ -41,12 +41,13 @@ frmTenan::frmTenan(const EditorContext& context, const FormName& name)
   for (Control* control : {&page_, &across_, &down_}) control->changed = [this] { Show(); };
   AddCells();
   AddButtons();
-  Control& set_all = AddButton("cmdSetAll", "Set &All", [this] { SetAll(true); });
-  Control& clear_all = AddButton("cmdClearAll", "C&lear All", [this] { SetAll(false); });
+  Control& set_all = AddButton("cmdSetAll", "Set A&ll", [this] { SetAll(true); });
+  Control& clear_all = AddButton("cmdClearAll", "Clea&r All", [this] { SetAll(false); });
   Layout buttons = OkAndCancel();
   buttons.parts.insert(buttons.parts.begin(), {layout::Of(set_all), layout::Of(clear_all)});
-  SetLayout(layout::Column(
-      {layout::Of(page_), layout::Of(frame_), layout::Picture("tenants"), std::move(buttons)}));
+  SetLayout(layout::Column({layout::Of(page_), layout::Of(frame_),
+                            layout::Row({layout::Picture("tenants"), layout::Of(down_)}), layout::Of(across_),
+                            std::move(buttons)}));
 }
 
 void frmTenan::AddCells() {

@@ -108,8 +108,8 @@ Layout frmSystemConfig::HolidayGroup() {
   day_ = &AddCombo({"cmbDay"}, "", NumberedEntries(1, 31, 2));
   month_->data = day_->data = false;  // they only say what a button is to take
   month_->current = day_->current = 0;
-  Control& add = AddButton("cmdHAdd", "&Add", [this] { cmdHAdd(); });
-  Control& apply = AddButton("cmdHApply", "A&pply", [this] { cmdHApply(); });
+  Control& add = AddButton("cmdHAdd", "A&dd", [this] { cmdHAdd(); });
+  Control& apply = AddButton("cmdHApply", "App&ly", [this] { cmdHApply(); });
   Control& remove = AddButton("cmdHRemove", "&Remove", [this] { cmdHRemove(); });
   return layout::Group(
       "Holiday",
@@ -135,6 +135,15 @@ void frmSystemConfig::Load(const IniText& project) {
   }
   ShowWeekday();
   ShowHolidays();
+}
+
+bool frmSystemConfig::ShowPlace(std::string_view section, int row, int /*field*/) {
+  if (!SameName(section, kHolidays.section) || row < 1 || row > kHolidayRows) return false;
+  const std::string_view holiday = RowValue(*context().store.Snapshot(project_file()), kHolidays, row);
+  const auto found = std::find(holidays_.begin(), holidays_.end(), holiday);
+  if (found == holidays_.end()) return false;
+  ChooseEntry(*list_, static_cast<int>(found - holidays_.begin()));
+  return true;
 }
 
 void frmSystemConfig::ShowWeekday() {

@@ -25,6 +25,9 @@ class frmSystemConfig : public EditorForm {
   /** Day and night time of a weekday, Sunday 0, as typed. */
   std::pair<std::string, std::string> Times(int weekday) const;
 
+  /** A holiday of the project, by the number of its key. */
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
  protected:
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;

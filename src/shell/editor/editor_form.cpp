@@ -2,18 +2,21 @@
 
 #include <utility>
 
+#include "shell/project_there.h"
+
 namespace tarvok {
 namespace {
 
 constexpr std::string_view kChangedByOthers =
-    "The project was changed by another program.\nDo you still want to save?";
+    "The project was changed by another program.\nYes overwrites what the other program wrote to this "
+    "table.\nDo you still want to save?";
 
 }  // namespace
 
 EditorForm::EditorForm(EditorContext context, FormName name)
     : context_(std::move(context)),
       name_(name),
-      ok_(AddButton("cmdOK", "&Save", [this] { cmdOK(); })),
+      ok_(AddButton("cmdOK", "S&ave", [this] { cmdOK(); })),
       cancel_(AddButton("cmdCancel", "&Cancel", [this] { cmdCancel(); })) {}
 
 void EditorForm::Open() {
@@ -33,8 +36,13 @@ Layout EditorForm::OkAndCancel() {
 }
 
 bool EditorForm::Save_File() {
-  save_failed_ = false;
+  save_refused_ = !Save();
+  return !save_refused_;
+}
+
+bool EditorForm::Save() {
   if (table() != nullptr) table()->LeaveCell();
+  if (!project_file().empty() && !ProjectIsThere()) return false;
   if (!MaySave()) return false;
   BeforeWrite();
   if (project_file().empty()) {
@@ -44,20 +52,29 @@ bool EditorForm::Save_File() {
   }
   if (!OthersLeftItAlone() || !FitsTheReader(*context_.store.Snapshot(project_file()))) return false;
   if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
-  const Status written = context_.store.Update(project_file(), [this](IniEdit& project) { Write(project); });
+  const Status written = context_.store.Update(project_file(), [this](IniEdit& project) {
+    if (IsProject(project.base())) Write(project);  // it may have gone behind the questions
+  });
   if (!written.ok()) {
-    save_failed_ = true;
     context_.questions.Box(written.message(), true);
     return false;
   }
+  if (!ProjectIsThere()) return false;
   loaded_ = context_.store.Snapshot(project_file());
   Saved();
   return true;
 }
 
+bool EditorForm::ProjectIsThere() {
+  const std::string problem = WhyNoProject(context_.store, project_file());
+  if (!problem.empty()) context_.questions.Box(problem, true);
+  return problem.empty();
+}
+
 bool EditorForm::OthersLeftItAlone() {
   const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
-  return now == loaded_ || now->bytes() == loaded_->bytes() || context_.questions.Ask(kChangedByOthers);
+  return now == loaded_ || now->bytes() == loaded_->bytes() ||
+         context_.questions.AskToOverwrite(kChangedByOthers);
 }
 
 /** A value that its reader would cut is not written: a box names it. */

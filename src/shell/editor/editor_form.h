@@ -59,8 +59,8 @@ class EditorForm : public FormControls {
   /** `cmdOK` or `cmdCancel` have ended the form; `on_closed` was told and may have destroyed it. */
   bool closed() const { return closed_; }
   std::function<void()> on_closed;
-  /** The last save failed for a reason outside of the form. */
-  bool save_failed() const { return save_failed_; }
+  /** The last save was given up, by the user, a check or a failure. */
+  bool save_refused() const { return save_refused_; }
 
  protected:
   /** Fills the controls. Nothing that it does marks a change. */
@@ -88,6 +88,8 @@ class EditorForm : public FormControls {
   void cmdOK();
   void cmdCancel();
   void Close();
+  bool Save();
+  bool ProjectIsThere();
   bool OthersLeftItAlone();
   bool FitsTheReader(const IniText& now);
 
@@ -97,7 +99,7 @@ class EditorForm : public FormControls {
   Control& cancel_;
   std::shared_ptr<const IniText> loaded_;
   bool closed_ = false;
-  bool save_failed_ = false;
+  bool save_refused_ = false;
 };
 
 }  // namespace tarvok

@@ -82,8 +82,15 @@ std::optional<ControlId> ParseControl(std::string_view word) {
                    second.empty() ? kNoIndex : RowOf(second)};
 }
 
-bool IsOn(std::string_view value) {
-  return value == "1" || SameName(value, "on") || SameName(value, "true") || SameName(value, "yes");
+/** Nothing for a word that says neither on nor off. */
+std::optional<bool> OnOrOff(std::string_view value) {
+  static constexpr std::pair<std::string_view, bool> kWords[] = {
+      {"1", true},  {"on", true},   {"true", true},   {"yes", true},
+      {"0", false}, {"off", false}, {"false", false}, {"no", false}};
+  for (const auto& [word, on] : kWords) {
+    if (SameName(value, word)) return on;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -92,8 +99,7 @@ void ScriptedQuestions::Box(std::string_view text, bool /*critical*/) {
   print_("box: " + InOneLine(text));
 }
 
-bool ScriptedQuestions::Ask(std::string_view question) {
-  bool yes = true;
+bool ScriptedQuestions::NextAnswer(std::string_view question, bool yes) {
   if (!answers_.empty()) {
     yes = answers_.front();
     answers_.pop_front();
@@ -246,7 +252,8 @@ std::string FormScript::Set(std::string_view rest) {
   switch (control->kind) {
     case ControlKind::kCheck:
     case ControlKind::kOption:
-      Front().Turn(*control, IsOn(value));
+      if (!OnOrOff(value)) return "neither on nor off: " + std::string(value);
+      Front().Turn(*control, *OnOrOff(value));
       return {};
     case ControlKind::kScroll:
       if (!IsNumber(value)) return "no value " + std::string(value);

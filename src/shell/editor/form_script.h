@@ -18,12 +18,15 @@ class ScriptedQuestions : public Questions {
   explicit ScriptedQuestions(Print print) : print_(std::move(print)) {}
 
   void Box(std::string_view text, bool critical) override;
-  /** The next answer, Yes where none was given. */
-  bool Ask(std::string_view question) override;
+  /** The next answer; where none was given, Yes, or No before what others wrote. */
+  bool Ask(std::string_view question) override { return NextAnswer(question, true); }
+  bool AskToOverwrite(std::string_view question) override { return NextAnswer(question, false); }
   void Answer(bool yes) { answers_.push_back(yes); }
   void PrintLine(std::string_view line) { print_(line); }
 
  private:
+  bool NextAnswer(std::string_view question, bool yes);
+
   Print print_;
   std::deque<bool> answers_;
 };

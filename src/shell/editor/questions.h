@@ -12,6 +12,8 @@ class Questions {
   virtual void Box(std::string_view text, bool critical) = 0;
   /** Yes and No; anything but Yes is false. */
   virtual bool Ask(std::string_view question) = 0;
+  /** The same where Yes destroys what somebody else wrote: without an answer it is No. */
+  virtual bool AskToOverwrite(std::string_view question) = 0;
 };
 
 }  // namespace tarvok

@@ -15,7 +15,7 @@ TableForm::TableForm(EditorContext context, FormName name, TableEditor::Options 
     : EditorForm(std::move(context), name), table_(std::move(table)) {
   table_.changed = [this] { MarkChanged(); };
   AddEditMenu();
-  frame_buttons_.push_back(layout::Of(AddButton("cmdTopRow", "&Top Row", [this] { table_.GoToTop(); })));
+  frame_buttons_.push_back(layout::Of(AddButton("cmdTopRow", "Top Ro&w", [this] { table_.GoToTop(); })));
   frame_buttons_.push_back(layout::Of(AddButton("cmdLastRow", "&Last Row", [this] { table_.GoToBottom(); })));
   AddSortMenu();
   AddRowMenu();

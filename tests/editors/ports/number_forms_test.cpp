@@ -28,18 +28,39 @@ TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
   EditorBench bench("[LinkTrunk]\n01=5\n");
   bench.Run("frmLinkTrunk", "go 2 1\ntype 7\n");
   bench.files.Put(EditorBench::kProject, "[Chk_Tarvok]\nChk=TARVOK\n[LinkTrunk]\n01=6\n");
-  EXPECT_THAT(
-      bench.Go("answer No\nclick cmdOK\n"),
-      ElementsAre("ask: The project was changed by another program. Do you still want to save? -> No"));
-  EXPECT_FALSE(bench.editor->closed());
+  EXPECT_THAT(bench.Go("click cmdOK\n"),  // without an answer
+              ElementsAre("ask: The project was changed by another program. Yes overwrites what the other "
+                          "program wrote to this table. Do you still want to save? -> No"));
+  EXPECT_TRUE(!bench.editor->closed() && bench.editor->save_refused());
   bench.files.calls = 0;
   bench.files.fail_at = 1;
-  EXPECT_THAT(bench.Go("click cmdOK\n"), testing::SizeIs(2));  // asked again, and told why it failed
+  EXPECT_THAT(bench.Go("answer Yes\nclick cmdOK\n"),
+              testing::SizeIs(2));  // asked again, and told why it failed
   EXPECT_FALSE(bench.editor->closed());
   EXPECT_TRUE(bench.state.DataChanged);
   bench.files.fail_at = 0;
-  bench.Go("click cmdOK\n");
+  bench.Go("answer Yes\nclick cmdOK\n");
   EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");
+}
+
+TEST(NumberForms, AProjectThatIsGoneIsNotMadeAnewByASave) {
+  const std::string gone = "box: The project /p.tvk is gone. Bring it back to that place and try again.";
+  const std::string no_project = "box: /p.tvk File not found or File not correct.";
+  for (const auto& [left, said] :
+       {std::pair<const char*, std::string>{nullptr, gone}, {"[A]\nx=1\n", no_project}}) {
+    EditorBench bench("[LinkTrunk]\n01=5\n");
+    bench.Run("frmLinkTrunk", "go 2 1\ntype 7\n");
+    const std::string project = bench.Bytes();
+    bench.files.files.erase(EditorBench::kProject);
+    if (left != nullptr) bench.files.Put(EditorBench::kProject, left);
+    const std::size_t files = bench.files.files.size();
+    EXPECT_THAT(bench.Go("click cmdOK\n"), ElementsAre(said));
+    EXPECT_EQ(bench.files.files.size(), files);
+    EXPECT_TRUE(!bench.editor->closed() && bench.editor->save_refused() && bench.state.DataChanged);
+    bench.files.Put(EditorBench::kProject, project);
+    EXPECT_THAT(bench.Go("click cmdOK\n"), IsEmpty());
+    EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");
+  }
 }
 
 TEST(HuntGroups, MembersComeAndGoInTheirOrder) {

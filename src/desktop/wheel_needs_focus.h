@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QEvent>
+#include <QWidget>
+
+namespace tarvok {
+
+/** Keeps the mouse wheel from changing the value of a list that has not the focus: who scrolls a page would
+ * change what the pointer happens to come over. The page gets the wheel instead. */
+class WheelNeedsFocus : public QObject {
+ public:
+  static void Set(QWidget* widget) {
+    widget->setFocusPolicy(Qt::StrongFocus);
+    widget->installEventFilter(new WheelNeedsFocus(widget));
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
+    event->ignore();
+    return true;
+  }
+
+ private:
+  using QObject::QObject;
+};
+
+}  // namespace tarvok
