@@ -83,6 +83,12 @@ std::string SystemFile() {
 int Misused(std::string_view) {
   return kWrongCommandLine;
 }
+int EndOutput(int status) {
+  return status;
+}
+std::string EditHelp() {
+  return {};
+}
 
 }  // namespace tarvok::ctl
 

@@ -65,6 +65,7 @@ void TransferDialog::Run(const TransferAction& action) {
   const bool done = action.run(*transfer_, folder);
   running_ = nullptr;
   if (began_ && action.carries != Carries::kNothing) Remember(action, done, *before);
+  transfer_->GiveBackTemporary();
   if (close_wanted_) Leave();
 }
 

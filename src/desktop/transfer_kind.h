@@ -14,9 +14,6 @@
 
 namespace tarvok {
 
-/** Key of the header section: the folder that the billing form was left with. */
-inline constexpr std::string_view kLastBilling = "LastBil";
-
 /** How much of a project a session carries. */
 enum class Carries { kNothing, kPart, kAll };
 

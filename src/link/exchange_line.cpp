@@ -33,6 +33,11 @@ std::unique_ptr<MessageLayer> ExchangeLine::MakeMessages(const ExchangeAddress& 
 
 void ExchangeLine::Take(std::unique_ptr<Port> port) {
   port->set_on_bytes([this](std::span<const std::uint8_t> bytes) { Receive(bytes); });
+  ended_.reset();
+  port->set_on_closed([this](std::string_view reason) {
+    ended_ = reason;
+    if (on_ended_) on_ended_(reason);
+  });
   line_.Take(std::move(port));
 }
 

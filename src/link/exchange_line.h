@@ -2,6 +2,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "link/dls_ly2.h"
 #include "link/l3_serial.h"
@@ -28,6 +32,10 @@ class ExchangeLine {
 
   /** Takes an open or connecting port; its bytes go to the link, or are cut into messages, by mode. */
   void Take(std::unique_ptr<Port> port);
+  /** Why the other end or the system ended the stream, known behind its last byte; nothing while nobody did. */
+  const std::optional<std::string>& ended() const { return ended_; }
+  /** Called once when that becomes known. */
+  void set_on_ended(std::function<void(std::string_view reason)> handler) { on_ended_ = std::move(handler); }
   /** The link's tick, every 10 ms; only the modes with link frames have it. */
   void StartPump();
   void StopPump();
@@ -57,6 +65,8 @@ class ExchangeLine {
   LanReader lan_reader_;
   ServerReader server_reader_;
   EventServer::TimerId pump_ = 0;
+  std::optional<std::string> ended_;
+  std::function<void(std::string_view)> on_ended_;
 };
 
 }  // namespace tarvok

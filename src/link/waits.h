@@ -18,7 +18,9 @@ class Waits {
   /** True when `flag` said true; false when the time ran out or the session was given up. */
   template <typename Flag>
   bool Until(Flag&& flag, std::int64_t timeout_ms) {
+    const bool outer = std::exchange(without_end_, timeout_ms == EventServer::kForever);
     events_.ServeUntil([&] { return aborted_ || flag(); }, timeout_ms);
+    without_end_ = outer;
     return !aborted_ && flag();
   }
 
@@ -32,11 +34,14 @@ class Waits {
   /** Makes waits work again, for what a closing form still says to the exchange. */
   void ClearAbort() { aborted_ = false; }
   bool aborted() const { return aborted_; }
+  /** While a wait without a limit runs, which ends by its flag or by Abort alone. */
+  bool without_end() const { return without_end_; }
   EventServer& events() { return events_; }
 
  private:
   EventServer& events_;
   bool aborted_ = false;
+  bool without_end_ = false;
 };
 
 }  // namespace tarvok

@@ -3,27 +3,59 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarvok {
+namespace {
 
-Status LogFile::Open(const std::string& path) {
+Status Because(const std::string& path, int error) {
+  return {ErrorKind::kInputOutput, path + ": " + std::strerror(error)};
+}
+
+/** Makes a regular file this log's own, empty and private. */
+Status TakeOver(int fd, const std::string& path) {
   constexpr mode_t kUserOnly = S_IRUSR | S_IWUSR;
-  file_ = Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, kUserOnly));
+  // Two sessions in one history would write over each other. Where nothing can be locked it is as if nobody did.
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    return {ErrorKind::kExists, path + ": another session is writing this history"};
+  }
   // The debug lines hold what was sent, passwords too: the rights are set before anything old or new stands
   // there.
-  if (file_.valid() && ::fchmod(file_.get(), kUserOnly) == 0 && ::ftruncate(file_.get(), 0) == 0) return {};
-  const int error = errno;
-  file_ = Descriptor();
-  return {ErrorKind::kInputOutput, path + ": " + std::strerror(error)};
+  if (::fchmod(fd, kUserOnly) == 0 && ::ftruncate(fd, 0) == 0) return {};
+  return Because(path, errno);
+}
+
+}  // namespace
+
+Status LogFile::Open(const std::string& path) {
+  constexpr int kHow = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+  path_ = path;
+  status_ = {};
+  file_ = Descriptor(::open(path.c_str(), kHow, S_IRUSR | S_IWUSR));
+  struct stat info {};
+  if (!file_.valid() || ::fstat(file_.get(), &info) != 0) return Because(path, errno);
+  Status taken;
+  if (S_ISREG(info.st_mode)) {
+    taken = TakeOver(file_.get(), path);
+  } else if (S_ISCHR(info.st_mode)) {
+    ::fcntl(file_.get(), F_SETFL, O_APPEND);  // a terminal that is slow is waited for
+  } else {
+    taken = Status(ErrorKind::kInputOutput, path + ": not a regular file");
+  }
+  if (!taken.ok()) file_ = Descriptor();
+  return taken;
 }
 
 void LogFile::Write(std::string_view text) {
   while (file_.valid() && !text.empty()) {
     const ssize_t written = ::write(file_.get(), text.data(), text.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return;
+    if (written <= 0) {
+      if (status_.ok()) status_ = Because(path_, written < 0 ? errno : ENOSPC);
+      return;
+    }
     text.remove_prefix(static_cast<std::size_t>(written));
   }
 }

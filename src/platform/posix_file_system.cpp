@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/descriptor.h"
+#include "platform/instance_lock.h"
 
 namespace tarvok {
 namespace {
@@ -74,6 +75,23 @@ class FolderLock : public FileLock {
   Descriptor folder_;  // closing it gives the lock back
 };
 
+class ClaimLock : public FileLock {
+ public:
+  explicit ClaimLock(const std::string& path) : lock_(path) {}
+  bool held_elsewhere() const { return lock_.held_elsewhere(); }
+
+ private:
+  InstanceLock lock_;
+};
+
+/** What a link leads to, seen from the link's own folder. */
+std::string BehindLink(const std::string& link) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::read_symlink(link, error);
+  if (error || target.is_absolute()) return target.string();
+  return (std::filesystem::path(FolderOf(link)) / target).string();
+}
+
 }  // namespace
 
 FileIdentity PosixFileSystem::Identify(const std::string& path) {
@@ -87,6 +105,7 @@ FileIdentity PosixFileSystem::Identify(const std::string& path) {
   identity.inode = info.st_ino;
   identity.size = info.st_size;
   identity.modified_ns = info.st_mtim.tv_sec * 1'000'000'000LL + info.st_mtim.tv_nsec;
+  identity.regular = S_ISREG(info.st_mode);
   identity.settled = now.tv_sec * 1'000'000'000LL + now.tv_nsec - identity.modified_ns > kTimeGrain_ns;
   return identity;
 }
@@ -113,11 +132,20 @@ Result<std::string> PosixFileSystem::Read(const std::string& path) {
 }
 
 std::string PosixFileSystem::Resolve(const std::string& path) {
-  char* resolved = ::realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) return path;
-  std::string result(resolved);
-  std::free(resolved);
-  return result;
+  constexpr int kMostLinks = 40;  // as the kernel counts
+  std::string at = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    if (char* resolved = ::realpath(at.c_str(), nullptr); resolved != nullptr) {
+      const std::string result(resolved);
+      std::free(resolved);
+      return result;
+    }
+    // A link to what is not there yet: the file is to come to where the link leads.
+    const std::string target = BehindLink(at);
+    if (target.empty()) return at;
+    at = target;
+  }
+  return path;
 }
 
 Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes, const std::string& like,
@@ -203,6 +231,12 @@ Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path)
     }
     ::usleep(kLockPause_us);
   }
+  return std::unique_ptr<FileLock>(std::move(lock));
+}
+
+Result<std::unique_ptr<FileLock>> PosixFileSystem::Claim(const std::string& path) {
+  auto lock = std::make_unique<ClaimLock>(ClaimFile(path));
+  if (lock->held_elsewhere()) return Status(ErrorKind::kExists, path + ": in use by another program");
   return std::unique_ptr<FileLock>(std::move(lock));
 }
 

@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -11,12 +13,14 @@
 #include "platform/posix_file_system.h"
 #include "programs/ctl/compare_commands.h"
 #include "programs/ctl/edit_command.h"
+#include "programs/ctl/edit_help.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/image_commands.h"
 #include "programs/ctl/places.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/session_commands.h"
 #include "sections/registry.h"
+#include "shell/main_frame.h"
 
 namespace tarvok::ctl {
 namespace {
@@ -40,11 +44,33 @@ struct Arguments {
   SessionOptions session;
 };
 
+/** An option or argument that wants a text: an empty one would count as not given. */
+CLI::Option* AddText(CLI::App* command, const char* name, std::string& text, const char* description) {
+  const auto is_given = [](const std::string& value) {
+    return value.empty() ? std::string("an empty text names nothing") : std::string();
+  };
+  return command->add_option(name, text, description)->check(is_given);
+}
+
+/** A number as people write it, and nothing that is one only to a programmer. */
+std::string IsDecimal(const std::string& text) {
+  const bool decimal = text.find_first_not_of("0123456789") == std::string::npos;
+  return decimal ? std::string() : text + " is no whole number";
+}
+
+/** "Tarvok Setup" and the version, as the window's title has them. */
+std::string NameAndVersion() {
+  constexpr std::string_view kFrame = " -=";
+  const std::size_t first = kFrameTitle.find_first_not_of(kFrame);
+  return std::string(kFrameTitle.substr(first, kFrameTitle.find_last_not_of(kFrame) + 1 - first));
+}
+
 class CommandLine {
  public:
   CommandLine(int& argc, char** argv) : argc_(argc), argv_(argv), store_(files_) {
     app_.require_subcommand(1);
     app_.failure_message(CLI::FailureMessage::simple);
+    app_.set_version_flag("--version", NameAndVersion());
     app_.footer(
         "Exit status: 0 done, 1 the operation failed (the reason on standard error), 2 the command line is "
         "wrong.\n"
@@ -58,6 +84,10 @@ class CommandLine {
     try {
       app_.parse(argc_, argv_);
     } catch (const CLI::ParseError& error) {
+      const std::vector<std::string> words = app_.remaining();
+      if (error.get_exit_code() != 0 && app_.get_subcommands().empty() && !words.empty()) {
+        return Misused("there is no command \"" + words.front() + "\"; --help lists them");
+      }
       return app_.exit(error) == 0 ? kDone : kWrongCommandLine;
     }
     return run_();
@@ -73,12 +103,14 @@ class CommandLine {
   void TakeVersion(CLI::App* command) {
     command->add_option("--version", arguments_.version, "exchange version, 100 to 110")
         ->required()
+        ->check(IsDecimal)
         ->check(CLI::Range(kLowestVersion, kHighestVersion));
   }
 
   void TakeSectionOrAll(CLI::App* command) {
-    CLI::Option* section =
-        command->add_option("--section", arguments_.section, "section number")->check(CLI::Range(1, 46));
+    CLI::Option* section = command->add_option("--section", arguments_.section, "section number")
+                               ->check(IsDecimal)
+                               ->check(CLI::Range(1, 46));
     CLI::Option* all = command->add_flag("--all", arguments_.all, "every section of the version");
     section->excludes(all);
     TakeVersion(command);
@@ -89,17 +121,17 @@ class CommandLine {
       const QCoreApplication application(argc_, argv_);
       return New(store_, SystemFile(), arguments_.project, arguments_.force);
     });
-    make->add_option("PROJECT", arguments_.project, "project file to make")->required();
+    AddText(make, "PROJECT", arguments_.project, "project file to make")->required();
     make->add_flag("--force", arguments_.force, "replace an existing file");
 
     CLI::App* check = Command("check", "tell what no editor could have written and what points nowhere",
                               [this] { return Check(store_, arguments_.project); });
-    check->add_option("PROJECT", arguments_.project, "project file")->required();
+    AddText(check, "PROJECT", arguments_.project, "project file")->required();
 
     CLI::App* diff = Command("diff", "tell what differs between two projects",
                              [this] { return Diff(store_, arguments_.project, arguments_.other); });
-    diff->add_option("A", arguments_.project, "project file")->required();
-    diff->add_option("B", arguments_.other, "project file to compare it with")->required();
+    AddText(diff, "A", arguments_.project, "project file")->required();
+    AddText(diff, "B", arguments_.other, "project file to compare it with")->required();
     diff->footer("Exit status: 0 same, 1 different, 2 not comparable.");
 
     CLI::App* edit =
@@ -107,23 +139,24 @@ class CommandLine {
           const QCoreApplication application(argc_, argv_);
           return Edit(store_, SystemFile(), arguments_.project, arguments_.form, arguments_.script);
         });
-    edit->add_option("PROJECT", arguments_.project, "project file")->required();
-    edit->add_option("FORM", arguments_.form, "name of the editor's form, such as frmAccount")->required();
-    edit->add_option("--script", arguments_.script, "commands, one a line (default: standard input)");
+    AddText(edit, "PROJECT", arguments_.project, "project file")->required();
+    AddText(edit, "FORM", arguments_.form, "name of the editor's form, such as frmAccount")->required();
+    AddText(edit, "--script", arguments_.script, "commands, one a line (default: standard input)");
+    edit->footer(EditHelp());
 
     CLI::App* get = Command("get", "print a value, or KEY=VALUE lines of a section", [this] {
       return Get(store_, arguments_.project, arguments_.section_name, arguments_.key);
     });
-    get->add_option("PROJECT", arguments_.project, "project file")->required();
-    get->add_option("SECTION", arguments_.section_name, "section name")->required();
-    get->add_option("KEY", arguments_.key, "key name; without it the whole section");
+    AddText(get, "PROJECT", arguments_.project, "project file")->required();
+    AddText(get, "SECTION", arguments_.section_name, "section name")->required();
+    AddText(get, "KEY", arguments_.key, "key name; without it the whole section");
 
     CLI::App* set = Command("set", "write one key", [this] {
       return Set(store_, arguments_.project, arguments_.section_name, arguments_.key, arguments_.value);
     });
-    set->add_option("PROJECT", arguments_.project, "project file")->required();
-    set->add_option("SECTION", arguments_.section_name, "section name")->required();
-    set->add_option("KEY", arguments_.key, "key name")->required();
+    AddText(set, "PROJECT", arguments_.project, "project file")->required();
+    AddText(set, "SECTION", arguments_.section_name, "section name")->required();
+    AddText(set, "KEY", arguments_.key, "key name")->required();
     set->add_option("VALUE", arguments_.value, "its new value; \"\" writes an empty key")->required();
 
     TakeVersion(Command("sections", "what a send carries and a load asks for, by exchange version",
@@ -136,9 +169,8 @@ class CommandLine {
       if (arguments_.section == 0) return Misused("--section or --all is required");
       return Encode(store_, arguments_.project, arguments_.section, arguments_.version, arguments_.other);
     });
-    encode->add_option("PROJECT", arguments_.project, "project file")->required();
-    encode->add_option("-o", arguments_.other, "file to write, or with --all the folder for NN.bin")
-        ->required();
+    AddText(encode, "PROJECT", arguments_.project, "project file")->required();
+    AddText(encode, "-o", arguments_.other, "file to write, or with --all the folder for NN.bin")->required();
     TakeSectionOrAll(encode);
 
     CLI::App* decode = Command("decode", "decode wire images into a project as a load does", [this] {
@@ -146,17 +178,16 @@ class CommandLine {
       if (arguments_.section == 0) return Misused("--section or --all is required");
       return Decode(store_, arguments_.other, arguments_.section, arguments_.version, arguments_.project);
     });
-    decode->add_option("IMAGE", arguments_.other, "image file, or with --all the folder of NN.bin")
-        ->required();
-    decode->add_option("--into", arguments_.project, "project file; a missing one is made")->required();
+    AddText(decode, "IMAGE", arguments_.other, "image file, or with --all the folder of NN.bin")->required();
+    AddText(decode, "--into", arguments_.project, "project file; a missing one is made")->required();
     TakeSectionOrAll(decode);
   }
 
   void TakeSessionOptions(CLI::App* command) {
     SessionOptions& session = arguments_.session;
-    command->add_option("--password-file", session.password_file, "file whose first line is the password");
-    command->add_option("--log", session.log_file, "history of the session (default: send.log)");
-    command->add_option("--device", session.device, "serial device of this run, instead of the settings'");
+    AddText(command, "--password-file", session.password_file, "file whose first line is the password");
+    AddText(command, "--log", session.log_file, "history of the session (default: send.log)");
+    AddText(command, "--device", session.device, "serial device of this run, instead of the settings'");
     command->add_flag("--trace", session.trace, "write every byte and frame to the history, too");
   }
 
@@ -179,7 +210,7 @@ class CommandLine {
                                                       : SendPart::kConfiguration;
           return Send(store_, arguments_.project, part, arguments_.session);
         });
-    send->add_option("PROJECT", arguments_.project, "project file; its connection settings are used")
+    AddText(send, "PROJECT", arguments_.project, "project file; its connection settings are used")
         ->required();
     // At most one of them. A group would say so in one line, but its parser never ends on an empty word too many.
     const std::array parts = {
@@ -201,8 +232,8 @@ class CommandLine {
       return Load(store_, arguments_.other, arguments_.project, arguments_.mini_bar, arguments_.force,
                   arguments_.session);
     });
-    load->add_option("OUT", arguments_.other, "project file to make")->required();
-    load->add_option("--using", arguments_.project, "project whose connection settings are used")->required();
+    AddText(load, "OUT", arguments_.other, "project file to make")->required();
+    AddText(load, "--using", arguments_.project, "project whose connection settings are used")->required();
     load->add_flag("--minibar", arguments_.mini_bar,
                    "the mini bar list alone, into a copy of the --using project");
     load->add_flag("--force", arguments_.force, "replace an existing file");
@@ -210,13 +241,12 @@ class CommandLine {
     CLI::App* billing = SessionCommand(
         "send-billing", "send the billing tables tbl*.bil of a folder",
         [this] { return SendBilling(store_, arguments_.project, arguments_.other, arguments_.session); });
-    billing->add_option("PROJECT", arguments_.project, "project whose connection settings are used")
-        ->required();
-    billing->add_option("FOLDER", arguments_.other, "folder with the tables")->required();
+    AddText(billing, "PROJECT", arguments_.project, "project whose connection settings are used")->required();
+    AddText(billing, "FOLDER", arguments_.other, "folder with the tables")->required();
 
     CLI::App* ping = SessionCommand("ping", "ask the exchange for a sign of life",
                                     [this] { return Ping(store_, arguments_.project, arguments_.session); });
-    ping->add_option("PROJECT", arguments_.project, "project whose connection settings are used")->required();
+    AddText(ping, "PROJECT", arguments_.project, "project whose connection settings are used")->required();
   }
 
   int& argc_;
@@ -233,5 +263,5 @@ class CommandLine {
 
 int main(int argc, char** argv) {
   tarvok::ctl::CommandLine command_line(argc, argv);
-  return command_line.Run();
+  return tarvok::ctl::EndOutput(command_line.Run());
 }

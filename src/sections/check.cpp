@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "sections/check_header.h"
 #include "sections/field_check.h"
 #include "sections/places.h"
 #include "sections/row_fields.h"
@@ -231,6 +232,7 @@ void CheckNames(const IniText& project, std::vector<Finding>& findings) {
 
 std::vector<Finding> CheckProject(const IniText& project) {
   std::vector<Finding> findings;
+  CheckHeader(project, findings);
   for (const Table* table : Tables()) TableCheck(project, *table, findings).Run();
   CheckNames(project, findings);
   return findings;

@@ -16,7 +16,7 @@ struct Finding {
   std::string what;   // begins with the value
 };
 
-/** All findings in a project, in the order of its sections and rows. The header's keys are not judged. */
+/** All findings in a project, in the order of its sections and rows. */
 std::vector<Finding> CheckProject(const IniText& project);
 
 }  // namespace tarvok

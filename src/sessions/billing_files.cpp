@@ -47,11 +47,15 @@ std::size_t FilesOf(int version) {
 
 using FolderPaths = std::array<std::optional<std::string>, kFiles.size()>;
 
-/** Where each file lies in the folder. */
-FolderPaths FindFiles(FileSystem& files, const std::string& folder) {
+/** Where each file lies in the folder; a folder that is not there holds none. */
+Result<FolderPaths> FindFiles(FileSystem& files, const std::string& folder) {
   FolderPaths paths;
   const Result<std::vector<std::string>> names = files.List(folder);
-  for (std::size_t i = 0; names.ok() && i < kFiles.size(); ++i) {
+  if (!names.ok()) {
+    if (names.status().kind() == ErrorKind::kNotFound) return paths;
+    return names.status();
+  }
+  for (std::size_t i = 0; i < kFiles.size(); ++i) {
     for (const std::string& name : names.value()) {
       if (SameName(name, kFiles[i].name)) paths[i] = InFolder(folder, name);
     }
@@ -88,6 +92,10 @@ bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths&
     transfer.Progress(static_cast<int>(i), static_cast<int>(count));
     const std::string path = paths[i].value_or(InFolder(folder, kFiles[i].name));
     const Result<std::string> bytes = transfer.store().files().Read(path);
+    // Only what is not there is lost: the exchange would go without a table that the user sees in the folder.
+    if (!bytes.ok() && bytes.status().kind() != ErrorKind::kNotFound) {
+      return transfer.Fail(bytes.status().message());
+    }
     if (!bytes.ok()) {
       transfer.LogLine("File [" + path + "] lost");
       transfer.LogLine("Trying to send next file....");
@@ -103,7 +111,9 @@ bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths&
 
 bool SendBillingFiles(Transfer& transfer, const std::string& folder) {
   constexpr std::string_view kCompleted = "Send billing files completed.";
-  const FolderPaths paths = FindFiles(transfer.store().files(), folder);
+  const Result<FolderPaths> found = FindFiles(transfer.store().files(), folder);
+  if (!found.ok()) return transfer.Fail(found.status().message());
+  const FolderPaths& paths = found.value();
   if (!AskBefore(transfer, paths)) return false;
   transfer.Begin(TransferDirection::kWriteBilling, "Send Billing Files");
   bool sent = OpenConnection(transfer) && LogIn(transfer, kWords) && SendFiles(transfer, folder, paths);

@@ -1,5 +1,8 @@
 #include "sessions/get_whole.h"
 
+#include <optional>
+#include <string>
+
 namespace tarvok {
 namespace {
 
@@ -18,21 +21,32 @@ bool Ask(Transfer& transfer, const WholeRequest& request) {
   return true;
 }
 
+/** A line that is known to be closed brings no answer. A serial device that went may come back under its name, so there it
+ * is the user who ends the wait. */
+bool IsClosed(Transfer& transfer) {
+  return UsesSocket(transfer.mode()) && transfer.line().ended().has_value();
+}
+
+bool GiveUp(Transfer& transfer, const WholeRequest& request) {
+  const std::optional<std::string>& ended = transfer.line().ended();
+  transfer.Failed("..........................", "Failed " + request.give_up_words);
+  return transfer.Fail(kCheckConnection, ended ? ": " + *ended : std::string());
+}
+
 }  // namespace
 
 bool GetWhole(Transfer& transfer, const WholeRequest& request) {
   MessageState& state = transfer.messages().state();
   for (int errors = 0; Ask(transfer, request);) {
     const auto answered = [&] { return state.SectionDoneFlag || state.ErrorReplyFlag; };
-    if (!transfer.waits().Until(answered, EventServer::kForever)) return false;
+    const auto over = [&] { return answered() || IsClosed(transfer); };
+    if (!transfer.waits().Until(over, EventServer::kForever)) return false;
+    if (!answered()) return GiveUp(transfer, request);
     if (state.SectionDoneFlag) {
       transfer.Finished();
       return true;
     }
-    if (++errors == kMostErrors) {
-      transfer.Failed("..........................", "Failed " + request.give_up_words);
-      return transfer.Fail(kCheckConnection);
-    }
+    if (++errors == kMostErrors) return GiveUp(transfer, request);
     if (!transfer.messages().SendIdle()) return transfer.Fail(kCheckConnection);
   }
   return false;

@@ -78,7 +78,7 @@ bool TellLoad(Transfer& transfer) {
 }  // namespace
 
 bool LoadConfiguration(Transfer& transfer) {
-  if (!transfer.view().Ask(kLoadQuestion) || !DeleteOldTemporary(transfer)) return false;
+  if (!transfer.view().Ask(kLoadQuestion) || !BeginTemporary(transfer)) return false;
   transfer.Begin(TransferDirection::kLoad, "Load Data Config");
   const bool loaded = TellLoad(transfer);
   // The line is free while the user thinks about where the project goes.

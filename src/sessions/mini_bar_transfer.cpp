@@ -114,7 +114,7 @@ bool SendMiniBarList(Transfer& transfer) {
 
 bool LoadMiniBarList(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion)) return false;
-  if (!DeleteOldTemporary(transfer) || !CopyToTemporary(transfer)) return false;
+  if (!BeginTemporary(transfer) || !CopyToTemporary(transfer)) return false;
   transfer.Begin(TransferDirection::kLoad, "Load MiniBar");
   const bool loaded = TellLoad(transfer);
   transfer.CleanUp();

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "sessions/open_connection.h"
+
 namespace tarvok {
 namespace {
 
@@ -28,7 +30,7 @@ bool OpenModemPort(Transfer& transfer) {
   transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port_modem, kModemLine));
   if (!transfer.line().line().IsOpen()) {
     transfer.Failed(kOpenDots);
-    return transfer.Fail(kPortFailed);
+    return transfer.Fail(kPortFailed, PortReason(transfer));
   }
   SetControlLines(transfer.line(), true);
   transfer.Finished(kOpenDots);

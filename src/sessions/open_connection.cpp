@@ -12,7 +12,7 @@ constexpr std::string_view kCheckDots = ".................";
 bool OpenSerial(Transfer& transfer) {
   if (!OpenSerialPort(transfer)) {
     transfer.Failed(kPortFailedDots);
-    return transfer.Fail(kPortFailed);
+    return transfer.Fail(kPortFailed, PortReason(transfer));
   }
   transfer.Finished(kPortOkDots);
   return true;
@@ -51,6 +51,13 @@ std::optional<LineSettings> SerialLine(const ConnectionSettings& settings) {
   return ParseLineSettings(settings.bps + ",n,8,1");
 }
 
+std::string PortReason(Transfer& transfer) {
+  const Port* port = transfer.line().line().port();
+  // Without settings that can be a line's no port was asked for.
+  if (port == nullptr) return ": " + transfer.settings().bps + " is no speed of a line";
+  return port->error().empty() ? std::string() : ": " + port->error();
+}
+
 bool OpenSerialPort(Transfer& transfer) {
   // A failed section leaves its port open, and a device opens once.
   transfer.line().line().Close();
@@ -65,7 +72,9 @@ bool OpenSocket(Transfer& transfer) {
   transfer.line().Take(transfer.ports().ConnectTcp(settings.ip_host, settings.ip_port));
   const Port* port = transfer.line().line().port();
   transfer.waits().Until([&] { return port->state() != PortState::kConnecting; }, EventServer::kForever);
-  if (port->state() != PortState::kOpen) return transfer.FailInLog("Cannot connect to " + settings.ip_host);
+  if (port->state() != PortState::kOpen) {
+    return transfer.FailInLog("Cannot connect to " + settings.ip_host, PortReason(transfer));
+  }
   transfer.LogLine("Connected [" + settings.ip_host + "]");
   return true;
 }

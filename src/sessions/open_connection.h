@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "link/line_settings.h"
 #include "sessions/transfer.h"
@@ -13,6 +14,9 @@ std::optional<LineSettings> SerialLine(const ConnectionSettings& settings);
 /** Opens the way that the project's settings name and tests it: port or socket, link, idle message. False
  * where the exchange is not reached, after its words; the caller cleans up. */
 bool OpenConnection(Transfer& transfer);
+
+/** Behind a port that did not open: ": " and its own words for why. They go behind the words of a session's failure. */
+std::string PortReason(Transfer& transfer);
 
 /** Opens the serial port of the settings, without a word; whether it is open. */
 bool OpenSerialPort(Transfer& transfer);

@@ -21,7 +21,7 @@ bool IdsAreSet(Transfer& transfer) {
 
 bool OpenLine(Transfer& transfer) {
   if (transfer.mode() == LinkMode::kSerial) {
-    if (!OpenSerialPort(transfer)) return transfer.Fail("Open COM Port Error");
+    if (!OpenSerialPort(transfer)) return transfer.Fail("Open COM Port Error", PortReason(transfer));
   } else if (!OpenSocket(transfer)) {
     return false;
   }

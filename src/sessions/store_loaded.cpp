@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "sessions/modem_call.h"
 #include "store/new_project.h"
@@ -21,21 +22,38 @@ std::optional<std::string> ChooseTarget(Transfer& transfer) {
   return std::nullopt;
 }
 
-Status CopyTo(FileSystem& files, const std::string& from, const std::string& to) {
+Status CopyTo(FileSystem& files, const std::string& from, const std::string& to, bool may_replace) {
   const Result<std::string> bytes = files.Read(from);
   if (!bytes.ok()) return bytes.status();
   const Result<std::unique_ptr<FileLock>> lock = files.Lock(to);
-  return lock.ok() ? WriteWhole(files, to, bytes.value()) : lock.status();
+  if (!lock.ok()) return lock.status();
+  // Tested again: a load takes long enough for somebody else to put a file there.
+  if (!may_replace && files.Identify(to).exists) {
+    return {ErrorKind::kExists, to + ": a file of this name has appeared during the load"};
+  }
+  return WriteWhole(files, to, bytes.value());
 }
 
 }  // namespace
 
-bool DeleteOldTemporary(Transfer& transfer) {
+bool BeginTemporary(Transfer& transfer) {
   FileSystem& files = transfer.store().files();
   const std::string& file = transfer.parts().temp_file;
-  if (!files.Identify(file).exists) return true;
-  const Status removed = files.Remove(file);
-  return removed.ok() || transfer.Fail(removed.message());
+  transfer.GiveBackTemporary();
+  Result<std::unique_ptr<FileLock>> claim = files.Claim(file);
+  if (!claim.ok()) {
+    return transfer.Fail(
+        file +
+        ": another load is using this file. Wait for its end; with another TMPDIR a load can run "
+        "beside it.");
+  }
+  transfer.KeepTemporary(std::move(claim).value());
+  if (files.Identify(file).exists) {
+    const Status removed = files.Remove(file);
+    if (!removed.ok()) return transfer.Fail(removed.message());
+  }
+  const Status made = files.WriteNew(file, {}, FileSystem::ClaimFile(file), Flush::kLater);
+  return made.ok() || transfer.Fail(made.message());
 }
 
 Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change) {
@@ -59,8 +77,10 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
 bool StoreLoaded(Transfer& transfer) {
   const std::optional<std::string> target = ChooseTarget(transfer);
   if (!target) return true;
-  const Status copied = CopyTo(transfer.store().files(), transfer.parts().temp_file, *target);
-  return copied.ok() || transfer.Fail(copied.message());
+  const TransferParts& parts = transfer.parts();
+  const bool may_replace = parts.may_replace || *target != parts.load_target;
+  const Status copied = CopyTo(transfer.store().files(), parts.temp_file, *target, may_replace);
+  return copied.ok() || transfer.Fail(copied.message(), "; what was loaded lies in " + parts.temp_file);
 }
 
 }  // namespace tarvok

@@ -20,8 +20,9 @@ inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode
                                           .too_old = kSoftwareTooOldToLoad,
                                           .too_new = kSoftwareTooOldToLoad};
 
-/** Removes the temporary project of an earlier load; one that stays is told, and the load does not begin. */
-bool DeleteOldTemporary(Transfer& transfer);
+/** Takes the temporary project for this load, removes what an earlier one left there, and makes it anew for the user alone.
+ * One that another load uses, or that stays, is told, and the load does not begin. */
+bool BeginTemporary(Transfer& transfer);
 
 /** One write of changes to the temporary project. The disk has it whenever the system gets to it: the exchange need not
  * wait for that, since a load makes it again, and what StoreLoaded puts in its place is flushed. */

@@ -45,6 +45,7 @@ Transfer::Transfer(const TransferParts& parts, TransferForm form)
   line_ = std::make_unique<ExchangeLine>(line, waits_, parts_.log, [this] {
     return Trim(parts_.store.GetIniValue(parts_.system_file, kHeaderSection, kEstablishKey)) == "1";
   });
+  line_->set_on_ended([this](std::string_view reason) { OnEnded(reason); });
 }
 
 void Transfer::Begin(TransferDirection direction, std::string_view what) {
@@ -68,11 +69,19 @@ void Transfer::OnSecond() {
   if (!pace_) return;
   const std::int64_t now_ms = parts_.events.Tick_ms();
   parts_.view.ShowPace(pace_->Now(BytesThrough(), now_ms));
+  if (!pace_->FallsSilent(BytesThrough(), now_ms)) return;
   // The wait for the rest of a section has no end of its own: a byte that got lost holds it up as a dead line does.
-  if (pace_->FallsSilent(BytesThrough(), now_ms)) {
-    parts_.view.Advise(
-        "Nothing came for 15 seconds. If that lasts, the rest may be lost: give up and begin again.");
-  }
+  parts_.view.Advise(
+      waits_.without_end()
+          ? "Nothing came for 15 seconds. If that lasts, the rest may be lost: give up and begin again."
+          : "Nothing came for 15 seconds. If that lasts, the session ends by itself.");
+}
+
+void Transfer::OnEnded(std::string_view reason) {
+  if (elapsed_timer_ == 0 || waits_.aborted()) return;  // nobody waits for anything
+  const bool ends = UsesSocket(mode_) || !waits_.without_end();
+  parts_.view.Advise("The connection was closed (" + std::string(reason) + "). " +
+                     (ends ? "The session ends by itself." : "Give up and begin again."));
 }
 
 std::int64_t Transfer::BytesThrough() const {
@@ -165,14 +174,14 @@ std::shared_ptr<const IniText> Transfer::ProjectToSend() {
   return nullptr;
 }
 
-bool Transfer::Fail(std::string_view box) {
-  reason_ = InOneLine(box);
+bool Transfer::Fail(std::string_view box, std::string_view more) {
+  reason_ = InOneLine(box).append(more);
   Box(BoxKind::kCritical, box);
   return false;
 }
 
-bool Transfer::FailInLog(std::string_view line) {
-  reason_ = InOneLine(line);
+bool Transfer::FailInLog(std::string_view line, std::string_view more) {
+  reason_ = InOneLine(line).append(more);
   LogLine(line);
   return false;
 }

@@ -28,6 +28,7 @@ struct TransferParts {
   std::string load_target;   // what a load replaces where the user says Yes: the open project, as a rule
   std::string system_file;   // holds the bench setting of the link
   std::string temp_file;     // where a load builds its project
+  bool may_replace = true;   // false: a load leaves a target that is there by its end as it is
 };
 
 /**
@@ -63,6 +64,9 @@ class Transfer {
     bool& calling_;
   };
   bool calling() const { return calling_; }
+  /** The temporary project is this session's until it is given back, or the form goes: the lock of a load. */
+  void KeepTemporary(std::unique_ptr<FileLock> lock) { temporary_ = std::move(lock); }
+  void GiveBackTemporary() { temporary_.reset(); }
   /** The form is closed by the user: every wait ends and the session unwinds without boxes. */
   void Abort() { waits_.Abort(); }
 
@@ -84,10 +88,11 @@ class Transfer {
   /** The project whose sections are sent. One that can't be read would go out as a blank one: it has a box instead,
    * and nullptr comes back. */
   std::shared_ptr<const IniText> ProjectToSend();
-  /** A failure's box and, in one line, the reason that a command line ends with. Always false. */
-  bool Fail(std::string_view box);
+  /** A failure's box and, in one line, the reason that a command line ends with: the box's words, and `more` behind
+   * them. Always false. */
+  bool Fail(std::string_view box, std::string_view more = {});
   /** A failure without a box: a line in the log window. Always false. */
-  bool FailInLog(std::string_view line);
+  bool FailInLog(std::string_view line, std::string_view more = {});
 
   MessageLayer& messages() { return line_->messages(); }
   ExchangeLine& line() { return *line_; }
@@ -112,6 +117,7 @@ class Transfer {
   void EndCounting();
   std::int64_t BytesThrough() const;
   void OnSecond();
+  void OnEnded(std::string_view reason);
 
   TransferParts parts_;
   TransferForm form_;
@@ -120,6 +126,7 @@ class Transfer {
   LinkMode mode_ = LinkMode::kServer;
   int version_ = 0;
   std::unique_ptr<ExchangeLine> line_;
+  std::unique_ptr<FileLock> temporary_;
   TransferDirection direction_ = TransferDirection::kWrite;
   std::string started_;  // the progress text whose line is still open
   std::string reason_;

@@ -19,6 +19,8 @@ struct FileIdentity {
   std::uint64_t inode = 0;
   std::int64_t size = 0;
   std::int64_t modified_ns = 0;
+  /** False for a folder, a device, a pipe: what holds no bytes to be replaced. */
+  bool regular = true;
 
   bool operator==(const FileIdentity&) const = default;
 };
@@ -43,7 +45,7 @@ class FileSystem {
 
   virtual FileIdentity Identify(const std::string& path) = 0;
   virtual Result<std::string> Read(const std::string& path) = 0;
-  /** The file behind symbolic links; the path itself where there is none. */
+  /** The file behind symbolic links, also where it is not there yet. */
   virtual std::string Resolve(const std::string& path) = 0;
   /** Makes a file that must not exist yet, with all bytes, and the permissions of
    * `like` if that file exists. Leaves no file behind where it fails. */
@@ -59,6 +61,10 @@ class FileSystem {
   virtual Result<std::vector<std::string>> List(const std::string& folder) = 0;
   /** Keeps other writers of the folder of `path` out for a short time. */
   virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path) = 0;
+  /** Keeps `path` for this program as long as the lock is held: by ClaimFile, which the user alone may open and which
+   * stays. kExists where another program keeps it; where nothing can be locked, nobody does. */
+  virtual Result<std::unique_ptr<FileLock>> Claim(const std::string& path) = 0;
+  static std::string ClaimFile(const std::string& path) { return path + ".lock"; }
 };
 
 }  // namespace tarvok

@@ -12,6 +12,8 @@ inline constexpr std::string_view kProjectTag = "TARVOK";
 inline constexpr std::string_view kLoadedTag = "tarvok";
 /** In the system file only: "1" lets a session go on without a link, a bench setting. */
 inline constexpr std::string_view kEstablishKey = "establish";
+/** The folder that the billing form was left with. */
+inline constexpr std::string_view kLastBilling = "LastBil";
 
 /** What the user is told of a file that is missing or has no tag. */
 inline constexpr std::string_view kNotAProject = "File not found or File not correct.";

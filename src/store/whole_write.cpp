@@ -10,11 +10,43 @@ Status About(const std::string& target, const std::string& beside, const Status&
   return {status.kind(), message};
 }
 
+/** The file that a write to `path` replaces or makes. A device, a pipe or a folder is none: the rename would put a file
+ * in its place. */
+Result<std::string> TargetOf(FileSystem& files, const std::string& path) {
+  const FileIdentity there = files.Identify(path);
+  if (there.exists && !there.regular) return Status(ErrorKind::kInputOutput, path + ": not a regular file");
+  return files.Resolve(path);
+}
+
+constexpr std::string_view kBeside = ".tmp";
+
 }  // namespace
 
+Status CanWriteWhole(FileSystem& files, const std::string& path) {
+  const Result<std::string> target = TargetOf(files, path);
+  if (!target.ok()) return target.status();
+  const Result<std::unique_ptr<FileLock>> lock = files.Lock(path);
+  if (!lock.ok()) return lock.status();
+  const std::string beside = target.value() + std::string(kBeside);
+  const Status made = files.WriteNew(beside, {}, target.value(), Flush::kLater);
+  if (made.ok()) return files.Remove(beside);
+  const bool in_place = made.kind() == ErrorKind::kNoPermission && files.Identify(path).exists;
+  return in_place || made.kind() == ErrorKind::kExists ? Status() : About(target.value(), beside, made);
+}
+
+bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
+  const FileIdentity first = files.Identify(a);
+  const FileIdentity second = files.Identify(b);
+  if (first.exists != second.exists) return false;
+  if (!first.exists) return files.Resolve(a) == files.Resolve(b);
+  return first.device == second.device && first.inode == second.inode;
+}
+
 Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes, Flush flush) {
-  const std::string target = files.Resolve(path);
-  const std::string beside = target + ".tmp";
+  const Result<std::string> resolved = TargetOf(files, path);
+  if (!resolved.ok()) return resolved.status();
+  const std::string& target = resolved.value();
+  const std::string beside = target + std::string(kBeside);
 
   Status written = files.WriteNew(beside, bytes, target, flush);
   if (written.kind() == ErrorKind::kExists) {

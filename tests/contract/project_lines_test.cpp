@@ -66,6 +66,12 @@ TEST(Check, TellsEachFault) {
       {"COR", "01", 0, "00900|", "Ban Number 2: is empty"},
       {"COR_Group", "01", 0, "01|02|03|04|05|06|07|01|02", "row: has 9 fields, not 8"},
       {"Port_Def", "501", 0, "1|1|1", "row: is no row of this section"},
+      // The way to the exchange, and a key that was meant to be of it.
+      {"Chk_Tarvok", "IPort", 0, "4999", "setting: is a key that nobody reads"},
+      {"Chk_Tarvok", "By", 0, "7", "setting: 7 is not between 0 and 4"},
+      {"Chk_Tarvok", "IPPort", 0, "99999", "setting: 99999 is not between 1 and 65535"},
+      {"Chk_Tarvok", "PID", 0, "15", ""},
+      {"Chk_Tarvok", "BPS", 0, "9600,n,8,1", ""},
       {"Port_Deff", "-", 0, "1|1|1", "section: is no section of a project"},
       // What stands only once.
       {"Port_Def", "060", 2, "4", "card and channel: 5/4 stands in row 054, too"},

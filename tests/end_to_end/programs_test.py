@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -36,6 +37,17 @@ class Programs(unittest.TestCase):
         ready = process.stdout.readline().split()
         self.assertEqual(ready[:1], ["ready"], ready)
         return dict(word.split("=", 1) for word in ready[1:])
+
+    def test_one_store_one_exchange_and_a_lost_terminal_writes_it(self):
+        folder = self.work / "exchange"
+        command = [BIN / "tarvok-exchange", "--version", "110", "--store", folder, "--lan", "0"]
+        with subprocess.Popen(command, stdout=subprocess.PIPE) as first:
+            first.stdout.readline()
+            second = subprocess.run(command, capture_output=True, timeout=60)
+            self.assertEqual((second.returncode, second.stderr.count(b"\n")), (1, 1))
+            first.send_signal(signal.SIGHUP)
+        self.assertEqual(first.returncode, 0)
+        self.assertTrue((folder / "mode").exists())
 
     def wait_for(self, path, content=None):
         """The exchange writes shortly after it answered."""
@@ -116,7 +128,28 @@ class Programs(unittest.TestCase):
             (1, "exists", ("load", project, "--using", project, *log), {}),
             (2, "--version", ("sections", "--version", 111), {}),
             (2, "", ("encode", project, "--version", 110, "-o", self.work / "o"), {}),
-            (2, "", ("nonsense",), {}),
+        ]
+        fifo, secret = self.work / "fifo", self.work / "secret"
+        os.mkfifo(fifo)
+        secret.write_text("1234")
+        one = ("--section", 2, "--version", 110)
+        cases += [
+            # What is named as a place to write to, and must not become one.
+            (2, "project itself", ("encode", project, *one, "-o", project), {}),
+            (1, "regular", ("encode", project, *one, "-o", fifo), {}),
+            (1, "regular", ("new", fifo, "--force"), {}),
+            (1, "regular", ("load", self.work, "--force", "--using", project, *log), {}),
+            (1, "No such", ("load", self.work / "no" / "o", "--using", project, *log), {}),
+            (2, "builds", ("load", self.work / "outcfg.tvk", "--using", project, *log), {"TMPDIR": self.work}),
+            (2, "--log", ("send", project, "--log", project), {}),
+            (2, "--log", ("send", project, "--password-file", secret, "--log", secret), {}),
+            # An empty text names nothing, and letters must have a byte.
+            (2, "--device", ("ping", project, "--device", ""), {}),
+            (2, "KEY", ("get", project, "Name", ""), {}),
+            (2, "VALUE", ("set", project, "Name", "001", "\u03a9"), {}),
+            (2, "VALUE", ("set", project, "Name", "001", b"\xff".decode("utf-8", "surrogateescape")), {}),
+            (2, "nonsense", ("nonsense",), {}),
+            (2, "0x6e", ("sections", "--version", "0x6e"), {}),
         ]
         before = project.read_bytes()
         for status, reason, arguments, more in cases:
@@ -127,6 +160,10 @@ class Programs(unittest.TestCase):
                     self.assertEqual(error.count("\n"), 1)
         self.assertEqual(project.read_bytes(), before)
         self.assertFalse((self.work / "n").exists())
+        self.assertEqual(secret.read_text(), "1234")
+        with open("/dev/full", "wb") as full:
+            run = subprocess.run([BIN / "tarvokctl", "get", project, "Name"], stdout=full, stderr=subprocess.PIPE)
+        self.assertEqual((run.returncode, run.stderr.count(b"\n")), (1, 1))
         project = self.project(By=1)
         _, error = ctl("send", project, *log, "--device", self.work / "no-port", status=1)
         self.assertIn("Initial COM Port failed", error)
@@ -141,7 +178,7 @@ class Programs(unittest.TestCase):
 
         out, _ = edit("frmMiniBar", 'go 1 "Name"\npress Delete\ntype Caf\u00e9\nvalue txtMask\nclick cmdOK\n')
         self.assertEqual(out, "Caf\u00e9\n".encode().decode("latin-1"))
-        self.assertEqual(ctl("get", project, "MiniBar", "001")[0], "Caf\u00e9|350|\n")
+        self.assertEqual(ctl("get", project, "MiniBar", "001")[0], "Caf\u00e9|350|\n".encode().decode("latin-1"))
         saved = project.read_bytes()
         asked, _ = edit("frmMiniBar", "# leave\n\ngo 1 1\ntype x\nanswer No\nclick cmdCancel\n")
         self.assertTrue(asked.startswith("ask: Data was change") and asked.endswith("-> No\n"), asked)

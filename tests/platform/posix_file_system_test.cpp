@@ -2,11 +2,13 @@
 
 #include <sys/stat.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/instance_lock.h"
 #include "platform/log_file.h"
 #include "store/project_store.h"
+#include "store/whole_write.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {
@@ -56,6 +58,52 @@ TEST_F(Files, ErrorsSayWhyAndChangeNothing) {
   EXPECT_EQ(missing.kind(), ErrorKind::kNotFound);
   EXPECT_NE(missing.message().find("No such file"), std::string::npos);
   EXPECT_FALSE(files_.Read("/dev/zero").ok());
+}
+
+TEST_F(Files, OnlyRegularFilesAreReplaced) {
+  ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  fs::create_symlink("pipe", Path("link"));
+  for (const std::string& path : {Path("pipe"), Path("link"), std::string("/dev/null")}) {
+    EXPECT_FALSE(WriteWhole(files_, path, "x").ok()) << path;
+    EXPECT_FALSE(CanWriteWhole(files_, path).ok()) << path;
+    EXPECT_FALSE(fs::is_regular_file(path)) << path;
+  }
+  // A link to what is not there yet is followed, from link to link.
+  fs::create_directory(Path("folder"));
+  fs::create_symlink("folder/second", Path("first"));
+  fs::create_symlink("new", Path("folder/second"));
+  EXPECT_TRUE(IsSameFile(files_, Path("first"), Path("folder/new")));
+  EXPECT_TRUE(CanWriteWhole(files_, Path("first")).ok());
+  EXPECT_TRUE(WriteWhole(files_, Path("first"), "x").ok());
+  EXPECT_EQ(Read(Path("folder/new")), "x");
+  EXPECT_TRUE(fs::is_symlink(Path("folder/second")));
+  EXPECT_TRUE(IsSameFile(files_, Path("first"), Path("folder/new")));
+  EXPECT_FALSE(IsSameFile(files_, Path("first"), Path("pipe")));
+  EXPECT_FALSE(CanWriteWhole(files_, Path("none/new")).ok());
+}
+
+TEST_F(Files, AClaimKeepsOthersOff) {
+  const auto held = files_.Claim(Path("outcfg.tvk"));
+  EXPECT_TRUE(held.ok());
+  EXPECT_EQ(files_.Claim(Path("outcfg.tvk")).status().kind(), ErrorKind::kExists);
+  EXPECT_EQ(Mode(FileSystem::ClaimFile(Path("outcfg.tvk"))), 0600U);
+}
+
+TEST_F(Files, ALogTellsItsFirstErrorAndSharesItsFileWithNobody) {
+  LogFile first;
+  ASSERT_TRUE(first.Open(Path("send.log")).ok());
+  first.Write("one");
+  LogFile second;
+  EXPECT_EQ(second.Open(Path("send.log")).kind(), ErrorKind::kExists);
+  EXPECT_EQ(Read(Path("send.log")), "one");
+  EXPECT_TRUE(first.status().ok());
+  ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(second.Open(Path("pipe")).ok());
+  const mode_t mode = Mode("/dev/full");
+  ASSERT_TRUE(second.Open("/dev/full").ok());
+  second.Write("x");
+  EXPECT_THAT(second.status().message(), testing::HasSubstr("No space"));
+  EXPECT_EQ(Mode("/dev/full"), mode);
 }
 
 TEST_F(Files, ALogStartsAnewForItsUserAlone) {

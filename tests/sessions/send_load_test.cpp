@@ -3,6 +3,7 @@
 #include "exchange/port_on_port.h"
 #include "sections/registry.h"
 #include "sessions/load_config.h"
+#include "sessions/mini_bar_transfer.h"
 #include "sessions/send_config.h"
 #include "sessions/store_loaded.h"
 #include "store/number_text.h"
@@ -141,9 +142,15 @@ TEST(Connection, FailuresHaveTheirWords) {
     SessionBench bench(by);
     EXPECT_TRUE(*lacking == '\0' || bench.Set("Chk_Tarvok", lacking, ""));
     bench.port_state = state;
-    EXPECT_FALSE(bench.Run(SendConfiguration));
+    std::string reason;
+    EXPECT_FALSE(bench.Run([&](Transfer& form) {
+      const bool done = SendConfiguration(form);
+      reason = form.reason();
+      return done;
+    }));
     EXPECT_THAT(bench.view.log, HasSubstr(log));
     EXPECT_EQ(bench.view.boxes, boxes);
+    EXPECT_EQ(reason.ends_with(": made to fail"), state == PortState::kError) << reason;
   }
 }
 
@@ -275,6 +282,48 @@ TEST(LoadConfiguration, WhereTheProjectGoes) {
   EXPECT_TRUE(bench.Run(LoadConfiguration));
   EXPECT_EQ(bench.Project(), before);
   EXPECT_TRUE(bench.files.files.contains(SessionBench::kTemp));
+}
+
+TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
+  SessionBench bench(4);
+  bench.files.Put("/p/out.tvk", "somebody's");
+  Transfer form({.events = bench.events,
+                 .ports = bench,
+                 .store = bench.store,
+                 .view = bench.view,
+                 .log = bench.log,
+                 .project_file = SessionBench::kProject,
+                 .load_target = "/p/out.tvk",
+                 .system_file = {},
+                 .temp_file = SessionBench::kTemp,
+                 .may_replace = false},
+                TransferForm::kConnect);
+  EXPECT_FALSE(LoadConfiguration(form));
+  EXPECT_EQ(bench.files.Bytes("/p/out.tvk"), "somebody's");
+  EXPECT_TRUE(form.reason().ends_with(std::string("lies in ") + SessionBench::kTemp)) << form.reason();
+}
+
+TEST(LoadConfiguration, EndsWhenTheConnectionIsClosed) {
+  for (const int by : {3, 4, 0}) {
+    SessionBench bench(by, 110, {.faults = FaultPlan{.hangup_after = 60}});
+    EXPECT_FALSE(bench.Run(LoadConfiguration));
+    EXPECT_THAT(bench.view.log, HasSubstr("Failed Get "));
+    EXPECT_EQ(bench.view.boxes, Boxes{std::string(kCheckConnection)});
+    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("closed")));
+  }
+}
+
+TEST(LoadConfiguration, IsRefusedWhileAnotherOneRuns) {
+  SessionBench bench(4);
+  bench.files.Put(SessionBench::kTemp, "of the other");
+  bench.files.claimed_elsewhere = true;
+  for (const auto session : {LoadConfiguration, LoadMiniBarList}) {
+    bench.view = {};
+    EXPECT_FALSE(bench.Run(session));
+    EXPECT_THAT(bench.view.boxes, testing::ElementsAre(HasSubstr("another load")));
+    EXPECT_EQ(bench.view.log, "");
+  }
+  EXPECT_EQ(bench.files.Bytes(SessionBench::kTemp), "of the other");
 }
 
 TEST(LoadConfiguration, AnOldTemporaryProjectThatStaysIsToldBeforeTheConnection) {

@@ -114,6 +114,16 @@ TEST(Billing, FilesInEverySize) {
   }
 }
 
+TEST(Billing, ATableThatCannotBeReadEndsIt) {
+  SessionBench bench(4);
+  bench.files.Put("/b/tbl0.bil", "a");
+  bench.files.Put("/b/tbl1.bil", "b");
+  bench.files.unreadable = "/b/tbl1.bil";
+  EXPECT_FALSE(
+      bench.Run([](Transfer& transfer) { return SendBillingFiles(transfer, "/b"); }, TransferForm::kBilling));
+  EXPECT_EQ(bench.view.boxes, Boxes{"/b/tbl1.bil: made to fail"});
+}
+
 TEST(Ping, SaysHowLongItTook) {
   for (const int by : {1, 3, 4, 0}) {
     SessionBench bench(by, 110, {.faults = FaultPlan{.delay_ms = 40}});

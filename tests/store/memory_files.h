@@ -23,6 +23,8 @@ class MemoryFiles : public FileSystem {
   ErrorKind fail_kind = ErrorKind::kNoSpace;
   bool fail_for_good = false;  // all later calls fail as well: the process is gone
   bool read_only_folder = false;
+  bool claimed_elsewhere = false;
+  std::string unreadable;  // a path
   int calls = 0;
   int reads = 0;
 
@@ -39,7 +41,7 @@ class MemoryFiles : public FileSystem {
   }
   Result<std::string> Read(const std::string& path) override {
     ++reads;
-    if (Fails()) return Error(path);
+    if (Fails() || path == unreadable) return Error(path);
     const auto found = files.find(path);
     if (found == files.end()) return Status(ErrorKind::kNotFound, path + ": not there");
     return found->second.bytes;
@@ -81,6 +83,10 @@ class MemoryFiles : public FileSystem {
   }
   Result<std::unique_ptr<FileLock>> Lock(const std::string& path) override {
     if (Fails()) return Error(path);
+    return std::make_unique<FileLock>();
+  }
+  Result<std::unique_ptr<FileLock>> Claim(const std::string& path) override {
+    if (claimed_elsewhere) return Status(ErrorKind::kExists, path);
     return std::make_unique<FileLock>();
   }
 

@@ -69,10 +69,10 @@ bool PtyPort::MakeLink() {
   std::error_code failed;
   const fs::file_status there = fs::symlink_status(link_, failed);
   if (fs::exists(there)) {
-    const bool ours =
-        fs::is_symlink(there) &&
-        (!fs::exists(link_, failed) || fs::read_symlink(link_, failed).string().starts_with(kTerminals));
-    if (!ours) {
+    // What a killed run left leads nowhere. A terminal that is there may be another program's line.
+    const bool left_over = fs::is_symlink(there) && !fs::exists(link_, failed) &&
+                           fs::read_symlink(link_, failed).string().starts_with(kTerminals);
+    if (!left_over) {
       errno = EEXIST;
       Fail(link_);
       return false;

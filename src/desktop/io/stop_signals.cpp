@@ -13,6 +13,8 @@ namespace {
 // A signal handler can reach nothing but a global; only this one descriptor is global.
 volatile std::sig_atomic_t wake_end = -1;
 
+constexpr std::array kStopSignals = {SIGTERM, SIGINT, SIGHUP};
+
 extern "C" void OnSignal(int) {
   const int kept_error = errno;
   const char byte = 0;
@@ -20,11 +22,15 @@ extern "C" void OnSignal(int) {
   errno = kept_error;
 }
 
-void SetHandler(void (*handler)(int)) {
+/** A signal that was ignored from the start (nohup does that to SIGHUP) stays ignored. */
+void SetHandlers(StopSignals::Actions& before) {
   struct sigaction action = {};
-  action.sa_handler = handler;
+  action.sa_handler = OnSignal;
   action.sa_flags = SA_RESTART;
-  for (const int signal : {SIGTERM, SIGINT}) ::sigaction(signal, &action, nullptr);
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    ::sigaction(kStopSignals[i], nullptr, &before[i]);
+    if (before[i].sa_handler != SIG_IGN) ::sigaction(kStopSignals[i], &action, nullptr);
+  }
 }
 
 }  // namespace
@@ -41,12 +47,12 @@ StopSignals::StopSignals(std::function<void()> on_stop) : on_stop_(std::move(on_
     }
     on_stop_();
   });
-  SetHandler(OnSignal);
+  SetHandlers(before_);
 }
 
 StopSignals::~StopSignals() {
   if (read_end_ < 0) return;
-  SetHandler(SIG_DFL);
+  for (std::size_t i = 0; i < before_.size(); ++i) ::sigaction(kStopSignals[i], &before_[i], nullptr);
   notifier_.reset();
   ::close(wake_end);
   ::close(read_end_);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <csignal>
 #include <functional>
 #include <memory>
 
@@ -8,17 +10,20 @@
 namespace tarvok {
 
 /**
- * Turns SIGTERM and SIGINT into an event: the handler runs from the loop, where it may do anything, not
+ * Turns SIGTERM, SIGINT and SIGHUP (the terminal went) into an event: the handler runs from the loop, where it may do anything, not
  * inside the signal. One object a program.
  */
 class StopSignals {
  public:
+  using Actions = std::array<struct sigaction, 3>;
+
   explicit StopSignals(std::function<void()> on_stop);
   ~StopSignals();
   StopSignals(const StopSignals&) = delete;
   StopSignals& operator=(const StopSignals&) = delete;
 
  private:
+  Actions before_ = {};  // by signal, put back at the end
   std::function<void()> on_stop_;
   int read_end_ = -1;
   std::unique_ptr<QSocketNotifier> notifier_;

@@ -1,9 +1,13 @@
 #include "programs/ctl/console_view.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
 
+#include "programs/ctl/exit_status.h"
+#include "programs/ctl/terminal_text.h"
 #include "sessions/pace.h"
 #include "sessions/password_form.h"
 #include "shell/one_line.h"
@@ -29,8 +33,13 @@ void ConsoleView::Write(std::string_view text) {
 void ConsoleView::Log(std::string_view text) {
   ClearBar();
   std::string shown;
-  for (const char c : text) {
-    if (c != '\r') shown += c;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    std::string line(text.substr(at, end - at));
+    std::erase(line, '\r');
+    shown += ShownLine(line);
+    if (end < text.size()) shown += '\n';
+    at = end + 1;
   }
   if (shown.empty()) return;
   line_open_ = shown.back() != '\n';
@@ -63,6 +72,11 @@ void ConsoleView::DrawBar() {
                     std::string(static_cast<std::size_t>(kWidth - filled), ' ') + "] " +
                     std::to_string(100 * value_ / end_) + " %, " + MinutesText(seconds_);
   if (!pace_.empty()) bar += ", " + pace_;
+  // A bar that wraps could not be taken away again.
+  winsize size = {};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+    bar.resize(std::min<std::size_t>(bar.size(), size.ws_col - 1U));
+  }
   Write(bar);
   bar_shown_ = true;
 }
@@ -96,7 +110,7 @@ void ConsoleView::ShowPassword(PasswordForm& form) {
 
 void ConsoleView::Advise(std::string_view text) {
   ClearBar();
-  std::fprintf(stderr, "tarvokctl: %s\n", std::string(text).c_str());
+  Tell(text);
 }
 
 void ConsoleView::ShowPace(std::string_view text) {
@@ -108,7 +122,7 @@ void ConsoleView::ShowPace(std::string_view text) {
 void ConsoleView::SetBusy(bool busy) {
   ClearBar();
   // The last pace is how it went: a script gets it where its log is not.
-  if (!busy && !pace_.empty()) std::fprintf(stderr, "tarvokctl: %s\n", std::exchange(pace_, {}).c_str());
+  if (!busy && !pace_.empty()) Tell(std::exchange(pace_, {}));
   busy_ = busy;
 }
 

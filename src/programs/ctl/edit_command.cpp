@@ -66,7 +66,7 @@ bool ReadWhole(const std::string& path, std::stringstream& text) {
 int Edit(ProjectStore& store, const std::string& system_file, const std::string& project,
          const std::string& form, const std::string& script) {
   const Editor* editor = FindEditor(form);
-  if (editor == nullptr) return Misused("unknown form " + form);
+  if (editor == nullptr) return Misused("unknown form " + form + "; edit --help lists them");
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
   if (!text.ok()) return Fail(text.status().message());
   std::stringstream file;

@@ -1,29 +1,39 @@
 #include "programs/ctl/exit_status.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <string>
 
-namespace tarvok::ctl {
-namespace {
+#include "programs/ctl/terminal_text.h"
+#include "shell/one_line.h"
 
-int Say(std::string_view reason, int status) {
-  std::string line;
-  for (const char c : reason) {
-    if (c == '\n') line += ' ';
-    if (c != '\r' && c != '\n') line += c;
-  }
-  std::cerr << "tarvokctl: " << line << '\n';
-  return status;
+namespace tarvok::ctl {
+
+void Tell(std::string_view line) {
+  std::cerr << "tarvokctl: " << ShownLine(InOneLine(line)) << '\n';
 }
 
-}  // namespace
-
 int Fail(std::string_view reason) {
-  return Say(reason, kFailed);
+  Tell(reason);
+  return kFailed;
 }
 
 int Misused(std::string_view reason) {
-  return Say(reason, kWrongCommandLine);
+  Tell(reason);
+  return kWrongCommandLine;
+}
+
+int EndOutput(int status) {
+  std::cout.flush();
+  const bool failed_before = !std::cout || std::ferror(stdout) != 0;
+  const bool failed_now = std::fflush(stdout) != 0;
+  if (!failed_before && !failed_now) return status;
+  std::string reason = "standard output could not be written";
+  if (failed_now) reason.append(": ").append(std::strerror(errno));
+  Tell(reason);
+  return status == kDone ? kFailed : status;
 }
 
 }  // namespace tarvok::ctl

@@ -62,6 +62,15 @@ Result<DecodeStep> ReadStep(FileSystem& files, const std::string& file, int sect
   return DecodeStep{layout.value(), std::move(bytes).value()};
 }
 
+/** An image may not take the place of the project that it is made of. */
+bool ReplacesProject(ProjectStore& store, const std::string& file, const std::string& project) {
+  return IsSameFile(store.files(), file, project);
+}
+
+int MisusedForProject(const std::string& file) {
+  return Misused("-o: " + file + " is the project itself");
+}
+
 /** All steps as one write, so that a project has all of them or none. */
 int Run(ProjectStore& store, const std::vector<DecodeStep>& steps, const std::string& project) {
   const FileIdentity identity = store.files().Identify(project);
@@ -88,6 +97,12 @@ int Encode(ProjectStore& store, const std::string& project, int section, int ver
   if (!text.ok()) return Fail(text.status().message());
   const Result<std::string> image = Encoded(*text.value(), section, version);
   if (!image.ok()) return Fail(image.status().message());
+  if (ReplacesProject(store, file, project)) return MisusedForProject(file);
+  const int from = FindSection(section)->send_from;
+  if (from > version && from != kNever) {
+    Tell("a send to version " + std::to_string(version) + " does not carry section " +
+         std::to_string(section) + ", one from " + std::to_string(from) + " on does");
+  }
   const Status written = WriteWhole(store.files(), file, image.value(), Flush::kLater);
   return written.ok() ? kDone : Fail(written.message());
 }
@@ -99,6 +114,8 @@ int EncodeAll(ProjectStore& store, const std::string& project, int version, cons
   std::vector<std::pair<int, std::string>> images;
   for (const Section* section : SendPlan(version)) {
     if (!CodedLayout(section->number, version, Direction::kSend).ok()) continue;
+    const std::string file = FileOf(folder, section->number);
+    if (ReplacesProject(store, file, project)) return MisusedForProject(file);
     Result<std::string> image = Encoded(*text.value(), section->number, version);
     if (!image.ok()) return Fail(image.status().message());
     images.emplace_back(section->number, std::move(image).value());

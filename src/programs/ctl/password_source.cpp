@@ -87,7 +87,10 @@ std::optional<std::string> PasswordSource::Next(EventServer& events, const std::
       notifier.setEnabled(false);
     });
     events.ServeUntil([&] { return readable || stopped(); }, EventServer::kForever);
-    if (!readable) return std::nullopt;
+    if (!readable) {
+      terminal.Say("\r\n");  // what is said of the end stands on a line of its own
+      return std::nullopt;
+    }
     char buffer[256];
     const ssize_t got = ::read(terminal.fd(), buffer, sizeof buffer);
     terminal.Say("\r\n");

@@ -1,12 +1,15 @@
 #include "programs/ctl/project_commands.h"
 
 #include <iostream>
+#include <optional>
 #include <string_view>
 
 #include "programs/ctl/exit_status.h"
+#include "programs/ctl/terminal_text.h"
 #include "sections/registry.h"
 #include "store/header_keys.h"
 #include "store/new_project.h"
+#include "store/whole_write.h"
 
 namespace tarvok::ctl {
 namespace {
@@ -22,6 +25,12 @@ bool IsName(std::string_view name, std::string_view forbidden) {
 /** Whether the reader gives the value back as it was written. */
 bool ReadsBack(const std::string& value) {
   return IniText("[s]\nk=" + value + "\n").Get("s", "k") == value;
+}
+
+/** An argument that the project's code page can't hold. */
+int NotInPage(std::string_view argument, std::string_view text) {
+  return Misused(std::string(argument) + ": \"" + std::string(text) +
+                 "\" is not UTF-8, or has a letter that the project's code page lacks");
 }
 
 void PrintPlanRow(std::string_view kind, std::string_view step, std::string_view section,
@@ -47,6 +56,9 @@ int New(ProjectStore& store, const std::string& system_file, const std::string& 
   if (!force && store.files().Identify(project).exists) {
     return Fail(project + ": the file exists already; --force replaces it");
   }
+  if (IsSameFile(store.files(), system_file, project)) {
+    return Misused(project + ": is the system file, from which projects are made");
+  }
   const Status created = NewDefault(store, system_file, project);
   return created.ok() ? kDone : Fail(created.message());
 }
@@ -54,35 +66,46 @@ int New(ProjectStore& store, const std::string& system_file, const std::string& 
 int Get(ProjectStore& store, const std::string& project, const std::string& section, const std::string& key) {
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
   if (!text.ok()) return Fail(text.status().message());
-  if (!text.value()->HasSection(section)) return Fail(project + ": there is no section " + section);
+  const std::optional<std::string> section_bytes = BytesOf(section);
+  const std::optional<std::string> key_bytes = BytesOf(key);
+  if (!section_bytes) return NotInPage("SECTION", section);
+  if (!key_bytes) return NotInPage("KEY", key);
+  if (!text.value()->HasSection(*section_bytes)) return Fail(project + ": there is no section " + section);
   if (key.empty()) {
-    for (const IniText::Key& entry : text.value()->Keys(section))
-      std::cout << entry.name << '=' << entry.value << '\n';
+    for (const IniText::Key& entry : text.value()->Keys(*section_bytes))
+      std::cout << ToUtf8(entry.name) << '=' << ToUtf8(entry.value) << '\n';
     return kDone;
   }
-  if (!text.value()->HasKey(section, key))
+  if (!text.value()->HasKey(*section_bytes, *key_bytes))
     return Fail(project + ": section " + section + " has no key " + key);
-  std::cout << text.value()->Get(section, key) << '\n';
+  std::cout << ToUtf8(text.value()->Get(*section_bytes, *key_bytes)) << '\n';
   return kDone;
 }
 
 int Set(ProjectStore& store, const std::string& project, const std::string& section, const std::string& key,
         const std::string& value) {
-  if (!IsName(section, "]\r\n")) return Misused("SECTION: no name of a section: \"" + section + "\"");
-  if (!IsName(key, "=\r\n") || key.front() == ';' || key.front() == '[') {
+  const std::optional<std::string> section_bytes = BytesOf(section);
+  const std::optional<std::string> key_bytes = BytesOf(key);
+  const std::optional<std::string> value_bytes = BytesOf(value);
+  if (!section_bytes) return NotInPage("SECTION", section);
+  if (!key_bytes) return NotInPage("KEY", key);
+  if (!value_bytes) return NotInPage("VALUE", value);
+  if (!IsName(*section_bytes, "]\r\n")) return Misused("SECTION: no name of a section: \"" + section + "\"");
+  if (!IsName(*key_bytes, "=\r\n") || key.front() == ';' || key.front() == '[') {
     return Misused("KEY: no name of a key: \"" + key + "\"");
   }
-  if (value.size() > kMaxIniValue) {
-    return Fail("section " + section + ", key " + key + ": the value has " + std::to_string(value.size()) +
-                " characters, at most " + std::to_string(kMaxIniValue) + " are read");
+  if (value_bytes->size() > kMaxIniValue) {
+    return Fail("section " + section + ", key " + key + ": the value has " +
+                std::to_string(value_bytes->size()) + " characters, at most " + std::to_string(kMaxIniValue) +
+                " are read");
   }
-  if (!ReadsBack(value)) {
+  if (!ReadsBack(*value_bytes)) {
     return Fail("section " + section + ", key " + key +
                 ": blanks or quotes around a value and line ends in it would not be read back");
   }
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
   if (!text.ok()) return Fail(text.status().message());
-  const Status written = store.SetIniValue(project, section, key, value);
+  const Status written = store.SetIniValue(project, *section_bytes, *key_bytes, *value_bytes);
   return written.ok() ? kDone : Fail(written.message());
 }
 

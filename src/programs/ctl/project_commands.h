@@ -7,7 +7,8 @@
 
 namespace tarvok::ctl {
 
-// The commands that work on a project file alone. Each returns the exit status.
+// The commands that work on a project file alone. Each returns the exit status. Arguments and output are UTF-8, the
+// project's text is bytes of the user's code page.
 
 /** `system_file` is the template. An existing project is refused without `force`. */
 int New(ProjectStore& store, const std::string& system_file, const std::string& project, bool force);

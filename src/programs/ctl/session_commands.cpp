@@ -1,5 +1,6 @@
 #include "programs/ctl/session_commands.h"
 
+#include <csignal>
 #include <functional>
 #include <string_view>
 
@@ -19,6 +20,7 @@
 #include "sessions/ping.h"
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
+#include "store/whole_write.h"
 
 namespace tarvok::ctl {
 namespace {
@@ -29,12 +31,30 @@ using Session = std::function<bool(Transfer&)>;
 struct Job {
   std::string project;
   std::string load_target;  // empty for a session that loads nothing
+  bool may_replace = true;
   TransferForm form = TransferForm::kConnect;
   bool logs_in = true;
 };
 
 std::string_view FirstLogLine(TransferForm form) {
   return form == TransferForm::kBilling ? "Send Billing History" : "Send Config History...";
+}
+
+/** The history may replace nothing that the session reads or makes. */
+std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& options) {
+  for (const std::string& taken : {job.project, options.password_file, job.load_target, TemporaryProject()}) {
+    if (!taken.empty() && IsSameFile(files, options.log_file, taken)) return taken;
+  }
+  return {};
+}
+
+/** Opens the history. The default one is a convenience that may fail in silence, unless another session has it; one that
+ * was asked for may not. */
+Status OpenLog(LogFile& file, const std::string& asked_for) {
+  const Status opened = file.Open(asked_for.empty() ? DefaultLog() : asked_for);
+  if (!asked_for.empty()) return opened;
+  if (opened.kind() == ErrorKind::kExists) Tell(opened.message() + "; this one goes without");
+  return {};
 }
 
 /** Puts the parts of a session together, runs it, and says why it failed. */
@@ -44,10 +64,13 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
   Result<PasswordSource> passwords = PasswordSource::Find(store.files(), options.password_file);
   if (job.logs_in && !passwords.ok()) return Fail(passwords.status().message());
 
+  if (!options.log_file.empty()) {
+    const std::string taken = TakenByLog(store.files(), job, options);
+    if (!taken.empty())
+      return Misused("--log: " + options.log_file + " is a file of this session's, " + taken);
+  }
   LogFile file;
-  const Status opened = file.Open(options.log_file.empty() ? DefaultLog() : options.log_file);
-  // The default log is a convenience that may fail in silence; one that was asked for may not.
-  if (!opened.ok() && !options.log_file.empty()) return Fail(opened.message());
+  if (const Status opened = OpenLog(file, options.log_file); !opened.ok()) return Fail(opened.message());
   SendLog log([&](std::string_view line) { file.Write(line); });
   log.set_debug(options.trace);
   log.Line(FirstLogLine(job.form));
@@ -65,15 +88,20 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
                      .project_file = job.project,
                      .load_target = job.load_target,
                      .system_file = SystemFile(),
-                     .temp_file = TemporaryProject()},
+                     .temp_file = TemporaryProject(),
+                     .may_replace = job.may_replace},
                     job.form);
   stopped = [&] { return transfer.waits().aborted(); };
   const StopSignals signals([&] { transfer.Abort(); });
+  // A reader of our lines that goes away must not leave the exchange in the middle of a session.
+  std::signal(SIGPIPE, SIG_IGN);
 
   const bool done = session(transfer);
   const bool interrupted = transfer.waits().aborted();
   transfer.Unload();
   view.End();
+  if (!options.log_file.empty() && !file.status().ok())
+    Tell("the history has a gap: " + file.status().message());
   if (done) return kDone;
   return Fail(interrupted ? "interrupted" : transfer.reason());
 }
@@ -98,12 +126,24 @@ int Send(ProjectStore& store, const std::string& project, SendPart part, const S
 
 int Load(ProjectStore& store, const std::string& out, const std::string& project, bool mini_bar, bool force,
          const SessionOptions& options) {
-  if (!force && store.files().Identify(out).exists) {
+  FileSystem& files = store.files();
+  if (!force && files.Identify(out).exists) {
     return Fail(out + ": the file exists already; --force replaces it");
   }
-  if (!mini_bar) return Run(store, {.project = project, .load_target = out}, options, LoadConfiguration);
-  const Job job = {.project = project, .load_target = out, .form = TransferForm::kMiniBar};
-  return Run(store, job, options, LoadMiniBarList);
+  const std::string temporary = TemporaryProject();
+  for (const std::string* file : {&out, &project}) {
+    if (IsSameFile(files, *file, temporary)) return Misused(*file + ": is where a load builds its project");
+  }
+  if (!options.password_file.empty() && IsSameFile(files, out, options.password_file)) {
+    return Misused(out + ": is the file of the password");
+  }
+  // Found now, not when all has come.
+  if (const Status writable = CanWriteWhole(files, out); !writable.ok()) return Fail(writable.message());
+  const Job job = {.project = project,
+                   .load_target = out,
+                   .may_replace = force,
+                   .form = mini_bar ? TransferForm::kMiniBar : TransferForm::kConnect};
+  return Run(store, job, options, mini_bar ? LoadMiniBarList : LoadConfiguration);
 }
 
 int SendBilling(ProjectStore& store, const std::string& project, const std::string& folder,

@@ -20,10 +20,7 @@ const CodePage& Page() {
   return page;
 }
 
-}  // namespace
-
-std::string ToUtf8(std::string_view bytes) {
-  QString letters = Page().ToLetters(bytes);
+std::string WithPictures(QString letters) {
   for (QChar& letter : letters) {
     if (letter.unicode() < 0x20) {
       letter = QChar(static_cast<char16_t>(kControlPictures + letter.unicode()));
@@ -36,11 +33,39 @@ std::string ToUtf8(std::string_view bytes) {
   return letters.toStdString();
 }
 
+/** Nothing where the text is not UTF-8. */
+std::optional<QString> Letters(std::string_view text) {
+  QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+  QString letters = utf8(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+  if (utf8.hasError()) return std::nullopt;
+  return letters;
+}
+
+}  // namespace
+
+std::string ToUtf8(std::string_view bytes) {
+  return WithPictures(Page().ToLetters(bytes));
+}
+
 bool IsUtf8(std::string_view text) {
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  [[maybe_unused]] const QString letters =
-      decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-  return !decoder.hasError();
+  return Letters(text).has_value();
+}
+
+std::optional<std::string> BytesOf(std::string_view argument) {
+  std::optional<QString> letters = Letters(argument);
+  if (!letters) return std::nullopt;
+  for (QChar& letter : *letters) {
+    const char16_t unit = letter.unicode();
+    if (unit >= kControlPictures && unit < kControlPictures + 0x20) letter = QChar(unit - kControlPictures);
+    if (unit == kDeletePicture) letter = QChar(0x7F);
+    if (!Page().HasLetter(letter)) return std::nullopt;
+  }
+  return Page().ToBytes(*letters);
+}
+
+std::string ShownLine(std::string_view line) {
+  const std::optional<QString> letters = Letters(line);
+  return letters ? WithPictures(*letters) : ToUtf8(line);
 }
 
 std::string FromUtf8(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,5 +12,11 @@ std::string ToUtf8(std::string_view bytes);
 bool IsUtf8(std::string_view text);
 /** UTF-8 as text of a project; a letter that the page does not have is dropped. */
 std::string FromUtf8(std::string_view text);
+/** An argument as text of a project, pictures of control characters as ToUtf8 shows them included. Nothing where it is not
+ * UTF-8 or the page lacks a letter of it. */
+std::optional<std::string> BytesOf(std::string_view argument);
+/** A line of the program's own for a terminal: paths are UTF-8, what comes from a project or a line often is not. Control
+ * characters as in ToUtf8. */
+std::string ShownLine(std::string_view line);
 
 }  // namespace tarvok::ctl
