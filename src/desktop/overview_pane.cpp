@@ -153,10 +153,10 @@ void OverviewPane::ShowCounts(const IniText& project) {
   rack_->ShowSummary(summary);
   rack_hint_->setVisible(summary.ports == 0);
   const QString of_all = QStringLiteral("of %1").arg(kPortRows);
-  ports_.Show(summary.ports, summary.ports == 0 ? of_all
-                                                : QStringLiteral("%1, %2 without a number or group")
-                                                      .arg(of_all)
-                                                      .arg(summary.ports - summary.ports_used));
+  ports_.Show(summary.ports,
+              summary.ports == 0
+                  ? of_all
+                  : QStringLiteral("%1, %2 unused").arg(of_all).arg(summary.ports - summary.ports_used));
   numbers_.Show(summary.numbers, QStringLiteral("of %1").arg(kAssignRows));
   trunks_.Show(summary.trunks, summary.groups_out == 1
                                    ? QStringLiteral("and 1 group out")

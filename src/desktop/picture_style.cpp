@@ -1,5 +1,7 @@
 #include "desktop/picture_style.h"
 
+#include <algorithm>
+
 #include <QPainter>
 #include <QStyleOption>
 
@@ -9,7 +11,8 @@
 namespace tarvok {
 namespace {
 
-constexpr int kHandleEdge = 3;  // between a handle and the sides of its bar
+constexpr int kBesideCaption = 24;  // of a button, both sides together
+constexpr int kHandleEdge = 3;      // between a handle and the sides of its bar
 
 /** An arrow head in the middle of a button, pointing along (1, 0) or (0, 1) or against it. */
 void DrawArrow(QPainter& painter, const QRect& button, QPointF to, const QColor& colour) {
@@ -51,6 +54,19 @@ QIcon PictureStyle::standardIcon(StandardPixmap which, const QStyleOption* optio
   if (which == SP_ToolBarHorizontalExtensionButton) return IconOf(Picture::kMore);
   if (which == SP_LineEditClearButton) return IconOf(Picture::kClear);
   return QProxyStyle::standardIcon(which, option, widget);
+}
+
+int PictureStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* more) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons && IsQtsOwn()) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+QSize PictureStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                     const QWidget* widget) const {
+  const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type != CT_PushButton || !IsQtsOwn()) return size;
+  return {std::max(size.width(), contents.width() + kBesideCaption), size.height()};
 }
 
 void PictureStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

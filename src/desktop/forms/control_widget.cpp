@@ -21,8 +21,6 @@
 namespace tarvok {
 namespace {
 
-constexpr int kBesideCaption = 24;  // of a button, both sides together
-
 /** Where Alt and a letter open a menu of the main window, a button goes by the next letter of its caption. */
 QString BesideTheMenus(QString caption) {
   constexpr QStringView kMenuLetters = u"PEVHT";
@@ -93,10 +91,7 @@ class Button : public Bound<QPushButton> {
   void Show() override {
     made_->setToolTip(Letters(control_.tip));
     const QString caption = BesideTheMenus(Letters(control_.caption));
-    if (caption == made_->text()) return;
-    made_->setText(caption);
-    // The style leaves a caption of its widest no room beside it.
-    made_->setMinimumWidth(made_->fontMetrics().size(Qt::TextShowMnemonic, caption).width() + kBesideCaption);
+    if (caption != made_->text()) made_->setText(caption);
   }
 };
 
