@@ -24,7 +24,7 @@ constexpr tarvok::Field kFields[] = {
     OneOf("Type", kCardLabels),
     AnyRowOf("Config", port_config::kTable, 0),
     AnyRowOf("Tenan", tenan::kDayTable, 0),
-    tarvok::Number("Pickup Group", 1, 99),
+    tarvok::Number("Pickup Group", 1, 99).UnsetAs("0"),
     RowOf("Incoming D", incoming_list::kTable, 3),
     RowOf("Incoming N", incoming_list::kTable, 3),
     OneOf("DND", kDndChoices).UnsetAs("0"),
