@@ -35,7 +35,10 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
 
   void Show(const FrameLook& look) override;
   void ShowRecentFiles(const std::vector<std::string>& paths) override;
-  void Highlight(int node, bool on) override { tree_->Highlight(node, on); }
+  void Highlight(int node, bool on) override {
+    tree_->Highlight(node, on);
+    if (on) tree_->SetCurrent(node);
+  }
   void SetBusyPointer(bool busy) override;
   void CriticalBox(std::string_view text) override;
   bool Ask(std::string_view question) override;

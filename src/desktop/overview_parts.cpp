@@ -13,6 +13,7 @@
 #include "sections/places.h"
 #include "sections/row_fields.h"
 #include "shell/connection_settings.h"
+#include "store/header_keys.h"
 
 namespace tarvok {
 namespace {
@@ -23,8 +24,10 @@ constexpr int kRowsShown = 8;
 /** "Port 012 (card 3, channel 4) \u00B7 Busy: 9999 is ..." */
 QString FindingText(const IniText& project, const Finding& finding, const CodePage& page) {
   const std::optional<StatedRow> row = FindRow(finding.section, finding.key);
-  const std::string name =
-      row ? RowLabel(project, *row->table, row->row) : finding.section + " " + finding.key;
+  const bool connects = finding.section == kHeaderSection;
+  const std::string name = row        ? RowLabel(project, *row->table, row->row)
+                           : connects ? "Connection " + finding.key
+                                      : finding.section + " " + finding.key;
   return QStringLiteral("%1 \u00B7 %2: %3")
       .arg(page.ToLetters(name), page.ToLetters(finding.field), page.ToLetters(finding.what));
 }
@@ -132,6 +135,8 @@ void OverviewPane::GoToFinding(const QListWidgetItem* item) {
   const Place place = places_[static_cast<std::size_t>(row)];
   if (commands_.is_offered(place)) {
     commands_.go(place);
+  } else if (place.section == kHeaderSection) {
+    commands_.open_transfer();  // the settings are behind it
   } else {
     findings_text_->setText(QStringLiteral("This program has no form for that place."));
   }

@@ -43,6 +43,33 @@ void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
   painter.fillRect(button.rect.adjusted(1, 1, -1, -1), Mix(ink, ground, shade));
 }
 
+/** The edge of what can be typed into or switched; its ground is painted already. */
+void DrawEdge(const QStyleOption& option, QPainter& painter) {
+  const QColor ground = option.palette.color(QPalette::Window);
+  const QColor ink = option.palette.color(QPalette::Active, QPalette::WindowText);
+  const bool focused = (option.state & QStyle::State_HasFocus) != 0;
+  const int shade = (option.state & QStyle::State_Enabled) != 0 ? 34 : 18;
+  painter.setPen(focused ? option.palette.color(QPalette::Highlight) : Mix(ink, ground, shade));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+}
+
+void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
+  painter.fillRect(option.rect, option.palette.color(QPalette::Base));
+  DrawEdge(option, painter);
+  if ((option.state & QStyle::State_On) == 0) return;
+  const QRectF box(option.rect);
+  const auto at = [&](double x, double y) {
+    return box.topLeft() + QPointF(x * box.width(), y * box.height());
+  };
+  const QPointF mark[] = {at(0.25, 0.5), at(0.43, 0.7), at(0.76, 0.3)};
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(option.palette.color(QPalette::Text), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(mark, 3);
+  painter.restore();
+}
+
 }  // namespace
 
 bool PictureStyle::IsQtsOwn() const {
@@ -81,6 +108,9 @@ void PictureStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   const auto* button =
       element == PE_PanelButtonCommand ? qstyleoption_cast<const QStyleOptionButton*>(option) : nullptr;
   if (button != nullptr && IsQtsOwn()) return DrawButton(*button, *painter);
+  if (element == PE_FrameLineEdit && IsQtsOwn()) return DrawEdge(*option, *painter);
+  const bool is_part = (option->state & State_NoChange) != 0;
+  if (element == PE_IndicatorCheckBox && !is_part && IsQtsOwn()) return DrawCheckBox(*option, *painter);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 

@@ -215,7 +215,10 @@ int Run(const Options& options, const LevelPasswords& passwords) {
     Tell(opened.message());
     return kFailed;
   }
-  std::cout << lines.ready() << std::endl;
+  if (!(std::cout << lines.ready() << std::endl)) {  // somebody waits for it
+    Tell("standard output could not be written");
+    return kFailed;
+  }
   events.ServeUntil([&stop] { return stop; }, EventServer::kForever);
   if (const Status written = store.Flush(); !written.ok()) {
     Tell(written.message());

@@ -90,17 +90,14 @@ bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths&
   const std::size_t count = FilesOf(transfer.version());
   for (std::size_t i = 0; i < count; ++i) {
     transfer.Progress(static_cast<int>(i), static_cast<int>(count));
-    const std::string path = paths[i].value_or(InFolder(folder, kFiles[i].name));
-    const Result<std::string> bytes = transfer.store().files().Read(path);
-    // Only what is not there is lost: the exchange would go without a table that the user sees in the folder.
-    if (!bytes.ok() && bytes.status().kind() != ErrorKind::kNotFound) {
-      return transfer.Fail(bytes.status().message());
-    }
-    if (!bytes.ok()) {
-      transfer.LogLine("File [" + path + "] lost");
+    if (!paths[i]) {
+      transfer.LogLine("File [" + InFolder(folder, kFiles[i].name) + "] lost");
       transfer.LogLine("Trying to send next file....");
       continue;
     }
+    // The exchange would go without a table that the user sees in the folder.
+    const Result<std::string> bytes = transfer.store().files().Read(*paths[i]);
+    if (!bytes.ok()) return transfer.Fail(bytes.status().message());
     if (!SendFile(transfer, static_cast<int>(i), bytes.value(), kFiles[i].sector_size)) return false;
   }
   transfer.Progress(static_cast<int>(count), static_cast<int>(count));
@@ -108,6 +105,11 @@ bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths&
 }
 
 }  // namespace
+
+bool IsBillingFile(std::string_view name) {
+  return std::any_of(kFiles.begin(), kFiles.end(),
+                     [&](const BillingFile& file) { return SameName(file.name, name); });
+}
 
 bool SendBillingFiles(Transfer& transfer, const std::string& folder) {
   constexpr std::string_view kCompleted = "Send billing files completed.";

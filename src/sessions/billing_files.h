@@ -1,10 +1,14 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "sessions/transfer.h"
 
 namespace tarvok {
+
+/** Whether a file of that name is a billing table, case aside. */
+bool IsBillingFile(std::string_view name);
 
 /** Sends the billing tables of a folder as they are, sector by sector. A file that is not there is passed
  * over; a message that fails ends the session with the files so far. File names match without regard to case.

@@ -1,5 +1,7 @@
 #include "store/whole_write.h"
 
+#include <filesystem>
+
 namespace tarvok {
 namespace {
 
@@ -35,11 +37,19 @@ Status CanWriteWhole(FileSystem& files, const std::string& path) {
 }
 
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
-  const FileIdentity first = files.Identify(a);
-  const FileIdentity second = files.Identify(b);
-  if (first.exists != second.exists) return false;
-  if (!first.exists) return files.Resolve(a) == files.Resolve(b);
-  return first.device == second.device && first.inode == second.inode;
+  const auto same = [&](const std::string& one, const std::string& other) {
+    const FileIdentity first = files.Identify(one);
+    const FileIdentity second = files.Identify(other);
+    return first.exists && second.exists && first.device == second.device && first.inode == second.inode;
+  };
+  if (files.Identify(a).exists || files.Identify(b).exists) return same(a, b);
+  // Files to come are the same by their name in one folder, however that is spelled.
+  const std::filesystem::path first = files.Resolve(a);
+  const std::filesystem::path second = files.Resolve(b);
+  const auto folder = [](const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path().string() : std::string(".");
+  };
+  return first.filename() == second.filename() && same(folder(first), folder(second));
 }
 
 Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes, Flush flush) {

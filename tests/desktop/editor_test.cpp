@@ -164,6 +164,7 @@ TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
   Script replace(
       {TypeIn("Replace", "FindText", "Room 10"), TypeIn("Replace", "ReplaceText", "Suite 10"), [] {
          auto* dialog = Modal("Replace");
+         QTest::keyClick(dialog->findChild<QLineEdit*>(QStringLiteral("FindText")), Qt::Key_Return);  // finds
          auto* by = dialog->findChild<QLineEdit*>(QStringLiteral("ReplaceText"));
          const auto replace_all = [&](const QString& text) {
            by->setText(text);
@@ -245,6 +246,10 @@ TEST(EditorPage, AFilterKeepsWhatItHidesFromEveryCommand) {
   for (int& row : moved) row -= 3;
   EXPECT_EQ(ShownOf(table), moved) << "the filter follows the rows";
   QTest::keyClick(&table, Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), desk.Find<QPushButton>("cmdTopRow"));
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_F2);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(QApplication::focusWidget(), desk.Find<QPushButton>("cmdTopRow"));
   table.setFocus();
   QTest::keyClick(&table, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);

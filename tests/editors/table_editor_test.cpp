@@ -259,12 +259,12 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   EXPECT_THAT(ImportCsv(other, "Number,Name\n1,Y\n2,X\n", {.convert = no_x}).message(),
               HasSubstr("line 3, column \"Name\": \"X\" is none"));
   std::vector<int> asked;
-  const auto refuse = [&](int rows, int by) {
-    asked = {rows, by};
+  const auto refuse = [&](int rows, int by, const std::vector<int>& columns) {
+    asked = {rows, by, columns.front()};
     return false;
   };
   EXPECT_TRUE(ImportCsv(other, "Number\n1\n2\n", {.may_replace = refuse}).ok());
-  EXPECT_THAT(asked, ElementsAre(1, 2));
+  EXPECT_THAT(asked, ElementsAre(1, 2, 1));
   EXPECT_EQ(ExportCsv(other), before);
   TableEditor blank = MakeTable();
   EXPECT_TRUE(ImportCsv(blank, "Number\n1\n", {.may_replace = refuse}).ok());

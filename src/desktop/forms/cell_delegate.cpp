@@ -1,6 +1,7 @@
 #include "desktop/forms/cell_delegate.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPainter>
@@ -39,6 +40,18 @@ class CellField : public QLineEdit {
 };
 
 }  // namespace
+
+bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
+  auto* editor = qobject_cast<QWidget*>(watched);
+  const auto* key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+  if (editor == nullptr || key == nullptr || !LeavesTable(*key))
+    return QStyledItemDelegate::eventFilter(watched, event);
+  QKeyEvent again(key->type(), key->key(), key->modifiers());
+  Q_EMIT commitData(editor);
+  Q_EMIT closeEditor(editor, NoHint);
+  QApplication::sendEvent(static_cast<QWidget*>(parent()), &again);
+  return true;
+}
 
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                     const QModelIndex& index) const {

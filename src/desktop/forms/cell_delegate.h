@@ -2,11 +2,18 @@
 
 #include <functional>
 
+#include <QKeyEvent>
 #include <QStyledItemDelegate>
 
 #include "desktop/forms/table_model.h"
 
 namespace tarvok {
+
+/** Ctrl+Tab and Ctrl+Shift+Tab; Tab alone goes through the cells. */
+inline bool LeavesTable(const QKeyEvent& key) {
+  return key.modifiers().testFlag(Qt::ControlModifier) &&
+         (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
+}
 
 /** What lies over a cell while it is edited by mouse or F2: a field that asks the column's rule about every
  * key, or the column's list. */
@@ -20,6 +27,10 @@ class CellDelegate : public QStyledItemDelegate {
   void setEditorData(QWidget* editor, const QModelIndex& index) const override;
   void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ protected:
+  /** Ctrl+Tab leaves the table out of an open cell, too; without it Qt would open the next cell. */
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   TableModel& model_;

@@ -53,6 +53,7 @@ class EditorPage : public QWidget {
   void ShowRowCount();
   void TakeClipboard();
   void FindAndReplace();
+  std::string ColumnsText(const std::vector<int>& columns) const;
   void ImportFile();
   void ExportFile();
   void ClickControl(std::string_view control);

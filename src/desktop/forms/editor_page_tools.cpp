@@ -144,6 +144,16 @@ void EditorPage::ExportFile() {
   if (!written.ok()) questions_.Box(written.message(), true);
 }
 
+/** Which columns an import changes, "" for all. */
+std::string EditorPage::ColumnsText(const std::vector<int>& columns) const {
+  const TableEditor& table = *form_->table();
+  if (static_cast<int>(columns.size()) == table.columns()) return {};
+  std::string text = ", in ";
+  for (const int column : columns)
+    text.append(column == columns.front() ? "" : ", ").append(table.column(column).title);
+  return text + " alone; the other columns stay";
+}
+
 void EditorPage::ImportFile() {
   Commit();
   const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Import"), {}, kCsvFiles);
@@ -153,19 +163,19 @@ void EditorPage::ImportFile() {
   const CodePage& page = PageOf(parts_.settings);
   // Not every spreadsheet writes UTF-8.
   const std::string text = MessageText(bytes.value(), page).toStdString();
-  const Status taken =
-      ImportCsv(*form_->table(), text,
-                {.convert = [&page](const std::string& cell, std::string& why) -> std::optional<std::string> {
-                   CodePage::Taken letters = page.Take(Words(cell));
-                   if (letters.lacking.isEmpty()) return std::move(letters.bytes);
-                   why = "can't be kept: " + page.WhyLacking(letters.lacking).toStdString();
-                   return std::nullopt;
-                 },
-                 .may_replace =
-                     [this](int rows, int by) {
-                       return questions_.Ask("This replaces " + RowsText(rows) + " by " + RowsText(by) +
-                                             " of the file.\nDo you want to import them?");
-                     }});
+  const Status taken = ImportCsv(
+      *form_->table(), text,
+      {.convert = [&page](const std::string& cell, std::string& why) -> std::optional<std::string> {
+         CodePage::Taken letters = page.Take(Words(cell));
+         if (letters.lacking.isEmpty()) return std::move(letters.bytes);
+         why = "can't be kept: " + page.WhyLacking(letters.lacking).toStdString();
+         return std::nullopt;
+       },
+       .may_replace =
+           [this](int rows, int by, const std::vector<int>& columns) {
+             return questions_.Ask("This replaces " + RowsText(rows) + " by " + RowsText(by) +
+                                   " of the file" + ColumnsText(columns) + ".\nDo you want to import them?");
+           }});
   if (!taken.ok()) questions_.Box("Nothing was imported: " + taken.message(), true);
   Acted();
 }

@@ -26,7 +26,6 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   QPushButton* next = buttons->addButton(QStringLiteral("Find &Next"), QDialogButtonBox::ActionRole);
   QPushButton* all = buttons->addButton(QStringLiteral("Replace &All"), QDialogButtonBox::ActionRole);
-  next->setDefault(true);
   connect(next, &QPushButton::clicked, this, &ReplaceDialog::FindNext);
   connect(all, &QPushButton::clicked, this, &ReplaceDialog::ReplaceAll);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -34,6 +33,9 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
   column->addLayout(fields);
   column->addWidget(result_);
   column->addWidget(buttons);
+  // Of the first of its buttons a dialog would make the one that Return takes.
+  buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
+  next->setDefault(true);
 }
 
 void ReplaceDialog::FindNext() {

@@ -42,12 +42,6 @@ std::optional<KeyCode> KeyOf(int key) {
   }
 }
 
-/** Tab alone goes through the cells. */
-bool LeavesTable(const QKeyEvent* event) {
-  return event->modifiers().testFlag(Qt::ControlModifier) &&
-         (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab);
-}
-
 /** Numbers the rows. The last number is the widest; Qt would measure two hundred of them whenever it lays the table out. */
 class RowNumbers : public QHeaderView {
  public:
@@ -161,7 +155,7 @@ bool TableView::OpensList(const QKeyEvent* event) const {
 
 void TableView::keyPressEvent(QKeyEvent* event) {
   TableEditor& table = model_.table();
-  if (LeavesTable(event)) {
+  if (LeavesTable(*event)) {
     // The view's own would go to the next cell.
     QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab &&
                                 !event->modifiers().testFlag(Qt::ShiftModifier));

@@ -69,12 +69,15 @@ bool PtyPort::MakeLink() {
   std::error_code failed;
   const fs::file_status there = fs::symlink_status(link_, failed);
   if (fs::exists(there)) {
-    // What a killed run left leads nowhere. A terminal that is there may be another program's line.
-    const bool left_over = fs::is_symlink(there) && !fs::exists(link_, failed) &&
-                           fs::read_symlink(link_, failed).string().starts_with(kTerminals);
+    // What a killed run left leads nowhere, or to the terminal that has its number now: ours. Another terminal that is
+    // there may be another program's line.
+    const std::string target =
+        fs::is_symlink(there) ? fs::read_symlink(link_, failed).string() : std::string();
+    const bool left_over =
+        target == device_ || (target.starts_with(kTerminals) && !fs::exists(link_, failed));
     if (!left_over) {
       errno = EEXIST;
-      Fail(link_);
+      Fail(target.empty() ? link_ : link_ + " leads to " + target);
       return false;
     }
     fs::remove(link_, failed);

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 #include "programs/ctl/exit_status.h"
@@ -45,8 +46,9 @@ int RunScript(std::istream& lines, EditorForm& form, ScriptedQuestions& question
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
     const std::string where = "line " + std::to_string(number) + ": ";
-    if (!IsUtf8(line)) return Misused(where + "not in UTF-8");
-    const std::string wrong = script.Run(FromUtf8(line));
+    const std::optional<std::string> bytes = BytesOf(line);
+    if (!bytes) return Misused(where + "not in UTF-8, or a letter that the project's code page lacks");
+    const std::string wrong = script.Run(*bytes);
     TellRefused(form);
     if (!wrong.empty()) return Misused(where + ToUtf8(wrong));
   }

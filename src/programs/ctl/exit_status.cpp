@@ -30,7 +30,8 @@ int EndOutput(int status) {
   const bool failed_before = !std::cout || std::ferror(stdout) != 0;
   const bool failed_now = std::fflush(stdout) != 0;
   if (!failed_before && !failed_now) return status;
-  std::string reason = "standard output could not be written";
+  std::string reason = status == kDone ? "all was done, but standard output could not be written"
+                                       : "standard output could not be written";
   if (failed_now) reason.append(": ").append(std::strerror(errno));
   Tell(reason);
   return status == kDone ? kFailed : status;

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "desktop/io/qt_event_server.h"
 #include "desktop/io/qt_port_maker.h"
@@ -20,6 +21,7 @@
 #include "sessions/ping.h"
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
+#include "store/new_project.h"
 #include "store/whole_write.h"
 
 namespace tarvok::ctl {
@@ -31,6 +33,7 @@ using Session = std::function<bool(Transfer&)>;
 struct Job {
   std::string project;
   std::string load_target;  // empty for a session that loads nothing
+  std::string folder = {};  // whose files are sent
   bool may_replace = true;
   TransferForm form = TransferForm::kConnect;
   bool logs_in = true;
@@ -42,7 +45,18 @@ std::string_view FirstLogLine(TransferForm form) {
 
 /** The history may replace nothing that the session reads or makes. */
 std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& options) {
-  for (const std::string& taken : {job.project, options.password_file, job.load_target, TemporaryProject()}) {
+  const std::string temporary = TemporaryProject();
+  std::vector<std::string> all = {job.project, options.password_file,           SystemFile(), job.load_target,
+                                  temporary,   FileSystem::ClaimFile(temporary)};
+  if (!job.folder.empty()) {
+    const Result<std::vector<std::string>> names = files.List(job.folder);
+    if (names.ok()) {
+      for (const std::string& name : names.value()) {
+        if (IsBillingFile(name)) all.push_back(InFolder(job.folder, name));
+      }
+    }
+  }
+  for (const std::string& taken : all) {
     if (!taken.empty() && IsSameFile(files, options.log_file, taken)) return taken;
   }
   return {};
@@ -148,7 +162,7 @@ int Load(ProjectStore& store, const std::string& out, const std::string& project
 
 int SendBilling(ProjectStore& store, const std::string& project, const std::string& folder,
                 const SessionOptions& options) {
-  return Run(store, {.project = project, .form = TransferForm::kBilling}, options,
+  return Run(store, {.project = project, .folder = folder, .form = TransferForm::kBilling}, options,
              [&](Transfer& transfer) { return SendBillingFiles(transfer, folder); });
 }
 

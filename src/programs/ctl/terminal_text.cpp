@@ -47,10 +47,6 @@ std::string ToUtf8(std::string_view bytes) {
   return WithPictures(Page().ToLetters(bytes));
 }
 
-bool IsUtf8(std::string_view text) {
-  return Letters(text).has_value();
-}
-
 std::optional<std::string> BytesOf(std::string_view argument) {
   std::optional<QString> letters = Letters(argument);
   if (!letters) return std::nullopt;
@@ -66,10 +62,6 @@ std::optional<std::string> BytesOf(std::string_view argument) {
 std::string ShownLine(std::string_view line) {
   const std::optional<QString> letters = Letters(line);
   return letters ? WithPictures(*letters) : ToUtf8(line);
-}
-
-std::string FromUtf8(std::string_view text) {
-  return Page().ToBytes(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 }  // namespace tarvok::ctl

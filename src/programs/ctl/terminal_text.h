@@ -9,9 +9,6 @@ namespace tarvok::ctl {
 /** Text of a project as UTF-8 for a terminal, through the user's code page. Control characters are shown as
  * pictures of themselves, so that no text of a project can steer the terminal. */
 std::string ToUtf8(std::string_view bytes);
-bool IsUtf8(std::string_view text);
-/** UTF-8 as text of a project; a letter that the page does not have is dropped. */
-std::string FromUtf8(std::string_view text);
 /** An argument as text of a project, pictures of control characters as ToUtf8 shows them included. Nothing where it is not
  * UTF-8 or the page lacks a letter of it. */
 std::optional<std::string> BytesOf(std::string_view argument);

@@ -179,7 +179,8 @@ Status ImportCsv(TableEditor& table, std::string_view text, const CsvImport& imp
   Result<std::vector<int>> columns = ColumnsOf(table, lines.front());
   if (!columns.ok()) return columns.status();
   const int filled = RowsFilled(table);
-  if (filled > 0 && import.may_replace && !import.may_replace(filled, static_cast<int>(lines.size()) - 1))
+  if (filled > 0 && import.may_replace &&
+      !import.may_replace(filled, static_cast<int>(lines.size()) - 1, columns.value()))
     return {};
   const std::size_t steps = table.Steps();
   const auto changed = std::exchange(table.changed, nullptr);

@@ -15,8 +15,8 @@ namespace tarvok {
 struct CsvImport {
   /** A cell of the text as the table keeps it; nothing, with the reason, where it can't. */
   std::function<std::optional<std::string>(const std::string& cell, std::string& why)> convert = {};
-  /** Whether so many rows that hold something are replaced by the text's; they stay at false. */
-  std::function<bool(int rows, int by)> may_replace = {};
+  /** Whether so many rows that hold something are replaced by the text's in these columns; they stay at false. */
+  std::function<bool(int rows, int by, const std::vector<int>& columns)> may_replace = {};
 };
 
 /** All rows of the table, in sight or not, as comma-separated text: a line of column titles, then every row; lines end in CR LF. Cells with a
