@@ -49,9 +49,11 @@ void DrawEdge(const QStyleOption& option, QPainter& painter) {
   const QColor ink = option.palette.color(QPalette::Active, QPalette::WindowText);
   const bool focused = (option.state & QStyle::State_HasFocus) != 0;
   const int shade = (option.state & QStyle::State_Enabled) != 0 ? 34 : 18;
+  painter.save();
   painter.setPen(focused ? option.palette.color(QPalette::Highlight) : Mix(ink, ground, shade));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  painter.restore();
 }
 
 void DrawCheckBox(const QStyleOption& option, QPainter& painter) {

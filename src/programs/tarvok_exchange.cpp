@@ -21,6 +21,7 @@
 #include "exchange/practice_exchange.h"
 #include "platform/instance_lock.h"
 #include "platform/posix_file_system.h"
+#include "programs/given_text.h"
 
 namespace tarvok {
 namespace {
@@ -78,22 +79,18 @@ void DescribeOptions(CLI::App& app, Options& options) {
   app.add_option("--version", options.version, "The exchange's version in hundredths: 110 is 1.10")
       ->required()
       ->check(CLI::Range(1, 65535));
-  // An empty text would count as not given.
-  const auto is_given = [](const std::string& value) {
-    return value.empty() ? std::string("an empty text names nothing") : std::string();
-  };
-  app.add_option("--store", options.store, "Folder of what the exchange holds")->required()->check(is_given);
+  app.add_option("--store", options.store, "Folder of what the exchange holds")->required()->check(IsGiven);
   app.add_option("--password", options.passwords, "Passwords of level 1, 2 and 3, up to six digits each")
       ->expected(1, kPasswordLevels);
   const CLI::Range ports(0, 65535);
   app.add_option("--lan", options.lan, "TCP port for \"LAN\"; 0 takes a free one")->check(ports);
   app.add_option("--lan-serial", options.lan_serial, "TCP port for \"LAN to Serial\"")->check(ports);
   app.add_option("--server", options.server, "TCP port for \"Server\"")->check(ports);
-  app.add_option("--listen", options.listen, "Address to listen on")->check(is_given)->capture_default_str();
-  app.add_option("--serial", options.serial, "Link to a pseudo terminal for \"Serial\"")->check(is_given);
+  app.add_option("--listen", options.listen, "Address to listen on")->check(IsGiven)->capture_default_str();
+  app.add_option("--serial", options.serial, "Link to a pseudo terminal for \"Serial\"")->check(IsGiven);
   app.add_option("--modem", options.modem, "Link to a pseudo terminal with a modem for \"Modem\"")
-      ->check(is_given);
-  app.add_option("--faults", options.faults, "Damages the traffic, see below")->check(is_given);
+      ->check(IsGiven);
+  app.add_option("--faults", options.faults, "Damages the traffic, see below")->check(IsGiven);
   app.add_option("--seed", options.conditions.seed, "Which damage the faults do")->capture_default_str();
   app.add_option("--bps", options.conditions.speed_bps, "Paces the bytes as a line of so many bit/s would")
       ->check(CLI::Range(50, 4'000'000));

@@ -19,6 +19,7 @@
 #include "programs/ctl/places.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/session_commands.h"
+#include "programs/given_text.h"
 #include "sections/registry.h"
 #include "shell/main_frame.h"
 
@@ -44,12 +45,9 @@ struct Arguments {
   SessionOptions session;
 };
 
-/** An option or argument that wants a text: an empty one would count as not given. */
+/** An option or argument that wants a text. */
 CLI::Option* AddText(CLI::App* command, const char* name, std::string& text, const char* description) {
-  const auto is_given = [](const std::string& value) {
-    return value.empty() ? std::string("an empty text names nothing") : std::string();
-  };
-  return command->add_option(name, text, description)->check(is_given);
+  return command->add_option(name, text, description)->check(IsGiven);
 }
 
 /** A number as people write it, and nothing that is one only to a programmer. */

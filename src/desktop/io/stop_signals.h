@@ -10,8 +10,8 @@
 namespace tarvok {
 
 /**
- * Turns SIGTERM, SIGINT and SIGHUP (the terminal went) into an event: the handler runs from the loop, where it may do anything, not
- * inside the signal. One object a program.
+ * Turns SIGTERM, SIGINT and SIGHUP (the terminal went) into an event: the handler runs from the loop, where it
+ * may do anything, not inside the signal. One object a program.
  */
 class StopSignals {
  public:

@@ -19,8 +19,8 @@ struct CsvImport {
   std::function<bool(int rows, int by, const std::vector<int>& columns)> may_replace = {};
 };
 
-/** All rows of the table, in sight or not, as comma-separated text: a line of column titles, then every row; lines end in CR LF. Cells with a
- * comma, a quote or a line break stand in quotes. */
+/** All rows of the table, in sight or not, as comma-separated text: a line of column titles, then every row;
+ * lines end in CR LF. Cells with a comma, a quote or a line break stand in quotes. */
 std::string ExportCsv(const TableEditor& table);
 
 /**
