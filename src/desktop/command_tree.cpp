@@ -98,6 +98,22 @@ void CommandTree::keyPressEvent(QKeyEvent* event) {
   if (currentItem() != nullptr && !currentItem()->isDisabled()) on_node_(NodeOf(currentItem()));
 }
 
+void CommandTree::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  PaintCurrent();
+}
+
+void CommandTree::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  PaintCurrent();
+}
+
+/** Only the current line shows who has the keyboard, for which Qt's own tree would paint every line anew. */
+void CommandTree::PaintCurrent() {
+  const QRect line = visualRect(currentIndex());
+  viewport()->update(0, line.top(), viewport()->width(), line.height());
+}
+
 void CommandTree::changeEvent(QEvent* event) {
   QTreeWidget::changeEvent(event);
   if (event->type() != QEvent::PaletteChange || topLevelItem(0) == nullptr) return;

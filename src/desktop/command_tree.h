@@ -29,11 +29,14 @@ class CommandTree : public QTreeWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   QTreeWidgetItem* ItemOf(int node) const;
   void Paint(QTreeWidgetItem* item, bool on);
+  void PaintCurrent();
   int NodeOf(const QTreeWidgetItem* item) const;
 
   NodeHandler on_node_;

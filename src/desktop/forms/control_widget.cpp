@@ -48,7 +48,8 @@ class Bound : public ControlWidget {
   void Refresh() override {
     const QSignalBlocker quiet(made_);
     made_->setEnabled(control_.enabled);
-    made_->setVisible(control_.visible);
+    // Before a layout has given it a parent it would come up as a window of its own.
+    if (made_->parentWidget() != nullptr || !control_.visible) made_->setVisible(control_.visible);
     Show();
   }
 
@@ -187,7 +188,7 @@ class ListBox : public BoundList<QListWidget> {
       const auto& chosen = control_.chosen;
       const bool on = control_.many ? std::find(chosen.begin(), chosen.end(), row) != chosen.end()
                                     : row == control_.current;
-      made_->item(row)->setSelected(on);
+      if (made_->item(row)->isSelected() != on) made_->item(row)->setSelected(on);
     }
     if (control_.current != made_->currentRow()) {
       made_->setCurrentRow(control_.current, QItemSelectionModel::NoUpdate);

@@ -64,7 +64,6 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
   setObjectName(QStringLiteral("mgTest"));
   setAccessibleName(QStringLiteral("Table"));
   setVerticalHeader(new RowNumbers(this));
-  setModel(&model_);
   setItemDelegate(new CellDelegate(model_, acted_, this));
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -75,6 +74,7 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setContextMenuPolicy(Qt::ActionsContextMenu);
   horizontalHeader()->setHighlightSections(false);
+  setModel(&model_);  // once all of this is known, since each would lay the rows out again
   ShowRowTitle();
   Refresh();
 }

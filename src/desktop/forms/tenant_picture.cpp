@@ -61,6 +61,7 @@ class TenantMatrix : public FormView::Picture {
     painter.setFont(small);
     const QColor set = colours.color(QPalette::Highlight);
     const QColor clear = colours.color(QPalette::Base);
+    const QColor edge = Mix(colours.color(QPalette::Mid), clear, 50);
     for (int i = 0; i < Shown(); ++i) {
       painter.setPen(MutedText(colours));
       painter.drawText(QRect((i + 1) * cell_, 0, cell_, cell_), Qt::AlignCenter,
@@ -68,11 +69,10 @@ class TenantMatrix : public FormView::Picture {
       painter.drawText(QRect(0, (i + 1) * cell_, cell_ - 2, cell_), Qt::AlignRight | Qt::AlignVCenter,
                        QString::number(First(down_) + i));
       for (int j = 0; j < Shown(); ++j) {
-        const QRect place((j + 1) * cell_, (i + 1) * cell_, cell_ - 1, cell_ - 1);
+        const QRect place((j + 1) * cell_, (i + 1) * cell_, cell_, cell_);
         const Control* cell = Cell(First(down_) + i, First(across_) + j);
-        painter.fillRect(place, cell != nullptr && cell->on ? set : clear);
-        painter.setPen(Mix(colours.color(QPalette::Mid), colours.color(QPalette::Base), 50));
-        painter.drawRect(place);
+        painter.fillRect(place, edge);
+        painter.fillRect(place.adjusted(1, 1, -1, -1), cell != nullptr && cell->on ? set : clear);
       }
     }
     const QRect current((column_ - First(across_) + 1) * cell_, (row_ - First(down_) + 1) * cell_, cell_ - 1,
