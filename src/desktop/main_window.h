@@ -8,6 +8,7 @@
 #include <QActionGroup>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPointer>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -98,6 +99,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QAction* letters_ = nullptr;  // the menu of code pages
   std::array<QAction*, RecentFiles::kCount> recent_{};
   QAction* dash3_ = nullptr;
+  QMenu* table_menu_ = nullptr;  // of the form in the pane
   QSplitter* splitter_ = nullptr;
   CommandTree* tree_ = nullptr;
   QStackedWidget* pane_ = nullptr;

@@ -65,6 +65,14 @@ void MainWindow::MakeMenus() {
   dash3_ = menu->addSeparator();
   dash3_->setObjectName(QStringLiteral("mnu_dash3"));
   menu->addAction(exit_);
+  // What the form in the pane has, which is there before its menu is looked at.
+  table_menu_ = menuBar()->addMenu(QStringLiteral("&Table"));
+  table_menu_->setObjectName(QStringLiteral("mnu_edit"));
+  table_menu_->setEnabled(false);
+  connect(table_menu_, &QMenu::aboutToShow, this, [this] {
+    table_menu_->clear();
+    table_menu_->addActions(pane_->currentWidget()->actions());
+  });
 }
 
 QAction* MainWindow::MakeChoice(QActionGroup* group, const QString& text, std::string_view key,
@@ -157,6 +165,10 @@ void MainWindow::MakePanes() {
                           .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
                           .start_practice = [this] { practice_.Start(); }});
   practice_.set_on_change([this] { ShowPractice(); });
+  connect(pane_, &QStackedWidget::currentChanged, this, [this] {
+    const QWidget* shown = pane_->currentWidget();
+    table_menu_->setEnabled(shown != nullptr && !shown->actions().isEmpty());
+  });
   pane_->addWidget(start_);
   splitter_->addWidget(tree_);
   splitter_->addWidget(pane_);

@@ -1,53 +1,16 @@
 #include <fstream>
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QFileDialog>
-#include <QListWidget>
-#include <QMenuBar>
+#include <QMenu>
 #include <QScrollBar>
-#include <QTableView>
 
-#include "desktop/forms/editor_page.h"
 #include "sections/difference.h"
-#include "store/field_list.h"
-#include "tests/desktop/desktop_bench.h"
-#include "tests/expect_keys.h"
+#include "tests/desktop/editor_desk.h"
 
 namespace tarvok::test {
 namespace {
-
-/** The window on the hotel with every editor there is. */
-class EditorDesk : public DesktopBench {
- public:
-  /** `shared` is a project that is open elsewhere, too; without it the desk has its own. */
-  explicit EditorDesk(const std::string& shared = {}) {
-    if (!shared.empty()) project = shared;
-    std::map<std::string_view, FormFactory> forms;
-    for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, *window);
-    frame = std::make_unique<MainFrame>(
-        MainFrame::Parts{store, recent, state, *window, parts.system_file, std::move(forms)});
-    window->Attach(*frame);
-    frame->Start(false);
-    frame->OpenProject(project);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  }
-  void ExpectKeys(const std::string& keys) { test::ExpectKeys(*store.Snapshot(project), keys); }
-  QAction& Letters() {
-    for (auto* menu : window->findChildren<QMenu*>()) {
-      if (menu->title().contains(QStringLiteral("Letters"))) return *menu->menuAction();
-    }
-    throw std::logic_error("no menu of letters");
-  }
-  QTableView* Table() { return Find<QTableView>("mgTest"); }
-  void GoTo(int row, int column) { Table()->setCurrentIndex(Table()->model()->index(row - 1, column - 1)); }
-  void Click(const char* button) {
-    QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
-    QTest::qWait(1);  // the form goes behind the click
-  }
-};
 
 TEST(EditorPage, CellsAreTypedPastedUndoneAndSaved) {
   EditorDesk desk;
@@ -85,11 +48,9 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   ASSERT_NE(field, nullptr);
   QTest::keyClicks(field, "5x5");
   const QPointer<EditorPage> left = desk.Find<EditorPage>("frmLinkTrunk");
-  const auto menus = desk.window->menuBar()->actions().size();
   desk.ClickCommand("dialphone");
   EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
   EXPECT_EQ(desk.Find<EditorPage>("frmLinkTrunk"), nullptr);
-  EXPECT_EQ(desk.window->menuBar()->actions().size(), menus) << "one Table menu";
   EXPECT_TRUE(QTest::qWaitFor([&] { return left == nullptr; }));
   desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed behind what was there
 }
@@ -103,12 +64,15 @@ TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
   EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
 }
 
-TEST(EditorPage, CancelAsksAndAClosedPageLeavesItsMenu) {
+TEST(EditorPage, CancelAsksAndTheTableMenuIsThatOfTheOpenPage) {
   EditorDesk desk;
-  const auto menus = [&] { return desk.window->menuBar()->actions().size(); };
-  const auto before = menus();
+  auto* menu = desk.Find<QMenu>("mnu_edit");
+  EXPECT_FALSE(menu->isEnabled());
   desk.ClickCommand("linktrunk");
-  EXPECT_EQ(menus(), before + 1);
+  EXPECT_TRUE(menu->isEnabled());
+  menu->popup({});
+  EXPECT_EQ(menu->actions(), desk.Find<EditorPage>("frmLinkTrunk")->actions());
+  menu->close();
   desk.GoTo(1, 1);
   QTest::keyClick(desk.Table(), Qt::Key_Delete);
   std::vector<std::string> texts;
@@ -123,7 +87,7 @@ TEST(EditorPage, CancelAsksAndAClosedPageLeavesItsMenu) {
   desk.Click("cmdCancel");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(testing::StartsWith("Data was change if you closed this windows")));
-  EXPECT_EQ(menus(), before);
+  EXPECT_FALSE(menu->isEnabled());
   desk.ExpectKeys("[LinkTrunk]\n01=006990009000\n");
 }
 
@@ -369,130 +333,6 @@ TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
        {std::tuple(&second, "linktrunk", 7, "123"), std::tuple(&first, "dialphone", 9, "77")}) {
     desk->ClickCommand(command);
     EXPECT_EQ(desk->Table()->model()->index(row - 1, 0).data().toString(), QString::fromLatin1(number));
-  }
-}
-
-/** Types into the first column that takes text, or takes another entry of the last row's list. */
-void ChangeCell(EditorDesk& desk, const TableEditor& rules) {
-  QTableView* table = desk.Table();
-  int column = 1;
-  while (column < rules.columns() && rules.column(column).entry != Entry::kText) ++column;
-  const bool takes_text = rules.column(column).entry == Entry::kText;
-  desk.GoTo(takes_text ? 1 : rules.rows(), takes_text ? column : 1);
-  if (takes_text) {
-    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Backspace, Qt::Key_2}) QTest::keyClick(table, key);
-    return;
-  }
-  QTest::keyClick(table, Qt::Key_F4);
-  if (rules.column(1).entry == Entry::kEditList) {
-    auto* combo = table->findChild<QComboBox*>();
-    ASSERT_NE(combo, nullptr);
-    QTest::keyClicks(combo->lineEdit(), QString::fromStdString(rules.ListOf(rules.rows(), 1).back()));
-    QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
-    return;
-  }
-  ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
-  QWidget* popup = QApplication::activePopupWidget();
-  QWidget* list = popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(list, key);
-  QTest::qWait(1);
-}
-
-/** Makes an extension 77 of the last key in its dialog. */
-void ChangeKey(EditorDesk& desk, EditorPage& page) {
-  QTest::keyClick(page.findChild<QWidget*>(QStringLiteral("lblNum(19)")), Qt::Key_Space);
-  ASSERT_NE(page.form().dialog(), nullptr);
-  auto* extension = desk.Find<QWidget>("Option1(2)");
-  ASSERT_NE(extension, nullptr);
-  EXPECT_EQ(extension->window()->focusWidget(), desk.Find<QWidget>("txtNumber"));
-  QTest::keyClick(extension, Qt::Key_Space);
-  for (auto* field : extension->window()->findChildren<QLineEdit*>()) {
-    if (field->isVisible() && field->isEnabled()) QTest::keyClicks(field, "77");
-  }
-  QTest::keyClick(extension, Qt::Key_Return);
-  QTest::qWait(1);
-  EXPECT_EQ(page.form().dialog(), nullptr);
-}
-
-template <typename Widget>
-Widget* FirstOf(const EditorPage& page) {
-  for (auto* widget : page.findChildren<Widget*>()) {
-    if (widget->isVisible() && widget->isEnabled()) return widget;
-  }
-  return nullptr;
-}
-
-/** One thing of a page with real keys: of its table, its fields, its boxes, or the first that a key turns over. */
-void ChangeByKeys(EditorDesk& desk, EditorPage& page) {
-  if (desk.Table() != nullptr) return ChangeCell(desk, *page.form().table());
-  if (desk.Find<QWidget>("lblNum(19)") != nullptr) return ChangeKey(desk, page);
-  if (auto* field = FirstOf<QLineEdit>(page); field != nullptr) {
-    field->setFocus();
-    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Backspace, Qt::Key_7}) QTest::keyClick(field, key);
-    return;
-  }
-  if (auto* box = FirstOf<QCheckBox>(page); box != nullptr) return QTest::keyClick(box, Qt::Key_Space);
-  for (const char* name : {"TenantMatrix", "ListView2", "lsGroupHunt(0)"}) {
-    auto* widget = desk.Find<QWidget>(name);
-    if (widget == nullptr) continue;
-    QTest::keyClick(widget, Qt::Key_Space);
-    if (auto* list = qobject_cast<QListWidget*>(widget)) list->item(0)->setSelected(true);
-    if (auto* remove = desk.Find<QPushButton>("cmdDel")) QTest::keyClick(remove, Qt::Key_Space);
-    return;
-  }
-}
-
-/** The letters that Alt reaches in the window, each as often as it stands there. */
-std::string AltLetters(MainWindow& window) {
-  QStringList texts;
-  for (const QAction* menu : window.menuBar()->actions()) texts += menu->text();
-  for (const auto* button : window.findChildren<QAbstractButton*>()) {
-    if (button->isVisible()) texts += button->text();
-  }
-  for (const auto* label : window.findChildren<QLabel*>()) {
-    if (label->isVisible() && label->buddy() != nullptr) texts += label->text();
-  }
-  std::string letters;
-  for (const QString& text : texts) {
-    const QString keys = QKeySequence::mnemonic(text).toString();
-    if (!keys.isEmpty()) letters += keys.back().toLatin1();
-  }
-  std::sort(letters.begin(), letters.end());
-  return letters;
-}
-
-TEST(EditorPage, NoLetterWithAltStandsTwiceInAWindow) {
-  EditorDesk desk;
-  for (const Editor* editor : Editors()) {
-    desk.ClickCommand(editor->key);
-    const std::string letters = AltLetters(*desk.window);
-    EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
-        << editor->name.form << " " << letters;
-  }
-}
-
-/** Every editor there is: opened by its command, one thing changed, saved, reopened, found. */
-TEST(EditorPage, EveryCommandTakesAChangeByKeys) {
-  EditorDesk desk;
-  const auto bytes = [&] { return desk.store.Snapshot(desk.project)->bytes(); };
-  for (const Editor* editor : Editors()) {
-    SCOPED_TRACE(editor->name.form);
-    desk.ClickCommand(editor->key);
-    auto* page = desk.Find<EditorPage>(std::string(editor->name.form).c_str());
-    ASSERT_NE(page, nullptr);
-    const std::string before = bytes();
-    ChangeByKeys(desk, *page);
-    EXPECT_TRUE(desk.state.DataChanged);
-    Script answers({AnswerBox(QMessageBox::Yes)});  // a repeat is asked about
-    desk.Click("cmdOK");
-    const std::string after = bytes();
-    EXPECT_NE(after, before);
-    EXPECT_TRUE(desk.state.ActiveFormName.empty());
-    desk.ClickCommand(editor->key);
-    EXPECT_EQ(desk.state.ActiveFormName, editor->name.recorded);
-    EXPECT_FALSE(desk.state.DataChanged);
-    desk.Click("cmdCancel");
-    EXPECT_EQ(bytes(), after);
   }
 }
 

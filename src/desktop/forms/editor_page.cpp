@@ -4,8 +4,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QMainWindow>
-#include <QMenuBar>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -53,7 +51,7 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   note_->setTextFormat(Qt::PlainText);  // it quotes what was pasted
   note_->hide();
   column->addWidget(note_);
-  MakeEditMenu();
+  MakeTableActions();
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_S), this), &QShortcut::activated, this, [this] {
     if (!form_->closed()) ClickControl("cmdOK");
   });
@@ -63,7 +61,6 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
 
 EditorPage::~EditorPage() {
   if (table_ != nullptr) table_->KeepColumns(parts_.settings, std::string(form_->name().form));
-  delete edit_menu_;
   delete view_;
 }
 
@@ -165,22 +162,6 @@ void EditorPage::ClickControl(std::string_view control) {
   Commit();
   if (Control* found = form_->Find({std::string(control)}); found != nullptr) form_->Click(*found);
   if (table_form_ != nullptr) ShowNote();
-}
-
-void EditorPage::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  auto* main = qobject_cast<QMainWindow*>(window());
-  if (main != nullptr && edit_menu_ != nullptr && menu_in_bar_ == nullptr) {
-    const QList<QAction*> menus = main->menuBar()->actions();
-    menu_in_bar_ = main->menuBar()->insertMenu(menus.size() > 1 ? menus[1] : nullptr, edit_menu_);
-  }
-}
-
-void EditorPage::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
-  auto* main = qobject_cast<QMainWindow*>(window());
-  if (main != nullptr && menu_in_bar_ != nullptr) main->menuBar()->removeAction(menu_in_bar_);
-  menu_in_bar_.clear();
 }
 
 namespace {

@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPointer>
 #include <QWidget>
 
@@ -35,15 +34,12 @@ class EditorPage : public QWidget {
   /** The form is closed: what it put off is given up. */
   void GiveUp() { put_off_.reset(); }
 
- protected:
-  void showEvent(QShowEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
-
  private:
   void MakeForm(const Editor& editor, const FormContext& frame);
   QWidget* MakeTable();
   QWidget* MakeToolRow();
-  void MakeEditMenu();
+  void MakeTableActions();
+  void AddSeparator();
   QAction* AddMenuEntry(std::string_view control, const QString& text, const QList<QKeySequence>& keys);
   QAction* AddAction(const QString& name, const QString& text, const QList<QKeySequence>& keys,
                      std::function<void()> run);
@@ -83,8 +79,6 @@ class EditorPage : public QWidget {
   int path_row_ = -1;
   std::shared_ptr<const IniText> path_project_;
   QLabel* changed_ = nullptr;
-  QMenu* edit_menu_ = nullptr;
-  QPointer<QAction> menu_in_bar_;
 };
 
 /** The factory of a command whose form is an editor. */

@@ -1,4 +1,4 @@
-// What surrounds a table: its menu, the row of tools above it, clipboard, find and replace, files.
+// What surrounds a table: its commands, the row of tools above it, clipboard, find and replace, files.
 
 #include <optional>
 #include <utility>
@@ -7,8 +7,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QHBoxLayout>
-#include <QMainWindow>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -42,9 +40,13 @@ QAction* EditorPage::AddAction(const QString& name, const QString& text, const Q
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   connect(action, &QAction::triggered, this, std::move(run));
   addAction(action);
-  edit_menu_->addAction(action);
-  if (table_ != nullptr) table_->addAction(action);
   return action;
+}
+
+void EditorPage::AddSeparator() {
+  auto* separator = new QAction(this);
+  separator->setSeparator(true);
+  addAction(separator);
 }
 
 QAction* EditorPage::AddMenuEntry(std::string_view control, const QString& text,
@@ -64,42 +66,42 @@ void EditorPage::TakeClipboard() {
   lacking_ = std::move(taken.lacking);
 }
 
-void EditorPage::MakeEditMenu() {
+/** They are the window's Table menu while this page is in the pane. */
+void EditorPage::MakeTableActions() {
   if (table_form_ == nullptr) return;
-  edit_menu_ = new QMenu(QStringLiteral("&Table"));
-  edit_menu_->setObjectName(QStringLiteral("mnu_edit"));
   // Not all desktops have a key for every standard command.
   const QList<QKeySequence> redo = {QKeySequence(Qt::CTRL | Qt::Key_Y),
                                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)};
   AddMenuEntry("mnu_undo", QStringLiteral("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)});
   AddMenuEntry("mnu_redo", QStringLiteral("&Redo"), redo);
-  edit_menu_->addSeparator();
+  AddSeparator();
   AddMenuEntry(kCut, QStringLiteral("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)});
   AddMenuEntry(kCopy, QStringLiteral("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)});
   AddMenuEntry(kPaste, QStringLiteral("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)});
   AddMenuEntry("mnu_delete", QStringLiteral("&Delete..."), {});
   AddMenuEntry("mnu_fill", QStringLiteral("&Fill Down"), {QKeySequence(Qt::CTRL | Qt::Key_D)});
-  edit_menu_->addSeparator();
+  AddSeparator();
   AddMenuEntry("mnu_AddRow", QStringLiteral("&Add Row"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A)});
   AddMenuEntry("mnu_insert_row", QStringLiteral("&Insert Row"), {QKeySequence(Qt::CTRL | Qt::Key_Plus)});
   AddMenuEntry("mnu_del_row", QStringLiteral("De&lete Row"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)});
-  edit_menu_->addSeparator();
+  AddSeparator();
   AddMenuEntry("mnu_Sort_AZ", QStringLiteral("Sort A to &Z"), {});
   AddMenuEntry("mnu_Sort_ZA", QStringLiteral("Sort Z to A (desce&nding)"), {});
-  edit_menu_->addSeparator();
+  AddSeparator();
   AddAction(QStringLiteral("mnu_find"), QStringLiteral("Find and Replac&e..."),
             {QKeySequence(Qt::CTRL | Qt::Key_H)}, [this] { FindAndReplace(); });
   AddAction(QStringLiteral("mnu_filter"), QStringLiteral("Filter Ro&ws"),
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
             [this] { filter_->setFocus(Qt::ShortcutFocusReason); });
-  edit_menu_->addSeparator();
+  AddSeparator();
   if (dynamic_cast<FieldTableForm*>(form_.get()) != nullptr) {
     AddAction(QStringLiteral("mnu_used_by"), QStringLiteral("Used &by..."),
               {QKeySequence(Qt::CTRL | Qt::Key_U)}, [this] { ShowUsedBy(); });
-    edit_menu_->addSeparator();
+    AddSeparator();
   }
   AddAction(QStringLiteral("mnu_import"), QStringLiteral("I&mport CSV..."), {}, [this] { ImportFile(); });
   AddAction(QStringLiteral("mnu_export"), QStringLiteral("E&xport CSV..."), {}, [this] { ExportFile(); });
+  if (table_ != nullptr) table_->addActions(actions());
 }
 
 QWidget* EditorPage::MakeToolRow() {

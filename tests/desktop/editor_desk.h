@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include <QTableView>
+
+#include "desktop/forms/editor_page.h"
+#include "tests/desktop/desktop_bench.h"
+#include "tests/expect_keys.h"
+
+namespace tarvok::test {
+
+/** The window on the hotel with every editor there is. */
+class EditorDesk : public DesktopBench {
+ public:
+  /** `shared` is a project that is open elsewhere, too; without it the desk has its own. */
+  explicit EditorDesk(const std::string& shared = {}) {
+    if (!shared.empty()) project = shared;
+    std::map<std::string_view, FormFactory> forms;
+    for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, *window);
+    frame = std::make_unique<MainFrame>(
+        MainFrame::Parts{store, recent, state, *window, parts.system_file, std::move(forms)});
+    window->Attach(*frame);
+    frame->Start(false);
+    frame->OpenProject(project);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  void ExpectKeys(const std::string& keys) { test::ExpectKeys(*store.Snapshot(project), keys); }
+  QAction& Letters() {
+    for (auto* menu : window->findChildren<QMenu*>()) {
+      if (menu->title().contains(QStringLiteral("Letters"))) return *menu->menuAction();
+    }
+    throw std::logic_error("no menu of letters");
+  }
+  QTableView* Table() { return Find<QTableView>("mgTest"); }
+  void GoTo(int row, int column) { Table()->setCurrentIndex(Table()->model()->index(row - 1, column - 1)); }
+  void Click(const char* button) {
+    QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
+    QTest::qWait(1);  // the form goes behind the click
+  }
+};
+
+}  // namespace tarvok::test
