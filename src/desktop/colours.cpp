@@ -7,7 +7,7 @@
 #include <QStyleFactory>
 
 #include "desktop/desktop_parts.h"
-#include "desktop/picture_style.h"
+#include "desktop/plain_style.h"
 
 namespace tarvok {
 namespace {
@@ -49,14 +49,14 @@ void ApplyColours(SettingsStore& settings) {
   const std::string choice = settings.Get(desktop_key::kGroup, desktop_key::kColours);
   const bool light = choice == kColourChoices[1];
   if (!light && choice != kColourChoices[2]) {
-    if (dynamic_cast<PictureStyle*>(QApplication::style()) == nullptr) {
-      QApplication::setStyle(new PictureStyle(QApplication::style()));
+    if (dynamic_cast<PlainStyle*>(QApplication::style()) == nullptr) {
+      QApplication::setStyle(new PlainStyle(QApplication::style()));
     }
     QApplication::setPalette(QApplication::style()->standardPalette());
     return;
   }
   // Of the styles that come with Qt this one follows a palette to the last frame.
-  QApplication::setStyle(new PictureStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
+  QApplication::setStyle(new PlainStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
   QApplication::setPalette(light ? LightPalette() : DarkPalette());
 }
 

@@ -4,6 +4,7 @@
 #include <QStylePainter>
 
 #include "desktop/colours.h"
+#include "desktop/edge.h"
 
 namespace tarvok {
 
@@ -15,13 +16,12 @@ void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   const auto part = [&](QStyle::SubControl which) {
     return style()->subControlRect(QStyle::CC_GroupBox, &group, which, this);
   };
-  QRect frame = part(QStyle::SC_GroupBoxFrame).adjusted(0, 0, -1, -1);
+  QRect frame = part(QStyle::SC_GroupBoxFrame);
   if (!title().isEmpty()) frame.setTop(part(QStyle::SC_GroupBoxLabel).bottom() + kBelowTitle);
   const QColor ground = palette().color(QPalette::Window);
   const QColor ink = palette().color(QPalette::WindowText);
   painter.fillRect(frame, Mix(ink, ground, 3));
-  painter.setPen(Mix(ink, ground, 20));
-  painter.drawRect(frame);
+  PaintEdge(painter, frame, Mix(ink, ground, 20));
   group.subControls &= ~QStyle::SC_GroupBoxFrame;
   painter.drawComplexControl(QStyle::CC_GroupBox, group);
 }

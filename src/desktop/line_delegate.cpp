@@ -1,17 +1,33 @@
 #include "desktop/line_delegate.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
 #include <QApplication>
 #include <QStyle>
 
 namespace tarvok {
+namespace {
+
+/** A Latin letter's width, asked once for each font that follows another. */
+int LetterWidth(QChar letter, const QFontMetrics& metrics) {
+  static QFontMetrics known = metrics;
+  static std::array<std::optional<int>, 0x100> widths;
+  if (std::exchange(known, metrics) != metrics) widths.fill(std::nullopt);
+  std::optional<int>& width = widths[letter.unicode()];
+  if (!width) width = metrics.horizontalAdvance(letter);
+  return *width;
+}
+
+}  // namespace
 
 int LineWidth(const QString& text, const QFontMetrics& metrics) {
   const bool latin = std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x100; });
   if (!latin) return metrics.horizontalAdvance(text);
   int width = 0;
-  for (const QChar letter : text) width += metrics.horizontalAdvance(letter);
+  for (const QChar letter : text) width += LetterWidth(letter, metrics);
   return width;
 }
 

@@ -8,10 +8,10 @@ namespace tarvok {
 
 /** A style as the system has it, but for what keeps a window from its first paint. Where a menu or tool bar has more than
  * fits it has the program's own picture, and so has a field that can be cleared: the style's own are black on dark ground,
- * too, and Qt searches all its readers of images for them. And where the system has no style of its own, scroll bars,
- * buttons, fields and check boxes are plain rectangles, with an edge that is seen on dark ground: Qt's style blends edges and
- * corners over the ground, for which Qt wakes threads and waits. */
-class PictureStyle : public QProxyStyle {
+ * too, and Qt searches all its readers of images for them. And where the system has no style of its own, frames, scroll bars,
+ * buttons, fields, check boxes and options are plain shapes, with an edge that is seen on dark ground: Qt's style blends edges
+ * and corners over the ground, for which Qt wakes threads and waits. */
+class PlainStyle : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
 

@@ -1,4 +1,4 @@
-#include "desktop/picture_style.h"
+#include "desktop/plain_style.h"
 
 #include <algorithm>
 
@@ -6,6 +6,7 @@
 #include <QStyleOption>
 
 #include "desktop/colours.h"
+#include "desktop/edge.h"
 #include "desktop/icons.h"
 
 namespace tarvok {
@@ -43,22 +44,23 @@ void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
   painter.fillRect(button.rect.adjusted(1, 1, -1, -1), Mix(ink, ground, shade));
 }
 
-/** The edge of what can be typed into or switched; its ground is painted already. */
-void DrawEdge(const QStyleOption& option, QPainter& painter) {
-  const QColor ground = option.palette.color(QPalette::Window);
+/** The edge of what can be typed into or switched. */
+QColor EdgeColour(const QStyleOption& option) {
+  if ((option.state & QStyle::State_HasFocus) != 0) return option.palette.color(QPalette::Highlight);
   const QColor ink = option.palette.color(QPalette::Active, QPalette::WindowText);
-  const bool focused = (option.state & QStyle::State_HasFocus) != 0;
   const int shade = (option.state & QStyle::State_Enabled) != 0 ? 34 : 18;
-  painter.save();
-  painter.setPen(focused ? option.palette.color(QPalette::Highlight) : Mix(ink, ground, shade));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
-  painter.restore();
+  return Mix(ink, option.palette.color(QPalette::Window), shade);
+}
+
+/** The edge around a list or a table. */
+void DrawFrame(const QStyleOption& option, QPainter& painter) {
+  const QColor ground = option.palette.color(QPalette::Window);
+  PaintEdge(painter, option.rect, Mix(option.palette.color(QPalette::WindowText), ground, 20));
 }
 
 void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
   painter.fillRect(option.rect, option.palette.color(QPalette::Base));
-  DrawEdge(option, painter);
+  PaintEdge(painter, option.rect, EdgeColour(option));
   if ((option.state & QStyle::State_On) == 0) return;
   const QRectF box(option.rect);
   const auto at = [&](double x, double y) {
@@ -72,52 +74,74 @@ void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
   painter.restore();
 }
 
+/** Round, and its dot is as dark as a text. */
+void DrawOption(const QStyleOption& option, QPainter& painter) {
+  const QPalette& colours = option.palette;
+  QRectF circle = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(EdgeColour(option));
+  painter.setBrush(colours.color(QPalette::Base));
+  painter.drawEllipse(circle);
+  if ((option.state & QStyle::State_On) != 0) {
+    const double inside = circle.width() / 3.5;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours.color(QPalette::Text));
+    painter.drawEllipse(circle.adjusted(inside, inside, -inside, -inside));
+  }
+  painter.restore();
+}
+
 }  // namespace
 
-bool PictureStyle::IsQtsOwn() const {
+bool PlainStyle::IsQtsOwn() const {
   return baseStyle()->inherits("QFusionStyle");
 }
 
-QIcon PictureStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
-                                 const QWidget* widget) const {
+QIcon PlainStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                               const QWidget* widget) const {
   if (which == SP_ToolBarHorizontalExtensionButton) return IconOf(Picture::kMore);
   if (which == SP_LineEditClearButton) return IconOf(Picture::kClear);
   return QProxyStyle::standardIcon(which, option, widget);
 }
 
-int PictureStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                            QStyleHintReturn* more) const {
+int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* more) const {
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons && IsQtsOwn()) return 0;
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
-QSize PictureStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
-                                     const QWidget* widget) const {
+QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                   const QWidget* widget) const {
   const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type != CT_PushButton || !IsQtsOwn()) return size;
   return {std::max(size.width(), contents.width() + kBesideCaption), size.height()};
 }
 
-void PictureStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                      QPainter* painter, const QWidget* widget) const {
+void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
   const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   if (bar != nullptr && IsQtsOwn()) return DrawScrollBar(*bar, *painter, widget);
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-void PictureStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                                 const QWidget* widget) const {
+void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
   const auto* button =
       element == PE_PanelButtonCommand ? qstyleoption_cast<const QStyleOptionButton*>(option) : nullptr;
   if (button != nullptr && IsQtsOwn()) return DrawButton(*button, *painter);
-  if (element == PE_FrameLineEdit && IsQtsOwn()) return DrawEdge(*option, *painter);
+  if (element == PE_FrameLineEdit && IsQtsOwn())
+    return PaintEdge(*painter, option->rect, EdgeColour(*option));
+  const bool is_list = widget == nullptr || !widget->inherits("QComboBoxPrivateContainer");
+  if (element == PE_Frame && is_list && IsQtsOwn()) return DrawFrame(*option, *painter);
   const bool is_part = (option->state & State_NoChange) != 0;
   if (element == PE_IndicatorCheckBox && !is_part && IsQtsOwn()) return DrawCheckBox(*option, *painter);
+  if (element == PE_IndicatorRadioButton && IsQtsOwn()) return DrawOption(*option, *painter);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-void PictureStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,
-                                 const QWidget* widget) const {
+void PlainStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,
+                               const QWidget* widget) const {
   const QColor ground = bar.palette.color(QPalette::Window);
   const QColor ink = bar.palette.color(QPalette::WindowText);
   const bool upright = bar.orientation == Qt::Vertical;
