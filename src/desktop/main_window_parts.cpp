@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QStatusBar>
 
 #include "desktop/colours.h"
@@ -15,6 +16,15 @@ namespace tarvok {
 namespace {
 
 constexpr int kSecond_ms = 1000;
+constexpr int kNarrowestTree = 150;
+
+/** Of its pages only the one that is shown says how much room there must be. */
+class Pane : public QStackedWidget {
+ public:
+  QSize minimumSizeHint() const override {
+    return currentWidget() == nullptr ? QSize() : currentWidget()->minimumSizeHint();
+  }
+};
 
 }  // namespace
 
@@ -159,7 +169,8 @@ void MainWindow::MakePanes() {
   splitter_ = new QSplitter;
   splitter_->setChildrenCollapsible(false);
   tree_ = new CommandTree([this](int node) { frame_->ClickNode(node); });
-  pane_ = new QStackedWidget;
+  tree_->setMinimumWidth(kNarrowestTree);
+  pane_ = new Pane;
   start_ = new StartPane({.create = [this] { New(); },
                           .open = [this] { frame_->Open(); },
                           .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
@@ -171,7 +182,12 @@ void MainWindow::MakePanes() {
   });
   pane_->addWidget(start_);
   splitter_->addWidget(tree_);
-  splitter_->addWidget(pane_);
+  auto* scroll = new QScrollArea;  // for a window that is smaller than the form
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(pane_);
+  splitter_->addWidget(scroll);
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(splitter_);
 }

@@ -112,8 +112,10 @@ std::string AltLetters(MainWindow& window) {
   return letters;
 }
 
-TEST(EveryPage, StaysInTheWindowAndNoLetterWithAltStandsTwiceThere) {
+TEST(EveryPage, StaysInASmallWindowAndNoLetterWithAltStandsTwiceThere) {
   EditorDesk desk;
+  const QSize small(800, 600);
+  desk.window->resize(small);
   WindowCount count;
   for (const Editor* editor : Editors()) {
     desk.ClickCommand(editor->key);
@@ -121,6 +123,8 @@ TEST(EveryPage, StaysInTheWindowAndNoLetterWithAltStandsTwiceThere) {
     EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
         << editor->name.form << " " << letters;
     EXPECT_EQ(count.windows, 0) << editor->name.form;
+    QTest::qWait(1);
+    EXPECT_EQ(desk.window->size(), small) << editor->name.form;
   }
 }
 
