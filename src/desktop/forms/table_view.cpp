@@ -11,12 +11,14 @@
 #include <QVBoxLayout>
 
 #include "desktop/forms/cell_delegate.h"
+#include "desktop/line_delegate.h"
 
 namespace tarvok {
 namespace {
 
 constexpr std::string_view kColumnWidths = "Columns";  // settings group
 constexpr int kWidestColumn = 320;
+constexpr int kBesideChoice = 36;  // the arrow of a list, and air
 
 std::optional<KeyCode> KeyOf(int key) {
   switch (key) {
@@ -133,9 +135,12 @@ void TableView::RestoreColumns(SettingsStore& settings, const std::string& form)
   if (horizontalHeader()->restoreState(kept) && horizontalHeader()->count() == model_.columnCount()) return;
   resizeColumnsToContents();
   for (int column = 0; column < model_.columnCount(); ++column) {
-    const int letters = std::max<int>(model_.table().column(column + 1).rule.most, 8);
-    const int wanted = fontMetrics().averageCharWidth() * std::min(letters + 3, 28);
-    setColumnWidth(column, std::clamp(columnWidth(column) + 12, wanted, kWidestColumn));
+    const Column& about = model_.table().column(column + 1);
+    const int letters = std::max<int>(about.rule.most, 8);
+    int wanted = fontMetrics().averageCharWidth() * std::min(letters + 3, 28);
+    for (const std::string& choice : about.list)
+      wanted = std::max(wanted, LineWidth(model_.page().ToLetters(choice), fontMetrics()) + kBesideChoice);
+    setColumnWidth(column, std::min(std::max(columnWidth(column) + 12, wanted), kWidestColumn));
   }
 }
 
