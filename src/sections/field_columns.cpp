@@ -104,6 +104,14 @@ std::string RowNames::Stored(std::string_view name, int width, std::string_view 
   return Stored(name, width);
 }
 
+std::string RowNames::Kept(std::string_view name, int width, std::string_view before) const {
+  const std::int64_t number = Val(before);
+  const bool nameless = std::any_of(names_.begin(), names_.end(), [&](const auto& row) {
+    return row.first == number && row.second.empty();
+  });
+  return name.empty() && nameless ? Padded(number, width) : Stored(name, width, before);
+}
+
 std::vector<std::string> RowNames::Names() const {
   std::vector<std::string> names;
   for (const auto& [number, name] : names_) {
@@ -146,9 +154,8 @@ RowNames PortNumbers(const IniText& project) {
   const RowNames numbers = AssignNumbers(project);
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
-    const std::string number =
-        numbers.NameOf(GetField(RowValue(project, port_def::kTable, row), port_def::kNumber));
-    if (!number.empty()) names.Add(row, number);
+    const std::string_view port = RowValue(project, port_def::kTable, row);
+    if (!port.empty()) names.Add(row, numbers.NameOf(GetField(port, port_def::kNumber)));
   }
   return names;
 }
@@ -157,11 +164,11 @@ RowNames PortNames(const IniText& project, std::string_view type) {
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
     const std::string_view port = RowValue(project, port_def::kTable, row);
-    if (!type.empty() && GetField(port, port_def::kType) != type) continue;
+    if (port.empty() || (!type.empty() && GetField(port, port_def::kType) != type)) continue;
     const std::string_view card = GetField(port, port_def::kCard);
     const std::string_view channel = GetField(port, port_def::kChannel);
-    if (card.empty() || card == kUnset || channel.empty() || channel == kUnset) continue;
-    names.Add(row, std::string(card).append("/").append(channel));
+    const bool whole = !card.empty() && card != kUnset && !channel.empty() && channel != kUnset;
+    names.Add(row, whole ? std::string(card).append("/").append(channel) : std::string());
   }
   return names;
 }

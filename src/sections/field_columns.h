@@ -51,6 +51,9 @@ class RowNames {
   /** The same of a name that may stand at several rows: while it still is that of `before`, the row that the
    * field held, the field stays with that row. */
   std::string Stored(std::string_view name, int width, std::string_view before) const;
+  /** The same for a reference that may be to a row without a name: a blank that showed such a row stays with it,
+   * since nobody has seen it. */
+  std::string Kept(std::string_view name, int width, std::string_view before) const;
   /** The names in the order of their numbers, blanks left out. */
   std::vector<std::string> Names() const;
 
@@ -67,9 +70,10 @@ RowNames LabelledRows(const Table& table);
 
 /** The directory numbers by number row; unused rows have none. */
 RowNames AssignNumbers(const IniText& project);
-/** The directory numbers of ports, by port row. */
+/** The directory numbers of ports, by port row; "" for a port without one. */
 RowNames PortNumbers(const IniText& project);
-/** Card and channel, joined by "/", by port row; those of `type` alone where one is given. */
+/** Card and channel, joined by "/", by port row; those of `type` alone where one is given. "" for a
+ * port that lacks one of the two. */
 RowNames PortNames(const IniText& project, std::string_view type = {});
 
 /** Rows with which a table begins that shows its section up to "Now": a row in use above it is shown, too, so

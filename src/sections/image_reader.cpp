@@ -80,8 +80,9 @@ RowText& RowText::Add(std::string_view field) {
 }
 
 RowText& RowText::AddDigits(std::span<const std::uint8_t> bytes, DialSymbols symbols, SkippedBytes skipped) {
-  NextField();
+  const std::size_t start = NextField();
   AppendDigits(bytes, symbols, skipped, text_);
+  if (text_.size() == start) text_ += kUnset;
   return *this;
 }
 

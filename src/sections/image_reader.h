@@ -54,7 +54,8 @@ class RowText {
   /** Begins the next row. */
   RowText& Clear();
   RowText& Add(std::string_view field);
-  /** The digits of packed bytes as UnpackDigits gives them; an empty field where there are none. */
+  /** The digits of packed bytes as UnpackDigits gives them; "F" where there are none, since an empty
+   * field would move those behind it up. */
   RowText& AddDigits(std::span<const std::uint8_t> bytes, DialSymbols symbols, SkippedBytes skipped);
   /** The bytes as characters but for those of `left_out`, so that what stands behind one closes up. Blanks at
    * the ends are dropped; "F" if nothing is left. */

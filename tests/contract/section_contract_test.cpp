@@ -165,7 +165,7 @@ const std::map<int, std::string> kUnstableRubbish = {
     {4, "a voice mail use that is none comes back as 0, and with it the defaults of its fields change"},
     {10, "a text loses blanks at its ends in the file, and a pipe in it is the end of a field"},
     {11, "a group's members may be more than the file's reader gives of a value"},
-    {13, "a number of zero bytes is an empty field, which the reader steps over"},
+    {13, "as section 38"},
     {15, "as section 11"},
     {38, "two halves F of neighbouring bytes meet in a byte 255, which is no digit when it comes back"},
     {39, "as section 38"},

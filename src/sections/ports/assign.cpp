@@ -1,8 +1,5 @@
 #include "sections/ports/assign.h"
 
-#include <algorithm>
-#include <string>
-
 #include "sections/ports/boss.h"
 #include "sections/ports/hunt_group.h"
 #include "sections/ports/name.h"
@@ -75,12 +72,8 @@ int ValueWidth(int type) {
 }
 
 void DecodeNumber(const ImageReader& record, RowText& row) {
-  // Unlike in a port row a byte 0 is a digit text "0", so a number of zero bytes becomes an empty field, not
-  // "F".
-  const std::span<const std::uint8_t> number = record.Bytes(0, kNumberBytes);
-  const bool unset =
-      std::all_of(number.begin(), number.end(), [](std::uint8_t byte) { return byte == kUnsetByte; });
-  row.Add(unset ? std::string(kUnset) : UnpackDigits(number, DialSymbols::kDigits, SkippedBytes::kUnset));
+  // Unlike in a port row a byte 0 ends the number.
+  row.AddDigits(record.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::kUnset);
   row.Add(record.Plain(3));
   row.Add(record.PlusOneWord(4, ValueWidth(record.Byte(3))));
   row.Add(record.Plain(6));

@@ -29,7 +29,7 @@ frmBoss::frmBoss(const EditorContext& context, const FormName& name)
 std::string frmBoss::RowText(int row) const {
   const FieldList before(StoredBefore(row));
   const auto port = [&](int field) {
-    return numbers_.Stored(grid().Cell(row, field), kTable.fields[0].width, before[field]);
+    return numbers_.Kept(grid().Cell(row, field), kTable.fields[0].width, before[field]);
   };
   return port(boss::kBoss) + "|" + port(boss::kSecretary);
 }

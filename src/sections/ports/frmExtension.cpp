@@ -89,8 +89,11 @@ std::vector<FieldColumn> frmExtension::Columns(frmExtension* form) {
   company.stored = [](std::string_view cell) {
     return Val(cell) > kMostCompany ? std::to_string(kMostCompany) : FieldText(cell);
   };
+  FieldColumn name = TypedColumn(assign::kName, "Name", TextRule(name::kTable.fields[0].high));
+  name.column.rule.in_list = false;  // the row holds the name's number alone, put in when that is known
+  name.stored = [](std::string_view) { return std::string(kUnset); };
   return {TypedColumn(assign::kNumber, "Number", DigitsRule(6)), std::move(type), std::move(value),
-          std::move(company), TypedColumn(assign::kName, "Name", TextRule(name::kTable.fields[0].high))};
+          std::move(company), std::move(name)};
 }
 
 frmExtension::frmExtension(const EditorContext& context, const FormName& name)
@@ -183,8 +186,9 @@ bool frmExtension::KeepsReferences(int row) const {
 std::string frmExtension::ValueText(int row) const {
   const std::string& cell = grid().Cell(row, kValueColumn);
   if (KindOf(grid().Cell(row, kTypeColumn)) != ValueKind::kPort) return FieldText(cell);
-  const std::string_view before = GetField(StoredBefore(row), assign::kValue);
-  return ports_.Stored(cell, kRowWidth, before);
+  const FieldList before(StoredBefore(row));
+  const bool was_port = before[assign::kType] == kTypes[0].code;
+  return ports_.Kept(cell, kRowWidth, was_port ? before[assign::kValue] : std::string_view());
 }
 
 int frmExtension::PortOf(int row) const {
@@ -246,11 +250,14 @@ void frmExtension::FollowSecretaries(IniEdit& project) const {
     const auto port = static_cast<int>(Val(GetField(pair, boss::kSecretary)));
     if (port < 1 || port > kPortRows) continue;
     const int origin = NumberOfPort(project.base(), port);
+    const std::string_view known_by =
+        GetField(RowValue(project.base(), statement(), origin), assign::kNumber);
+    if (CellText(known_by).empty()) continue;  // there was none to follow
     const auto move = moves.find(origin);
     std::string follows;
     if (move != moves.end() && move->second == 0) {
       follows = kUnset;
-    } else if (const auto row = row_of.find(origin); origin > 0 && row != row_of.end()) {
+    } else if (const auto row = row_of.find(origin); row != row_of.end()) {
       const int now = PortOf(row->second);
       if (now > 0 && now != StoredPort(project.base(), origin)) follows = Padded(now, kRowWidth);
     }

@@ -16,6 +16,7 @@ constexpr std::string_view kOn = "1";
 constexpr std::string_view kOff = "0";
 constexpr std::string_view kMinute = "Minute";
 constexpr std::string_view kSecond = "Second";
+constexpr int kHighestGroup = 99;  // that its two digits can name
 
 enum class Kind { kService, kChoice, kTime, kDigits, kFlag, kReverse, kTrunk, kRing };
 
@@ -194,7 +195,9 @@ void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
   control.selected = false;
   switch (kForms[index].kind) {
     case Kind::kService:
-      control.Choose(text.empty() ? std::string() : GroupText(static_cast<int>(number)));
+      // A group without classes is not offered, but a profile may name it.
+      control.ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
+                                                                : GroupText(static_cast<int>(number)));
       return;
     case Kind::kChoice:
       control.Choose(Canonical(statement, text));

@@ -111,10 +111,8 @@ void frmPortSys_Def::Prepare(const IniText& project) {
   numbers_ = AssignNumbers(project);
   incoming_ = {};
   const Table& lists = incoming_list::kTable;
-  for (int row = 1; row <= lists.rows.last; ++row) {
-    const std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
-    if (!name.empty()) incoming_.Add(row, name);
-  }
+  for (int row = 1; row <= lists.rows.last; ++row)
+    incoming_.Add(row, CellText(GetField(RowValue(project, lists, row), incoming_list::kName)));
 }
 
 void frmPortSys_Def::ShowRow(std::string_view value, TableRow& row) const {
@@ -162,7 +160,7 @@ std::string frmPortSys_Def::FieldOf(int row, int field) const {
 
 std::string frmPortSys_Def::IncomingText(int row, int column, int field) const {
   const std::string_view before = GetField(StoredBefore(row), field);
-  return incoming_.Stored(grid().Cell(row, column), kRowWidth, before);
+  return incoming_.Kept(grid().Cell(row, column), kRowWidth, before);
 }
 
 std::string frmPortSys_Def::RowText(int row) const {

@@ -74,10 +74,10 @@ void NumberLinks::Link(const LinkedPort& port) {
   const bool as_before = port.named > 0 && Field(port.named, assign::kNumber) == port.number;
   if (has_own && Field(own->second, assign::kNumber) == port.number) {
     number_of_[port.row] = own->second;
-  } else if (const int other = FindOtherKind(port.number); other > 0) {
-    number_of_[port.row] = other;  // the number of a group or a boss stays what it is
-  } else if (as_before && (has_own || owned_.contains(port.named))) {
+  } else if (as_before && (has_own || owned_.contains(port.named) || !IsForPorts(port.named))) {
     number_of_[port.row] = port.named;  // nobody touched it
+  } else if (const int other = as_before ? 0 : FindOtherKind(port.number); other > 0) {
+    number_of_[port.row] = other;  // the number of a group or a boss stays what it is
   } else if (!port.usable) {
     number_of_[port.row] = FindUnowned(port);
   } else if (has_own) {

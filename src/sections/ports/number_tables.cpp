@@ -1,5 +1,7 @@
 #include "sections/ports/number_tables.h"
 
+#include <string>
+
 #include "sections/rows.h"
 
 namespace tarvok {
@@ -18,11 +20,12 @@ void EncodeNumbers(const IniText& project, ImageWriter& image, const Table& tabl
 }
 
 void DecodeNumbers(const ImageReader& image, IniEdit& project, const Table& table, int record) {
-  RowText digits;
+  std::string digits;
   for (int number = 1; number <= table.rows.last; ++number) {
-    digits.Clear().AddDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
-                             SkippedBytes::kZeroAndUnset);
-    project.Set(table.section, KeyOf(table, number), digits.str());
+    digits.clear();
+    AppendDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
+                 SkippedBytes::kZeroAndUnset, digits);
+    project.Set(table.section, KeyOf(table, number), digits);
   }
 }
 

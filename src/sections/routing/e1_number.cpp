@@ -1,7 +1,5 @@
 #include "sections/routing/e1_number.h"
 
-#include <algorithm>
-
 #include "sections/routing/e1_map.h"
 #include "sections/rows.h"
 
@@ -43,18 +41,9 @@ void EncodeRow(RecordWriter& row) {
   row.MinusOne(11, kLink);
 }
 
-void AddNumber(std::span<const std::uint8_t> bytes, RowText& row) {
-  const bool unset = std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte == 0; });
-  if (unset) {
-    row.Add(kUnset);
-  } else {
-    row.AddDigits(bytes, DialSymbols::kDigitsStarHash, SkippedBytes::kNone);
-  }
-}
-
 void DecodeRow(const ImageReader& record, RowText& row) {
   row.Add(record.PlusOne(11));
-  AddNumber(record.Bytes(0, kNumberBytes), row);
+  row.AddDigits(record.Bytes(0, kNumberBytes), DialSymbols::kDigitsStarHash, SkippedBytes::kNone);
   row.Add(record.Plain(10));
 }
 

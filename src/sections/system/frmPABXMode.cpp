@@ -99,7 +99,7 @@ void frmPABXMode::FillNumbers(const IniText& project) {
     const FieldList number(RowValue(project, assign::kTable, row));
     if (number[assign::kType] != kPortType) continue;
     numbers_->entries.emplace_back(CellText(number[assign::kNumber]));
-    ports_.emplace_back(number[assign::kValue]);
+    ports_.push_back(FieldText(number[assign::kValue]));
   }
 }
 

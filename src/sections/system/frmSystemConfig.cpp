@@ -29,13 +29,14 @@ std::vector<std::string> Numbers(const Table& table) {
   return entries;
 }
 
-/** Chooses a stored value; one that the list does not have joins it, so that a save does not lose it. */
-void ChooseStored(Control& list, std::string_view stored) {
-  const std::string text = CellText(stored);
-  list.Choose(text);
-  if (list.current != kNoIndex) return;
-  list.entries.push_back(text);
-  list.Choose(text);
+/** A holiday in the form in which the buttons make it, so that equal days are equal texts. */
+std::string HolidayOf(std::string_view stored) {
+  const FieldList fields(stored);
+  const auto text = [&](int field) {
+    const bool one_digit = fields[field].size() == 1 && ReadNumber(fields[field]).is_number;
+    return one_digit ? "0" + std::string(fields[field]) : FieldText(fields[field]);
+  };
+  return text(kMonth) + "|" + text(kDay);
 }
 
 std::string Shown(std::string holiday) {
@@ -127,11 +128,11 @@ void frmSystemConfig::Load(const IniText& project) {
   }
   voice_mail_->text = KeyValue(project, system_numbers::kVoiceMail);
   record_->text = KeyValue(project, system_numbers::kRecord);
-  ChooseStored(*card_, KeyValue(project, system_numbers::kMusicCard));
-  ChooseStored(*port_, KeyValue(project, system_numbers::kMusicPort));
+  card_->ChooseOrJoin(CellText(KeyValue(project, system_numbers::kMusicCard)));
+  port_->ChooseOrJoin(CellText(KeyValue(project, system_numbers::kMusicPort)));
   for (int row = 1; row <= kHolidayRows; ++row) {
     const std::string_view holiday = RowValue(project, kHolidays, row);
-    if (!holiday.empty()) holidays_.emplace_back(holiday);
+    if (!holiday.empty()) holidays_.push_back(HolidayOf(holiday));
   }
   ShowWeekday();
   ShowHolidays();
@@ -140,7 +141,7 @@ void frmSystemConfig::Load(const IniText& project) {
 bool frmSystemConfig::ShowPlace(std::string_view section, int row, int /*field*/) {
   if (!SameName(section, kHolidays.section) || row < 1 || row > kHolidayRows) return false;
   const std::string_view holiday = RowValue(*context().store.Snapshot(project_file()), kHolidays, row);
-  const auto found = std::find(holidays_.begin(), holidays_.end(), holiday);
+  const auto found = std::find(holidays_.begin(), holidays_.end(), HolidayOf(holiday));
   if (found == holidays_.end()) return false;
   ChooseEntry(*list_, static_cast<int>(found - holidays_.begin()));
   return true;

@@ -63,7 +63,7 @@ class frmSystemConfig : public EditorForm {
   Control* day_;
   std::array<Weekday, kWeekdays> week_;
   int weekday_ = 0;                    // whose times are shown
-  std::vector<std::string> holidays_;  // as they stand in the project
+  std::vector<std::string> holidays_;  // each as HolidayText makes it
 };
 
 }  // namespace tarvok

@@ -76,6 +76,14 @@ struct Control {
       if (entries[i] == entry) current = static_cast<int>(i);
     }
   }
+  /** The same; an entry that is not there joins the list, so that a stored value is shown and a save does not
+   * lose it. */
+  void ChooseOrJoin(std::string_view entry) {
+    Choose(entry);
+    if (current != kNoIndex) return;
+    current = static_cast<int>(entries.size());
+    entries.emplace_back(entry);
+  }
 };
 
 }  // namespace tarvok

@@ -5,9 +5,9 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-bool IsKept(char key) {
+bool IsKept(const EntryRule& rule, char key) {
   const auto byte = static_cast<unsigned char>(key);
-  return byte >= 0x20 && byte != 0x7F && key != '|';
+  return byte >= 0x20 && byte != 0x7F && (key != '|' || !rule.in_list);
 }
 
 bool Takes(std::string_view characters, char key) {
@@ -33,7 +33,7 @@ char Capital(char key) {
 std::optional<std::string> TypeCharacter(const EntryRule& rule, std::string_view text, bool selected,
                                          char key, bool first_key) {
   const bool first = first_key && !rule.first_characters.empty();
-  if (!IsKept(key) || !Takes(first ? rule.first_characters : rule.characters, key)) return std::nullopt;
+  if (!IsKept(rule, key) || !Takes(first ? rule.first_characters : rule.characters, key)) return std::nullopt;
   std::string typed(selected ? std::string_view() : text);
   const auto most = static_cast<std::size_t>(rule.most);
   if (rule.most > 0 && typed.size() >= most) {

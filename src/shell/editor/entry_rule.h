@@ -7,14 +7,15 @@
 namespace tarvok {
 
 /**
- * What a box or a cell takes from the keyboard, a key at a time. No rule takes a pipe, a line end or another
- * control character: one of them in a list shifts all fields behind it.
+ * What a box or a cell takes from the keyboard, a key at a time. No rule takes a line end or another control
+ * character, and none of a field of a list a pipe, which would shift all fields behind it.
  */
 struct EntryRule {
   std::string_view characters = {};        // empty: any
   std::string_view first_characters = {};  // taken as the first key on a selected cell; empty: the same ones
   int most = 0;                            // characters; 0: no limit
   bool upper = false;                      // letters go in as capitals
+  bool in_list = true;          // the text is stored between pipes; false: it is a value of its own
   bool first_replaces = false;  // the first key on a selected cell opens an empty field, others append
   /** A further test: whether `key` may stand behind `text`. */
   bool (*fits)(std::string_view text, char key) = nullptr;

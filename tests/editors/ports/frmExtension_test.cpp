@@ -56,7 +56,7 @@ TEST(Extension, TheValueIsWhatTheTypeCounts) {
              "go 4 Company\ntype 5034\ngo 4 Name\ntype An |'old' name of twenty\nclick cmdOK\n",
              "",
              "[Assign]\n001=20|3|07|F|F\n002=30|7|12|F|F\n003=40|6|20|3|001\n004=123456|0|001|F|F\n"
-             "[Name]\n001=An 'old' name o\n[Port_Def]\n001=7|12|1|F*12|004|F*7\n");
+             "[Name]\n001=An |'old' name\n[Port_Def]\n001=7|12|1|F*12|004|F*7\n");
 }
 
 TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
@@ -74,6 +74,19 @@ TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
       "show\ngo 3 Number\ntype 0\nclick cmdOK\n",
       "\tNumber\tType\tValue\tCompany\tName\n1\t100\tPort\t\t7\t\n2\t101\t\t\t\t\n3\t102\tPort\t\tx\tA",
       "[Assign]\n001=100|0|F|4|F\n002=101|F|F|F|F\n003=1020|0|F|x|001\nNow=3\n");
+}
+
+TEST(Extension, ASaveKeepsWhatNobodyTouched) {
+  // A port without a channel has nothing to show, but a number may stand for it; one that is not there is gone.
+  const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|F|1") + "\n002=" + Port("1|2|1", "002") +
+                              "\n[Assign]\nNow=4\n001=100|0|001|F|F\n002=F|0|002|1|F\n003=300|2|01|F|F\n"
+                              "004=400|0|003|F|F\n[BOSS]\n01=001|002\n";
+  ExpectEdit("frmExtension", project,
+             "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\ntype A|B\nclick cmdOK\n", "",
+             "[Assign]\n001=100|0|001|2|F\n002=300|0|F|F|001\n003=400|0|F|F|F\n004=F|0|002|1|F\n"
+             "[Name]\n001=A|B\n[BOSS]\n01=001|002\n");
+  ExpectEdit("frmExtension", project, "go 1 Type\npick Call Group\nclick cmdOK\n", "",
+             "[Assign]\n001=100|2|F|F|F\n");
 }
 
 TEST(Extension, RowsGrowToTheLimit) {

@@ -114,5 +114,13 @@ TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
       "03=F|F|1|0|0|0|0|0|0|F|0|1|0|0|0|0|0|F|255\n04=05|F|F|1|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F\n-05\n");
 }
 
+TEST(Profiles, AGroupWithoutClassesIsShownAndKept) {
+  const std::string project = "[PortConfig]\n01=5|07|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|6|8\n[COR_Group]\n03=01\n";
+  ExpectEdit("frmPortConfig_Def", project,
+             "list cmbClass_d\nvalue cmbHoldCOR\nset chkFAX 1\nfocus cmbClass_n\npick\nclick cmdOK\n",
+             "\nCOR Group 03\nCOR Group 05\nCOR Group 06",
+             "[PortConfig]\n01=05|F|1|0|0|0|0|0|0|F|0|0|1|0|0|0|0|06|8\n");
+}
+
 }  // namespace
 }  // namespace tarvok::test

@@ -31,6 +31,11 @@ TEST(Bosses, AreKnownByTheirNumbers) {
              "go 1 1\ncopy\ngo 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress "
              "Delete\nclick cmdOK\n",
              "", "[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
+  // A port without a number shows nothing and stays, one that is not there does not.
+  ExpectEdit("frmBoss",
+             "[Port_Def]\nNow=2\n001=" + Port("1|1|1", "001") + "\n002=" + Port("1|2|1") +
+                 "\n[Assign]\nNow=1\n001=200|0|001\n[BOSS]\n01=001|002\n02=499|002\n",
+             "go 1 1\npress Delete\nclick cmdOK\n", "", "[BOSS]\n01=F|002\n02=F|002\n");
 }
 
 TEST(CallForward, RowsStandCloserThanTheirKeys) {

@@ -58,6 +58,11 @@ TEST(SystemForms, PabxModeFieldsGoToTheirBoxes) {
   ExpectEdit("frmPABXMode", numbers + "1|0|0|0|0|0|1|0|1|254|0|1|0|1|0|0|011|1|1|0\n",
              "set Option1(2) 1\nset Check1(12) 0\nset Option1(3) 1\nset txtT2T \"\"\nclick cmdOK\n", "",
              "[SystemConfig]\nPbx=1|0|0|0|0|0|1|0|1|F|0|1|0|0|0|1|011|1|1|0\n");
+  // A number of a port that has none: the fields behind it stay where they are.
+  ExpectEdit("frmPABXMode",
+             "[Assign]\n001=200|0\n[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n",
+             "focus cmbNum\npick 200\nclick cmdOK\n", "",
+             "[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n");
 }
 
 TEST(SystemForms, BillingListsFollowTheCountry) {
@@ -121,11 +126,11 @@ TEST(SystemForms, TimesOfTheWeek) {
 }
 
 TEST(SystemForms, Holidays) {
-  ExpectEdit("frmSystemConfig", "[SystemConfig]\nW03=12|25\nW07=18|F\n",
-             "list ListView1\nfocus cmbMonth\npick 01\nfocus cmbDay\npick 06\nclick cmdHAdd\nclick cmdHAdd\n"
-             "click ListView1(0)\nvalue cmbDay\nfocus cmbDay\npick 26\nclick cmdHApply\nclick ListView1(1)\n"
+  ExpectEdit("frmSystemConfig", "[SystemConfig]\nW03=12|25|\nW05=1|6\nW07=18|F\n",
+             "list ListView1\nfocus cmbMonth\npick 01\nfocus cmbDay\npick 06\nclick cmdHAdd\n"
+             "click ListView1(0)\nvalue cmbDay\nfocus cmbDay\npick 26\nclick cmdHApply\nclick ListView1(2)\n"
              "answer No Yes\nclick cmdHRemove\nclick cmdHRemove\nclick cmdOK\n",
-             "12/25\n18/F\nbox: Day already in list\n25\nask: Do you want to remove '18/F' ? -> No\n"
+             "12/25\n01/06\n18/F\nbox: Day already in list\n25\nask: Do you want to remove '18/F' ? -> No\n"
              "ask: Do you want to remove '18/F' ? -> Yes",
              "[SystemConfig]\nW01=12|26\nW02=01|06\nW07=\nW50=\n");
 }

@@ -77,8 +77,9 @@ TEST(Assign, RowsAndRecords) {
                         {"F|3|05|F|F", "FF*3 03 04 00 FF FF FF", kBack},
                         {"12|F|F|0|F", "12 00 34 FF 05 FF 00 00 FF", kBack},
                         {"1230|7|1|F|F", "FF 12 3A 07 00 00 FF FF FF", kBack},
-                        // A byte 0 is a digit here, so a number of zeros is empty and not "F".
-                        {"|0|001|0|001", "00*9", kBack},
+                        // A byte 0 ends the number, so that of a number of zeros nothing is left.
+                        {"F|0|001|0|001", "00*9"},
+                        {"F|0|187|1|F", "00 12 34 00 BA 00 01 FF FF", kBack},
                         {"1x|0|1|1|1", "Number: value 1x" + kNotDialled},
                         {"1|0|1|-1|1", "Company: value -1" + kNegative}});
   // A row above "Now" is left out although it is there.

@@ -53,7 +53,7 @@ TEST(E1Number, RowsAndRecords) {
                {"10|01234567890123456789|5", "A1 23 45 67 89 A1 23 45 67 89 05 09"},
                {"0|#|9", "C0 00*9 09 FF", kOut},
                {"2", "00*10 FF 01", kOut},
-               {"255||0", "00 12 00*8 00 FE", kBack},
+               {"255|F|0", "00 12 00*8 00 FE", kBack},
                {"1|123|F", "01 02 30 00*7 FF 00", kBack},
                {"F|FFFFFFFFFFFFFFFFFFFF|F", "FF*12", kBack},
                {"1|1|100", "Digit Check: value 100" + kTooLarge},
