@@ -84,7 +84,9 @@ class CommandLine {
     } catch (const CLI::ParseError& error) {
       const std::vector<std::string> words = app_.remaining();
       if (error.get_exit_code() != 0 && app_.get_subcommands().empty() && !words.empty()) {
-        return Misused("there is no command \"" + words.front() + "\"; --help lists them");
+        const std::string_view kind = words.front().starts_with('-') ? "option" : "command";
+        return Misused(std::string("there is no ").append(kind) + " \"" + words.front() +
+                       "\"; --help lists them");
       }
       return app_.exit(error) == 0 ? kDone : kWrongCommandLine;
     }

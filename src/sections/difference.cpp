@@ -1,11 +1,13 @@
 #include "sections/difference.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <set>
 #include <string_view>
 #include <utility>
 
+#include "sections/difference_rows.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "sections/tables.h"
@@ -15,6 +17,8 @@ namespace tarvok {
 namespace {
 
 using Kind = Difference::Kind;
+
+using AllMatches = std::map<const Table*, RowMatches>;
 
 /** A row in one of the two projects. */
 struct Side {
@@ -26,29 +30,61 @@ struct Side {
 /** The rows of one table in two projects. */
 class TableDifference {
  public:
-  TableDifference(const IniText& first, const IniText& second, const Table& table,
+  TableDifference(const IniText& first, const IniText& second, const Table& table, const AllMatches& matches,
                   std::vector<Difference>& found)
-      : first_(first), second_(second), table_(table), found_(found) {}
+      : first_(first),
+        second_(second),
+        table_(table),
+        matches_(matches),
+        rows_(matches.at(&table)),
+        any_moved_(std::any_of(matches.begin(), matches.end(),
+                               [](const auto& match) { return match.second.moved(); })),
+        found_(found) {}
 
   void Run() {
+    TellMoves();
     const int last = table_.single() ? table_.rows.first : table_.rows.last;
-    for (int number = table_.rows.first; number <= last; ++number) CompareRow(number);
+    for (int number = table_.rows.first; number <= last; ++number) {
+      CompareRow(number, rows_.SecondOf(number));
+      if (rows_.FirstOf(number) == 0) CompareRow(0, number);
+    }
   }
 
  private:
+  /** Rows of a table that was sorted anew went each its own way: that is told as a whole. */
+  void TellMoves() {
+    constexpr std::size_t kMostRuns = 4;
+    const std::vector<RowMatches::Run> runs = rows_.Runs();
+    int rows = 0;
+    for (const RowMatches::Run& run : runs) rows += run.rows;
+    if (runs.size() > kMostRuns)
+      return AddMove({runs.front().first, runs.back().last, rows, 0}, " rows in another order");
+    for (const RowMatches::Run& run : runs)
+      AddMove(run, (run.by < 0 ? " rows moved up by " : " rows moved down by ") +
+                       std::to_string(std::abs(run.by)));
+  }
+
+  void AddMove(const RowMatches::Run& run, const std::string& way) {
+    Difference move{.kind = Kind::kMoved, .row = RowLabel(first_, table_, run.first)};
+    if (run.rows > 1) move.row += " to " + KeyOf(table_, run.last);
+    move.after = run.rows > 1 ? std::to_string(run.rows) + way : "now " + KeyOf(table_, run.first + run.by);
+    found_.push_back(std::move(move));
+  }
+
   Side SideOf(const IniText& project, int number) const {
-    const std::string_view value = RowValue(project, table_, number);
+    const std::string_view value = number == 0 ? std::string_view() : RowValue(project, table_, number);
     return {project, value, RowFields(table_, value)};
   }
 
-  void CompareRow(int number) {
-    const Side a = SideOf(first_, number);
-    const Side b = SideOf(second_, number);
-    if (a.value == b.value) return;
+  /** A row of each project; 0 for none. */
+  void CompareRow(int of_first, int of_second) {
+    const Side a = SideOf(first_, of_first);
+    const Side b = SideOf(second_, of_second);
+    if (a.value == b.value && !any_moved_) return;
     const bool a_unused = IsUnused(table_, a.value);
     const bool b_unused = IsUnused(table_, b.value);
     if (a_unused && b_unused) return;
-    row_ = RowLabel(a_unused ? second_ : first_, table_, number);
+    row_ = a_unused ? RowLabel(second_, table_, of_second) : RowLabel(first_, table_, of_first);
     if (a_unused != b_unused && !table_.single()) {
       found_.push_back(
           {b_unused ? Kind::kOnlyInFirst : Kind::kOnlyInSecond, row_, {}, Contents(a), Contents(b)});
@@ -107,8 +143,20 @@ class TableDifference {
     return field == nullptr ? std::string(side.fields[n]) : Canonical(*field, side.fields[n]);
   }
 
+  /** What field n of the first project means in the second: a reference follows its row. */
+  std::string MeaningThere(const Side& a, int n) const {
+    std::string meaning = MeaningOf(a, n);
+    const Field* field = meaning.empty() ? nullptr : a.fields.StatementOf(n);
+    if (field == nullptr || field->kind != FieldKind::kRow) return meaning;
+    const auto target = matches_.find(field->points_at);
+    const auto row = static_cast<int>(Val(meaning));
+    if (target == matches_.end() || std::to_string(row) != meaning) return meaning;  // or a named value
+    const int there = target->second.SecondOf(row);
+    return there == 0 ? meaning.insert(0, "gone ") : std::to_string(there);
+  }
+
   void CompareField(const Side& a, const Side& b, int n) {
-    if (MeaningOf(a, n) == MeaningOf(b, n)) return;
+    if (MeaningThere(a, n) == MeaningOf(b, n)) return;
     const std::string before = ShownField(a, n);
     const std::string after = ShownField(b, n);
     const bool same_words = before == after;  // two rows that look alike: the numbers tell them apart
@@ -143,6 +191,9 @@ class TableDifference {
   const IniText& first_;
   const IniText& second_;
   const Table& table_;
+  const AllMatches& matches_;
+  const RowMatches& rows_;
+  const bool any_moved_;
   std::vector<Difference>& found_;
   std::string row_;
 };
@@ -195,7 +246,9 @@ class OtherKeys {
 
 std::vector<Difference> CompareProjects(const IniText& first, const IniText& second) {
   std::vector<Difference> found;
-  for (const Table* table : Tables()) TableDifference(first, second, *table, found).Run();
+  AllMatches matches;
+  for (const Table* table : Tables()) matches.try_emplace(table, first, second, *table);
+  for (const Table* table : Tables()) TableDifference(first, second, *table, matches, found).Run();
   OtherKeys(first, second, found).Run();
   return found;
 }

@@ -23,6 +23,8 @@ std::string DifferenceLine(const Difference& difference,
       return line.append(OnlyIn(names.first, letters(difference.before)));
     case Difference::Kind::kOnlyInSecond:
       return line.append(OnlyIn(names.second, letters(difference.after)));
+    case Difference::Kind::kMoved:
+      return line.append(": ").append(difference.after);
     case Difference::Kind::kField:
       break;
   }

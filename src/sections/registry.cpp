@@ -173,6 +173,12 @@ const Layout* Section::LayoutAt(int version, Direction direction) const {
   return found;
 }
 
+std::vector<std::string> WhatIsCut(const IniEdit& project) {
+  std::vector<std::string> lines = project.TooLong();
+  for (std::string& line : lines) line += ": what stands behind them is lost.";
+  return lines;
+}
+
 std::span<const Section> Sections() {
   return kSections;
 }

@@ -22,6 +22,8 @@ inline constexpr int kNever = 1000;
 /** From project to image and back. An encoder's error stays in the image; a decoder never fails. */
 using Encoder = void (*)(const IniText& project, ImageWriter& image);
 using Decoder = void (*)(const ImageReader& image, IniEdit& project);
+/** The lists that decoders made longer than a project can hold, a line each: an exchange's pools have room for them. */
+std::vector<std::string> WhatIsCut(const IniEdit& project);
 
 /** One byte layout of a section. It holds from the given versions on until the next layout of the same
  * direction. */

@@ -1,6 +1,7 @@
 #include "sessions/load_config.h"
 
 #include <string>
+#include <vector>
 
 #include "sections/registry.h"
 #include "sessions/get_whole.h"
@@ -30,7 +31,12 @@ bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
   }
   const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();
   const ImageReader image(bytes.first(static_cast<std::size_t>(layout.size)));
-  const Status written = UpdateTemporary(transfer, [&](IniEdit& edit) { layout.decode(image, edit); });
+  std::vector<std::string> cut;
+  const Status written = UpdateTemporary(transfer, [&](IniEdit& edit) {
+    layout.decode(image, edit);
+    cut = WhatIsCut(edit);
+  });
+  for (const std::string& line : cut) transfer.Note(line);
   return written.ok() || transfer.Fail(written.message());
 }
 

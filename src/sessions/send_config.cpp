@@ -97,7 +97,13 @@ End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
-  const bool compare = transfer.settings().compare && transfer.version() >= kLowestComparedVersion;
+  const bool comparable = transfer.version() >= kLowestComparedVersion;
+  if (transfer.settings().compare && !comparable) {
+    transfer.Note("Nothing is compared: only exchanges from version " +
+                  FormatGrouped(kLowestComparedVersion) +
+                  " on can do that. Load the configuration afterwards and compare it with the project.");
+  }
+  const bool compare = transfer.settings().compare && comparable;
   transfer.BeginPace(BytesOfSend(transfer.version(), compare));
   const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
   if (project == nullptr) return End::kFailedSection;

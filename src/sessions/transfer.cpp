@@ -163,6 +163,11 @@ void Transfer::Box(BoxKind kind, std::string_view text) {
   if (!waits_.aborted()) parts_.view.Box(kind, text);
 }
 
+void Transfer::Note(std::string_view text) {
+  parts_.log.Line(text);
+  if (!waits_.aborted()) parts_.view.Advise(text);
+}
+
 void Transfer::Progress(int value, int end) {
   if (!waits_.aborted()) parts_.view.Progress(value, end);
 }

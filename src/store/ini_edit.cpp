@@ -84,13 +84,17 @@ void IniEdit::Set(std::string_view section, std::string_view key, std::string_vi
   change.deleted = false;
 }
 
-std::string IniEdit::TooLong() const {
+std::vector<std::string> IniEdit::TooLong() const {
+  std::vector<std::string> all;
   for (const SectionEdit* edit : order_) {
     for (const KeyEdit* key : edit->order) {
-      if (key->value.size() > kMaxIniValue) return std::string(edit->name).append(" ").append(key->name);
+      if (key->value.size() <= kMaxIniValue) continue;
+      std::string words("The value of ");
+      words.append(edit->name).append(" ").append(key->name);
+      all.push_back(words + " is longer than " + std::to_string(kMaxIniValue) + " characters");
     }
   }
-  return {};
+  return all;
 }
 
 void IniEdit::DeleteKey(std::string_view section, std::string_view key) {

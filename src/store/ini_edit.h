@@ -41,8 +41,8 @@ class IniEdit {
   /** What the changes are made to. */
   const IniText& base() const { return base_; }
   bool changed() const { return changed_; }
-  /** The first value set that a reader would cut, as "section key"; "" if there is none. */
-  std::string TooLong() const;
+  /** The values set that a reader would cut, each as "The value of section key is longer than 1999 characters". */
+  std::vector<std::string> TooLong() const;
   /** The bytes of the file with all changes in it. */
   std::string Bytes() const;
 

@@ -121,6 +121,7 @@ std::string Lines(const IniText& first, const IniText& second) {
     lines += (lines.empty() ? "" : "\n") + d.row + (d.field.empty() ? "" : " . " + d.field) + ": " +
              (d.kind == Kind::kOnlyInFirst    ? "only " + d.before
               : d.kind == Kind::kOnlyInSecond ? "new " + d.after
+              : d.kind == Kind::kMoved        ? d.after
                                               : d.before + " -> " + d.after);
   }
   return lines;
@@ -183,6 +184,29 @@ TEST(Difference, TellsEachChangeInWords) {
     EXPECT_EQ(Lines(hotel, changed), line) << section << " " << key << " " << value;
     EXPECT_EQ(Lines(changed, hotel).empty(), line.empty());
   }
+}
+
+TEST(Difference, ARowThatMovedIsComparedWithItself) {
+  // Names by row, a letter each and F for none; the row of the one that a number has; the same behind a change.
+  const std::tuple<std::string, int, std::string, int, std::string> cases[] = {
+      {"ABCD", 3, "ACD", 2, "Name 003 (C) to 004: 2 rows moved up by 1\nName 002 (B): only "},
+      {"AB", 2, "XAB", 2,
+       "Number 001 (100) . Name: B -> A\nName 001 (A) to 002: 2 rows moved down by 1\nName 001 (X): new "},
+      {"ABC", 1, "BC", 1,
+       "Number 001 (100) . Name: A -> B\nName 002 (B) to 003: 2 rows moved up by 1\nName 001 (A): only "},
+      {"AB", 1, "FBFA", 4, "Name 001 (A): now 004"},
+      {"ABCDEG", 2, "GEDCBA", 5, "Name 001 (A) to 006: 6 rows in another order"},
+      // Two have the same name: which of them is which nobody knows.
+      {"ABA", 1, "AAB", 1, "Name 002 (B): now 003\nName 002 (A): new \nName 003 (A): only "},
+      {"AAB", 1, "ACB", 1, "Name 002 (A) . Name: A -> C"}};
+  const auto project = [](const std::string& names, int of_number) {
+    std::string text = "[Assign]\n001=100|0|F|F|00" + std::to_string(of_number) + "\n[Name]\n";
+    int row = 0;
+    for (const char name : names) text += "00" + std::to_string(++row) + "=" + name + "\n";
+    return IniText(text);
+  };
+  for (const auto& [first, named, second, named_then, lines] : cases)
+    EXPECT_EQ(Lines(project(first, named), project(second, named_then)), lines);
 }
 
 std::vector<std::string> Search(const IniText& project, std::string_view text, std::size_t most = 100) {

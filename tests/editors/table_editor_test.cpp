@@ -136,6 +136,16 @@ TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
 }
 
+TEST(TableEditor, NumbersOfAnyLengthSortAsNumbers) {
+  TableEditor table({.columns = {{.title = "Digits"}}, .sort_by = {{1}}});
+  for (const char* digits :
+       {"", "1*", "12345678901234567890", "0", "00000000000000000007", "1234567890123456", "8"})
+    table.Load({.cells = {digits}});
+  table.Sort(true);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("0", "00000000000000000007", "8", "1234567890123456",
+                                              "12345678901234567890", "1*", ""));
+}
+
 TEST(TableEditor, RowsOutOfSightAreLeftAlone) {
   using Numbers = std::vector<std::string>;
   const Numbers all = {"1", "2", "3", "4", "5"};

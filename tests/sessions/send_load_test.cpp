@@ -284,6 +284,20 @@ TEST(LoadConfiguration, WhereTheProjectGoes) {
   EXPECT_TRUE(bench.files.files.contains(SessionBench::kTemp));
 }
 
+TEST(LoadConfiguration, SaysWhichListIsCutAndGoesOn) {
+  SessionBench bench(4);
+  ASSERT_TRUE(bench.Run(SendConfiguration));
+  Bytes& ban = bench.memory.sections()[5];
+  std::fill(ban.begin(), ban.end(), std::uint8_t{0x11});
+  ban[0] = 0xE8;  // the first class ends at byte 1,000: its one number has 2,000 digits
+  ban[1] = 0x03;
+  EXPECT_TRUE(bench.Run(LoadConfiguration));
+  const std::string told = "The value of COR 01 is longer than 1999 characters";
+  EXPECT_THAT(bench.view.advice, testing::ElementsAre(testing::StartsWith(told)));
+  EXPECT_THAT(bench.send_log, HasSubstr(told));
+  EXPECT_EQ(bench.Value("Chk_Tarvok", "Chk"), "tarvok");
+}
+
 TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
   SessionBench bench(4);
   bench.files.Put("/p/out.tvk", "somebody's");

@@ -196,6 +196,8 @@ TEST(Compare, FindsWhatTheExchangeChanged) {
   old.view.compare = true;
   EXPECT_TRUE(old.Run(SendConfiguration));
   EXPECT_EQ(old.view.log.find("for compare"), std::string::npos);
+  EXPECT_THAT(old.view.advice, testing::ElementsAre(HasSubstr("Nothing is compared")));
+  EXPECT_THAT(old.send_log, HasSubstr("Nothing is compared"));
 }
 
 TEST(Pace, TellsWhatCameAndWhatIsLeft) {

@@ -24,6 +24,17 @@ Texts Pieces(std::string_view list) {
   return pieces;
 }
 
+std::string ClassText(std::int64_t number) {
+  return Padded(number, class_digit::kBanTable.rows.width);
+}
+
+/** The classes of a group, as they are written. */
+Texts Classes(std::string_view list) {
+  Texts classes;
+  ForEachMember(list, [&](std::string_view member) { classes.push_back(ClassText(Val(member))); });
+  return classes;
+}
+
 /** Writes a list; one that holds what it held before, as `read` reads it, stays as it stands. */
 void StoreList(IniEdit& project, const Table& table, int number, const Texts& texts,
                Texts (*read)(std::string_view list)) {
@@ -43,7 +54,7 @@ void LeaveEmptyGroups(IniEdit& project) {
       const std::int64_t group = Val(GetField(profile, field));
       if (group < 1 || group > kClassGroups) continue;
       const std::string classes = project.Get(groups.section, KeyOf(groups, static_cast<int>(group)));
-      if (Pieces(classes).empty()) profile = WithField(profile, field, kUnset);
+      if (Classes(classes).empty()) profile = WithField(profile, field, kUnset);
     }
     if (!profile.empty()) project.Set(profiles.section, KeyOf(profiles, number), profile);
   }
@@ -51,17 +62,6 @@ void LeaveEmptyGroups(IniEdit& project) {
 
 std::string ClassName(std::string_view stored) {
   return std::string(class_digit::kBanTable.label).append(" ").append(std::to_string(Val(stored)));
-}
-
-std::string ClassText(std::int64_t number) {
-  return Padded(number, class_digit::kBanTable.rows.width);
-}
-
-/** The classes of a group, as they are written. */
-Texts Classes(std::string_view list) {
-  Texts classes;
-  ForEachMember(list, [&](std::string_view member) { classes.push_back(ClassText(Val(member))); });
-  return classes;
 }
 
 std::string ClassOf(std::string_view name) {
@@ -72,9 +72,8 @@ std::string ClassOf(std::string_view name) {
 }  // namespace
 
 ClassForm::ClassForm(const EditorContext& context, const FormName& name, std::vector<Column> columns,
-                     int rows)
-    : TableForm(context, name,
-                {.columns = std::move(columns), .rows = RowCommands::kFixed, .sort_by = {{.column = 0}}}),
+                     RowCommands commands, int rows)
+    : TableForm(context, name, {.columns = std::move(columns), .rows = commands, .sort_by = {{.column = 0}}}),
       pages_(grid(), rows) {}
 
 void ClassForm::AddPages(ControlId id, std::string caption, std::vector<std::string> entries) {
@@ -154,7 +153,7 @@ std::vector<Column> frmClassDigit::Columns(frmClassDigit* form) {
 }
 
 frmClassDigit::frmClassDigit(const EditorContext& context, const FormName& name)
-    : ClassForm(context, name, Columns(this), kRowsOfClass) {
+    : ClassForm(context, name, Columns(this), RowCommands::kNone, kRowsOfClass) {
   AddPages({"lsCOR"}, "Classes", LabelledRows(class_digit::kBanTable).Names());
 }
 
@@ -198,7 +197,7 @@ std::vector<Column> frmCORGroup::Columns(frmCORGroup* form) {
 }
 
 frmCORGroup::frmCORGroup(const EditorContext& context, const FormName& name)
-    : ClassForm(context, name, Columns(this), class_group::kTable.members.most) {
+    : ClassForm(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
   AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
 }
 

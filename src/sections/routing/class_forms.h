@@ -12,7 +12,8 @@ namespace tarvok {
 /** What both forms of classes are: a list beside a table in which each column is a list of its own. */
 class ClassForm : public TableForm {
  public:
-  ClassForm(const EditorContext& context, const FormName& name, std::vector<Column> columns, int rows);
+  ClassForm(const EditorContext& context, const FormName& name, std::vector<Column> columns,
+            RowCommands commands, int rows);
 
   void Saved() override {}
 

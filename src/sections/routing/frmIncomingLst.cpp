@@ -17,6 +17,12 @@ namespace {
 
 constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
 
+/** "Max", as far as the section can hold it. */
+int MostRows(const IniText& project) {
+  const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
+  return most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
+}
+
 }  // namespace
 
 std::vector<FieldColumn> frmIncomingLst::Columns(frmIncomingLst* form) {
@@ -40,19 +46,19 @@ std::vector<FieldColumn> frmIncomingLst::Columns(frmIncomingLst* form) {
 
 frmIncomingLst::frmIncomingLst(const EditorContext& context, const FormName& name)
     : FieldTableForm(context, name, kTable, Columns(this),
-                     {.rows = RowCommands::kGrow, .most = kIncomingRows, .sort_by = {{kName}}}) {
+                     {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
   LayOut();
 }
 
 void frmIncomingLst::Prepare(const IniText& project) {
   numbers_ = AssignNumbers(project);
   offered_ = OfferedNumbers(project);
+  grid().SetMost(MostRows(project));
 }
 
 /** Up to "Max", and never without a row that is in use. */
 int frmIncomingLst::RowsToShow(const IniText& project) const {
-  const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
-  int rows = most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
+  int rows = MostRows(project);
   for (int row = rows + 1; row <= kIncomingRows; ++row) {
     if (!RowValue(project, kTable, row).empty()) rows = row;
   }

@@ -73,8 +73,9 @@ std::vector<FieldColumn> frmRoute::Columns(frmRoute* form) {
 }
 
 frmRoute::frmRoute(const EditorContext& context, const FormName& name)
-    : FieldTableForm(context, name, kTable, Columns(this),
-                     {.rows = RowCommands::kFixed, .sort_by = {{kGroup}, {kTypeSeek}}}),
+    : FieldTableForm(
+          context, name, kTable, Columns(this),
+          {.rows = RowCommands::kFixed, .most = kRoutesOfList, .sort_by = {{kGroup}, {kTypeSeek}}}),
       lists_(AddList({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
       pages_(grid(), kRoutesOfList) {
   lists_.changed = [this] { SelectList(); };

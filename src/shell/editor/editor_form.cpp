@@ -1,6 +1,8 @@
 #include "shell/editor/editor_form.h"
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "shell/project_there.h"
 
@@ -81,11 +83,9 @@ bool EditorForm::OthersLeftItAlone() {
 bool EditorForm::FitsTheReader(const IniText& now) {
   IniEdit trial(now);
   Write(trial);
-  const std::string too_long = trial.TooLong();
+  const std::vector<std::string> too_long = trial.TooLong();
   if (too_long.empty()) return true;
-  context_.questions.Box("The value of " + too_long + " is longer than " + std::to_string(kMaxIniValue) +
-                             " characters and can't be saved.",
-                         true);
+  context_.questions.Box(too_long.front() + " and can't be saved.", true);
   return false;
 }
 

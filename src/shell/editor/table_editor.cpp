@@ -89,8 +89,7 @@ std::string TableEditor::OpenText() const {
 
 void TableEditor::Open() {
   if (!HasCurrent() || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
-  const std::string& text = Cell(row_, column_);
-  open_ = OpenField{.text = text, .before = text};
+  open_ = OpenField{.text = Cell(row_, column_), .before = row(row_).cells};
 }
 
 bool TableEditor::Pick(std::string_view entry) {
@@ -136,13 +135,31 @@ void TableEditor::Write(std::string_view text) {
     open_->text = text;
     open_->touched = true;
   }
-  Change(row_, column_, text);
+  if (open_ && text == open_->before[static_cast<std::size_t>(column_) - 1]) {
+    PutBack(open_->before);
+  } else {
+    Change(row_, column_, text);
+  }
   Changed();
 }
 
 void TableEditor::Change(int row, int column, std::string_view text) {
+  const std::string before = Cell(row, column);
+  if (!Put(row, column, text)) return;
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
+}
+
+/** The current row as it was; the rules that answer a change have no say in that. */
+void TableEditor::PutBack(const std::vector<std::string>& cells) {
+  for (int column = 1; column <= columns(); ++column)
+    Put(row_, column, cells[static_cast<std::size_t>(column) - 1]);
+}
+
+/** Another text into a cell, as part of the running step; false if it is none. */
+bool TableEditor::Put(int row, int column, std::string_view text) {
   std::string& cell = rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
-  if (cell == text) return;
+  if (cell == text) return false;
   UndoStep& step = undo_.Now(row_, column_);
   const auto found = std::find_if(step.cells.begin(), step.cells.end(), [&](const UndoStep::Cell& change) {
     return change.row == row && change.column == column;
@@ -153,8 +170,7 @@ void TableEditor::Change(int row, int column, std::string_view text) {
   } else {
     step.cells.push_back({row, column, before, cell});
   }
-  const Column& stated = this->column(column);
-  if (stated.changed) stated.changed(row, before);
+  return true;
 }
 
 void TableEditor::Restore(const UndoStep& step, bool after) {

@@ -58,7 +58,7 @@ struct SortKey {
 /** Which row commands a table has. */
 enum class RowCommands {
   kNone,   // every row has its place
-  kFixed,  // rows move, their count stays: what is pushed over the end has to be blank
+  kFixed,  // rows move, their count stays (above `most` it falls): what is pushed over the end has to be blank
   kGrow,   // rows may come and go, up to `most`
 };
 
@@ -71,7 +71,7 @@ class TableEditor {
   struct Options {
     std::vector<Column> columns;
     RowCommands rows = RowCommands::kNone;
-    int most = 0;                  // rows at most, for kGrow
+    int most = 0;  // rows at most, for kGrow; for kFixed up to which deleted ones are filled up
     std::vector<SortKey> sort_by;  // empty: the table has no sort
   };
 
@@ -84,6 +84,8 @@ class TableEditor {
   void Clear();
   /** A row with its number in the project, 0 for one that is not there. Missing cells are blank. */
   void Load(TableRow row);
+  /** Rows at most from now on; those that are there stay. */
+  void SetMost(int rows) { options_.most = rows; }
   /** Row n of the table is row n of the project from now on. */
   void Renumber();
 
@@ -182,8 +184,8 @@ class TableEditor {
   /** The field or list over the current cell. */
   struct OpenField {
     std::string text;
-    std::string before;    // the cell's text when it was opened
-    bool touched = false;  // until then the cell keeps its text
+    std::vector<std::string> before;  // the row's cells when it was opened: a rule may answer in any of them
+    bool touched = false;             // until then the cell keeps its text
   };
 
   void PressText(Key key);
@@ -198,6 +200,8 @@ class TableEditor {
   std::vector<int> RowsInSight(int first, int last) const;
   bool HasCurrent() const { return InSight(row_); }
   void Change(int row, int column, std::string_view text);
+  bool Put(int row, int column, std::string_view text);
+  void PutBack(const std::vector<std::string>& cells);
   void Restore(const UndoStep& step, bool after);
   std::vector<Refusal> PutBlock(const std::vector<std::vector<std::string>>& block, Selection where,
                                 bool fill);

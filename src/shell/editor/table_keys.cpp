@@ -77,7 +77,7 @@ void TableEditor::PressList(Key key) {
  * until something is typed. */
 void TableEditor::OpenWith(char key) {
   const std::optional<std::string> typed = TypeCharacter(column(column_).rule, {}, false, key, true);
-  open_ = OpenField{.before = Cell(row_, column_)};
+  open_ = OpenField{.before = row(row_).cells};
   if (typed) Write(*typed);
 }
 
@@ -85,8 +85,7 @@ void TableEditor::OpenWith(char key) {
 void TableEditor::PressOpen(Key key) {
   const Entry kind = EntryOf(row_, column_);
   if (key.code == KeyCode::kEscape) {
-    const std::string before = open_->before;
-    if (open_->touched) Change(row_, column_, before);
+    if (open_->touched) PutBack(open_->before);
     return LeaveCell();
   }
   if (key.code == KeyCode::kUp || key.code == KeyCode::kDown) {

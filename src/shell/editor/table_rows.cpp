@@ -4,26 +4,24 @@
 #include <utility>
 
 #include "shell/editor/table_editor.h"
-#include "store/number_text.h"
 
 namespace tarvok {
 namespace {
 
-/** A cell as a sort sees it. */
+/** A cell as a sort sees it. A number may have any number of digits: without zeros in front the longer one is the
+ * greater. */
 struct SortText {
   std::string_view text;
   bool number = false;
-  std::int64_t value = 0;
 
   explicit SortText(std::string_view from) : text(from) {
-    constexpr std::size_t kMostDigits = 15;
-    number = !from.empty() && from.size() <= kMostDigits &&
-             from.find_first_not_of("0123456789") == std::string_view::npos;
-    if (number) value = Val(from);
+    number = !from.empty() && from.find_first_not_of("0123456789") == std::string_view::npos;
+    if (number) text.remove_prefix(std::min(from.find_first_not_of('0'), from.size()));
   }
   friend bool operator<(const SortText& a, const SortText& b) {
     if (a.number != b.number) return a.number;
-    return a.number ? a.value < b.value : a.text < b.text;
+    if (a.number && a.text.size() != b.text.size()) return a.text.size() < b.text.size();
+    return a.text < b.text;
   }
 };
 
@@ -114,7 +112,9 @@ void TableEditor::DeleteRow() {
     if (row < selected.top || row > selected.bottom || !InSight(row)) rows.push_back(this->row(row));
   }
   if (options_.rows == RowCommands::kFixed) {
-    while (rows.size() < rows_.size())
+    const auto most = static_cast<std::size_t>(options_.most);
+    const std::size_t filled = most == 0 ? rows_.size() : std::min(rows_.size(), most);
+    while (rows.size() < filled)
       rows.push_back({.cells = std::vector<std::string>(options_.columns.size()), .in_sight = !filtered});
   }
   ReplaceRows(std::move(rows));

@@ -27,8 +27,9 @@ TEST(FrmGroupOut, StopsAtTheMostMembers) {
 
 constexpr const char* kClasses =
     "[COR]\nMax=20\n01=9||A\n03=1|20\n03A=55\n04A=7\n[COR_Group]\nMax=15\n01=03\n02=1|3|04|03\n03=01\n04="
-    "\n05=12\n"
-    "[PortConfig]\nMax=20\nNow=20\n01=01|02|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|01|F\n02=02|01|0\n03=04|03|0\n";
+    "\n05=12\n06=F|03|0\n"
+    "[PortConfig]\nMax=20\nNow=20\n01=01|02|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|01|F\n02=02|01|0\n03=04|03|0\n"
+    "04=06|03|0\n";
 
 TEST(FrmClassDigit, AnEmptiedClassLeavesItsGroupsAndTheyTheirProfiles) {
   ExpectEdit(
@@ -38,7 +39,8 @@ TEST(FrmClassDigit, AnEmptiedClassLeavesItsGroupsAndTheyTheirProfiles) {
       "ask: Do you want to delete? -> Yes",
       "[COR]\n03=\n04A=7|8\n01=9||A\n"  // not touched
       "20A=\n[COR_Group]\n01=\n02=1|04\n03=01\n[PortConfig]\n01=F|02|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|01|F\n"
-      "02=02|F|0\n03=F|03|0\n");  // group 4 has no class either
+      "02=02|F|0\n03=F|03|0\n"  // group 4 has no class either
+      "04=F|03|0\n");           // nor has group 6: unset members are none
 }
 
 TEST(FrmClassDigit, SortsTheColumnInViewAndTakesTwentyNumbers) {

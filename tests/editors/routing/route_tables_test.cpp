@@ -48,8 +48,10 @@ TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
   EditorBench bench("[Incoming_List]\nMax=3\nNow=3\n02=B|F|F|F|F\n04=D|F|F|F|F\n");
   bench.Run("frmIncomingLst", "");
   EXPECT_EQ(bench.editor->table()->rows(), 4);  // a row in use is shown though it is above "Max"
-  bench.Go("go 1 1\nclick mnu_del_row\nclick mnu_AddRow\nclick mnu_AddRow\ntype X\nclick cmdOK\n");
-  bench.ExpectKeys("[Incoming_List]\nNow=5\n01=B|F|F|F|F\n03=X|F|F|F|F\n-04\n");
+  bench.Go("go 1 1\nclick mnu_del_row\nclick mnu_AddRow\n");
+  EXPECT_EQ(bench.lines, std::vector<std::string>{"box: Over limit data you cannot add. "});
+  bench.Go("click mnu_del_row\nclick mnu_AddRow\ntype X\nclick cmdOK\n");
+  bench.ExpectKeys("[Incoming_List]\nNow=3\n01=D|F|F|F|F\n02=X|F|F|F|F\n-04\n");
 }
 
 TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
@@ -86,6 +88,14 @@ TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
   bench.Run("frmDIDRedirect",
             "go 6 1\npaste 1\\t11\\t12\\tRoute List\\tList 6\nclick cmdSort\nclick cmdOK\n");
   bench.ExpectKeys("[DIDRedirect]\n001=1|1|2|3|F\n004=1|11|12|1|06\n005=9|3|4|0|004\n");
+}
+
+TEST(FrmDIDRedirect, ATypeThatIsTakenBackTakesNothingWithIt) {
+  for (const char* back : {"press Down\npress Escape\n", "press Down\npress Up\npress Down\npress Up\n"}) {
+    ExpectEdit("frmDIDRedirect", std::string(kNumbers) + "[DIDRedirect]\n001=1|0012|99|0|001\n",
+               std::string("go 1 4\npress Backspace\n") + back + "click cmdOK\n", "",
+               "[DIDRedirect]\n001=1|0012|99|0|001\n");
+  }
 }
 
 TEST(FrmSetRoute, SelectsByTextAndWritesEveryRow) {
@@ -163,6 +173,10 @@ TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
   bench.Go("click mnu_insert_row\nclick cmdOK\n");  // there is no room for another row
   EXPECT_EQ(bench.lines, std::vector<std::string>{"box: Over limit data you cannot add. "});
   bench.ExpectKeys("[Route_List]\n01=46\n[Route]\n045=01|0|0|F|F|F|F|45|F\n-210\n");
+  bench.Run("frmRoute", "go 1 1\nclick mnu_del_row\n");
+  EXPECT_EQ(bench.editor->table()->rows(), 44);
+  bench.Go("select 1 1 5 9\nclick mnu_del_row\n");
+  EXPECT_EQ(bench.editor->table()->rows(), 40);
 }
 
 TEST(FrmRoute, EndsOfAnyKindAreReadAsFarAsTheyGo) {
