@@ -103,6 +103,7 @@ bool MessageLayer::GetConfig(int section) {
 bool MessageLayer::GetMiniBar(int number) {
   parts_.log.Line(std::string(variant_.get_mini_bar_words) + std::to_string(number));
   receive_kind_ = ReceiveKind::kNone;  // a section that was given up in its middle is over
+  asked_mini_bar_ = number;
   const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
   const Flag awaited = variant_.has_mini_bar_reply ? &MessageState::MiniBarFlag : &MessageState::ConfigFlag;
   return SendMessage(payload, command::kGetMiniBar, awaited, false);

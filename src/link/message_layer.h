@@ -130,7 +130,10 @@ class MessageLayer {
   SectionImage section_image_;
   MiniBarImage mini_bar_image_;
   ReceiveKind receive_kind_ = ReceiveKind::kNone;
-  int asked_section_ = -1;  // what GetConfig asked for last, -1 before the first
+  int asked_section_ = -1;         // what GetConfig asked for last, -1 before the first
+  int asked_mini_bar_ = -1;        // the same of GetMiniBar
+  bool numbers_mini_bar_ = false;  // the exchange tells which record it sends
+  int pack_before_ = -1;           // sequence byte of the section's last next pack, -1 before the first
 };
 
 }  // namespace tarvok

@@ -106,10 +106,17 @@ void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
 void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   constexpr std::size_t kNameAt = 7;
   constexpr std::size_t kNameBytes = 20;
+  const int number = Word(message, 5);
+  numbers_mini_bar_ = numbers_mini_bar_ || number > 0;  // an exchange that does not says 0 of each
+  if (numbers_mini_bar_ && number < asked_mini_bar_) {
+    // One before, late or twice: taking it would write each record from here on into the row behind its own.
+    ReceiveError();
+    return;
+  }
   state_.MiniBarFlag = true;
   if (MissingBytes() == 0) {  // in the middle of a section nobody asked for it, and it makes nothing whole
     state_.SectionDoneFlag = true;
-    state_.ReceivedSection = Word(message, 5);
+    state_.ReceivedSection = number;
   }
   state_.MiniBarName.clear();
   for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
@@ -140,6 +147,7 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   // The last pack of the section before may have come twice, the second time behind the request for this one.
   state_.SectionDoneFlag = false;
   if (variant_.keeps_first_sequence) state_.LastReceivedSeq = message[4];
+  pack_before_ = -1;
   state_.ReceivedSection = section;
   state_.ReceivedSize = Word(message, 7);
   parts_.log.Line("GET CONFIG , " + std::to_string(section) +
@@ -151,9 +159,9 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
-  const int before = std::exchange(state_.LastReceivedSeq, message[4]);
+  state_.LastReceivedSeq = message[4];
   if (receive_kind_ != ReceiveKind::kSection) return;
-  if (before == state_.LastReceivedSeq) ++parts_.statistics.PacksTwice;
+  if (std::exchange(pack_before_, message[4]) == message[4]) ++parts_.statistics.PacksTwice;
   const auto bytes = message.subspan(kSequencedHeader);
   parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);

@@ -25,6 +25,22 @@ std::size_t PacketLength(Bytes bytes) {
   return static_cast<std::size_t>(kServerHeaderIn) + bytes[kLengthAt];
 }
 
+/** Whether a packet may begin here, as far as its bytes have come. */
+bool MayBeginPacket(Bytes bytes) {
+  if (bytes.size() > kMarkAt && bytes[kMarkAt] != kServerMark) return false;
+  if (bytes.size() <= kLengthAt) return true;
+  const std::size_t length = bytes[kLengthAt];
+  if (length > static_cast<std::size_t>(kMaxMessage)) return false;
+  const Bytes message = bytes.subspan(kServerHeaderIn, std::min(length, bytes.size() - kServerHeaderIn));
+  return message.empty() || BeginsMessage(message);
+}
+
+/** Without what can't begin a packet: the padding of the one before. Its last bytes can't be told from a beginning. */
+Bytes FromNextPacket(Bytes bytes) {
+  while (!MayBeginPacket(bytes)) bytes = bytes.subspan(1);
+  return bytes;
+}
+
 void TakePacket(Bytes packet, const TakeMessage& take) {
   const std::size_t length = packet[kLengthAt];
   if (length <= static_cast<std::size_t>(kMaxMessage)) take(packet.subspan(kServerHeaderIn, length));
@@ -50,9 +66,13 @@ void TakeWholePackets(Bytes bytes, bool blocks, const TakeMessage& take) {
 
 }  // namespace
 
+bool HeldBytes::Follows(std::int64_t tick_ms) const {
+  return since_ms_ && tick_ms - *since_ms_ <= kHold_ms;
+}
+
 std::vector<std::uint8_t> HeldBytes::Join(std::span<const std::uint8_t> read, std::int64_t tick_ms) {
   std::vector<std::uint8_t> joined;
-  if (tick_ms - since_ms_ <= kHold_ms) joined.swap(bytes_);
+  if (Follows(tick_ms)) joined.swap(bytes_);
   bytes_.clear();
   joined.insert(joined.end(), read.begin(), read.end());
   return joined;
@@ -107,11 +127,10 @@ void LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) 
 }
 
 void ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+  if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return;
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
-  // What was held may have been padding behind a packet; then the read stands for itself.
-  const bool held_was_padding = joined.size() > kLengthAt && !BeginsPacket(joined);
-  Bytes bytes = held_was_padding ? read : Bytes(joined);
-  if (bytes.size() > static_cast<std::size_t>(kServerReadIn)) {
+  Bytes bytes = FromNextPacket(joined);
+  if (std::min(read.size(), bytes.size()) > static_cast<std::size_t>(kServerReadIn)) {
     for (const bool blocks : {false, true}) {
       if (!IsWholePackets(bytes, blocks)) continue;
       TakeWholePackets(bytes, blocks, take);
@@ -119,19 +138,11 @@ void ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& tak
     }
     return;
   }
-  for (bool first = true; !bytes.empty(); first = false) {
-    const bool too_short_to_tell =
-        bytes.size() <= kLengthAt && (bytes.size() <= kMarkAt || bytes[kMarkAt] == kServerMark);
-    const bool begun =
-        BeginsPacket(bytes) && bytes[kLengthAt] <= kMaxMessage && bytes.size() < PacketLength(bytes);
-    if (first && (too_short_to_tell || begun)) {
-      held_.Hold(bytes, tick_ms);
-      return;
-    }
-    if (!BeginsPacket(bytes) || bytes.size() < PacketLength(bytes)) return;
+  while (BeginsPacket(bytes) && bytes.size() >= PacketLength(bytes)) {
     TakePacket(bytes, take);
-    bytes = bytes.subspan(PacketLength(bytes));
+    bytes = FromNextPacket(bytes.subspan(PacketLength(bytes)));
   }
+  held_.Hold(bytes, tick_ms);
 }
 
 }  // namespace tarvok

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -15,10 +16,12 @@ class HeldBytes {
   /** What is held and what just came, as one read. */
   std::vector<std::uint8_t> Join(std::span<const std::uint8_t> read, std::int64_t tick_ms);
   void Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms);
+  /** Whether Hold was called within the last second, be it without bytes. */
+  bool Follows(std::int64_t tick_ms) const;
 
  private:
   std::vector<std::uint8_t> bytes_;
-  std::int64_t since_ms_ = 0;
+  std::optional<std::int64_t> since_ms_;
 };
 
 /**
@@ -43,7 +46,8 @@ class LanReader {
 /**
  * Finds messages in what the relay server delivers: packets of at most 128 bytes with 0x11 at byte 4, the
  * length at byte 7 and the message from byte 8. A longer read is dropped whole unless it is made of whole
- * packets; the beginning of a packet is held for its rest; a length above 64, or above what is there, drops
+ * packets, and one that begins no packet is dropped. The beginning of a packet is held for its rest, also behind a whole
+ * one; so within a second of a packet a read may begin with the rest or the padding of that one. A length above 64 drops
  * the packet.
  */
 class ServerReader {

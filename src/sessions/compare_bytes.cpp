@@ -16,6 +16,7 @@ constexpr double kRequestPause_s = 0.1;
 bool ReadBack(Transfer& transfer, const Section& section) {
   return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
                              .pause_s = kRequestPause_s,
+                             .answer_pause_s = kAnswerPause_s,
                              .refused = "Request for Get Config for compare Error (RE)",
                              .getting = "Getting " + std::string(section.name) + " for compare...",
                              .give_up_words = section.GetFailedText()});

@@ -43,6 +43,7 @@ bool GetWhole(Transfer& transfer, const WholeRequest& request) {
     if (!transfer.waits().Until(over, EventServer::kForever)) return false;
     if (!answered()) return GiveUp(transfer, request);
     if (state.SectionDoneFlag) {
+      if (!transfer.waits().WaitSeconds(request.answer_pause_s)) return false;
       transfer.Finished();
       return true;
     }

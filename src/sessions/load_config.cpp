@@ -47,17 +47,7 @@ bool GetSections(Transfer& transfer) {
     if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;
     transfer.Progress(section->number, kBarEnd);
   }
-  return true;
-}
-
-/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. And where frames were damaged
- * or lost, one may have passed its check. */
-void AdviseAnotherLoad(Transfer& transfer) {
-  const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t faults = counted.FramesDamaged + counted.LateAnswers + counted.PacksTwice;
-  if (faults == 0) return;
-  transfer.view().Advise("The line damaged, lost or doubled something " + std::to_string(faults) +
-                         " times, and not every such fault shows. Load once more and compare the two.");
+  return transfer.waits().WaitSeconds(kAnswerPause_s);  // each request before had a longer one in front
 }
 
 /** Each section, and the two bytes by which it is asked for. */

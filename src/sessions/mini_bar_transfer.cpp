@@ -67,6 +67,7 @@ struct Loaded {
 bool GetRecords(Transfer& transfer, std::vector<Loaded>& records) {
   for (int number = 1; number <= kMiniBarRows; ++number) {
     const WholeRequest request = {.ask = [&] { return transfer.messages().GetMiniBar(number - 1); },
+                                  .answer_pause_s = kAnswerPause_s,
                                   .refused = "Request for Get MiniBar Error (RE)",
                                   .getting = "Getting MiniBar " + std::to_string(number)};
     if (!GetWhole(transfer, request)) return false;
@@ -118,6 +119,7 @@ bool LoadMiniBarList(Transfer& transfer) {
   transfer.Begin(TransferDirection::kLoad, "Load MiniBar");
   const bool loaded = TellLoad(transfer);
   transfer.CleanUp();
+  if (loaded) AdviseAnotherLoad(transfer);
   return loaded && StoreLoaded(transfer);
 }
 

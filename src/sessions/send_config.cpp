@@ -78,16 +78,18 @@ void ShowStatistics(Transfer& transfer) {
 }
 
 /** A line that damages frames has most likely damaged one that its check byte did not show, and an answer that comes
- * twice names no pack: it is taken for the next one's. */
-void AdviseCompare(Transfer& transfer) {
+ * twice names no pack: it is taken for the next one's. If the exchange then refuses that one, its word comes too late to have
+ * it sent again. `refused` is how many messages it refused. */
+void AdviseCompare(Transfer& transfer, std::int64_t refused) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t late = counted.LateAnswers + counted.EnquiryCount;
-  if (counted.FramesDamaged == 0 && late == 0) return;
+  if (counted.FramesDamaged == 0 && late == 0 && refused == 0) return;
   const std::string why =
-      counted.FramesDamaged > 0
-          ? "The line damaged " + std::to_string(counted.FramesDamaged) +
-                " frames, and one in 256 of such passes its check. "
-          : std::to_string(late) + " answers came late, and one that comes twice is taken for the next. ";
+      counted.FramesDamaged > 0 ? "The line damaged " + std::to_string(counted.FramesDamaged) +
+                                      " frames, and one in 256 of such passes its check. "
+      : late > 0
+          ? std::to_string(late) + " answers came late, and one that comes twice is taken for the next. "
+          : "The exchange refused " + std::to_string(refused) + " messages, and not each was sent again. ";
   transfer.view().Advise(why + (transfer.version() >= kLowestComparedVersion
                                     ? "Send once more with compare."
                                     : "Load the configuration and compare it with the project."));
@@ -97,6 +99,8 @@ End TellSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
+  const TransferStatistics& counted = transfer.line().statistics();
+  const std::int64_t refused_before = counted.ResponseErrors;  // passwords
   const bool comparable = transfer.version() >= kLowestComparedVersion;
   if (transfer.settings().compare && !comparable) {
     transfer.Note("Nothing is compared: only exchanges from version " +
@@ -119,7 +123,7 @@ End TellSend(Transfer& transfer) {
     return End::kFailed;
   }
   ShowStatistics(transfer);
-  if (!compare) AdviseCompare(transfer);
+  if (!compare) AdviseCompare(transfer, counted.ResponseErrors - refused_before);
   return End::kDone;
 }
 

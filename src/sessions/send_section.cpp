@@ -7,11 +7,17 @@ namespace {
 
 constexpr int kRouteMap = 8;
 
-bool FailSection(Transfer& transfer, const Section& section, std::string_view dots) {
+/** `why` is a line of its own in front of the box; "" where there is nothing to say. */
+bool FailSection(Transfer& transfer, const Section& section, std::string_view dots,
+                 std::string_view why = {}) {
   if (section.number == kRouteMap) {
     transfer.Failed(".............", "Failed (RE)");
   } else {
     transfer.Failed(dots);
+  }
+  if (!why.empty()) {
+    transfer.LogLine(why);
+    transfer.log().Line(why);
   }
   return transfer.Fail(section.send_failed);
 }
@@ -24,12 +30,7 @@ bool SendSection(Transfer& transfer, const Section& section, const IniText& proj
   transfer.Start(section.progress);
   ImageWriter writer(layout->size);
   layout->encode(project, writer);
-  if (!writer.ok()) {
-    const bool failed = FailSection(transfer, section, failed_dots);
-    transfer.LogLine(writer.error());
-    transfer.log().Line(writer.error());
-    return failed;
-  }
+  if (!writer.ok()) return FailSection(transfer, section, failed_dots, writer.error());
   image = writer.bytes();
   if (!transfer.messages().SendConfig(section.number, image))
     return FailSection(transfer, section, failed_dots);

@@ -32,6 +32,10 @@ Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& 
  * temporary project, the exchange back to normal, the modem's call ended. */
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms);
 
+/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. And where frames were damaged
+ * or lost, one may have passed its check. */
+void AdviseAnotherLoad(Transfer& transfer);
+
 /** Asks where the loaded project goes and puts it there, by one rename. True where the user wants it nowhere,
  * too. */
 bool StoreLoaded(Transfer& transfer);

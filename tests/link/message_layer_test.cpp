@@ -155,6 +155,9 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   EXPECT_EQ(statistics.BytesReceived, 64 + 9);  // the declared size and every later pack once more
   layer.ReceiveMessage(Hex("21 00 00 0D"));
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
+  EXPECT_EQ(statistics.PacksTwice, 0);
+  layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
+  EXPECT_EQ(statistics.PacksTwice, 1);
 
   // Another section than asked is an error reply, and its packs are dropped.
   layer.replies = {"21 00 00 82 00 05 00 40 00 01*55", "", ""};
@@ -170,6 +173,23 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   for (int i = 0; i < 1200; ++i) layer.ReceiveMessage(Hex("21 00 00 8E 00 04*59"));
   EXPECT_TRUE(layer.state().SectionDoneFlag);
   EXPECT_EQ(layer.section_image().bytes()[50000], 4);
+}
+
+TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
+  const std::string before = "21 00 00 88 00 03 01 41 00*19 07 00";
+  const std::string asked = "21 00 00 88 00 04 01 42 00*19 08 00";
+  layer.replies = {"21 00 00 88 00 00 00 43 00*19 09 00"};  // of an exchange that does not number them
+  EXPECT_TRUE(layer.GetMiniBar(259));
+  EXPECT_EQ(layer.state().MiniBarName, "C");
+  layer.sent.clear();
+  layer.replies = {before, asked};
+  EXPECT_TRUE(layer.GetMiniBar(260));
+  EXPECT_EQ(layer.state().MiniBarName, "B");
+  EXPECT_EQ(layer.sent.size(), 3U);  // two requests and the OK to what was asked for
+  EXPECT_EQ(statistics.ResponseErrors, 1);
+  EXPECT_EQ(statistics.LateAnswers, 1);
+  layer.ReceiveMessage(Hex(before));
+  EXPECT_EQ(layer.state().MiniBarCount, 8);
 }
 
 TEST_F(Messages, DropsWhatIsNone) {
@@ -205,7 +225,7 @@ TEST(L3Server, PacksEveryMessageInto129Bytes) {
   EXPECT_NE(logged.find("Send : 0\r\nData Out = 18-18-0-0-\r\n"), std::string::npos);
   // A record of the mini bar is awaited by a flag that its reply does not raise.
   events.CallLater(10, [&] { server.ReceiveServerMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
-  EXPECT_FALSE(server.GetMiniBar(0));
+  EXPECT_FALSE(server.GetMiniBar(511));
   EXPECT_TRUE(server.state().SectionDoneFlag);
 }
 
@@ -258,6 +278,7 @@ TEST(ServerReader, TakesPacketsApart) {
       {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1},
       {{"00", "00 00 00 11 00", "00 04 21 00 00", "80"}, 1},
       {{block, ok, block}, 3},
+      {{ok, "00*116 " + ok, "00*116"}, 2},  // what is longer than 128 bytes by the padding in front alone
   };
   for (const auto& [reads, messages] : cases) {
     ServerReader reader;
@@ -265,6 +286,49 @@ TEST(ServerReader, TakesPacketsApart) {
   }
   ServerReader late;
   EXPECT_TRUE(Found(late, {"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1001).empty());
+}
+
+/** Messages 21 00 01.., 21 00 02.. of one length, and the stream of their packets. */
+std::pair<std::vector<Bytes>, Bytes> PacketStream(std::string_view head, std::uint8_t length, bool padded) {
+  std::vector<Bytes> messages;
+  Bytes stream;
+  for (std::uint8_t i = 1; i <= 12; ++i) {
+    Bytes packet = Hex(head);
+    packet.push_back(length);
+    packet.insert(packet.end(), {kFromExchange, 0});
+    packet.resize(8U + length, i);
+    messages.emplace_back(packet.begin() + 8, packet.end());
+    if (padded) packet.resize(kServerReadIn);
+    stream.insert(stream.end(), packet.begin(), packet.end());
+  }
+  return {messages, stream};
+}
+
+TEST(ServerReader, FindsEveryPacketHoweverTheStreamIsCut) {
+  for (const char* head : {"00 00 00 00 11 00 00", "21 11 00 01 11 00 00"}) {  // 11 may be an address, too
+    for (const int length : {4, 5, 35, 64}) {
+      for (const bool padded : {false, true}) {
+        const auto [messages, stream] = PacketStream(head, static_cast<std::uint8_t>(length), padded);
+        for (const std::size_t cut : {std::size_t{1}, std::size_t{2}, std::size_t{3}, std::size_t{5},
+                                      std::size_t{127}, std::size_t{128}, std::size_t{129}, stream.size()}) {
+          SCOPED_TRACE(std::string(head) + ", " + std::to_string(length) + (padded ? " padded" : "") +
+                       " in reads of " + std::to_string(cut));
+          ServerReader reader;
+          std::vector<Bytes> found;
+          for (std::size_t at = 0; at < stream.size(); at += cut) {
+            const auto read = std::span(stream).subspan(at, std::min(cut, stream.size() - at));
+            reader.Feed(read, static_cast<std::int64_t>(at),
+                        [&](auto m) { found.emplace_back(m.begin(), m.end()); });
+          }
+          // A read above 128 bytes is dropped unless it is made of whole packets: three of 43 bytes, or the whole stream.
+          const bool lossy = cut == 129 && (padded || length != 35);
+          EXPECT_TRUE(lossy || found == messages) << found.size();
+          for (const Bytes& message : found)
+            EXPECT_TRUE(std::count(messages.begin(), messages.end(), message) == 1);
+        }
+      }
+    }
+  }
 }
 
 }  // namespace

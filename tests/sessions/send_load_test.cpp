@@ -40,6 +40,7 @@ TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
                       std::to_string(GetParam()) + "\r\n");
   ASSERT_TRUE(bench.Run(LoadConfiguration)) << bench.view.log;
   EXPECT_EQ(bench.complaints, Boxes());
+  EXPECT_EQ(bench.view.advice, Boxes());
   EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
   EXPECT_EQ(bench.Value("Chk_Tarvok", "Chk"), "tarvok");
   EXPECT_EQ(bench.Value("Chk_Tarvok", "PID"), "15");
@@ -106,7 +107,7 @@ TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack)
     EXPECT_EQ(bench.view.boxes, Boxes{"Send Assign Number failed (RE)"});
     const std::string why =
         "section Assign, row 001, field Type: value 300 is more than its place on the wire can hold\r\n";
-    EXPECT_THAT(bench.view.log, HasSubstr("Failed\r\n" + why));
+    EXPECT_THAT(bench.view.log_before_box, HasSubstr("Failed\r\n" + why));
     EXPECT_THAT(bench.send_log, HasSubstr(why));
     EXPECT_TRUE(bench.memory.sections().contains(4));
     EXPECT_FALSE(bench.memory.sections().contains(13));
@@ -348,6 +349,41 @@ TEST(LoadConfiguration, AnOldTemporaryProjectThatStaysIsToldBeforeTheConnection)
   EXPECT_FALSE(bench.Run(LoadConfiguration));
   EXPECT_EQ(bench.view.boxes, Boxes{std::string(SessionBench::kTemp) + ": made to fail"});
   EXPECT_EQ(bench.view.log, "");
+}
+
+/** Counts the messages of a LAN that leave in the same millisecond as an OK of the tool in front of them. */
+class FollowsOk : public PortOnPort {
+ public:
+  FollowsOk(std::unique_ptr<Port> inner, VirtualEvents& events, int& count)
+      : PortOnPort(std::move(inner)), events_(events), count_(count) {}
+  bool Send(std::span<const std::uint8_t> bytes) override {
+    const bool is_ok = bytes.size() == 4 && bytes[3] == reply::kOk;
+    if (!is_ok && events_.Tick_ms() == ok_ms_) ++count_;
+    ok_ms_ = is_ok ? events_.Tick_ms() : -1;
+    return PortOnPort::Send(bytes);
+  }
+
+ private:
+  VirtualEvents& events_;
+  int& count_;
+  std::int64_t ok_ms_ = -1;
+};
+
+TEST(EverySession, LeavesADeviceTimeToReadTheOkToAnAnswer) {
+  const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
+      {SendConfiguration, TransferForm::kConnect},
+      {LoadConfiguration, TransferForm::kConnect},
+      {LoadMiniBarList, TransferForm::kMiniBar}};
+  for (const auto& [session, form] : sessions) {
+    SessionBench bench(4);
+    bench.view.compare = true;
+    int count = 0;
+    bench.wrap = [&](std::unique_ptr<Port> port) {
+      return std::make_unique<FollowsOk>(std::move(port), bench.events, count);
+    };
+    EXPECT_TRUE(bench.Run(session, form)) << bench.view.log;
+    EXPECT_EQ(count, 0);
+  }
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "sessions/port_test.h"
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
+#include "store/number_text.h"
 #include "tests/hex.h"
 #include "tests/simulation/session_bench.h"
 
@@ -74,6 +75,24 @@ TEST(MiniBar, GoesOutAndComesBackIntoACopyOfTheProject) {
   SessionBench server(0);
   EXPECT_FALSE(server.Run(LoadMiniBarList, TransferForm::kMiniBar));
   EXPECT_EQ(server.view.boxes, Boxes{"Request for Get MiniBar Error (RE)"});
+}
+
+TEST(MiniBar, EveryRecordComesIntoItsRowAlthoughAnswersComeTwice) {
+  for (const std::uint64_t seed : {1, 2, 3}) {
+    SessionBench bench(3, 110, {.faults = FaultPlan{.dup = 0.02}, .seed = seed});
+    for (int n = 0; n < kMiniBarRecords; ++n) {
+      Bytes record(kMiniBarRecordSize);
+      record[0] = 'A';
+      record[20] = static_cast<std::uint8_t>(n % 256);
+      record[21] = static_cast<std::uint8_t>(n / 256);
+      bench.memory.SetMiniBar(n, record);
+    }
+    ASSERT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
+    const IniText loaded(bench.Project());
+    for (int n = 0; n < kMiniBarRecords; ++n)
+      EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
+    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load once more")));
+  }
 }
 
 TEST(Billing, FilesInEverySize) {

@@ -44,6 +44,12 @@ TEST(Simulation, ASendOverADamagedLineAdvisesTheCompare) {
     EXPECT_EQ(bench.view.advice.size(), *advice == '\0' ? 0U : 1U);
     EXPECT_THAT(bench.view.advice, ::testing::Each(::testing::EndsWith(advice)));
   }
+  // An OK that came twice stood for a section, and the exchange refused that one unheard.
+  SessionBench refused(0, 110, {.faults = FaultPlan{.dup = 0.01, .error_reply = 0.001}, .seed = 21});
+  ASSERT_TRUE(refused.Run(SendConfiguration)) << refused.view.log;
+  EXPECT_FALSE(refused.memory.sections().contains(24));
+  EXPECT_THAT(refused.view.advice,
+              ::testing::ElementsAre(::testing::EndsWith("Send once more with compare.")));
 }
 
 TEST(Simulation, AProjectThatCanNotBeReadIsNeitherSentNorChanged) {

@@ -23,6 +23,7 @@ class RecordingView : public SessionView {
  public:
   std::string log;
   Boxes boxes;
+  std::string log_before_box;  // what the log window held when the last box came
   std::vector<std::string> questions;
   std::vector<std::string> advice;
   std::vector<int> bars;
@@ -36,7 +37,10 @@ class RecordingView : public SessionView {
   void Log(std::string_view text) override { log += text; }
   void Progress(int value, int) override { bars.push_back(value); }
   void Elapsed(int) override {}
-  void Box(BoxKind, std::string_view text) override { boxes.emplace_back(text); }
+  void Box(BoxKind, std::string_view text) override {
+    boxes.emplace_back(text);
+    log_before_box = log;
+  }
   bool Ask(std::string_view question) override;
   bool AskWithCompare(std::string_view question, bool& compare_box) override;
   std::optional<std::string> AskSaveName() override;

@@ -45,7 +45,8 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
 
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project) {
   RowText row;
-  row.Add(name.empty() ? kUnset : name);
+  // Each of these would end the field or the row, or be cut off its front.
+  row.AddCharacters({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, "|\t\r\n");
   row.Add(price >= kUnsetPrice ? std::string(kUnset) : std::to_string(price));
   StoreRow(project, kTable, number, row.str());
 }

@@ -30,8 +30,8 @@ extern const Table kTable;
  */
 void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image);
 
-/** Stores row `number` as an exchange tells it. A price of 65,535 or more is "F". A row without a name whose
- * price is "F" or 0 is removed. */
+/** Stores row `number` as an exchange tells it, the name without pipes, tabs, line ends and blanks at its ends. A price of
+ * 65,535 or more is "F". A row without a name whose price is "F" or 0 is removed. */
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project);
 
 }  // namespace tarvok

@@ -60,7 +60,8 @@ TEST(SystemKeys, KeysOfAnImage) {
 
 TEST(SystemKeys, MiniBarRecordsOfAnExchange) {
   const std::tuple<std::string, int, std::string> cases[] = {
-      {"Cola", 0, "Cola|0"}, {"Cola", 65535, "Cola|F"}, {"", 5, "F|5"}, {"", 0, ""}, {"", 65535, ""}};
+      {"Cola", 0, "Cola|0"}, {"Cola", 65535, "Cola|F"},  {"", 5, "F|5"},   {"", 0, ""},
+      {"", 65535, ""},       {" A|B\r\nC ", 5, "ABC|5"}, {"  ", 5, "F|5"}, {"|\t", 0, ""}};
   for (const auto& [name, price, row] : cases) {
     const IniText base("[MiniBar]\n511=A|1|\n512=old\n");
     IniEdit edit(base);
