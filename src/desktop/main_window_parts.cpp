@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 
 #include "desktop/colours.h"
@@ -76,7 +77,7 @@ void MainWindow::MakeMenus() {
   dash3_->setObjectName(QStringLiteral("mnu_dash3"));
   menu->addAction(exit_);
   // What the form in the pane has, which is there before its menu is looked at.
-  table_menu_ = menuBar()->addMenu(QStringLiteral("&Table"));
+  table_menu_ = menuBar()->addMenu(QStringLiteral("Table"));
   table_menu_->setObjectName(QStringLiteral("mnu_edit"));
   table_menu_->setEnabled(false);
   connect(table_menu_, &QMenu::aboutToShow, this, [this] {
@@ -176,17 +177,23 @@ void MainWindow::MakePanes() {
                           .open_recent = [this](int entry) { frame_->OpenRecent(entry); },
                           .start_practice = [this] { practice_.Start(); }});
   practice_.set_on_change([this] { ShowPractice(); });
-  connect(pane_, &QStackedWidget::currentChanged, this, [this] {
-    const QWidget* shown = pane_->currentWidget();
-    table_menu_->setEnabled(shown != nullptr && !shown->actions().isEmpty());
-  });
   pane_->addWidget(start_);
   splitter_->addWidget(tree_);
   auto* scroll = new QScrollArea;  // for a window that is smaller than the form
+  scroll->setObjectName(QStringLiteral("PaneScroll"));
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setWidgetResizable(true);
   scroll->setWidget(pane_);
+  connect(pane_, &QStackedWidget::currentChanged, this, [this, scroll] {
+    const QWidget* shown = pane_->currentWidget();
+    const bool has_table = shown != nullptr && !shown->actions().isEmpty();
+    table_menu_->setEnabled(has_table);
+    // Grey it would still keep its letter from what is in the pane.
+    table_menu_->setTitle(has_table ? QStringLiteral("&Table") : QStringLiteral("Table"));
+    scroll->horizontalScrollBar()->setValue(0);
+    scroll->verticalScrollBar()->setValue(0);
+  });
   splitter_->addWidget(scroll);
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(splitter_);

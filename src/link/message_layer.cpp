@@ -103,6 +103,8 @@ bool MessageLayer::GetConfig(int section) {
 bool MessageLayer::GetMiniBar(int number) {
   parts_.log.Line(std::string(variant_.get_mini_bar_words) + std::to_string(number));
   receive_kind_ = ReceiveKind::kNone;  // a section that was given up in its middle is over
+  if (number == 0) first_mini_bar_.reset();
+  if (number == 0 || refused_mini_bars_ <= kMostRefusedRecords) refused_mini_bars_ = 0;
   asked_mini_bar_ = number;
   const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
   const Flag awaited = variant_.has_mini_bar_reply ? &MessageState::MiniBarFlag : &MessageState::ConfigFlag;
@@ -183,13 +185,15 @@ MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
 }
 
 bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awaited) {
+  bool refused = false;
   for (int attempt = 1; attempt <= kTries && !parts_.waits.aborted(); ++attempt) {
     state_.ErrorReplyFlag = false;
     state_.*awaited = false;
-    if (attempt > 1) ++parts_.statistics.LateAnswers;
+    if (attempt > 1 && !refused) ++parts_.statistics.LateAnswers;
     Carry(message);
     const bool came = parts_.waits.Until([&] { return state_.*awaited; }, kLastPackWait_ms);
-    if (state_.ErrorReplyFlag) {
+    refused = state_.ErrorReplyFlag;
+    if (refused) {
       if (state_.StopOnErrorReply) return false;
       parts_.log.Line("get res err send this pack again");
     } else if (came) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -101,6 +102,8 @@ class MessageLayer {
   Parts& parts() { return parts_; }
 
  private:
+  static constexpr int kMostRefusedRecords = 2;  // of one number: the third request for it is the last
+
   using Flag = bool MessageState::*;
   enum class ReceiveKind { kNone, kSection, kMiniBar };
   enum class Recovery { kArrived, kSendAgain, kFailed };
@@ -118,9 +121,11 @@ class MessageLayer {
   void ReceiveSequence(std::span<const std::uint8_t> message);
   void ReceiveError();
   void ReceiveVersion(std::span<const std::uint8_t> message);
+  bool IsEarlierMiniBar(int number);
   void ReceiveMiniBarRecord(std::span<const std::uint8_t> message);
   void ReceiveMiniBarData(std::span<const std::uint8_t> message);
   void ReceiveFirstPack(std::span<const std::uint8_t> message);
+  void CountRepeat(std::uint8_t sequence);
   void ReceiveNextPack(std::span<const std::uint8_t> message);
   void TakeSectionBytes(std::span<const std::uint8_t> bytes);
 
@@ -130,10 +135,14 @@ class MessageLayer {
   SectionImage section_image_;
   MiniBarImage mini_bar_image_;
   ReceiveKind receive_kind_ = ReceiveKind::kNone;
-  int asked_section_ = -1;         // what GetConfig asked for last, -1 before the first
-  int asked_mini_bar_ = -1;        // the same of GetMiniBar
-  bool numbers_mini_bar_ = false;  // the exchange tells which record it sends
-  int pack_before_ = -1;           // sequence byte of the section's last next pack, -1 before the first
+  int asked_section_ = -1;             // what GetConfig asked for last, -1 before the first
+  int asked_mini_bar_ = -1;            // the same of GetMiniBar
+  std::optional<int> first_mini_bar_;  // the number that the exchange gives to record 0
+  int refused_mini_bars_ = 0;          // of the record asked for; above the most: they are taken as they come
+  int pack_before_ = -1;               // sequence byte of the section's last next pack, -1 before the first
+  std::uint8_t first_pack_ = 0;        // sequence byte of the section's first pack, 0 where it has none
+  // From there to the first next pack's, as it was in the first section.
+  std::optional<std::uint8_t> first_step_;
 };
 
 }  // namespace tarvok

@@ -103,13 +103,24 @@ void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
   state_.VersionFlag = true;
 }
 
+/** Whether a record carries a number that fits one asked for before. Not every exchange need number them, or from 0: the
+ * first record tells from where, and one that comes in spite of two requests is taken as it is from then on. */
+bool MessageLayer::IsEarlierMiniBar(int number) {
+  if (asked_mini_bar_ < 0) return false;
+  if (!first_mini_bar_) first_mini_bar_ = number - asked_mini_bar_;
+  const int record = number - *first_mini_bar_;
+  if (record < 0 || record >= asked_mini_bar_ || refused_mini_bars_ > kMostRefusedRecords) return false;
+  const bool refused = ++refused_mini_bars_ <= kMostRefusedRecords;
+  parts_.statistics.PacksTwice += refused ? 1 : -kMostRefusedRecords;
+  return refused;
+}
+
 void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   constexpr std::size_t kNameAt = 7;
   constexpr std::size_t kNameBytes = 20;
   const int number = Word(message, 5);
-  numbers_mini_bar_ = numbers_mini_bar_ || number > 0;  // an exchange that does not says 0 of each
-  if (numbers_mini_bar_ && number < asked_mini_bar_) {
-    // One before, late or twice: taking it would write each record from here on into the row behind its own.
+  if (IsEarlierMiniBar(number)) {
+    // Late or twice: taking it would write each record from here on into the row behind its own.
     ReceiveError();
     return;
   }
@@ -147,6 +158,7 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   // The last pack of the section before may have come twice, the second time behind the request for this one.
   state_.SectionDoneFlag = false;
   if (variant_.keeps_first_sequence) state_.LastReceivedSeq = message[4];
+  first_pack_ = variant_.keeps_first_sequence ? message[4] : std::uint8_t{0};
   pack_before_ = -1;
   state_.ReceivedSection = section;
   state_.ReceivedSize = Word(message, 7);
@@ -158,10 +170,19 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   TakeSectionBytes(message.subspan(kDataAt));
 }
 
+/** A pack that came twice carries its number again. Behind a section's first pack it may be the last one of the section
+ * before, which shows where the numbers do not go on from there as they did at first. */
+void MessageLayer::CountRepeat(std::uint8_t sequence) {
+  const int before = std::exchange(pack_before_, sequence);
+  const auto step = static_cast<std::uint8_t>(sequence - first_pack_);
+  if (before < 0 && !first_step_) first_step_ = step;
+  if (before < 0 ? step != *first_step_ : before == sequence) ++parts_.statistics.PacksTwice;
+}
+
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
   state_.LastReceivedSeq = message[4];
   if (receive_kind_ != ReceiveKind::kSection) return;
-  if (std::exchange(pack_before_, message[4]) == message[4]) ++parts_.statistics.PacksTwice;
+  CountRepeat(message[4]);
   const auto bytes = message.subspan(kSequencedHeader);
   parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);

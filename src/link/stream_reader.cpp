@@ -10,6 +10,7 @@ namespace {
 constexpr std::int64_t kHold_ms = 1000;
 constexpr std::size_t kMarkAt = 4;
 constexpr std::size_t kLengthAt = 7;
+constexpr std::size_t kProven = 10;  // bytes from which on a beginning has shown that of its message
 
 using Bytes = std::span<const std::uint8_t>;
 
@@ -30,9 +31,14 @@ bool MayBeginPacket(Bytes bytes) {
   if (bytes.size() > kMarkAt && bytes[kMarkAt] != kServerMark) return false;
   if (bytes.size() <= kLengthAt) return true;
   const std::size_t length = bytes[kLengthAt];
-  if (length > static_cast<std::size_t>(kMaxMessage)) return false;
+  if (length == 0 || length > static_cast<std::size_t>(kMaxMessage)) return false;
   const Bytes message = bytes.subspan(kServerHeaderIn, std::min(length, bytes.size() - kServerHeaderIn));
   return message.empty() || BeginsMessage(message);
+}
+
+/** Whether the bytes begin with a packet that is all there, message and all. */
+bool IsProvenPacket(Bytes bytes) {
+  return bytes.size() >= kProven && MayBeginPacket(bytes) && bytes.size() >= PacketLength(bytes);
 }
 
 /** Without what can't begin a packet: the padding of the one before. Its last bytes can't be told from a beginning. */
@@ -129,7 +135,9 @@ void LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) 
 void ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
   if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return;
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
-  Bytes bytes = FromNextPacket(joined);
+  // A few bytes that were held are most likely padding, which must not take a packet's own bytes along.
+  const bool stands_alone = joined.size() - read.size() < kProven && IsProvenPacket(read);
+  Bytes bytes = stands_alone ? read : FromNextPacket(joined);
   if (std::min(read.size(), bytes.size()) > static_cast<std::size_t>(kServerReadIn)) {
     for (const bool blocks : {false, true}) {
       if (!IsWholePackets(bytes, blocks)) continue;

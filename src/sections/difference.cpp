@@ -58,10 +58,18 @@ class TableDifference {
     int rows = 0;
     for (const RowMatches::Run& run : runs) rows += run.rows;
     if (runs.size() > kMostRuns)
-      return AddMove({runs.front().first, runs.back().last, rows, 0}, " rows in another order");
+      return AddMove({runs.front().first, runs.back().last, rows, 0},
+                     InOrder(runs) ? " rows moved and keep their order" : " rows in another order");
     for (const RowMatches::Run& run : runs)
       AddMove(run, (run.by < 0 ? " rows moved up by " : " rows moved down by ") +
                        std::to_string(std::abs(run.by)));
+  }
+
+  /** Whether the rows follow each other as before. */
+  static bool InOrder(const std::vector<RowMatches::Run>& runs) {
+    return std::is_sorted(runs.begin(), runs.end(), [](const RowMatches::Run& a, const RowMatches::Run& b) {
+      return a.first + a.by < b.first + b.by;
+    });
   }
 
   void AddMove(const RowMatches::Run& run, const std::string& way) {

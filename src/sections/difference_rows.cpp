@@ -1,7 +1,9 @@
 #include "sections/difference_rows.h"
 
+#include <algorithm>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "sections/row_fields.h"
 #include "sections/rows.h"
@@ -9,9 +11,11 @@
 namespace tarvok {
 namespace {
 
-/** By its marks each row that alone has them; 0 for marks that several have. */
-std::map<std::string, int> RowsByMarks(const IniText& project, const Table& table) {
-  std::map<std::string, int> rows;
+using Rows = std::vector<int>;
+
+/** The rows that have all their marks, by these. */
+std::map<std::string, Rows> RowsByMarks(const IniText& project, const Table& table) {
+  std::map<std::string, Rows> rows;
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
     const RowFields row(table, RowValue(project, table, number));
     std::string marks;
@@ -21,31 +25,48 @@ std::map<std::string, int> RowsByMarks(const IniText& project, const Table& tabl
       if (!all_set) break;
       marks.append(Canonical(*row.StatementOf(mark.field), row[mark.field])).append("|");
     }
-    if (!all_set) continue;
-    const auto [found, is_new] = rows.try_emplace(marks, number);
-    if (!is_new) found->second = 0;
+    if (all_set) rows[marks].push_back(number);
   }
   return rows;
+}
+
+/** Rows of one kind of marks that are in all equal go together and leave the lists. */
+template <typename Pair>
+void PairEqualRows(Rows& of_first, Rows& of_second, const IniText& first, const IniText& second,
+                   const Table& table, const Pair& pair) {
+  std::erase_if(of_first, [&](int row) {
+    const auto twin = std::find_if(of_second.begin(), of_second.end(), [&](int other) {
+      return RowValue(first, table, row) == RowValue(second, table, other);
+    });
+    if (twin == of_second.end()) return false;
+    pair(row, *twin);
+    of_second.erase(twin);
+    return true;
+  });
 }
 
 }  // namespace
 
 RowMatches::RowMatches(const IniText& first, const IniText& second, const Table& table) {
   if (table.marks.empty() || table.single()) return;
-  const std::map<std::string, int> of_first = RowsByMarks(first, table);
-  const std::map<std::string, int> of_second = RowsByMarks(second, table);
+  std::map<std::string, Rows> of_first = RowsByMarks(first, table);
+  std::map<std::string, Rows> of_second = RowsByMarks(second, table);
   const auto count = static_cast<std::size_t>(table.rows.last) + 1;
   second_of_.resize(count);
   first_of_.resize(count);
   told_.resize(count);
   bool moved = false;
-  for (const auto& [marks, row] : of_first) {
-    const auto found = of_second.find(marks);
-    if (row == 0 || found == of_second.end() || found->second == 0) continue;
-    second_of_[static_cast<std::size_t>(row)] = found->second;
-    first_of_[static_cast<std::size_t>(found->second)] = row;
+  const auto pair = [&](int row, int other) {
+    second_of_[static_cast<std::size_t>(row)] = other;
+    first_of_[static_cast<std::size_t>(other)] = row;
     told_[static_cast<std::size_t>(row)] = true;
-    moved = moved || row != found->second;
+    moved = moved || row != other;
+  };
+  for (auto& [marks, rows] : of_first) {
+    Rows& others = of_second[marks];
+    if (rows.size() != 1 || others.size() != 1) PairEqualRows(rows, others, first, second, table, pair);
+    if (rows.size() != others.size()) continue;
+    for (std::size_t i = 0; i < rows.size(); ++i) pair(rows[i], others[i]);
   }
   if (!moved) {
     second_of_.clear();

@@ -9,8 +9,9 @@ namespace tarvok {
 
 /**
  * Which row of a second project a row of a first one is: a row that went elsewhere with the marks by which people
- * tell it is the same row. Marks that several rows of a project have tell none of them; such a row, one whose marks
- * changed, and each row of a table without marks is the one of the same number, if that is no other one.
+ * tell it is the same row. Of rows with the same marks those that are in all equal go together, and the others in their
+ * order if there are as many in both. Any other row, such as one whose marks changed or of a table without marks, is the one
+ * of the same number, if that is no other one.
  */
 class RowMatches {
  public:

@@ -5,6 +5,7 @@
 
 #include "sections/ports/assign.h"
 #include "sections/ports/port_def.h"
+#include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
@@ -81,22 +82,22 @@ FieldColumn LimitedColumn(int field, std::string title, const Field& statement, 
   return made;
 }
 
-void RowNames::Add(int number, std::string name) {
-  names_.emplace_back(number, std::move(name));
+void RowNames::Add(int number, std::string name, bool offered) {
+  names_.push_back({number, std::move(name), offered});
 }
 
 std::string RowNames::NameOf(std::string_view stored) const {
   const std::int64_t number = Val(stored);
   const auto found =
-      std::find_if(names_.begin(), names_.end(), [&](const auto& name) { return name.first == number; });
-  return found == names_.end() ? std::string() : found->second;
+      std::find_if(names_.begin(), names_.end(), [&](const Row& row) { return row.number == number; });
+  return found == names_.end() ? std::string() : found->name;
 }
 
 std::string RowNames::Stored(std::string_view name, int width) const {
   if (name.empty()) return std::string(kUnset);
   const auto found =
-      std::find_if(names_.begin(), names_.end(), [&](const auto& row) { return row.second == name; });
-  return found == names_.end() ? std::string(kUnset) : Padded(found->first, width);
+      std::find_if(names_.begin(), names_.end(), [&](const Row& row) { return row.name == name; });
+  return found == names_.end() ? std::string(kUnset) : Padded(found->number, width);
 }
 
 std::string RowNames::Stored(std::string_view name, int width, std::string_view before) const {
@@ -106,16 +107,15 @@ std::string RowNames::Stored(std::string_view name, int width, std::string_view 
 
 std::string RowNames::Kept(std::string_view name, int width, std::string_view before) const {
   const std::int64_t number = Val(before);
-  const bool nameless = std::any_of(names_.begin(), names_.end(), [&](const auto& row) {
-    return row.first == number && row.second.empty();
-  });
+  const bool nameless = std::any_of(names_.begin(), names_.end(),
+                                    [&](const Row& row) { return row.number == number && row.name.empty(); });
   return name.empty() && nameless ? Padded(number, width) : Stored(name, width, before);
 }
 
 std::vector<std::string> RowNames::Names() const {
   std::vector<std::string> names;
-  for (const auto& [number, name] : names_) {
-    if (!name.empty()) names.push_back(name);
+  for (const Row& row : names_) {
+    if (row.offered && !row.name.empty()) names.push_back(row.name);
   }
   return names;
 }
@@ -155,7 +155,7 @@ RowNames PortNumbers(const IniText& project) {
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
     const std::string_view port = RowValue(project, port_def::kTable, row);
-    if (!port.empty()) names.Add(row, numbers.NameOf(GetField(port, port_def::kNumber)));
+    if (!IsUnused(port_def::kTable, port)) names.Add(row, numbers.NameOf(GetField(port, port_def::kNumber)));
   }
   return names;
 }
@@ -164,7 +164,8 @@ RowNames PortNames(const IniText& project, std::string_view type) {
   RowNames names;
   for (int row = 1; row <= kPortRows; ++row) {
     const std::string_view port = RowValue(project, port_def::kTable, row);
-    if (port.empty() || (!type.empty() && GetField(port, port_def::kType) != type)) continue;
+    if (IsUnused(port_def::kTable, port) || (!type.empty() && GetField(port, port_def::kType) != type))
+      continue;
     const std::string_view card = GetField(port, port_def::kCard);
     const std::string_view channel = GetField(port, port_def::kChannel);
     const bool whole = !card.empty() && card != kUnset && !channel.empty() && channel != kUnset;

@@ -42,7 +42,8 @@ FieldColumn LimitedColumn(int field, std::string title, const Field& statement, 
 /** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
 class RowNames {
  public:
-  void Add(int number, std::string name);
+  /** A row that is not `offered` is shown where a field refers to it, and found again. */
+  void Add(int number, std::string name, bool offered = true);
   /** "" for a number without a name. */
   std::string NameOf(std::string_view stored) const;
   /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
@@ -51,14 +52,19 @@ class RowNames {
   /** The same of a name that may stand at several rows: while it still is that of `before`, the row that the
    * field held, the field stays with that row. */
   std::string Stored(std::string_view name, int width, std::string_view before) const;
-  /** The same for a reference that may be to a row without a name: a blank that showed such a row stays with it,
-   * since nobody has seen it. */
+  /** The same for a reference that may be to a row without a name: a blank stays with such a row, which showed
+   * nothing that could have been cleared. */
   std::string Kept(std::string_view name, int width, std::string_view before) const;
-  /** The names in the order of their numbers, blanks left out. */
+  /** The names that are offered, in the order of their numbers, blanks left out. */
   std::vector<std::string> Names() const;
 
  private:
-  std::vector<std::pair<int, std::string>> names_;
+  struct Row {
+    int number;
+    std::string name;
+    bool offered;
+  };
+  std::vector<Row> names_;
 };
 
 /** A column that shows a reference by the name of its row, in front of that its named values; a name without a

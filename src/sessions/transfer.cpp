@@ -164,6 +164,7 @@ void Transfer::Box(BoxKind kind, std::string_view text) {
 }
 
 void Transfer::Note(std::string_view text) {
+  LogLine(text);
   parts_.log.Line(text);
   if (!waits_.aborted()) parts_.view.Advise(text);
 }

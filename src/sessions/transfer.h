@@ -79,7 +79,8 @@ class Transfer {
       std::string_view dots = {});  // without dots of its own the text gets as many as fill the line
   void Failed(std::string_view dots = {}, std::string_view words = "Failed");
   void Box(BoxKind kind, std::string_view text);
-  /** What is to be known of a session that goes on: advice, and a line in the history. */
+  /** What is to be known of a session that goes on: a line in the log window and in the history, and advice, of which a
+   * window may show the last alone. */
   void Note(std::string_view text);
   void Progress(int value, int end);
   /** From here on the view is told each second how fast `bytes` get through: payload of the messages that go out, bytes of

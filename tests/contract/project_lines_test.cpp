@@ -9,6 +9,7 @@
 #include "sections/rows.h"
 #include "sections/search.h"
 #include "sections/tables.h"
+#include "store/number_text.h"
 #include "tests/contract/statement_values.h"
 #include "tests/source_file.h"
 
@@ -196,13 +197,17 @@ TEST(Difference, ARowThatMovedIsComparedWithItself) {
        "Number 001 (100) . Name: A -> B\nName 002 (B) to 003: 2 rows moved up by 1\nName 001 (A): only "},
       {"AB", 1, "FBFA", 4, "Name 001 (A): now 004"},
       {"ABCDEG", 2, "GEDCBA", 5, "Name 001 (A) to 006: 6 rows in another order"},
-      // Two have the same name: which of them is which nobody knows.
-      {"ABA", 1, "AAB", 1, "Name 002 (B): now 003\nName 002 (A): new \nName 003 (A): only "},
+      // Two have the same name.
+      {"ABA", 1, "AAB", 1, "Name 002 (B): now 003\nName 003 (A): now 002"},
+      {"XABA", 2, "ABA", 1, "Name 002 (A) to 004: 3 rows moved up by 1\nName 001 (X): only "},
+      {"1A2B3C4D5E", 2, "ABCDE", 1,
+       "Name 002 (A) to 010: 5 rows moved and keep their order\nName 001 (1): only \nName 003 (2): only \n"
+       "Name 005 (3): only \nName 007 (4): only \nName 009 (5): only "},
       {"AAB", 1, "ACB", 1, "Name 002 (A) . Name: A -> C"}};
   const auto project = [](const std::string& names, int of_number) {
     std::string text = "[Assign]\n001=100|0|F|F|00" + std::to_string(of_number) + "\n[Name]\n";
     int row = 0;
-    for (const char name : names) text += "00" + std::to_string(++row) + "=" + name + "\n";
+    for (const char name : names) text += Padded(++row, 3) + "=" + name + "\n";
     return IniText(text);
   };
   for (const auto& [first, named, second, named_then, lines] : cases)

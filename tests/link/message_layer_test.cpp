@@ -178,18 +178,32 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
 TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   const std::string before = "21 00 00 88 00 03 01 41 00*19 07 00";
   const std::string asked = "21 00 00 88 00 04 01 42 00*19 08 00";
-  layer.replies = {"21 00 00 88 00 00 00 43 00*19 09 00"};  // of an exchange that does not number them
+  layer.replies = {before};
   EXPECT_TRUE(layer.GetMiniBar(259));
-  EXPECT_EQ(layer.state().MiniBarName, "C");
   layer.sent.clear();
   layer.replies = {before, asked};
   EXPECT_TRUE(layer.GetMiniBar(260));
   EXPECT_EQ(layer.state().MiniBarName, "B");
   EXPECT_EQ(layer.sent.size(), 3U);  // two requests and the OK to what was asked for
   EXPECT_EQ(statistics.ResponseErrors, 1);
-  EXPECT_EQ(statistics.LateAnswers, 1);
+  EXPECT_EQ(statistics.PacksTwice, 1);
   layer.ReceiveMessage(Hex(before));
   EXPECT_EQ(layer.state().MiniBarCount, 8);
+
+  // An exchange that numbers from 1, and one that does not number: its second record is asked for three times, no other.
+  statistics = {};
+  for (const auto& [number, requests_of_second] : {std::pair{1, 1U}, {0, 3U}}) {
+    for (int record = 0; record < 4; ++record) {
+      const std::size_t requests = record == 1 ? requests_of_second : 1;
+      const std::string reply =
+          "21 00 00 88 00 0" + std::to_string(number * (record + 1)) + " 00 41 00*19 07 00";
+      layer.replies.assign(requests, reply);
+      layer.sent.clear();
+      EXPECT_TRUE(layer.GetMiniBar(record));
+      EXPECT_EQ(layer.sent.size(), requests + 1) << number << " " << record;
+    }
+  }
+  EXPECT_EQ(statistics.PacksTwice, 0);
 }
 
 TEST_F(Messages, DropsWhatIsNone) {
@@ -278,6 +292,9 @@ TEST(ServerReader, TakesPacketsApart) {
       {{"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1},
       {{"00", "00 00 00 11 00", "00 04 21 00 00", "80"}, 1},
       {{block, ok, block}, 3},
+      {{"11 00 00 00 11 00 00 04 21 00 00 80 00*116", "11 00 00 00 11 00 00 04 21 00 00 80 11*116",
+        "11 00 00 00 11 00 00 04 21 00 00 80 00*116"},
+       3},
       {{ok, "00*116 " + ok, "00*116"}, 2},  // what is longer than 128 bytes by the padding in front alone
   };
   for (const auto& [reads, messages] : cases) {

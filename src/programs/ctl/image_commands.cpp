@@ -1,6 +1,5 @@
 #include "programs/ctl/image_commands.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -17,12 +16,8 @@
 namespace tarvok::ctl {
 namespace {
 
-std::string ImageName(int section) {
-  return Padded(section, 2) + ".bin";
-}
-
 std::string FileOf(const std::string& folder, int section) {
-  return InFolder(folder, ImageName(section));
+  return InFolder(folder, Padded(section, 2) + ".bin");
 }
 
 std::string AsText(const std::vector<std::uint8_t>& bytes) {
@@ -76,18 +71,6 @@ int MisusedForProject(const std::string& file) {
   return Misused("-o: " + file + " is the project itself");
 }
 
-/** An image that lies there from before, of a section that is not written now, would be decoded with the others. */
-void TellOtherImages(FileSystem& files, const std::string& folder,
-                     const std::vector<const Section*>& written) {
-  std::string names;
-  for (const Section& section : Sections()) {
-    if (std::find(written.begin(), written.end(), &section) != written.end()) continue;
-    if (files.Identify(FileOf(folder, section.number)).exists)
-      names.append(names.empty() ? "" : ", ").append(ImageName(section.number));
-  }
-  if (!names.empty()) Tell(folder + ": keeps what was there before and is not of this version: " + names);
-}
-
 /** All steps as one write, so that a project has all of them or none. */
 int Run(ProjectStore& store, const std::vector<DecodeStep>& steps, const std::string& project) {
   const FileIdentity identity = store.files().Identify(project);
@@ -132,8 +115,7 @@ int EncodeAll(ProjectStore& store, const std::string& project, int version, cons
   if (!text.ok()) return Fail(text.status().message());
 
   std::vector<std::pair<int, std::string>> images;
-  const std::vector<const Section*> plan = SendPlan(version);
-  for (const Section* section : plan) {
+  for (const Section* section : SendPlan(version)) {
     if (!CodedLayout(section->number, version, Direction::kSend).ok()) continue;
     const std::string file = FileOf(folder, section->number);
     if (ReplacesProject(store, file, project)) return MisusedForProject(file);
@@ -149,7 +131,6 @@ int EncodeAll(ProjectStore& store, const std::string& project, int version, cons
     const Status written = WriteWhole(store.files(), FileOf(folder, section), image, Flush::kLater);
     if (!written.ok()) return Fail(written.message());
   }
-  TellOtherImages(store.files(), folder, plan);
   return kDone;
 }
 

@@ -174,7 +174,7 @@ void frmPortConfig_Def::Load(const IniText& project) {
   for (int group = 1; group <= class_group::kTable.rows.last; ++group) {
     if (!RowValue(project, class_group::kTable, group).empty()) groups.push_back(GroupText(group));
   }
-  for (const int field : {kServiceDay, kServiceNight, kHoldCut}) controls_[At(field)]->entries = groups;
+  groups_ = std::move(groups);
   for (int row = 1; row <= kPortConfigRows; ++row) {
     const FieldList fields(RowValue(project, kTable, row));
     auto& profile = profiles_[static_cast<std::size_t>(row) - 1];
@@ -196,6 +196,7 @@ void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
   switch (kForms[index].kind) {
     case Kind::kService:
       // A group without classes is not offered, but a profile may name it.
+      control.entries = groups_;
       control.ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
                                                                 : GroupText(static_cast<int>(number)));
       return;

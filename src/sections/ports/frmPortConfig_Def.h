@@ -35,7 +35,8 @@ class frmPortConfig_Def : public EditorForm {
   void TakeField(std::size_t index, std::string& text) const;
 
   std::array<std::array<std::string, kFields>, kPortConfigRows> profiles_;
-  std::size_t shown_ = 0;  // index of the profile in the controls
+  std::vector<std::string> groups_;  // of classes, as they are offered
+  std::size_t shown_ = 0;            // index of the profile in the controls
 
   Control& list_;
   Control& link_trunk_;

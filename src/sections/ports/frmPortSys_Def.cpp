@@ -111,8 +111,13 @@ void frmPortSys_Def::Prepare(const IniText& project) {
   numbers_ = AssignNumbers(project);
   incoming_ = {};
   const Table& lists = incoming_list::kTable;
-  for (int row = 1; row <= lists.rows.last; ++row)
-    incoming_.Add(row, CellText(GetField(RowValue(project, lists, row), incoming_list::kName)));
+  const RowNames labels = LabelledRows(lists);
+  for (int row = 1; row <= lists.rows.last; ++row) {
+    std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
+    const bool has_name = !name.empty();
+    // A list without a name is none to choose, but a port may refer to it, and only what is seen can be cleared.
+    incoming_.Add(row, has_name ? std::move(name) : labels.NameOf(std::to_string(row)), has_name);
+  }
 }
 
 void frmPortSys_Def::ShowRow(std::string_view value, TableRow& row) const {
@@ -160,7 +165,7 @@ std::string frmPortSys_Def::FieldOf(int row, int field) const {
 
 std::string frmPortSys_Def::IncomingText(int row, int column, int field) const {
   const std::string_view before = GetField(StoredBefore(row), field);
-  return incoming_.Kept(grid().Cell(row, column), kRowWidth, before);
+  return incoming_.Stored(grid().Cell(row, column), kRowWidth, before);
 }
 
 std::string frmPortSys_Def::RowText(int row) const {

@@ -17,12 +17,11 @@ std::vector<std::string> Split(std::string_view text, char by) {
   }
 }
 
-/** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. A pipe is
- * no character of a cell. */
+/** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. */
 std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
   std::string plain;
   for (const char c : text) {
-    if (c != '\r' && c != '|' && c != '\0') plain += c;
+    if (c != '\r' && c != '\0') plain += c;
   }
   if (!plain.empty() && plain.back() == '\n') plain.pop_back();
   std::vector<std::vector<std::string>> rows;
@@ -72,12 +71,13 @@ std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::st
     for (int column = where.left; column <= std::min(where.right, columns()); ++column) {
       const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
       if (piece >= line.size() || this->column(column).entry == Entry::kReadOnly) continue;
+      std::string text = line[piece];
+      if (this->column(column).rule.in_list) std::erase(text, '|');
       std::string why;
-      const std::optional<std::string> fitting = Fitting(row, column, line[piece], why);
-      if (fitting) {
+      if (const std::optional<std::string> fitting = Fitting(row, column, text, why)) {
         Change(row, column, *fitting);
       } else {
-        refused.push_back({row, column, line[piece], why});
+        refused.push_back({row, column, text, why});
       }
     }
   }

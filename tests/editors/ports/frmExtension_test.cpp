@@ -82,7 +82,7 @@ TEST(Extension, ASaveKeepsWhatNobodyTouched) {
                               "\n[Assign]\nNow=4\n001=100|0|001|F|F\n002=F|0|002|1|F\n003=300|2|01|F|F\n"
                               "004=400|0|003|F|F\n[BOSS]\n01=001|002\n";
   ExpectEdit("frmExtension", project,
-             "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\ntype A|B\nclick cmdOK\n", "",
+             "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\npaste A|B\nclick cmdOK\n", "",
              "[Assign]\n001=100|0|001|2|F\n002=300|0|F|F|001\n003=400|0|F|F|F\n004=F|0|002|1|F\n"
              "[Name]\n001=A|B\n[BOSS]\n01=001|002\n");
   ExpectEdit("frmExtension", project, "go 1 Type\npick Call Group\nclick cmdOK\n", "",

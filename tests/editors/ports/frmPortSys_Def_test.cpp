@@ -78,7 +78,7 @@ TEST(PortDefine, ASaveKeepsWhatNobodyTouched) {
              "032=500|4|2|F|F\n033=500|F|F|F|F\n[Incoming_List]\n01=Day|F|F|F|F\n02=F|001|F|F|F\n",
              "go 1 PSW\ntype 9\ngo 3 7\npress Delete\ngo 3 8\npress Delete\nclick cmdOK\n", "",
              "[Port_Def]\n001=1|1|1|F|F|F|001|002|F*8|9|F*6\n002=1|2|1|F|F|F|003|F|F*7|032|F*7\n"
-             "003=1|3|1|F|F|F|F|003|F*7|033|F*7\n[Assign]\n033=500|0|003|F|F\n");
+             "003=1|3|1|F|F|F|F|F*8|033|F*7\n[Assign]\n033=500|0|003|F|F\n");
 }
 
 TEST(PortDefine, ANumberWithoutARowLeavesTheFormOpen) {
