@@ -104,10 +104,15 @@ bool MessageLayer::GetMiniBar(int number) {
   parts_.log.Line(std::string(variant_.get_mini_bar_words) + std::to_string(number));
   receive_kind_ = ReceiveKind::kNone;  // a section that was given up in its middle is over
   if (number == 0) first_mini_bar_.reset();
-  if (number == 0 || refused_mini_bars_ <= kMostRefusedRecords) refused_mini_bars_ = 0;
   asked_mini_bar_ = number;
+  earlier_mini_bars_ = 0;
   const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
   const Flag awaited = variant_.has_mini_bar_reply ? &MessageState::MiniBarFlag : &MessageState::ConfigFlag;
+  if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;
+  if (earlier_mini_bars_ == 0) return false;
+  // Every answer carried an earlier number: the exchange does not number its records.
+  parts_.statistics.PacksTwice -= earlier_mini_bars_;
+  first_mini_bar_ = kNotNumbered;
   return SendMessage(payload, command::kGetMiniBar, awaited, false);
 }
 

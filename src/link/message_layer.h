@@ -102,7 +102,7 @@ class MessageLayer {
   Parts& parts() { return parts_; }
 
  private:
-  static constexpr int kMostRefusedRecords = 2;  // of one number: the third request for it is the last
+  static constexpr int kNotNumbered = -0x10000;  // below what any number of a record can make of it
 
   using Flag = bool MessageState::*;
   enum class ReceiveKind { kNone, kSection, kMiniBar };
@@ -138,7 +138,7 @@ class MessageLayer {
   int asked_section_ = -1;             // what GetConfig asked for last, -1 before the first
   int asked_mini_bar_ = -1;            // the same of GetMiniBar
   std::optional<int> first_mini_bar_;  // the number that the exchange gives to record 0
-  int refused_mini_bars_ = 0;          // of the record asked for; above the most: they are taken as they come
+  int earlier_mini_bars_ = 0;          // records that came and had been asked for before this one
   int pack_before_ = -1;               // sequence byte of the section's last next pack, -1 before the first
   std::uint8_t first_pack_ = 0;        // sequence byte of the section's first pack, 0 where it has none
   // From there to the first next pack's, as it was in the first section.

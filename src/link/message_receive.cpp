@@ -103,16 +103,13 @@ void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
   state_.VersionFlag = true;
 }
 
-/** Whether a record carries a number that fits one asked for before. Not every exchange need number them, or from 0: the
- * first record tells from where, and one that comes in spite of two requests is taken as it is from then on. */
+/** Whether a record carries the number of one asked for before. An exchange need not number them from 0: the first record
+ * tells from where. */
 bool MessageLayer::IsEarlierMiniBar(int number) {
   if (asked_mini_bar_ < 0) return false;
   if (!first_mini_bar_) first_mini_bar_ = number - asked_mini_bar_;
   const int record = number - *first_mini_bar_;
-  if (record < 0 || record >= asked_mini_bar_ || refused_mini_bars_ > kMostRefusedRecords) return false;
-  const bool refused = ++refused_mini_bars_ <= kMostRefusedRecords;
-  parts_.statistics.PacksTwice += refused ? 1 : -kMostRefusedRecords;
-  return refused;
+  return record >= 0 && record < asked_mini_bar_;
 }
 
 void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
@@ -121,7 +118,9 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   const int number = Word(message, 5);
   if (IsEarlierMiniBar(number)) {
     // Late or twice: taking it would write each record from here on into the row behind its own.
-    ReceiveError();
+    ++earlier_mini_bars_;
+    ++parts_.statistics.PacksTwice;
+    RespondOk();
     return;
   }
   state_.MiniBarFlag = true;
