@@ -61,7 +61,8 @@ class TenantMatrix : public FormView::Picture {
     painter.setFont(small);
     const QColor set = colours.color(QPalette::Highlight);
     const QColor clear = colours.color(QPalette::Base);
-    const QColor edge = Mix(colours.color(QPalette::Mid), clear, 50);
+    const QColor ink = colours.color(QPalette::Text);
+    const QColor edge = Mix(ink, clear, 25);
     for (int i = 0; i < Shown(); ++i) {
       painter.setPen(MutedText(colours));
       painter.drawText(QRect((i + 1) * cell_, 0, cell_, cell_), Qt::AlignCenter,
@@ -77,10 +78,10 @@ class TenantMatrix : public FormView::Picture {
     }
     const QRect current((column_ - First(across_) + 1) * cell_, (row_ - First(down_) + 1) * cell_, cell_ - 1,
                         cell_ - 1);
-    painter.setPen(QPen(colours.color(hasFocus() ? QPalette::Text : QPalette::Mid), 2));
+    painter.setPen(QPen(hasFocus() ? ink : Mix(ink, clear, 50), 2));
     painter.drawRect(current.adjusted(-1, -1, 1, 1));
     painter.setFont(font());
-    painter.setPen(colours.color(QPalette::Text));
+    painter.setPen(ink);
     painter.drawText(QRect(4, (Shown() + 1) * cell_ + 4, width() - 8, 24), Qt::AlignLeft | Qt::AlignVCenter,
                      words_);
   }
