@@ -5,6 +5,7 @@
 
 #include "desktop/headings.h"
 #include "desktop/pane_form.h"
+#include "desktop/shown_text.h"
 
 namespace tarvok {
 namespace {
@@ -18,7 +19,8 @@ constexpr const char* kText =
 
 }  // namespace
 
-std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context) {
+std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
+                                    const std::string& system_file_line) {
   auto* page = new QWidget;
   page->setObjectName(QStringLiteral("frmAbout"));
   page->setAccessibleName(QStringLiteral("About"));
@@ -29,7 +31,7 @@ std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context) 
   text->setObjectName(QStringLiteral("AboutText"));
   text->setAccessibleName(QStringLiteral("About the program"));
   text->setFrameShape(QFrame::NoFrame);
-  text->setPlainText(QString::fromLatin1(kText));
+  text->setPlainText(QString::fromLatin1(kText) + QLatin1Char('\n') + Words(system_file_line));
   text->viewport()->setAutoFillBackground(false);
   text->document()->setDocumentMargin(0);
   auto* close = new QPushButton(QStringLiteral("Close"));

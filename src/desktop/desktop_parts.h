@@ -25,7 +25,7 @@ struct DesktopParts {
   SettingsStore& settings;
   SharedState& state;
   std::string system_file;
-  std::string temp_file;                    // where a load builds its project
+  std::string temp_folder;                  // where a load makes a private folder for its project
   std::function<SendLog::Sink()> open_log;  // starts the log anew; no sink where that can't be
   History& history;
   ExchangedCopies& copies;

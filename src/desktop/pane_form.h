@@ -48,7 +48,8 @@ class PaneForm : public Form {
   QPointer<QWidget> widget_;
 };
 
-/** `frmAbout`. */
-std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context);
+/** `frmAbout`, with a line that says which system file is in use. */
+std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
+                                    const std::string& system_file_line);
 
 }  // namespace tarvok

@@ -39,7 +39,7 @@ void TransferDialog::OpenTransfer() {
                                                        .project_file = parts_.state.ProjectFile,
                                                        .load_target = parts_.state.ProjectFile,
                                                        .system_file = parts_.system_file,
-                                                       .temp_file = parts_.temp_file},
+                                                       .temp_folder = parts_.temp_folder},
                                          kind_.form);
   ShowSummary();
 }
@@ -65,7 +65,6 @@ void TransferDialog::Run(const TransferAction& action) {
   const bool done = action.run(*transfer_, folder);
   running_ = nullptr;
   if (began_ && action.carries != Carries::kNothing) Remember(action, done, *before);
-  transfer_->GiveBackTemporary();
   if (close_wanted_) Leave();
 }
 
@@ -82,7 +81,8 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
                                                          : TransferEnd::kFailed,
                     .what = Words(action.text).remove(QLatin1Char('&')).toStdString()});
   if (!done || action.carries != Carries::kAll) return;
-  const std::shared_ptr<const IniText> now = parts_.store.Snapshot(action.loads ? parts_.temp_file : project);
+  const std::shared_ptr<const IniText> now =
+      parts_.store.Snapshot(action.loads ? transfer_->temporary()->path() : project);
   if (!action.loads && SentPart(before) != SentPart(*now)) return;
   if (now->bytes().empty()) return;
   const Status kept = parts_.copies.Keep(transfer_->settings(), now->bytes());

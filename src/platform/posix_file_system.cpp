@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "platform/descriptor.h"
-#include "platform/instance_lock.h"
 
 namespace tarvok {
 namespace {
@@ -73,15 +72,6 @@ class FolderLock : public FileLock {
 
  private:
   Descriptor folder_;  // closing it gives the lock back
-};
-
-class ClaimLock : public FileLock {
- public:
-  explicit ClaimLock(const std::string& path) : lock_(path) {}
-  bool held_elsewhere() const { return lock_.held_elsewhere(); }
-
- private:
-  InstanceLock lock_;
 };
 
 /** What a link leads to, seen from the link's own folder. */
@@ -203,7 +193,7 @@ Status PosixFileSystem::Rename(const std::string& from, const std::string& to, F
 }
 
 Status PosixFileSystem::Remove(const std::string& path) {
-  return ::unlink(path.c_str()) == 0 ? Status() : Failed(path, errno);
+  return std::remove(path.c_str()) == 0 ? Status() : Failed(path, errno);
 }
 
 Result<std::vector<std::string>> PosixFileSystem::List(const std::string& folder) {
@@ -234,10 +224,10 @@ Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path)
   return std::unique_ptr<FileLock>(std::move(lock));
 }
 
-Result<std::unique_ptr<FileLock>> PosixFileSystem::Claim(const std::string& path) {
-  auto lock = std::make_unique<ClaimLock>(ClaimFile(path));
-  if (lock->held_elsewhere()) return Status(ErrorKind::kExists, path + ": in use by another program");
-  return std::unique_ptr<FileLock>(std::move(lock));
+Result<std::string> PosixFileSystem::MakePrivateFolder(const std::string& parent) {
+  std::string path = parent + "/tarvok-XXXXXX";
+  if (::mkdtemp(path.data()) == nullptr) return Failed(parent, errno);
+  return path;
 }
 
 }  // namespace tarvok

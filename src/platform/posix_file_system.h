@@ -18,7 +18,7 @@ class PosixFileSystem : public FileSystem {
   Result<std::vector<std::string>> List(const std::string& folder) override;
   /** Locks the folder itself, so that nothing is left beside the project; waits at most two seconds. */
   Result<std::unique_ptr<FileLock>> Lock(const std::string& path) override;
-  Result<std::unique_ptr<FileLock>> Claim(const std::string& path) override;
+  Result<std::string> MakePrivateFolder(const std::string& parent) override;
 };
 
 }  // namespace tarvok

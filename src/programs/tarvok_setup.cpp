@@ -40,16 +40,6 @@ SendLog::Sink OpenLog() {
   return [file](std::string_view text) { file->Write(text); };
 }
 
-/** A folder of this user's data. */
-std::string DataFolder(std::string_view name) {
-  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  return InFolder(PathBytes(data + QStringLiteral("/Tarvok config")), name);
-}
-
-bool MakeFolder(const std::string& folder) {
-  return QDir().mkpath(PathText(folder));
-}
-
 /** The project to begin with, "" for none. */
 std::string ProjectArgument() {
   QCommandLineParser parser;
@@ -69,7 +59,8 @@ std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow&
       {"connect", MakeTransferFactory(parts, ConnectKind(), &window)},
       {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), &window)},
       {"billing", MakeTransferFactory(parts, BillingKind(), &window)},
-      {"about", [&window](const FormContext& context) { return MakeAboutForm(window, context); }}};
+      {"about",
+       [&](const FormContext& context) { return MakeAboutForm(window, context, ctl::SystemFileLine()); }}};
   for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, window);
   return forms;
 }
@@ -96,8 +87,8 @@ int Run(int argc, char** argv) {
   QtEventServer events;
   QtPortMaker ports(settings);
   SharedState state;
-  History history(files, DataFolder("history"), MakeFolder);
-  ExchangedCopies copies(files, DataFolder("exchanges"), MakeFolder);
+  History history(files, ctl::DataFolder("history"), ctl::MakeFolder);
+  ExchangedCopies copies(files, ctl::DataFolder("exchanges"), ctl::MakeFolder);
   ProjectKeeper keeper(history, [](const std::string& text) {
     ShowBox(QApplication::activeWindow(), QMessageBox::Warning, Words(text));
   });
@@ -108,13 +99,13 @@ int Run(int argc, char** argv) {
       .settings = settings,
       .state = state,
       .system_file = ctl::SystemFile(),
-      .temp_file = ctl::TemporaryProject(),
+      .temp_folder = ctl::TemporaryFolder(),
       .open_log = OpenLog,
       .history = history,
       .copies = copies,
       .keep = [&keeper](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
       .practice_program = InFolder(PathBytes(QCoreApplication::applicationDirPath()), "tarvok-exchange"),
-      .practice_folder = DataFolder("practice exchange")};
+      .practice_folder = ctl::DataFolder("practice exchange")};
   if (!project.empty()) parts.check.Begin(store.Snapshot(project));
   RecentFiles recent(settings);
   MainWindow window(parts);

@@ -68,7 +68,10 @@ class CommandLine {
   CommandLine(int& argc, char** argv) : argc_(argc), argv_(argv), store_(files_) {
     app_.require_subcommand(1);
     app_.failure_message(CLI::FailureMessage::simple);
-    app_.set_version_flag("--version", NameAndVersion());
+    app_.set_version_flag("--version", [this] {
+      const QCoreApplication application(argc_, argv_);
+      return NameAndVersion() + "\n" + SystemFileLine();
+    });
     app_.footer(
         "Exit status: 0 done, 1 the operation failed (the reason on standard error), 2 the command line is "
         "wrong.\n"

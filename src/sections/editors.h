@@ -14,6 +14,7 @@ struct Editor {
   std::string_view key;
   FormName name;
   std::unique_ptr<EditorForm> (*make)(const EditorContext& context, const FormName& name);
+  bool needs_system_file = false;  // it offers the countries that the system file lists
 };
 
 /** Every editor, in the order of the tree. */

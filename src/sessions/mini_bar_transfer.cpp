@@ -98,7 +98,7 @@ bool CopyToTemporary(Transfer& transfer) {
   FileSystem& files = transfer.store().files();
   const Result<std::string> open = files.Read(transfer.parts().project_file);
   if (!open.ok()) return transfer.Fail(open.status().message());
-  const Status copied = WriteWhole(files, transfer.parts().temp_file, open.value(), Flush::kLater);
+  const Status copied = WriteWhole(files, transfer.temporary()->path(), open.value(), Flush::kLater);
   return copied.ok() || transfer.Fail(copied.message());
 }
 

@@ -37,27 +37,16 @@ Status CopyTo(FileSystem& files, const std::string& from, const std::string& to,
 }  // namespace
 
 bool BeginTemporary(Transfer& transfer) {
-  FileSystem& files = transfer.store().files();
-  const std::string& file = transfer.parts().temp_file;
-  transfer.GiveBackTemporary();
-  Result<std::unique_ptr<FileLock>> claim = files.Claim(file);
-  if (!claim.ok()) {
-    return transfer.Fail(
-        file +
-        ": another load is using this file. Wait for its end; with another TMPDIR a load can run "
-        "beside it.");
-  }
-  transfer.KeepTemporary(std::move(claim).value());
-  if (files.Identify(file).exists) {
-    const Status removed = files.Remove(file);
-    if (!removed.ok()) return transfer.Fail(removed.message());
-  }
-  const Status made = files.WriteNew(file, {}, FileSystem::ClaimFile(file), Flush::kLater);
-  return made.ok() || transfer.Fail(made.message());
+  if (transfer.temporary() != nullptr) transfer.temporary()->Discard();
+  Result<std::unique_ptr<TemporaryProject>> made =
+      TemporaryProject::Make(transfer.store().files(), transfer.parts().temp_folder);
+  if (!made.ok()) return transfer.Fail(made.status().message());
+  transfer.set_temporary(std::move(made).value());
+  return true;
 }
 
 Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change) {
-  return transfer.store().Update(transfer.parts().temp_file, change, Flush::kLater);
+  return transfer.store().Update(transfer.temporary()->path(), change, Flush::kLater);
 }
 
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms) {
@@ -87,8 +76,11 @@ bool StoreLoaded(Transfer& transfer) {
   if (!target) return true;
   const TransferParts& parts = transfer.parts();
   const bool may_replace = parts.may_replace || *target != parts.load_target;
-  const Status copied = CopyTo(transfer.store().files(), parts.temp_file, *target, may_replace);
-  return copied.ok() || transfer.Fail(copied.message(), "; what was loaded lies in " + parts.temp_file);
+  const std::string& loaded = transfer.temporary()->path();
+  const Status copied = CopyTo(transfer.store().files(), loaded, *target, may_replace);
+  if (!copied.ok()) return transfer.Fail(copied.message(), "; what was loaded lies in " + loaded);
+  transfer.temporary()->Discard();
+  return true;
 }
 
 }  // namespace tarvok

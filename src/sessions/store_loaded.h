@@ -20,8 +20,8 @@ inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode
                                           .too_old = kSoftwareTooOldToLoad,
                                           .too_new = kSoftwareTooOldToLoad};
 
-/** Takes the temporary project for this load, removes what an earlier one left there, and makes it anew for the user alone.
- * One that another load uses, or that stays, is told, and the load does not begin. */
+/** Gives this load a temporary project of its own and drops that of the form's load before. If the temporary folder
+ * cannot be written, the user is told and the load does not begin. */
 bool BeginTemporary(Transfer& transfer);
 
 /** One write of changes to the temporary project. The disk has it whenever the system gets to it: the exchange need not

@@ -9,6 +9,7 @@
 #include "sessions/pace.h"
 #include "sessions/session_view.h"
 #include "sessions/session_words.h"
+#include "sessions/temporary_project.h"
 #include "shell/connection_settings.h"
 #include "store/project_store.h"
 
@@ -27,7 +28,7 @@ struct TransferParts {
   std::string project_file;  // whose settings connect and whose sections are sent
   std::string load_target;   // what a load replaces where the user says Yes: the open project, as a rule
   std::string system_file;   // holds the bench setting of the link
-  std::string temp_file;     // where a load builds its project
+  std::string temp_folder;   // where a load makes a private folder for its project
   bool may_replace = true;   // false: a load leaves a target that is there by its end as it is
 };
 
@@ -64,9 +65,9 @@ class Transfer {
     bool& calling_;
   };
   bool calling() const { return calling_; }
-  /** The temporary project is this session's until it is given back, or the form goes: the lock of a load. */
-  void KeepTemporary(std::unique_ptr<FileLock> lock) { temporary_ = std::move(lock); }
-  void GiveBackTemporary() { temporary_.reset(); }
+  /** The temporary project of the latest load; null before the first. It lasts until the next load or as long as the form. */
+  TemporaryProject* temporary() { return temporary_.get(); }
+  void set_temporary(std::unique_ptr<TemporaryProject> temporary) { temporary_ = std::move(temporary); }
   /** The form is closed by the user: every wait ends and the session unwinds without boxes. */
   void Abort() { waits_.Abort(); }
 
@@ -129,7 +130,7 @@ class Transfer {
   LinkMode mode_ = LinkMode::kServer;
   int version_ = 0;
   std::unique_ptr<ExchangeLine> line_;
-  std::unique_ptr<FileLock> temporary_;
+  std::unique_ptr<TemporaryProject> temporary_;
   TransferDirection direction_ = TransferDirection::kWrite;
   std::string started_;  // the progress text whose line is still open
   std::string reason_;

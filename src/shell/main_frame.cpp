@@ -143,8 +143,11 @@ void MainFrame::ClickNode(int node) {
   parts_.view.SetBusyPointer(true);
   state.ClickedNode = node;
   if (state.PreviousNode != 0) parts_.view.Highlight(state.PreviousNode, false);
-  if (command->needs_system_file && !parts_.store.files().Identify(parts_.system_file).exists) {
-    parts_.view.CriticalBox(kNoSystemFile);
+  const std::string missing = command->needs_system_file
+                                  ? ReadSystemFile(parts_.store, parts_.system_file).status().message()
+                                  : std::string();
+  if (!missing.empty()) {
+    parts_.view.CriticalBox(missing);
   } else if (OpenForm(*command)) {
     if (command->keeps_highlight && form_ != nullptr) parts_.view.Highlight(node, true);
   } else {

@@ -56,15 +56,14 @@ class FileSystem {
   virtual Status Overwrite(const std::string& path, std::string_view bytes) = 0;
   /** Replaces `to` at once; the folder is flushed, too. */
   virtual Status Rename(const std::string& from, const std::string& to, Flush flush) = 0;
+  /** Removes a file or an empty folder. */
   virtual Status Remove(const std::string& path) = 0;
   /** The names of what lies in a folder, in no order. */
   virtual Result<std::vector<std::string>> List(const std::string& folder) = 0;
   /** Keeps other writers of the folder of `path` out for a short time. */
   virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path) = 0;
-  /** Keeps `path` for this program as long as the lock is held: by ClaimFile, which the user alone may open and which
-   * stays. kExists where another program keeps it; where nothing can be locked, nobody does. */
-  virtual Result<std::unique_ptr<FileLock>> Claim(const std::string& path) = 0;
-  static std::string ClaimFile(const std::string& path) { return path + ".lock"; }
+  /** Makes a new folder in `parent` that only this user can open, and returns its path. An error names `parent`. */
+  virtual Result<std::string> MakePrivateFolder(const std::string& parent) = 0;
 };
 
 }  // namespace tarvok

@@ -22,11 +22,26 @@ std::string InFolder(const std::string& folder, std::string_view name) {
   return path.append(name);
 }
 
-Status NewDefault(ProjectStore& store, const std::string& system_file, const std::string& file) {
-  const Result<std::string> system = store.files().Read(system_file);
-  if (!system.ok()) return {system.status().kind(), std::string(kNoSystemFile)};
+Result<std::shared_ptr<const IniText>> ReadSystemFile(ProjectStore& store, const std::string& path) {
+  const auto unusable = [](ErrorKind kind, const std::string& why) {
+    return Status(kind, std::string(kNoSystemFile) + "\r\n" + why);
+  };
+  const Result<std::string> bytes = store.files().Read(path);
+  if (!bytes.ok()) {
+    const ErrorKind kind = bytes.status().kind();
+    if (kind == ErrorKind::kNotFound) return Status(kind, std::string(kNoSystemFile));
+    return unusable(kind, bytes.status().message());
+  }
+  auto text = std::make_shared<const IniText>(bytes.value());
+  if (IsProject(*text)) return std::shared_ptr<const IniText>(std::move(text));
+  return unusable(ErrorKind::kBadData, path + ": not a system file");
+}
 
-  const IniText text(system.value());
+Status NewDefault(ProjectStore& store, const std::string& system_file, const std::string& file) {
+  const Result<std::shared_ptr<const IniText>> system = ReadSystemFile(store, system_file);
+  if (!system.ok()) return system.status();
+
+  const IniText& text = *system.value();
   IniEdit edit(text);
   const std::int64_t countries = Val(text.Get(kCountrySection, "Cnt"));
   for (const std::string_view section : text.Sections()) {

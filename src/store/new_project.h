@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -7,7 +8,7 @@
 
 namespace tarvok {
 
-/** What the user is told where the system file is missing or can't be copied. */
+/** Shown if the system file is missing or unusable, or cannot be copied. */
 inline constexpr std::string_view kNoSystemFile =
     "Cannot find system file !!\r\nPlease reinstall program and try again.";
 
@@ -20,10 +21,15 @@ inline constexpr std::string_view kSystemFileName = "system.tvs";
 std::string InFolder(const std::string& folder, std::string_view name);
 
 /**
+ * The system file. An error has the text above as its message; for a file that exists but cannot be read or
+ * lacks the validity tag, the reason follows on a line of its own.
+ */
+Result<std::shared_ptr<const IniText>> ReadSystemFile(ProjectStore& store, const std::string& path);
+
+/**
  * Creates a project at `file` as a copy of the system file without its country table, in one write: an
- * existing file is replaced only once the copy is complete. A system file that can't be read, or a copy that
- * can't be written, gives the text above (the second with its cause behind it) and leaves everything as it
- * was.
+ * existing file is replaced only once the copy is complete. If the system file is unusable or the copy cannot
+ * be written, the message is that of ReadSystemFile, or its text followed by the reason, and nothing changes.
  */
 Status NewDefault(ProjectStore& store, const std::string& system_file, const std::string& file);
 

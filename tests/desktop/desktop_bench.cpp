@@ -75,7 +75,7 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
             .settings = settings,
             .state = state,
             .system_file = TARVOK_SOURCE_DIR "/data/system.tvs",
-            .temp_file = (folder / "outcfg.tvk").string(),
+            .temp_folder = folder.string(),
             .open_log = [this] { return [this](std::string_view text) { log += text; }; },
             .history = history,
             .copies = copies,
@@ -102,7 +102,9 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
        {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), window.get())},
        {"billing", MakeTransferFactory(parts, BillingKind(), window.get())},
        {"groupofhunt", [this](const FormContext&) { return std::make_unique<ShownForm>(*window, gone_to); }},
-       {"about", [this](const FormContext& context) { return MakeAboutForm(*window, context); }}}});
+       {"about", [this](const FormContext& context) {
+          return MakeAboutForm(*window, context, "System file: none");
+        }}}});
   window->Attach(*frame);
   frame->Start(false);
   window->show();

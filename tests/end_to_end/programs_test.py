@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
@@ -99,6 +100,50 @@ class Programs(unittest.TestCase):
         self.transfer(self.project(By=1), "--device", line)
         self.transfer(self.project(By=2, Tel="0123"), "--device", os.path.relpath(modem))
 
+    def test_two_loads_at_once(self):
+        work = self.work
+        runs = []
+        for mark in ("one", "two"):
+            self.work = work / mark
+            self.work.mkdir()
+            project = self.project_over(4, "lan")
+            ctl("set", project, "Name", "001", mark)
+            ctl("send", project, "--log", self.work / "l")
+            runs.append((self.work / "loaded.tvk", mark, [
+                BIN / "tarvokctl", "load", self.work / "loaded.tvk", "--using", project, "--log", self.work / "l"]))
+        temporary = work / "tmp"
+        temporary.mkdir()
+        environment = {**os.environ, "TARVOK_PASSWORD": "1234", "TMPDIR": str(temporary)}
+        started = [subprocess.Popen(command, stdout=subprocess.DEVNULL, env=environment) for _, _, command in runs]
+        self.assertEqual([run.wait(120) for run in started], [0, 0])
+        for loaded, mark, _ in runs:
+            self.assertEqual(ctl("get", loaded, "Name", "001")[0], mark + "\n")
+        self.assertEqual(list(temporary.iterdir()), [])
+
+    def test_where_the_system_file_is_found(self):
+        program, share, mine, machine = (self.work / "root" / name for name in ("bin", "share", "mine", "machine"))
+        program.mkdir(parents=True)
+        moved = shutil.copy(BIN / "tarvokctl", program)
+        environment = {**os.environ, "XDG_DATA_HOME": str(mine), "XDG_DATA_DIRS": str(machine)}
+
+        def run(*arguments):
+            done = subprocess.run([moved, *arguments], capture_output=True, text=True, env=environment, timeout=60)
+            return done.returncode, done.stdout + done.stderr
+
+        project = self.work / "new.tvk"
+        self.assertIn("system.tvs (not found)", run("--version")[1])
+        self.assertEqual(run("new", project)[0], 1)
+        project.write_bytes(HOTEL.read_bytes())
+        status, reason = run("edit", project, "frmBillingMode", "--script", os.devnull)
+        self.assertEqual((status, "Cannot find system file !!" in reason, reason.count("\n")), (1, True, 1))
+        for folder in (share / "tarvok", machine / "tarvok", mine / "tarvok", program):
+            folder.mkdir(parents=True, exist_ok=True)
+            found = pathlib.Path(shutil.copy(BIN / "system.tvs", folder))
+            self.assertIn(f"\nSystem file: {found}\n", run("--version")[1])
+            self.assertEqual(run("new", project, "--force"), (0, ""))
+        kept = [path.read_bytes() for path in mine.rglob("*") if path.is_file() and path.name != "system.tvs"]
+        self.assertIn(HOTEL.read_bytes(), kept)
+
     def test_side_sessions(self):
         project = self.project_over(4, "lan")
         log = ("--log", self.work / "l")
@@ -140,7 +185,7 @@ class Programs(unittest.TestCase):
             (1, "regular", ("new", fifo, "--force"), {}),
             (1, "regular", ("load", self.work, "--force", "--using", project, *log), {}),
             (1, "No such", ("load", self.work / "no" / "o", "--using", project, *log), {}),
-            (2, "builds", ("load", self.work / "outcfg.tvk", "--using", project, *log), {"TMPDIR": self.work}),
+            (1, "/proc: ", ("load", self.work / "o", "--using", project, *log), {"TMPDIR": "/proc"}),
             (2, "--log", ("send", project, "--log", project), {}),
             (2, "--log", ("send", project, "--password-file", secret, "--log", secret), {}),
             # An empty text names nothing, and letters must have a byte.

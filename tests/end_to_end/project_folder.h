@@ -69,8 +69,10 @@ class ProjectFolder : public ::testing::Test {
                        .project_file = Path("settings.tvk"),
                        .load_target = Path("p.tvk"),
                        .system_file = Path("system.tvs"),
-                       .temp_file = Path("outcfg.tvk")},
+                       .temp_folder = folder_.path().string()},
                       TransferForm::kConnect);
+    if (!BeginTemporary(transfer)) return 1;
+    if (std::rename(Path("loaded.tvk").c_str(), transfer.temporary()->path().c_str()) != 0) return 1;
     return StoreLoaded(transfer) && view.boxes.empty() ? 0 : 1;
   }
   int SetByCommand() const {
@@ -118,7 +120,7 @@ class ProjectFolder : public ::testing::Test {
     before_ = ProjectOf(size, "before");
     Write(Path("p.tvk"), before_);
     Write(Path("system.tvs"), ProjectOf(size, "system"));
-    Write(Path("outcfg.tvk"), ProjectOf(size, "loaded"));
+    Write(Path("loaded.tvk"), ProjectOf(size, "loaded"));
     Write(Path("settings.tvk"), "[Chk_Tarvok]\r\nBPS=9600\r\n");
   }
 

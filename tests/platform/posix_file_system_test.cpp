@@ -82,11 +82,17 @@ TEST_F(Files, OnlyRegularFilesAreReplaced) {
   EXPECT_FALSE(CanWriteWhole(files_, Path("none/new")).ok());
 }
 
-TEST_F(Files, AClaimKeepsOthersOff) {
-  const auto held = files_.Claim(Path("outcfg.tvk"));
-  EXPECT_TRUE(held.ok());
-  EXPECT_EQ(files_.Claim(Path("outcfg.tvk")).status().kind(), ErrorKind::kExists);
-  EXPECT_EQ(Mode(FileSystem::ClaimFile(Path("outcfg.tvk"))), 0600U);
+TEST_F(Files, APrivateFolderIsNewAndOnlyForItsUser) {
+  const auto first = files_.MakePrivateFolder(Path(""));
+  const auto second = files_.MakePrivateFolder(Path(""));
+  ASSERT_TRUE(first.ok() && second.ok());
+  EXPECT_NE(first.value(), second.value());
+  EXPECT_EQ(Mode(first.value()), 0700U);
+  Write(first.value() + "/x", "");
+  EXPECT_FALSE(files_.Remove(first.value()).ok());
+  EXPECT_TRUE(files_.Remove(first.value() + "/x").ok() && files_.Remove(first.value()).ok());
+  EXPECT_THAT(files_.MakePrivateFolder(Path("none")).status().message(),
+              testing::StartsWith(Path("none") + ": "));
 }
 
 TEST_F(Files, ALogTellsItsFirstErrorAndSharesItsFileWithNobody) {

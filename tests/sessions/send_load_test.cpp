@@ -276,13 +276,13 @@ TEST(LoadConfiguration, WhereTheProjectGoes) {
                                          "Get All Config Finished.\r\nDo you want to replace current file?",
                                          "File already exist, Do you want to replace?"}));
   EXPECT_EQ(bench.files.Bytes("/p/taken.tvk"), "old");
-  EXPECT_EQ(bench.files.Bytes("/p/new.tvk"), bench.files.Bytes(SessionBench::kTemp));
+  EXPECT_FALSE(bench.files.files.contains(SessionBench::kTemp));
 
   bench.view = {};
   bench.view.answers = {true, false};
   EXPECT_TRUE(bench.Run(LoadConfiguration));
   EXPECT_EQ(bench.Project(), before);
-  EXPECT_TRUE(bench.files.files.contains(SessionBench::kTemp));
+  EXPECT_EQ(bench.files.Bytes("/t/2/outcfg.tvk"), bench.files.Bytes("/p/new.tvk"));
 }
 
 TEST(LoadConfiguration, SaysWhichListIsCutAndGoesOn) {
@@ -310,7 +310,7 @@ TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
                  .project_file = SessionBench::kProject,
                  .load_target = "/p/out.tvk",
                  .system_file = {},
-                 .temp_file = SessionBench::kTemp,
+                 .temp_folder = "/t",
                  .may_replace = false},
                 TransferForm::kConnect);
   EXPECT_FALSE(LoadConfiguration(form));
@@ -328,27 +328,29 @@ TEST(LoadConfiguration, EndsWhenTheConnectionIsClosed) {
   }
 }
 
-TEST(LoadConfiguration, IsRefusedWhileAnotherOneRuns) {
+TEST(LoadConfiguration, BuildsItsProjectInAFolderOfItsOwn) {
   SessionBench bench(4);
-  bench.files.Put(SessionBench::kTemp, "of the other");
-  bench.files.claimed_elsewhere = true;
-  for (const auto session : {LoadConfiguration, LoadMiniBarList}) {
+  const auto no_connection = [&](bool (*session)(Transfer&)) {
     bench.view = {};
     EXPECT_FALSE(bench.Run(session));
-    EXPECT_THAT(bench.view.boxes, testing::ElementsAre(HasSubstr("another load")));
+    EXPECT_EQ(bench.view.boxes, Boxes{"/t: made to fail"});
     EXPECT_EQ(bench.view.log, "");
+  };
+  for (const auto session : {LoadConfiguration, LoadMiniBarList}) {
+    bench.Value("Chk_Tarvok", "By");  // read before: the folder is the next call
+    bench.files.fail_at = bench.files.calls + 1;
+    no_connection(session);
   }
-  EXPECT_EQ(bench.files.Bytes(SessionBench::kTemp), "of the other");
-}
-
-TEST(LoadConfiguration, AnOldTemporaryProjectThatStaysIsToldBeforeTheConnection) {
-  SessionBench bench(4);
-  bench.files.Put(SessionBench::kTemp, "old");
-  bench.Value("Chk_Tarvok", "By");  // read before: the removal is the next call
-  bench.files.fail_at = bench.files.calls + 1;
-  EXPECT_FALSE(bench.Run(LoadConfiguration));
-  EXPECT_EQ(bench.view.boxes, Boxes{std::string(SessionBench::kTemp) + ": made to fail"});
-  EXPECT_EQ(bench.view.log, "");
+  bench.view = {};
+  EXPECT_TRUE(bench.Run([&](Transfer& first) {
+    EXPECT_TRUE(BeginTemporary(first));
+    EXPECT_TRUE(UpdateTemporary(first, [](IniEdit& edit) { edit.Set("a", "k", "first"); }).ok());
+    Transfer second(first.parts(), TransferForm::kMiniBar);
+    EXPECT_TRUE(BeginTemporary(second));
+    EXPECT_TRUE(UpdateTemporary(second, [](IniEdit& edit) { edit.Set("a", "k", "second"); }).ok());
+    return StoreLoaded(first);
+  }));
+  EXPECT_EQ(bench.Value("a", "k"), "first");
 }
 
 /** Counts the messages of a LAN that leave in the same millisecond as an OK of the tool in front of them. */

@@ -239,9 +239,13 @@ TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
   }
   bench.ClickKey("boss");
   bench.Did();
+  const std::string no_system = kNoSystemBox;
+  bench.files.Put(kSystem, "");
+  bench.ClickKey("billingmode");
+  EXPECT_THAT(bench.Did(), ElementsAre(no_system + "\r\n" + kSystem + ": not a system file"));
   bench.files.files.erase(kSystem);
   bench.ClickKey("billingmode");
-  EXPECT_THAT(bench.Did(), ElementsAre(kNoSystemBox));
+  EXPECT_THAT(bench.Did(), ElementsAre(no_system));
   EXPECT_EQ(bench.state.ActiveFormName, "frmBoss");
   EXPECT_EQ(bench.state.PreviousNode, 25);
   bench.ClickKey("ext");

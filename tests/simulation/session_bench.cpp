@@ -70,7 +70,7 @@ bool SessionBench::Run(const std::function<bool(Transfer&)>& session, TransferFo
                  .project_file = kProject,
                  .load_target = kProject,
                  .system_file = "/s/system.tvs",
-                 .temp_file = kTemp},
+                 .temp_folder = "/t"},
                 form);
   transfer = &open;
   const bool done = session(open);

@@ -56,7 +56,8 @@ class RecordingView : public SessionView {
 class SessionBench : public PortMaker {
  public:
   static constexpr const char* kProject = "/p/hotel.tvk";
-  static constexpr const char* kTemp = "/t/outcfg.tvk";
+  /** The temporary project of the first load. */
+  static constexpr const char* kTemp = "/t/1/outcfg.tvk";
 
   /** `by` is the project's key "By"; the project is the example hotel. */
   explicit SessionBench(int by, int version = 110, LineConditions conditions = {});

@@ -23,7 +23,6 @@ class MemoryFiles : public FileSystem {
   ErrorKind fail_kind = ErrorKind::kNoSpace;
   bool fail_for_good = false;  // all later calls fail as well: the process is gone
   bool read_only_folder = false;
-  bool claimed_elsewhere = false;
   std::string unreadable;  // a path
   int calls = 0;
   int reads = 0;
@@ -85,9 +84,9 @@ class MemoryFiles : public FileSystem {
     if (Fails()) return Error(path);
     return std::make_unique<FileLock>();
   }
-  Result<std::unique_ptr<FileLock>> Claim(const std::string& path) override {
-    if (claimed_elsewhere) return Status(ErrorKind::kExists, path);
-    return std::make_unique<FileLock>();
+  Result<std::string> MakePrivateFolder(const std::string& parent) override {
+    if (Fails()) return Error(parent);
+    return parent + "/" + std::to_string(++private_folders_);
   }
 
  private:
@@ -97,6 +96,7 @@ class MemoryFiles : public FileSystem {
   }
   Status Error(const std::string& path) const { return {fail_kind, path + ": made to fail"}; }
 
+  int private_folders_ = 0;
   std::uint64_t last_inode_ = 0;
   std::int64_t clock_ = 0;
 };

@@ -83,14 +83,28 @@ TEST(ProjectStore, WritesInPlaceWhereTheFolderTakesNoNewFile) {
   EXPECT_FALSE(store.SetIniValue("/p/other.tvk", "a", "k", "2").ok());
 }
 
-TEST(NewDefault, ThatCanNotBeWrittenKeepsTheOldFile) {
-  MemoryFiles files;
-  files.Put(kHotel, "old");
-  files.Put("/s/system.tvs", "[Chk_Tarvok]\r\n");
-  ProjectStore store(files);
-  files.fail_at = 3;  // the write
-  EXPECT_TRUE(NewDefault(store, "/s/system.tvs", kHotel).message().starts_with(kNoSystemFile));
-  EXPECT_EQ(files.Bytes(kHotel), "old");
+TEST(NewDefault, KeepsTheOldFileUnlessAGoodCopyCanBeWritten) {
+  const std::string good = "[Chk_Tarvok]\r\nChk=Tarvok\r\n";
+  const std::tuple<const char*, std::string, int> cases[] = {
+      {"write fails", good, 3},
+      {"cannot be read", good, 1},
+      {"empty", "", 0},
+      {"no tag", "[Chk_Tarvok]\r\n", 0},
+      {"foreign",
+       "\x7f"
+       "ELF\x02\x01",
+       0},
+  };
+  for (const auto& [name, system, fail_at] : cases) {
+    MemoryFiles files;
+    files.Put(kHotel, "old");
+    files.Put("/s/system.tvs", system);
+    ProjectStore store(files);
+    files.fail_at = fail_at;
+    const Status made = NewDefault(store, "/s/system.tvs", kHotel);
+    EXPECT_TRUE(made.message().starts_with(std::string(kNoSystemFile) + "\r\n")) << name << made.message();
+    EXPECT_EQ(files.Bytes(kHotel), "old") << name;
+  }
 }
 
 TEST(RecentFiles, KeepsTheLatestFirst) {

@@ -14,6 +14,7 @@
 #include "sections/editors.h"
 #include "shell/editor/form_script.h"
 #include "shell/editor/table_form.h"
+#include "store/new_project.h"
 
 namespace tarvok::ctl {
 namespace {
@@ -71,6 +72,10 @@ int Edit(ProjectStore& store, const std::string& system_file, const std::string&
   if (editor == nullptr) return Misused("unknown form " + form + "; edit --help lists them");
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, project);
   if (!text.ok()) return Fail(text.status().message());
+  if (editor->needs_system_file) {
+    const Status usable = ReadSystemFile(store, system_file).status();
+    if (!usable.ok()) return Fail(usable.message());
+  }
   std::stringstream file;
   if (!script.empty() && !ReadWhole(script, file)) return Fail("cannot read " + script);
   ScriptedQuestions questions([](std::string_view line) { std::cout << TerminalLine(line) << '\n'; });

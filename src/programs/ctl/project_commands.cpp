@@ -1,13 +1,16 @@
 #include "programs/ctl/project_commands.h"
 
+#include <ctime>
 #include <iostream>
 #include <optional>
 #include <string_view>
 
 #include "programs/ctl/exit_status.h"
+#include "programs/ctl/places.h"
 #include "programs/ctl/terminal_text.h"
 #include "sections/registry.h"
 #include "store/header_keys.h"
+#include "store/history.h"
 #include "store/new_project.h"
 #include "store/whole_write.h"
 
@@ -40,6 +43,13 @@ void PrintPlanRow(std::string_view kind, std::string_view step, std::string_view
   std::cout << section << '\t' << rest << '\n';
 }
 
+/** Adds the project to its earlier versions. A failure is only mentioned: the command goes on. */
+void KeepVersion(ProjectStore& store, const std::string& project, std::string_view reason) {
+  History history(store.files(), DataFolder("history"), MakeFolder);
+  const Status kept = history.Keep(project, reason, std::time(nullptr));
+  if (!kept.ok()) Tell("the earlier version could not be kept: " + kept.message());
+}
+
 }  // namespace
 
 Result<std::shared_ptr<const IniText>> OpenProject(ProjectStore& store, const std::string& project) {
@@ -59,6 +69,12 @@ int New(ProjectStore& store, const std::string& system_file, const std::string& 
   if (IsSameFile(store.files(), system_file, project)) {
     return Misused(project + ": is the system file, from which projects are made");
   }
+  // Nothing is added to the history unless the new project can be made.
+  const Status usable = ReadSystemFile(store, system_file).status();
+  if (!usable.ok()) return Fail(usable.message());
+  if (const Status writable = CanWriteWhole(store.files(), project); !writable.ok())
+    return Fail(writable.message());
+  KeepVersion(store, project, kBeforeNew);
   const Status created = NewDefault(store, system_file, project);
   return created.ok() ? kDone : Fail(created.message());
 }

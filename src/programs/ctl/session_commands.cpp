@@ -45,9 +45,7 @@ std::string_view FirstLogLine(TransferForm form) {
 
 /** The history may replace nothing that the session reads or makes. */
 std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& options) {
-  const std::string temporary = TemporaryProject();
-  std::vector<std::string> all = {job.project, options.password_file,           SystemFile(), job.load_target,
-                                  temporary,   FileSystem::ClaimFile(temporary)};
+  std::vector<std::string> all = {job.project, options.password_file, SystemFile(), job.load_target};
   if (!job.folder.empty()) {
     const Result<std::vector<std::string>> names = files.List(job.folder);
     if (names.ok()) {
@@ -102,7 +100,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
                      .project_file = job.project,
                      .load_target = job.load_target,
                      .system_file = SystemFile(),
-                     .temp_file = TemporaryProject(),
+                     .temp_folder = TemporaryFolder(),
                      .may_replace = job.may_replace},
                     job.form);
   stopped = [&] { return transfer.waits().aborted(); };
@@ -143,10 +141,6 @@ int Load(ProjectStore& store, const std::string& out, const std::string& project
   FileSystem& files = store.files();
   if (!force && files.Identify(out).exists) {
     return Fail(out + ": the file exists already; --force replaces it");
-  }
-  const std::string temporary = TemporaryProject();
-  for (const std::string* file : {&out, &project}) {
-    if (IsSameFile(files, *file, temporary)) return Misused(*file + ": is where a load builds its project");
   }
   if (!options.password_file.empty() && IsSameFile(files, out, options.password_file)) {
     return Misused(out + ": is the file of the password");

@@ -14,7 +14,10 @@ std::span<const Editor> SystemEditors() {
   static constexpr Editor kEditors[] = {
       {"systemconfig", {"frmSystemConfig", "frmSystemConfig", "System Configuration"}, Make<frmSystemConfig>},
       {"pabxmode", {"frmPABXMode", "frmPABXMode", "PABX Mode"}, Make<frmPABXMode>},
-      {"billingmode", {"frmBillingMode", "frmBillingMode", "Billing Mode"}, Make<frmBillingMode>},
+      {.key = "billingmode",
+       .name = {"frmBillingMode", "frmBillingMode", "Billing Mode"},
+       .make = Make<frmBillingMode>,
+       .needs_system_file = true},
       {"minibar", {"frmMiniBar", "frmMiniBar", "Mini Bar"}, Make<frmMiniBar>},
       {"runscript", {"frmRunScript", "frmRunScript", "Run Script"}, Make<frmRunScript>},
       {"setip", {"frmSetIP", "frmSetIP", "IP PBX"}, Make<frmSetIP>},
