@@ -72,7 +72,8 @@ void SerialPortChoice::ShowDevice() {
     device_->setEditText({});
     return;
   }
-  const QString path = PathText(SerialDevice(settings_, port_->currentIndex() + 1));
+  shown_device_ = SerialDevice(settings_, port_->currentIndex() + 1);
+  const QString path = PathText(shown_device_);
   const int item = device_->findData(path);
   if (item >= 0) {
     device_->setCurrentIndex(item);
@@ -104,8 +105,7 @@ void SerialPortChoice::KeepDevice() {
   if (port_->currentIndex() < 0) return;
   const int number = port_->currentIndex() + 1;
   const std::string path = PathBytes(DevicePath());
-  if (path != SerialDevice(settings_, number))
-    settings_.Set(kSerialPortsGroup, SerialDeviceKey(number), path);
+  if (path != shown_device_) settings_.Set(kSerialPortsGroup, SerialDeviceKey(number), path);
 }
 
 }  // namespace tarvok

@@ -31,6 +31,7 @@ class SerialPortChoice : public QWidget {
   SettingsStore& settings_;
   QComboBox* port_ = nullptr;
   QComboBox* device_ = nullptr;
+  std::string shown_device_;  // as it was before the user changed it
   QLabel* hint_ = nullptr;
 };
 

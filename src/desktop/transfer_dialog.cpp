@@ -111,6 +111,11 @@ void TransferDialog::Leave() {
 }
 
 bool TransferDialog::Unload() {
+  if (running_ != nullptr) {
+    Advise("The program cannot end during a transfer. Exit again when it is over.");
+    return false;
+  }
+  for (QDialog* above : findChildren<QDialog*>()) above->reject();
   Leave();
   return !isVisible();
 }

@@ -31,12 +31,13 @@ namespace tarvok {
  */
 class TransferDialog : public QDialog, public SessionView, public Form {
  public:
-  TransferDialog(DesktopParts& parts, const TransferKind& kind, QWidget* window);
+  TransferDialog(DesktopParts& parts, const TransferKind& kind, const FormContext& context, QWidget* window);
   ~TransferDialog() override;
 
   std::string_view name() const override { return kind_.name; }
   void Show() override { exec(); }
   bool Save_File() override { return true; }
+  /** Refused during a session, with a line that says so; an idle form closes, along with a dialog open over it. */
   bool Unload() override;
 
   void Log(std::string_view text) override;

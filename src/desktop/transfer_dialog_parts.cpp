@@ -20,7 +20,8 @@ constexpr const char* kNoFolderYet = "C:\\";
 
 }  // namespace
 
-TransferDialog::TransferDialog(DesktopParts& parts, const TransferKind& kind, QWidget* window)
+TransferDialog::TransferDialog(DesktopParts& parts, const TransferKind& kind, const FormContext& context,
+                               QWidget* window)
     : QDialog(window),
       parts_(parts),
       kind_(kind),
@@ -42,6 +43,8 @@ TransferDialog::TransferDialog(DesktopParts& parts, const TransferKind& kind, QW
   layout->addLayout(body, 1);
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
           [this] { ShowHelp(this, kind_.name); });
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
+          context.exit_program);
   resize(760, 520);
   OpenTransfer();
   idle_controls_.front()->setFocus();

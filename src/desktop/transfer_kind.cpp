@@ -74,8 +74,8 @@ const TransferKind& BillingKind() {
 }
 
 FormFactory MakeTransferFactory(DesktopParts& parts, const TransferKind& kind, QWidget* window) {
-  return [&parts, &kind, window](const FormContext&) -> std::unique_ptr<Form> {
-    return std::make_unique<TransferDialog>(parts, kind, window);
+  return [&parts, &kind, window](const FormContext& context) -> std::unique_ptr<Form> {
+    return std::make_unique<TransferDialog>(parts, kind, context, window);
   };
 }
 

@@ -99,7 +99,9 @@ bool MainFrame::Close() {
 
 bool MainFrame::MayEnd() {
   const Running running(running_);
-  return running.first() && CloseOpenForm();
+  if (running.first()) return CloseOpenForm();
+  if (modal_ && form_->Unload()) ends_ = true;
+  return false;
 }
 
 void MainFrame::ExitProgram() {
@@ -136,6 +138,11 @@ bool MainFrame::LeaveForm(std::string_view name) {
 }
 
 void MainFrame::ClickNode(int node) {
+  RunCommand(node);
+  if (std::exchange(ends_, false)) ExitProgram();
+}
+
+void MainFrame::RunCommand(int node) {
   const Running running(running_);
   const Command* command = CommandOfNode(node);
   SharedState& state = parts_.state;
@@ -204,7 +211,9 @@ void MainFrame::ShowForm(const Command& command) {
   state.ActiveFormName = form_->name();
   parts_.view.SetBusyPointer(false);  // it is shown while a form loads, not while a modal one works
   if (command.mode == ShowMode::kModal) {
+    modal_ = true;
     form_->Show();
+    modal_ = false;
     DropForm();
     ShowLook();
   } else {

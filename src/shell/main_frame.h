@@ -54,7 +54,10 @@ class MainFrame {
   bool Close();
   /** `mnu_exit`. */
   void ExitProgram();
-  /** Before the window goes, whatever makes it go: changes are saved. False if the form stays. */
+  /**
+   * Called before the window closes for any reason; changes are saved. False if the program cannot end yet. A modal form
+   * that is idle closes first, and the program ends by itself right after.
+   */
   bool MayEnd();
   void ClickNode(int node);
   /** Opens the command's form as a click on its node does, or finds it open, and has it show the place. False
@@ -70,6 +73,7 @@ class MainFrame {
  private:
   class Running;
 
+  void RunCommand(int node);
   /** False if a form that is open did not give way, or the project's file did not stay. */
   bool OpenForm(const Command& command);
   void ShowForm(const Command& command);
@@ -83,6 +87,8 @@ class MainFrame {
   Parts parts_;
   std::unique_ptr<Form> form_;
   bool running_ = false;  // a command is at work; a second click in its middle is dropped
+  bool modal_ = false;    // the open form is modal and shown
+  bool ends_ = false;     // the program was asked to end, and does once the modal form is closed
 };
 
 }  // namespace tarvok

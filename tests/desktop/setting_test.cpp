@@ -128,6 +128,13 @@ TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   EXPECT_EQ(bench.Value("CUT"), "1");
   EXPECT_EQ(bench.Value("Port"), "2");
   EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/pbx");
+
+  // Serial line and modem are both on Com2, and the modem's hidden list still shows the device from before.
+  bench.Put("PortM", "2");
+  Open();
+  Get<QComboBox>("cmbPortDevice")->setEditText(QStringLiteral("/dev/other"));
+  Click("cmdApply");
+  EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/other");
 }
 
 /** Rights are asked of the real user. A test that runs as root lends that place to nobody. */

@@ -141,6 +141,43 @@ TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
   EXPECT_EQ(bench.Value("Chk"), "TARVOK");
 }
 
+/** SIGTERM and a logout close the main window; a person presses Ctrl+Q. */
+TEST(Transfer, TheProgramEndsFromAnIdleFormAndStaysDuringASession) {
+  const auto exit = [](OpenedBench& bench, bool by_key) -> Script::Step {
+    return [&bench, by_key] {
+      QWidget* form = Modal("frmConnect");
+      if (form == nullptr) form = Modal("frmSetting");
+      if (form == nullptr || !form->isVisible()) return false;
+      QApplication::setActiveWindow(form);  // shortcuts want an active window
+      if (by_key) QTest::keyClick(form, Qt::Key_Q, Qt::ControlModifier);
+      if (!by_key) bench.window->close();
+      return true;
+    };
+  };
+  for (const bool by_key : {true, false}) {
+    OpenedBench idle;
+    idle.Do("connect", {exit(idle, by_key)});
+    EXPECT_FALSE(idle.window->isVisible());
+    EXPECT_EQ(idle.state.ActiveFormName, "");
+
+    OpenedBench busy(DesktopBench::Line::kSilent);
+    QString advice;
+    busy.Do("connect", {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes),
+                        LogHas("frmConnect", "Send set mode..."), exit(busy, by_key),
+                        [&] {
+                          const auto* label = Modal("frmConnect")->findChild<QLabel*>("Advice");
+                          advice = label->isVisible() ? label->text() : QString();
+                          return true;
+                        },
+                        CloseWindow("frmConnect")});
+    EXPECT_THAT(advice.toStdString(), HasSubstr("during a transfer"));
+    EXPECT_TRUE(busy.window->isVisible());
+  }
+  OpenedBench bench;
+  bench.Do("connect", {ClickIn("frmConnect", "cmdSetting"), exit(bench, false)});
+  EXPECT_FALSE(bench.window->isVisible());
+}
+
 TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
   const std::pair<const char*, bool> cases[] = {
       {"TRACELY7", true}, {"tracely7", false}, {"xTRACELY7", false}};

@@ -1,5 +1,6 @@
 #include "shell/main_frame.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -106,6 +107,10 @@ class Bench : public MainFrameView {
     const Command& command_;
   };
 };
+
+const Command& CommandOf(std::string_view key) {
+  return *std::ranges::find(kCommands, key, &Command::key);
+}
 
 FrameLook NoProject() {
   return {" --= Tarvok Setup 2.36 =-- ", false, true, false, false};
@@ -308,6 +313,7 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
     bench.ClickKey("boss");
     bench.Did();
     bench.while_modal = [&] {
+      bench.unloads = false;  // it is at work
       EXPECT_EQ(bench.look, Project("/a.tvk")) << "the editor behind it is gone";
       bench.ClickKey("ext");
       bench.frame->OpenRecent(1);
@@ -315,10 +321,18 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
       bench.frame->ExitProgram();
       bench.frame->CloseActiveForm(bench.state.ActiveFormName);
       EXPECT_NE(bench.state.ActiveFormName, "");
+      bench.unloads = true;
     };
     bench.ClickKey(key);
     EXPECT_EQ(bench.did.size(), 3U) << key;  // the editor gone, then loaded and gone, once each
     EXPECT_EQ(bench.look, Project("/a.tvk"));
+    bench.Did();
+    bench.while_modal = [&] {
+      EXPECT_FALSE(bench.frame->MayEnd()) << "its own loop still runs";
+    };
+    bench.ClickKey(key);
+    EXPECT_THAT(bench.Did(), ElementsAre("load " + std::string(CommandOf(key).recorded), "gone", "end"));
+    bench.while_modal = {};
     bench.ClickKey("ext");
     EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
     bench.unloads = false;  // a form with a wait of its own under way
