@@ -42,6 +42,7 @@ struct Arguments {
   bool link_table = false;
   bool ip = false;
   bool mini_bar = false;
+  bool show_secrets = false;
   SessionOptions session;
 };
 
@@ -131,10 +132,12 @@ class CommandLine {
                               [this] { return Check(store_, arguments_.project); });
     AddText(check, "PROJECT", arguments_.project, "project file")->required();
 
-    CLI::App* diff = Command("diff", "tell what differs between two projects",
-                             [this] { return Diff(store_, arguments_.project, arguments_.other); });
+    CLI::App* diff = Command("diff", "tell what differs between two projects", [this] {
+      return Diff(store_, arguments_.project, arguments_.other, arguments_.show_secrets);
+    });
     AddText(diff, "A", arguments_.project, "project file")->required();
     AddText(diff, "B", arguments_.other, "project file to compare it with")->required();
+    diff->add_flag("--show-secrets", arguments_.show_secrets, "show passwords, not only that they changed");
     diff->footer("Exit status: 0 same, 1 different, 2 not comparable.");
 
     CLI::App* edit =

@@ -98,7 +98,9 @@ class TableCheck {
     }
     std::string wrong = WrongValue(*field, text);
     if (wrong.empty()) wrong = WrongTarget(project_, *field, text);
-    if (!wrong.empty()) Add(NameOf(row, n), std::move(wrong));
+    if (wrong.empty()) return;
+    // What is wrong begins with the value, and may quote a character of it.
+    Add(NameOf(row, n), field->secret ? std::string(kHiddenValue) + " is not valid" : std::move(wrong));
   }
 
   void CheckMembers(const RowFields& row) {

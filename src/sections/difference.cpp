@@ -31,7 +31,7 @@ struct Side {
 class TableDifference {
  public:
   TableDifference(const IniText& first, const IniText& second, const Table& table, const AllMatches& matches,
-                  std::vector<Difference>& found)
+                  Secrets secrets, std::vector<Difference>& found)
       : first_(first),
         second_(second),
         table_(table),
@@ -39,6 +39,7 @@ class TableDifference {
         rows_(matches.at(&table)),
         any_moved_(std::any_of(matches.begin(), matches.end(),
                                [](const auto& match) { return match.second.moved(); })),
+        secrets_(secrets),
         found_(found) {}
 
   void Run() {
@@ -141,7 +142,12 @@ class TableDifference {
   std::string ShownField(const Side& side, int n) const {
     if (!side.fields.IsSet(n)) return {};
     const Field* field = side.fields.StatementOf(n);
+    if (IsHidden(field)) return std::string(kShownSecret);
     return field == nullptr ? std::string(side.fields[n]) : Shown(side.project, *field, side.fields[n]);
+  }
+
+  bool IsHidden(const Field* field) const {
+    return field != nullptr && field->secret && secrets_ == Secrets::kHidden;
   }
 
   /** A reference is the same if it names the same row, whatever now stands there. */
@@ -167,6 +173,8 @@ class TableDifference {
     if (MeaningThere(a, n) == MeaningOf(b, n)) return;
     const std::string before = ShownField(a, n);
     const std::string after = ShownField(b, n);
+    if (before == kShownSecret && before == after)
+      return AddIfDifferent(NameOf(a, n), before, std::string(kShownOtherSecret));
     const bool same_words = before == after;  // two rows that look alike: the numbers tell them apart
     AddIfDifferent(NameOf(a.fields.IsSet(n) ? a : b, n), same_words ? MeaningOf(a, n) : before,
                    same_words ? MeaningOf(b, n) : after);
@@ -202,6 +210,7 @@ class TableDifference {
   const AllMatches& matches_;
   const RowMatches& rows_;
   const bool any_moved_;
+  const Secrets secrets_;
   std::vector<Difference>& found_;
   std::string row_;
 };
@@ -209,9 +218,11 @@ class TableDifference {
 /** Keys that no row or single key of a statement is, the counts of rows among them. */
 class OtherKeys {
  public:
-  OtherKeys(const IniText& first, const IniText& second, std::vector<Difference>& found)
+  OtherKeys(const IniText& first, const IniText& second, Secrets secrets, std::vector<Difference>& found)
       : first_(first), second_(second), found_(found) {
     for (const Table* table : Tables()) {
+      const bool has_secrets = std::ranges::any_of(table->fields, &Field::secret);
+      if (has_secrets && secrets == Secrets::kHidden) hidden_.insert(FoldName(table->section));
       const int last = table->single() ? table->rows.first : table->rows.last;
       std::set<std::string>& keys = stated_[FoldName(table->section)];
       for (int number = table->rows.first; number <= last; ++number)
@@ -234,13 +245,17 @@ class OtherKeys {
       const std::string before(first_.Get(section, key.name));
       const std::string after(second_.Get(section, key.name));
       if (before == after) continue;
-      found_.push_back({in_first && in_second ? Kind::kField
-                        : in_first            ? Kind::kOnlyInFirst
-                                              : Kind::kOnlyInSecond,
-                        std::string(section).append(" ").append(key.name),
-                        {},
-                        before,
-                        after});
+      // A row with a number too high holds its secrets like any other.
+      const bool hidden =
+          hidden_.contains(FoldName(section)) && !SameName(key.name, kMaxKey) && !SameName(key.name, kNowKey);
+      found_.push_back(
+          {in_first && in_second ? Kind::kField
+           : in_first            ? Kind::kOnlyInFirst
+                                 : Kind::kOnlyInSecond,
+           std::string(section).append(" ").append(key.name),
+           {},
+           hidden && in_first ? std::string(kShownSecret) : before,
+           hidden && in_second ? std::string(in_first ? kShownOtherSecret : kShownSecret) : after});
     }
   }
 
@@ -248,16 +263,17 @@ class OtherKeys {
   const IniText& second_;
   std::vector<Difference>& found_;
   std::map<std::string, std::set<std::string>> stated_;  // by section, all names folded
+  std::set<std::string> hidden_;                         // sections whose unknown keys are not shown
 };
 
 }  // namespace
 
-std::vector<Difference> CompareProjects(const IniText& first, const IniText& second) {
+std::vector<Difference> CompareProjects(const IniText& first, const IniText& second, Secrets secrets) {
   std::vector<Difference> found;
   AllMatches matches;
   for (const Table* table : Tables()) matches.try_emplace(table, first, second, *table);
-  for (const Table* table : Tables()) TableDifference(first, second, *table, matches, found).Run();
-  OtherKeys(first, second, found).Run();
+  for (const Table* table : Tables()) TableDifference(first, second, *table, matches, secrets, found).Run();
+  OtherKeys(first, second, secrets, found).Run();
   return found;
 }
 

@@ -21,10 +21,17 @@ struct Difference {
 
 /** What a value that is not set looks like. */
 inline constexpr std::string_view kShownBlank = "(blank)";
+/** A secret value, and after it another one. */
+inline constexpr std::string_view kShownSecret = "(set)";
+inline constexpr std::string_view kShownOtherSecret = "(changed)";
+
+/** Whether differences show the values of secret fields, or only that they changed. */
+enum class Secrets { kHidden, kShown };
 
 /** All differences, in the order of a project's sections and rows, a table's rows that moved in front. A row that
  * stands elsewhere is compared with itself, and what refers to it follows it. Values that mean the same do not differ;
  * nor do the spellings of the header's tag. */
-std::vector<Difference> CompareProjects(const IniText& first, const IniText& second);
+std::vector<Difference> CompareProjects(const IniText& first, const IniText& second,
+                                        Secrets secrets = Secrets::kHidden);
 
 }  // namespace tarvok

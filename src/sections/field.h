@@ -8,6 +8,9 @@ namespace tarvok {
 struct Field;
 struct Table;
 
+/** Stands for the value of a secret field. */
+inline constexpr std::string_view kHiddenValue = "(hidden)";
+
 /** A value with a name: as the project stores it and as people see it. */
 struct Choice {
   std::string_view stored;
@@ -70,7 +73,13 @@ struct Field {
   int decided_by = 0;  // field of the same row that decides what this one is
   std::span<const Meaning> meanings = {};  // without one that fits, the field is not set
   std::span<const CodedValue> codes = {};
+  bool secret = false;  // a password: differences, findings and logs never show its value
 
+  constexpr Field Secret() const {
+    Field field = *this;
+    field.secret = true;
+    return field;
+  }
   constexpr Field UnsetAs(std::string_view stored) const {
     Field field = *this;
     field.unset_as = stored;

@@ -16,9 +16,10 @@ constexpr std::string_view kNoDigits = "holds a character that can't be dialled"
 
 void ValueWriter::Fail(std::string_view why) {
   const auto index = static_cast<std::size_t>(field_) - 1;
-  std::string name(index < table_.fields.size() ? table_.fields[index].name : std::string_view("?"));
+  const Field* field = index < table_.fields.size() ? &table_.fields[index] : nullptr;
+  std::string name(field != nullptr ? field->name : std::string_view("?"));
   if (member_ > 0) name.append(" ").append(std::to_string(member_));
-  image_.Fail(table_.section, key_, name, text_, why);
+  image_.Fail(table_.section, key_, name, field != nullptr && field->secret ? kHiddenValue : text_, why);
 }
 
 void ValueWriter::TooLarge() {

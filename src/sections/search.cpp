@@ -93,7 +93,8 @@ class Search {
   bool IsSearched(const Table& table, int n, const RowFields& row) const {
     if ((n > static_cast<int>(table.fields.size()) && !table.repeats) || !row.IsSet(n)) return false;
     const Field* field = row.StatementOf(n);
-    return field != nullptr && field->kind != FieldKind::kFlag && field->kind != FieldKind::kColumns;
+    return field != nullptr && !field->secret && field->kind != FieldKind::kFlag &&
+           field->kind != FieldKind::kColumns;
   }
 
   /** By what people call the row, "Port 12", and by its marks, "3-4". */

@@ -80,6 +80,7 @@ TEST(Check, TellsEachFault) {
       {"Assign", "003", 1, "101", "number: 101 stands in row 002, too"},
       {"Assign", "003", 3, "083", "port: 83 stands in row 002, too"},
       {"Account", "002", 1, "710510", "account: 710510 stands in row 001, too"},
+      {"Account", "002", 2, "24x8", "Password: (hidden) is not valid"},
       {"Group_Out", "04", 0, "036", ""},
       {"Group_Out", "04", 0, "001", "port: 1 stands in row 01, too"},
       // References that point nowhere.
@@ -149,8 +150,12 @@ TEST(Difference, TellsEachChangeInWords) {
       {"Name", "188", 0, "Sauna", "Name 188 (Sauna): new "},
       {"Account", "001", 3, "133", "Account 001 (710510) . Number: 510 -> 511"},
       {"Account", "001", 6, "07200", ""},
+      {"Account", "001", 2, "1898", "Account 001 (710510) . Password: (set) -> (changed)"},
+      {"Account", "001", 2, "F", "Account 001 (710510) . Password: (set) -> (blank)"},
+      {"Account", "900", 0, "1|2468", "Account 900: new (set)"},
+      {"Port_Def", "001", 17, "2468", "Port 001 (card 1, channel 1) . PSW: (blank) -> (set)"},
       {"Account", "003", 0, "",
-       "Account 003 (710514): only Password 0815, Number 514, Config 3, Tenan 1, Time (sec) 3600"},
+       "Account 003 (710514): only Password (set), Number 514, Config 3, Tenan 1, Time (sec) 3600"},
       {"PortConfig", "02", 19, "8", "Profile 02 . Ring Transfer Timeout: 6 -> (blank)"},
       {"PortConfig", "07", 19, "256", ""},
       {"PortConfig", "20", 0, "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0", ""},
@@ -185,6 +190,19 @@ TEST(Difference, TellsEachChangeInWords) {
     EXPECT_EQ(Lines(hotel, changed), line) << section << " " << key << " " << value;
     EXPECT_EQ(Lines(changed, hotel).empty(), line.empty());
   }
+}
+
+TEST(Difference, ShowsPasswordsOnlyOnRequest) {
+  const IniText before("[Account]\n001=123|1357\n900=9|8642");
+  const IniText after("[Account]\n001=123|2468\n900=9|9753\n002=77|4321");
+  const std::string_view secrets[] = {"1357", "2468", "8642", "9753", "4321"};
+  for (const Secrets shown : {Secrets::kHidden, Secrets::kShown}) {
+    std::string text;
+    for (const Difference& d : CompareProjects(before, after, shown)) text += d.before + " " + d.after + " ";
+    for (const std::string_view secret : secrets)
+      EXPECT_EQ(text.find(secret) != std::string::npos, shown == Secrets::kShown) << secret;
+  }
+  EXPECT_THAT(SearchProject(after, "2468", 9).found, testing::IsEmpty());
 }
 
 TEST(Difference, ARowThatMovedIsComparedWithItself) {

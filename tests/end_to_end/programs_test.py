@@ -120,6 +120,14 @@ class Programs(unittest.TestCase):
             self.assertEqual(ctl("get", loaded, "Name", "001")[0], mark + "\n")
         self.assertEqual(list(temporary.iterdir()), [])
 
+    def test_passwords_are_shown_only_on_request(self):
+        project, other = self.project(), self.work / "other.tvk"
+        other.write_bytes(project.read_bytes())
+        ctl("set", other, "Account", "001", "710510|2468|132|4|1|7200")
+        self.assertEqual("Password: (set) \u2192 (changed)\n".encode().decode("latin-1") in
+                         ctl("diff", project, other, status=1)[0], True)
+        self.assertIn("2468", ctl("diff", project, other, "--show-secrets", status=1)[0])
+
     def test_where_the_system_file_is_found(self):
         program, share, mine, machine = (self.work / "root" / name for name in ("bin", "share", "mine", "machine"))
         program.mkdir(parents=True)

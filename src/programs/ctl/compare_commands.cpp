@@ -22,7 +22,7 @@ int Check(ProjectStore& store, const std::string& project) {
   return findings.empty() ? kDone : kFailed;
 }
 
-int Diff(ProjectStore& store, const std::string& first, const std::string& second) {
+int Diff(ProjectStore& store, const std::string& first, const std::string& second, bool show_secrets) {
   const Result<std::shared_ptr<const IniText>> a = OpenProject(store, first);
   const Result<std::shared_ptr<const IniText>> b = OpenProject(store, second);
   for (const auto* project : {&a, &b}) {
@@ -30,7 +30,8 @@ int Diff(ProjectStore& store, const std::string& first, const std::string& secon
     Fail(project->status().message());
     return kNotComparable;
   }
-  const std::vector<Difference> differences = CompareProjects(*a.value(), *b.value());
+  const std::vector<Difference> differences =
+      CompareProjects(*a.value(), *b.value(), show_secrets ? Secrets::kShown : Secrets::kHidden);
   for (const Difference& difference : differences) std::cout << DifferenceLine(difference, ToUtf8) << '\n';
   return differences.empty() ? kDone : kFailed;
 }

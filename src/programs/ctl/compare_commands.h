@@ -16,7 +16,8 @@ inline constexpr int kNotComparable = 2;
 int Check(ProjectStore& store, const std::string& project);
 
 /** Tells what differs between two projects, as `ROW · FIELD: old → new`. Returns 0 where they mean the same,
- * 1 where they differ, kNotComparable where one is no project. */
-int Diff(ProjectStore& store, const std::string& first, const std::string& second);
+ * 1 where they differ, kNotComparable where one is no project. Passwords only show that they changed unless
+ * `show_secrets`. */
+int Diff(ProjectStore& store, const std::string& first, const std::string& second, bool show_secrets);
 
 }  // namespace tarvok::ctl

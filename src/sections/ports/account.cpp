@@ -13,7 +13,7 @@ namespace {
 
 constexpr tarvok::Field kFields[] = {
     Digits("Account", 6),
-    Digits("Password", 4),
+    Digits("Password", 4).Secret(),
     RowOf("Number", assign::kTable, 3).LoadedUnpadded(),
     AnyRowOf("Config", port_config::kTable, 0),
     AnyRowOf("Tenan", tenan::kDayTable, 0),

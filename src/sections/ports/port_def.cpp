@@ -35,7 +35,7 @@ constexpr tarvok::Field kFields[] = {
     Digits("NoAns", 12),
     tarvok::Number("Ring T.", 0, 254),
     RowOf("Number", assign::kTable, 3),
-    Digits("PSW", 4),
+    Digits("PSW", 4).Secret(),
     tarvok::Number("Group", 1, 254).UnsetAs("0"),
     tarvok::Number("Language", 1, 255),
     OneOf("Personal Msg", kPersonalMsgChoices),

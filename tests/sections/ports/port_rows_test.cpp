@@ -48,6 +48,7 @@ TEST(PortDef, RowsAndRecords) {
        {"1|1|-1", "Type: value -1" + kNegative},
        {"1|1|1|F|F|F|F|F|255|1", "DND: value 255" + kTooLarge},
        {"1|1|1|F|F|F|F|F|F|12x", "Disa: value 12x" + kNotDialled},
+       {"1|1|1|F|F|F|F|F|F|F|F|F|F|F|F|F|12x", "PSW: value (hidden)" + kNotDialled},
        {"1|1|1|F|F|F|F|F|F|F|F|F|F|F|F|65536", "Number: value 65536" + kTooLarge}});
   for (const char* good : {"255|1|1", "-5|1|1", "1|1|1|F|F|F|F|F|F|123456789012x"})
     EXPECT_EQ(Encoded(EncodePortDef, kPort.size, kPort.Project(good)).error(), "") << good;
