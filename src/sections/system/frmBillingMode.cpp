@@ -132,8 +132,12 @@ frmBillingMode::frmBillingMode(const EditorContext& context, const FormName& nam
 
 Layout frmBillingMode::CountryGroup() {
   country_ = &AddCombo({"cmbCountry"}, "", {});
-  country_->changed = [this] { ShowCountry(); };
+  country_->changed = [this] {
+    // Choosing the same country again changes nothing: its local code stays.
+    if (CountryNumber() != shown_country_) ShowCountry();
+  };
   local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
+  local_code_->changed = [this] { hidden_code_.clear(); };
   return layout::Group("Country", {layout::Field("Country :", *country_),
                                    layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
 }
@@ -201,6 +205,8 @@ std::string frmBillingMode::CountryNumber() const {
 void frmBillingMode::ShowCountry() {
   const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
   const std::string section = CountryNumber();
+  shown_country_ = section;
+  hidden_code_.clear();
   const std::int64_t count = std::min<std::int64_t>(Val(system->Get(section, kCountKey)), kMostPlaces);
   local_code_->entries.clear();
   local_code_->current = kNoIndex;
@@ -224,6 +230,7 @@ void frmBillingMode::Load(const IniText& project) {
   const std::int64_t code = Val(fields[kLocalCode]);
   if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
     local_code_->current = static_cast<int>(code) - 1;
+  if (code >= 1 && local_code_->current == kNoIndex) hidden_code_ = fields[kLocalCode];
   for (const Place& place : kPlaces) {
     Control& box = BoxOf(place.field);
     if (place.kind == Kind::kFlag) {
@@ -237,7 +244,28 @@ void frmBillingMode::Load(const IniText& project) {
 
 std::string frmBillingMode::LocalCode() const {
   if (local_code_->entries.size() == 1 && local_code_->entries[0] == kNoData) return std::string(kUnset);
-  return local_code_->current < 0 ? "0" : Padded(local_code_->current + 1, 2);
+  if (local_code_->current >= 0) return Padded(local_code_->current + 1, 2);
+  return hidden_code_.empty() ? "0" : hidden_code_;
+}
+
+/** A box that holds what no send can carry keeps it, and the save is given up. */
+bool frmBillingMode::MaySave() {
+  for (const Place& place : kPlaces) {
+    if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
+    Control& box = BoxOf(place.field);
+    const tarvok::Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
+    std::string wrong;
+    if (box.text == ".") {
+      wrong = " is no amount.";
+    } else if (place.kind == Kind::kPercent && ValHundredths(box.text) > statement.high) {
+      wrong = " is more than an exchange can hold; " + FormatHundredths(statement.high) + " is the most.";
+    }
+    if (wrong.empty()) continue;
+    context().questions.Box(std::string(statement.name).append(": ").append(box.text).append(wrong), true);
+    Focus(box);
+    return false;
+  }
+  return true;
 }
 
 std::string frmBillingMode::FieldOf(int field) {

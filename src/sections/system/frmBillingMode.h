@@ -15,6 +15,7 @@ class frmBillingMode : public EditorForm {
 
  protected:
   void Load(const IniText& project) override;
+  bool MaySave() override;
   void Write(IniEdit& project) override;
 
  private:
@@ -33,6 +34,8 @@ class frmBillingMode : public EditorForm {
   Control* local_code_;
   std::vector<std::string> numbers_;  // of each entry of the countries
   std::string loaded_country_;
+  std::string shown_country_;
+  std::string hidden_code_;  // a local code behind the end of the list, until a person chooses one
 };
 
 }  // namespace tarvok

@@ -63,6 +63,12 @@ TEST(SystemForms, PabxModeFieldsGoToTheirBoxes) {
              "[Assign]\n001=200|0\n[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n",
              "focus cmbNum\npick 200\nclick cmdOK\n", "",
              "[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n");
+  // A port without a number stays until another one is chosen.
+  for (const auto& [script, port] : {std::pair("", "499"), std::pair("focus cmbNum\npick\n", "F")}) {
+    ExpectEdit("frmPABXMode", numbers + "1|0|0|0|0|0|0|0|0|0|0|1|0|1|0|0|499|0|0|0\n",
+               std::string("set Check1(1) 0\n") + script + "click cmdOK\n", "",
+               std::string("[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|1|0|1|0|0|") + port + "|0|0|0\n");
+  }
 }
 
 TEST(SystemForms, BillingListsFollowTheCountry) {
@@ -85,9 +91,41 @@ TEST(SystemForms, BillingBoxesStopAtTheirLimits) {
   bench.Run("frmBillingMode",
             "set Text1(16) 300\nset Text1(3) 254\nset Text1(4) \"\"\nset Text1(6) 700\nset Text1(7) 654.99\n"
             "focus Text1(9)\ntype .5.12x\nfocus Text1(8)\ntype .1\nfocus MaskEdNum(2)\npress Backspace\n"
-            "press Backspace\ntype 5\nset MaskEdNum(3) 999.99\nset Check1(5) 1\nclick cmdOK\n");
+            "press Backspace\ntype 5\nset MaskEdNum(3) 655.35\nset Check1(5) 1\nclick cmdOK\n");
   EXPECT_EQ(bench.Get("SystemConfig", "Billing"),
-            "02|1|0|1|0|1.50|0.5|2.25|254|0|5|655|654.99|61|0.30|7|8|9|10|11|12|254|1|999.99|1");
+            "02|1|0|1|0|1.50|0.5|2.25|254|0|5|655|654.99|61|0.30|7|8|9|10|11|12|254|1|655.35|1");
+}
+
+TEST(SystemForms, BillingKeepsABoxThatNoSendCanCarry) {
+  EditorBench bench = BillingBench();
+  const std::string before = bench.Bytes();
+  EXPECT_THAT(
+      bench.Run("frmBillingMode",
+                "set MaskEdNum(2) 655.36\nclick cmdOK\nvalue MaskEdNum(2)\n"
+                "set MaskEdNum(2) 1\nset Text1(7) .\nclick cmdOK\nvalue Text1(7)\n"),
+      ElementsAre("box: Oversea Charge %: 655.36 is more than an exchange can hold; 655.35 is the most.",
+                  "655.36", "box: Intercom Rate: . is no amount.", "."));
+  EXPECT_EQ(bench.Bytes(), before);
+  EXPECT_FALSE(bench.editor->closed());
+  EXPECT_THAT(bench.Go("set Text1(7) .5\nclick cmdOK\n"), IsEmpty());
+  EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith("02|1|0|1|0|1.50|1|2.25|3|4|5|0.10|.5|6|"));
+}
+
+TEST(SystemForms, BillingKeepsTheLocalCodeWithTheCountry) {
+  // The code, what is chosen, and the code that is saved; the second country's list has one entry.
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"02", "pick There\npick Here\n", "0"},
+      {"02", "pick Here\n", "02"},
+      {"07", "pick Here\n", "07"},  // behind the end of the list
+      {"07", "pick Here\nfocus cmbLocalCode\npick 020 A\n", "01"},
+      {"07", "pick Here\nfocus cmbLocalCode\npick\n", "0"},
+      {"07", "pick There\n", "0"}};
+  for (const auto& [code, script, saved] : cases) {
+    EditorBench bench =
+        BillingBench(std::string("[SystemConfig]\nCCode=001\nBilling=") + code + "|1|0|1|0|0|0|0\n");
+    bench.Run("frmBillingMode", std::string("focus cmbCountry\n") + script + "click cmdOK\n");
+    EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith(std::string(saved) + "|1|")) << script;
+  }
 }
 
 TEST(SystemForms, BillingWithOddCountriesAndSystemFiles) {
