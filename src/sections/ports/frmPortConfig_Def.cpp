@@ -108,6 +108,7 @@ void frmPortConfig_Def::AddControls() {
     switch (kForms[index].kind) {
       case Kind::kService:
         control = &AddCombo(id, NameOf(index), {});
+        control->changed = [this, index] { chosen_[index] = true; };
         break;
       case Kind::kChoice:
       case Kind::kRing:
@@ -193,6 +194,7 @@ void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
   const tarvok::Field& statement = kTable.fields[index];
   const std::int64_t number = Val(text);
   control.selected = false;
+  chosen_[index] = false;
   switch (kForms[index].kind) {
     case Kind::kService:
       // A group without classes is not offered, but a profile may name it.
@@ -205,7 +207,9 @@ void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
       if (control.current == kNoIndex) control.Choose(Canonical(statement, kOff));
       return;
     case Kind::kRing:
-      control.Choose(Canonical(statement, text));
+      // A number that is not offered may come from an exchange.
+      control.entries = EntriesOf(index);
+      control.ChooseOrJoin(number < 1 ? std::string() : Canonical(statement, text));
       return;
     case Kind::kTime:
       control.text = text.empty() ? std::string(kOff) : text;
@@ -239,6 +243,8 @@ void frmPortConfig_Def::TakeField(std::size_t index, std::string& text) const {
   const std::string chosen(control.Chosen());
   switch (kForms[index].kind) {
     case Kind::kService:
+      // A group beyond those with two digits can't be shown; it stays until another entry is chosen.
+      if (chosen.empty() && !chosen_[index] && Val(text) > kHighestGroup) return;
       text = chosen.empty() ? chosen : std::string(Trim(std::string_view(chosen).substr(chosen.size() - 2)));
       return;
     case Kind::kChoice:

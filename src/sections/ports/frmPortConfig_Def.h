@@ -42,6 +42,7 @@ class frmPortConfig_Def : public EditorForm {
   Control& link_trunk_;
   std::array<Control*, kFields> controls_{};  // by field from 0; that of the options is the first of them
   std::array<Control*, kReverseChoices> reverse_{};
+  std::array<bool, kFields> chosen_{};  // by field from 0: a person chose an entry since the profile is shown
 };
 
 }  // namespace tarvok

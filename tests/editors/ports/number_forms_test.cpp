@@ -122,5 +122,17 @@ TEST(Profiles, AGroupWithoutClassesIsShownAndKept) {
              "[PortConfig]\n01=05|F|1|0|0|0|0|0|0|F|0|0|1|0|0|0|0|06|8\n");
 }
 
+TEST(Profiles, WhatAnExchangeMayHoldBeyondTheListsStays) {
+  ExpectEdit("frmPortConfig_Def",
+             "[PortConfig]\n01=120|121|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|122|17\n"
+             "02=F|F|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|254\n",
+             "value cmbClass_d\nvalue cmbTransTO\nclick lsPortConfig(1)\nvalue cmbTransTO\n"
+             "click lsPortConfig(0)\nfocus cmbClass_n\npick\nclick lsPortConfig(1)\nfocus cmbTransTO\n"
+             "pick Default\nclick lsPortConfig(0)\nvalue cmbTransTO\nset chkFAX 1\nclick cmdOK\n",
+             "\n17\n254\n17",
+             "[PortConfig]\n01=120|F|1|0|0|0|0|0|0|F|0|0|1|0|0|0|0|122|17\n"
+             "02=F|F|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n");
+}
+
 }  // namespace
 }  // namespace tarvok::test
