@@ -1,5 +1,7 @@
 #include "sections/ports/port_field_forms.h"
 
+#include <algorithm>
+
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
@@ -69,7 +71,8 @@ bool PortFieldsForm::ShowPlace(std::string_view section, int row, int field) {
 
 void PortFieldsForm::Load(const IniText& project) {
   const RowNames numbers = AssignNumbers(project);
-  const int last = RowsUpToNow(project, kTable);
+  const auto last = static_cast<int>(
+      std::clamp<std::int64_t>(Val(project.Get(kTable.section, kNowKey)), 0, kTable.rows.last));
   grid().Clear();
   for (int number = 1; number <= last; ++number) {
     const std::string_view value = RowValue(project, kTable, number);

@@ -51,6 +51,18 @@ TEST(CallForward, RowsStandCloserThanTheirKeys) {
              "005=2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
+TEST(CallForward, APortAboveNowIsNeitherShownNorWritten) {
+  const std::string project = "[Port_Def]\nNow=1\n001=1|1|1\n002=1|2|1\n";
+  for (const auto& [form, cell] :
+       {std::pair("frmCallFW", "go 1 Disa"), std::pair("frmVMBox", "go 1 Group")}) {
+    EditorBench bench(project);
+    bench.Run(form, std::string(cell) + "\ntype 7\nclick cmdOK\n");
+    EXPECT_EQ(bench.editor->table()->rows(), 1) << form;
+    EXPECT_THAT(bench.Get("Port_Def", "001"), testing::HasSubstr("|7|")) << form;
+    EXPECT_EQ(bench.Get("Port_Def", "002"), "1|2|1") << form;
+  }
+}
+
 TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
   ExpectEdit(
       "frmVMBox",
