@@ -93,23 +93,17 @@ std::string RowNames::NameOf(std::string_view stored) const {
   return found == names_.end() ? std::string() : found->name;
 }
 
-std::string RowNames::Stored(std::string_view name, int width) const {
-  if (name.empty()) return std::string(kUnset);
-  const auto found =
-      std::find_if(names_.begin(), names_.end(), [&](const Row& row) { return row.name == name; });
-  return found == names_.end() ? std::string(kUnset) : Padded(found->number, width);
-}
-
 std::string RowNames::Stored(std::string_view name, int width, std::string_view before) const {
-  if (!name.empty() && name == NameOf(before)) return Padded(Val(before), width);
-  return Stored(name, width);
-}
-
-std::string RowNames::Kept(std::string_view name, int width, std::string_view before) const {
-  const std::int64_t number = Val(before);
-  const bool nameless = std::any_of(names_.begin(), names_.end(),
-                                    [&](const Row& row) { return row.number == number && row.name.empty(); });
-  return name.empty() && nameless ? Padded(number, width) : Stored(name, width, before);
+  if (name.empty()) return std::string(kUnset);
+  if (name == NameOf(before)) return Padded(Val(before), width);
+  const auto number_of = [&](bool offered) {
+    const auto found = std::find_if(names_.begin(), names_.end(), [&](const Row& row) {
+      return row.name == name && row.offered == offered;
+    });
+    return found == names_.end() ? std::string(kUnset) : Padded(found->number, width);
+  };
+  const std::string number = number_of(true);
+  return number == kUnset ? number_of(false) : number;
 }
 
 std::vector<std::string> RowNames::Names() const {
@@ -127,10 +121,7 @@ FieldColumn ReferenceColumn(int field, std::string title, const Field& statement
     std::string name = named(stored);
     return name.empty() ? names.NameOf(stored) : name;
   };
-  made.stored = [&names, named = made.stored, width = statement.width](std::string_view cell) {
-    std::string stored = named(cell);
-    return stored == kUnset ? names.Stored(cell, width) : stored;
-  };
+  made.names = [&names, width = statement.width](const auto& /*cells*/) { return NamedRows{&names, width}; };
   return made;
 }
 
@@ -217,6 +208,13 @@ TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
     row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
   }
   ShowRow(value, row);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const std::string_view stored = fields[columns_[i].field];
+    if (!columns_[i].names || !row.cells[i].empty() || Val(stored) < 1) continue;
+    if (columns_[i].names(row.cells).names == nullptr) continue;
+    row.unseen.resize(columns_.size());
+    row.unseen[i] = stored;
+  }
   return row;
 }
 
@@ -226,17 +224,29 @@ std::string_view FieldTableForm::StoredBefore(int row) const {
 }
 
 std::string FieldTableForm::RowText(int row) const {
-  return TextOf(grid().row(row).cells);
+  return TextOf(grid().row(row));
 }
 
-std::string FieldTableForm::TextOf(const std::vector<std::string>& cells) const {
+std::string FieldTableForm::TextOf(const TableRow& row) const {
   std::string text;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (columns_[i].field == 0) continue;
     if (!text.empty()) text += '|';
-    text += columns_[i].stored ? columns_[i].stored(cells[i]) : FieldText(cells[i]);
+    text += FieldOf(row, i);
   }
   return text;
+}
+
+std::string FieldTableForm::FieldOf(const TableRow& row, std::size_t column) const {
+  const FieldColumn& stated = columns_[column];
+  const std::string& cell = row.cells[column];
+  const NamedRows rows = stated.names ? stated.names(row.cells) : NamedRows();
+  if (rows.names == nullptr) return stated.stored ? stated.stored(cell) : FieldText(cell);
+  if (!row.Unseen(column).empty()) return row.Unseen(column);
+  std::string named = stated.stored ? stated.stored(cell) : std::string(kUnset);
+  if (named != kUnset) return named;
+  const std::string_view before = row.hidden.empty() ? std::string_view() : std::string_view(row.hidden[0]);
+  return rows.names->Stored(cell, rows.width, GetField(before, stated.field));
 }
 
 bool FieldTableForm::IsRemoved(std::string_view value) const {

@@ -13,6 +13,35 @@
 
 namespace tarvok {
 
+/** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
+class RowNames {
+ public:
+  /** A row that is not `offered` is shown where a field refers to it, and found again. */
+  void Add(int number, std::string name, bool offered = true);
+  /** "" for a number without a name. */
+  std::string NameOf(std::string_view stored) const;
+  /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
+   * of the row moves up. A name may stand at several rows: while it still is that of `before`, the row that the
+   * field held, the field stays with that row. */
+  std::string Stored(std::string_view name, int width, std::string_view before) const;
+  /** The names that are offered, in the order of their numbers, blanks left out. */
+  std::vector<std::string> Names() const;
+
+ private:
+  struct Row {
+    int number;
+    std::string name;
+    bool offered;
+  };
+  std::vector<Row> names_;
+};
+
+/** What a reference shows, and how many digits its number has. */
+struct NamedRows {
+  const RowNames* names = nullptr;
+  int width = 0;
+};
+
 /** A column of a table editor over a field of its rows: how the stored value and the cell's text turn into
  * each other. Without a function of its own a cell shows the field as it stands, "F" as blank, and back. */
 struct FieldColumn {
@@ -20,6 +49,10 @@ struct FieldColumn {
   Column column;
   std::function<std::string(std::string_view stored)> shown = {};
   std::function<std::string(std::string_view cell)> stored = {};
+  /** The rows that the field of a row with these cells refers to; no names where it is no reference. A cell that is
+   * none of the named values of `stored` is stored as the number of its row. A reference that its cell can't show
+   * stays as it is until somebody edits the cell. */
+  std::function<NamedRows(const std::vector<std::string>& cells)> names = {};
 };
 
 /** A field as a cell shows it: "F" and what is missing are blank. */
@@ -38,34 +71,6 @@ FieldColumn TypedColumn(int field, std::string title, EntryRule rule);
  * stored as the highest one, a blank by the statement's text for "not set". */
 FieldColumn LimitedColumn(int field, std::string title, const Field& statement, EntryRule rule,
                           std::string overlay = "txtMask");
-
-/** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
-class RowNames {
- public:
-  /** A row that is not `offered` is shown where a field refers to it, and found again. */
-  void Add(int number, std::string name, bool offered = true);
-  /** "" for a number without a name. */
-  std::string NameOf(std::string_view stored) const;
-  /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
-   * of the row moves up. */
-  std::string Stored(std::string_view name, int width) const;
-  /** The same of a name that may stand at several rows: while it still is that of `before`, the row that the
-   * field held, the field stays with that row. */
-  std::string Stored(std::string_view name, int width, std::string_view before) const;
-  /** The same for a reference that may be to a row without a name: a blank stays with such a row, which showed
-   * nothing that could have been cleared. */
-  std::string Kept(std::string_view name, int width, std::string_view before) const;
-  /** The names that are offered, in the order of their numbers, blanks left out. */
-  std::vector<std::string> Names() const;
-
- private:
-  struct Row {
-    int number;
-    std::string name;
-    bool offered;
-  };
-  std::vector<Row> names_;
-};
 
 /** A column that shows a reference by the name of its row, in front of that its named values; a name without a
  * row is stored as "F". `names` must outlive the column; what it offers the form says in `list_of`. */
@@ -108,14 +113,16 @@ class FieldTableForm : public TableForm {
   std::string_view StoredBefore(int row) const;
   /** The cells of a row with that number and value. */
   TableRow ShownRow(int number, std::string_view value) const;
-  /** The columns' fields of these cells, joined by pipes. */
-  std::string TextOf(const std::vector<std::string>& cells) const;
+  /** The columns' fields of a row, joined by pipes. */
+  std::string TextOf(const TableRow& row) const;
+  /** The field of a column, as it is written. */
+  std::string FieldOf(const TableRow& row, std::size_t column) const;
 
   /** Builds what columns need of other sections; before the rows are read. */
   virtual void Prepare(const IniText& /*project*/) {}
   /** Rows that the table begins with. */
   virtual int RowsToShow(const IniText& /*project*/) const { return table_.rows.last; }
-  /** What no field by itself tells of the cells of a row with that value, and what is kept beside them. */
+  /** What no field by itself tells of the cells of a row with that value. */
   virtual void ShowRow(std::string_view /*value*/, TableRow& /*row*/) const {}
   /** The value of a row, by default the columns' fields joined by pipes. */
   virtual std::string RowText(int row) const;

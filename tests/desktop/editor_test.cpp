@@ -55,6 +55,27 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed behind what was there
 }
 
+TEST(EditorPage, AnOpenFieldThatIsEmptiedEmptiesWhatItsCellCanNotShow) {
+  EditorDesk desk;
+  ASSERT_TRUE(
+      desk.store.SetIniValue(desk.project, "BOSS", "05", "499|499").ok());  // a port that is not there
+  desk.ClickCommand("boss");
+  ASSERT_NE(desk.Table(), nullptr);
+  for (const int column : {1, 2}) {
+    desk.GoTo(5, column);
+    QTest::keyClick(desk.Table(), Qt::Key_F2);
+    QWidget* field = QApplication::focusWidget();
+    ASSERT_NE(field, desk.Table());
+    if (column == 2) QTest::keyClicks(field, "1");
+    if (column == 2) QTest::keyClick(field, Qt::Key_Backspace);
+    QTest::keyClick(field, Qt::Key_Return);
+  }
+  QTest::qWait(1);
+  EXPECT_TRUE(desk.state.DataChanged);
+  desk.Click("cmdOK");
+  desk.ExpectKeys("[BOSS]\n05=499|F\n");
+}
+
 TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
   EditorDesk desk;
   desk.ClickCommand("linktrunk");

@@ -39,6 +39,13 @@ class CellField : public QLineEdit {
   }
 };
 
+/** Of a widget over a cell: a person typed or chose something in it, whatever it shows now. */
+constexpr const char* kTouched = "touched";
+
+void NoteTouch(QWidget* widget, const QLineEdit* field) {
+  QObject::connect(field, &QLineEdit::textEdited, widget, [widget] { widget->setProperty(kTouched, true); });
+}
+
 }  // namespace
 
 bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
@@ -61,6 +68,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     auto* field = new CellField(parent);
     field->setFrame(false);
     field->setAccessibleName(QString::fromStdString(column.title));
+    NoteTouch(field, field);
     return field;
   }
   auto* list = new CellCombo(parent);
@@ -70,9 +78,11 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     list->addItem(model_.page().ToLetters(text));
   }
   list->setEditable(entry == Entry::kEditList);
+  if (list->isEditable()) NoteTouch(list, list->lineEdit());
   auto* delegate = const_cast<CellDelegate*>(this);
   connect(list, &QComboBox::activated, delegate, [delegate, list] {
     if (!list->isVisible()) return;  // Return has taken it already
+    list->setProperty(kTouched, true);
     Q_EMIT delegate->commitData(list);
     Q_EMIT delegate->closeEditor(list);
   });
@@ -103,7 +113,9 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* /*model*/,
   TableEditor& table = model_.table();
   const auto* list = qobject_cast<QComboBox*>(editor);
   const QString letters = list != nullptr ? list->currentText() : static_cast<QLineEdit*>(editor)->text();
-  if (letters == index.data(Qt::EditRole).toString()) return;
+  const bool erases =
+      editor->property(kTouched).toBool() && !table.Unseen(index.row() + 1, index.column() + 1).empty();
+  if (letters == index.data(Qt::EditRole).toString() && !erases) return;
   table.GoTo(index.row() + 1, index.column() + 1);
   table.EditText(model_.page().ToBytes(letters));
   table.LeaveCell();

@@ -23,11 +23,16 @@ const CardType* FindType(std::string_view insert_entry) {
   return found == kCardTypes.end() ? nullptr : found;
 }
 
+void Empty(TableRow& row) {
+  for (std::string& cell : row.cells) cell.clear();
+  row.unseen.clear();
+}
+
 /** Fills in the n-th port of a card, from 1; every other cell becomes empty. */
 void PutPort(TableRow& row, std::string_view card, const CardType& type, int n) {
   const bool behind_gap = type.code == kMixedCard && n > kLastDigitalChannel;
   const int channel = behind_gap ? n + kChannelGap : n;
-  for (std::string& cell : row.cells) cell.clear();
+  Empty(row);
   row.cells[kCardCell] = card;
   row.cells[kChannelCell] = std::to_string(channel);
   row.cells[kTypeCell] = TypeLabel(type.code, channel);
@@ -96,8 +101,7 @@ bool InsertCard(std::vector<TableRow>& rows, std::string_view card, std::string_
       PutPort(made[at], card, *type, ++put);
     }
     for (std::size_t i = at; i < std::min(at + kRowsOfOldCard, made.size()); ++i) {
-      if (made[i].cells[kCardCell] != card) continue;
-      for (std::string& cell : made[i].cells) cell.clear();
+      if (made[i].cells[kCardCell] == card) Empty(made[i]);
     }
   }
   first = old_first < rows.size() ? old_first : free;

@@ -3,7 +3,6 @@
 #include "sections/ports/account.h"
 #include "sections/ports/port_config.h"
 #include "sections/routing/tenan.h"
-#include "store/field_list.h"
 
 namespace tarvok {
 namespace {
@@ -26,6 +25,9 @@ std::vector<FieldColumn> frmAccount::Columns(frmAccount* form) {
   FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
   number.column.list_of = [form](int) { return form->offered_; };
   number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  number.names = [form](const auto& /*cells*/) {
+    return NamedRows{&form->numbers_, kTable.fields[kNumber - 1].width};
+  };
   return {TypedColumn(kAccount, "Account", DigitsRule(6)),
           TypedColumn(kPassword, "Password", DigitsRule(4)),
           std::move(number),
@@ -55,13 +57,6 @@ bool frmAccount::CheckAccounts() {
 
 bool frmAccount::MaySave() {
   return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
-}
-
-std::string frmAccount::RowText(int row) const {
-  const std::string_view before = GetField(StoredBefore(row), kNumber);
-  return WithField(
-      FieldTableForm::RowText(row), kNumber,
-      numbers_.Stored(grid().Cell(row, kNumberColumn), kTable.fields[kNumber - 1].width, before));
 }
 
 }  // namespace tarvok

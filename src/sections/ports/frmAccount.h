@@ -15,8 +15,6 @@ class frmAccount : public FieldTableForm {
 
  protected:
   void Prepare(const IniText& project) override;
-  void ShowRow(std::string_view value, TableRow& row) const override { row.hidden = {std::string(value)}; }
-  std::string RowText(int row) const override;
   bool MaySave() override;
 
  private:

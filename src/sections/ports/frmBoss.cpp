@@ -1,7 +1,6 @@
 #include "sections/ports/frmBoss.h"
 
 #include "sections/ports/boss.h"
-#include "store/field_list.h"
 
 namespace tarvok {
 
@@ -15,6 +14,9 @@ std::vector<FieldColumn> frmBoss::Columns(frmBoss* form) {
     column.column.entry = Entry::kEditList;
     column.column.list_of = [form](int) { return form->numbers_.Names(); };
     column.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+    column.names = [form](const auto& /*cells*/) {
+      return NamedRows{&form->numbers_, kTable.fields[0].width};
+    };
     columns.push_back(std::move(column));
   }
   return columns;
@@ -23,15 +25,6 @@ std::vector<FieldColumn> frmBoss::Columns(frmBoss* form) {
 frmBoss::frmBoss(const EditorContext& context, const FormName& name)
     : FieldTableForm(context, name, kTable, Columns(this), {.sort_by = {{1}}}) {
   LayOut();
-}
-
-/** A number that stands on no port is none. */
-std::string frmBoss::RowText(int row) const {
-  const FieldList before(StoredBefore(row));
-  const auto port = [&](int field) {
-    return numbers_.Kept(grid().Cell(row, field), kTable.fields[0].width, before[field]);
-  };
-  return port(boss::kBoss) + "|" + port(boss::kSecretary);
 }
 
 }  // namespace tarvok

@@ -4,15 +4,14 @@
 
 namespace tarvok {
 
-/** `frmBoss`: pairs of a boss and a secretary. The project holds their ports; people know them by number. */
+/** `frmBoss`: pairs of a boss and a secretary. The project holds their ports; people know them by number. A
+ * number that stands on no port is none. */
 class frmBoss : public FieldTableForm {
  public:
   frmBoss(const EditorContext& context, const FormName& name);
 
  protected:
   void Prepare(const IniText& project) override { numbers_ = PortNumbers(project); }
-  void ShowRow(std::string_view value, TableRow& row) const override { row.hidden = {std::string(value)}; }
-  std::string RowText(int row) const override;
 
  private:
   static std::vector<FieldColumn> Columns(frmBoss* form);

@@ -52,17 +52,22 @@ bool IsPortText(std::string_view text) {
   return text.find(kPortSign) != std::string_view::npos;
 }
 
+/** The row that a reference names, 0 for none. */
+int RowNamed(std::string_view stored, const Table& table) {
+  const std::int64_t row = Val(stored);
+  return row >= 1 && row <= table.rows.last ? static_cast<int>(row) : 0;
+}
+
 /** The port of a number row as the project holds it, 0 for none. */
 int StoredPort(const IniText& project, int number) {
   const FieldList row(RowValue(project, assign::kTable, number));
-  const bool is_port = row[assign::kType] == kTypes[0].code;
-  return is_port ? static_cast<int>(std::clamp<std::int64_t>(Val(row[assign::kValue]), 0, kPortRows)) : 0;
+  return row[assign::kType] == kTypes[0].code ? RowNamed(row[assign::kValue], port_def::kTable) : 0;
 }
 
 /** The number row that a port names as its own, 0 for none. */
 int NumberOfPort(const IniText& project, int port) {
   const std::string_view row = RowValue(project, port_def::kTable, port);
-  return static_cast<int>(std::clamp<std::int64_t>(Val(GetField(row, port_def::kNumber)), 0, kAssignRows));
+  return RowNamed(GetField(row, port_def::kNumber), assign::kTable);
 }
 
 void SetNumberOfPort(IniEdit& project, int port, std::string_view number) {
@@ -84,6 +89,10 @@ std::vector<FieldColumn> frmExtension::Columns(frmExtension* form) {
   value.column.entry = Entry::kEditList;  // what its rows take together
   value.column.entry_of = [form](int row) { return form->ValueEntry(row); };
   value.column.list_of = [form](int row) { return form->ValueList(row); };
+  value.names = [form](const std::vector<std::string>& cells) {
+    const bool is_port = KindOf(cells[kTypeColumn - 1]) == ValueKind::kPort;
+    return is_port ? NamedRows{&form->ports_, kRowWidth} : NamedRows();
+  };
 
   FieldColumn company = TypedColumn(assign::kCompany, "Company", {.characters = "1234", .most = 1});
   company.stored = [](std::string_view cell) {
@@ -128,7 +137,6 @@ void frmExtension::ShowRow(std::string_view value, TableRow& row) const {
   if (shown == "f") shown.clear();
   if (KindOf(row.cells[kTypeColumn - 1]) == ValueKind::kPort) shown = ports_.NameOf(shown);
   row.cells[kNameColumn - 1] = names_.NameOf(fields[assign::kName]);
-  row.hidden = {std::string(value)};
 }
 
 Entry frmExtension::ValueEntry(int row) const {
@@ -151,7 +159,7 @@ std::vector<std::string> frmExtension::ValueList(int row) const {
 /** A port's place is a value of ports alone, and a port is nothing else. */
 void frmExtension::TypeChanged(int row) {
   const bool to_port = KindOf(grid().Cell(row, kTypeColumn)) == ValueKind::kPort;
-  if (to_port || IsPortText(grid().Cell(row, kValueColumn))) grid().SetCell(row, kValueColumn, {});
+  if (to_port || IsPortText(grid().Cell(row, kValueColumn))) grid().EraseCell(row, kValueColumn);
 }
 
 bool frmExtension::CheckNumbers() {
@@ -183,22 +191,14 @@ bool frmExtension::KeepsReferences(int row) const {
   return !grid().Cell(row, kNumberColumn).empty();
 }
 
-std::string frmExtension::ValueText(int row) const {
-  const std::string& cell = grid().Cell(row, kValueColumn);
-  if (KindOf(grid().Cell(row, kTypeColumn)) != ValueKind::kPort) return FieldText(cell);
-  const FieldList before(StoredBefore(row));
-  const bool was_port = before[assign::kType] == kTypes[0].code;
-  return ports_.Kept(cell, kRowWidth, was_port ? before[assign::kValue] : std::string_view());
-}
-
 int frmExtension::PortOf(int row) const {
   if (KindOf(grid().Cell(row, kTypeColumn)) != ValueKind::kPort) return 0;
-  return static_cast<int>(Val(ValueText(row)));
+  return RowNamed(FieldOf(grid().row(row), kValueColumn - 1), port_def::kTable);
 }
 
 std::string frmExtension::RowText(int row) const {
-  const std::string text = WithField(FieldTableForm::RowText(row), assign::kValue, ValueText(row));
-  return WithField(text, assign::kName, name_texts_[static_cast<std::size_t>(row) - 1]);
+  return WithField(FieldTableForm::RowText(row), assign::kName,
+                   name_texts_[static_cast<std::size_t>(row) - 1]);
 }
 
 /** Names stand without gaps, in the order of the numbers that have one. */

@@ -39,7 +39,6 @@ class frmExtension : public FieldTableForm {
   Entry ValueEntry(int row) const;
   std::vector<std::string> ValueList(int row) const;
   void TypeChanged(int row);
-  std::string ValueText(int row) const;
   /** The port that a row's number stands for, as it is written; 0 for none. */
   int PortOf(int row) const;
   void WriteNames(IniEdit& project);

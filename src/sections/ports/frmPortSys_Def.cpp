@@ -75,9 +75,11 @@ std::vector<FieldColumn> frmPortSys_Def::Columns(frmPortSys_Def* form) {
   for (FieldColumn* incoming : {&day, &night}) {
     incoming->column.list_of = [form](int) { return form->incoming_.Names(); };
     incoming->shown = [form](std::string_view stored) { return form->incoming_.NameOf(stored); };
+    incoming->names = [form](const auto& /*cells*/) { return NamedRows{&form->incoming_, kRowWidth}; };
   }
   FieldColumn number = TypedColumn(kNumber, "Number", DigitsRule(6));
   number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  number.names = [form](const auto& /*cells*/) { return NamedRows{&form->numbers_, kRowWidth}; };
   return {TypedColumn(kCard, "Card", DigitsRule(2)),
           TypedColumn(kChannel, "Channel", DigitsRule(2)),
           std::move(type),
@@ -111,19 +113,17 @@ void frmPortSys_Def::Prepare(const IniText& project) {
   numbers_ = AssignNumbers(project);
   incoming_ = {};
   const Table& lists = incoming_list::kTable;
-  const RowNames labels = LabelledRows(lists);
   for (int row = 1; row <= lists.rows.last; ++row) {
     std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
     const bool has_name = !name.empty();
     // A list without a name is none to choose, but a port may refer to it, and only what is seen can be cleared.
-    incoming_.Add(row, has_name ? std::move(name) : labels.NameOf(std::to_string(row)), has_name);
+    incoming_.Add(row, has_name ? std::move(name) : "List " + std::to_string(row), has_name);
   }
 }
 
 void frmPortSys_Def::ShowRow(std::string_view value, TableRow& row) const {
   const FieldList fields(value);
   row.cells[kTypeColumn - 1] = TypeLabel(Val(fields[kType]), Val(fields[kChannel]));
-  row.hidden = {std::string(value)};
 }
 
 /** Puts in all ports of a card at once. */
@@ -148,30 +148,19 @@ void frmPortSys_Def::cmbInsert() {
 }
 
 /** A field of a row as it is written: what has no column stays as it was. */
-std::string frmPortSys_Def::FieldOf(int row, int field) const {
+std::string frmPortSys_Def::PortField(int row, int field) const {
+  if (field == kNumber) return number_fields_[static_cast<std::size_t>(row) - 1];
   const auto& columns = field_columns();
   const auto found = std::find_if(columns.begin(), columns.end(),
                                   [&](const FieldColumn& column) { return column.field == field; });
-  if (found == columns.end()) {
-    const std::string_view before = GetField(StoredBefore(row), field);
-    return FieldText(before);
-  }
-  const auto column = static_cast<int>(found - columns.begin()) + 1;
-  if (field == kNumber) return number_fields_[static_cast<std::size_t>(row) - 1];
-  if (field == kIncomingDay || field == kIncomingNight) return IncomingText(row, column, field);
-  const std::string& cell = grid().Cell(row, column);
-  return found->stored ? found->stored(cell) : FieldText(cell);
-}
-
-std::string frmPortSys_Def::IncomingText(int row, int column, int field) const {
-  const std::string_view before = GetField(StoredBefore(row), field);
-  return incoming_.Stored(grid().Cell(row, column), kRowWidth, before);
+  return found == columns.end() ? FieldText(GetField(StoredBefore(row), field))
+                                : FieldOf(grid().row(row), static_cast<std::size_t>(found - columns.begin()));
 }
 
 std::string frmPortSys_Def::RowText(int row) const {
   std::string text;
   for (int field = kCard; field <= kExpand; ++field)
-    text.append(field > kCard ? "|" : "").append(FieldOf(row, field));
+    text.append(field > kCard ? "|" : "").append(PortField(row, field));
   return text;
 }
 
@@ -202,18 +191,30 @@ void frmPortSys_Def::FollowPorts(IniEdit& project) const {
   }
 }
 
+/** The number row that a port of the project names, 0 for none. */
+int frmPortSys_Def::NamedNumber(const IniText& project, int port) {
+  const std::int64_t row = port > 0 ? Val(GetField(RowValue(project, kTable, port), kNumber)) : 0;
+  return row >= 1 && row <= kAssignRows ? static_cast<int>(row) : 0;
+}
+
 /** In a project in which the references to ports have followed them. */
 NumberLinks frmPortSys_Def::LinksFor(const IniEdit& project) const {
   std::vector<LinkedPort> ports;
   for (int row = 1; row <= grid().rows(); ++row) {
-    const int origin = grid().row(row).origin;
-    const std::string_view before =
-        origin > 0 ? RowValue(project.base(), kTable, origin) : std::string_view();
-    const std::int64_t named = Val(GetField(before, kNumber));
-    ports.push_back({row, named >= 1 && named <= kAssignRows ? static_cast<int>(named) : 0, IsStored(row),
+    ports.push_back({row, NamedNumber(project.base(), grid().row(row).origin), IsStored(row),
                      grid().Cell(row, kNumberColumn)});
   }
-  return NumberLinks(project, ports);
+  std::vector<int> left;
+  for (const auto& [port, to] : Moves([this](int row) { return IsRowKept(row); })) {
+    const int number = to > 0 ? 0 : NamedNumber(project.base(), port);
+    if (number > 0 && NumberLinks::BelongsTo(project.base(), number, port)) left.push_back(number);
+  }
+  return {project, ports, left};
+}
+
+/** The row is stored, or has a number all the same. */
+bool frmPortSys_Def::IsRowKept(int row) const {
+  return IsStored(row) || !grid().Cell(row, kNumberColumn).empty();
 }
 
 bool frmPortSys_Def::MaySave() {
@@ -231,8 +232,10 @@ void frmPortSys_Def::Write(IniEdit& project) {
   const NumberLinks links = LinksFor(project);
   number_fields_.clear();
   for (int row = 1; row <= grid().rows(); ++row) {
+    const std::string& unseen = grid().Unseen(row, kNumberColumn);
     const int number = links.NumberOf(row);
-    number_fields_.push_back(number > 0 ? Padded(number, kRowWidth) : std::string(kUnset));
+    const bool stays = !unseen.empty() && !links.IsTaken(NamedNumber(project.base(), grid().row(row).origin));
+    number_fields_.push_back(number > 0 ? Padded(number, kRowWidth) : stays ? unseen : std::string(kUnset));
   }
   MoveAccounts(project);
   // Rows that refer to a number refer to no port, so this can't undo what was repaired above.

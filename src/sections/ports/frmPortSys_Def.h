@@ -34,9 +34,10 @@ class frmPortSys_Def : public FieldTableForm {
   static std::vector<FieldColumn> Columns(frmPortSys_Def* form);
 
   void cmbInsert();
-  std::string FieldOf(int row, int field) const;
-  std::string IncomingText(int row, int column, int field) const;
+  std::string PortField(int row, int field) const;
   bool IsStored(int row) const;
+  bool IsRowKept(int row) const;
+  static int NamedNumber(const IniText& project, int port);
   void FollowPorts(IniEdit& project) const;
   NumberLinks LinksFor(const IniEdit& project) const;
   void MoveAccounts(IniEdit& project) const;

@@ -14,22 +14,36 @@ constexpr std::string_view kPortType = "0";
 constexpr int kRowWidth = 3;
 constexpr std::string_view kNoNumber = "F|F|F|F|F";
 
+/** The types of numbers that a port may name without being what they stand for: those of hunt groups and bosses. */
+constexpr std::string_view kSharedTypes[] = {"1", "4", "5", "6", "7"};
+
 bool IsSet(std::string_view text) {
   return !text.empty() && text != kUnset;
 }
 
 }  // namespace
 
-NumberLinks::NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports)
+NumberLinks::NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports,
+                         const std::vector<int>& left)
     : rows_(kAssignRows + 1) {
   for (int row = 1; row <= kAssignRows; ++row)
     rows_[static_cast<std::size_t>(row)] = project.Get(assign::kTable.section, KeyOf(assign::kTable, row));
   FindOwners(ports);
   // What ports give up comes first, so that another port can take it over with all that refers to it.
-  for (const LinkedPort& port : ports) GiveUp(port);
-  for (const LinkedPort& port : ports) {
-    if (!port.number.empty()) Link(port);
+  for (const int row : left) {
+    if (!owned_.contains(row) && IsSet(Field(row, assign::kNumber))) gone_[row] = 0;
   }
+  for (const LinkedPort& port : ports) GiveUp(port);
+  std::vector<const LinkedPort*> without_row;
+  for (const LinkedPort& port : ports) {
+    if (!port.number.empty() && !Link(port)) without_row.push_back(&port);
+  }
+  for (const LinkedPort* port : without_row) TakeFree(*port);
+}
+
+bool NumberLinks::BelongsTo(const IniText& project, int number, int port) {
+  const std::string_view row = RowValue(project, assign::kTable, number);
+  return GetField(row, assign::kType) == kPortType && Val(GetField(row, assign::kValue)) == port;
 }
 
 std::string_view NumberLinks::Field(int row, int field) const {
@@ -58,26 +72,29 @@ void NumberLinks::FindOwners(const std::vector<LinkedPort>& ports) {
   }
 }
 
-/** A number that a port had and people took away. */
+/** A number that a port had and people took away, or put the number of a group or a boss in place of. */
 void NumberLinks::GiveUp(const LinkedPort& port) {
   const auto own = row_of_.find(port.row);
-  if (!port.number.empty() || own == row_of_.end() || own->second != port.named) return;
-  if (!IsSet(Field(port.named, assign::kNumber))) return;
+  if (own == row_of_.end() || own->second != port.named) return;
+  const std::string_view before = Field(port.named, assign::kNumber);
+  if (!IsSet(before) || before == port.number) return;
+  if (!port.number.empty() && FindShared(port.number) == 0) return;
   gone_[own->second] = 0;
   owned_.erase(own->second);
   row_of_.erase(own);
 }
 
-void NumberLinks::Link(const LinkedPort& port) {
+bool NumberLinks::Link(const LinkedPort& port) {
   const auto own = row_of_.find(port.row);
   const bool has_own = own != row_of_.end();
   const bool as_before = port.named > 0 && Field(port.named, assign::kNumber) == port.number;
   if (has_own && Field(own->second, assign::kNumber) == port.number) {
     number_of_[port.row] = own->second;
-  } else if (as_before && (has_own || owned_.contains(port.named) || !IsForPorts(port.named))) {
+  } else if (as_before && !gone_.contains(port.named) &&
+             (has_own || owned_.contains(port.named) || !IsForPorts(port.named))) {
     number_of_[port.row] = port.named;  // nobody touched it
-  } else if (const int other = as_before ? 0 : FindOtherKind(port.number); other > 0) {
-    number_of_[port.row] = other;  // the number of a group or a boss stays what it is
+  } else if (const int shared = as_before ? 0 : FindShared(port.number); shared > 0) {
+    number_of_[port.row] = shared;  // the number of a hunt group or a boss stays what it is
   } else if (!port.usable) {
     number_of_[port.row] = FindUnowned(port);
   } else if (has_own) {
@@ -86,13 +103,15 @@ void NumberLinks::Link(const LinkedPort& port) {
     gone_.erase(unowned);
     Take(unowned, port);
   } else {
-    TakeFree(port);
+    return false;
   }
+  return true;
 }
 
-int NumberLinks::FindOtherKind(const std::string& number) const {
+int NumberLinks::FindShared(const std::string& number) const {
   for (int row = 1; row <= kAssignRows; ++row) {
-    if (Field(row, assign::kNumber) == number && !IsForPorts(row)) return row;
+    const auto* type = std::find(std::begin(kSharedTypes), std::end(kSharedTypes), Field(row, assign::kType));
+    if (type != std::end(kSharedTypes) && Field(row, assign::kNumber) == number) return row;
   }
   return 0;
 }

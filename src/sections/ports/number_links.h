@@ -25,11 +25,17 @@ struct LinkedPort {
  */
 class NumberLinks {
  public:
-  /** `project` is one in which all that refers to ports has followed them already. */
-  NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports);
+  /** `project` is one in which all that refers to ports has followed them already; `left` are the number rows of
+   * ports that are no more. */
+  NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports, const std::vector<int>& left);
+
+  /** Row `number` stands for that port. */
+  static bool BelongsTo(const IniText& project, int number, int port);
 
   /** The number row of a port by the port's row, 0 for none. */
   int NumberOf(int port) const;
+  /** The row holds another number than before. */
+  bool IsTaken(int row) const { return changed_.contains(row); }
   /** The numbers that are no more. */
   const RowMoves& gone() const { return gone_; }
   /** Every number has found a row. */
@@ -42,8 +48,9 @@ class NumberLinks {
   bool IsForPorts(int row) const;
   void FindOwners(const std::vector<LinkedPort>& ports);
   void GiveUp(const LinkedPort& port);
-  void Link(const LinkedPort& port);
-  int FindOtherKind(const std::string& number) const;
+  /** False for a port whose number needs a row of its own. */
+  bool Link(const LinkedPort& port);
+  int FindShared(const std::string& number) const;
   int FindUnowned(const LinkedPort& port) const;
   void Take(int row, const LinkedPort& port);
   void TakeFree(const LinkedPort& port);

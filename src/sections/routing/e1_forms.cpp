@@ -41,19 +41,9 @@ void frmE1Map::Prepare(const IniText& project) {
   ports_ = PortNames(project, statement().fields[e1_map::kStart - 1].target.stored[0]);
 }
 
-std::string frmE1Map::RowText(int row) const {
-  std::string text = FieldTableForm::RowText(row);
-  const FieldList before(StoredBefore(row));
-  for (const int field : {e1_map::kStart, e1_map::kEnd}) {
-    const int width = statement().fields[static_cast<std::size_t>(field) - 1].width;
-    text = WithField(text, field, ports_.Stored(grid().Cell(row, field), width, before[field]));
-  }
-  return text;
-}
-
 /** A link that was emptied here is none to name any more; one that was empty before is none less. */
 bool frmE1Map::KeepsReferences(int row) const {
-  const bool is_empty = grid().Cell(row, e1_map::kStart).empty() && grid().Cell(row, e1_map::kEnd).empty();
+  const bool is_empty = grid().IsBlank(row, e1_map::kStart) && grid().IsBlank(row, e1_map::kEnd);
   return !is_empty || IsUnused(statement(), StoredBefore(row));
 }
 

@@ -16,7 +16,6 @@ class frmE1Map : public FieldTableForm {
  protected:
   void Prepare(const IniText& project) override;
   void Write(IniEdit& project) override;
-  std::string RowText(int row) const override;
   bool IsRemoved(std::string_view /*value*/) const override { return false; }
   bool KeepsReferences(int row) const override;
 

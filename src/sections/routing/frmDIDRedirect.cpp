@@ -22,6 +22,11 @@ std::vector<FieldColumn> frmDIDRedirect::Columns(frmDIDRedirect* form) {
   FieldColumn number{.field = kMapNumber,
                      .column = {.title = "Map Number", .entry = Entry::kList, .overlay = "cmbMask3"}};
   number.column.list_of = [form](int row) { return form->MapNumbers(row); };
+  number.stored = [](std::string_view /*cell*/) { return std::string(kUnset); };
+  number.names = [form](const std::vector<std::string>& cells) {
+    const Target target = form->TargetOf(cells[kMapType - 1]);
+    return NamedRows{target.names, target.width};
+  };
   const EntryRule digits = DigitsRule(fields[kDidStart - 1].high);
   return {std::move(link), TypedColumn(kDidStart, "DID Start", digits),
           TypedColumn(kDidEnd, "DID End", digits), std::move(type), std::move(number)};
@@ -70,16 +75,7 @@ std::vector<std::string> frmDIDRedirect::MapNumbers(int row) const {
 void frmDIDRedirect::TypeChanged(int row) {
   const std::vector<std::string> offered = MapNumbers(row);
   if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())
-    grid().SetCell(row, kMapNumber, {});
-}
-
-std::string frmDIDRedirect::RowText(int row) const {
-  const Target target = TargetOf(grid().Cell(row, kMapType));
-  const std::string_view before = GetField(StoredBefore(row), kMapNumber);
-  const std::string number = target.names == nullptr
-                                 ? std::string(kUnset)
-                                 : target.names->Stored(grid().Cell(row, kMapNumber), target.width, before);
-  return WithField(FieldTableForm::RowText(row), kMapNumber, number);
+    grid().EraseCell(row, kMapNumber);
 }
 
 }  // namespace tarvok

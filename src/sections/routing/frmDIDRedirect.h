@@ -16,7 +16,6 @@ class frmDIDRedirect : public FieldTableForm {
  protected:
   void Prepare(const IniText& project) override;
   void ShowRow(std::string_view value, TableRow& row) const override;
-  std::string RowText(int row) const override;
 
  private:
   /** What a Map Type, as it is shown, points at. */

@@ -7,7 +7,6 @@
 #include "sections/routing/offered_rows.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
-#include "store/field_list.h"
 
 namespace tarvok {
 
@@ -63,20 +62,6 @@ int frmIncomingLst::RowsToShow(const IniText& project) const {
     if (!RowValue(project, kTable, row).empty()) rows = row;
   }
   return rows;
-}
-
-/** A number that stands in several rows stays the one that it was. */
-std::string frmIncomingLst::RowText(int row) const {
-  std::string text = FieldTableForm::RowText(row);
-  const FieldList before(StoredBefore(row));
-  for (const int field : kDestinations) {
-    const std::string& cell = grid().Cell(row, field);
-    if (!cell.empty() && cell == numbers_.NameOf(before[field])) {
-      const int width = kTable.fields[static_cast<std::size_t>(field) - 1].width;
-      text = WithField(text, field, numbers_.Stored(cell, width, before[field]));
-    }
-  }
-  return text;
 }
 
 /** A row that was emptied here is none to name any more; one that was empty before is none less. */

@@ -18,7 +18,6 @@ class frmIncomingLst : public FieldTableForm {
   int RowsToShow(const IniText& project) const override;
   void BeforeWrite() override { Sort(true); }
   void Write(IniEdit& project) override;
-  std::string RowText(int row) const override;
   bool KeepsReferences(int row) const override;
 
  private:

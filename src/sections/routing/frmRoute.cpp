@@ -88,9 +88,7 @@ std::vector<std::vector<TableRow>> frmRoute::RoutesOf(const IniText& project) co
     const RouteRange range = RoutesOfList(project, list);
     for (int route = range.first; route <= range.last; ++route) {
       TableRow row = ShownRow(route, RowValue(project, kTable, route));
-      const auto is_blank = [](const std::string& cell) { return cell.empty(); };
-      if (!std::all_of(row.cells.begin(), row.cells.end(), is_blank))
-        lists[static_cast<std::size_t>(list) - 1].push_back(std::move(row));
+      if (!row.IsBlank()) lists[static_cast<std::size_t>(list) - 1].push_back(std::move(row));
     }
   }
   return lists;
@@ -145,8 +143,7 @@ void frmRoute::Write(IniEdit& project) {
   RowMoves emptied;
   for (int list = 1; list <= kRouteLists; ++list) {
     const std::vector<TableRow>& routes = pages_.page(list - 1);
-    for (const TableRow& route : routes)
-      project.Set(kTable.section, KeyOf(kTable, ++count), TextOf(route.cells));
+    for (const TableRow& route : routes) project.Set(kTable.section, KeyOf(kTable, ++count), TextOf(route));
     if (routes.empty()) emptied[list] = 0;
     project.Set(route_list::kTable.section, KeyOf(route_list::kTable, list),
                 std::to_string(count == 0 ? 0 : count + 1));

@@ -52,7 +52,7 @@ void TableEditor::ClearCell() {
   const Selection selected = selection();
   for (const int row : RowsInSight(selected.top, selected.bottom)) {
     for (int column = selected.left; column <= selected.right; ++column) {
-      if (this->column(column).entry != Entry::kReadOnly) Change(row, column, {});
+      if (this->column(column).entry != Entry::kReadOnly) EraseCell(row, column);
     }
   }
   End();

@@ -44,9 +44,10 @@ const std::string& TableEditor::Cell(int row, int column) const {
   return rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
 }
 
-bool TableEditor::IsBlank(int row) const {
-  const auto& cells = this->row(row).cells;
-  return std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return cell.empty(); });
+const std::string& TableEditor::Unseen(int row, int column) const {
+  static const std::string kNothing;
+  return row < 1 || row > rows() || column < 1 ? kNothing
+                                               : this->row(row).Unseen(static_cast<std::size_t>(column) - 1);
 }
 
 std::vector<std::string> TableEditor::ListOf(int row, int column) const {
@@ -89,7 +90,7 @@ std::string TableEditor::OpenText() const {
 
 void TableEditor::Open() {
   if (!HasCurrent() || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
-  open_ = OpenField{.text = Cell(row_, column_), .before = row(row_).cells};
+  open_ = OpenField{.text = Cell(row_, column_), .before = row(row_)};
 }
 
 bool TableEditor::Pick(std::string_view entry) {
@@ -114,6 +115,13 @@ void TableEditor::SetCell(int row, int column, std::string_view text) {
   Change(row, column, text);
 }
 
+void TableEditor::EraseCell(int row, int column) {
+  const std::string before = Cell(row, column);
+  if (!Put(row, column, {}) || before.empty()) return;
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
+}
+
 void TableEditor::SetHidden(int row, std::vector<std::string> hidden) {
   rows_[static_cast<std::size_t>(row) - 1].hidden = std::move(hidden);
 }
@@ -129,46 +137,50 @@ void TableEditor::End() {
   undo_.End();
 }
 
-/** Puts a text that a person gave into the current cell. */
+/** Puts a text that a person gave into the current cell, which then holds nothing else. */
 void TableEditor::Write(std::string_view text) {
   if (open_) {
     open_->text = text;
     open_->touched = true;
   }
-  if (open_ && text == open_->before[static_cast<std::size_t>(column_) - 1]) {
+  if (open_ && text == open_->before.cells[static_cast<std::size_t>(column_) - 1]) {
     PutBack(open_->before);
   } else {
     Change(row_, column_, text);
   }
+  Put(row_, column_, {std::string(text)});
   Changed();
 }
 
 void TableEditor::Change(int row, int column, std::string_view text) {
   const std::string before = Cell(row, column);
-  if (!Put(row, column, text)) return;
+  if (before == text) return;
+  Put(row, column, {std::string(text)});
   const Column& stated = this->column(column);
   if (stated.changed) stated.changed(row, before);
 }
 
 /** The current row as it was; the rules that answer a change have no say in that. */
-void TableEditor::PutBack(const std::vector<std::string>& cells) {
-  for (int column = 1; column <= columns(); ++column)
-    Put(row_, column, cells[static_cast<std::size_t>(column) - 1]);
+void TableEditor::PutBack(const TableRow& before) {
+  for (int column = 1; column <= columns(); ++column) {
+    const auto index = static_cast<std::size_t>(column) - 1;
+    Put(row_, column, {before.cells[index], before.Unseen(index)});
+  }
 }
 
-/** Another text into a cell, as part of the running step; false if it is none. */
-bool TableEditor::Put(int row, int column, std::string_view text) {
-  std::string& cell = rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
-  if (cell == text) return false;
+/** Changes a cell as part of the running step; false if it is no change. */
+bool TableEditor::Put(int row, int column, CellState state) {
+  const CellState before{Cell(row, column), Unseen(row, column)};
+  if (before == state) return false;
   UndoStep& step = undo_.Now(row_, column_);
   const auto found = std::find_if(step.cells.begin(), step.cells.end(), [&](const UndoStep::Cell& change) {
     return change.row == row && change.column == column;
   });
-  const std::string before = std::exchange(cell, std::string(text));
+  SetState(rows_[static_cast<std::size_t>(row) - 1], column, state);
   if (found != step.cells.end()) {
-    found->after = cell;
+    found->after = std::move(state);
   } else {
-    step.cells.push_back({row, column, before, cell});
+    step.cells.push_back({row, column, before, std::move(state)});
   }
   return true;
 }
@@ -179,8 +191,8 @@ void TableEditor::Restore(const UndoStep& step, bool after) {
     rows_ = after ? step.rows_after : *step.rows_before;
   } else {
     for (const UndoStep::Cell& change : step.cells) {
-      rows_[static_cast<std::size_t>(change.row) - 1].cells[static_cast<std::size_t>(change.column) - 1] =
-          after ? change.after : change.before;
+      SetState(rows_[static_cast<std::size_t>(change.row) - 1], change.column,
+               after ? change.after : change.before);
     }
   }
   row_ = anchor_row_ = std::clamp(step.row, 1, std::max(rows(), 1));

@@ -96,7 +96,11 @@ class TableEditor {
   const TableRow& row(int row) const { return rows_[static_cast<std::size_t>(row) - 1]; }
   /** "" outside of the table. */
   const std::string& Cell(int row, int column) const;
-  bool IsBlank(int row) const;
+  /** What a blank cell holds and can't show, "" for nothing. */
+  const std::string& Unseen(int row, int column) const;
+  /** The cell neither shows nor holds anything. */
+  bool IsBlank(int row, int column) const { return Cell(row, column).empty() && Unseen(row, column).empty(); }
+  bool IsBlank(int row) const { return this->row(row).IsBlank(); }
   std::vector<std::string> ListOf(int row, int column) const;
   Entry EntryOf(int row, int column) const;
 
@@ -135,6 +139,8 @@ class TableEditor {
   bool EditText(std::string_view text);
   /** A change that a rule of the editor makes, as part of the step of the change that it answers. */
   void SetCell(int row, int column, std::string_view text);
+  /** Empties a cell, also of what it can't show. */
+  void EraseCell(int row, int column);
   void SetHidden(int row, std::vector<std::string> hidden);
   /** All changes up to End are one step. */
   void Begin();
@@ -184,8 +190,8 @@ class TableEditor {
   /** The field or list over the current cell. */
   struct OpenField {
     std::string text;
-    std::vector<std::string> before;  // the row's cells when it was opened: a rule may answer in any of them
-    bool touched = false;             // until then the cell keeps its text
+    TableRow before;       // the row when it was opened: a rule may answer in any of its cells
+    bool touched = false;  // until then the cell keeps its text
   };
 
   void PressText(Key key);
@@ -200,8 +206,8 @@ class TableEditor {
   std::vector<int> RowsInSight(int first, int last) const;
   bool HasCurrent() const { return InSight(row_); }
   void Change(int row, int column, std::string_view text);
-  bool Put(int row, int column, std::string_view text);
-  void PutBack(const std::vector<std::string>& cells);
+  bool Put(int row, int column, CellState state);
+  void PutBack(const TableRow& before);
   void Restore(const UndoStep& step, bool after);
   std::vector<Refusal> PutBlock(const std::vector<std::vector<std::string>>& block, Selection where,
                                 bool fill);

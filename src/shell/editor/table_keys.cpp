@@ -53,7 +53,7 @@ void TableEditor::PressText(Key key) {
   if (key.code == KeyCode::kBackspace) {
     if (!text.empty()) Write(std::string_view(text).substr(0, text.size() - 1));
   } else if (key.code == KeyCode::kDelete) {
-    if (!text.empty()) Write({});
+    if (!IsBlank(row_, column_)) Write({});
   } else if (key.code == KeyCode::kCharacter && rule.first_replaces) {
     OpenWith(key.character);
   } else if (key.code == KeyCode::kCharacter) {
@@ -65,7 +65,7 @@ void TableEditor::PressText(Key key) {
 /** A key on a selected cell with a list: it opens the list. */
 void TableEditor::PressList(Key key) {
   if (key.code == KeyCode::kDelete) {
-    if (!Cell(row_, column_).empty()) Write({});
+    if (!IsBlank(row_, column_)) Write({});
   } else if (key.code == KeyCode::kCharacter && EntryOf(row_, column_) == Entry::kEditList) {
     OpenWith(key.character);
   } else if (key.code != KeyCode::kEscape) {
@@ -77,7 +77,7 @@ void TableEditor::PressList(Key key) {
  * until something is typed. */
 void TableEditor::OpenWith(char key) {
   const std::optional<std::string> typed = TypeCharacter(column(column_).rule, {}, false, key, true);
-  open_ = OpenField{.before = row(row_).cells};
+  open_ = OpenField{.before = row(row_)};
   if (typed) Write(*typed);
 }
 
@@ -99,7 +99,9 @@ void TableEditor::PressOpen(Key key) {
     if (next <= last) Write(list[static_cast<std::size_t>(next)]);
     return;
   }
-  if (key.code == KeyCode::kDelete && (kind != Entry::kText || !open_->text.empty())) return Write({});
+  if (key.code == KeyCode::kDelete &&
+      (kind != Entry::kText || !open_->text.empty() || !IsBlank(row_, column_)))
+    return Write({});
   if (kind == Entry::kList) return;
   const std::string& text = open_->text;
   const EntryRule& rule = column(column_).rule;

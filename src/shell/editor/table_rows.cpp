@@ -135,7 +135,7 @@ void TableEditor::Sort(bool ascending) {
 
 void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
   const auto same = [](const TableRow& a, const TableRow& b) {
-    return a.origin == b.origin && a.cells == b.cells && a.hidden == b.hidden;
+    return a.origin == b.origin && a.cells == b.cells && a.hidden == b.hidden && a.unseen == b.unseen;
   };
   if (std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), same)) return;
   open_.reset();
@@ -144,8 +144,7 @@ void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
   if (!step.rows_before) {
     step.rows_before = rows_;
     for (const UndoStep::Cell& change : step.cells) {
-      (*step.rows_before)[static_cast<std::size_t>(change.row) - 1]
-          .cells[static_cast<std::size_t>(change.column) - 1] = change.before;
+      SetState((*step.rows_before)[static_cast<std::size_t>(change.row) - 1], change.column, change.before);
     }
   }
   rows_ = std::move(rows);

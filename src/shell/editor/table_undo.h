@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,16 +12,44 @@ struct TableRow {
   int origin = 0;  // its number in the project when it was loaded, 0 for a new one
   std::vector<std::string> cells;
   std::vector<std::string> hidden = {};
+  std::vector<std::string> unseen =
+      {};                // by column from 0: what its cell holds and can't show, "" for nothing
   bool in_sight = true;  // a filter does not leave it out
+
+  const std::string& Unseen(std::size_t column) const {
+    static const std::string kNothing;
+    return column < unseen.size() ? unseen[column] : kNothing;
+  }
+  /** No cell shows or holds anything. */
+  bool IsBlank() const {
+    const auto is_empty = [](const std::string& text) { return text.empty(); };
+    return std::all_of(cells.begin(), cells.end(), is_empty) &&
+           std::all_of(unseen.begin(), unseen.end(), is_empty);
+  }
 };
+
+/** What a cell holds. A value that the table can't show stays until somebody gives the cell another one. */
+struct CellState {
+  std::string text;
+  std::string unseen = {};
+
+  bool operator==(const CellState&) const = default;
+};
+
+inline void SetState(TableRow& row, int column, const CellState& state) {
+  const auto index = static_cast<std::size_t>(column) - 1;
+  row.cells[index] = state.text;
+  if (!state.unseen.empty() && row.unseen.size() <= index) row.unseen.resize(row.cells.size());
+  if (index < row.unseen.size()) row.unseen[index] = state.unseen;
+}
 
 /** One step of what can be undone. */
 struct UndoStep {
   struct Cell {
     int row;
     int column;
-    std::string before;
-    std::string after;
+    CellState before;
+    CellState after;
   };
   std::vector<Cell> cells;
   std::optional<std::vector<TableRow>> rows_before;  // of a step that moved rows: all of them

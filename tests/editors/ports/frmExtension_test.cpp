@@ -73,20 +73,23 @@ TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
       "[Assign]\nNow=2\n001=100|0|501|7|009\n002=101|9|f\n003=102|0|004|x|001\n500=\n[Name]\nNow=1\n001=A\n",
       "show\ngo 3 Number\ntype 0\nclick cmdOK\n",
       "\tNumber\tType\tValue\tCompany\tName\n1\t100\tPort\t\t7\t\n2\t101\t\t\t\t\n3\t102\tPort\t\tx\tA",
-      "[Assign]\n001=100|0|F|4|F\n002=101|F|F|F|F\n003=1020|0|F|x|001\nNow=3\n");
+      "[Assign]\n001=100|0|501|4|F\n002=101|F|F|F|F\n003=1020|0|004|x|001\nNow=3\n");
 }
 
 TEST(Extension, ASaveKeepsWhatNobodyTouched) {
-  // A port without a channel has nothing to show, but a number may stand for it; one that is not there is gone.
+  // A port without a channel has nothing to show, nor one that is not there, but a number may stand for it.
   const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|F|1") + "\n002=" + Port("1|2|1", "002") +
                               "\n[Assign]\nNow=4\n001=100|0|001|F|F\n002=F|0|002|1|F\n003=300|2|01|F|F\n"
                               "004=400|0|003|F|F\n[BOSS]\n01=001|002\n";
   ExpectEdit("frmExtension", project,
              "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\npaste A|B\nclick cmdOK\n", "",
-             "[Assign]\n001=100|0|001|2|F\n002=300|0|F|F|001\n003=400|0|F|F|F\n004=F|0|002|1|F\n"
+             "[Assign]\n001=100|0|001|2|F\n002=300|0|F|F|001\n003=400|0|003|F|F\n004=F|0|002|1|F\n"
              "[Name]\n001=A|B\n[BOSS]\n01=001|002\n");
   ExpectEdit("frmExtension", project, "go 1 Type\npick Call Group\nclick cmdOK\n", "",
              "[Assign]\n001=100|2|F|F|F\n");
+  ExpectEdit("frmExtension", project,
+             "go 1 Type\npick Call Group\npick Port\ngo 4 Value\npress Delete\nclick cmdOK\n", "",
+             "[Assign]\n001=100|0|F|F|F\n003=400|0|F|F|F\n");
 }
 
 TEST(Extension, RowsGrowToTheLimit) {

@@ -17,13 +17,39 @@ TEST(PortDefine, ASaveSortsAndEveryReferenceStaysOnItsPort) {
 }
 
 TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
-  for (const char* how : {"select 4 1 5 3\ncut\nselect 1 1 1 3\ncut\n",
-                          "go 5 1\nclick cmdDelRow\ngo 4 1\nclick cmdDelRow\ngo 1 1\nclick cmdDelRow\n"}) {
+  // A number goes with its port, but for one that the row still shows.
+  const std::tuple<const char*, const char*> cases[] = {
+      {"select 4 1 5 3\ncut\nselect 1 1 1 3\ncut\n",
+       "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[HuntGroup]\n01=001|002\n"},
+      {"select 4 1 5 11\ncut\nselect 1 1 1 3\ncut\n",
+       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n"},
+      {"go 5 1\nclick cmdDelRow\ngo 4 1\nclick cmdDelRow\ngo 1 1\nclick cmdDelRow\n",
+       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n"}};
+  for (const auto& [how, numbers] : cases) {
+    SCOPED_TRACE(how);
     ExpectEdit("frmPortSys_Def", EveryReference(), std::string(how) + "click cmdOK\n", "",
-               "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[BOSS]\n01=F|F\n[Group_Out]\n01=001\nNow=2\n"
-               "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0\n[HuntGroup]\n01=001|002\n[E1Map]"
-               "\n01=F|002|0\n");
+               std::string("[BOSS]\n01=F|F\n[Group_Out]\n01=001\nNow=2\n[E1Map]\n01=F|002|0\n"
+                           "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0\n") +
+                   numbers);
   }
+}
+
+TEST(PortDefine, ACardThatIsReplacedTakesTheNumbersOfItsPortsAlong) {
+  std::string project = "[Port_Def]\nNow=17\n";
+  std::string numbers = "[Assign]\nNow=17\n";
+  for (int row = 1; row <= 16; ++row) {
+    project += Padded(row, 3) + "=" + Port("1|" + std::to_string(row) + "|1", Padded(row, 3)) + "\n";
+    numbers += Padded(row, 3) + "=" + std::to_string(100 + row) + "|0|" + Padded(row, 3) + "|F|F\n";
+  }
+  project += "017=" + Port("2|1|1", "017") + "\n";
+  numbers += "017=300|0|017|F|F\n";
+  ExpectEdit("frmPortSys_Def", project + numbers + "[HuntGroup]\nNow=3\n01=001|016|017\n",
+             "focus cmbCard\npick 1\nfocus cmbType\npick 8 DIGITAL\nanswer Yes\nclick cmbInsert\n"
+             "go 2 Number\ntype 109\nclick cmdOK\n",
+             "ask: Card \"1\" already inserted. Do you want to replace? -> Yes",
+             "[Port_Def]\n001=1|1|3|F*20\n002=1|2|3|F*12|002|F*7\n009=2|1|1|F*12|017|F*7\n-010\n"
+             "[Assign]\n001=F|F|F|F|F\n002=109|0|002|F|F\n009=F|F|F|F|F\n016=F|F|F|F|F\n017=300|0|009|F|F\n"
+             "[HuntGroup]\n01=017\nNow=1\n");
 }
 
 TEST(PortDefine, AnIncompletePortKeepsItsNumberAndItsGroup) {
@@ -61,8 +87,15 @@ TEST(PortDefine, NumbersAreLinkedToTheirPorts) {
       {"a new number does not inherit what meant the old one",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 999\n",
        "[Assign]\n002=999|0|003|F|F\n[HuntGroup]\n02=\n"},
+      {"a new number leaves the row of one that another port takes over",
+       "go 5 Number\npress Delete\ntype 999\ngo 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
+       "[Assign]\n001=999|0|001|2|002\n002=200|0|003|F|F\n[HuntGroup]\n01=001|002\n"},
       {"the number of a group stays what it is", "go 3 Number\ntype 300\n",
        "[Assign]\n003=300|1|1|F|001\n[Port_Def]\n003=2|1|2|F*12|003|F*7\n"},
+      {"the number of a group takes the place of the port's own, which nobody could reach any more",
+       "go 4 Number\npress Delete\ntype 300\n",
+       "[Assign]\n002=F|F|F|F|F\n003=300|1|1|F|001\n[Port_Def]\n002=1|2|1|F*12|003|F*7\n[HuntGroup]\n"
+       "01=001\n02=\nNow=1\n"},
   };
   for (const auto& [what, script, keys] : cases) {
     SCOPED_TRACE(what);
@@ -70,14 +103,26 @@ TEST(PortDefine, NumbersAreLinkedToTheirPorts) {
   }
 }
 
+TEST(PortDefine, TheNumberOfACallGroupIsNoneToShare) {
+  ExpectEdit("frmPortSys_Def",
+             "[Port_Def]\nNow=3\n001=" + Port("1|1|1") + "\n002=" + Port("1|2|1", "001") +
+                 "\n003=" + Port("1|3|1") + "\n[Assign]\nNow=2\n001=500|2|01|F|F\n002=600|7|1|F|F\n",
+             "go 1 Number\ntype 500\ngo 3 Number\ntype 600\nclick cmdOK\n", "",
+             "[Port_Def]\n001=1|1|1|F*12|003|F*7\n002=1|2|1|F*12|001|F*7\n003=1|3|1|F*12|002|F*7\n"
+             "[Assign]\n001=500|2|01|F|F\n002=600|7|1|F|F\n003=500|0|001|F|F\nNow=3\n");
+}
+
 TEST(PortDefine, ASaveKeepsWhatNobodyTouched) {
-  // Two groups of one number, and a list that has lost its name: only what showed can be cleared.
+  // Two groups of one number, a list that has lost its name, and one that is not there.
   ExpectEdit("frmPortSys_Def",
              "[Port_Def]\nNow=3\n001=1|1|1|F|F|F|001|002\n002=1|2|1|F|F|F|3|051|F|F|F|F|F|F|F|032\n"
              "003=1|3|1|F|F|F|001|003|F|F|F|F|F|F|F|033\n[Assign]\nNow=33\n031=500|1|1|F|F\n"
              "032=500|4|2|F|F\n033=500|F|F|F|F\n[Incoming_List]\n01=Day|F|F|F|F\n02=F|001|F|F|F\n",
-             "go 1 PSW\ntype 9\ngo 3 7\npress Delete\ngo 3 8\npress Delete\nclick cmdOK\n", "",
-             "[Port_Def]\n001=1|1|1|F|F|F|001|002|F*8|9|F*6\n002=1|2|1|F|F|F|003|F|F*7|032|F*7\n"
+             "show\ngo 1 PSW\ntype 9\ngo 3 7\npress Delete\ngo 3 8\npress Delete\nclick cmdOK\n",
+             "\tCard\tChannel\tType\tConfig\tTenan\tPickup Group\tIncoming D\tIncoming N\tNumber\tPSW\t"
+             "Expand T\n1\t1\t1\tSLIC 16\t\t\t\tDay\tList 2\t\t\t\n2\t1\t2\tSLIC 16\t\t\t\tList "
+             "3\t\t500\t\t\n3\t1\t3\tSLIC 16\t\t\t\tDay\tList 3\t500\t\t",
+             "[Port_Def]\n001=1|1|1|F|F|F|001|002|F*8|9|F*6\n002=1|2|1|F|F|F|003|051|F*7|032|F*7\n"
              "003=1|3|1|F|F|F|F|F*8|033|F*7\n[Assign]\n033=500|0|003|F|F\n");
 }
 
@@ -111,8 +156,8 @@ TEST(PortDefine, OldAndBrokenRowsComeDownToTheirLimits) {
       "\tCard\tChannel\tType\tConfig\tTenan\tPickup Group\tIncoming D\tIncoming N\tNumber\t"
       "PSW\tExpand T\n1\t1\t5\tSLIC 8 (4)\t33\t44\t100\tDay\t\t\t\t\n2\t1\t3\t4 "
       "DIGITAL\t\t\t\t\t\t\t\t\n3\t\t\t\t5\t\t\t\t\t\t\t\n4\t1\t6\t\t\t\t\t\t\t\t\t",
-      "[Port_Def]\n001=1|3|4|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n"
-      "002=1|5|4|20|32|99|002|F|1|1|2|3|4|5|99|F|1|F|F|F|F|F|F\n"
+      "[Port_Def]\n001=1|3|4|F|F|F|F|F|F|F|F|F|F|F|F|700|F|F|F|F|F|F|F\n"
+      "002=1|5|4|20|32|99|002|051|1|1|2|3|4|5|99|F|1|F|F|F|F|F|F\n"
       "003=1|6|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n-004\n");
 }
 

@@ -15,7 +15,7 @@ TEST(Accounts, WhatIsTypedAndPickedIsStored) {
 }
 
 TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
-  // The number stands twice; the row stays with the one that it had, and one that is not there is none.
+  // The number stands twice; the row stays with the one that it had, also with one that is not there.
   ExpectEdit(
       "frmAccount",
       "[Assign]\nNow=3\n001=5|0|001\n002=7|0|002\n003=7|0|003\n[Account]\n001=1|2|3|25|F|F\n002=1|2|9\n",
@@ -23,7 +23,7 @@ TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
       "go 2 1\ntype 1\nclick cmdCheck\nvalue lblRepeat\nclick cmdOK\n",
       "Show repeat number :\n1\nask: There are repeat Account. Do you still want to save? -> No\nNo repeat "
       "Account",
-      "[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
+      "[Account]\n001=1|2|003|25|F|F\n002=11|2|9|F|F|F\n");
 }
 
 TEST(Bosses, AreKnownByTheirNumbers) {
@@ -31,11 +31,28 @@ TEST(Bosses, AreKnownByTheirNumbers) {
              "go 1 1\ncopy\ngo 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress "
              "Delete\nclick cmdOK\n",
              "", "[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
-  // A port without a number shows nothing and stays, one that is not there does not.
-  ExpectEdit("frmBoss",
-             "[Port_Def]\nNow=2\n001=" + Port("1|1|1", "001") + "\n002=" + Port("1|2|1") +
-                 "\n[Assign]\nNow=1\n001=200|0|001\n[BOSS]\n01=001|002\n02=499|002\n",
-             "go 1 1\npress Delete\nclick cmdOK\n", "", "[BOSS]\n01=F|002\n02=F|002\n");
+}
+
+TEST(Bosses, APortThatShowsNoNumberStaysUntilItsCellIsEdited) {
+  // Port 2 has no number, port 499 is not there.
+  const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|1|1", "001") + "\n002=" + Port("1|2|1") +
+                              "\n[Assign]\nNow=1\n001=200|0|001\n[BOSS]\n01=001|002\n02=499|002\n";
+  const std::tuple<const char*, const char*> cases[] = {
+      {"go 1 1\npress Delete\n", "01=F|002\n02=499|002\n"},
+      {"go 2 2\npress Delete\n", "01=001|002\n02=499|F\n"},
+      {"go 2 2\ntype 2\npress Backspace\n", "01=001|002\n02=499|F\n"},
+      {"go 2 2\npick 200\npick\n", "01=001|002\n02=499|F\n"},
+      {"go 2 2\npick\n", "01=001|002\n02=499|F\n"},
+      {"select 2 1 2 2\nclick mnu_cut\n", "01=001|002\n02=F|F\n"},
+      {"go 2 2\ntype 2\npress Escape\ngo 1 1\npress Delete\n", "01=F|002\n02=499|002\n"},
+      {"go 2 2\npress Delete\nclick mnu_undo\ngo 1 1\npress Delete\n", "01=F|002\n02=499|002\n"},
+      {"go 2 2\npress Delete\nclick mnu_undo\nclick mnu_redo\n", "01=001|002\n02=499|F\n"},
+      {"click cmdSort\nclick cmdSort\nselect 1 1 1 2\nclick mnu_copy\nclick mnu_paste\n", "01=001|002\n"},
+  };
+  for (const auto& [script, rows] : cases) {
+    SCOPED_TRACE(script);
+    ExpectEdit("frmBoss", project, std::string(script) + "click cmdOK\n", "", std::string("[BOSS]\n") + rows);
+  }
 }
 
 TEST(CallForward, RowsStandCloserThanTheirKeys) {
