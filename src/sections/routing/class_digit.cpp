@@ -84,8 +84,8 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
   }
 }
 
-/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A,
- * so the zeros of a number survive; a code 0 that no end of a number has cut off stays "0". */
+/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A, so the
+ * zeros of a number survive. A number that the end of the class leaves open ends there. */
 void DecodeList(const ImageReader& image, int& next, int end, std::string& codes) {
   codes.clear();
   for (; next < end; ++next) {
@@ -97,6 +97,7 @@ void DecodeList(const ImageReader& image, int& next, int end, std::string& codes
       if (!codes.ends_with('|')) codes += '|';
     }
   }
+  codes.erase(std::min(codes.find('0'), codes.size()));
   if (codes.ends_with('|')) codes.pop_back();
   for (char& code : codes) code = SymbolOf(code, DialSymbols::kDigitsStarHash);
 }

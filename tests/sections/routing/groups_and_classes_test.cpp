@@ -76,8 +76,10 @@ TEST(ClassDigit, ListsOfAnImage) {
       {"06 00 06 00", "AB C0 00 05 A1 00", "0*#|501", ""},
       // A number ends at its first code 0; ends without digits are dropped.
       {"09 00 09 00", "00 10 12 00 00 00 10 00 00", "1|1", ""},
-      // What no end closes is kept as it stands, a code 0 in it too.
-      {"02 00 05 00", "9A B0 00 10 2D", "90*0", "102D"},
+      // What no end closes ends with its class, at its first code 0, too.
+      {"02 00 05 00", "9A B0 00 10 2D", "90*", "1"},
+      {"03 00 06 00", "F4 00 B0 12 50 12", "F4|*", "125"},
+      {"02 00 05 00", "12 34 00 A0 05", "1234", "0"},
       {"05 FF 02 00", "12 00", "", "12"},
       {"FF FF FF FF", "12 00", "", ""},
       // An end in front of the one before it takes nothing back.
