@@ -98,6 +98,15 @@ RowText& RowText::AddCharacters(std::span<const std::uint8_t> bytes, std::string
   return *this;
 }
 
+RowText& RowText::AddText(std::span<const std::uint8_t> bytes) {
+  static const std::string kLeftOut = [] {
+    std::string characters = "|";
+    for (char c = 0; c < ' '; ++c) characters += c;
+    return characters;
+  }();
+  return AddCharacters(bytes, kLeftOut);
+}
+
 RowText& RowText::Replace(char from, char to) {
   std::replace(text_.begin(), text_.end(), from, to);
   return *this;

@@ -60,6 +60,8 @@ class RowText {
   /** The bytes as characters but for those of `left_out`, so that what stands behind one closes up. Blanks at
    * the ends are dropped; "F" if nothing is left. */
   RowText& AddCharacters(std::span<const std::uint8_t> bytes, std::string_view left_out);
+  /** The same without control characters and pipes, which would cut the row or shift the fields behind. */
+  RowText& AddText(std::span<const std::uint8_t> bytes);
   /** Makes each `from` of the row so far a `to`. */
   RowText& Replace(char from, char to);
   const std::string& str() const { return text_; }

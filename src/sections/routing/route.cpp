@@ -46,8 +46,6 @@ namespace {
 using namespace route;
 
 constexpr int kRecord = 49;
-/** Not read: what stands behind it closes up. */
-constexpr std::string_view kNul("\0", 1);
 
 /** The first two characters and the last two, each pair read as hexadecimal. */
 void EncodeTime(RecordWriter& row, int at, int field) {
@@ -94,7 +92,7 @@ void DecodeRow(const ImageReader& record, RowText& row) {
   row.Add(record.Byte(2) == kUnsetByte ? "0" : record.PlusOne(2));
   row.Add(DecodeHex(record, 3)).Add(DecodeHex(record, 4));
   row.Add(DecodeTime(record, 5)).Add(DecodeTime(record, 7));
-  for (const int at : {9, 29}) row.AddCharacters(record.Bytes(at, kTextBytes), kNul);
+  for (const int at : {9, 29}) row.AddText(record.Bytes(at, kTextBytes));
 }
 
 }  // namespace

@@ -52,8 +52,6 @@ constexpr int kLongRecord = 23;
 constexpr int kExtensionByte = 101;
 constexpr char kStarByte = 0x3B;
 constexpr char kHashByte = 0x3C;
-/** Not read: what stands behind it closes up. */
-constexpr std::string_view kNul("\0", 1);
 
 /** What both layouts share, the pattern given as it travels. */
 void EncodeRow(RecordWriter& row, std::string_view pattern) {
@@ -83,11 +81,11 @@ std::string ListText(const ImageReader& record) {
 }
 
 void DecodeShort(const ImageReader& record, RowText& row) {
-  row.AddCharacters(record.Bytes(0, kMostDigits), kNul).Add(record.Plain(20)).Add(ListText(record));
+  row.AddText(record.Bytes(0, kMostDigits)).Add(record.Plain(20)).Add(ListText(record));
 }
 
 void DecodeLong(const ImageReader& record, RowText& row) {
-  row.AddCharacters(record.Bytes(0, kMostDigits), kNul);
+  row.AddText(record.Bytes(0, kMostDigits));
   row.Replace(kStarByte, '*').Replace(kHashByte, '#');
   row.Add(record.Plain(20)).Add(ListText(record)).Add(record.Plain(22));
 }

@@ -42,6 +42,8 @@ TEST(Route, RowsAndRecords) {
        // Without a group nothing else counts.
        {"", "FF 01 02 03 04 05 06 07 08 31*40", kBack},
        {"32|F|0|F|F|F|F|1|;1", "1F FF FF FF FF FF 30 08 FF 20 00 31 20 00*16 00 3B 00 31 00*16", kBack},
+       // What would cut the row or shift its fields does not come in.
+       {"01|0|1|0|0|0000|0000|12|F", "00*9 0D 31 7C 0A 32 09 20 00*13 7C 1F 20 00*17", kBack},
        {"01|4|8|A|31|0A0B|0000|F|F", "00 04 07 0A 31 0A 0B 00 00 00*40"},
        {"01|0|1|0|0|0000|0000|F|F", "00*49"},
        {"1|0|0|100", "Date: value 100" + kTooLarge}});
@@ -63,6 +65,8 @@ TEST(RouteMapDigit, RowsAndRecordsInThreeForms) {
                {"*1;|1|07", "2A 31 3B 00*17 01 06"},
                {std::string(20, '\xFF') + "|F|F", "FF*22", kBack},
                {"F|0|01", "00*22"},
+               {"1 \xA0|0|01", "09 0D 31 0A 20 7C A0 1B 00*14", kBack},
+               {"", "7C 01 00*18 FF FF", kBack},
                {"1|256|01", "Send Number: value 256" + kTooLarge}});
   ExpectCoded({EncodeRouteMapDigit23, DecodeRouteMapDigit23, kSection, "200", 4600, 199 * 23},
               {{"", "00*20 FF FF FF"},
@@ -74,6 +78,7 @@ TEST(RouteMapDigit, RowsAndRecordsInThreeForms) {
                // A gap between digits closes up, blanks at the ends go.
                {"12|F|50|F", "00 20 31 00 32 20 00*14 FF 31 FF", kBack},
                {"", "20*20 FF FF FF", kBack},
+               {"*1#|F|50|F", "7C 3B 0D 31 0A 7C 3C 00*13 FF 31 FF", kBack},
                {"F|F|F|0", "00*20 FF FF 00"},
                {"F|2|255|254", "00*20 02 FE FE"},
                {"1|1|1|-1", "Release CO: value -1" + kNegative}});
