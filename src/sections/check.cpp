@@ -116,7 +116,7 @@ class TableCheck {
       const int before = pool_used_;
       pool_used_ += rules.packed ? static_cast<int>(row[n].size() + 1) / 2 + 1 : 1;
       if (rules.pool > 0 && before <= rules.pool && pool_used_ > rules.pool) {
-        Add(NameOf(row, n), std::string(row[n]) + " " + std::string(kPoolFull));
+        Add(NameOf(row, n), std::string(row[n]) + " " + std::string(PoolFull(rules)));
       }
     }
   }
@@ -202,6 +202,27 @@ class TableCheck {
   std::vector<std::map<std::string, std::string>> seen_;  // by rule: what is claimed, and by which key
 };
 
+/** Values that are cut where they are read. */
+void CheckLengths(const IniText& project, std::vector<Finding>& findings) {
+  std::int32_t section = -1;
+  for (const IniText::Line& line : project.lines()) {
+    section += line.header ? 1 : 0;
+    if (line.key < 0 || line.text.size() <= kMaxIniValue) continue;
+    std::string_view value = line.text.substr(line.text.find('=') + 1);
+    value = value.substr(0, value.find_last_not_of("\r\n\t ") + 1);
+    value.remove_prefix(std::min(value.find_first_not_of("\t "), value.size()));
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value[0] == '\'' || value[0] == '"');
+    if (value.size() <= kMaxIniValue + (quoted ? 2 : 0)) continue;
+    const std::string_view name = project.section_name(section);
+    const IniText::Key& key = project.key(line.key);
+    if (project.FindKey(project.FindSection(name), key.name) != line.key) continue;
+    findings.push_back(
+        {std::string(name), std::string(key.name), std::string(kRow),
+         "is longer than " + std::to_string(kMaxIniValue) + " characters, the rest is not read"});
+  }
+}
+
 /** A key that a statement gives to the section. */
 bool IsStated(std::string_view section, std::string_view key) {
   if (FindRow(section, key)) return true;
@@ -235,6 +256,7 @@ void CheckNames(const IniText& project, std::vector<Finding>& findings) {
 std::vector<Finding> CheckProject(const IniText& project) {
   std::vector<Finding> findings;
   CheckHeader(project, findings);
+  CheckLengths(project, findings);
   for (const Table* table : Tables()) TableCheck(project, *table, findings).Run();
   CheckNames(project, findings);
   return findings;

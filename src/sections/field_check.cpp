@@ -96,6 +96,16 @@ std::string WrongCoded(const Field& field, std::string_view text) {
   return WrongValue(*parts.entry->behind_comma, parts.behind_comma);
 }
 
+/** The name of a field without which a row that holds others is none to refer to; "" for an empty row. */
+std::string_view MissingNeed(const Table& table, std::string_view value) {
+  if (IsUnused(table, value)) return {};
+  const RowFields row(table, value);
+  const auto missing =
+      std::find_if(table.needs.begin(), table.needs.end(), [&](int field) { return !row.IsSet(field); });
+  return missing == table.needs.end() ? std::string_view()
+                                      : table.fields[static_cast<std::size_t>(*missing) - 1].name;
+}
+
 }  // namespace
 
 CodedParts TakeApart(const Field& field, std::string_view text) {
@@ -157,12 +167,14 @@ std::string WrongTarget(const IniText& project, const Field& field, std::string_
   const auto number = static_cast<int>(Val(text));
   std::string row(target.row_name);
   row.append(" ").append(Padded(number, target.rows.width));
+  const std::string_view held = RowValue(project, target, number + target.rows.base);
   if (!IsRowInUse(project, target, number)) {
-    return std::string(text).append(" points nowhere: ").append(row).append(" is empty");
+    const std::string_view missing = MissingNeed(target, held);
+    const std::string why = missing.empty() ? " is empty" : std::string(" has no ").append(missing);
+    return std::string(text).append(" points nowhere: ").append(row).append(why);
   }
   if (field.target.field == 0) return {};
-  const std::string_view value =
-      RowFields(target, RowValue(project, target, number + target.rows.base))[field.target.field];
+  const std::string_view value = RowFields(target, held)[field.target.field];
   const auto& wanted = field.target.stored;
   if (std::find(wanted.begin(), wanted.end(), value) != wanted.end()) return {};
   const Field& decisive = target.fields[static_cast<std::size_t>(field.target.field) - 1];

@@ -9,8 +9,11 @@
 
 namespace tarvok {
 
-/** Why a member of a list is refused that has no room left. */
-inline constexpr std::string_view kPoolFull = "has no place in the pool that all groups share";
+/** Why a member of a list is refused that has no room left; packed are the numbers of classes. */
+constexpr std::string_view PoolFull(const Members& members) {
+  return members.packed ? "has no place in the pool that all classes share"
+                        : "has no place in the pool that all groups share";
+}
 
 /**
  * One value on its way to the wire, and the field of the row that it is told by where its place can't hold

@@ -18,6 +18,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::SizeIs;
 
 std::string Lines(const IniText& project) {
@@ -113,6 +114,22 @@ TEST(Check, TellsEachFault) {
               what.empty() ? "" : section + " " + key + " " + what)
         << value;
   }
+}
+
+TEST(Check, SaysWhatIsMissingAndWhatIsTooLong) {
+  EXPECT_THAT(Lines(IniText("[Chk_Tarvok]\nChk=TARVOK\n[E1Map]\n08=F|F|1\n[E1Number]\n01=08|1|2\n02=09|1|2\n"
+                            "[BOSS]\n01=001|002\n[Port_Def]\n001=1|F|1\n")),
+              testing::AllOf(HasSubstr("E1Number 01 E1: 08 points nowhere: E1 08 has no Start\n"),
+                             HasSubstr("E1Number 02 E1: 09 points nowhere: E1 09 is empty"),
+                             HasSubstr("BOSS 01 BOSS: 001 points nowhere: Port 001 has no Channel\n")));
+  std::string full = "[Chk_Tarvok]\nChk=TARVOK\n[COR]\n";
+  for (int number = 1; number <= 11; ++number) full += Padded(number, 2) + "=" + std::string(186, '1') + "\n";
+  const std::string longest = "[Chk_Tarvok]\nChk=TARVOK\n[COR]\n01=" + std::string(1999, '1');
+  EXPECT_EQ(Lines(IniText(longest + " \r\n")), "");
+  EXPECT_EQ(Lines(IniText(longest + "2\r\n")),
+            "COR 01 row: is longer than 1999 characters, the rest is not read");
+  EXPECT_EQ(Lines(IniText(full)), "COR 11 Ban Number 1: " + std::string(186, '1') +
+                                      " has no place in the pool that all classes share");
 }
 
 using Kind = Difference::Kind;

@@ -48,7 +48,7 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image) {
     ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
       ValueWriter slot(image, kTable, key, member);
       if (count == kHuntMembers) {
-        slot.Fail(kPoolFull);
+        slot.Fail(PoolFull(kTable.members));
         return;
       }
       ++count;

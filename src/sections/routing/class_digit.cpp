@@ -44,7 +44,6 @@ using namespace class_digit;
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
-constexpr std::string_view kClassesFull = "has no place in the pool that all classes share";
 
 /** Calls `take` with each piece of the list, empty ones too. A list without a pipe is one piece, an empty one
  * none. */
@@ -74,7 +73,7 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
     ForEachPiece(RowValue(project, table, number), [&](std::string_view digits) {
       const int bytes = static_cast<int>(digits.size() + 1) / 2;
       if (used + bytes + 1 > kPool) {
-        ValueWriter(image, table, key, digits).Fail(kClassesFull);
+        ValueWriter(image, table, key, digits).Fail(PoolFull(kMembers));
         return;
       }
       EncodeNumber(image, table, key, digits, kPoolAt + used, bytes);

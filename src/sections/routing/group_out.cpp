@@ -50,7 +50,7 @@ void EncodeGroupOut(const IniText& project, ImageWriter& image) {
     ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
       ValueWriter slot(image, kTable, key, member);
       if (count == kGroupOutMembers) {
-        slot.Fail(kPoolFull);
+        slot.Fail(PoolFull(kTable.members));
         return;
       }
       slot.MinusOneWord(kPoolAt + kWord * count, Val(member));
