@@ -21,8 +21,8 @@ class RowNames {
   /** "" for a number without a name. */
   std::string NameOf(std::string_view stored) const;
   /** The number in `width` digits; "F" for a blank and for a name that is not there, so that no later field
-   * of the row moves up. A name may stand at several rows: while it still is that of `before`, the row that the
-   * field held, the field stays with that row. */
+   * of the row moves up. A name may stand at several rows: while it still is that of `before`, the row that
+   * the field held, the field stays with that row. */
   std::string Stored(std::string_view name, int width, std::string_view before) const;
   /** The names that are offered, in the order of their numbers, blanks left out. */
   std::vector<std::string> Names() const;
@@ -49,9 +49,9 @@ struct FieldColumn {
   Column column;
   std::function<std::string(std::string_view stored)> shown = {};
   std::function<std::string(std::string_view cell)> stored = {};
-  /** The rows that the field of a row with these cells refers to; no names where it is no reference. A cell that is
-   * none of the named values of `stored` is stored as the number of its row. A reference that its cell can't show
-   * stays as it is until somebody edits the cell. */
+  /** The rows that the field of a row with these cells refers to; no names where it is no reference. A cell
+   * that is none of the named values of `stored` is stored as the number of its row. A reference that its
+   * cell can't show stays as it is until somebody edits the cell. */
   std::function<NamedRows(const std::vector<std::string>& cells)> names = {};
 };
 

@@ -64,8 +64,8 @@ TEST(EveryEditor, ASaveOfWhatWasLoadedMeansTheSame) {
   }
 }
 
-/** Rows with too few fields, rubbish, references to nothing: no editor may fall over them. One that can't save them
- * says so. */
+/** Rows with too few fields, rubbish, references to nothing: no editor may fall over them. One that can't save
+ * them says so. */
 TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
   for (const char* value : {"", "F", "|", "||||", "999|999|999|999|999|999", "x", "F|x|F|x", "0", "-1|-1|-1",
                             "99999999999999999999|1|1|0|0", "|1", "1|", "|99999999999||F|-1|x|1|2|3|4|5|6"}) {

@@ -209,7 +209,8 @@ void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
     case Kind::kRing:
       // A number that is not offered may come from an exchange.
       control.entries = EntriesOf(index);
-      control.ChooseOrJoin(number < 1 ? std::string() : Canonical(statement, text));
+      control.current = kNoIndex;
+      if (number > 0) control.ChooseOrJoin(Canonical(statement, text));
       return;
     case Kind::kTime:
       control.text = text.empty() ? std::string(kOff) : text;

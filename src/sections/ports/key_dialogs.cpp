@@ -39,6 +39,10 @@ std::string WithMap(std::string text, std::string_view map) {
   return map.empty() ? text : text.append(",").append(map);
 }
 
+std::string GroupText(std::int64_t group) {
+  return std::string(group_out::kTable.label) + " " + std::to_string(group);
+}
+
 }  // namespace
 
 std::string ButtonLabel(std::string_view field) {
@@ -199,8 +203,9 @@ void frmInsertKey::FillInputs(std::string_view code, std::string_view argument) 
     number().text = front;
     map_.text = behind;
   } else if (code == kGroupOut) {
-    const std::int64_t group = Val(front);
-    group_.current = group >= 1 && group <= kGroupsOut ? static_cast<int>(group) - 1 : kNoIndex;
+    // A group that is not offered may come from an exchange.
+    if (const std::int64_t group = Val(front); !front.empty() && group >= 0)
+      group_.ChooseOrJoin(GroupText(group));
     group_map_.text = behind;
   } else if (code == kMultiline) {
     line_.Choose(argument);
@@ -233,7 +238,8 @@ void frmInsertKey::LimitTrunk() {
 std::string frmInsertKey::Text() const {
   if (code() == kGroupOut) {
     if (group_.current == kNoIndex) return {};
-    return WithMap(std::string(kGroupOut) + std::to_string(group_.current + 1), group_map_.text);
+    const std::string_view group = group_.Chosen().substr(GroupText(0).size() - 1);
+    return WithMap(std::string(kGroupOut).append(group), group_map_.text);
   }
   if (code() == kMultiline)
     return line_.current == kNoIndex ? std::string() : std::string(kMultiline).append(line_.Chosen());

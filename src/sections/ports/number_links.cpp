@@ -14,7 +14,7 @@ constexpr std::string_view kPortType = "0";
 constexpr int kRowWidth = 3;
 constexpr std::string_view kNoNumber = "F|F|F|F|F";
 
-/** The types of numbers that a port may name without being what they stand for: those of hunt groups and bosses. */
+/** The types of numbers that a port may name without being what they stand for: hunt groups and bosses. */
 constexpr std::string_view kSharedTypes[] = {"1", "4", "5", "6", "7"};
 
 bool IsSet(std::string_view text) {

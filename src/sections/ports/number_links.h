@@ -25,8 +25,8 @@ struct LinkedPort {
  */
 class NumberLinks {
  public:
-  /** `project` is one in which all that refers to ports has followed them already; `left` are the number rows of
-   * ports that are no more. */
+  /** `project` is one in which all that refers to ports has followed them already; `left` are the number rows
+   * of ports that are no more. */
   NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports, const std::vector<int>& left);
 
   /** Row `number` stands for that port. */

@@ -8,8 +8,8 @@
 namespace tarvok {
 
 /**
- * A table of the ports in use up to "Now", each under its own key, for fields of a port that the editor of the ports
- * leaves alone: card, channel and number to tell the port by, and the fields behind them. A save writes every
+ * A table of the ports in use up to "Now", each under its own key, for fields of a port that the editor of the
+ * ports leaves alone: card, channel and number to tell the port by, and the fields behind them. A save writes every
  * port with the fields that it has, those without a column as they were.
  */
 class PortFieldsForm : public FieldTableForm {

@@ -83,8 +83,8 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
   }
 }
 
-/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A, so the
- * zeros of a number survive. A number that the end of the class leaves open ends there. */
+/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A, so
+ * the zeros of a number survive. A number that the end of the class leaves open ends there. */
 void DecodeList(const ImageReader& image, int& next, int end, std::string& codes) {
   codes.clear();
   for (; next < end; ++next) {

@@ -128,8 +128,9 @@ TEST(Profiles, WhatAnExchangeMayHoldBeyondTheListsStays) {
              "02=F|F|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|254\n",
              "value cmbClass_d\nvalue cmbTransTO\nclick lsPortConfig(1)\nvalue cmbTransTO\n"
              "click lsPortConfig(0)\nfocus cmbClass_n\npick\nclick lsPortConfig(1)\nfocus cmbTransTO\n"
-             "pick Default\nclick lsPortConfig(0)\nvalue cmbTransTO\nset chkFAX 1\nclick cmdOK\n",
-             "\n17\n254\n17",
+             "pick Default\nclick lsPortConfig(2)\nlist cmbTransTO\nclick lsPortConfig(0)\nvalue "
+             "cmbTransTO\nset chkFAX 1\nclick cmdOK\n",
+             "\n17\n254\nDefault\n1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14\n15\n16\n16 Rings Disc\n17",
              "[PortConfig]\n01=120|F|1|0|0|0|0|0|0|F|0|0|1|0|0|0|0|122|17\n"
              "02=F|F|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n");
 }

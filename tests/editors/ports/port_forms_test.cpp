@@ -106,6 +106,7 @@ TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
        "set Option1(1) 1\ntype 1234567\npress Tab\ntype 1", "TR1234567"},
       {"map digit taken away", "lblNum(1)", "TR0,40", "press Tab\npress Backspace\npress Backspace", "TR0"},
       {"group out", "lblNum(1)", "F", "set Option1(3) 1\npick Group Out 32\npress Tab\ntype 9", "GO32,9"},
+      {"a group out that is not offered", "lblNum(1)", "GO40,1", "press Tab\ntype 2", "GO40,12"},
       {"group out without a group", "lblNum(1)", "GO5", "pick", ""},
       {"multiline", "lblNum(1)", "F", "set Option1(4) 1\npick 5", "ML5"},
       {"an empty number clears the button", "lblNum(1)", "EX5", "press Backspace", ""},
