@@ -50,9 +50,9 @@ void ExchangeLine::Receive(std::span<const std::uint8_t> bytes) {
   const std::int64_t tick_ms = waits_.events().Tick_ms();
   if (line_.mode() == LinkMode::kLan) {
     if (log_.debug()) log_.Line("Recv: " + HexDump(bytes));
-    lan_reader_.Feed(bytes, tick_ms, take);
-  } else {
-    server_reader_.Feed(bytes, tick_ms, take);
+    if (!lan_reader_.Feed(bytes, tick_ms, take)) ++statistics_.BrokenOff;
+  } else if (!server_reader_.Feed(bytes, tick_ms, take)) {
+    ++statistics_.BrokenOff;
   }
 }
 

@@ -111,7 +111,7 @@ bool MessageLayer::GetMiniBar(int number) {
   if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;
   if (earlier_mini_bars_ == 0) return false;
   // Every answer carried an earlier number: the exchange does not number its records.
-  parts_.statistics.PacksTwice -= earlier_mini_bars_;
+  parts_.statistics.PacksOutOfStep -= earlier_mini_bars_;
   first_mini_bar_ = kNotNumbered;
   return SendMessage(payload, command::kGetMiniBar, awaited, false);
 }

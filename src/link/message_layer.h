@@ -125,7 +125,7 @@ class MessageLayer {
   void ReceiveMiniBarRecord(std::span<const std::uint8_t> message);
   void ReceiveMiniBarData(std::span<const std::uint8_t> message);
   void ReceiveFirstPack(std::span<const std::uint8_t> message);
-  void CountRepeat(std::uint8_t sequence);
+  void CountOutOfStep(std::uint8_t sequence);
   void ReceiveNextPack(std::span<const std::uint8_t> message);
   void TakeSectionBytes(std::span<const std::uint8_t> bytes);
 
@@ -141,8 +141,9 @@ class MessageLayer {
   int earlier_mini_bars_ = 0;          // records that came and had been asked for before this one
   int pack_before_ = -1;               // sequence byte of the section's last next pack, -1 before the first
   std::uint8_t first_pack_ = 0;        // sequence byte of the section's first pack, 0 where it has none
-  // From there to the first next pack's, as it was in the first section.
+  // From there to the first next pack's, and from each of those to the one behind it, as they were at first.
   std::optional<std::uint8_t> first_step_;
+  std::optional<std::uint8_t> next_step_;
 };
 
 }  // namespace tarvok

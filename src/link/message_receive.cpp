@@ -119,7 +119,7 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   if (IsEarlierMiniBar(number)) {
     // Late or twice: taking it would write each record from here on into the row behind its own.
     ++earlier_mini_bars_;
-    ++parts_.statistics.PacksTwice;
+    ++parts_.statistics.PacksOutOfStep;
     RespondOk();
     return;
   }
@@ -169,19 +169,22 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   TakeSectionBytes(message.subspan(kDataAt));
 }
 
-/** A pack that came twice carries its number again. Behind a section's first pack it may be the last one of the section
- * before, which shows where the numbers do not go on from there as they did at first. */
-void MessageLayer::CountRepeat(std::uint8_t sequence) {
+/** Each pack's number is the one before plus a step, modulo 256, and the first two packs tell the step. Any other number
+ * shows a pack that came twice, late, or from another section. The step behind a section's first pack is learnt apart from
+ * the others: the server gives the first pack no number. */
+void MessageLayer::CountOutOfStep(std::uint8_t sequence) {
   const int before = std::exchange(pack_before_, sequence);
-  const auto step = static_cast<std::uint8_t>(sequence - first_pack_);
-  if (before < 0 && !first_step_) first_step_ = step;
-  if (before < 0 ? step != *first_step_ : before == sequence) ++parts_.statistics.PacksTwice;
+  const auto step = static_cast<std::uint8_t>(sequence - (before < 0 ? first_pack_ : before));
+  std::optional<std::uint8_t>& learnt = before < 0 ? first_step_ : next_step_;
+  const bool repeat = before >= 0 && step == 0;  // of which no step can be learnt
+  if (!learnt && !repeat) learnt = step;
+  if (repeat || step != *learnt) ++parts_.statistics.PacksOutOfStep;
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
   state_.LastReceivedSeq = message[4];
   if (receive_kind_ != ReceiveKind::kSection) return;
-  CountRepeat(message[4]);
+  CountOutOfStep(message[4]);
   const auto bytes = message.subspan(kSequencedHeader);
   parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);

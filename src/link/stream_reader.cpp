@@ -18,6 +18,18 @@ bool BeginsMessage(Bytes bytes) {
   return bytes[0] == kFromExchange && (bytes.size() < 2 || bytes[1] == 0);
 }
 
+bool IsKnown(std::uint8_t code) {
+  constexpr std::uint8_t kCodes[] = {
+      reply::kOk,      reply::kSection,  reply::kMiniBarData, reply::kMiniBarRecord, reply::kSequence,
+      reply::kVersion, reply::kNextPack, reply::kError,       command::kEnquiry};
+  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
+}
+
+/** Whether a message whose code has come begins here, and it is one that the exchange sends. */
+bool BeginsKnownMessage(Bytes bytes) {
+  return bytes.size() >= kHeader && BeginsMessage(bytes) && IsKnown(bytes[3]);
+}
+
 bool BeginsPacket(Bytes bytes) {
   return bytes.size() > kLengthAt && bytes[kMarkAt] == kServerMark;
 }
@@ -45,6 +57,13 @@ bool IsProvenPacket(Bytes bytes) {
 Bytes FromNextPacket(Bytes bytes) {
   while (!MayBeginPacket(bytes)) bytes = bytes.subspan(1);
   return bytes;
+}
+
+/** Whether what was held, a packet's beginning with that of its message, makes one of a known message with what came. */
+bool JoinsWell(Bytes joined) {
+  if (joined.size() < PacketLength(joined)) return true;  // its rest may still come
+  return BeginsKnownMessage(joined.subspan(kServerHeaderIn)) &&
+         MayBeginPacket(joined.subspan(PacketLength(joined)));
 }
 
 void TakePacket(Bytes packet, const TakeMessage& take) {
@@ -114,15 +133,26 @@ std::size_t LanReader::ExpectedLength(Bytes bytes) const {
   }
 }
 
-void LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+/** Whether a message begins here that has a known code and, where it is whole, ends where its code says. What has not come
+ * yet is taken to be right. */
+bool LanReader::BeginsWell(Bytes bytes) const {
+  if (!BeginsMessage(bytes)) return false;
+  if (bytes.size() < kHeader) return true;
+  if (!IsKnown(bytes[3])) return false;
+  const std::size_t expected = ExpectedLength(bytes);
+  return bytes.size() <= expected ? bytes.size() <= kMaxMessage : BeginsMessage(bytes.subspan(expected));
+}
+
+bool LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
-  Bytes bytes = joined;
+  const bool broken_off = joined.size() > read.size() && BeginsKnownMessage(read) && !BeginsWell(joined);
+  Bytes bytes = broken_off ? read : Bytes(joined);
   while (!bytes.empty()) {
-    if (!BeginsMessage(bytes)) return;
+    if (!BeginsMessage(bytes)) break;
     const std::size_t expected = ExpectedLength(bytes);
     if (bytes.size() < expected) {
       held_.Hold(bytes, tick_ms);
-      return;
+      break;
     }
     const Bytes rest = bytes.subspan(expected);
     const bool another_follows = rest.empty() || BeginsMessage(rest);
@@ -130,27 +160,31 @@ void LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) 
     bytes = another_follows ? rest : Bytes();
     take(message);
   }
+  return !broken_off;
 }
 
-void ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
-  if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return;
+bool ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+  if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return true;
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
   // A few bytes that were held are most likely padding, which must not take a packet's own bytes along.
-  const bool stands_alone = joined.size() - read.size() < kProven && IsProvenPacket(read);
+  const bool held_begins = joined.size() - read.size() >= kProven;
+  const bool stands_alone = IsProvenPacket(read) && !(held_begins && JoinsWell(joined));
+  const bool broken_off = stands_alone && held_begins;
   Bytes bytes = stands_alone ? read : FromNextPacket(joined);
   if (std::min(read.size(), bytes.size()) > static_cast<std::size_t>(kServerReadIn)) {
     for (const bool blocks : {false, true}) {
       if (!IsWholePackets(bytes, blocks)) continue;
       TakeWholePackets(bytes, blocks, take);
-      return;
+      break;
     }
-    return;
+    return !broken_off;
   }
   while (BeginsPacket(bytes) && bytes.size() >= PacketLength(bytes)) {
     TakePacket(bytes, take);
     bytes = FromNextPacket(bytes.subspan(PacketLength(bytes)));
   }
   held_.Hold(bytes, tick_ms);
+  return !broken_off;
 }
 
 }  // namespace tarvok

@@ -27,17 +27,20 @@ class HeldBytes {
 /**
  * Finds messages in what a LAN socket delivers. A read is one message as a rule, but a stream may split or
  * join them: a message is cut where its code says it ends and another begins with 21 00, and one that is not
- * whole is held for its rest. A read that does not begin with 21 00 is dropped.
+ * whole is held for its rest. A read that does not begin with 21 00 is dropped. So is what was held, where it makes no
+ * message with the read behind it and that one begins a message of its own: the first one broke off.
  */
 class LanReader {
  public:
   /** `missing` tells how many bytes the section in progress still lacks. */
   explicit LanReader(std::function<std::int64_t()> missing) : missing_(std::move(missing)) {}
 
-  void Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
+  /** False where a beginning that was held is dropped. */
+  bool Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
 
  private:
   std::size_t ExpectedLength(std::span<const std::uint8_t> bytes) const;
+  bool BeginsWell(std::span<const std::uint8_t> bytes) const;
 
   std::function<std::int64_t()> missing_;
   HeldBytes held_;
@@ -47,12 +50,13 @@ class LanReader {
  * Finds messages in what the relay server delivers: packets of at most 128 bytes with 0x11 at byte 4, the
  * length at byte 7 and the message from byte 8. A longer read is dropped whole unless it is made of whole
  * packets, and one that begins no packet is dropped. The beginning of a packet is held for its rest, also behind a whole
- * one; so within a second of a packet a read may begin with the rest or the padding of that one. A length above 64 drops
- * the packet.
+ * one; so within a second of a packet a read may begin with the rest or the padding of that one. What was held is dropped
+ * where it makes no packet with the read behind it and that one is a packet of its own. A length above 64 drops the packet.
  */
 class ServerReader {
  public:
-  void Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
+  /** False where the beginning of a packet, message and all, that was held is dropped. */
+  bool Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
 
  private:
   HeldBytes held_;

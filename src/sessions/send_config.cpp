@@ -83,10 +83,12 @@ void ShowStatistics(Transfer& transfer) {
 void AdviseCompare(Transfer& transfer, std::int64_t refused) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t late = counted.LateAnswers + counted.EnquiryCount;
-  if (counted.FramesDamaged == 0 && late == 0 && refused == 0) return;
+  if (counted.FramesDamaged == 0 && counted.BrokenOff == 0 && late == 0 && refused == 0) return;
   const std::string why =
       counted.FramesDamaged > 0 ? "The line damaged " + std::to_string(counted.FramesDamaged) +
                                       " frames, and one in 256 of such passes its check. "
+      : counted.BrokenOff > 0 ? std::to_string(counted.BrokenOff) +
+                                    " answers broke off, and nothing checks the bytes of the others. "
       : late > 0
           ? std::to_string(late) + " answers came late, and one that comes twice is taken for the next. "
           : "The exchange refused " + std::to_string(refused) + " messages, and not each was sent again. ";

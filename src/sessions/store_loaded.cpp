@@ -65,7 +65,8 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
 
 void AdviseAnotherLoad(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t faults = counted.FramesDamaged + counted.LateAnswers + counted.PacksTwice;
+  const std::int64_t faults =
+      counted.FramesDamaged + counted.BrokenOff + counted.LateAnswers + counted.PacksOutOfStep;
   if (faults == 0) return;
   transfer.view().Advise("The line damaged, lost or doubled something " + std::to_string(faults) +
                          " times, and not every such fault shows. Load once more and compare the two.");

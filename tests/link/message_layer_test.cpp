@@ -155,9 +155,9 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   EXPECT_EQ(statistics.BytesReceived, 64 + 9);  // the declared size and every later pack once more
   layer.ReceiveMessage(Hex("21 00 00 0D"));
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
-  EXPECT_EQ(statistics.PacksTwice, 0);
+  EXPECT_EQ(statistics.PacksOutOfStep, 0);
   layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
-  EXPECT_EQ(statistics.PacksTwice, 1);
+  EXPECT_EQ(statistics.PacksOutOfStep, 1);
 
   // Another section than asked is an error reply, and its packs are dropped.
   layer.replies = {"21 00 00 82 00 05 00 40 00 01*55", "", ""};
@@ -175,6 +175,34 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   EXPECT_EQ(layer.section_image().bytes()[50000], 4);
 }
 
+TEST_F(Messages, CountsEachPackOutOfStep) {
+  // Sections one after the other: the numbers of their packs, the first one's in front; and how many do not follow.
+  const std::tuple<const char*, std::vector<std::vector<int>>, int> cases[] = {
+      {"in step", {{0, 1, 2, 3}, {0, 1, 2, 3, 4}, {0}, {0, 1}}, 0},
+      {"over the wrap", {{253, 254, 255, 0, 1}, {255, 0, 1}}, 0},
+      {"another step", {{0, 2, 4, 6}, {252, 254, 0, 2}}, 0},
+      {"the first pack has no number", {{0, 5, 6, 7}, {0, 5, 6, 7}}, 0},
+      {"again at once", {{0, 1, 1, 2}}, 1},
+      {"again at once, in a later section", {{0, 1, 2, 3}, {0, 1, 2, 2}}, 1},
+      {"again, later", {{0, 1, 2, 3, 2, 4}}, 2},
+      {"of the section before, behind the first pack", {{0, 1, 2, 3}, {0, 3, 1, 2}}, 2},
+      {"of the section before, later", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 3, 6, 4, 5}}, 2},
+      {"of the section before, and the last one", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 6}}, 1},
+      {"one is missing", {{0, 1, 2, 3}, {0, 1, 3}}, 1}};
+  for (const auto& [what, sections, out_of_step] : cases) {
+    Scripted fresh{{waits, log, statistics, {1, 2, false}}, events};
+    statistics = {};
+    for (const std::vector<int>& packs : sections) {
+      for (std::size_t i = 0; i < packs.size(); ++i) {
+        Bytes message = i == 0 ? Hex("21 00 00 82 00 04 00 40 1F 01*55") : Hex("21 00 00 8E 00 01*59");
+        message[4] = static_cast<std::uint8_t>(packs[i]);
+        fresh.ReceiveMessage(message);
+      }
+    }
+    EXPECT_EQ(statistics.PacksOutOfStep, out_of_step) << what;
+  }
+}
+
 TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   const std::string before = "21 00 00 88 00 03 01 41 00*19 07 00";
   const std::string asked = "21 00 00 88 00 04 01 42 00*19 08 00";
@@ -185,7 +213,7 @@ TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   EXPECT_TRUE(layer.GetMiniBar(260));
   EXPECT_EQ(layer.state().MiniBarName, "B");
   EXPECT_EQ(layer.sent.size(), 4U);  // two requests, and an OK to each answer
-  EXPECT_EQ(statistics.PacksTwice, 1);
+  EXPECT_EQ(statistics.PacksOutOfStep, 1);
   layer.ReceiveMessage(Hex(before));
   EXPECT_EQ(layer.state().MiniBarCount, 8);
 
@@ -203,7 +231,7 @@ TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
       EXPECT_EQ(layer.sent.size(), 2 * requests) << number << " " << record;
     }
   }
-  EXPECT_EQ(statistics.PacksTwice, 0);
+  EXPECT_EQ(statistics.PacksOutOfStep, 0);
 }
 
 TEST_F(Messages, DropsWhatIsNone) {
@@ -243,13 +271,16 @@ TEST(L3Server, PacksEveryMessageInto129Bytes) {
   EXPECT_TRUE(server.state().SectionDoneFlag);
 }
 
-/** What a reader finds when the reads come one after the other, `pause_ms` apart. */
+/** What a reader finds when the reads come one after the other, `pause_ms` apart. Where a beginning broke off, it finds an
+ * empty message. */
 template <typename Reader>
 std::vector<Bytes> Found(Reader& reader, const std::vector<std::string>& reads, std::int64_t pause_ms = 1) {
   std::vector<Bytes> found;
   std::int64_t tick_ms = 0;
   for (const std::string& read : reads) {
-    reader.Feed(Hex(read), tick_ms += pause_ms, [&](auto m) { found.emplace_back(m.begin(), m.end()); });
+    const bool joins =
+        reader.Feed(Hex(read), tick_ms += pause_ms, [&](auto m) { found.emplace_back(m.begin(), m.end()); });
+    if (!joins) found.emplace_back();
   }
   return found;
 }
@@ -275,6 +306,50 @@ TEST(LanReader, CutsTheStreamIntoMessages) {
   }
   LanReader late([] { return 3; });
   EXPECT_TRUE(Found(late, {"21", "00 00 80"}, 1001).empty());
+}
+
+/** The first bytes of a hex text without repeats. */
+std::string FirstOf(const std::string& hex, std::size_t bytes) {
+  return hex.substr(0, 3 * bytes);
+}
+
+TEST(LanReader, TakesAMessageThatComesAgainBehindItsBeginning) {
+  const std::string packs[] = {
+      "21 00 00 80",
+      "21 00 00 89 05",
+      "21 00 00 8B 6E 00",
+      "21 00 00 88 00 03 00 41 " + Repeated("00 ", 19) + "07 00",
+      "21 00 00 82 00 04 00 40 1F " + Repeated("01 ", 55),
+      "21 00 00 8E 01 " + Repeated("02 ", 59),
+  };
+  for (const std::string& pack : packs) {
+    const std::size_t size = Hex(pack).size();
+    for (std::size_t came = 1; came < size; ++came) {
+      LanReader reader([] { return 100; });
+      EXPECT_EQ(Found(reader, {FirstOf(pack, came), pack}), (std::vector<Bytes>{Hex(pack), {}}))
+          << came << " of " << pack;
+    }
+  }
+  // Whole where they are joined, although the second read could be a message.
+  LanReader reader([] { return 9; });
+  EXPECT_EQ(Found(reader, {"21 00 00 8E 01 02*5", "21 00 00 80"}),
+            std::vector<Bytes>{Hex("21 00 00 8E 01 02*5 21 00 00 80")});
+}
+
+TEST(ServerReader, TakesAPacketThatComesAgainBehindItsBeginning) {
+  for (const std::string& message : {std::string("21 00 00 80 "), "21 00 00 8E 01 " + Repeated("02 ", 59)}) {
+    for (const char* padding : {"", "00*56"}) {
+      const std::string length = message.size() < 20 ? "04 " : "40 ";
+      const std::string packet = "00 00 00 00 11 00 00 " + length + message;
+      for (std::size_t came = 1; came < Hex(packet).size(); ++came) {
+        ServerReader reader;
+        std::vector<Bytes> expected = {Hex(message)};
+        if (came >= 10) expected.emplace_back();  // fewer may be the padding of a packet
+        EXPECT_EQ(Found(reader, {FirstOf(packet, came), packet + padding}), expected)
+            << came << " of " << packet;
+      }
+    }
+  }
 }
 
 TEST(ServerReader, TakesPacketsApart) {

@@ -72,6 +72,9 @@ TEST(Simulation, ALineThatLosesOrDelaysAdvisesAnotherLook) {
       {SimulatedRun::kSend, 3, 1173, &Trouble::late, 2500},  // ends done, and the exchange lacks sections
       {SimulatedRun::kLoad, 3, 2894, &Trouble::late, 900},   // ends done with a pack taken twice
       {SimulatedRun::kLoad, 1, 1, &Trouble::drop, 0},
+      {SimulatedRun::kLoad, 1, 1, &Trouble::echo, 0},  // packs come again in the next section
+      {SimulatedRun::kLoad, 4, 1, &Trouble::torn, 0},  // and behind their beginning
+      {SimulatedRun::kLoad, 0, 1, &Trouble::torn, 0},
   };
   for (const auto& [kind, by, seed, trouble, late_ms] : cases) {
     SimulatedRun run = {.kind = kind, .by = by, .seed = seed};

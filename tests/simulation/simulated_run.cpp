@@ -50,7 +50,7 @@ class Stage {
     bench_.view.compare = run.kind == SimulatedRun::kCompare;
     [[maybe_unused]] const Status set = bench_.store.SetIniValue(
         SessionBench::kProject, kHeaderSection, connection_key::kCompare, bench_.view.compare ? "1" : "");
-    if (run.kind == SimulatedRun::kLoad) FillExchange();
+    if (Loads()) FillExchange();
     bench_.wrap = [this](std::unique_ptr<Port> port) {
       return std::make_unique<TroubledPort>(
           bench_.events, std::move(port), trouble_, run_.seed, WireOf(run_.by),
@@ -72,7 +72,7 @@ class Stage {
     outcome_.simulated_ms = bench_.events.Tick_ms();
     JudgeAlways();
     if (outcome_.done && IsSend()) JudgeArrived();
-    if (outcome_.done && run_.kind == SimulatedRun::kLoad) JudgeLoaded();
+    if (outcome_.done && Loads()) JudgeLoaded();
     if (run_.another_after) JudgeAnother();
     outcome_.boxes = bench_.view.boxes.size();
     for (const std::string& box : bench_.view.boxes) outcome_.log += "box: " + box + "\r\n";
@@ -84,10 +84,12 @@ class Stage {
   }
 
   bool Session(SimulatedRun::Kind kind) {
-    // The one wait without a limit is left as a user leaves it.
-    constexpr int kPatience_ms = 6 * 3600 * 1000;
-    const auto patience = bench_.events.CallLater(kPatience_ms, [this] {
-      if (bench_.transfer != nullptr) bench_.transfer->Abort();
+    // The one wait without a limit is left as a user leaves it, when nothing has passed for longer than anything is late.
+    constexpr int kPatience_ms = 600'000;
+    int passed = -1;
+    const auto patience = bench_.events.StartTimer(kPatience_ms, [this, &passed] {
+      const bool stuck = std::exchange(passed, outcome_.units) == outcome_.units;
+      if (stuck && bench_.transfer != nullptr) bench_.transfer->Abort();
     });
     const auto story = [&](Transfer& transfer) {
       running_ = ++sessions_;
@@ -108,6 +110,7 @@ class Stage {
     if (outcome_.broken.size() < 5) outcome_.broken.push_back(rule);
   }
   bool IsSend() const { return run_.kind == SimulatedRun::kSend || run_.kind == SimulatedRun::kCompare; }
+  bool Loads() const { return run_.kind == SimulatedRun::kLoad || run_.kind == SimulatedRun::kMiniBarLoad; }
   bool ReadsBack() const {
     return run_.kind == SimulatedRun::kCompare && run_.version >= kLowestComparedVersion;
   }
@@ -151,21 +154,31 @@ class Stage {
       const Layout* layout = section->LayoutAt(run_.version, Direction::kSend);
       bench_.memory.sections()[section->number] = Encoded(layout->encode, layout->size, HotelText()).bytes();
     }
+    for (int number = 0; number < kMiniBarRecords; ++number) {
+      Bytes record(kMiniBarRecordSize);
+      record[0] = 'A';
+      record[20] = static_cast<std::uint8_t>(number % 256);
+      record[21] = static_cast<std::uint8_t>(number / 256);
+      bench_.memory.SetMiniBar(number, record);
+    }
   }
 
   void JudgeAlways() {
-    const bool loads = run_.kind == SimulatedRun::kLoad || run_.kind == SimulatedRun::kMiniBarLoad;
     if (bench_.events.gave_up()) Broken("a wait without an end");
-    if (!(outcome_.done && loads) && Project() != before_) Broken("the open project changed without a yes");
+    if (!(outcome_.done && Loads()) && Project() != before_) Broken("the open project changed without a yes");
     if (!outcome_.done && bench_.view.boxes.empty() && bench_.view.log.empty())
       Broken("a failure without a word");
   }
 
-  /** What nobody can see: bytes without a check, and numbers and units that are not what the other side sent. */
+  /** What nobody can see: bytes without a check, and numbers that are not what the other side sent. */
   bool Unseen() const {
     const Trouble& trouble = run_.trouble;
-    return (trouble.flip > 0 && WireOf(run_.by) != Wire::kLink) || trouble.dup > 0 || trouble.reorder > 0 ||
-           trouble.wrong_sequence > 0;
+    return (trouble.flip > 0 && WireOf(run_.by) != Wire::kLink) || trouble.wrong_sequence > 0;
+  }
+  /** The packs of a section have numbers, the answers to them have none. */
+  bool AnswersMoved() const {
+    const Trouble& trouble = run_.trouble;
+    return trouble.dup > 0 || trouble.reorder > 0 || trouble.echo > 0;
   }
 
   /** Not the word about a line that fell silent for a while. */
@@ -182,7 +195,7 @@ class Stage {
    * section's size is believed.
    */
   void JudgeArrived() {
-    if (ReadsBack() ? run_.trouble.wrong_size > 0 : Unseen()) return;
+    if (ReadsBack() ? run_.trouble.wrong_size > 0 : Unseen() || AnswersMoved()) return;
     if (!ReadsBack() && AdvisedAtItsEnd()) return;
     for (const Section* section : SendPlan(run_.version)) {
       const Layout* layout = section->LayoutAt(run_.version, Direction::kSend);
@@ -195,8 +208,8 @@ class Stage {
   /** A load that is done gives what one over a line without troubles gives, or the user is advised to load again. */
   void JudgeLoaded() {
     if (Unseen() || run_.trouble.wrong_size > 0 || AdvisedAtItsEnd()) return;
-    Stage clean({.kind = SimulatedRun::kLoad, .by = run_.by, .version = run_.version});
-    clean.Session(SimulatedRun::kLoad);
+    Stage clean({.kind = run_.kind, .by = run_.by, .version = run_.version});
+    clean.Session(run_.kind);
     if (clean.Project() != Project()) Broken("a load that is done gave another project");
   }
 
@@ -270,6 +283,8 @@ SimulatedRun RunOf(std::uint64_t seed) {
   if (pick(8) == 0) run.failing_call = call;
   const double cut = rate(8);
   trouble.cut = WireOf(run.by) == Wire::kLink ? cut : 0;
+  trouble.echo = rate(8);
+  trouble.torn = rate(8);
   return run;
 }
 
@@ -284,6 +299,8 @@ std::string Described(const SimulatedRun& run) {
                                                     {"dup", trouble.dup},
                                                     {"reorder", trouble.reorder},
                                                     {"late", trouble.late},
+                                                    {"echo", trouble.echo},
+                                                    {"torn", trouble.torn},
                                                     {"wrong-sequence", trouble.wrong_sequence},
                                                     {"wrong-size", trouble.wrong_size},
                                                     {"wrong-section", trouble.wrong_section},

@@ -10,6 +10,7 @@ namespace tarvok::test {
 namespace {
 
 constexpr std::uint8_t kStrangersAddress = 0x20;
+constexpr std::size_t kMostPause_ms = 900;
 constexpr std::uint8_t kStrangersByte = 0x02;  // where this exchange's messages have 0
 
 constexpr std::uint8_t kCommands[] = {
@@ -71,8 +72,10 @@ TroubledPort::TroubledPort(EventServer& events, std::unique_ptr<Port> inner, con
       trouble_(trouble),
       wire_(wire),
       told_(std::move(told)),
-      out_{Chances(3 * seed), Chances(~seed), [this](const Bytes& unit) { PortOnPort::Send(unit); }},
-      in_{Chances(3 * seed + 1), Chances(~seed - 1), [this](const Bytes& unit) { GiveBytes(unit); }},
+      out_{Chances(3 * seed), Chances(~seed), Chances(~(3 * seed)),
+           [this](const Bytes& unit) { PortOnPort::Send(unit); }},
+      in_{Chances(3 * seed + 1), Chances(~seed - 1), Chances(~(3 * seed) - 1),
+          [this](const Bytes& unit) { GiveBytes(unit); }},
       lies_(3 * seed + 2),
       passed_(passed) {}
 
@@ -118,6 +121,10 @@ void TroubledPort::Pass(Lane& lane, Bytes unit) {
   const std::size_t bit = lane.chances.Pick(unit.size() * 8);
   const bool cut = lane.cuts.Happens(trouble_.cut);
   const std::size_t gone = lane.cuts.Pick(unit.size());
+  const bool echo = lane.again.Happens(trouble_.echo);
+  const bool torn = lane.again.Happens(trouble_.torn);
+  const std::size_t came = lane.again.Pick(unit.size());
+  const auto pause_ms = static_cast<std::int64_t>(lane.again.Pick(kMostPause_ms + 1));
   const bool lost = trouble_.lost && *trouble_.lost == passed_;
   ++passed_;
   if (drop || lost) return;
@@ -127,8 +134,14 @@ void TroubledPort::Pass(Lane& lane, Bytes unit) {
     lane.held = std::move(unit);
     return;
   }
+  const bool from_exchange = &lane == &in_;
+  if (torn && came > 0 && from_exchange) {
+    Give(lane, {unit.begin(), unit.begin() + static_cast<std::ptrdiff_t>(came)});
+    lane.last_due_ms += pause_ms;
+  }
   Give(lane, unit);
   if (dup) Give(lane, unit);
+  if (echo && from_exchange) GiveIn(pause_ms, lane, unit);
   if (const Bytes held = std::exchange(lane.held, {}); !held.empty()) Give(lane, held);
 }
 
@@ -137,8 +150,12 @@ void TroubledPort::Give(Lane& lane, const Bytes& unit) {
   if (lane.chances.Happens(trouble_.late))
     due_ms += static_cast<int>(lane.chances.Pick(static_cast<std::size_t>(trouble_.late_ms) + 1));
   lane.last_due_ms = std::max(lane.last_due_ms, due_ms);
+  GiveIn(lane.last_due_ms - events_.Tick_ms(), lane, unit);
+}
+
+void TroubledPort::GiveIn(std::int64_t delay_ms, Lane& lane, const Bytes& unit) {
   auto id = std::make_shared<EventServer::TimerId>(0);
-  *id = events_.CallLater(static_cast<int>(lane.last_due_ms - events_.Tick_ms()), [this, &lane, id, unit] {
+  *id = events_.CallLater(static_cast<int>(delay_ms), [this, &lane, id, unit] {
     timers_.erase(*id);
     if (state() == PortState::kOpen) lane.give(unit);
   });

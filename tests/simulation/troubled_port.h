@@ -26,6 +26,8 @@ struct Trouble {
   double reorder = 0;  // the unit comes behind the next one; for networks
   double late = 0;     // the unit, and with it all behind it, comes up to late_ms later
   int late_ms = 0;
+  double echo = 0;            // what the exchange says comes again up to 900 ms later, behind others
+  double torn = 0;            // what the exchange says breaks off, and comes whole up to 900 ms later
   double wrong_sequence = 0;  // of what the exchange says, with a right check byte
   double wrong_size = 0;
   double wrong_section = 0;
@@ -61,6 +63,7 @@ class TroubledPort : public PortOnPort {
   struct Lane {
     Chances chances;
     Chances cuts;
+    Chances again;  // of echoes and torn units
     std::function<void(const Bytes&)> give;
     Bytes held = {};
     std::int64_t last_due_ms = 0;
@@ -68,6 +71,7 @@ class TroubledPort : public PortOnPort {
 
   void Pass(Lane& lane, Bytes unit);
   void Give(Lane& lane, const Bytes& unit);
+  void GiveIn(std::int64_t delay_ms, Lane& lane, const Bytes& unit);
   void Die();
   Bytes Lie(Bytes unit);
   Bytes OfStranger();
