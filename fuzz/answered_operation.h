@@ -61,7 +61,7 @@ inline void RunAnswered(LinkMode mode, std::span<const std::uint8_t> input) {
   MessageState& state = line.messages().state();
   const auto judge = [&] {
     Demand(line.messages().MissingBytes() >= 0 && line.messages().MissingBytes() <= state.ReceivedSize);
-    Demand(!state.SectionDoneFlag || line.messages().MissingBytes() == 0);
+    Demand(!line.messages().IsWhole() || state.ReceiveOffset >= state.ReceivedSize);
     Demand(state.ReceivedSize <= 0xFFFF && state.MiniBarName.size() <= 20 && state.MiniBarCount <= 0xFFFF);
   };
   for (int time = 0; time < 2; ++time) {

@@ -12,7 +12,6 @@ namespace {
 constexpr std::int64_t kFullPackWait_ms = 4000;
 constexpr std::int64_t kLastPackWait_ms = 3000;
 constexpr std::int64_t kEnquiryWait_ms = 3000;
-constexpr int kTries = 3;
 
 std::uint8_t Low(int value) {
   return static_cast<std::uint8_t>(value % 256);
@@ -96,6 +95,7 @@ bool MessageLayer::SendBillingTable(int table, int sector, std::span<const std::
 bool MessageLayer::GetConfig(int section) {
   parts_.log.Line(std::string(variant_.get_config_words) + std::to_string(section));
   asked_section_ = section;
+  asked_mini_bar_ = -1;
   const std::array<std::uint8_t, 2> payload = {Low(section), High(section)};
   return SendMessage(payload, command::kGetConfig, &MessageState::ConfigFlag, false);
 }
@@ -113,11 +113,12 @@ bool MessageLayer::GetMiniBar(int number) {
   // Every answer carried an earlier number: the exchange does not number its records.
   parts_.statistics.PacksOutOfStep -= earlier_mini_bars_;
   first_mini_bar_ = kNotNumbered;
-  return SendMessage(payload, command::kGetMiniBar, awaited, false);
+  return SendMessage(payload, command::kGetMiniBar, awaited, false,
+                     1);  // it answers, or the line is dead by now
 }
 
 bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited,
-                               bool sequenced) {
+                               bool sequenced, int tries) {
   const auto limit = static_cast<std::size_t>(sequenced ? kSequencedPayload : kPlainPayload);
   state_.SendSequence = 0;
   bool first = true;
@@ -141,7 +142,7 @@ bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8
   build(payload);
   ++parts_.statistics.PacketsSent;
   parts_.statistics.BytesSent += static_cast<std::int64_t>(payload.size());
-  const bool sent = SendLastPack(message, awaited);
+  const bool sent = SendLastPack(message, awaited, tries);
   Wipe(message);  // it may have been a password
   return sent;
 }
@@ -189,9 +190,9 @@ MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
   return Recovery::kFailed;
 }
 
-bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awaited) {
+bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awaited, int tries) {
   bool refused = false;
-  for (int attempt = 1; attempt <= kTries && !parts_.waits.aborted(); ++attempt) {
+  for (int attempt = 1; attempt <= tries && !parts_.waits.aborted(); ++attempt) {
     state_.ErrorReplyFlag = false;
     state_.*awaited = false;
     if (attempt > 1 && !refused) ++parts_.statistics.LateAnswers;

@@ -43,7 +43,7 @@ struct MessageState {
   bool MiniBarFlag = false;
   bool SeqReplyFlag = false;
   bool ErrorReplyFlag = false;
-  bool SectionDoneFlag = false;   // a section or mini bar record is whole; cleared by the session
+  bool SectionDoneFlag = false;   // a section or mini bar record came to its end; cleared by the session
   bool StopOnErrorReply = false;  // an error reply allows no second try: while the password form is open
   std::uint8_t SendSequence = 0;
   int LastReceivedSeq = 0;
@@ -91,6 +91,12 @@ class MessageLayer {
   void ReceiveMessage(std::span<const std::uint8_t> message);
   /** Bytes that the section in progress still lacks, by its declared size. */
   std::int64_t MissingBytes() const;
+  /** Whether what was asked for last has come to its end: a mini bar record in the middle of a section raises the flag,
+   * too, but leaves the section as it is. */
+  bool IsWhole() const {
+    const bool section_came = receive_kind_ == ReceiveKind::kSection && MissingBytes() == 0;
+    return state_.SectionDoneFlag && (asked_mini_bar_ >= 0 || section_came);
+  }
 
   MessageState& state() { return state_; }
   const SectionImage& section_image() const { return section_image_; }
@@ -108,9 +114,13 @@ class MessageLayer {
   enum class ReceiveKind { kNone, kSection, kMiniBar };
   enum class Recovery { kArrived, kSendAgain, kFailed };
 
-  bool SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited, bool sequenced);
+  static constexpr int kTries = 3;
+
+  /** `tries` holds for its last pack. */
+  bool SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited, bool sequenced,
+                   int tries = kTries);
   bool SendFullPack(std::span<const std::uint8_t> message, bool first);
-  bool SendLastPack(std::span<const std::uint8_t> message, Flag awaited);
+  bool SendLastPack(std::span<const std::uint8_t> message, Flag awaited, int tries);
   Recovery RecoverByEnquiry(bool first);
   Recovery JudgeSequence(bool first);
   void SendEnquiry();
@@ -136,7 +146,7 @@ class MessageLayer {
   MiniBarImage mini_bar_image_;
   ReceiveKind receive_kind_ = ReceiveKind::kNone;
   int asked_section_ = -1;             // what GetConfig asked for last, -1 before the first
-  int asked_mini_bar_ = -1;            // the same of GetMiniBar
+  int asked_mini_bar_ = -1;            // the same of GetMiniBar, -1 where a section was asked for behind it
   std::optional<int> first_mini_bar_;  // the number that the exchange gives to record 0
   int earlier_mini_bars_ = 0;          // records that came and had been asked for before this one
   int pack_before_ = -1;               // sequence byte of the section's last next pack, -1 before the first

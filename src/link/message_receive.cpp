@@ -115,6 +115,7 @@ bool MessageLayer::IsEarlierMiniBar(int number) {
 void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   constexpr std::size_t kNameAt = 7;
   constexpr std::size_t kNameBytes = 20;
+  constexpr std::int64_t kTaken = 22;  // name and count
   const int number = Word(message, 5);
   if (IsEarlierMiniBar(number)) {
     // Late or twice: taking it would write each record from here on into the row behind its own.
@@ -124,15 +125,16 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
     return;
   }
   state_.MiniBarFlag = true;
-  if (MissingBytes() == 0) {  // in the middle of a section nobody asked for it, and it makes nothing whole
-    state_.SectionDoneFlag = true;
-    state_.ReceivedSection = number;
-  }
+  state_.SectionDoneFlag = true;
+  state_.ReceivedSection = number;
+  // What began in between was asked for by nobody. In the middle of a section it is the record that nobody asked for.
+  if (asked_mini_bar_ >= 0) receive_kind_ = ReceiveKind::kNone;
   state_.MiniBarName.clear();
   for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
     if (byte != 0) state_.MiniBarName += static_cast<char>(byte);
   }
   state_.MiniBarCount = Word(message, kNameAt + kNameBytes);
+  parts_.statistics.BytesTaken += kTaken;
   RespondOk();
 }
 

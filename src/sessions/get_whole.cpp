@@ -38,11 +38,11 @@ bool GiveUp(Transfer& transfer, const WholeRequest& request) {
 bool GetWhole(Transfer& transfer, const WholeRequest& request) {
   MessageState& state = transfer.messages().state();
   for (int errors = 0; Ask(transfer, request);) {
-    const auto answered = [&] { return state.SectionDoneFlag || state.ErrorReplyFlag; };
+    const auto answered = [&] { return transfer.messages().IsWhole() || state.ErrorReplyFlag; };
     const auto over = [&] { return answered() || IsClosed(transfer); };
     if (!transfer.waits().Until(over, EventServer::kForever)) return false;
     if (!answered()) return GiveUp(transfer, request);
-    if (state.SectionDoneFlag) {
+    if (transfer.messages().IsWhole()) {
       if (!transfer.waits().WaitSeconds(request.answer_pause_s)) return false;
       transfer.Finished();
       return true;

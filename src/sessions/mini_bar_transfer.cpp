@@ -18,6 +18,9 @@ constexpr int kLowestVersion = 106;
 constexpr int kNoHighestVersion = 65535;
 constexpr std::string_view kSendFailed = "Sending Mini Bar Failed (RE)";
 
+/** Of each record the two bytes by which it is asked for, its name and its price. */
+constexpr std::int64_t kBytesOfLoad = kMiniBarRows * (2 + 22);
+
 constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
                                    .lowest_version = kLowestVersion,
                                    .highest_version = kNoHighestVersion,
@@ -82,7 +85,9 @@ bool TellLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, LoadWords())) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   std::vector<Loaded> records;
+  transfer.BeginPace(kBytesOfLoad);
   if (!GetRecords(transfer, records)) return false;
+  transfer.EndPace();
   const Status stored = UpdateTemporary(transfer, [&](IniEdit& edit) {
     for (int number = 1; number <= kMiniBarRows; ++number) {
       const Loaded& record = records[static_cast<std::size_t>(number) - 1];

@@ -46,9 +46,9 @@ bool Get(Transfer& transfer) {
   state.ErrorReplyFlag = false;
   state.SectionDoneFlag = false;
   if (!transfer.messages().GetConfig(kPortSection)) return transfer.FailInLog("Get Config Error !!!");
-  transfer.waits().Until([&] { return state.SectionDoneFlag || state.ErrorReplyFlag; },
+  transfer.waits().Until([&] { return transfer.messages().IsWhole() || state.ErrorReplyFlag; },
                          EventServer::kForever);
-  return state.SectionDoneFlag || transfer.FailInLog("..........................Failed");
+  return transfer.messages().IsWhole() || transfer.FailInLog("..........................Failed");
 }
 
 bool Store(Transfer& transfer, const std::string& path, std::string_view bytes) {

@@ -203,6 +203,26 @@ TEST_F(Messages, CountsEachPackOutOfStep) {
   }
 }
 
+TEST_F(Messages, AMiniBarRecordIsWholeAndASectionItsOwnWhole) {
+  const Bytes section = Hex("21 00 00 82 00 04 00 40 00 01*55");
+  const Bytes record = Hex("21 00 00 88 00 03 00 41 00*19 07 00");
+  // A section that nobody asked for comes in front of the record.
+  events.CallLater(10, [&] { layer.ReceiveMessage(section); });
+  events.CallLater(20, [&] { layer.ReceiveMessage(record); });
+  ASSERT_TRUE(layer.GetMiniBar(3));
+  EXPECT_TRUE(layer.IsWhole());
+  EXPECT_EQ(layer.state().ReceivedSection, 3);
+  // And a record in the middle of a section.
+  layer.state().SectionDoneFlag = false;
+  events.CallLater(10, [&] { layer.ReceiveMessage(section); });
+  ASSERT_TRUE(layer.GetConfig(4));
+  layer.ReceiveMessage(record);
+  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_FALSE(layer.IsWhole());
+  layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
+  EXPECT_TRUE(layer.IsWhole());
+}
+
 TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   const std::string before = "21 00 00 88 00 03 01 41 00*19 07 00";
   const std::string asked = "21 00 00 88 00 04 01 42 00*19 08 00";

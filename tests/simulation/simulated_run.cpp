@@ -116,21 +116,28 @@ class Stage {
   }
 
   /** The line has just died. The longest step that can be under way or begin now is a pack with its enquiries; a call
-   * waits for the modem's word. Only a section that has begun to arrive is waited for without a limit. */
+   * waits for the modem's word. Only a section that has begun to arrive is waited for without a limit, and there advice
+   * comes. */
   void ExpectWords() {
     if (running_ == 0) return;
     constexpr int kPackWithEnquiries_ms = 4000 + 3 * 3000;
-    constexpr int kDial_ms = 3000 + 91'000;  // the modem is set up first
+    constexpr int kDial_ms = 3000 + 91'000;     // the modem is set up first
+    constexpr int kSilence_ms = 15'000 + 1000;  // it is measured by the second
     constexpr int kGrace_ms = 1000;
+    const auto quiet = [this, session = running_, boxes = bench_.view.boxes.size()] {
+      return running_ == session && bench_.view.boxes.size() == boxes;
+    };
     const bool dials = run_.by == 2 && !bench_.transfer->line().link().LinkUp();
-    bench_.events.CallLater((dials ? kDial_ms : kPackWithEnquiries_ms) + kGrace_ms,
-                            [this, session = running_, boxes = bench_.view.boxes.size()] {
-                              const std::string& log = bench_.view.log;
-                              const std::size_t last_line = log.rfind('\n') + 1;
-                              const bool arriving = log.compare(last_line, kArriving.size(), kArriving) == 0;
-                              if (running_ == session && bench_.view.boxes.size() == boxes && !arriving)
-                                Broken("a dead line that nobody is told of");
-                            });
+    bench_.events.CallLater((dials ? kDial_ms : kPackWithEnquiries_ms) + kGrace_ms, [this, quiet] {
+      if (quiet() && !Arriving()) Broken("a dead line that nobody is told of");
+    });
+    bench_.events.CallLater(kSilence_ms + kGrace_ms, [this, quiet] {
+      if (quiet() && Arriving() && bench_.view.advice.empty()) Broken("a dead line without advice");
+    });
+  }
+  bool Arriving() const {
+    const std::string& log = bench_.view.log;
+    return log.compare(log.rfind('\n') + 1, kArriving.size(), kArriving) == 0;
   }
 
   void Cancel() {
