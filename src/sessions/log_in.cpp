@@ -64,8 +64,9 @@ bool LogIn(Transfer& transfer, const LogInWords& words) {
   const int version = transfer.version();
   if (version >= words.lowest_version && version <= words.highest_version) return true;
   const std::string_view why = version < words.lowest_version ? words.too_old : words.too_new;
+  if (words.words_before_normal) transfer.LogLine(why);
   BackToNormal(transfer);
-  transfer.LogLine(why);
+  if (!words.words_before_normal) transfer.LogLine(why);
   return transfer.Fail(why);
 }
 
@@ -74,7 +75,7 @@ bool EndSending(Transfer& transfer, std::string_view refused_box, std::string_vi
     if (!refused_line.empty()) transfer.LogLine(refused_line);
     return transfer.Fail(refused_box);
   }
-  if (transfer.mode() == LinkMode::kModem) HangUpModem(transfer.line());
+  if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());
   return true;
 }
 

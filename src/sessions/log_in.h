@@ -25,6 +25,7 @@ struct LogInWords {
   int highest_version = 110;
   std::string_view too_old = kSoftwareTooOld;  // told below the lowest version
   std::string_view too_new = kSoftwareTooOld;  // told above the highest
+  bool words_before_normal = false;  // told before the exchange is put back to normal, else behind that
 };
 
 /** Sets the mode, asks for the password, learns the version and tests its bounds. False, after the session's

@@ -24,7 +24,8 @@ constexpr std::int64_t kBytesOfLoad = kMiniBarRows * (2 + 22);
 constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
                                    .lowest_version = kLowestVersion,
                                    .highest_version = kNoHighestVersion,
-                                   .too_old = "EPROM is old version, Please contact vender for upgrade."};
+                                   .too_old = "EPROM is old version, Please contact vender for upgrade.",
+                                   .words_before_normal = true};
 
 constexpr LogInWords LoadWords() {
   LogInWords words = kLoadWords;

@@ -98,6 +98,11 @@ void HangUpModem(ExchangeLine& line) {
   Write(line, "ATH0");
 }
 
+void EndModemCall(ExchangeLine& line) {
+  Write(line, "ATH0");
+  SetControlLines(line, false);
+}
+
 bool CallByModem(Transfer& transfer) {
   if (transfer.settings().tel.empty()) return transfer.FailInLog(kNoTelephone);
   if (!OpenModemPort(transfer)) return false;

@@ -9,7 +9,10 @@ namespace tarvok {
  * after its words. */
 bool CallByModem(Transfer& transfer);
 
-/** Writes the hang-up and drops the control lines; the port stays open. */
+/** Ends a call that came to nothing: drops the control lines and writes the hang-up. The port stays open. */
 void HangUpModem(ExchangeLine& line);
+
+/** Ends a call that has done its work: the hang-up goes out before the control lines drop. The port stays open. */
+void EndModemCall(ExchangeLine& line);
 
 }  // namespace tarvok

@@ -59,7 +59,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
       UpdateTemporary(transfer, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
   // All has come: whether the exchange takes the mode changes nothing any more.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
-  if (transfer.mode() == LinkMode::kModem) HangUpModem(transfer.line());
+  if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());
   return written.ok() || transfer.Fail(written.message());
 }
 

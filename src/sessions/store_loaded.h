@@ -18,7 +18,8 @@ inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode
                                           .version_line = "Config Version = ",
                                           .grouped_version = false,
                                           .too_old = kSoftwareTooOldToLoad,
-                                          .too_new = kSoftwareTooOldToLoad};
+                                          .too_new = kSoftwareTooOldToLoad,
+                                          .words_before_normal = true};
 
 /** Gives this load a temporary project of its own and drops that of the form's load before. If the temporary folder
  * cannot be written, the user is told and the load does not begin. */

@@ -132,7 +132,7 @@ void Transfer::Unload() {
       [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
     }
   }
-  if (serial && mode_ == LinkMode::kModem) HangUpModem(*line_);
+  if (serial && mode_ == LinkMode::kModem) EndModemCall(*line_);
   line_->Close();
 }
 

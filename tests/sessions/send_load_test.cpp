@@ -175,8 +175,11 @@ class Recorder : public PortOnPort {
 };
 
 TEST(Connection, ACallThatIsGivenUpIsHungUp) {
-  // In the set-up, while it rings, in the second behind CONNECT, and with the link up; or there is no modem.
-  for (const int at_ms : {500, 3300, 4200, 5200, 0}) {
+  // In the set-up, while it rings, in the second behind CONNECT, and with the link up; or there is no modem. Once the modem
+  // has connected the lines drop behind the hang-up.
+  const std::pair<int, const char*> cases[] = {
+      {500, "<off>ATH0"}, {3300, "<off>ATH0"}, {4200, "ATH0<off>"}, {5200, "ATH0<off>"}, {0, "<off>ATH0"}};
+  for (const auto& [at_ms, end] : cases) {
     const bool deaf = at_ms == 0;
     SessionBench bench(2);
     std::string written;
@@ -189,8 +192,57 @@ TEST(Connection, ACallThatIsGivenUpIsHungUp) {
       bench.events.StopTimer(timer);
       return done;
     }));
-    EXPECT_TRUE(written.ends_with("<off>ATH0")) << at_ms << ": " << written;
+    EXPECT_TRUE(written.ends_with(end)) << at_ms << ": " << written;
     EXPECT_EQ(bench.view.boxes.size(), deaf ? 1U : 0U);
+  }
+}
+
+TEST(Connection, TheLinesOfAModemDropBehindTheHangUp) {
+  const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
+      {SendConfiguration, TransferForm::kConnect},
+      {LoadConfiguration, TransferForm::kConnect},
+      {SendMiniBarList, TransferForm::kConnect},
+      {LoadMiniBarList, TransferForm::kMiniBar}};
+  for (const auto& [session, form] : sessions) {
+    SessionBench bench(2);
+    std::string written;
+    bench.wrap = [&](std::unique_ptr<Port> port) {
+      return std::make_unique<Recorder>(std::move(port), written, false);
+    };
+    EXPECT_TRUE(bench.Run(session, form)) << bench.view.log;
+    EXPECT_TRUE(written.ends_with("ATH0<off>")) << written.substr(written.size() - 40);
+  }
+}
+
+/** Notes whether the log window tells of an old version when the exchange is put back to normal. */
+class WatchesNormal : public PortOnPort {
+ public:
+  WatchesNormal(std::unique_ptr<Port> inner, const RecordingView& view, bool& told)
+      : PortOnPort(std::move(inner)), view_(view), told_(told) {}
+  bool Send(std::span<const std::uint8_t> bytes) override {
+    const bool normal = bytes.size() == 5 && bytes[3] == command::kSetMode && bytes[4] == 0;
+    if (normal) told_ = view_.log.find("old version") != std::string::npos;
+    return PortOnPort::Send(bytes);
+  }
+
+ private:
+  const RecordingView& view_;
+  bool& told_;
+};
+
+TEST(LogIn, AnOldVersionIsToldBeforeOrBehindTheNormalMode) {
+  const std::tuple<bool (*)(Transfer&), int, bool> cases[] = {{SendConfiguration, 111, false},
+                                                              {LoadConfiguration, 111, true},
+                                                              {SendMiniBarList, 105, true},
+                                                              {LoadMiniBarList, 105, true}};
+  for (const auto& [session, version, before] : cases) {
+    SessionBench bench(4, version);
+    bool told = !before;
+    bench.wrap = [&](std::unique_ptr<Port> port) {
+      return std::make_unique<WatchesNormal>(std::move(port), bench.view, told);
+    };
+    EXPECT_FALSE(bench.Run(session));
+    EXPECT_EQ(told, before) << bench.view.log;
   }
 }
 
