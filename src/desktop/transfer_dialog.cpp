@@ -182,7 +182,7 @@ void TransferDialog::Advise(std::string_view text) {
 
 void TransferDialog::ShowPace(std::string_view text) {
   pace_->setText(Words(text));
-  pace_->show();
+  pace_->setVisible(!text.empty());
 }
 
 void TransferDialog::SetBusy(bool busy) {

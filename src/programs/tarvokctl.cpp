@@ -76,6 +76,8 @@ class CommandLine {
     app_.footer(
         "Exit status: 0 done, 1 the operation failed (the reason on standard error), 2 the command line is "
         "wrong.\n"
+        "A reason is one line. Advice stands on lines of its own in front of it, which begin with "
+        "\"note:\".\n"
         "The password is read from TARVOK_PASSWORD, from --password-file, or asked for on the terminal.");
     AddProjectCommands();
     AddImageCommands();

@@ -33,7 +33,8 @@ class SessionView {
   virtual void ShowPassword(PasswordForm& form) = 0;
   /** What the user had better do next, outside of the log window and of boxes; a view without a place for it leaves it. */
   virtual void Advise(std::string_view) {}
-  /** How fast the transfer goes and what is left, each second and at its end; outside of the log window and of boxes. */
+  /** How fast the transfer goes and what is left, each second and at its end; outside of the log window and of boxes. ""
+   * takes it away: a transfer that failed has no speed. */
   virtual void ShowPace(std::string_view) {}
   /** While a session works, nothing that would start a second one is offered. */
   virtual void SetBusy(bool busy) = 0;

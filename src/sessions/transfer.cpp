@@ -103,6 +103,7 @@ void Transfer::EndPace() {
 }
 
 void Transfer::EndCounting() {
+  if (pace_) parts_.view.ShowPace({});  // it did not come to its end
   pace_.reset();
   parts_.events.StopTimer(std::exchange(elapsed_timer_, 0));
   parts_.view.SetBusy(false);
@@ -182,12 +183,14 @@ std::shared_ptr<const IniText> Transfer::ProjectToSend() {
 
 bool Transfer::Fail(std::string_view box, std::string_view more) {
   reason_ = InOneLine(box).append(more);
+  parts_.view.ShowPace({});
   Box(BoxKind::kCritical, box);
   return false;
 }
 
 bool Transfer::FailInLog(std::string_view line, std::string_view more) {
   reason_ = InOneLine(line).append(more);
+  parts_.view.ShowPace({});
   LogLine(line);
   return false;
 }

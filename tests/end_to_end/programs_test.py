@@ -2,6 +2,8 @@
 
 import os
 import pathlib
+import pty
+import re
 import shutil
 import signal
 import subprocess
@@ -66,9 +68,9 @@ class Programs(unittest.TestCase):
             ctl("set", path, "Chk_Tarvok", key, value)
         return path
 
-    def project_over(self, by, name):
+    def project_over(self, by, name, *options):
         """A project that connects to an exchange of its own."""
-        host, port = self.exchange("--version", 110, "--password", 1234, f"--{name}", 0)[name].rsplit(":", 1)
+        host, port = self.exchange("--version", 110, "--password", 1234, f"--{name}", 0, *options)[name].rsplit(":", 1)
         return self.project(By=by, IPHost=host, IPPort=port)
 
     def transfer(self, project, *options):
@@ -221,6 +223,45 @@ class Programs(unittest.TestCase):
         project = self.project(By=1)
         _, error = ctl("send", project, *log, "--device", self.work / "no-port", status=1)
         self.assertIn("Initial COM Port failed", error)
+
+    def test_a_failed_session_has_one_line_and_no_pace(self):
+        log = ("--log", self.work / "l")
+        slow = self.project_over(4, "lan", "--bps", 230400)
+        ctl("set", slow, "Assign", "001", "101|300|001|F|F")  # which is found out after some seconds
+        reason = "tarvokctl: Send Assign Number failed (RE)\n"
+        self.assertEqual(ctl("send", slow, *log, status=1)[1], reason)
+        written, shown = self.on_terminal("send", slow, *log, status=1)
+        self.assertIn("bytes/s", written)
+        self.assertRegex(shown, "Failed\nsection Assign.*\nbox: Send Assign")
+        self.assertNotRegex(shown, "bytes|left")
+
+    def test_notes_come_before_the_reason(self):
+        cut = self.project_over(4, "lan", "--faults", "hangup-after=60")
+        _, error = ctl("load", self.work / "o", "--using", cut, "--log", self.work / "l", status=1, TMPDIR=self.work)
+        self.assertRegex(error, r"\Anote: The connection was closed .*\ntarvokctl: Please checked your connection .*\n\Z")
+        self.assertFalse((self.work / "o").exists())
+
+    def test_a_note_has_a_line_of_its_own_on_a_terminal(self):
+        cut = self.project_over(4, "lan", "--faults", "hangup-after=60")
+        _, shown = self.on_terminal("load", self.work / "o", "--using", cut, "--log", self.work / "l", status=1, TMPDIR=self.work)
+        self.assertRegex(shown, r"\.\.\.\nnote: The connection was closed")
+
+    def on_terminal(self, *arguments, status=0, **environment):
+        """What a session writes on its user's terminal, and what is left there without the bars that it took away again."""
+        master, terminal = pty.openpty()
+        process = subprocess.Popen([BIN / "tarvokctl", *map(str, arguments)], stdout=terminal, stderr=subprocess.STDOUT,
+                                   env={**os.environ, "TARVOK_PASSWORD": "1234", **environment})
+        os.close(terminal)
+        written = b""
+        try:
+            while part := os.read(master, 65536):
+                written += part
+        except OSError:  # the other end is closed
+            pass
+        os.close(master)
+        self.assertEqual(process.wait(timeout=60), status)
+        text = written.decode("latin-1").replace("\r\n", "\n")
+        return text, re.sub(r".*\r\x1b\[K", "", text)
 
     def test_edit_scripts(self):
         project = self.project()

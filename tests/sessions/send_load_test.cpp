@@ -246,6 +246,31 @@ TEST(LogIn, AnOldVersionIsToldBeforeOrBehindTheNormalMode) {
   }
 }
 
+TEST(Pace, IsShownOfWhatWentWellAlone) {
+  // Over a line on which every answer takes its time.
+  const LineConditions slow = {.faults = FaultPlan{.delay_ms = 10}};
+  const auto run = [](SessionBench& bench, bool (*session)(Transfer&), bool done) {
+    const bool mini_bar = session == LoadMiniBarList;
+    EXPECT_EQ(bench.Run(session, mini_bar ? TransferForm::kMiniBar : TransferForm::kConnect), done)
+        << bench.view.log;
+    EXPECT_EQ(bench.view.pace.find(" in 0:") != std::string::npos, done) << bench.view.pace;
+    EXPECT_EQ(bench.view.pace.empty(), !done) << bench.view.pace;
+  };
+  for (const auto session : {SendConfiguration, LoadConfiguration, LoadMiniBarList}) {
+    SessionBench bench(4, 110, slow);
+    run(bench, session, true);
+    SessionBench aborted(4, 110, slow);
+    const auto timer = aborted.events.StartTimer(3000, [&] {
+      if (aborted.transfer != nullptr) aborted.transfer->Abort();
+    });
+    run(aborted, session, false);
+    aborted.events.StopTimer(timer);
+  }
+  SessionBench failed(4, 110, slow);
+  ASSERT_TRUE(failed.Set("Assign", "001", "101|300|001|F|F"));
+  run(failed, SendConfiguration, false);
+}
+
 TEST(Connection, AKeptPortIsQuietBehindAFailedSection) {
   SessionBench bench(1, 110, {.faults = FaultPlan{.silent_after = 40}});
   std::string written;
@@ -368,6 +393,7 @@ TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
   EXPECT_FALSE(LoadConfiguration(form));
   EXPECT_EQ(bench.files.Bytes("/p/out.tvk"), "somebody's");
   EXPECT_TRUE(form.reason().ends_with(std::string("lies in ") + SessionBench::kTemp)) << form.reason();
+  EXPECT_EQ(bench.view.pace, "");
 }
 
 TEST(LoadConfiguration, EndsWhenTheConnectionIsClosed) {

@@ -26,6 +26,7 @@ class RecordingView : public SessionView {
   std::string log_before_box;  // what the log window held when the last box came
   std::vector<std::string> questions;
   std::vector<std::string> advice;
+  std::string pace;  // the last one that was shown
   std::vector<int> bars;
   std::vector<bool> answers;  // to questions in order; Yes behind the last
   std::vector<std::string> save_names;
@@ -46,6 +47,7 @@ class RecordingView : public SessionView {
   std::optional<std::string> AskSaveName() override;
   void ShowPassword(PasswordForm& form) override;
   void Advise(std::string_view text) override { advice.emplace_back(text); }
+  void ShowPace(std::string_view text) override { pace = text; }
   void SetBusy(bool now_busy) override { busy = now_busy; }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -13,8 +14,23 @@
 #include "shell/one_line.h"
 
 namespace tarvok::ctl {
+namespace {
+
+/** Whether standard output and standard error are one terminal, file or pipe. */
+bool OutputsAreOne() {
+  struct stat output = {};
+  struct stat error = {};
+  return ::fstat(STDOUT_FILENO, &output) == 0 && ::fstat(STDERR_FILENO, &error) == 0 &&
+         output.st_dev == error.st_dev && output.st_ino == error.st_ino;
+}
+
+}  // namespace
+
 ConsoleView::ConsoleView(AskPassword ask_password, bool compare)
-    : ask_password_(std::move(ask_password)), compare_(compare), has_bar_(::isatty(STDOUT_FILENO) == 1) {}
+    : ask_password_(std::move(ask_password)),
+      compare_(compare),
+      has_bar_(::isatty(STDOUT_FILENO) == 1),
+      outputs_are_one_(OutputsAreOne()) {}
 
 ConsoleView::~ConsoleView() {
   End();
@@ -110,7 +126,8 @@ void ConsoleView::ShowPassword(PasswordForm& form) {
 
 void ConsoleView::Advise(std::string_view text) {
   ClearBar();
-  Tell(text);
+  if (outputs_are_one_ && std::exchange(line_open_, false)) Write("\n");
+  Note(text);
 }
 
 void ConsoleView::ShowPace(std::string_view text) {
@@ -121,9 +138,11 @@ void ConsoleView::ShowPace(std::string_view text) {
 
 void ConsoleView::SetBusy(bool busy) {
   ClearBar();
-  // The last pace is how it went: a script gets it where its log is not.
-  if (!busy && !pace_.empty()) Tell(std::exchange(pace_, {}));
   busy_ = busy;
+}
+
+void ConsoleView::TellPace() {
+  if (!pace_.empty()) Tell(std::exchange(pace_, {}));
 }
 
 }  // namespace tarvok::ctl

@@ -22,6 +22,8 @@ class ConsoleView : public SessionView {
 
   /** Takes the bar away and ends a line that was left open. */
   void End();
+  /** Behind the end of a session that went well: how fast it was, on standard error. */
+  void TellPace();
 
   void Log(std::string_view text) override;
   void Progress(int value, int end) override;
@@ -42,7 +44,8 @@ class ConsoleView : public SessionView {
 
   AskPassword ask_password_;
   bool compare_;
-  bool has_bar_;  // standard output is a terminal
+  bool has_bar_;          // standard output is a terminal
+  bool outputs_are_one_;  // a note would go behind a line of the log that is still open
   bool bar_shown_ = false;
   bool busy_ = false;
   bool line_open_ = false;  // the log's last line waits for its end

@@ -15,6 +15,10 @@ void Tell(std::string_view line) {
   std::cerr << "tarvokctl: " << ShownLine(InOneLine(line)) << '\n';
 }
 
+void Note(std::string_view line) {
+  std::cerr << "note: " << ShownLine(InOneLine(line)) << '\n';
+}
+
 int Fail(std::string_view reason) {
   Tell(reason);
   return kFailed;

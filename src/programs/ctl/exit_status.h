@@ -10,6 +10,9 @@ inline constexpr int kWrongCommandLine = 2;
 
 /** Says one line on standard error. */
 void Tell(std::string_view line);
+/** Says on standard error, in one line that begins with "note:", what is to be known beside a result or in front of a
+ * reason. */
+void Note(std::string_view line);
 /** Says the reason on standard error, one line, and returns the status of an operation that failed. */
 int Fail(std::string_view reason);
 /** The same for a command line that is wrong. */

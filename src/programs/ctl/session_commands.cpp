@@ -65,7 +65,7 @@ std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& 
 Status OpenLog(LogFile& file, const std::string& asked_for) {
   const Status opened = file.Open(asked_for.empty() ? DefaultLog() : asked_for);
   if (!asked_for.empty()) return opened;
-  if (opened.kind() == ErrorKind::kExists) Tell(opened.message() + "; this one goes without");
+  if (opened.kind() == ErrorKind::kExists) Note(opened.message() + "; this one goes without");
   return {};
 }
 
@@ -113,8 +113,11 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
   transfer.Unload();
   view.End();
   if (!options.log_file.empty() && !file.status().ok())
-    Tell("the history has a gap: " + file.status().message());
-  if (done) return kDone;
+    Note("the history has a gap: " + file.status().message());
+  if (done) {
+    view.TellPace();
+    return kDone;
+  }
   return Fail(interrupted ? "interrupted" : transfer.reason());
 }
 
