@@ -41,6 +41,14 @@ class Programs(unittest.TestCase):
         self.assertEqual(ready[:1], ["ready"], ready)
         return dict(word.split("=", 1) for word in ready[1:])
 
+    def test_a_terminal_that_cannot_be_made_ends_the_exchange(self):
+        for option in ("--serial", "--modem"):
+            link = self.work / "no" / "link"
+            run = subprocess.run([BIN / "tarvok-exchange", "--version", "110", "--store", self.work / "exchange",
+                                  option, link], capture_output=True, timeout=60, text=True)
+            self.assertEqual((run.returncode, run.stdout, run.stderr.count("\n")), (1, "", 1), run.stderr)
+            self.assertIn(str(link), run.stderr)
+
     def test_one_store_one_exchange_and_a_lost_terminal_writes_it(self):
         folder = self.work / "exchange"
         command = [BIN / "tarvok-exchange", "--version", "110", "--store", folder, "--lan", "0"]
@@ -234,6 +242,18 @@ class Programs(unittest.TestCase):
         self.assertIn("bytes/s", written)
         self.assertRegex(shown, "Failed\nsection Assign.*\nbox: Send Assign")
         self.assertNotRegex(shown, "bytes|left")
+
+    def test_a_session_on_a_terminal_draws_its_bar_between_the_lines(self):
+        project = self.project_over(4, "lan", "--bps", 460800)
+        log = ("--log", self.work / "l")
+        written, shown = self.on_terminal("send", project, *log)
+        bars = re.findall(r"(.{4})\[#* *\] \d+ %, \d:\d\d", written, re.DOTALL)
+        self.assertGreater(len(bars), 40)
+        for before in bars:  # never behind a line that is still open
+            self.assertTrue(before.endswith(("\n", "\r\x1b[K")), before)
+        # What is left is what a file gets, but for how long it took.
+        rate = r"(Average Transfer Rate :|tarvokctl: [\d,]+ bytes in).*\n"
+        self.assertEqual(re.sub(rate, "", shown), re.sub(rate, "", ctl("send", project, *log)[0]))
 
     def test_notes_come_before_the_reason(self):
         cut = self.project_over(4, "lan", "--faults", "hangup-after=60")
