@@ -113,8 +113,8 @@ bool MessageLayer::GetMiniBar(int number) {
   // Every answer carried an earlier number: the exchange does not number its records.
   parts_.statistics.PacksOutOfStep -= earlier_mini_bars_;
   first_mini_bar_ = kNotNumbered;
-  return SendMessage(payload, command::kGetMiniBar, awaited, false,
-                     1);  // it answers, or the line is dead by now
+  constexpr int kOnce = 1;  // it answers at once, or the line is dead by now
+  return SendMessage(payload, command::kGetMiniBar, awaited, false, kOnce);
 }
 
 bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited,

@@ -13,12 +13,12 @@ struct TransferStatistics {
   std::int64_t BytesReceived = 0;   // each section's declared size, and every later pack once more
   std::int64_t BytesTaken = 0;      // section bytes that came, each once
   std::int64_t FramesDamaged = 0;   // Naks, in either direction
-  std::int64_t BrokenOff =
-      0;  // beginnings of messages whose rest never came; without frames nothing else shows
+  // Beginnings of messages whose rest never came: all the damage that shows without frames.
+  std::int64_t BrokenOff = 0;
   // Asked for once more: by the link of either side, or by a message sent again.
   std::int64_t LateAnswers = 0;
-  std::int64_t PacksOutOfStep =
-      0;  // of a section, whose number does not follow the one before; earlier records
+  // Packs of a section whose number does not follow the one before, and mini bar records of an earlier number.
+  std::int64_t PacksOutOfStep = 0;
   std::int64_t SendMilliseconds = 0;  // summed duration of section and mini bar sends
 };
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "exchange/port_on_port.h"
 #include "sessions/billing_files.h"
 #include "sessions/mini_bar_transfer.h"
 #include "sessions/pace.h"
@@ -93,6 +94,29 @@ TEST(MiniBar, EveryRecordComesIntoItsRowAlthoughAnswersComeTwice) {
       EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
     EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load once more")));
   }
+}
+
+/** Puts the first pack of a section that nobody asked for in front of each record. */
+class Strays : public PortOnPort {
+ public:
+  using PortOnPort::PortOnPort;
+
+ protected:
+  void OnBytes(std::span<const std::uint8_t> bytes) override {
+    if (bytes.size() > 3 && bytes[3] == reply::kMiniBarRecord)
+      GiveBytes(Hex("21 00 00 82 00 04 00 40 00 01*55"));
+    GiveBytes(bytes);
+  }
+};
+
+TEST(MiniBar, ItsLoadEndsAtItsRecordsWhateverBeganBefore) {
+  SessionBench bench(4, 110, {.faults = FaultPlan{.delay_ms = 10}});
+  bench.wrap = [](std::unique_ptr<Port> port) { return std::make_unique<Strays>(std::move(port)); };
+  const auto patience = bench.events.StartTimer(60'000, [&] {
+    if (bench.transfer != nullptr) bench.transfer->Abort();
+  });
+  EXPECT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
+  bench.events.StopTimer(patience);
 }
 
 TEST(Billing, FilesInEverySize) {
