@@ -89,6 +89,27 @@ TEST_F(Settings, OptionsShowTheirFrames) {
   EXPECT_TRUE(Get<QWidget>("fraInputID")->isVisible());
 }
 
+/** What a field does not take, but held when it was filled, may stay and come back; there is never more of it. */
+TEST_F(Settings, AFieldKeepsACharacterThatItHeldAndTakesNoMoreOfIt) {
+  bench.Put("IPHost", "pbx.x");
+  Open();
+  Click("Option1(0)");
+  auto* field = Get<QLineEdit>("txtHost");
+  const auto type = [&](int at, const char* keys) {
+    field->setCursorPosition(at);
+    QTest::keyClicks(field, QString::fromLatin1(keys));
+    return field->text().toStdString() + "@" + std::to_string(field->cursorPosition());
+  };
+  EXPECT_EQ(type(0, "x1p"), "1pbx.x@1");
+  EXPECT_EQ(type(6, ".7b"), "1pbx.x.7@8");
+  field->setCursorPosition(2);
+  QTest::keyClick(field, Qt::Key_Backspace);
+  EXPECT_EQ(type(7, "pp"), "1bx.x.7p@8");
+  field->selectAll();
+  QTest::keyClicks(field, QStringLiteral("bb9"));
+  EXPECT_EQ(field->text().toStdString(), "b9");
+}
+
 TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   const std::tuple<const char*, const char*, const char*> keys[] = {{"Port", "", "1"},
                                                                     {"PortM", "9", "9"},
