@@ -33,6 +33,17 @@ class Question : public QMessageBox {
   YesNo how_;
 };
 
+/** A button of the question that looks at something and leaves the question open. Any other button of a message
+ * box closes it. */
+void AddLook(Question& box, const QString& text, const QString& tip,
+             const std::function<void(QWidget* box)>& look) {
+  QPushButton* button = box.addButton(text, QMessageBox::HelpRole);
+  button->setObjectName(QStringLiteral("cmdChanges"));
+  button->setToolTip(tip);
+  QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
+  QObject::connect(button, &QPushButton::clicked, &box, [&box, look] { look(&box); });
+}
+
 }  // namespace
 
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
@@ -45,6 +56,15 @@ bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how) {
   return Question(parent, question, how).exec() == QMessageBox::Yes;
 }
 
+bool AskToOverwriteChanges(QWidget* parent, const QString& question,
+                           const std::function<void(QWidget* box)>& show_changes) {
+  Question box(parent, question, {.enter = QMessageBox::No});
+  AddLook(box, QStringLiteral("&What changed?"),
+          QStringLiteral("Compares the project as this form read it with what is in the file now"),
+          show_changes);
+  return box.exec() == QMessageBox::Yes;
+}
+
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
                        const std::function<void(QWidget* box)>& show_changes) {
   Question box(parent, question, {});
@@ -53,12 +73,8 @@ bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
   check->setToolTip(QStringLiteral("Reads every section back after sending it and compares the bytes"));
   check->setChecked(compare);
   box.setCheckBox(check);
-  QPushButton* changes = box.addButton(QStringLiteral("&What will change?"), QMessageBox::HelpRole);
-  changes->setObjectName(QStringLiteral("cmdChanges"));
-  changes->setToolTip(QStringLiteral("Compares the project with what the exchange got or gave last"));
-  // A button of a message box closes it; this one is a look aside.
-  QObject::disconnect(changes, &QPushButton::clicked, nullptr, nullptr);
-  QObject::connect(changes, &QPushButton::clicked, &box, [&] { show_changes(&box); });
+  AddLook(box, QStringLiteral("&What will change?"),
+          QStringLiteral("Compares the project with what the exchange got or gave last"), show_changes);
   if (box.exec() != QMessageBox::Yes) return false;
   compare = check->isChecked();
   return true;

@@ -15,6 +15,10 @@ struct YesNo {
 };
 
 bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how = {});
+/** The question in front of a save over what another program wrote: Return and Esc are No. `show_changes` is
+ * behind a button of the box, which stays open over it. */
+bool AskToOverwriteChanges(QWidget* parent, const QString& question,
+                           const std::function<void(QWidget* box)>& show_changes);
 /** `frmMsgBox`: the question in front of a send, with the box "Compare Byte". `show_changes` is behind a button
  * of the box, which stays open over it. */
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,

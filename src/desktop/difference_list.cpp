@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QVBoxLayout>
 
 #include "desktop/shown_text.h"
@@ -47,6 +49,21 @@ void DifferenceList::ShowText(const QString& text) {
   list_->clear();
   list_->hide();
   count_->setText(text);
+}
+
+void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName(name);
+  dialog.setWindowTitle(title);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  auto* layout = new QVBoxLayout(&dialog);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setSpacing(12);
+  layout->addWidget(list, 1);
+  layout->addWidget(buttons);
+  dialog.resize(640, 400);
+  dialog.exec();
 }
 
 }  // namespace tarvok

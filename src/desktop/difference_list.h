@@ -29,4 +29,7 @@ class DifferenceList : public QWidget {
   QListWidget* list_ = nullptr;
 };
 
+/** Shows the list in a modal window of that name until it is closed; the window takes the list over. */
+void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent);
+
 }  // namespace tarvok

@@ -1,9 +1,5 @@
 #include "desktop/exchange_changes.h"
 
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QVBoxLayout>
-
 #include "desktop/difference_list.h"
 #include "desktop/shown_text.h"
 #include "sections/routing/tbl_route.h"
@@ -28,21 +24,9 @@ std::string SentPart(const IniText& project) {
 }
 
 void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent) {
-  QDialog dialog(parent);
-  dialog.setObjectName(QStringLiteral("WhatWillChange"));
-  dialog.setWindowTitle(QStringLiteral("What Will Change"));
   auto* list = new DifferenceList(
       PageOf(parts.settings), kSides,
       QStringLiteral("Nothing: the exchange has this configuration already, as far as this program knows."));
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-  auto* layout = new QVBoxLayout(&dialog);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(12);
-  layout->addWidget(list, 1);
-  layout->addWidget(buttons);
-  dialog.resize(640, 400);
-
   const Result<std::string> copy = parts.copies.Find(connection);
   if (copy.ok()) {
     const std::shared_ptr<const IniText> project = parts.store.Snapshot(parts.state.ProjectFile);
@@ -55,7 +39,7 @@ void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connectio
   } else {
     list->ShowText(MessageText(copy.status().message(), PageOf(parts.settings)));
   }
-  dialog.exec();
+  ShowInDialog(list, QStringLiteral("WhatWillChange"), QStringLiteral("What Will Change"), parent);
 }
 
 }  // namespace tarvok

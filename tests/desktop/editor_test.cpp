@@ -342,7 +342,23 @@ TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
   QTest::keyClicks(second.Table(), "77");
   first.Click("cmdOK");
   std::vector<std::string> texts;
-  Script answer({AnswerBox(QMessageBox::Yes, &texts)});
+  std::vector<std::string> lines;
+  const auto look = [&] {
+    QWidget* dialog = Modal("WhatChanged");
+    if (dialog == nullptr) return false;
+    const auto* list = dialog->findChild<QListWidget*>(QStringLiteral("Differences"));
+    for (int i = 0; i < list->count(); ++i) lines.push_back(list->item(i)->text().toStdString());
+    dialog->close();
+    return true;
+  };
+  const auto no_is_what_enter_takes = [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return false;
+    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+    return true;
+  };
+  Script answer(
+      {ClickIn("box", "cmdChanges"), look, no_is_what_enter_takes, AnswerBox(QMessageBox::Yes, &texts)});
   second.Click("cmdOK");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(HasSubstr("changed by another program")));
@@ -359,3 +375,4 @@ TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
 
 }  // namespace
 }  // namespace tarvok::test
+  EXPECT_THAT(lines, ElementsAre(testing::AllOf(HasSubstr("Link Trunk 07"), HasSubstr("123"))));

@@ -4,6 +4,7 @@
 
 #include "desktop/boxes.h"
 #include "desktop/desktop_parts.h"
+#include "desktop/difference_list.h"
 #include "desktop/shown_text.h"
 #include "shell/editor/editor_form.h"
 
@@ -21,8 +22,16 @@ class WindowQuestions : public Questions {
   bool Ask(std::string_view question) override {
     return YesTo(question, {.must_be_answered = question == kDataWasChanged});
   }
-  bool AskToOverwrite(std::string_view question) override {
-    return YesTo(question, {.enter = QMessageBox::No});
+  bool AskToOverwrite(std::string_view question, const IniText& loaded) override {
+    const auto show_changes = [&](QWidget* box) {
+      auto* list = new DifferenceList(
+          PageOf(parts_.settings), {.first = "project as it was", .second = "file as it is now"},
+          QStringLiteral("Nothing that a form shows: the files differ in blanks, comments or order alone."));
+      list->ShowDifferences(CompareProjects(loaded, *parts_.store.Snapshot(parts_.state.ProjectFile)));
+      ShowInDialog(list, QStringLiteral("WhatChanged"), QStringLiteral("What Changed"), box);
+    };
+    return AskToOverwriteChanges(form_->window(), MessageText(question, PageOf(parts_.settings)),
+                                 show_changes);
   }
 
  private:

@@ -76,7 +76,7 @@ bool EditorForm::ProjectIsThere() {
 bool EditorForm::OthersLeftItAlone() {
   const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
   return now == loaded_ || now->bytes() == loaded_->bytes() ||
-         context_.questions.AskToOverwrite(kChangedByOthers);
+         context_.questions.AskToOverwrite(kChangedByOthers, *loaded_);
 }
 
 /** A value that its reader would cut is not written: a box names it. */

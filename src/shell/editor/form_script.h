@@ -20,7 +20,9 @@ class ScriptedQuestions : public Questions {
   void Box(std::string_view text, bool critical) override;
   /** The next answer; where none was given, Yes, or No before what others wrote. */
   bool Ask(std::string_view question) override { return NextAnswer(question, true); }
-  bool AskToOverwrite(std::string_view question) override { return NextAnswer(question, false); }
+  bool AskToOverwrite(std::string_view question, const IniText& /*loaded*/) override {
+    return NextAnswer(question, false);
+  }
   void Answer(bool yes) { answers_.push_back(yes); }
   void PrintLine(std::string_view line) { print_(line); }
 
