@@ -68,6 +68,18 @@ TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
   EXPECT_FALSE(table.EditText("Hun"));
 }
 
+TEST(TableEditor, ASelectionGoesOnFromTheCornerAcross) {
+  TableEditor table = MakeTable();
+  table.Select({2, 1, 4, 3}, 2, 3);
+  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx");
+  table.SelectTo(3, 4);
+  EXPECT_EQ(table.selection(), (Selection{3, 1, 4, 4}));
+  table.GoTo(3, 2);
+  table.Select({1, 1, 4, 3}, 2, 2);  // a whole column by its head: the current cell is no corner
+  table.SelectTo(3, 2);
+  EXPECT_EQ(table.selection(), (Selection{2, 2, 3, 2}));
+}
+
 TEST(TableEditor, APastedBlockPassesEveryRuleAndIsOneStep) {
   TableEditor table = MakeTable();
   int changes = 0;

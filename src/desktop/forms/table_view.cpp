@@ -1,6 +1,7 @@
 #include "desktop/forms/table_view.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -42,6 +43,10 @@ std::optional<KeyCode> KeyOf(int key) {
     default:
       return std::nullopt;
   }
+}
+
+Selection CellsOf(const QItemSelectionRange& range) {
+  return {range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1};
 }
 
 /** Numbers the rows. The last number is the widest; Qt would measure two hundred of them whenever it lays the table out. */
@@ -90,21 +95,32 @@ void TableView::ShowRowTitle() {
 }
 
 void TableView::Refresh() {
-  showing_ = true;
+  const bool before = std::exchange(showing_, true);
   model_.Refresh();
   HideRows(true);
-  const TableEditor& table = model_.table();
-  if (table.rows() > 0) {
-    const Selection selected = table.selection();
-    const QModelIndex current = model_.index(table.current_row() - 1, table.current_column() - 1);
-    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-    selectionModel()->select(QItemSelection(model_.index(selected.top - 1, selected.left - 1),
-                                            model_.index(selected.bottom - 1, selected.right - 1)),
-                             QItemSelectionModel::ClearAndSelect);
-    if (isVisible()) scrollTo(current);
-  }
-  showing_ = false;
+  ShowSelection();
+  if (isVisible()) scrollTo(currentIndex());
+  showing_ = before;
   viewport()->update();
+}
+
+/** Shows the editor's selection. Shift on a head begins at a cell of Qt's own, which setCurrentIndex alone sets:
+ * without that it would be the cell that was clicked last. */
+void TableView::ShowSelection() {
+  const TableEditor& table = model_.table();
+  if (table.rows() == 0) return;
+  const bool before = std::exchange(showing_, true);
+  const bool scrolls = hasAutoScroll();
+  setAutoScroll(false);
+  const Selection& cells = table.selection();
+  setCurrentIndex(model_.index(table.anchor_row() - 1, table.anchor_column() - 1));
+  selectionModel()->setCurrentIndex(model_.index(table.current_row() - 1, table.current_column() - 1),
+                                    QItemSelectionModel::NoUpdate);
+  selectionModel()->select(QItemSelection(model_.index(cells.top - 1, cells.left - 1),
+                                          model_.index(cells.bottom - 1, cells.right - 1)),
+                           QItemSelectionModel::ClearAndSelect);
+  setAutoScroll(scrolls);
+  showing_ = before;
 }
 
 void TableView::FilterRows(const QString& text) {
@@ -173,9 +189,9 @@ void TableView::keyPressEvent(QKeyEvent* event) {
     edit(currentIndex());
     return;
   }
+  if (ExtendsBy(event)) return;
   const std::optional<KeyCode> code = plain == Qt::NoModifier ? KeyOf(event->key()) : std::nullopt;
-  const bool selects = event->modifiers().testFlag(Qt::ShiftModifier) && code >= KeyCode::kUp;
-  if (code && !selects) {
+  if (code) {
     if (*code == KeyCode::kDelete && !table.open()) {
       table.ClearCell();  // the selection, which may be the one cell
     } else {
@@ -193,30 +209,74 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   QTableView::keyPressEvent(event);
 }
 
-void TableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-  QTableView::selectionChanged(selected, deselected);
-  if (showing_) return;
-  TakeSelection();
-  moved_();
+/** Shift and a key that moves: the selection is drawn on to where the key goes. */
+bool TableView::ExtendsBy(const QKeyEvent* event) {
+  static const std::map<int, CursorAction> kMoves = {
+      {Qt::Key_Up, MoveUp},         {Qt::Key_Down, MoveDown},        {Qt::Key_Left, MoveLeft},
+      {Qt::Key_Right, MoveRight},   {Qt::Key_Home, MoveHome},        {Qt::Key_End, MoveEnd},
+      {Qt::Key_PageUp, MovePageUp}, {Qt::Key_PageDown, MovePageDown}};
+  const auto move = kMoves.find(event->key());
+  if (!event->modifiers().testFlag(Qt::ShiftModifier) || move == kMoves.end()) return false;
+  const QModelIndex to = moveCursor(move->second, event->modifiers());
+  if (!to.isValid()) return false;
+  SelectCell(to, true);
+  scrollTo(to);
+  return true;
 }
 
-/** What was selected by mouse or by moving keys becomes the editor's selection. */
+/** A cell by mouse or key: from here on the editor's rules know where a selection began. */
+void TableView::SelectCell(const QModelIndex& cell, bool extends) {
+  TableEditor& table = model_.table();
+  if (extends) {
+    table.SelectTo(cell.row() + 1, cell.column() + 1);
+  } else {
+    table.GoTo(cell.row() + 1, cell.column() + 1);
+  }
+  ShowSelection();
+  moved_();
+  viewport()->update();
+}
+
+/** What Qt would select in a press, a drag or a move. Only the cell that it reached counts: its own corner may be
+ * that of an older selection. */
+void TableView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+  const QModelIndex to = indexAt(rect.bottomRight());
+  if (to.isValid() && command.testFlag(QItemSelectionModel::Select))
+    SelectCell(to, command.testFlag(QItemSelectionModel::Current));
+}
+
+void TableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  TakeSelection();
+}
+
+void TableView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  TakeSelection();
+}
+
+/** What is shown as selected becomes the editor's selection, however it was chosen. In a drag the selection
+ * changes before the current cell does, so either change is followed. */
 void TableView::TakeSelection() {
-  const QItemSelection selection = selectionModel()->selection();
   const QModelIndex current = currentIndex();
-  if (!current.isValid()) return;
+  if (showing_ || !current.isValid()) return;
   TableEditor& table = model_.table();
   const int row = current.row() + 1;
   const int column = current.column() + 1;
-  if (selection.isEmpty()) {
+  const QItemSelection shown = selectionModel()->selection();
+  if (shown.isEmpty()) {
     table.GoTo(row, column);
-    return;
+  } else {
+    Selection cells = CellsOf(shown.first());
+    for (const QItemSelectionRange& range : shown) {
+      const Selection more = CellsOf(range);
+      cells = {std::min(cells.top, more.top), std::min(cells.left, more.left),
+               std::max(cells.bottom, more.bottom), std::max(cells.right, more.right)};
+    }
+    table.Select(cells, row, column);
   }
-  const QItemSelectionRange& range = selection.first();
-  // The corner across from the current cell is where the selection began.
-  table.GoTo(row == range.top() + 1 ? range.bottom() + 1 : range.top() + 1,
-             column == range.left() + 1 ? range.right() + 1 : range.left() + 1);
-  table.SelectTo(row, column);
+  if (shown.size() != 1) ShowSelection();
+  moved_();
   viewport()->update();
 }
 

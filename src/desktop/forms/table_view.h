@@ -30,7 +30,9 @@ class TableView : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void focusInEvent(QFocusEvent* event) override;
 
  private:
@@ -38,7 +40,10 @@ class TableView : public QTableView {
   bool Matches(int row) const;
   void HideRows(bool keep_current);
   void TakeSelection();
+  void ShowSelection();
+  void SelectCell(const QModelIndex& cell, bool extends);
   bool OpensList(const QKeyEvent* event) const;
+  bool ExtendsBy(const QKeyEvent* event);
 
   TableModel& model_;
   std::function<void()> acted_;

@@ -18,13 +18,18 @@ std::string LimitOf(const EntryRule& rule) {
          (digits && !rule.characters.empty() ? " digits" : " characters");
 }
 
+/** The other end; the place itself where it is neither. */
+int Across(int at, int first, int last) {
+  return at == first ? last : at == last ? first : at;
+}
+
 }  // namespace
 
 void TableEditor::Clear() {
   rows_.clear();
   undo_.Clear();
   open_.reset();
-  row_ = column_ = anchor_row_ = anchor_column_ = 1;
+  MoveTo(1, 1);
 }
 
 void TableEditor::Load(TableRow row) {
@@ -63,8 +68,7 @@ Entry TableEditor::EntryOf(int row, int column) const {
 bool TableEditor::GoTo(int row, int column) {
   if (row < 1 || row > rows() || column < 1 || column > columns()) return false;
   LeaveCell();
-  row_ = anchor_row_ = row;
-  column_ = anchor_column_ = column;
+  MoveTo(row, column);
   return true;
 }
 
@@ -72,11 +76,20 @@ void TableEditor::SelectTo(int row, int column) {
   LeaveCell();
   row_ = std::clamp(row, 1, std::max(rows(), 1));
   column_ = std::clamp(column, 1, columns());
+  selected_ = {std::min(row_, anchor_row_), std::min(column_, anchor_column_), std::max(row_, anchor_row_),
+               std::max(column_, anchor_column_)};
 }
 
-Selection TableEditor::selection() const {
-  return {std::min(row_, anchor_row_), std::min(column_, anchor_column_), std::max(row_, anchor_row_),
-          std::max(column_, anchor_column_)};
+void TableEditor::Select(const Selection& cells, int row, int column) {
+  LeaveCell();
+  row_ = row;
+  column_ = column;
+  selected_ = cells;
+  const bool at_corner = (anchor_row_ == cells.top || anchor_row_ == cells.bottom) &&
+                         (anchor_column_ == cells.left || anchor_column_ == cells.right);
+  if (at_corner) return;
+  anchor_row_ = Across(row, cells.top, cells.bottom);
+  anchor_column_ = Across(column, cells.left, cells.right);
 }
 
 void TableEditor::LeaveCell() {
@@ -195,8 +208,7 @@ void TableEditor::Restore(const UndoStep& step, bool after) {
                after ? change.after : change.before);
     }
   }
-  row_ = anchor_row_ = std::clamp(step.row, 1, std::max(rows(), 1));
-  column_ = anchor_column_ = step.column;
+  MoveTo(std::clamp(step.row, 1, std::max(rows(), 1)), step.column);
   // What is undone has to be seen.
   if (!rows_.empty()) rows_[static_cast<std::size_t>(row_) - 1].in_sight = true;
 }

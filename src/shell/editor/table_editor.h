@@ -46,6 +46,8 @@ struct Selection {
   int left = 1;
   int bottom = 1;
   int right = 1;
+
+  bool operator==(const Selection&) const = default;
 };
 
 /** The keys of a sort, in turn. Whole numbers compare as numbers and stand before texts; blanks stand last
@@ -107,11 +109,17 @@ class TableEditor {
   // Moving and selecting. Leaving a cell ends its editing.
   /** False outside of the table. */
   bool GoTo(int row, int column);
-  /** Draws the selection from the current cell to this one. */
+  /** Draws the selection on to this cell, which becomes the current one; the corner across stays. */
   void SelectTo(int row, int column);
+  /** Selects these cells however they were chosen; the current one need not be a corner of them. SelectTo goes on
+   * from the corner that it drew from before, or else from the one across from the current cell. */
+  void Select(const Selection& cells, int row, int column);
   int current_row() const { return row_; }
   int current_column() const { return column_; }
-  Selection selection() const;
+  const Selection& selection() const { return selected_; }
+  /** The cell from which SelectTo draws. */
+  int anchor_row() const { return anchor_row_; }
+  int anchor_column() const { return anchor_column_; }
   void LeaveCell();
   /** To the first or the last row in sight, in the same column. */
   void GoToTop() { GoTo(NextInSight(1, 1), column_); }
@@ -205,6 +213,12 @@ class TableEditor {
   int NextInSight(int from, int step) const;
   std::vector<int> RowsInSight(int first, int last) const;
   bool HasCurrent() const { return InSight(row_); }
+  /** Makes this the current cell and the only one that is selected. */
+  void MoveTo(int row, int column) {
+    row_ = anchor_row_ = row;
+    column_ = anchor_column_ = column;
+    selected_ = {row, column, row, column};
+  }
   void Change(int row, int column, std::string_view text);
   bool Put(int row, int column, CellState state);
   void PutBack(const TableRow& before);
@@ -221,6 +235,7 @@ class TableEditor {
   int column_ = 1;
   int anchor_row_ = 1;
   int anchor_column_ = 1;
+  Selection selected_;
   std::optional<OpenField> open_;
   UndoList undo_;
 };

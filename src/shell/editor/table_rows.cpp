@@ -150,8 +150,8 @@ void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
   rows_ = std::move(rows);
   step.rows_after = rows_;
   undo_.End();
-  row_ = std::clamp(row_, 1, std::max(this->rows(), 1));
-  anchor_row_ = std::clamp(anchor_row_, 1, std::max(this->rows(), 1));
+  for (int* row : {&row_, &anchor_row_, &selected_.top, &selected_.bottom})
+    *row = std::clamp(*row, 1, std::max(this->rows(), 1));
   Changed();
 }
 
