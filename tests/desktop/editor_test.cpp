@@ -330,6 +330,23 @@ TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
   }
 }
 
+TEST(EditorPage, AKeyInAListGoesToTheFirstEntryThatBeginsWithIt) {
+  EditorDesk desk;
+  desk.ClickCommand("routemap");
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {2, "d", "DID Ext"}, {2, "x", ""}, {3, "l", "List 1"}, {3, "e", "Extension"}};
+  for (const auto& [column, keys, entry] : cases) {
+    desk.GoTo(150, column);
+    QTest::keyClicks(desk.Table(), QString::fromLatin1(keys));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_Return);
+    QTest::qWait(1);
+    EXPECT_EQ(desk.Table()->model()->index(149, column - 1).data().toString().toStdString(), entry) << keys;
+    desk.GoTo(150, column);
+    QTest::keyClick(desk.Table(), Qt::Key_Delete);
+  }
+}
+
 TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
   EditorDesk first;
   EditorDesk second(first.project);

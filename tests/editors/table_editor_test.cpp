@@ -44,7 +44,7 @@ std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
 TEST(TableEditor, KeysDoWhatTheColumnTakes) {
   const std::tuple<int, const char*, const char*> cases[] = {
       {1, "12a345", "1234"}, {4, " 'It|s", "'Its"}, {4, "\"ab\"c", "\"abc"}, {3, "9", "x"},
-      {2, "P", ""},          {5, "0123", "12"},     {5, "1x2", "12"}};
+      {2, "P", "Port"},      {5, "0123", "12"},     {5, "1x2", "12"}};
   for (const auto& [column, keys, cell] : cases) {
     TableEditor table = MakeTable();
     table.GoTo(1, column);
@@ -61,11 +61,29 @@ TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
   EXPECT_FALSE(table.Pick("Nothing"));
   EXPECT_EQ(table.Cell(2, 2), "Hunt");
   table.Press(Key::Of('x'));  // opens the list
+  EXPECT_EQ(table.Cell(2, 2), "Hunt") << "no entry begins with it";
   table.Press({KeyCode::kUp});
   EXPECT_EQ(table.Cell(2, 2), "Port");
   table.Press({KeyCode::kDelete});
   EXPECT_EQ(table.Cell(2, 2), "");
   EXPECT_FALSE(table.EditText("Hun"));
+}
+
+TEST(TableEditor, KeysInAListGoToTheFirstEntryThatBeginsWithThem) {
+  TableEditor table(
+      {.columns = {{.title = "List", .entry = Entry::kList, .list = {"1", "2", "12", "Extension", "12/3"}}}});
+  const std::pair<const char*, const char*> cases[] = {{"e", "Extension"}, {"1", "1"},          {"12", "12"},
+                                                       {"12/", "12/3"},    {"1e", "Extension"}, {"1x", "1"},
+                                                       {"x", "2"}};
+  for (const auto& [keys, entry] : cases) {
+    table.Clear();
+    table.Load({.cells = {"2"}});
+    Type(table, keys);
+    EXPECT_TRUE(table.open());
+    EXPECT_EQ(table.Cell(1, 1), entry) << keys;
+    table.Press({KeyCode::kEscape});
+    EXPECT_EQ(table.Cell(1, 1), "2");
+  }
 }
 
 TEST(TableEditor, ASelectionGoesOnFromTheCornerAcross) {

@@ -19,10 +19,18 @@ class CellCombo : public QComboBox {
  public:
   using QComboBox::QComboBox;
 
+  QString sought;  // what opened it
+
  protected:
   void showEvent(QShowEvent* event) override {
     QComboBox::showEvent(event);
-    if (!isEditable()) QTimer::singleShot(0, this, &QComboBox::showPopup);
+    if (isEditable()) return;
+    QTimer::singleShot(0, this, [this] {
+      showPopup();
+      if (sought.isEmpty() || findText(sought, Qt::MatchStartsWith) < 0) return;
+      view()->setCurrentIndex({});  // the search begins behind the current entry
+      view()->keyboardSearch(sought);
+    });
   }
 };
 
@@ -47,6 +55,12 @@ void NoteTouch(QWidget* widget, const QLineEdit* field) {
 }
 
 }  // namespace
+
+void SeekInList(QWidget* list, const QString& typed) {
+  if (auto* combo = dynamic_cast<CellCombo*>(list);
+      combo != nullptr && !typed.isEmpty() && typed[0].isPrint())
+    combo->sought = typed;
+}
 
 bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
   auto* editor = qobject_cast<QWidget*>(watched);

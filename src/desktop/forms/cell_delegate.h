@@ -15,6 +15,10 @@ inline bool LeavesTable(const QKeyEvent& key) {
          (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
 }
 
+/** Goes to the first entry of the list over a cell that begins with what was typed to open it, if there is one;
+ * further keys go on from there. */
+void SeekInList(QWidget* list, const QString& typed);
+
 /** What lies over a cell while it is edited by mouse or F2: a field that asks the column's rule about every
  * key, or the column's list. */
 class CellDelegate : public QStyledItemDelegate {

@@ -187,6 +187,7 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   const auto plain = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (OpensList(event)) {
     edit(currentIndex());
+    SeekInList(indexWidget(currentIndex()), event->text());
     return;
   }
   if (ExtendsBy(event)) return;

@@ -198,14 +198,16 @@ class TableEditor {
   /** The field or list over the current cell. */
   struct OpenField {
     std::string text;
-    TableRow before;       // the row when it was opened: a rule may answer in any of its cells
-    bool touched = false;  // until then the cell keeps its text
+    TableRow before;          // the row when it was opened: a rule may answer in any of its cells
+    bool touched = false;     // until then the cell keeps its text
+    std::string sought = {};  // keys typed into a closed list
   };
 
   void PressText(Key key);
   void PressList(Key key);
   void PressOpen(Key key);
   void OpenWith(char key);
+  void SeekEntry(char key);
   void Write(std::string_view text);
   void Move(int rows, int columns);
   void NextRow();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shell/editor/table_editor.h"
+#include "store/ini_text.h"
 
 namespace tarvok {
 
@@ -70,6 +71,22 @@ void TableEditor::PressList(Key key) {
     OpenWith(key.character);
   } else if (key.code != KeyCode::kEscape) {
     Open();
+    if (key.code == KeyCode::kCharacter && open_) SeekEntry(key.character);
+  }
+}
+
+/** A key in a closed list goes to the first entry that begins with what was typed since it opened, or else with
+ * this key alone. */
+void TableEditor::SeekEntry(char key) {
+  const std::vector<std::string> list = ListOf(row_, column_);
+  for (const std::string& sought : {open_->sought + key, std::string(1, key)}) {
+    const std::string folded = FoldName(sought);
+    const auto found = std::find_if(list.begin(), list.end(), [&](const std::string& entry) {
+      return FoldName(entry).starts_with(folded);
+    });
+    if (found == list.end()) continue;
+    open_->sought = sought;
+    return Write(*found);
   }
 }
 
@@ -102,7 +119,10 @@ void TableEditor::PressOpen(Key key) {
   if (key.code == KeyCode::kDelete &&
       (kind != Entry::kText || !open_->text.empty() || !IsBlank(row_, column_)))
     return Write({});
-  if (kind == Entry::kList) return;
+  if (kind == Entry::kList) {
+    if (key.code == KeyCode::kCharacter) SeekEntry(key.character);
+    return;
+  }
   const std::string& text = open_->text;
   const EntryRule& rule = column(column_).rule;
   // An entry of the list that nobody could type is one thing: a part of it would mean nothing.
