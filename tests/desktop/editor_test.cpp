@@ -330,6 +330,61 @@ TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
   }
 }
 
+/** A head turns the 16 cells of its block, on at first and then off, in a window that shows one block and in one
+ * that shows four. */
+TEST(EditorPage, AHeadOfTenantsTurnsSixteenCellsInAnyWindow) {
+  for (const bool wide : {true, false}) {
+    SCOPED_TRACE(wide);
+    EditorDesk desk;
+    desk.ClickCommand("tenan");
+    desk.window->resize(wide ? QSize(1240, 800) : QSize(760, 460));
+    QTest::qWait(20);
+    desk.Click("cmdClearAll");
+    auto* matrix = desk.Find<QWidget>("TenantMatrix");
+    auto* page = desk.Find<EditorPage>("frmTenan");
+    const auto on = [&] {
+      std::vector<std::pair<int, int>> cells;
+      for (int row = 1; row <= 32; ++row) {
+        for (int column = 1; column <= 32; ++column) {
+          if (page->form().Find({"cell", row, column})->on) cells.emplace_back(row, column);
+        }
+      }
+      return cells;
+    };
+    const int room = std::min(matrix->width() - 8, matrix->height() - 30);
+    const int cell = wide ? room / 34 : std::max(15, room / 17);
+    const auto click = [&](int row, int column) {  // counted in cells and heads
+      QTest::mouseClick(matrix, Qt::LeftButton, {}, QPoint(column, row) * cell + QPoint(cell / 2, cell / 2));
+    };
+    struct Head {
+      int at_row, at_column;                   // in cells and heads
+      int row, column, last_row, last_column;  // what it turns
+    };
+    std::vector<Head> heads = {{2, 0, 2, 1, 2, 16}, {0, 16, 1, 16, 16, 16}};
+    if (wide)
+      heads.insert(heads.end(), {{2, 17, 2, 17, 2, 32}, {18, 0, 17, 1, 17, 16}, {17, 33, 17, 32, 32, 32}});
+    std::map<int, bool> clears;  // by the button's place
+    for (const Head& head : heads) {
+      std::vector<std::pair<int, int>> turned;
+      for (int row = head.row; row <= head.last_row; ++row) {
+        for (int column = head.column; column <= head.last_column; ++column) turned.emplace_back(row, column);
+      }
+      const bool of_row = head.row == head.last_row;
+      bool& clear = clears[of_row ? (head.row - 1) % 16 : 100 + (head.column - 1) % 16];
+      for (int times = 0; times < 2; ++times) {
+        if (clear) {
+          click(head.at_row, head.at_column);
+          EXPECT_EQ(on().size(), 0U);
+        } else {
+          click(head.at_row, head.at_column);
+          EXPECT_EQ(on(), turned) << head.at_row << " " << head.at_column;
+        }
+        clear = !clear;
+      }
+    }
+  }
+}
+
 TEST(EditorPage, AKeyInAListGoesToTheFirstEntryThatBeginsWithIt) {
   EditorDesk desk;
   desk.ClickCommand("routemap");
@@ -379,6 +434,7 @@ TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
   second.Click("cmdOK");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(HasSubstr("changed by another program")));
+  EXPECT_THAT(lines, ElementsAre(testing::AllOf(HasSubstr("Link Trunk 07"), HasSubstr("123"))));
   std::vector<std::string> changed;
   for (const Difference& each : CompareProjects(before, *first.store.Snapshot(first.project)))
     changed.push_back(each.row + ": " + each.after);
@@ -392,4 +448,3 @@ TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
 
 }  // namespace
 }  // namespace tarvok::test
-  EXPECT_THAT(lines, ElementsAre(testing::AllOf(HasSubstr("Link Trunk 07"), HasSubstr("123"))));

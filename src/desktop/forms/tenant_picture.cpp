@@ -16,16 +16,18 @@ namespace {
 
 constexpr int kTenants = 32;
 constexpr int kWindow = 16;
+constexpr int kBlock = kWindow + 1;  // a head and its cells
 constexpr int kSmallestCell = 15;
 
-/** Rows call columns. Arrows move, the blank turns a cell over. */
+/** Rows call columns. Arrows move, the blank turns a cell over. Shown is the form's window of 16 by 16 cells or,
+ * where there is room, all four such blocks, each with heads of its own. */
 class TenantMatrix : public FormView::Picture {
  public:
   explicit TenantMatrix(FormControls& form) : form_(form) {
     setObjectName(QStringLiteral("TenantMatrix"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setMinimumSize((kWindow + 1) * kSmallestCell + 8, (kWindow + 1) * kSmallestCell + 30);
+    setMinimumSize(kBlock * kSmallestCell + 8, kBlock * kSmallestCell + 30);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     cells_.reserve(static_cast<std::size_t>(kTenants) * kTenants);
     for (int row = 1; row <= kTenants; ++row) {
@@ -43,9 +45,9 @@ class TenantMatrix : public FormView::Picture {
  protected:
   void resizeEvent(QResizeEvent*) override {
     // Where all cells have room the scroll bars have nothing to do.
-    const int side = std::min(width() - 8, height() - 30) / (kTenants + 1);
+    const int side = std::min(width() - 8, height() - 30) / (kTenants / kWindow * kBlock);
     whole_ = side >= kSmallestCell;
-    cell_ = whole_ ? side : std::max(kSmallestCell, std::min(width() - 8, height() - 30) / (kWindow + 1));
+    cell_ = whole_ ? side : std::max(kSmallestCell, std::min(width() - 8, height() - 30) / kBlock);
     for (Control* bar : {across_, down_}) {
       if (bar != nullptr) bar->visible = !whole_;
     }
@@ -63,27 +65,31 @@ class TenantMatrix : public FormView::Picture {
     const QColor clear = colours.color(QPalette::Base);
     const QColor ink = colours.color(QPalette::Text);
     const QColor edge = Mix(ink, clear, 25);
-    for (int i = 0; i < Shown(); ++i) {
+    for (int i = 1; i <= Shown(); ++i) {
       painter.setPen(MutedText(colours));
-      painter.drawText(QRect((i + 1) * cell_, 0, cell_, cell_), Qt::AlignCenter,
-                       QString::number(First(across_) + i));
-      painter.drawText(QRect(0, (i + 1) * cell_, cell_ - 2, cell_), Qt::AlignRight | Qt::AlignVCenter,
-                       QString::number(First(down_) + i));
-      for (int j = 0; j < Shown(); ++j) {
-        const QRect place((j + 1) * cell_, (i + 1) * cell_, cell_, cell_);
-        const Control* cell = Cell(First(down_) + i, First(across_) + j);
+      for (int head = 0; head < Units(Shown()); head += kBlock) {
+        painter.drawText(QRect(Units(i) * cell_, head * cell_, cell_, cell_), Qt::AlignCenter,
+                         QString::number(First(across_) + i - 1));
+        painter.drawText(QRect(head * cell_, Units(i) * cell_, cell_ - 2, cell_),
+                         Qt::AlignRight | Qt::AlignVCenter, QString::number(First(down_) + i - 1));
+      }
+      for (int j = 1; j <= Shown(); ++j) {
+        const QRect place(Units(j) * cell_, Units(i) * cell_, cell_, cell_);
+        const Control* cell = Cell(First(down_) + i - 1, First(across_) + j - 1);
         painter.fillRect(place, edge);
         painter.fillRect(place.adjusted(1, 1, -1, -1), cell != nullptr && cell->on ? set : clear);
       }
     }
-    const QRect current((column_ - First(across_) + 1) * cell_, (row_ - First(down_) + 1) * cell_, cell_ - 1,
-                        cell_ - 1);
-    painter.setPen(QPen(hasFocus() ? ink : Mix(ink, clear, 50), 2));
-    painter.drawRect(current.adjusted(-1, -1, 1, 1));
+    const int row = row_ - First(down_) + 1;
+    const int column = column_ - First(across_) + 1;
+    if (row >= 1 && row <= Shown() && column >= 1 && column <= Shown()) {
+      painter.setPen(QPen(hasFocus() ? ink : Mix(ink, clear, 50), 2));
+      painter.drawRect(QRect(Units(column) * cell_ - 1, Units(row) * cell_ - 1, cell_ + 1, cell_ + 1));
+    }
     painter.setFont(font());
     painter.setPen(ink);
-    painter.drawText(QRect(4, (Shown() + 1) * cell_ + 4, width() - 8, 24), Qt::AlignLeft | Qt::AlignVCenter,
-                     words_);
+    painter.drawText(QRect(4, (Units(Shown()) + 1) * cell_ + 4, width() - 8, 24),
+                     Qt::AlignLeft | Qt::AlignVCenter, words_);
   }
 
   void mousePressEvent(QMouseEvent* event) override {
@@ -92,7 +98,7 @@ class TenantMatrix : public FormView::Picture {
     if (MoveTo(point)) {
       TurnOver();
     } else {
-      ClickHead(point.y() / cell_, point.x() / cell_);
+      ClickHead(point);
     }
   }
   void mouseMoveEvent(QMouseEvent* event) override { MoveTo(event->position().toPoint()); }
@@ -122,27 +128,34 @@ class TenantMatrix : public FormView::Picture {
   Control* Cell(int row, int column) const {
     return cells_[static_cast<std::size_t>((row - 1) * kTenants + column - 1)];
   }
+  /** Where the n-th row or column that is shown stands, counted in cells: heads stand in front of each block. */
+  static int Units(int shown) { return shown + (shown - 1) / kWindow; }
+  /** The row or column that is shown at such a place, 0 for a head and -1 behind all of them. */
+  int ShownAt(int units) const {
+    if (units < 0 || units > Units(Shown())) return -1;
+    return units % kBlock == 0 ? 0 : units - units / kBlock;
+  }
   bool MoveTo(QPoint point) {
-    const int row = point.y() / cell_;
-    const int column = point.x() / cell_;
-    if (row < 1 || column < 1 || row > Shown() || column > Shown()) return false;
+    const int row = ShownAt(point.y() / cell_);
+    const int column = ShownAt(point.x() / cell_);
+    if (row < 1 || column < 1) return false;
     Current(First(down_) + row - 1, First(across_) + column - 1);
     return true;
   }
-  /** A head turns what is shown of its row or column: the form's own buttons where a window is shown. */
-  void ClickHead(int row, int column) {
-    const bool of_row = column == 0 && row >= 1 && row <= Shown();
-    if (!of_row && !(row == 0 && column >= 1 && column <= Shown())) return;
+  /** A head turns the 16 cells of its row or column in its block, as the form's own buttons do in the window. */
+  void ClickHead(QPoint point) {
+    const int row = ShownAt(point.y() / cell_);
+    const int column = ShownAt(point.x() / cell_);
+    const bool of_row = column == 0;
     const int at = of_row ? row : column;
-    if (!whole_) {
-      if (Control* head = form_.Find({of_row ? "cmdRow" : "cmdCol", at - 1}); head != nullptr)
-        form_.Click(*head);
-      return;
+    if (at < 1 || (of_row ? column : row) != 0) return;
+    if (whole_ && down_ != nullptr && across_ != nullptr) {  // the block becomes the window
+      down_->current = point.y() / cell_ / kBlock * kWindow;
+      across_->current = point.x() / cell_ / kBlock * kWindow;
+      down_->changed();
     }
-    std::vector<Control*> cells;
-    for (int i = 1; i <= kTenants; ++i) cells.push_back(of_row ? Cell(at, i) : Cell(i, at));
-    const bool all = std::all_of(cells.begin(), cells.end(), [](const Control* cell) { return cell->on; });
-    for (Control* cell : cells) form_.Turn(*cell, !all);
+    Control* head = form_.Find({of_row ? "cmdRow" : "cmdCol", (at - 1) % kWindow});
+    if (head != nullptr) form_.Click(*head);
   }
   void Current(int row, int column) {
     if (row == row_ && column == column_) return;
