@@ -10,7 +10,8 @@
 namespace tarvok {
 
 /** Holds a box to a rule of the core: what the rule refuses, typed or pasted, does not get in. A text that was
- * there before the rule was asked may stay, and be shortened. */
+ * there before the rule was asked may stay, and be shortened. A key is taken as it is pressed, a pasted text in
+ * either case where the rule makes capitals. */
 class RuleFilter : public QValidator {
  public:
   RuleFilter(const EntryRule& rule, const CodePage& page, const QString& text, QObject* parent)
@@ -18,7 +19,7 @@ class RuleFilter : public QValidator {
 
   State validate(QString& input, int& cursor) const override {
     const std::optional<std::string> fitting = TypeWhole(rule_, page_.ToBytes(input));
-    if (fitting) {
+    if (fitting && TakesKey(input)) {
       input = page_.ToLetters(*fitting);
       cursor = qMin(cursor, static_cast<int>(input.size()));
     } else if (input.size() >= last_.size() && input != last_) {
@@ -29,6 +30,20 @@ class RuleFilter : public QValidator {
   }
 
  private:
+  /** False for one more character that is not a key of the rule. */
+  bool TakesKey(const QString& input) const {
+    if (input.size() != last_.size() + 1) return true;
+    qsizetype at = 0;
+    while (at < last_.size() && input[at] == last_[at]) ++at;
+    if (input.mid(at + 1) != last_.mid(at)) return true;
+    const std::string key = page_.ToBytes(input.mid(at, 1));
+    const std::string before = page_.ToBytes(input.left(at));
+    const auto takes = [&](bool first) {
+      return TypeCharacter(rule_, before, false, key.front(), first).has_value();
+    };
+    return key.size() == 1 && (takes(false) || (last_.isEmpty() && takes(true)));
+  }
+
   mutable QString last_;  // what stands in the box
   EntryRule rule_;
   const CodePage& page_;

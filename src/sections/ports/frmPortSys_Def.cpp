@@ -49,13 +49,6 @@ FieldColumn ClampedColumn(int field, std::string title, EntryRule rule, int most
   return column;
 }
 
-template <int Most>
-EntryRule UpToRule() {
-  EntryRule rule = DigitsRule(2);
-  rule.fits = FitsUpTo<Most>;
-  return rule;
-}
-
 FieldColumn ListColumn(int field, std::string title, std::string overlay) {
   return {.field = field,
           .column = {.title = std::move(title), .entry = Entry::kList, .overlay = std::move(overlay)}};
@@ -83,8 +76,8 @@ std::vector<FieldColumn> frmPortSys_Def::Columns(frmPortSys_Def* form) {
   return {TypedColumn(kCard, "Card", DigitsRule(2)),
           TypedColumn(kChannel, "Channel", DigitsRule(2)),
           std::move(type),
-          ClampedColumn(kConfig, "Config", UpToRule<kPortConfigRows>(), kPortConfigRows),
-          ClampedColumn(kTenan, "Tenan", UpToRule<kTenants>(), kTenants),
+          ClampedColumn(kConfig, "Config", NumberRule<kPortConfigRows>(), kPortConfigRows),
+          ClampedColumn(kTenan, "Tenan", NumberRule<kTenants>(), kTenants),
           ClampedColumn(kPickupGroup, "Pickup Group", DigitsRule(2), kMostPickup),
           std::move(day),
           std::move(night),

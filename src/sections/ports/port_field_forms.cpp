@@ -48,12 +48,6 @@ FieldColumn RingColumn() {
   return ring;
 }
 
-EntryRule GroupRule() {
-  EntryRule rule = DigitsRule(3);
-  rule.fits = FitsUpTo<254>;
-  return rule;
-}
-
 }  // namespace
 
 PortFieldsForm::PortFieldsForm(const EditorContext& context, const FormName& name,
@@ -113,7 +107,7 @@ frmCallFW::frmCallFW(const EditorContext& context, const FormName& name)
 
 frmVMBox::frmVMBox(const EditorContext& context, const FormName& name)
     : PortFieldsForm(context, name,
-                     {Listed(kVmUse, "cmbMask"), Typed(kGroup, GroupRule()), Typed(kLanguage, ByteRule()),
+                     {Listed(kVmUse, "cmbMask"), Typed(kGroup, LimitRule()), Typed(kLanguage, ByteRule()),
                       Listed(kCallScreen, "cmbMask2"), Listed(kPersonalMsg, "cmbMask3")}) {}
 
 }  // namespace tarvok

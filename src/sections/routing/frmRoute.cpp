@@ -28,11 +28,19 @@ constexpr EntryRule kTimeRule = {.characters = "0123456789",
                                  .first_characters = "012",
                                  .most = 4,
                                  .first_replaces = true,
-                                 .fits = FitsTime};
-constexpr EntryRule kSendRule = {
-    .characters = "0123456789XxEeAaPp*#", .most = kMostTyped, .upper = true, .fits = FitsPause};
-constexpr EntryRule kSaveRule = {
-    .characters = "0123456789XxEeAaNnPp*#", .most = kMostTyped, .upper = true, .fits = FitsPause};
+                                 .fits = FitsTime,
+                                 .wants = kWantsTime};
+constexpr std::string_view kWantsPause = "has to have a digit behind each P";
+constexpr EntryRule kSendRule = {.characters = "0123456789XxEeAaPp*#",
+                                 .most = kMostTyped,
+                                 .upper = true,
+                                 .fits = FitsPause,
+                                 .wants = kWantsPause};
+constexpr EntryRule kSaveRule = {.characters = "0123456789XxEeAaNnPp*#",
+                                 .most = kMostTyped,
+                                 .upper = true,
+                                 .fits = FitsPause,
+                                 .wants = kWantsPause};
 
 FieldColumn CountColumn(int field, std::string title) {
   const tarvok::Field& statement = kTable.fields[static_cast<std::size_t>(field) - 1];

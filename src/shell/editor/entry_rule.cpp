@@ -1,5 +1,7 @@
 #include "shell/editor/entry_rule.h"
 
+#include "store/field_list.h"
+
 namespace tarvok {
 namespace {
 
@@ -28,6 +30,51 @@ char Capital(char key) {
   return key >= 'a' && key <= 'z' ? static_cast<char>(key - 'a' + 'A') : key;
 }
 
+char Small(char key) {
+  return key >= 'A' && key <= 'Z' ? static_cast<char>(key - 'A' + 'a') : key;
+}
+
+/** The text with one more key of a whole text behind it: no shorter, and in any case that the rule takes. */
+std::optional<std::string> Longer(const EntryRule& rule, const std::string& text, char key) {
+  for (const char each : {key, rule.upper ? Capital(key) : key, rule.upper ? Small(key) : key}) {
+    for (const bool first : {false, true}) {
+      if (first && !text.empty()) continue;
+      std::optional<std::string> next = TypeCharacter(rule, text, false, each, first);
+      if (next && next->size() == text.size() + 1) return next;
+    }
+  }
+  return std::nullopt;
+}
+
+/** What a rule takes, each character once, as it goes in. */
+std::string Taken(const EntryRule& rule) {
+  std::string taken;
+  for (const char key : rule.characters) {
+    const char kept = rule.upper ? Capital(key) : key;
+    if (taken.find(kept) == std::string::npos) taken += kept;
+  }
+  return taken;
+}
+
+/** Why a key of a whole text can't stand behind `text`. */
+std::string WhyNot(const EntryRule& rule, std::string_view text, char key) {
+  if (!IsKept(rule, key)) return key == '|' ? "cannot hold \"|\"" : "cannot hold a control character";
+  const auto takes = [&](std::string_view characters) {
+    return Takes(characters, key) ||
+           (rule.upper && (Takes(characters, Capital(key)) || Takes(characters, Small(key))));
+  };
+  if (!takes(rule.characters)) {
+    if (!rule.first_characters.empty() && takes(rule.first_characters))
+      return std::string("can hold \"") + (rule.upper ? Capital(key) : key) + "\" at its beginning only";
+    return rule.characters == kDigits ? "may hold digits only" : "may hold only " + Taken(rule);
+  }
+  if (rule.most > 0 && text.size() >= static_cast<std::size_t>(rule.most))
+    return "is too long: at most " + std::to_string(rule.most) +
+           (rule.characters == kDigits ? " digits" : " characters");
+  if (rule.fits == FitsText) return text.empty() ? "cannot begin with a blank" : "cannot stand in quotes";
+  return rule.wants.empty() ? "is not taken by this column" : std::string(rule.wants);
+}
+
 }  // namespace
 
 std::optional<std::string> TypeCharacter(const EntryRule& rule, std::string_view text, bool selected,
@@ -46,12 +93,14 @@ std::optional<std::string> TypeCharacter(const EntryRule& rule, std::string_view
   return typed;
 }
 
-std::optional<std::string> TypeWhole(const EntryRule& rule, std::string_view text) {
+std::optional<std::string> TypeWhole(const EntryRule& rule, std::string_view text, std::string* why) {
   std::string typed;
   for (const char key : text) {
-    std::optional<std::string> next = TypeCharacter(rule, typed, false, key, false);
-    if (!next && typed.empty()) next = TypeCharacter(rule, typed, false, key, true);
-    if (!next || next->size() != typed.size() + 1) return std::nullopt;
+    std::optional<std::string> next = Longer(rule, typed, key);
+    if (!next) {
+      if (why != nullptr) *why = WhyNot(rule, typed, key);
+      return std::nullopt;
+    }
     typed = *std::move(next);
   }
   return typed;
@@ -75,17 +124,7 @@ EntryRule DigitsRule(int most) {
 }
 
 EntryRule TextRule(int most) {
-  return {.most = most, .fits = FitsText};
-}
-
-EntryRule LimitRule() {
-  constexpr int kHighest = 254;
-  return {.characters = kDigits, .most = 3, .fits = FitsUpTo<kHighest>};
-}
-
-EntryRule ByteRule() {
-  constexpr int kHighest = 255;
-  return {.characters = kDigits, .most = 3, .fits = FitsUpTo<kHighest>};
+  return {.most = most, .fits = FitsText, .reserved = kUnset};
 }
 
 }  // namespace tarvok

@@ -7,21 +7,13 @@ namespace tarvok {
 namespace {
 
 constexpr std::string_view kNotInList = "is not in the list";
-constexpr std::string_view kNotTaken = "is not taken by this column";
 constexpr std::string_view kReadOnly = "can't be changed here";
-
-/** The length that a column takes, for the end of a refusal; "" where it has no limit. */
-std::string LimitOf(const EntryRule& rule) {
-  if (rule.most == 0) return {};
-  const bool digits = rule.characters.find_first_not_of("0123456789") == std::string_view::npos;
-  return ": at most " + std::to_string(rule.most) +
-         (digits && !rule.characters.empty() ? " digits" : " characters");
-}
-
 /** The other end; the place itself where it is neither. */
 int Across(int at, int first, int last) {
   return at == first ? last : at == last ? first : at;
 }
+
+constexpr std::string_view kReserved = "cannot stand alone: it means that nothing is set";
 
 }  // namespace
 
@@ -93,8 +85,20 @@ void TableEditor::Select(const Selection& cells, int row, int column) {
 }
 
 void TableEditor::LeaveCell() {
+  DropReserved();
   open_.reset();
   undo_.Part();
+}
+
+/** A text that is not taken as a whole was typed into the current cell: its keys count as dropped. */
+void TableEditor::DropReserved() {
+  const UndoStep* step = undo_.Joined();
+  if (step == nullptr || step->rows_before || row_ > rows()) return;
+  const std::string_view reserved = column(column_).rule.reserved;
+  if (reserved.empty() || Cell(row_, column_) != reserved) return;
+  for (const UndoStep::Cell& change : step->cells) {
+    if (change.row == row_ && change.column == column_) return Change(row_, column_, {});
+  }
 }
 
 std::string TableEditor::OpenText() const {
@@ -140,6 +144,7 @@ void TableEditor::SetHidden(int row, std::vector<std::string> hidden) {
 }
 
 void TableEditor::Begin() {
+  DropReserved();
   open_.reset();
   undo_.Begin();
 }
@@ -245,8 +250,13 @@ std::optional<std::string> TableEditor::Fitting(int row, int column, std::string
     why = kNotInList;
     if (kind == Entry::kList) return std::nullopt;
   }
-  std::optional<std::string> typed = TypeWhole(stated.rule, text);
-  if (!typed && why.empty()) why = std::string(kNotTaken) + LimitOf(stated.rule);
+  std::string broken;
+  std::optional<std::string> typed = TypeWhole(stated.rule, text, &broken);
+  if (typed && *typed == stated.rule.reserved) {
+    broken = kReserved;
+    typed.reset();
+  }
+  if (!typed) why = why.empty() ? broken : why + ", and " + broken;
   return typed;
 }
 

@@ -211,6 +211,7 @@ class TableEditor {
   void Write(std::string_view text);
   void Move(int rows, int columns);
   void NextRow();
+  void DropReserved();
   /** The first row in sight from that one on, in steps of 1 or -1; 0 for none. */
   int NextInSight(int from, int step) const;
   std::vector<int> RowsInSight(int first, int last) const;

@@ -1,5 +1,6 @@
 // The tables of routing: routes, the route map, the incoming lists, E1 links and their numbers.
 
+#include "shell/editor/table_form.h"
 #include "tests/editors/editor_bench.h"
 
 namespace tarvok::test {
@@ -21,6 +22,33 @@ TEST(FrmRouteMap, SavesEveryRowInOrder) {
              "list cmbMask2\ngo 5 Digit\ntype 3\nclick cmdOK\n", "Extension\nList 1\nList 3\nList 6",
              "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is offered no more
              "003=20|1|07|1|255\n004=1X|0|101|F|0\n200=F|F|F|F|0\n");
+}
+
+/** Capitals that keys make come back by other ways, too: a pattern that was cut is not lost. */
+TEST(FrmRouteMap, PatternsAreTakenInEitherCase) {
+  EditorBench bench("[Route_Map_Digit]\n001=5U2|F|F|F|0\n002=P1X|F|F|F|0\n003=CLZNW:|F|F|F|0\n");
+  bench.Run(
+      "frmRouteMap",
+      "select 1 Digit 3 Digit\ncut\ngo 5 Digit\npaste\nselect 5 Digit 8 Digit\ncopy\ngo 11 Digit\npaste\n"
+      "go 20 Digit\npaste p1\\n5P\nselect 6 Digit 6 Digit\n");
+  const auto digits = [&](int row) { return bench.Cells(row, 1, 1).front(); };
+  EXPECT_EQ(digits(5) + " " + digits(6) + " " + digits(7), "5U2 P1X CLZNW:");
+  EXPECT_EQ(digits(11) + " " + digits(12) + " " + digits(13), "5U2 P1X CLZNW:");
+  auto& table = *bench.editor->table();
+  EXPECT_EQ(digits(20), "P1");
+  auto& form = dynamic_cast<TableForm&>(*bench.editor);
+  ASSERT_EQ(form.refused().size(), 1U);
+  EXPECT_EQ(form.refused()[0].why, "can hold \"P\" at its beginning only");
+  table.GoTo(12, 1);
+  table.SelectTo(13, 1);
+  EXPECT_THAT(table.FillDown(), IsEmpty());
+  EXPECT_EQ(digits(13), "P1X");
+  std::vector<Refusal> refused;
+  EXPECT_EQ(table.ReplaceAll("1x", "U2", refused), 3);
+  EXPECT_THAT(refused, IsEmpty());
+  EXPECT_EQ(digits(6), "PU2");
+  bench.Go("go 30 Digit\ntype U\ngo 31 Digit\ntype 5U2\n");
+  EXPECT_EQ(digits(30) + " " + digits(31), "U 52") << "keys are as they were";
 }
 
 TEST(FrmRouteMap, BlanksStandLastBothWays) {
