@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <map>
-#include <random>
 #include <set>
 
 #include "sections/rows.h"
 #include "store/field_list.h"
+#include "tests/contract/random_images.h"
 #include "tests/contract/statement_values.h"
 #include "tests/sections/coder_case.h"
 #include "tests/source_file.h"
@@ -14,7 +14,6 @@
 namespace tarvok::test {
 namespace {
 
-using Images = std::map<int, std::vector<std::uint8_t>>;  // by section
 using Names = std::set<std::string>;
 
 /** Calls `take(section, layout)` for each layout in which some version is sent a section. */
@@ -146,19 +145,6 @@ TEST(SectionContract, ANumberThatIsTooLargeIsAnErrorOfItsField) {
     EXPECT_NE(refused.contains(name), kNeverTooLarge.contains(name)) << name;
 }
 
-/** Decodes the images in the order of a load. */
-IniText Load(int version, const Images& images) {
-  const IniText nothing;
-  IniEdit project(nothing);
-  for (const Section* section : ReadPlan(version)) {
-    const Layout* layout = section->LayoutAt(version, Direction::kLoad);
-    const auto image = images.find(section->number);
-    if (layout == nullptr || layout->decode == nullptr || image == images.end()) continue;
-    layout->decode(ImageReader(image->second), project);
-  }
-  return IniText(project.Bytes());
-}
-
 /** Sections in which rubbish from the wire does not go out again as it came in, not even at the second round
  * trip, and why. */
 const std::map<int, std::string> kUnstableRubbish = {
@@ -196,30 +182,6 @@ Images Send(int version, const IniText& project) {
   }
   return images;
 }
-
-/** Images for all sections of a version: all 0, all 255, or, behind these, random ones of which every third
- * are cut short. */
-Images ImagesOf(int version, unsigned kind) {
-  std::mt19937 random(kind * 1000 + static_cast<unsigned>(version));
-  Images images;
-  for (const Section* section : ReadPlan(version)) {
-    std::vector<std::uint8_t>& image = images[section->number];
-    image.assign(static_cast<std::size_t>(SizeAt(section->number, version, Direction::kLoad)),
-                 kind == 1 ? 255 : 0);
-    if (kind < 2 || image.empty()) continue;
-    for (std::uint8_t& byte : image) {
-      const std::uint32_t choice = random() % 4;  // small numbers, bytes that are not set, and all others
-      byte = static_cast<std::uint8_t>(choice == 0   ? 255
-                                       : choice == 1 ? 0
-                                                     : random() % (choice == 2 ? 20 : 256));
-    }
-    if (kind % 3 == 0) image.resize(random() % image.size());
-  }
-  return images;
-}
-
-constexpr unsigned kConstantKinds = 2;
-constexpr unsigned kKinds = 5;
 
 Names OwnKeys(int section) {
   Names own;

@@ -2,6 +2,8 @@
 #include <map>
 
 #include "sections/difference.h"
+#include "shell/editor/table_csv.h"
+#include "tests/contract/random_images.h"
 #include "tests/editors/editor_bench.h"
 
 namespace tarvok::test {
@@ -82,6 +84,61 @@ TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
       EXPECT_TRUE(bench.editor->closed() || bench.lines.size() == 1) << editor->name.form << " " << value;
     }
   }
+}
+
+/** What a table gives out comes back as a file, and by the clipboard, and changes nothing. */
+void ExpectOwnTextBack(TableEditor& table) {
+  const std::string csv = ExportCsv(table);
+  const std::size_t steps = table.Steps();
+  EXPECT_EQ(ImportCsv(table, csv).message(), "");
+  EXPECT_EQ(ExportCsv(table), csv);
+  EXPECT_EQ(table.Steps(), steps);
+  bool breaks = false;  // in a cell, where the clipboard has no place for them
+  for (int row = 1; row <= table.rows(); ++row) {
+    for (const std::string& cell : table.row(row).cells)
+      breaks = breaks || cell.find_first_of("\t\r\n") != std::string::npos;
+  }
+  if (breaks) return;
+  table.GoTo(1, 1);
+  table.SelectTo(table.rows(), table.columns());
+  for (const Refusal& each : table.Paste(table.Copy())) {
+    if (table.column(each.column).entry == Entry::kReadOnly) continue;
+    ADD_FAILURE() << "row " << each.row << ", " << table.column(each.column).title << ": \"" << each.text
+                  << "\" " << each.why;
+  }
+  EXPECT_EQ(ExportCsv(table), csv);
+  EXPECT_EQ(table.Steps(), steps);
+}
+
+TEST(EveryEditor, ATableTakesItsOwnTextBack) {
+  std::map<std::string, std::string> projects = {{"hotel", kProjects[0]}, {"new", kProjects[1]}};
+  for (const int version : {102, 110}) {
+    for (unsigned kind = 0; kind < kKinds; ++kind) {
+      projects["loaded " + std::to_string(version) + " " + std::to_string(kind)] =
+          "[Chk_Tarvok]\nChk=TARVOK\n" + Load(version, ImagesOf(version, kind)).bytes() +
+          "[MiniBar]\n001=A name of 20 letters|65000\n003= 'x'|F\n";
+    }
+  }
+  int tables = 0;
+  for (const auto& [name, project] : projects) {
+    for (const Editor* editor : Editors()) {
+      SCOPED_TRACE(name + ", " + std::string(editor->name.form));
+      EditorBench bench = BenchOf(project);
+      bench.Open(editor->name.form);
+      TableEditor* table = bench.editor->table();
+      if (table == nullptr) continue;
+      ++tables;
+      ExpectOwnTextBack(*table);
+      for (Control& list : bench.editor->controls()) {  // the other pages of a table that has some
+        for (int page = 1; list.kind == ControlKind::kList && page < static_cast<int>(list.entries.size());
+             page += 7) {
+          bench.editor->ChooseEntry(list, page);
+          ExpectOwnTextBack(*table);
+        }
+      }
+    }
+  }
+  EXPECT_GT(tables, 100);
 }
 
 TEST(EveryEditor, AFindingInAHolidayChoosesThatOne) {

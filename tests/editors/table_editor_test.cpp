@@ -359,6 +359,13 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   EXPECT_TRUE(ImportCsv(other, "Number\n1\n2\n", {.may_replace = refuse}).ok());
   EXPECT_THAT(asked, ElementsAre(1, 2, 1));
   EXPECT_EQ(ExportCsv(other), before);
+  TableEditor one({.columns = {{.title = "Number"}}});
+  for (const char* cell : {"1", "", "3", "a\r", ""}) one.Load({.cells = {cell}});
+  const std::string column = ExportCsv(one);
+  EXPECT_TRUE(ImportCsv(one, column).ok());
+  EXPECT_THAT(ColumnOf(one, 1), ElementsAre("1", "", "3", "a\r", ""));
+  EXPECT_TRUE(ImportCsv(one, "Number\n\n2\n\n").ok());
+  EXPECT_THAT(ColumnOf(one, 1), ElementsAre("", "2", "", "", "")) << "a blank line is a blank row";
   TableEditor blank = MakeTable();
   EXPECT_TRUE(ImportCsv(blank, "Number\n1\n", {.may_replace = refuse}).ok());
   EXPECT_EQ(blank.Cell(1, 1), "1") << "nobody is asked";

@@ -17,6 +17,11 @@ std::vector<std::string> Split(std::string_view text, char by) {
   }
 }
 
+/** What ends a cell of a copied text; a file may hold one inside of a value. */
+bool IsBreak(char c) {
+  return c == '\t' || c == '\n' || c == '\r';
+}
+
 /** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. */
 std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
   std::string plain;
@@ -40,7 +45,7 @@ std::string TableEditor::Copy() const {
     first = false;
     for (int column = selected.left; column <= selected.right; ++column) {
       if (column > selected.left) text += '\t';
-      text += Cell(row, column);
+      for (const char c : Cell(row, column)) text += IsBreak(c) ? ' ' : c;
     }
   }
   return text;
@@ -72,7 +77,7 @@ std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::st
       const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
       if (piece >= line.size() || this->column(column).entry == Entry::kReadOnly) continue;
       std::string text = line[piece];
-      if (this->column(column).rule.in_list) std::erase(text, '|');
+      if (this->column(column).rule.in_list && text != Cell(row, column)) std::erase(text, '|');
       std::string why;
       if (const std::optional<std::string> fitting = Fitting(row, column, text, why)) {
         Change(row, column, *fitting);

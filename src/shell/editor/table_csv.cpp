@@ -35,13 +35,18 @@ class CsvReader {
 
   Result<std::vector<Line>> Read() {
     std::vector<Line> lines;
+    std::size_t filled = 0;  // lines up to the last one that is not blank
     while (at_ < text_.size()) {
       Line line{.number = number_};
       if (!ReadLine(line))
         return Status(ErrorKind::kBadData, "line " + std::to_string(line.number) + ": a quote is not closed");
       const bool blank = line.cells.size() == 1 && line.cells[0].empty();
-      if (!blank) lines.push_back(std::move(line));
+      // In a text of one column a blank line is a blank row.
+      if (blank && (lines.empty() || lines.front().cells.size() > 1)) continue;
+      lines.push_back(std::move(line));
+      if (!blank) filled = lines.size();
     }
+    lines.resize(filled);
     return lines;
   }
 
@@ -50,8 +55,9 @@ class CsvReader {
     for (;;) {
       std::string cell;
       if (at_ < text_.size() && text_[at_] == '"' && !ReadQuoted(cell)) return false;
+      const std::size_t quoted = cell.size();
       while (at_ < text_.size() && text_[at_] != separator_ && text_[at_] != '\n') cell += text_[at_++];
-      if (!cell.empty() && cell.back() == '\r') cell.pop_back();
+      if (cell.size() > quoted && cell.back() == '\r') cell.pop_back();
       line.cells.push_back(std::move(cell));
       if (at_ >= text_.size()) return true;
       if (text_[at_++] == '\n') {

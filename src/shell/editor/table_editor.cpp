@@ -237,6 +237,7 @@ void TableEditor::TakeBack(std::size_t steps) {
 
 std::optional<std::string> TableEditor::Fitting(int row, int column, std::string_view text,
                                                 std::string& why) const {
+  if (text == Cell(row, column)) return std::string(text);  // a load may bring what nobody could type
   const Column& stated = this->column(column);
   const Entry kind = EntryOf(row, column);
   if (kind == Entry::kReadOnly) {
