@@ -6,7 +6,7 @@
 
 #include "counted_news.h"
 #include "hotel_text.h"
-#include "sections/check.h"
+#include "project/check.h"
 #include "sections/registry.h"
 #include "sections/rows.h"
 #include "sections/tables.h"

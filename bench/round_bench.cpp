@@ -13,8 +13,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "desktop/io/qt_event_server.h"
-#include "desktop/io/qt_tcp_port.h"
+#include "io/qt_event_server.h"
+#include "io/qt_tcp_port.h"
 #include "link/exchange_line.h"
 
 namespace tarvok::bench {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "sections/editors.h"
-#include "shell/editor/form_script.h"
+#include "editing/form_script.h"
+#include "editors/editors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::fuzz {

@@ -10,9 +10,9 @@
 #include <string>
 #include <unordered_set>
 
+#include "editing/table_csv.h"
 #include "fuzz/editor_stage.h"
-#include "sections/check.h"
-#include "shell/editor/table_csv.h"
+#include "project/check.h"
 
 namespace {
 

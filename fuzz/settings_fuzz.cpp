@@ -9,7 +9,7 @@
 #include "fuzz/demand.h"
 #include "link/line_settings.h"
 #include "link/password_code.h"
-#include "shell/connection_settings.h"
+#include "store/connection_settings.h"
 #include "tests/store/memory_files.h"
 
 namespace {

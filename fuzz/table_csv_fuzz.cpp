@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "editing/table_csv.h"
 #include "fuzz/demand.h"
 #include "fuzz/editor_stage.h"
-#include "shell/editor/table_csv.h"
 
 namespace {
 

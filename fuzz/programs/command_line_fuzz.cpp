@@ -46,7 +46,7 @@ int ListSections(int version) {
 int Check(ProjectStore&, Text) {
   return Ran();
 }
-int Diff(ProjectStore&, Text, Text) {
+int Diff(ProjectStore&, Text, Text, bool) {
   return Ran();
 }
 int Edit(ProjectStore&, Text, Text, Text, Text) {
@@ -77,6 +77,9 @@ int Ping(ProjectStore&, Text, const SessionOptions&) {
   return Ran();
 }
 
+std::string SystemFileLine() {
+  return {};
+}
 std::string SystemFile() {
   return "/s/system.tvs";
 }

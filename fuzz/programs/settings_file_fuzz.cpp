@@ -9,10 +9,10 @@
 
 #include <QSettings>
 
-#include "desktop/io/code_page.h"
-#include "desktop/io/qt_port_maker.h"
-#include "desktop/io/qt_settings.h"
 #include "fuzz/demand.h"
+#include "io/code_page.h"
+#include "io/qt_port_maker.h"
+#include "io/qt_settings.h"
 #include "store/recent_files.h"
 
 namespace {

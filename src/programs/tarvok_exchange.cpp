@@ -13,12 +13,12 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 
-#include "desktop/io/pty_port.h"
-#include "desktop/io/qt_event_server.h"
-#include "desktop/io/stop_signals.h"
-#include "desktop/io/tcp_listener.h"
 #include "exchange/exchange_store.h"
 #include "exchange/practice_exchange.h"
+#include "io/pty_port.h"
+#include "io/qt_event_server.h"
+#include "io/stop_signals.h"
+#include "io/tcp_listener.h"
 #include "platform/instance_lock.h"
 #include "platform/posix_file_system.h"
 #include "programs/given_text.h"

@@ -12,22 +12,22 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include "desktop/boxes.h"
-#include "desktop/colours.h"
 #include "desktop/forms/editor_page.h"
-#include "desktop/io/qt_event_server.h"
-#include "desktop/io/qt_port_maker.h"
-#include "desktop/io/qt_settings.h"
-#include "desktop/io/stop_signals.h"
-#include "desktop/main_window.h"
-#include "desktop/project_keeper.h"
-#include "desktop/shown_text.h"
-#include "desktop/transfer_kind.h"
+#include "desktop/look/colours.h"
+#include "desktop/look/shown_text.h"
+#include "desktop/transfer/transfer_kind.h"
+#include "desktop/window/boxes.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/project_keeper.h"
+#include "frame/main_frame.h"
+#include "io/qt_event_server.h"
+#include "io/qt_port_maker.h"
+#include "io/qt_settings.h"
+#include "io/stop_signals.h"
 #include "platform/instance_lock.h"
 #include "platform/log_file.h"
 #include "platform/posix_file_system.h"
 #include "programs/ctl/places.h"
-#include "shell/main_frame.h"
 #include "store/new_project.h"
 
 namespace tarvok {

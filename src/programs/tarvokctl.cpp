@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 
+#include "frame/main_frame.h"
 #include "platform/posix_file_system.h"
 #include "programs/ctl/compare_commands.h"
 #include "programs/ctl/edit_command.h"
@@ -21,7 +22,6 @@
 #include "programs/ctl/session_commands.h"
 #include "programs/given_text.h"
 #include "sections/registry.h"
-#include "shell/main_frame.h"
 
 namespace tarvok::ctl {
 namespace {

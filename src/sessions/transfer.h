@@ -10,7 +10,7 @@
 #include "sessions/session_view.h"
 #include "sessions/session_words.h"
 #include "sessions/temporary_project.h"
-#include "shell/connection_settings.h"
+#include "store/connection_settings.h"
 #include "store/project_store.h"
 
 namespace tarvok {

@@ -12,13 +12,13 @@
 #include <QTimer>
 #include <gmock/gmock.h>
 
-#include "desktop/io/qt_event_server.h"
-#include "desktop/io/qt_port_maker.h"
-#include "desktop/io/tcp_listener.h"
-#include "desktop/main_window.h"
-#include "desktop/project_keeper.h"
-#include "desktop/transfer_kind.h"
+#include "desktop/transfer/transfer_kind.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/project_keeper.h"
 #include "exchange/practice_exchange.h"
+#include "io/qt_event_server.h"
+#include "io/qt_port_maker.h"
+#include "io/tcp_listener.h"
 #include "platform/posix_file_system.h"
 #include "tests/desktop/memory_settings.h"
 #include "tests/temp_folder.h"

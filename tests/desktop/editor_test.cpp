@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <QScrollBar>
 
-#include "sections/difference.h"
+#include "project/difference.h"
 #include "tests/desktop/editor_desk.h"
 
 namespace tarvok::test {

@@ -4,9 +4,9 @@
 #include <QListWidget>
 #include <QTreeWidget>
 
-#include "desktop/find_dialog.h"
-#include "desktop/versions_dialog.h"
-#include "sections/places.h"
+#include "desktop/window/find_dialog.h"
+#include "desktop/window/versions_dialog.h"
+#include "project/places.h"
 #include "store/header_keys.h"
 #include "tests/desktop/desktop_bench.h"
 

@@ -7,8 +7,8 @@
 #include <QStringDecoder>
 #include <QWheelEvent>
 
-#include "desktop/io/code_page.h"
-#include "desktop/setting_dialog.h"
+#include "desktop/transfer/setting_dialog.h"
+#include "io/code_page.h"
 #include "tests/desktop/desktop_bench.h"
 
 namespace tarvok::test {

@@ -1,7 +1,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 
-#include "desktop/transfer_dialog.h"
+#include "desktop/transfer/transfer_dialog.h"
 #include "tests/desktop/desktop_bench.h"
 
 namespace tarvok::test {

@@ -1,8 +1,8 @@
 #include <QMenu>
 #include <QToolBar>
 
-#include "desktop/last_transfer.h"
-#include "desktop/shown_text.h"
+#include "desktop/look/shown_text.h"
+#include "desktop/overview/last_transfer.h"
 #include "store/header_keys.h"
 #include "tests/desktop/desktop_bench.h"
 

@@ -8,8 +8,8 @@
 
 #include <gmock/gmock.h>
 
-#include "sections/editors.h"
-#include "shell/editor/form_script.h"
+#include "editing/form_script.h"
+#include "editors/editors.h"
 #include "tests/expect_keys.h"
 #include "tests/source_file.h"
 #include "tests/store/memory_files.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <map>
 
-#include "sections/difference.h"
-#include "shell/editor/table_csv.h"
+#include "editing/table_csv.h"
+#include "project/difference.h"
 #include "tests/contract/random_images.h"
 #include "tests/editors/editor_bench.h"
 

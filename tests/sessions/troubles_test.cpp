@@ -166,9 +166,9 @@ const Trouble kTroubles[] = {
      {},
      LoseTemporary,
      "OK\r\nGetting PABX Mode..............................OK\r\n",
-     {"/t/outcfg.tvk: made to fail"},
+     {"/t/1/outcfg.tvk: made to fail"},
      {},
-     "/t/outcfg.tvk: made to fail"},
+     "/t/1/outcfg.tvk: made to fail"},
 };
 
 TEST(EverySession, SaysWhatItsTroubleIs) {

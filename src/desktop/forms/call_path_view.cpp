@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "desktop/colours.h"
+#include "desktop/look/colours.h"
 
 namespace tarvok {
 namespace {

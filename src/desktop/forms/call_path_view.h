@@ -6,8 +6,8 @@
 
 #include <QScrollArea>
 
-#include "desktop/io/code_page.h"
-#include "sections/routing/call_path.h"
+#include "io/code_page.h"
+#include "project/call_path.h"
 
 namespace tarvok {
 

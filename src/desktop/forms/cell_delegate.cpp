@@ -7,9 +7,9 @@
 #include <QPainter>
 #include <QTimer>
 
-#include "desktop/colours.h"
 #include "desktop/forms/rule_filter.h"
-#include "desktop/line_delegate.h"
+#include "desktop/look/colours.h"
+#include "desktop/look/line_delegate.h"
 
 namespace tarvok {
 namespace {

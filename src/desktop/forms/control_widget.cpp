@@ -15,8 +15,8 @@
 #include <QTabBar>
 
 #include "desktop/forms/rule_filter.h"
-#include "desktop/line_delegate.h"
-#include "desktop/wheel_needs_focus.h"
+#include "desktop/look/line_delegate.h"
+#include "desktop/look/wheel_needs_focus.h"
 
 namespace tarvok {
 namespace {

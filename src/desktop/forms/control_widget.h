@@ -4,8 +4,8 @@
 
 #include <QWidget>
 
-#include "desktop/io/code_page.h"
-#include "shell/editor/form_controls.h"
+#include "editing/form_controls.h"
+#include "io/code_page.h"
 
 namespace tarvok {
 

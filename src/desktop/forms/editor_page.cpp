@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "desktop/forms/pictures.h"
-#include "desktop/headings.h"
-#include "desktop/shown_text.h"
+#include "desktop/look/headings.h"
+#include "desktop/look/shown_text.h"
 
 namespace tarvok {
 

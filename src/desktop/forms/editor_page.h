@@ -9,15 +9,15 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "desktop/desktop_parts.h"
 #include "desktop/forms/call_path_view.h"
 #include "desktop/forms/form_view.h"
 #include "desktop/forms/table_model.h"
 #include "desktop/forms/table_view.h"
 #include "desktop/forms/window_questions.h"
-#include "desktop/pane_form.h"
-#include "sections/editors.h"
-#include "shell/editor/table_form.h"
+#include "desktop/window/desktop_parts.h"
+#include "desktop/window/pane_form.h"
+#include "editing/table_form.h"
+#include "editors/editors.h"
 
 namespace tarvok {
 

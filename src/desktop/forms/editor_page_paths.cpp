@@ -2,7 +2,7 @@
 
 #include "desktop/forms/editor_page.h"
 #include "desktop/forms/used_by_dialog.h"
-#include "sections/used_by.h"
+#include "editors/used_by.h"
 
 namespace tarvok {
 namespace {

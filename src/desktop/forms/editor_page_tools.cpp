@@ -12,10 +12,10 @@
 
 #include "desktop/forms/editor_page.h"
 #include "desktop/forms/replace_dialog.h"
-#include "desktop/headings.h"
-#include "desktop/shown_text.h"
-#include "sections/field_columns.h"
-#include "shell/editor/table_csv.h"
+#include "desktop/look/headings.h"
+#include "desktop/look/shown_text.h"
+#include "editing/table_csv.h"
+#include "editors/field_columns.h"
 #include "store/whole_write.h"
 
 namespace tarvok {

@@ -11,9 +11,9 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "desktop/group_frame.h"
-#include "desktop/headings.h"
-#include "desktop/shown_text.h"
+#include "desktop/look/group_frame.h"
+#include "desktop/look/headings.h"
+#include "desktop/look/shown_text.h"
 
 namespace tarvok {
 namespace {

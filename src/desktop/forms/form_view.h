@@ -10,8 +10,8 @@
 #include <QWidget>
 
 #include "desktop/forms/control_widget.h"
-#include "desktop/io/code_page.h"
-#include "shell/editor/form_controls.h"
+#include "editing/form_controls.h"
+#include "io/code_page.h"
 
 namespace tarvok {
 

@@ -6,8 +6,8 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "desktop/colours.h"
 #include "desktop/forms/pictures.h"
+#include "desktop/look/colours.h"
 
 namespace tarvok {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "desktop/desktop_parts.h"
 #include "desktop/forms/form_view.h"
+#include "desktop/window/desktop_parts.h"
 
 namespace tarvok {
 

@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "desktop/io/code_page.h"
-#include "shell/editor/table_form.h"
+#include "editing/table_form.h"
+#include "io/code_page.h"
 
 namespace tarvok {
 

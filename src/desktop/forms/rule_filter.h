@@ -4,8 +4,8 @@
 
 #include <QValidator>
 
-#include "desktop/io/code_page.h"
-#include "shell/editor/entry_rule.h"
+#include "editing/entry_rule.h"
+#include "io/code_page.h"
 
 namespace tarvok {
 

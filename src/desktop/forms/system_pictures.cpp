@@ -10,9 +10,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "desktop/colours.h"
 #include "desktop/forms/pictures.h"
-#include "sections/system/frmSystemConfig.h"
+#include "desktop/look/colours.h"
+#include "editors/system/frmSystemConfig.h"
 #include "store/number_text.h"
 
 namespace tarvok {

@@ -1,6 +1,6 @@
 #include "desktop/forms/table_model.h"
 
-#include "desktop/shown_text.h"
+#include "desktop/look/shown_text.h"
 
 namespace tarvok {
 

@@ -2,8 +2,8 @@
 
 #include <QAbstractTableModel>
 
-#include "desktop/io/code_page.h"
-#include "shell/editor/table_editor.h"
+#include "editing/table_editor.h"
+#include "io/code_page.h"
 
 namespace tarvok {
 

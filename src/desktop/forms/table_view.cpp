@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/forms/cell_delegate.h"
-#include "desktop/line_delegate.h"
+#include "desktop/look/line_delegate.h"
 
 namespace tarvok {
 namespace {

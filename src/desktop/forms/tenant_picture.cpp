@@ -8,8 +8,8 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include "desktop/colours.h"
 #include "desktop/forms/pictures.h"
+#include "desktop/look/colours.h"
 
 namespace tarvok {
 namespace {

@@ -5,8 +5,8 @@
 #include <QDialog>
 #include <QListWidget>
 
-#include "desktop/io/code_page.h"
-#include "sections/search.h"
+#include "io/code_page.h"
+#include "project/search.h"
 
 namespace tarvok {
 

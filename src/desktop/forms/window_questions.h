@@ -2,11 +2,11 @@
 
 #include <QWidget>
 
-#include "desktop/boxes.h"
-#include "desktop/desktop_parts.h"
-#include "desktop/difference_list.h"
-#include "desktop/shown_text.h"
-#include "shell/editor/editor_form.h"
+#include "desktop/look/shown_text.h"
+#include "desktop/window/boxes.h"
+#include "desktop/window/desktop_parts.h"
+#include "desktop/window/difference_list.h"
+#include "editing/editor_form.h"
 
 namespace tarvok {
 

@@ -6,8 +6,8 @@
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/terminal_text.h"
-#include "sections/check.h"
-#include "sections/difference_words.h"
+#include "project/check.h"
+#include "project/difference_words.h"
 
 namespace tarvok::ctl {
 

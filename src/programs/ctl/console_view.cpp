@@ -11,7 +11,7 @@
 #include "programs/ctl/terminal_text.h"
 #include "sessions/pace.h"
 #include "sessions/password_form.h"
-#include "shell/one_line.h"
+#include "store/one_line.h"
 
 namespace tarvok::ctl {
 namespace {

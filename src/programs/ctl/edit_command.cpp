@@ -8,12 +8,12 @@
 #include <optional>
 #include <sstream>
 
+#include "editing/form_script.h"
+#include "editing/table_form.h"
+#include "editors/editors.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/terminal_text.h"
-#include "sections/editors.h"
-#include "shell/editor/form_script.h"
-#include "shell/editor/table_form.h"
 #include "store/new_project.h"
 
 namespace tarvok::ctl {

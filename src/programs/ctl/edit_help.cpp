@@ -1,6 +1,6 @@
 #include "programs/ctl/edit_help.h"
 
-#include "sections/editors.h"
+#include "editors/editors.h"
 
 namespace tarvok::ctl {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "programs/ctl/terminal_text.h"
-#include "shell/one_line.h"
+#include "store/one_line.h"
 
 namespace tarvok::ctl {
 

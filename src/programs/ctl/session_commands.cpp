@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/io/qt_event_server.h"
-#include "desktop/io/qt_port_maker.h"
-#include "desktop/io/qt_settings.h"
-#include "desktop/io/stop_signals.h"
+#include "io/qt_event_server.h"
+#include "io/qt_port_maker.h"
+#include "io/qt_settings.h"
+#include "io/stop_signals.h"
 #include "platform/log_file.h"
 #include "programs/ctl/console_view.h"
 #include "programs/ctl/exit_status.h"

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringDecoder>
 
-#include "desktop/io/code_page.h"
-#include "desktop/io/qt_settings.h"
+#include "io/code_page.h"
+#include "io/qt_settings.h"
 
 namespace tarvok::ctl {
 namespace {

@@ -1,5 +1,5 @@
+#include "editors/used_by.h"
 #include "sections/ports/port_def.h"
-#include "sections/used_by.h"
 #include "tests/editors/ports/every_reference.h"
 
 namespace tarvok::test {

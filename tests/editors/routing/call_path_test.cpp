@@ -1,4 +1,4 @@
-#include "sections/routing/call_path.h"
+#include "project/call_path.h"
 
 #include "tests/editors/editor_bench.h"
 

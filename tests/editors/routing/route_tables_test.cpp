@@ -1,6 +1,6 @@
 // The tables of routing: routes, the route map, the incoming lists, E1 links and their numbers.
 
-#include "shell/editor/table_form.h"
+#include "editing/table_form.h"
 #include "tests/editors/editor_bench.h"
 
 namespace tarvok::test {

@@ -1,4 +1,4 @@
-#include "sections/system/frmSystemConfig.h"
+#include "editors/system/frmSystemConfig.h"
 #include "store/number_text.h"
 #include "tests/editors/editor_bench.h"
 

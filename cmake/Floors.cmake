@@ -1,0 +1,55 @@
+# What almost every file includes sooner or later. It is parsed once for each set of flags instead of once for each file.
+set(tarvok_common_headers <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <set> <span> <string>
+                          <string_view> <utility> <vector>)
+
+# tarvok_precompile(TARGET KEY HEADERS...) precompiles the headers for the target. Targets with the same KEY must have the
+# same flags; they share the result.
+function(tarvok_precompile target key)
+  if(NOT TARVOK_PRECOMPILE)
+    return()
+  endif()
+  get_property(owner GLOBAL PROPERTY tarvok_headers_${key})
+  if(owner)
+    target_precompile_headers(${target} REUSE_FROM ${owner})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    set_property(GLOBAL PROPERTY tarvok_headers_${key} ${target})
+  endif()
+endfunction()
+
+# tarvok_floor(NAME [USES floors...] [QT modules...]) makes the library tarvok_NAME of src/NAME.
+function(tarvok_floor name)
+  cmake_parse_arguments(floor "" "" "USES;QT" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  list(TRANSFORM floor_USES PREPEND tarvok_ OUTPUT_VARIABLE below)
+  add_library(tarvok_${name} STATIC ${sources})
+  target_link_libraries(tarvok_${name} PUBLIC tarvok_flags ${below})
+  if(floor_QT)
+    list(TRANSFORM floor_QT PREPEND Qt6:: OUTPUT_VARIABLE modules)
+    target_link_libraries(tarvok_${name} PUBLIC ${modules})
+    target_compile_definitions(tarvok_${name} PUBLIC QT_NO_KEYWORDS)
+    list(TRANSFORM floor_QT REPLACE "(.+)" "<Qt\\1>" OUTPUT_VARIABLE headers)
+    tarvok_precompile(tarvok_${name} ${name} ${tarvok_common_headers} ${headers})
+  else()
+    tarvok_precompile(tarvok_${name} core ${tarvok_common_headers})
+  endif()
+endfunction()
+
+# tarvok_fast(NAME floors...) makes the library NAME of these floors at full speed. In a build with sanitizers, which make a
+# session 25 times as long, that means a second build of them.
+function(tarvok_fast name)
+  if(NOT TARVOK_SANITIZE)
+    list(TRANSFORM ARGN PREPEND tarvok_ OUTPUT_VARIABLE floors)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE ${floors})
+    return()
+  endif()
+  add_library(${name} STATIC)
+  foreach(floor ${ARGN})
+    get_target_property(sources tarvok_${floor} SOURCES)
+    target_sources(${name} PRIVATE ${sources})
+  endforeach()
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_compile_options(${name} PRIVATE -O2)
+  tarvok_precompile(${name} ${name} ${tarvok_common_headers})
+endfunction()

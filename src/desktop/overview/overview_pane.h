@@ -1,0 +1,75 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include "desktop/overview/rack_view.h"
+#include "desktop/window/desktop_parts.h"
+#include "project/place.h"
+
+namespace tarvok {
+
+/** The pane of an open project while no editor is shown: its rack, what it amounts to, how it
+ * connects, how its last transfer went, and what the check finds in it. */
+class OverviewPane : public QScrollArea {
+ public:
+  struct Commands {
+    std::function<void()> open_transfer;
+    std::function<void()> use_practice;
+    std::function<bool(const Place&)> is_offered;  // there is a form that shows the place
+    std::function<void(const Place&)> go;
+  };
+
+  /** A count that people look for. */
+  struct Tile {
+    QLabel* number = nullptr;
+    QLabel* behind = nullptr;
+
+    void Show(int count, const QString& text) {
+      number->setText(QString::number(count));
+      behind->setText(text);
+    }
+  };
+
+  OverviewPane(DesktopParts& parts, Commands commands);
+
+  /** Reads the open project afresh; one that went away meanwhile is told in its place. */
+  void ShowProject();
+
+ private:
+  QWidget* MakeTiles();
+  QWidget* MakeLegend();
+  QWidget* MakeConnection();
+  QWidget* MakeFindings();
+  void ShowConnection(const IniText& project);
+  void ShowCounts(const IniText& project);
+  void ShowFindings(const std::shared_ptr<const IniText>& project);
+  void GoToFinding(const QListWidgetItem* item);
+
+  DesktopParts& parts_;
+  Commands commands_;
+  std::shared_ptr<const IniText> shown_;  // the state of the project that counts and findings are of
+  std::vector<Place> places_;             // of the findings
+  QLabel* name_ = nullptr;
+  QLabel* folder_ = nullptr;
+  QLabel* problem_ = nullptr;
+  QLabel* rack_hint_ = nullptr;
+  RackView* rack_ = nullptr;
+  Tile ports_;
+  Tile numbers_;
+  Tile trunks_;
+  Tile groups_;
+  QLabel* connection_ = nullptr;
+  QLabel* last_transfer_ = nullptr;
+  QLabel* findings_text_ = nullptr;
+  QListWidget* findings_ = nullptr;
+};
+
+}  // namespace tarvok

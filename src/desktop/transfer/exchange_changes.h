@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include <QWidget>
+
+#include "desktop/window/desktop_parts.h"
+#include "store/connection_settings.h"
+
+namespace tarvok {
+
+/** The project's text without what a send of the whole configuration leaves alone: the header and the sections
+ * that travel by themselves. */
+std::string SentPart(const IniText& project);
+
+/** Shows what a send of the open project would change in the exchange: compared with what was last sent to it
+ * or loaded from it. */
+void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent);
+
+}  // namespace tarvok

@@ -1,0 +1,243 @@
+#include "desktop/transfer/setting_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "desktop/look/group_frame.h"
+#include "desktop/look/shown_text.h"
+#include "desktop/look/wheel_needs_focus.h"
+#include "desktop/transfer/character_filter.h"
+#include "desktop/window/boxes.h"
+#include "desktop/window/help.h"
+#include "store/number_text.h"
+#include "store/project_there.h"
+
+namespace tarvok {
+namespace {
+
+constexpr const char* kWayTexts[] = {"Send data by server", "Send data by serial", "Send data by Modem",
+                                     "Send data by LAN to Serail", "Send data by LAN"};
+constexpr int kWayOrder[] = {1, 2, 3, 4, 0};
+constexpr const char* kLinkTexts[] = {"Direct to CPU Card", "Link PBX"};
+constexpr const char* kSpeeds[] = {"9600", "19200", "38400", "57600", "115200"};
+constexpr int kLastId = 14;
+constexpr std::string_view kOn = "1";
+
+bool IsDigit(QChar c) {
+  return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+QComboBox* MakeIdList(const QString& name) {
+  auto* list = new QComboBox;
+  list->setObjectName(name);
+  WheelNeedsFocus::Set(list);
+  for (int id = 0; id <= kLastId; ++id) list->addItem(QString::number(id));
+  list->setPlaceholderText(QStringLiteral("not set"));
+  return list;
+}
+
+/** An id that the list has not (15, or none) selects nothing and stays as it is stored. */
+void SelectId(QComboBox* list, const std::string& stored) {
+  list->setCurrentIndex(stored.empty() ? -1 : list->findText(QString::number(Val(stored))));
+}
+std::string SelectedId(const QComboBox* list, const std::string& stored) {
+  return list->currentIndex() < 0 ? stored : std::to_string(list->currentIndex());
+}
+
+}  // namespace
+
+SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(parent), parts_(parts) {
+  setObjectName(QStringLiteral("frmSetting"));
+  setWindowTitle(QStringLiteral("Setting Program"));
+  auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(12);
+  layout->addWidget(MakeWays());
+  layout->addWidget(MakeWayFrames());
+  layout->addWidget(MakeLink());
+  layout->addStretch();
+  layout->addWidget(MakeButtons());
+  // Only a button that stands in its dialog can become the one that Enter presses.
+  findChild<QPushButton*>(QStringLiteral("cmdCancel"))->setAutoDefault(false);
+  findChild<QPushButton*>(QStringLiteral("cmdApply"))->setDefault(true);
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
+          [this] { ShowHelp(this, "frmSetting"); });
+
+  const Status written_back = ReadConnectionKeys(parts_.store, parts_.state.ProjectFile, keys_);
+  Fill();
+  SetFilters();
+  ShowDependent();
+  Option1_[static_cast<std::size_t>(keys_.Way())]->setFocus();
+  if (!written_back.ok()) {
+    ShowBox(parent, QMessageBox::Critical, MessageText(written_back.message(), PageOf(parts_.settings)));
+  }
+}
+
+QWidget* SettingDialog::MakeWays() {
+  auto* group = new GroupFrame(QStringLiteral("Connection"));
+  auto* layout = new QVBoxLayout(group);
+  for (const int way : kWayOrder) {
+    auto* option = new QRadioButton(QString::fromLatin1(kWayTexts[way]));
+    option->setObjectName(QStringLiteral("Option1(%1)").arg(way));
+    connect(option, &QRadioButton::toggled, this, [this] { ShowDependent(); });
+    Option1_[static_cast<std::size_t>(way)] = option;
+    layout->addWidget(option);
+  }
+  return group;
+}
+
+QWidget* SettingDialog::MakeWayFrames() {
+  frames_ = new QStackedWidget;
+  frames_->addWidget(MakeSerialFrame());
+  frames_->addWidget(MakeModemFrame());
+  frames_->addWidget(MakeServerFrame());
+  return frames_;
+}
+
+QWidget* SettingDialog::MakeSerialFrame() {
+  auto* frame = new GroupFrame(QStringLiteral("Serial"));
+  frame->setObjectName(QStringLiteral("fraSettingSerial"));
+  serial_ = new SerialPortChoice(QStringLiteral("cmbPort"), parts_.settings);
+  speed_ = new QComboBox;
+  speed_->setObjectName(QStringLiteral("cmbSpeed"));
+  speed_->setEditable(true);
+  WheelNeedsFocus::Set(speed_);
+  for (const char* speed : kSpeeds) speed_->addItem(QString::fromLatin1(speed));
+  chkSpecial_ = new QCheckBox(QStringLiteral("Send data slow"));
+  chkSpecial_->setObjectName(QStringLiteral("chkSpecial"));
+  auto* layout = new QFormLayout(frame);
+  layout->addRow(QStringLiteral("&Port"), serial_);
+  layout->addRow(QStringLiteral("&Speed"), speed_);
+  layout->addRow(QString(), chkSpecial_);
+  return frame;
+}
+
+QWidget* SettingDialog::MakeModemFrame() {
+  auto* frame = new GroupFrame(QStringLiteral("Modem"));
+  frame->setObjectName(QStringLiteral("fraSettingModem"));
+  modem_ = new SerialPortChoice(QStringLiteral("cmbPortModem"), parts_.settings);
+  txtTel_ = new QLineEdit;
+  txtTel_->setObjectName(QStringLiteral("txtTel"));
+  txtTel_->setToolTip(QStringLiteral("Digits; a comma waits for a second tone"));
+  auto* layout = new QFormLayout(frame);
+  layout->addRow(QStringLiteral("&Port"), modem_);
+  layout->addRow(QStringLiteral("&Telephone"), txtTel_);
+  return frame;
+}
+
+QWidget* SettingDialog::MakeServerFrame() {
+  auto* frame = new GroupFrame(QStringLiteral("Network"));
+  frame->setObjectName(QStringLiteral("fraSettingServer"));
+  txtHost_ = new QLineEdit;
+  txtHost_->setObjectName(QStringLiteral("txtHost"));
+  txtHost_->setPlaceholderText(QStringLiteral("192.168.1.10"));
+  txtPort_ = new QLineEdit;
+  txtPort_->setObjectName(QStringLiteral("txtPort"));
+  auto* layout = new QFormLayout(frame);
+  layout->addRow(QStringLiteral("IP &address"), txtHost_);
+  layout->addRow(QStringLiteral("&Port"), txtPort_);
+  return frame;
+}
+
+QWidget* SettingDialog::MakeLink() {
+  auto* group = new GroupFrame(QStringLiteral("Exchange"));
+  auto* layout = new QHBoxLayout(group);
+  auto* options = new QVBoxLayout;
+  for (std::size_t i = 0; i < Option2_.size(); ++i) {
+    Option2_[i] = new QRadioButton(QString::fromLatin1(kLinkTexts[i]));
+    Option2_[i]->setObjectName(QStringLiteral("Option2(%1)").arg(i));
+    connect(Option2_[i], &QRadioButton::toggled, this, [this] { ShowDependent(); });
+    options->addWidget(Option2_[i]);
+  }
+  options->addStretch();
+  fraInputID_ = new QWidget;
+  fraInputID_->setObjectName(QStringLiteral("fraInputID"));
+  QSizePolicy keeps_place = fraInputID_->sizePolicy();
+  keeps_place.setRetainSizeWhenHidden(true);
+  fraInputID_->setSizePolicy(keeps_place);
+  cmbPBX_ = MakeIdList(QStringLiteral("cmbPBX"));
+  cmbCard_ = MakeIdList(QStringLiteral("cmbCard"));
+  auto* ids = new QFormLayout(fraInputID_);
+  ids->setContentsMargins(24, 0, 0, 0);
+  ids->addRow(QStringLiteral("PBX &ID"), cmbPBX_);
+  ids->addRow(QStringLiteral("&Card ID"), cmbCard_);
+  layout->addLayout(options);
+  layout->addWidget(fraInputID_, 1);
+  return group;
+}
+
+QWidget* SettingDialog::MakeButtons() {
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Apply | QDialogButtonBox::Cancel);
+  QPushButton* apply = buttons->button(QDialogButtonBox::Apply);
+  apply->setObjectName(QStringLiteral("cmdApply"));
+  buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+  connect(apply, &QPushButton::clicked, this, [this] { Apply(); });
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  return buttons;
+}
+
+void SettingDialog::Fill() {
+  const CodePage& page = PageOf(parts_.settings);
+  Option1_[static_cast<std::size_t>(keys_.Way())]->setChecked(true);
+  Option2_[keys_.IsLinked() ? 1 : 0]->setChecked(true);
+  serial_->Select(keys_.port);
+  modem_->Select(keys_.port_modem);
+  speed_->setCurrentText(page.ToLetters(keys_.bps));
+  chkSpecial_->setChecked(keys_.cut == kOn);
+  txtTel_->setText(page.ToLetters(keys_.tel));
+  txtHost_->setText(page.ToLetters(keys_.ip_host));
+  txtPort_->setText(page.ToLetters(keys_.ip_port));
+  SelectId(cmbPBX_, keys_.pbx_id);
+  SelectId(cmbCard_, keys_.card_id);
+}
+
+void SettingDialog::SetFilters() {
+  CharacterFilter::Set(txtTel_, [](QChar c) { return IsDigit(c) || c == QLatin1Char(','); });
+  CharacterFilter::Set(txtHost_, [](QChar c) { return IsDigit(c) || c == QLatin1Char('.'); });
+  CharacterFilter::Set(txtPort_, IsDigit);
+}
+
+void SettingDialog::ShowDependent() {
+  if (Option1_[1] == nullptr || fraInputID_ == nullptr) return;
+  constexpr int kModemWay = 2;
+  const bool serial = Option1_[1]->isChecked();
+  const bool modem = Option1_[kModemWay]->isChecked();
+  frames_->setCurrentIndex(serial ? 0 : (modem ? 1 : 2));
+  fraInputID_->setVisible(Option2_[1]->isChecked());
+}
+
+void SettingDialog::Apply() {
+  const CodePage& page = PageOf(parts_.settings);
+  const std::string problem = WhyNoProject(parts_.store, parts_.state.ProjectFile);
+  if (!problem.empty()) return ShowBox(this, QMessageBox::Critical, MessageText(problem, page));
+  for (std::size_t way = 0; way < Option1_.size(); ++way) {
+    const bool changed = static_cast<int>(way) != keys_.Way() || keys_.by.empty();
+    if (Option1_[way]->isChecked() && changed) keys_.by = std::to_string(way);
+  }
+  const bool linked = Option2_[1]->isChecked();
+  if (linked != keys_.IsLinked() || keys_.dcpu.empty()) keys_.dcpu = linked ? "1" : "0";
+  keys_.port = serial_->Selected(keys_.port);
+  keys_.port_modem = modem_->Selected(keys_.port_modem);
+  keys_.bps = page.ToBytes(speed_->currentText().trimmed());
+  // A size of pieces that somebody entered by hand stays while the box is left alone.
+  if (chkSpecial_->isChecked() != (keys_.cut == kOn) || keys_.cut.empty()) {
+    keys_.cut = chkSpecial_->isChecked() ? kOn : "0";
+  }
+  keys_.tel = page.ToBytes(txtTel_->text());
+  keys_.ip_host = page.ToBytes(txtHost_->text());
+  keys_.ip_port = page.ToBytes(txtPort_->text());
+  keys_.pbx_id = SelectedId(cmbPBX_, keys_.pbx_id);
+  keys_.card_id = SelectedId(cmbCard_, keys_.card_id);
+  const Status written = WriteConnectionKeys(parts_.store, parts_.state.ProjectFile, keys_);
+  if (!written.ok()) {
+    ShowBox(this, QMessageBox::Critical, MessageText(written.message(), page));
+    return;  // what was entered is not lost
+  }
+  serial_->KeepDevice();
+  modem_->KeepDevice();
+  accept();
+}
+
+}  // namespace tarvok

@@ -1,0 +1,253 @@
+#include "desktop/transfer/transfer_dialog.h"
+
+#include <utility>
+
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "desktop/look/shown_text.h"
+#include "desktop/overview/last_transfer.h"
+#include "desktop/transfer/exchange_changes.h"
+#include "desktop/transfer/password_dialog.h"
+#include "desktop/transfer/setting_dialog.h"
+#include "desktop/window/boxes.h"
+#include "link/modem_reply.h"
+#include "sessions/store_loaded.h"
+#include "store/header_keys.h"
+#include "store/number_text.h"
+#include "store/project_there.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kDebugWord = "TRACELY7";
+constexpr int kDebugPresses = 9;
+
+}  // namespace
+
+TransferDialog::~TransferDialog() = default;
+
+void TransferDialog::OpenTransfer() {
+  transfer_ = std::make_unique<Transfer>(TransferParts{.events = events_,
+                                                       .ports = parts_.ports,
+                                                       .store = parts_.store,
+                                                       .view = *this,
+                                                       .log = log_,
+                                                       .project_file = parts_.state.ProjectFile,
+                                                       .load_target = parts_.state.ProjectFile,
+                                                       .system_file = parts_.system_file,
+                                                       .temp_folder = parts_.temp_folder},
+                                         kind_.form);
+  ShowSummary();
+}
+
+void TransferDialog::ShowSummary() {
+  QStringList lines;
+  for (const std::string& line : SummaryLines(transfer_->settings())) lines += Letters(line).trimmed();
+  summary_->setText(lines.join(QLatin1Char('\n')));
+}
+
+QString TransferDialog::Letters(std::string_view text) const {
+  return MessageText(text, PageOf(parts_.settings));
+}
+
+void TransferDialog::Run(const TransferAction& action) {
+  if (running_ != nullptr || leaving_) return;
+  running_ = &action;
+  const std::string folder = txtFolder_ == nullptr ? std::string() : PathBytes(txtFolder_->text().trimmed());
+  began_ = false;
+  not_taken_ = cancelled_ = false;
+  const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.ProjectFile);
+  // How it ended stands in the log window and its boxes.
+  const bool done = action.run(*transfer_, folder);
+  running_ = nullptr;
+  if (began_ && action.carries != Carries::kNothing) Remember(action, done, *before);
+  if (close_wanted_) Leave();
+}
+
+/** What the exchange holds now is known after a whole send or load. A project that somebody changed while it
+ * was being sent went in pieces of either state. */
+void TransferDialog::Remember(const TransferAction& action, bool done, const IniText& before) {
+  const std::string& project = parts_.state.ProjectFile;
+  KeepLastTransfer(parts_.settings, parts_.store.files(), project,
+                   {.time_s = QDateTime::currentSecsSinceEpoch(),
+                    .loaded = action.loads,
+                    .end = not_taken_                    ? TransferEnd::kNotTaken
+                           : done                        ? TransferEnd::kDone
+                           : close_wanted_ || cancelled_ ? TransferEnd::kCancelled
+                                                         : TransferEnd::kFailed,
+                    .what = Words(action.text).remove(QLatin1Char('&')).toStdString()});
+  if (!done || action.carries != Carries::kAll) return;
+  const std::shared_ptr<const IniText> now =
+      parts_.store.Snapshot(action.loads ? transfer_->temporary()->path() : project);
+  if (!action.loads && SentPart(before) != SentPart(*now)) return;
+  if (now->bytes().empty()) return;
+  const Status kept = parts_.copies.Keep(transfer_->settings(), now->bytes());
+  if (!kept.ok()) log_.Line(kept.message());
+}
+
+/** A load, a call that is being dialled, and whatever waits without a limit can be given up. A send that talks
+ * to the exchange can't: it would leave half a configuration behind. */
+bool TransferDialog::MayGiveUp() const {
+  return running_->loads || events_.waits_for_ever() || transfer_->calling();
+}
+
+void TransferDialog::Leave() {
+  if (leaving_) return;
+  if (running_ != nullptr) {
+    if (!MayGiveUp()) return;
+    close_wanted_ = true;
+    transfer_->Abort();
+    return;
+  }
+  leaving_ = true;
+  for (QWidget* control : idle_controls_) control->setEnabled(false);
+  KeepFolder();
+  transfer_->Unload();
+  done(Accepted);
+}
+
+bool TransferDialog::Unload() {
+  if (running_ != nullptr) {
+    Advise("The program cannot end during a transfer. Exit again when it is over.");
+    return false;
+  }
+  for (QDialog* above : findChildren<QDialog*>()) above->reject();
+  Leave();
+  return !isVisible();
+}
+
+void TransferDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  Leave();
+}
+
+void TransferDialog::Log(std::string_view text) {
+  QTextCursor end(Text1_->document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(Letters(text));
+  QScrollBar* scroll = Text1_->verticalScrollBar();
+  scroll->setValue(scroll->maximum());
+}
+
+void TransferDialog::Progress(int value, int end) {
+  bar_->setRange(0, end);
+  bar_->setValue(value);
+}
+
+void TransferDialog::Elapsed(int seconds) {
+  constexpr int kMinute_s = 60;
+  lblTime_->setText(Words(std::to_string(seconds / kMinute_s) + ":" + Padded(seconds % kMinute_s, 2)));
+}
+
+void TransferDialog::Box(BoxKind kind, std::string_view text) {
+  ShowBox(this, kind == BoxKind::kCritical ? QMessageBox::Critical : QMessageBox::Information, Letters(text));
+}
+
+bool TransferDialog::Ask(std::string_view question) {
+  const bool replaces = question == kReplaceQuestion;
+  // Closing that one would throw away what was loaded.
+  if (!AskYesNo(this, Letters(question), {.must_be_answered = replaces})) return false;
+  if (replaces) parts_.keep(parts_.state.ProjectFile, kBeforeLoad);
+  return true;
+}
+
+bool TransferDialog::AskWithCompare(std::string_view question, bool& compare) {
+  return AskWithCompareBox(this, Letters(question), compare,
+                           [this](QWidget* box) { ShowWhatWillChange(parts_, transfer_->settings(), box); });
+}
+
+std::optional<std::string> TransferDialog::AskSaveName() {
+  const std::string name = dialogs_.ChooseNewFile(this, QStringLiteral("Save loaded config"));
+  not_taken_ = name.empty();
+  if (not_taken_) return std::nullopt;
+  parts_.keep(name, kBeforeLoad);  // the name of another project may be chosen
+  return name;
+}
+
+void TransferDialog::ShowPassword(PasswordForm& form) {
+  PasswordDialog dialog(
+      form, [this] { return transfer_->waits().aborted(); }, this);
+  dialog.exec();
+  cancelled_ = dialog.cancelled();
+}
+
+void TransferDialog::Advise(std::string_view text) {
+  advice_->setText(Letters(text));
+  advice_->show();
+}
+
+void TransferDialog::ShowPace(std::string_view text) {
+  pace_->setText(Words(text));
+  pace_->setVisible(!text.empty());
+}
+
+void TransferDialog::SetBusy(bool busy) {
+  if (busy) {
+    advice_->hide();
+    pace_->hide();
+  }
+  for (QWidget* control : idle_controls_) control->setEnabled(!busy);
+  if (busy) {
+    began_ = true;
+    bar_->reset();
+    Elapsed(0);
+    direction_->Start(running_ == nullptr || !running_->loads);
+    Text1_->setFocus();
+  } else {
+    direction_->Stop();
+    auto* pressed = running_ == nullptr ? nullptr : findChild<QPushButton*>(Words(running_->control));
+    if (pressed != nullptr && !close_wanted_) pressed->setFocus();
+  }
+}
+
+void TransferDialog::OpenSettings() {
+  if (running_ != nullptr || leaving_) return;
+  if (SettingDialog(parts_, this).exec() != Accepted) return;
+  // The line of the old settings says its last words before another takes its place.
+  leaving_ = true;
+  transfer_->Unload();
+  leaving_ = false;
+  OpenTransfer();
+}
+
+void TransferDialog::KeepFolder() {
+  if (txtFolder_ == nullptr) return;
+  const std::string folder = PathBytes(txtFolder_->text().trimmed());
+  const std::string& project = parts_.state.ProjectFile;
+  if (folder == parts_.store.GetIniValue(project, kHeaderSection, kLastBilling)) return;
+  if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
+    return Box(BoxKind::kCritical, problem);
+  }
+  const Status kept = parts_.store.SetIniValue(project, kHeaderSection, kLastBilling, folder);
+  if (!kept.ok()) Box(BoxKind::kCritical, kept.message());
+}
+
+void TransferDialog::Browse() {
+  const QString folder = QFileDialog::getExistingDirectory(
+      this, QStringLiteral("Folder of the billing files"), txtFolder_->text());
+  if (folder.isEmpty()) return;
+  txtFolder_->setText(folder);
+  KeepFolder();
+}
+
+/** With the first button focused the first nine presses may spell the word that turns the link's diagnostics
+ * on; any press that does not complete it turns them off. */
+void TransferDialog::WatchDebugWord(const QString& typed) {
+  if (typed.isEmpty()) return;
+  if (debug_word_.size() < kDebugPresses) debug_word_ += typed;
+  log_.set_debug(debug_word_ == Words(kDebugWord));
+  if (log_.debug()) setWindowTitle(windowTitle() + QStringLiteral(" - Layer 2 debug on"));
+}
+
+bool TransferDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && watched->objectName() == QStringLiteral("cmdWrite")) {
+    WatchDebugWord(static_cast<QKeyEvent*>(event)->text());
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace tarvok

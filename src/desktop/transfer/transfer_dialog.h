@@ -1,0 +1,104 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "desktop/transfer/direction_view.h"
+#include "desktop/transfer/transfer_kind.h"
+#include "desktop/transfer/watched_events.h"
+#include "desktop/window/desktop_parts.h"
+#include "desktop/window/file_dialogs.h"
+#include "sessions/session_view.h"
+#include "sessions/transfer.h"
+
+namespace tarvok {
+
+/**
+ * A transfer form: `frmConnect`, `frmMiniBarCon` or `frmBilling`. It holds the connection while it is open and
+ * lends its log window, bar and boxes to the session that runs.
+ *
+ * It never goes from within a session's own wait. While a send talks to the exchange closing it is ignored; in
+ * a load, and in the waits without a limit, closing gives the session up, which unwinds, and then the form
+ * goes.
+ */
+class TransferDialog : public QDialog, public SessionView, public Form {
+ public:
+  TransferDialog(DesktopParts& parts, const TransferKind& kind, const FormContext& context, QWidget* window);
+  ~TransferDialog() override;
+
+  std::string_view name() const override { return kind_.name; }
+  void Show() override { exec(); }
+  bool Save_File() override { return true; }
+  /** Refused during a session, with a line that says so; an idle form closes, along with a dialog open over it. */
+  bool Unload() override;
+
+  void Log(std::string_view text) override;
+  void Progress(int value, int end) override;
+  void Elapsed(int seconds) override;
+  void Box(BoxKind kind, std::string_view text) override;
+  bool Ask(std::string_view question) override;
+  bool AskWithCompare(std::string_view question, bool& compare) override;
+  std::optional<std::string> AskSaveName() override;
+  void ShowPassword(PasswordForm& form) override;
+  void SetBusy(bool busy) override;
+  void Advise(std::string_view text) override;
+  void ShowPace(std::string_view text) override;
+
+  void reject() override { Leave(); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QLayout* MakeHead();
+  QLayout* MakeButtons();
+  QLayout* MakeLogColumn();
+  QLayout* MakeFolder();
+  QPushButton* MakeButton(std::string_view control, std::string_view text, std::string_view tip);
+  void OpenTransfer();
+  void ShowSummary();
+  void Run(const TransferAction& action);
+  void Remember(const TransferAction& action, bool done, const IniText& before);
+  void Leave();
+  bool MayGiveUp() const;
+  void OpenSettings();
+  void Browse();
+  void KeepFolder();
+  void WatchDebugWord(const QString& typed);
+  QString Letters(std::string_view text) const;
+
+  DesktopParts& parts_;
+  const TransferKind& kind_;
+  WatchedEvents events_;
+  FileDialogs dialogs_;
+  SendLog log_;
+  std::unique_ptr<Transfer> transfer_;
+  const TransferAction* running_ = nullptr;
+  bool began_ = false;         // the session went on behind its first question
+  bool not_taken_ = false;     // what was loaded went nowhere, as the user said
+  bool cancelled_ = false;     // at the password
+  bool leaving_ = false;       // the last words to the exchange are being said
+  bool close_wanted_ = false;  // the session unwinds, then the form goes
+  QString debug_word_;
+
+  QLabel* summary_ = nullptr;
+  DirectionView* direction_ = nullptr;
+  QPlainTextEdit* Text1_ = nullptr;
+  QProgressBar* bar_ = nullptr;
+  QLabel* lblTime_ = nullptr;
+  QLabel* advice_ = nullptr;
+  QLabel* pace_ = nullptr;
+  QLineEdit* txtFolder_ = nullptr;
+  std::vector<QWidget*> idle_controls_;  // disabled while a session runs
+};
+
+}  // namespace tarvok

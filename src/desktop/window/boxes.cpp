@@ -1,0 +1,83 @@
+#include "desktop/window/boxes.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "desktop/look/shown_text.h"
+#include "frame/main_frame.h"
+
+namespace tarvok {
+namespace {
+
+class Question : public QMessageBox {
+ public:
+  Question(QWidget* parent, const QString& text, const YesNo& how)
+      : QMessageBox(QMessageBox::Question, Words(kBoxTitle), text, Yes | No, parent), how_(how) {
+    setTextFormat(Qt::PlainText);
+    setDefaultButton(how.enter);
+    setEscapeButton(No);
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (how_.must_be_answered && event->matches(QKeySequence::Cancel)) return event->accept();
+    QMessageBox::keyPressEvent(event);
+  }
+  void closeEvent(QCloseEvent* event) override {
+    how_.must_be_answered ? event->ignore() : QMessageBox::closeEvent(event);
+  }
+
+ private:
+  YesNo how_;
+};
+
+/** A button of the question that looks at something and leaves the question open. Any other button of a message
+ * box closes it. */
+void AddLook(Question& box, const QString& text, const QString& tip,
+             const std::function<void(QWidget* box)>& look) {
+  QPushButton* button = box.addButton(text, QMessageBox::HelpRole);
+  button->setObjectName(QStringLiteral("cmdChanges"));
+  button->setToolTip(tip);
+  QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
+  QObject::connect(button, &QPushButton::clicked, &box, [&box, look] { look(&box); });
+}
+
+}  // namespace
+
+void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
+  QMessageBox box(icon, Words(kBoxTitle), text, QMessageBox::Ok, parent);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how) {
+  return Question(parent, question, how).exec() == QMessageBox::Yes;
+}
+
+bool AskToOverwriteChanges(QWidget* parent, const QString& question,
+                           const std::function<void(QWidget* box)>& show_changes) {
+  Question box(parent, question, {.enter = QMessageBox::No});
+  AddLook(box, QStringLiteral("&What changed?"),
+          QStringLiteral("Compares the project as this form read it with what is in the file now"),
+          show_changes);
+  return box.exec() == QMessageBox::Yes;
+}
+
+bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
+                       const std::function<void(QWidget* box)>& show_changes) {
+  Question box(parent, question, {});
+  box.setObjectName(QStringLiteral("frmMsgBox"));
+  auto* check = new QCheckBox(QStringLiteral("Compare &Byte"), &box);
+  check->setToolTip(QStringLiteral("Reads every section back after sending it and compares the bytes"));
+  check->setChecked(compare);
+  box.setCheckBox(check);
+  AddLook(box, QStringLiteral("&What will change?"),
+          QStringLiteral("Compares the project with what the exchange got or gave last"), show_changes);
+  if (box.exec() != QMessageBox::Yes) return false;
+  compare = check->isChecked();
+  return true;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "desktop/overview/background_check.h"
+#include "frame/exchanged_copies.h"
+#include "io/code_page.h"
+#include "link/event_server.h"
+#include "link/port.h"
+#include "link/send_log.h"
+#include "store/history.h"
+#include "store/project_store.h"
+#include "store/settings_store.h"
+#include "store/shared_state.h"
+
+namespace tarvok {
+
+/** What a program lends to the window and its forms. */
+struct DesktopParts {
+  EventServer& events;
+  PortMaker& ports;
+  ProjectStore& store;
+  SettingsStore& settings;
+  SharedState& state;
+  std::string system_file;
+  std::string temp_folder;                  // where a load makes a private folder for its project
+  std::function<SendLog::Sink()> open_log;  // starts the log anew; no sink where that can't be
+  History& history;
+  ExchangedCopies& copies;
+  KeepProject keep;              // before whatever replaces or saves a project
+  std::string practice_program;  // path of the practice exchange
+  std::string practice_folder;   // what it holds
+  BackgroundCheck check = {};
+};
+
+/** The window's own per-user settings, each named once. */
+namespace desktop_key {
+inline constexpr std::string_view kGroup = kCodePageGroup;
+inline constexpr std::string_view kGeometry = "Geometry";
+inline constexpr std::string_view kSplitter = "Splitter";
+inline constexpr std::string_view kLastFolder = "LastFolder";
+inline constexpr std::string_view kCodePage = kCodePageKey;
+inline constexpr std::string_view kColours = "Colours";
+}  // namespace desktop_key
+
+/** The page in which this user's projects are written. */
+inline const CodePage& PageOf(SettingsStore& settings) {
+  return CodePage::Of(settings);
+}
+
+}  // namespace tarvok

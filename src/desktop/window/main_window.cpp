@@ -1,0 +1,192 @@
+#include "desktop/window/main_window.h"
+
+#include <chrono>
+#include <utility>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QTimer>
+
+#include "desktop/look/shown_text.h"
+#include "desktop/overview/last_transfer.h"
+#include "desktop/window/boxes.h"
+#include "desktop/window/help.h"
+#include "store/new_project.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::chrono::milliseconds kBehindThePaint{100};
+
+}  // namespace
+
+MainWindow::MainWindow(DesktopParts& parts) : parts_(parts), dialogs_(parts.settings), practice_(parts) {
+  setObjectName(QStringLiteral("MDIForm1"));
+  MakeActions();
+  MakeMenus();
+  MakeViewMenu();
+  MakeToolBar();
+  MakePanes();
+  MakeStatusBar();
+  RestoreLayout();
+}
+
+void MainWindow::Show(const FrameLook& look) {
+  // Qt reads "[*]" as a place for its own mark of changes.
+  setWindowTitle(PathText(look.title).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+  new_->setEnabled(look.can_open);
+  open_->setEnabled(look.can_open);
+  close_->setEnabled(look.can_close);
+  versions_->setEnabled(look.has_commands);
+  find_action_->setEnabled(look.has_commands);
+  letters_->setEnabled(!look.has_editor);
+  // An open form has read its texts with the letters of before.
+  const QString why =
+      look.has_editor ? QStringLiteral("Close the open form to change the letters") : QString();
+  letters_->setToolTip(why);
+  letters_->setStatusTip(why);
+  if (find_ != nullptr && !look.has_commands) find_->hide();
+  tree_->ShowCommands(look.has_commands,
+                      [this](const Command& command) { return frame_->IsOffered(command); });
+  if (!look.has_commands) {
+    pane_->setCurrentWidget(start_);
+  } else if (!look.has_editor) {
+    if (overview_ == nullptr) MakeOverview();
+    overview_->ShowProject();
+    pane_->setCurrentWidget(overview_);
+  }
+  if (pane_->currentWidget() != closed_) DropClosed();
+}
+
+void MainWindow::ShowRecentFiles(const std::vector<std::string>& paths) {
+  dash3_->setVisible(!paths.empty());
+  for (std::size_t i = 0; i < recent_.size(); ++i) {
+    recent_[i]->setVisible(i < paths.size());
+    if (i >= paths.size()) continue;
+    const QString path = PathText(paths[i]);
+    recent_[i]->setText(QString(path).replace(QLatin1Char('&'), QStringLiteral("&&")));
+  }
+  start_->ShowRecentFiles(paths);
+}
+
+void MainWindow::SetBusyPointer(bool busy) {
+  if (std::exchange(busy_, busy) == busy) return;
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void MainWindow::CriticalBox(std::string_view text) {
+  ShowBox(this, QMessageBox::Critical, MessageText(text, PageOf(parts_.settings)));
+}
+
+bool MainWindow::Ask(std::string_view question) {
+  if (!AskYesNo(this, MessageText(question, PageOf(parts_.settings)))) return false;
+  if (question == kFileExists) parts_.keep(new_file_, kBeforeNew);
+  return true;
+}
+
+std::string MainWindow::ChooseNewFile() {
+  return new_file_ = WithProjectExtension(dialogs_.ChooseNewFile(this, QStringLiteral("New")));
+}
+
+void MainWindow::New() {
+  const bool was_open = !parts_.state.ProjectFile.empty();
+  frame_->New();
+  if (was_open || parts_.state.ProjectFile.empty()) return;
+  // Another project may have had that name.
+  ForgetLastTransfer(parts_.settings, parts_.store.files(), parts_.state.ProjectFile);
+  overview_->ShowProject();
+}
+
+std::string MainWindow::ChooseExistingFile() {
+  return dialogs_.ChooseExistingFile(this, QStringLiteral("Open"));
+}
+
+void MainWindow::EndProgram() {
+  ending_ = true;
+  close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!ending_ && !frame_->MayEnd()) {
+    event->ignore();
+    return;
+  }
+  KeepLayout();
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // Another program may have written the project meanwhile.
+  const bool back = event->type() == QEvent::ActivationChange && isActiveWindow();
+  if (back && overview_ != nullptr && pane_->currentWidget() == overview_) overview_->ShowProject();
+}
+
+void MainWindow::ShowInPane(QWidget* widget) {
+  pane_->addWidget(widget);
+  pane_->setCurrentWidget(widget);
+  tree_->SetCurrent(parts_.state.ClickedNode);  // a jump opens it without a click there
+  widget->setFocus(Qt::OtherFocusReason);
+  DropClosed();
+}
+
+void MainWindow::RemoveFromPane(QWidget* widget) {
+  DropClosed();
+  closed_ = widget;
+  if (widget->isAncestorOf(QApplication::focusWidget())) FocusTree();
+}
+
+void MainWindow::DropClosed() {
+  if (closed_ == nullptr) return;
+  // Inside the window its place would be painted once more when it dies.
+  closed_->setParent(&dying_);
+  QTimer::singleShot(kBehindThePaint, closed_.data(), &QObject::deleteLater);
+  closed_.clear();
+}
+
+void MainWindow::Help() {
+  ShowHelp(this, parts_.state.ActiveFormName);
+}
+
+void MainWindow::SwitchSides() {
+  if (tree_->hasFocus()) {
+    pane_->currentWidget()->setFocus(Qt::ShortcutFocusReason);
+    if (!pane_->isAncestorOf(QApplication::focusWidget()) ||
+        QApplication::focusWidget() == pane_->currentWidget()) {
+      pane_->currentWidget()->nextInFocusChain()->setFocus(Qt::TabFocusReason);
+    }
+  } else {
+    FocusTree();
+  }
+}
+
+void MainWindow::OpenTransfer() {
+  for (std::size_t i = 0; i < kCommands.size(); ++i) {
+    if (kCommands[i].key == "connect") frame_->ClickNode(static_cast<int>(i) + kFirstCommandNode);
+  }
+}
+
+void MainWindow::RestoreLayout() {
+  constexpr int kTreeWidth = 240;
+  const auto kept = [&](std::string_view key) {
+    return QByteArray::fromBase64(QByteArray::fromStdString(parts_.settings.Get(desktop_key::kGroup, key)));
+  };
+  if (!restoreGeometry(kept(desktop_key::kGeometry))) resize(1240, 800);
+  if (!splitter_->restoreState(kept(desktop_key::kSplitter)))
+    splitter_->setSizes({kTreeWidth, width() - kTreeWidth});
+}
+
+void MainWindow::KeepLayout() {
+  const auto keep = [&](std::string_view key, const QByteArray& bytes) {
+    parts_.settings.Set(desktop_key::kGroup, key, bytes.toBase64().toStdString());
+  };
+  keep(desktop_key::kGeometry, saveGeometry());
+  keep(desktop_key::kSplitter, splitter_->saveState());
+}
+
+}  // namespace tarvok

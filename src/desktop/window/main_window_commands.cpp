@@ -1,0 +1,112 @@
+// What the main window does around the frame's own commands: going to a place, earlier versions, practice.
+
+#include "desktop/look/shown_text.h"
+#include "desktop/window/boxes.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/versions_dialog.h"
+#include "project/places.h"
+#include "store/connection_settings.h"
+#include "store/header_keys.h"
+#include "store/project_there.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kByLan = "4";
+constexpr std::string_view kDirect = "0";
+constexpr std::string_view kBeforePractice = "Before it was connected to the practice exchange";
+
+}  // namespace
+
+bool MainWindow::IsOffered(const Place& place) const {
+  const Command* command = CommandOf(place);
+  return command != nullptr && frame_->IsOffered(*command);
+}
+
+bool MainWindow::GoTo(const Place& place) {
+  const Command* command = CommandOf(place);
+  if (command == nullptr || !frame_->GoTo(command->key, place)) return false;
+  activateWindow();
+  return true;
+}
+
+void MainWindow::Find() {
+  if (find_ == nullptr) {
+    find_ = new FindDialog(parts_,
+                           {.is_offered = [this](const Place& place) { return IsOffered(place); },
+                            .go = [this](const Place& place) { return GoTo(place); }},
+                           this);
+  }
+  find_->Ask();
+}
+
+void MainWindow::EarlierVersions() {
+  // An open form would write its older rows over what is brought back: it is saved and closed first.
+  if (!parts_.state.ActiveFormName.empty() &&
+      !frame_->CloseActiveForm(std::string(parts_.state.ActiveFormName))) {
+    return;
+  }
+  if (VersionsDialog(parts_, this).exec() == QDialog::Accepted) overview_->ShowProject();
+}
+
+void MainWindow::ShowPractice() {
+  using State = PracticeProcess::State;
+  switch (practice_.state()) {
+    case State::kOff:
+      start_->ShowPractice(practice_.problem(), true);
+      break;
+    case State::kStarting:
+      start_->ShowPractice(QStringLiteral("The practice exchange is starting..."), false);
+      break;
+    case State::kReady:
+      start_->ShowPractice(
+          QStringLiteral(
+              "A practice exchange runs until this program ends. It listens on %1, port %2, and takes "
+              "every password. Open a project and press Use Practice Exchange, and it connects there.")
+              .arg(QString::fromLatin1(PracticeProcess::kHost))
+              .arg(practice_.port()),
+          false);
+      break;
+  }
+  if (!wants_practice_ || practice_.state() == State::kStarting) return;
+  wants_practice_ = false;
+  if (practice_.state() == State::kReady) {
+    ConnectToPractice();
+  } else if (!practice_.problem().isEmpty()) {
+    ShowBox(this, QMessageBox::Critical, practice_.problem());
+  }
+}
+
+void MainWindow::UsePractice() {
+  if (!AskYesNo(this, QStringLiteral(
+                          "Do you want this project to connect to a practice exchange on this computer?\n"
+                          "Its own connection settings are replaced."))) {
+    return;
+  }
+  if (practice_.state() == PracticeProcess::State::kReady) {
+    ConnectToPractice();
+    return;
+  }
+  wants_practice_ = true;
+  practice_.Start();
+}
+
+void MainWindow::ConnectToPractice() {
+  const std::string& project = parts_.state.ProjectFile;
+  if (project.empty()) return;
+  if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
+    return ShowBox(this, QMessageBox::Critical, MessageText(problem, PageOf(parts_.settings)));
+  }
+  parts_.keep(project, kBeforePractice);
+  const Status written = parts_.store.Update(project, [&](IniEdit& edit) {
+    edit.Set(kHeaderSection, connection_key::kBy, kByLan);
+    edit.Set(kHeaderSection, connection_key::kDcpu, kDirect);
+    edit.Set(kHeaderSection, connection_key::kIpHost, PracticeProcess::kHost);
+    edit.Set(kHeaderSection, connection_key::kIpPort, std::to_string(practice_.port()));
+  });
+  if (!written.ok())
+    ShowBox(this, QMessageBox::Critical, MessageText(written.message(), PageOf(parts_.settings)));
+  overview_->ShowProject();
+}
+
+}  // namespace tarvok

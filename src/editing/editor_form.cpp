@@ -1,0 +1,107 @@
+#include "editing/editor_form.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "store/project_there.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kChangedByOthers =
+    "The project was changed by another program.\nYes overwrites what the other program wrote to this "
+    "table.\nDo you still want to save?";
+
+}  // namespace
+
+EditorForm::EditorForm(EditorContext context, FormName name)
+    : context_(std::move(context)),
+      name_(name),
+      ok_(AddButton("cmdOK", "S&ave", [this] { cmdOK(); })),
+      cancel_(AddButton("cmdCancel", "&Cancel", [this] { cmdCancel(); })) {}
+
+void EditorForm::Open() {
+  const bool loading = std::exchange(context_.state.FormLoading, true);
+  const std::shared_ptr<const IniText> project = context_.store.Snapshot(project_file());
+  loaded_ = project;  // a form that writes while it loads puts a newer one in its place
+  Load(*project);
+  context_.state.FormLoading = loading;
+}
+
+void EditorForm::MarkChanged() {
+  if (!context_.state.FormLoading) context_.state.DataChanged = true;
+}
+
+Layout EditorForm::OkAndCancel() {
+  return layout::Row({layout::Stretch(), layout::Of(ok_), layout::Of(cancel_)});
+}
+
+bool EditorForm::Save_File() {
+  save_refused_ = !Save();
+  return !save_refused_;
+}
+
+bool EditorForm::Save() {
+  if (table() != nullptr) table()->LeaveCell();
+  if (!project_file().empty() && !ProjectIsThere()) return false;
+  if (!MaySave()) return false;
+  BeforeWrite();
+  if (project_file().empty()) {
+    context_.questions.Box(kErrorFileName, true);
+    if (EndsWithoutProject() && context_.end_program) context_.end_program();
+    return false;
+  }
+  if (!OthersLeftItAlone() || !FitsTheReader(*context_.store.Snapshot(project_file()))) return false;
+  if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
+  const Status written = context_.store.Update(project_file(), [this](IniEdit& project) {
+    if (IsProject(project.base())) Write(project);  // it may have gone behind the questions
+  });
+  if (!written.ok()) {
+    context_.questions.Box(written.message(), true);
+    return false;
+  }
+  if (!ProjectIsThere()) return false;
+  loaded_ = context_.store.Snapshot(project_file());
+  Saved();
+  return true;
+}
+
+bool EditorForm::ProjectIsThere() {
+  const std::string problem = WhyNoProject(context_.store, project_file());
+  if (!problem.empty()) context_.questions.Box(problem, true);
+  return problem.empty();
+}
+
+bool EditorForm::OthersLeftItAlone() {
+  const std::shared_ptr<const IniText> now = context_.store.Snapshot(project_file());
+  return now == loaded_ || now->bytes() == loaded_->bytes() ||
+         context_.questions.AskToOverwrite(kChangedByOthers, *loaded_);
+}
+
+/** A value that its reader would cut is not written: a box names it. */
+bool EditorForm::FitsTheReader(const IniText& now) {
+  IniEdit trial(now);
+  Write(trial);
+  const std::vector<std::string> too_long = trial.TooLong();
+  if (too_long.empty()) return true;
+  context_.questions.Box(too_long.front() + " and can't be saved.", true);
+  return false;
+}
+
+void EditorForm::cmdOK() {
+  if (context_.state.DataChanged && !Save_File()) return;
+  Close();
+}
+
+void EditorForm::cmdCancel() {
+  if (context_.state.DataChanged && context_.questions.Ask(kDataWasChanged) && !Save_File()) return;
+  Close();
+}
+
+void EditorForm::Close() {
+  closed_ = true;
+  if (on_closed) on_closed();
+}
+
+}  // namespace tarvok

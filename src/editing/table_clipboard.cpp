@@ -1,0 +1,115 @@
+// The selection as text: copy, paste, fill down.
+
+#include <algorithm>
+
+#include "editing/table_editor.h"
+
+namespace tarvok {
+namespace {
+
+std::vector<std::string> Split(std::string_view text, char by) {
+  std::vector<std::string> pieces;
+  for (;;) {
+    const std::size_t end = text.find(by);
+    pieces.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return pieces;
+    text.remove_prefix(end + 1);
+  }
+}
+
+/** What ends a cell of a copied text; a file may hold one inside of a value. */
+bool IsBreak(char c) {
+  return c == '\t' || c == '\n' || c == '\r';
+}
+
+/** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. */
+std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
+  std::string plain;
+  for (const char c : text) {
+    if (c != '\r' && c != '\0') plain += c;
+  }
+  if (!plain.empty() && plain.back() == '\n') plain.pop_back();
+  std::vector<std::vector<std::string>> rows;
+  for (const std::string& line : Split(plain, '\n')) rows.push_back(Split(line, '\t'));
+  return rows;
+}
+
+}  // namespace
+
+std::string TableEditor::Copy() const {
+  std::string text;
+  bool first = true;
+  const Selection selected = selection();
+  for (const int row : RowsInSight(selected.top, selected.bottom)) {
+    if (!first) text += "\r\n";
+    first = false;
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (column > selected.left) text += '\t';
+      for (const char c : Cell(row, column)) text += IsBreak(c) ? ' ' : c;
+    }
+  }
+  return text;
+}
+
+void TableEditor::ClearCell() {
+  if (rows() > 0 && !HasCurrent()) return;
+  Begin();
+  const Selection selected = selection();
+  for (const int row : RowsInSight(selected.top, selected.bottom)) {
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (this->column(column).entry != Entry::kReadOnly) EraseCell(row, column);
+    }
+  }
+  End();
+  Changed();
+}
+
+std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::string>>& block,
+                                           Selection where, bool fill) {
+  std::vector<Refusal> refused;
+  Begin();
+  std::size_t next = 0;
+  for (const int row : RowsInSight(where.top, fill ? where.bottom : rows())) {
+    if (next == block.size()) break;
+    const auto& line = block[fill ? 0 : next++];
+    const bool one = line.size() == 1 && fill;
+    for (int column = where.left; column <= std::min(where.right, columns()); ++column) {
+      const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
+      if (piece >= line.size() || this->column(column).entry == Entry::kReadOnly) continue;
+      std::string text = line[piece];
+      if (this->column(column).rule.in_list && text != Cell(row, column)) std::erase(text, '|');
+      std::string why;
+      if (const std::optional<std::string> fitting = Fitting(row, column, text, why)) {
+        Change(row, column, *fitting);
+      } else {
+        refused.push_back({row, column, text, why});
+      }
+    }
+  }
+  End();
+  Changed();
+  return refused;
+}
+
+std::vector<Refusal> TableEditor::Paste(std::string_view text) {
+  if (text.empty() || !HasCurrent()) return {};
+  const auto block = CellsOf(text);
+  Selection where = selection();
+  if (block.size() == 1 && block[0].size() == 1) return PutBlock(block, where, true);
+  std::size_t widest = 0;
+  for (const auto& line : block) widest = std::max(widest, line.size());
+  where.right = where.left + static_cast<int>(widest) - 1;
+  return PutBlock(block, where, false);
+}
+
+std::vector<Refusal> TableEditor::FillDown() {
+  Selection where = selection();
+  const std::vector<int> rows = RowsInSight(where.top, where.bottom);
+  if (rows.size() < 2) return {};
+  std::vector<std::string> line;
+  for (int column = where.left; column <= where.right; ++column) line.push_back(Cell(rows.front(), column));
+  where.top = rows.front() + 1;
+  return PutBlock({line}, where, true);
+}
+
+}  // namespace tarvok

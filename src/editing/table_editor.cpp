@@ -1,0 +1,264 @@
+#include "editing/table_editor.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kNotInList = "is not in the list";
+constexpr std::string_view kReadOnly = "can't be changed here";
+/** The other end; the place itself where it is neither. */
+int Across(int at, int first, int last) {
+  return at == first ? last : at == last ? first : at;
+}
+
+constexpr std::string_view kReserved = "cannot stand alone: it means that nothing is set";
+
+}  // namespace
+
+void TableEditor::Clear() {
+  rows_.clear();
+  undo_.Clear();
+  open_.reset();
+  MoveTo(1, 1);
+}
+
+void TableEditor::Load(TableRow row) {
+  row.cells.resize(options_.columns.size());
+  row.in_sight = true;
+  rows_.push_back(std::move(row));
+}
+
+void TableEditor::Renumber() {
+  undo_.Clear();  // an older step would bring older numbers back
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i].origin = static_cast<int>(i) + 1;
+}
+
+const std::string& TableEditor::Cell(int row, int column) const {
+  static const std::string kNothing;
+  if (row < 1 || row > rows() || column < 1 || column > columns()) return kNothing;
+  return rows_[static_cast<std::size_t>(row) - 1].cells[static_cast<std::size_t>(column) - 1];
+}
+
+const std::string& TableEditor::Unseen(int row, int column) const {
+  static const std::string kNothing;
+  return row < 1 || row > rows() || column < 1 ? kNothing
+                                               : this->row(row).Unseen(static_cast<std::size_t>(column) - 1);
+}
+
+std::vector<std::string> TableEditor::ListOf(int row, int column) const {
+  const Column& stated = this->column(column);
+  return stated.list_of ? stated.list_of(row) : stated.list;
+}
+
+Entry TableEditor::EntryOf(int row, int column) const {
+  const Column& stated = this->column(column);
+  return stated.entry_of ? stated.entry_of(row) : stated.entry;
+}
+
+bool TableEditor::GoTo(int row, int column) {
+  if (row < 1 || row > rows() || column < 1 || column > columns()) return false;
+  LeaveCell();
+  MoveTo(row, column);
+  return true;
+}
+
+void TableEditor::SelectTo(int row, int column) {
+  LeaveCell();
+  row_ = std::clamp(row, 1, std::max(rows(), 1));
+  column_ = std::clamp(column, 1, columns());
+  selected_ = {std::min(row_, anchor_row_), std::min(column_, anchor_column_), std::max(row_, anchor_row_),
+               std::max(column_, anchor_column_)};
+}
+
+void TableEditor::Select(const Selection& cells, int row, int column) {
+  LeaveCell();
+  row_ = row;
+  column_ = column;
+  selected_ = cells;
+  const bool at_corner = (anchor_row_ == cells.top || anchor_row_ == cells.bottom) &&
+                         (anchor_column_ == cells.left || anchor_column_ == cells.right);
+  if (at_corner) return;
+  anchor_row_ = Across(row, cells.top, cells.bottom);
+  anchor_column_ = Across(column, cells.left, cells.right);
+}
+
+void TableEditor::LeaveCell() {
+  DropReserved();
+  open_.reset();
+  undo_.Part();
+}
+
+/** A text that is not taken as a whole was typed into the current cell: its keys count as dropped. */
+void TableEditor::DropReserved() {
+  const UndoStep* step = undo_.Joined();
+  if (step == nullptr || step->rows_before || row_ > rows()) return;
+  const std::string_view reserved = column(column_).rule.reserved;
+  if (reserved.empty() || Cell(row_, column_) != reserved) return;
+  for (const UndoStep::Cell& change : step->cells) {
+    if (change.row == row_ && change.column == column_) return Change(row_, column_, {});
+  }
+}
+
+std::string TableEditor::OpenText() const {
+  return open_ ? open_->text : std::string();
+}
+
+void TableEditor::Open() {
+  if (!HasCurrent() || EntryOf(row_, column_) == Entry::kReadOnly || open_) return;
+  open_ = OpenField{.text = Cell(row_, column_), .before = row(row_)};
+}
+
+bool TableEditor::Pick(std::string_view entry) {
+  if (!HasCurrent()) return false;
+  const Entry kind = EntryOf(row_, column_);
+  if (kind != Entry::kList && kind != Entry::kEditList) return false;
+  const std::vector<std::string> list = ListOf(row_, column_);
+  if (!entry.empty() && std::find(list.begin(), list.end(), entry) == list.end()) return false;
+  Write(entry);
+  LeaveCell();
+  return true;
+}
+
+bool TableEditor::EditText(std::string_view text) {
+  std::string why;
+  const std::optional<std::string> fitting = Fitting(row_, column_, text, why);
+  if (fitting) Write(*fitting);
+  return fitting.has_value();
+}
+
+void TableEditor::SetCell(int row, int column, std::string_view text) {
+  Change(row, column, text);
+}
+
+void TableEditor::EraseCell(int row, int column) {
+  const std::string before = Cell(row, column);
+  if (!Put(row, column, {}) || before.empty()) return;
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
+}
+
+void TableEditor::SetHidden(int row, std::vector<std::string> hidden) {
+  rows_[static_cast<std::size_t>(row) - 1].hidden = std::move(hidden);
+}
+
+void TableEditor::Begin() {
+  DropReserved();
+  open_.reset();
+  undo_.Begin();
+}
+
+void TableEditor::End() {
+  UndoStep* step = undo_.Joined();
+  if (step != nullptr && step->rows_before) step->rows_after = rows_;
+  undo_.End();
+}
+
+/** Puts a text that a person gave into the current cell, which then holds nothing else. */
+void TableEditor::Write(std::string_view text) {
+  if (open_) {
+    open_->text = text;
+    open_->touched = true;
+  }
+  if (open_ && text == open_->before.cells[static_cast<std::size_t>(column_) - 1]) {
+    PutBack(open_->before);
+  } else {
+    Change(row_, column_, text);
+  }
+  Put(row_, column_, {std::string(text)});
+  Changed();
+}
+
+void TableEditor::Change(int row, int column, std::string_view text) {
+  const std::string before = Cell(row, column);
+  if (before == text) return;
+  Put(row, column, {std::string(text)});
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
+}
+
+/** The current row as it was; the rules that answer a change have no say in that. */
+void TableEditor::PutBack(const TableRow& before) {
+  for (int column = 1; column <= columns(); ++column) {
+    const auto index = static_cast<std::size_t>(column) - 1;
+    Put(row_, column, {before.cells[index], before.Unseen(index)});
+  }
+}
+
+/** Changes a cell as part of the running step; false if it is no change. */
+bool TableEditor::Put(int row, int column, CellState state) {
+  const CellState before{Cell(row, column), Unseen(row, column)};
+  if (before == state) return false;
+  UndoStep& step = undo_.Now(row_, column_);
+  const auto found = std::find_if(step.cells.begin(), step.cells.end(), [&](const UndoStep::Cell& change) {
+    return change.row == row && change.column == column;
+  });
+  SetState(rows_[static_cast<std::size_t>(row) - 1], column, state);
+  if (found != step.cells.end()) {
+    found->after = std::move(state);
+  } else {
+    step.cells.push_back({row, column, before, std::move(state)});
+  }
+  return true;
+}
+
+void TableEditor::Restore(const UndoStep& step, bool after) {
+  open_.reset();
+  if (step.rows_before) {
+    rows_ = after ? step.rows_after : *step.rows_before;
+  } else {
+    for (const UndoStep::Cell& change : step.cells) {
+      SetState(rows_[static_cast<std::size_t>(change.row) - 1], change.column,
+               after ? change.after : change.before);
+    }
+  }
+  MoveTo(std::clamp(step.row, 1, std::max(rows(), 1)), step.column);
+  // What is undone has to be seen.
+  if (!rows_.empty()) rows_[static_cast<std::size_t>(row_) - 1].in_sight = true;
+}
+
+void TableEditor::Undo() {
+  if (!CanUndo()) return;
+  Restore(undo_.Undo(), false);
+  Changed();
+}
+
+void TableEditor::Redo() {
+  if (!CanRedo()) return;
+  Restore(undo_.Redo(), true);
+  Changed();
+}
+
+void TableEditor::TakeBack(std::size_t steps) {
+  while (undo_.Count() > steps) Restore(undo_.Undo(), false);
+  undo_.Forget();
+}
+
+std::optional<std::string> TableEditor::Fitting(int row, int column, std::string_view text,
+                                                std::string& why) const {
+  if (text == Cell(row, column)) return std::string(text);  // a load may bring what nobody could type
+  const Column& stated = this->column(column);
+  const Entry kind = EntryOf(row, column);
+  if (kind == Entry::kReadOnly) {
+    why = kReadOnly;
+    return std::nullopt;
+  }
+  if (text.empty()) return std::string();
+  if (kind != Entry::kText) {
+    const std::vector<std::string> list = ListOf(row, column);
+    if (std::find(list.begin(), list.end(), text) != list.end()) return std::string(text);
+    why = kNotInList;
+    if (kind == Entry::kList) return std::nullopt;
+  }
+  std::string broken;
+  std::optional<std::string> typed = TypeWhole(stated.rule, text, &broken);
+  if (typed && *typed == stated.rule.reserved) {
+    broken = kReserved;
+    typed.reset();
+  }
+  if (!typed) why = why.empty() ? broken : why + ", and " + broken;
+  return typed;
+}
+
+}  // namespace tarvok

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "editing/repeat_list.h"
+#include "editors/field_columns.h"
+
+namespace tarvok {
+
+/** `frmAccount`: account codes with their passwords and what they allow. */
+class frmAccount : public FieldTableForm {
+ public:
+  frmAccount(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  bool MaySave() override;
+
+ private:
+  static std::vector<FieldColumn> Columns(frmAccount* form);
+  bool CheckAccounts();
+
+  RepeatList repeats_;
+  RowNames numbers_;
+  std::vector<std::string> offered_;  // the numbers that stand on a port, in the order of the ports
+};
+
+}  // namespace tarvok

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "editors/field_columns.h"
+
+namespace tarvok {
+
+/** `frmBoss`: pairs of a boss and a secretary. The project holds their ports; people know them by number. A
+ * number that stands on no port is none. */
+class frmBoss : public FieldTableForm {
+ public:
+  frmBoss(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override { numbers_ = PortNumbers(project); }
+
+ private:
+  static std::vector<FieldColumn> Columns(frmBoss* form);
+
+  RowNames numbers_;
+};
+
+}  // namespace tarvok

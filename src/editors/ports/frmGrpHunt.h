@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "editing/editor_form.h"
+#include "sections/ports/hunt_group.h"
+#include "sections/row_fields.h"
+
+namespace tarvok {
+
+/** `frmGrpHunt`: the members of the hunt groups, in their order, and the numbers that may be added. */
+class frmGrpHunt : public EditorForm {
+ public:
+  frmGrpHunt(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+  void Saved() override { context().state.DataChanged = false; }
+
+ private:
+  void ShowGroup();
+  void AddMembers();
+  void DeleteMembers();
+
+  Control& groups_;
+  Control& numbers_;
+  std::array<Control*, kHuntGroups> lists_{};
+  std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
+  std::array<std::vector<std::string>, kHuntGroups> members_;  // as they are written, in list order
+  int total_ = 0;
+};
+
+}  // namespace tarvok

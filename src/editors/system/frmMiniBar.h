@@ -1,0 +1,17 @@
+#pragma once
+
+#include "editors/field_columns.h"
+
+namespace tarvok {
+
+/** `frmMiniBar`: 512 items by the number under which a guest's use is noted. Its rows end in a pipe. */
+class frmMiniBar : public FieldTableForm {
+ public:
+  frmMiniBar(const EditorContext& context, const FormName& name);
+
+ protected:
+  std::string RowText(int row) const override { return FieldTableForm::RowText(row) + "|"; }
+  bool IsRemoved(std::string_view value) const override;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "editing/editor_form.h"
+#include "sections/field.h"
+#include "store/field_list.h"
+#include "store/number_text.h"
+
+namespace tarvok {
+
+/** A field's name as a label in front of its control. */
+inline std::string LabelOf(const Table& table, int field) {
+  return std::string(table.fields[static_cast<std::size_t>(field) - 1].name) + " :";
+}
+
+/** Digits of any number. */
+inline EntryRule AnyDigits() {
+  return DigitsRule(0);
+}
+
+/** What is typed into a box, or the highest value that its field takes. Places behind the point count. */
+inline std::string AtMost(std::string_view typed, int highest) {
+  constexpr std::int64_t kHundred = 100;
+  return ValHundredths(typed) >= highest * kHundred ? std::to_string(highest) : std::string(typed);
+}
+
+/** "1" for a box that is set. */
+inline std::string_view FlagText(const Control& box) {
+  return box.on ? "1" : "0";
+}
+
+}  // namespace tarvok

@@ -1,0 +1,47 @@
+#include "frame/exchanged_copies.h"
+
+#include "store/history_names.h"
+#include "store/new_project.h"
+#include "store/whole_write.h"
+
+namespace tarvok {
+namespace {
+
+constexpr int kSerial = 1;
+constexpr int kModem = 2;
+
+/** The way to an exchange without what may change on it, such as the speed. */
+std::string WayTo(const ConnectionSettings& connection) {
+  std::string way;
+  if (connection.by == kSerial) {
+    way = "com" + std::to_string(connection.port);
+  } else if (connection.by == kModem) {
+    way = "tel " + connection.tel;
+  } else {
+    way = connection.ip_host + " " + connection.ip_port;
+  }
+  if (!connection.direct()) {
+    way += " pbx" + std::to_string(connection.pbx_id) + " card" + std::to_string(connection.card_id);
+  }
+  return way;
+}
+
+}  // namespace
+
+std::string ExchangedCopies::PathOf(const ConnectionSettings& connection) const {
+  const std::string way = WayTo(connection);
+  return InFolder(folder_, NameWithHash(way, way) + ".tvk");
+}
+
+Status ExchangedCopies::Keep(const ConnectionSettings& connection, std::string_view project) {
+  if (!make_folder_(folder_)) return {ErrorKind::kInputOutput, folder_ + ": the folder can't be made"};
+  const std::string path = PathOf(connection);
+  const Result<std::unique_ptr<FileLock>> lock = files_.Lock(path);
+  return lock.ok() ? WriteWhole(files_, path, project) : lock.status();
+}
+
+Result<std::string> ExchangedCopies::Find(const ConnectionSettings& connection) {
+  return files_.Read(PathOf(connection));
+}
+
+}  // namespace tarvok

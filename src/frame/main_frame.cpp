@@ -1,0 +1,248 @@
+#include "frame/main_frame.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "store/header_keys.h"
+#include "store/new_project.h"
+#include "store/number_text.h"
+#include "store/project_there.h"
+
+namespace tarvok {
+
+/** Held while a command runs: boxes and modal forms serve events, and with them the next click. */
+class MainFrame::Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag), first_(!std::exchange(flag, true)) {}
+  ~Running() {
+    if (first_) flag_ = false;
+  }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  bool first() const { return first_; }
+
+ private:
+  bool& flag_;
+  bool first_;
+};
+
+std::string WithProjectExtension(const std::string& path) {
+  if (path.empty() || std::filesystem::path(path).has_extension()) return path;
+  return path + std::string(kProjectExtension);
+}
+
+MainFrame::~MainFrame() = default;
+
+void MainFrame::Start(bool another_instance) {
+  if (another_instance) parts_.view.CriticalBox(kAlreadyLoaded);
+  parts_.state.InitGlobals();
+  ShowLook();
+  parts_.recent.LoadRecentFiles();
+  parts_.view.ShowRecentFiles(parts_.recent.ShowRecentFiles());
+}
+
+void MainFrame::New() {
+  const Running running(running_);
+  if (!running.first() || !parts_.state.ProjectFile.empty()) return;
+  const std::string path = WithProjectExtension(parts_.view.ChooseNewFile());
+  if (path.empty()) return;
+  if (parts_.store.files().Identify(path).exists && !parts_.view.Ask(kFileExists)) return;
+  parts_.state.ProjectFile = path;
+  const Status made = NewDefault(parts_.store, parts_.system_file, path);
+  if (!made.ok()) {
+    parts_.state.ProjectFile.clear();
+    parts_.view.CriticalBox(made.message());
+    return;
+  }
+  if (!OpenProject(path)) parts_.state.ProjectFile.clear();
+}
+
+void MainFrame::Open() {
+  const Running running(running_);
+  if (!running.first() || !parts_.state.ProjectFile.empty()) return;
+  const std::string path = parts_.view.ChooseExistingFile();
+  if (!path.empty()) OpenProject(path);
+}
+
+void MainFrame::OpenRecent(int k) {
+  const std::vector<std::string> paths = parts_.recent.ShowRecentFiles();
+  if (running_ || k < 1 || k > static_cast<int>(paths.size())) return;
+  const std::string& path = paths[static_cast<std::size_t>(k) - 1];
+  if (path == parts_.state.ProjectFile) {
+    parts_.recent.AddRecentFile(path);
+    parts_.view.ShowRecentFiles(parts_.recent.ShowRecentFiles());
+  } else if (Close()) {
+    OpenProject(path);
+  }
+}
+
+bool MainFrame::OpenProject(const std::string& path) {
+  if (!IsProject(*parts_.store.Snapshot(path))) {
+    parts_.view.CriticalBox(kNotAProject);
+    return false;
+  }
+  parts_.state.ProjectFile = path;
+  ShowLook();
+  parts_.recent.AddRecentFile(path);
+  parts_.view.ShowRecentFiles(parts_.recent.ShowRecentFiles());
+  return true;
+}
+
+bool MainFrame::Close() {
+  const Running running(running_);
+  if (!running.first() || !CloseOpenForm()) return false;
+  parts_.state.ProjectFile.clear();
+  parts_.state.PreviousNode = 0;
+  ShowLook();
+  return true;
+}
+
+bool MainFrame::MayEnd() {
+  const Running running(running_);
+  if (running.first()) return CloseOpenForm();
+  if (modal_ && form_->Unload()) ends_ = true;
+  return false;
+}
+
+void MainFrame::ExitProgram() {
+  if (MayEnd()) parts_.view.EndProgram();
+}
+
+/** A form that does not close by name (it closes by itself) must not lose its program either. */
+bool MainFrame::CloseOpenForm() {
+  return CloseActiveForm(std::string(parts_.state.ActiveFormName)) && form_ == nullptr;
+}
+
+bool MainFrame::CloseActiveForm(std::string_view name) {
+  const bool was_open = form_ != nullptr;
+  const bool gives_way = LeaveForm(name);
+  if (was_open && form_ == nullptr) ShowLook();
+  return gives_way;
+}
+
+bool MainFrame::LeaveForm(std::string_view name) {
+  const std::string_view wanted = Trim(name);
+  for (const Command& command : kCommands) {
+    if (!command.closed_by_name || !SameName(command.recorded, wanted)) continue;
+    if (form_ == nullptr || !SameName(form_->name(), wanted)) return true;
+    if (command.saved_on_close && parts_.state.DataChanged) {
+      if (!form_->Save_File()) return false;
+      if (parts_.state.PreviousNode != 0) parts_.view.Highlight(parts_.state.PreviousNode, false);
+    }
+    // A modal form goes by itself once its Show returns; until then it is still in its own waits.
+    if (!form_->Unload() || command.mode == ShowMode::kModal) return false;
+    DropForm();
+    return true;
+  }
+  return true;
+}
+
+void MainFrame::ClickNode(int node) {
+  RunCommand(node);
+  if (std::exchange(ends_, false)) ExitProgram();
+}
+
+void MainFrame::RunCommand(int node) {
+  const Running running(running_);
+  const Command* command = CommandOfNode(node);
+  SharedState& state = parts_.state;
+  if (!running.first() || state.ProjectFile.empty() || command == nullptr || !IsOffered(*command)) return;
+  parts_.view.SetBusyPointer(true);
+  state.ClickedNode = node;
+  if (state.PreviousNode != 0) parts_.view.Highlight(state.PreviousNode, false);
+  const std::string missing = command->needs_system_file
+                                  ? ReadSystemFile(parts_.store, parts_.system_file).status().message()
+                                  : std::string();
+  if (!missing.empty()) {
+    parts_.view.CriticalBox(missing);
+  } else if (OpenForm(*command)) {
+    if (command->keeps_highlight && form_ != nullptr) parts_.view.Highlight(node, true);
+  } else {
+    // The click is given up: what was marked is still open.
+    const Command* open = CommandOfNode(state.PreviousNode);
+    if (form_ != nullptr && open != nullptr && open->keeps_highlight)
+      parts_.view.Highlight(state.PreviousNode, true);
+    parts_.view.SetBusyPointer(false);
+    return;
+  }
+  state.PreviousNode = state.ClickedNode;
+  parts_.view.SetBusyPointer(false);
+}
+
+bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
+  for (std::size_t i = 0; i < kCommands.size(); ++i) {
+    if (kCommands[i].key != command_key) continue;
+    ClickNode(static_cast<int>(i) + kFirstCommandNode);
+    if (form_ == nullptr || !SameName(form_->name(), kCommands[i].recorded)) return false;
+    form_->GoTo(place);
+    return true;
+  }
+  return false;
+}
+
+bool MainFrame::OpenForm(const Command& command) {
+  const std::string active = parts_.state.ActiveFormName;
+  if (active == command.CompareName()) return true;
+  const std::string problem =
+      command.needs_project ? WhyNoProject(parts_.store, parts_.state.ProjectFile) : std::string();
+  if (!problem.empty()) {
+    parts_.view.CriticalBox(problem);
+    return false;
+  }
+  // A modal form comes up over what is shown without one; an editor takes the place of the other at once.
+  const bool over = command.mode == ShowMode::kModal;
+  if (!active.empty() && !(over ? CloseActiveForm(active) : LeaveForm(active))) return false;
+  ShowForm(command);
+  return true;
+}
+
+void MainFrame::ShowForm(const Command& command) {
+  SharedState& state = parts_.state;
+  state.FormLoading = true;
+  form_ = parts_.forms.at(command.key)({.state = state,
+                                        .closed = [this] { FormClosed(); },
+                                        .close_project = [this] { Close(); },
+                                        .exit_program = [this] { ExitProgram(); }});
+  state.FormLoading = false;
+  if (form_ == nullptr) {
+    ShowLook();
+    return;
+  }
+  state.ActiveFormName = form_->name();
+  parts_.view.SetBusyPointer(false);  // it is shown while a form loads, not while a modal one works
+  if (command.mode == ShowMode::kModal) {
+    modal_ = true;
+    form_->Show();
+    modal_ = false;
+    DropForm();
+    ShowLook();
+  } else {
+    ShowLook(true);
+    form_->Show();
+  }
+}
+
+void MainFrame::FormClosed() {
+  if (parts_.state.PreviousNode != 0) parts_.view.Highlight(parts_.state.PreviousNode, false);
+  DropForm();
+  ShowLook();
+}
+
+void MainFrame::DropForm() {
+  const std::unique_ptr<Form> closed = std::move(form_);
+  parts_.state.ActiveFormName.clear();
+  parts_.state.DataChanged = false;
+}
+
+void MainFrame::ShowLook(bool has_editor) {
+  const SharedState& state = parts_.state;
+  const bool open = !state.ProjectFile.empty();
+  const std::string title(kFrameTitle);
+  parts_.view.Show({.title = open ? state.ProjectFile + " :: " + title : title,
+                    .has_commands = open,
+                    .can_open = !open,
+                    .can_close = open,
+                    .has_editor = has_editor});
+}
+
+}  // namespace tarvok

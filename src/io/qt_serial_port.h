@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include <QSerialPort>
+
+#include "io/queued_port.h"
+#include "link/line_settings.h"
+
+namespace tarvok {
+
+/**
+ * A serial device, named by its path. It is open, or in error, when the constructor returns. At the first
+ * error of the device it closes itself and says so. Pseudo terminals work, but have no control lines.
+ */
+class QtSerialPort : public QueuedPort {
+ public:
+  QtSerialPort(const std::string& device, const LineSettings& settings);
+  ~QtSerialPort() override { QtSerialPort::Close(); }
+
+  PortState state() const override { return state_; }
+  std::string error() const override { return error_; }
+  bool Send(std::span<const std::uint8_t> bytes) override;
+  PortAnswer SetControlLines(bool dtr, bool rts) override;
+  void Discard() override;
+  void Close() override;
+
+ private:
+  void OnReadyRead();
+  void OnError(QSerialPort::SerialPortError error);
+
+  QSerialPort port_;
+  QObject listener_;  // context of the device's signals
+  PostedCall close_device_{[this] { port_.close(); }};
+  PortState state_ = PortState::kError;
+  std::string error_;
+};
+
+}  // namespace tarvok

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <vector>
+
+#include "project/check.h"
+
+namespace tarvok {
+
+/** Findings in the header section: a key that nobody reads, by which a setting that was meant stays as it was, and a
+ * value with which no exchange is reached, or another one than it names. */
+void CheckHeader(const IniText& project, std::vector<Finding>& findings);
+
+}  // namespace tarvok

@@ -1,0 +1,38 @@
+#include "project/difference_words.h"
+
+namespace tarvok {
+namespace {
+
+constexpr std::string_view kFieldSign = " \u00B7 ";
+constexpr std::string_view kChangeSign = " \u2192 ";
+
+/** "(card 3)" for a row that only one of the projects has; a key that no statement knows has no words. */
+std::string OnlyIn(std::string_view which, const std::string& contents) {
+  std::string text(": only in the ");
+  text.append(which);
+  return contents.empty() ? text : text.append(" (").append(contents).append(")");
+}
+
+}  // namespace
+
+std::string DifferenceLine(const Difference& difference,
+                           const std::function<std::string(std::string_view)>& letters, SideNames names) {
+  std::string line = letters(difference.row);
+  switch (difference.kind) {
+    case Difference::Kind::kOnlyInFirst:
+      return line.append(OnlyIn(names.first, letters(difference.before)));
+    case Difference::Kind::kOnlyInSecond:
+      return line.append(OnlyIn(names.second, letters(difference.after)));
+    case Difference::Kind::kMoved:
+      return line.append(": ").append(difference.after);
+    case Difference::Kind::kField:
+      break;
+  }
+  if (!difference.field.empty()) line.append(kFieldSign).append(letters(difference.field));
+  return line.append(": ")
+      .append(letters(difference.before))
+      .append(kChangeSign)
+      .append(letters(difference.after));
+}
+
+}  // namespace tarvok

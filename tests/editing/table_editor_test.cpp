@@ -1,0 +1,379 @@
+#include "editing/table_editor.h"
+
+#include <gmock/gmock.h>
+
+#include "editing/table_csv.h"
+#include "editing/table_form.h"
+
+namespace tarvok::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/** Number, a list, a list that depends on it, a note that is read only, free text. */
+TableEditor MakeTable(RowCommands rows = RowCommands::kGrow, int count = 4) {
+  TableEditor table(
+      {.columns = {{.title = "Number", .rule = DigitsRule(4)},
+                   {.title = "Kind", .entry = Entry::kList, .list = {"Port", "Hunt"}},
+                   {.title = "Fixed", .entry = Entry::kReadOnly},
+                   {.title = "Name", .rule = TextRule(8)},
+                   {.title = "Time",
+                    .entry = Entry::kEditList,
+                    .rule = {.characters = "0123456789", .first_characters = "123456789", .most = 2},
+                    .list = {"No Limit"}}},
+       .rows = rows,
+       .most = 6,
+       .sort_by = {{1}, {4}}});
+  for (int row = 1; row <= count; ++row) table.Load({.origin = row, .cells = {"", "", "x"}});
+  return table;
+}
+
+void Type(TableEditor& table, std::string_view text) {
+  for (const char c : text) table.Press(Key::Of(c));
+}
+
+std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
+  std::vector<std::string> cells;
+  for (int row = 1; row <= table.rows(); ++row) cells.push_back(table.Cell(row, column));
+  return cells;
+}
+
+TEST(TableEditor, KeysDoWhatTheColumnTakes) {
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {1, "12a345", "1234"}, {4, " 'It|s", "'Its"}, {4, "\"ab\"c", "\"abc"}, {3, "9", "x"},
+      {2, "P", "Port"},      {5, "0123", "12"},     {5, "1x2", "12"}};
+  for (const auto& [column, keys, cell] : cases) {
+    TableEditor table = MakeTable();
+    table.GoTo(1, column);
+    Type(table, keys);
+    table.LeaveCell();
+    EXPECT_EQ(table.Cell(1, column), cell) << keys;
+  }
+}
+
+TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
+  TableEditor table = MakeTable();
+  table.GoTo(2, 2);
+  EXPECT_TRUE(table.Pick("Hunt"));
+  EXPECT_FALSE(table.Pick("Nothing"));
+  EXPECT_EQ(table.Cell(2, 2), "Hunt");
+  table.Press(Key::Of('x'));  // opens the list
+  EXPECT_EQ(table.Cell(2, 2), "Hunt") << "no entry begins with it";
+  table.Press({KeyCode::kUp});
+  EXPECT_EQ(table.Cell(2, 2), "Port");
+  table.Press({KeyCode::kDelete});
+  EXPECT_EQ(table.Cell(2, 2), "");
+  EXPECT_FALSE(table.EditText("Hun"));
+}
+
+TEST(TableEditor, KeysInAListGoToTheFirstEntryThatBeginsWithThem) {
+  TableEditor table(
+      {.columns = {{.title = "List", .entry = Entry::kList, .list = {"1", "2", "12", "Extension", "12/3"}}}});
+  const std::pair<const char*, const char*> cases[] = {{"e", "Extension"}, {"1", "1"},          {"12", "12"},
+                                                       {"12/", "12/3"},    {"1e", "Extension"}, {"1x", "1"},
+                                                       {"x", "2"}};
+  for (const auto& [keys, entry] : cases) {
+    table.Clear();
+    table.Load({.cells = {"2"}});
+    Type(table, keys);
+    EXPECT_TRUE(table.open());
+    EXPECT_EQ(table.Cell(1, 1), entry) << keys;
+    table.Press({KeyCode::kEscape});
+    EXPECT_EQ(table.Cell(1, 1), "2");
+  }
+}
+
+TEST(TableEditor, ARefusalNamesWhatATextBreaks) {
+  TableEditor table(
+      {.columns = {{.title = "Digits", .rule = DigitsRule(4)},
+                   {.title = "Name", .rule = TextRule(8)},
+                   {.title = "Limit", .rule = LimitRule()},
+                   {.title = "Pattern",
+                    .rule = {.characters = "12xX", .first_characters = "p", .most = 3, .upper = true}},
+                   {.title = "Time",
+                    .entry = Entry::kEditList,
+                    .rule = {.characters = "0123456789", .most = 4, .fits = FitsTime, .wants = kWantsTime},
+                    .list = {"Never"}}}});
+  table.Load({.cells = {}});
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {1, "12x", "may hold digits only"},
+      {1, "12345", "is too long: at most 4 digits"},
+      {2, " Bar", "cannot begin with a blank"},
+      {2, "'Bar'", "cannot stand in quotes"},
+      {2, "Sparkling", "is too long: at most 8 characters"},
+      {2, "a\x01", "cannot hold a control character"},
+      {2, "F", "cannot stand alone: it means that nothing is set"},
+      {3, "300", "has to be from 1 to 254"},
+      {4, "1z", "may hold only 12X"},
+      {4, "1p", "can hold \"P\" at its beginning only"},
+      {4, "p121", "is too long: at most 3 characters"},
+      {5, "2500", "is not in the list, and has to be a time from 0000 to 2359"}};
+  for (const auto& [column, text, reason] : cases) {
+    std::string why;
+    EXPECT_EQ(table.Fitting(1, column, text, why), std::nullopt) << text;
+    EXPECT_EQ(why, reason) << text;
+  }
+  std::string why;
+  EXPECT_EQ(table.Fitting(1, 4, "P1x", why), "P1X") << "either case";
+  EXPECT_EQ(table.Fitting(1, 2, "Fo", why), "Fo");
+}
+
+/** "F" alone means that a name is not set: its key counts as dropped, unless more was typed behind it. */
+TEST(TableEditor, AReservedTextIsNotLeftInACell) {
+  const std::pair<const char*, const char*> cases[] = {{"F", ""}, {"Fo", "Fo"}, {"f", "f"}};
+  for (const auto& [keys, cell] : cases) {
+    TableEditor table = MakeTable();
+    table.GoTo(1, 4);
+    Type(table, keys);
+    EXPECT_EQ(table.Cell(1, 4), keys) << "on the way";
+    table.Press({KeyCode::kReturn});
+    EXPECT_EQ(table.Cell(1, 4), cell) << keys;
+  }
+  TableEditor loaded = MakeTable();
+  loaded.Load({.cells = {"", "", "", "F"}});
+  loaded.GoTo(5, 4);
+  loaded.GoTo(1, 4);
+  EXPECT_EQ(loaded.Cell(5, 4), "F") << "nobody typed it";
+}
+
+TEST(TableEditor, ASelectionGoesOnFromTheCornerAcross) {
+  TableEditor table = MakeTable();
+  table.Select({2, 1, 4, 3}, 2, 3);
+  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx");
+  table.SelectTo(3, 4);
+  EXPECT_EQ(table.selection(), (Selection{3, 1, 4, 4}));
+  table.GoTo(3, 2);
+  table.Select({1, 1, 4, 3}, 2, 2);  // a whole column by its head: the current cell is no corner
+  table.SelectTo(3, 2);
+  EXPECT_EQ(table.selection(), (Selection{2, 2, 3, 2}));
+}
+
+TEST(TableEditor, APastedBlockPassesEveryRuleAndIsOneStep) {
+  TableEditor table = MakeTable();
+  int changes = 0;
+  table.changed = [&] { ++changes; };
+  table.GoTo(2, 1);
+  const std::vector<Refusal> refused =
+      table.Paste("11\tPort\tchanged\tBar\r\n12x\tHunter\t\t|Ann|\n13\n14\tPort\n15\tlost\n");
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "11", "", "13"));
+  EXPECT_THAT(ColumnOf(table, 2), ElementsAre("", "Port", "", ""));
+  EXPECT_THAT(ColumnOf(table, 3), ElementsAre("x", "x", "x", "x"));
+  EXPECT_THAT(ColumnOf(table, 4), ElementsAre("", "Bar", "Ann", ""));
+  ASSERT_THAT(refused, SizeIs(2));
+  EXPECT_EQ(refused[0].row, 3);
+  EXPECT_EQ(refused[1].text, "Hunter");
+  EXPECT_EQ(changes, 1);
+  table.Undo();
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
+  table.Redo();
+  EXPECT_EQ(table.Cell(3, 4), "Ann");
+  EXPECT_THAT(table.Paste(""), IsEmpty());
+}
+
+TEST(TableEditor, ACellFillsASelectionAndTheFirstRowFillsDown) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.SelectTo(3, 1);
+  table.Paste("7");
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("7", "7", "7", ""));
+  table.GoTo(1, 2);
+  table.Pick("Port");
+  table.GoTo(1, 1);
+  table.SelectTo(4, 3);
+  table.FillDown();
+  EXPECT_EQ(table.Cell(4, 1), "7");
+  EXPECT_EQ(table.Cell(4, 2), "Port");
+  EXPECT_EQ(table.Copy().substr(0, 16), "7\tPort\tx\r\n7\tPort");
+  table.ClearCell();
+  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx\r\n\t\tx");
+}
+
+TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
+  TableEditor table = MakeTable();
+  const auto origins = [&] {
+    std::vector<int> all;
+    for (int row = 1; row <= table.rows(); ++row) all.push_back(table.row(row).origin);
+    return all;
+  };
+  table.GoTo(1, 1);
+  table.Paste("30\n\n4\n30");
+  table.GoTo(4, 4);
+  Type(table, "A");
+  table.Sort(true);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("4", "30", "30", ""));
+  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));  // the name decides, a blank stands last
+  table.Sort(false);
+  EXPECT_THAT(origins(), ElementsAre(4, 1, 3, 2));
+  table.GoTo(2, 1);
+  table.InsertRow();
+  table.GoTo(4, 1);
+  table.DeleteRow();
+  EXPECT_THAT(origins(), ElementsAre(4, 0, 1, 2));
+  for (int steps = 0; steps < 3; ++steps) table.Undo();
+  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));
+  while (table.CanUndo()) table.Undo();
+  EXPECT_THAT(origins(), ElementsAre(1, 2, 3, 4));
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
+}
+
+TEST(TableEditor, NumbersOfAnyLengthSortAsNumbers) {
+  TableEditor table({.columns = {{.title = "Digits"}}, .sort_by = {{1}}});
+  for (const char* digits :
+       {"", "1*", "12345678901234567890", "0", "00000000000000000007", "1234567890123456", "8"})
+    table.Load({.cells = {digits}});
+  table.Sort(true);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("0", "00000000000000000007", "8", "1234567890123456",
+                                              "12345678901234567890", "1*", ""));
+}
+
+TEST(TableEditor, RowsOutOfSightAreLeftAlone) {
+  using Numbers = std::vector<std::string>;
+  const Numbers all = {"1", "2", "3", "4", "5"};
+  std::vector<Refusal> refused;
+  const std::tuple<const char*, std::function<void(TableEditor&)>, Numbers> cases[] = {
+      {"delete rows", [](TableEditor& table) { table.DeleteRow(); }, {"2", "4"}},
+      {"clear", [](TableEditor& table) { table.ClearCell(); }, {"", "2", "", "4", ""}},
+      {"paste one", [](TableEditor& table) { table.Paste("7"); }, {"7", "2", "7", "4", "7"}},
+      {"paste many", [](TableEditor& table) { table.Paste("7\n8"); }, {"7", "2", "8", "4", "5"}},
+      {"fill", [](TableEditor& table) { table.FillDown(); }, {"1", "2", "1", "4", "1"}},
+      {"replace", [&](TableEditor& table) { table.ReplaceAll("2", "9", refused); }, all},
+      {"move",
+       [](TableEditor& table) {
+         for (const KeyCode key : {KeyCode::kDown, KeyCode::kUp, KeyCode::kDelete}) table.Press({key});
+       },
+       {"1", "2", "", "4", "5"}},
+      {"insert", [](TableEditor& table) { table.InsertRow(); }, {"1", "2", "3", "4", "", "5"}}};
+  for (const auto& [what, act, numbers] : cases) {
+    SCOPED_TRACE(what);
+    TableEditor table = MakeTable(RowCommands::kGrow, 5);
+    table.Paste("1\n2\n3\n4\n5");
+    table.SelectTo(5, 1);
+    EXPECT_EQ(table.ShowRows([](int row) { return row % 2 == 1; }, false), 3);
+    EXPECT_EQ(table.Copy(), "1\r\n3\r\n5");
+    EXPECT_FALSE(table.FindNext("4"));
+    act(table);
+    EXPECT_EQ(ColumnOf(table, 1), numbers);
+    while (table.CanUndo()) table.Undo();
+    EXPECT_TRUE(table.InSight(table.current_row()));
+    table.Redo();
+    EXPECT_EQ(table.ShowRows([](int) { return false; }, false), 0);
+    table.GoToBottom();
+    act(table);
+    EXPECT_EQ(ColumnOf(table, 1), all) << "nothing is in sight";
+  }
+}
+
+TEST(TableEditor, TheCurrentCellStaysInSight) {
+  TableEditor table = MakeTable(RowCommands::kFixed, 6);
+  table.Paste("1\n2\n3\n4\n5\n6");
+  table.GoTo(2, 1);
+  const auto above_3 = [&](int row) { return table.Cell(row, 1) > "3"; };
+  EXPECT_EQ(table.ShowRows(above_3, true), 4) << "what is being edited stays";
+  EXPECT_EQ(table.ShowRows(above_3, false), 3);
+  EXPECT_EQ(table.current_row(), 4);
+  table.GoToBottom();
+  table.DeleteRow();
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("1", "2", "3", "4", "5", ""));
+  EXPECT_EQ(table.current_row(), 5) << "not the blank row behind";
+}
+
+TEST(TableEditor, RowsGrowToTheirLimitAndFixedOnesStay) {
+  TableEditor grows = MakeTable();
+  for (int i = 0; i < 5; ++i) grows.AddRow();
+  EXPECT_EQ(grows.rows(), 6);
+  grows.InsertRow();  // takes the place of the blank last one
+  EXPECT_EQ(grows.rows(), 6);
+  TableEditor fixed = MakeTable(RowCommands::kFixed);
+  fixed.AddRow();
+  fixed.GoTo(2, 1);
+  fixed.SelectTo(3, 1);
+  fixed.DeleteRow();
+  EXPECT_EQ(fixed.rows(), 4);
+  EXPECT_EQ(fixed.row(2).origin, 4);
+  EXPECT_EQ(fixed.row(4).origin, 0);
+  TableEditor none = MakeTable(RowCommands::kNone);
+  none.DeleteRow();
+  none.InsertRow();
+  EXPECT_FALSE(none.CanUndo());
+}
+
+TEST(TableEditor, ReplacingPassesTheRules) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.Paste("110\n11\n5");
+  table.GoTo(1, 4);
+  table.Paste("Bar 11");
+  std::vector<Refusal> refused;
+  EXPECT_TRUE(table.FindNext("BAR"));
+  EXPECT_EQ(table.current_column(), 4);
+  EXPECT_FALSE(table.FindNext("none"));
+  EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
+  EXPECT_THAT(refused, SizeIs(2));
+  EXPECT_EQ(refused[0].why, "may hold digits only");
+  EXPECT_EQ(table.Cell(1, 4), "Bar x");
+  EXPECT_EQ(table.ReplaceAll("1", "22", refused), 1);
+  EXPECT_THAT(ColumnOf(table, 1), ElementsAre("110", "2222", "5", ""));
+}
+
+TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
+  TableEditor table = MakeTable();
+  table.GoTo(1, 1);
+  table.Paste("1\tPort\t\ta,\"b\n2");
+  const std::string csv = ExportCsv(table);
+  EXPECT_THAT(csv, HasSubstr("1,Port,x,\"a,\"\"b\",\r\n2,,x,,\r\n"));
+  TableEditor other = MakeTable();
+  EXPECT_TRUE(ImportCsv(other, csv).ok());
+  EXPECT_EQ(ExportCsv(other), csv);
+  const std::pair<const char*, const char*> cases[] = {
+      {"Number;Kind\n7;Port\n8;Hunter\n", "line 3, column \"Kind\": \"Hunter\""},
+      {"Number\n1\n2\n3\n4\n5\n6\n7\n", "line 8"},
+      {"Nummer\n1\n", "no column \"Nummer\""},
+      {"Number\n\"1\n", "quote"},
+      {"Number,Number\n1,1\n", "Number"},
+      {"", "empty"},
+      {"Number\n1,2\n", "more cells"}};
+  for (const auto& [text, error] : cases) {
+    const int steps = static_cast<int>(other.Steps());
+    EXPECT_THAT(ImportCsv(other, text).message(), HasSubstr(error)) << text;
+    EXPECT_EQ(ExportCsv(other), csv) << text;
+    EXPECT_EQ(static_cast<int>(other.Steps()), steps);
+  }
+  EXPECT_TRUE(ImportCsv(other, "Name,Number\r\nX,9\r\n").ok());
+  EXPECT_THAT(ColumnOf(other, 1), ElementsAre("9", "", "", ""));
+  EXPECT_EQ(other.Cell(1, 2), "Port");
+  const std::string before = ExportCsv(other);
+  const auto no_x = [](const std::string& cell, std::string& why) {
+    why = "is none";
+    return cell == "X" ? std::nullopt : std::optional(cell);
+  };
+  EXPECT_THAT(ImportCsv(other, "Number,Name\n1,Y\n2,X\n", {.convert = no_x}).message(),
+              HasSubstr("line 3, column \"Name\": \"X\" is none"));
+  std::vector<int> asked;
+  const auto refuse = [&](int rows, int by, const std::vector<int>& columns) {
+    asked = {rows, by, columns.front()};
+    return false;
+  };
+  EXPECT_TRUE(ImportCsv(other, "Number\n1\n2\n", {.may_replace = refuse}).ok());
+  EXPECT_THAT(asked, ElementsAre(1, 2, 1));
+  EXPECT_EQ(ExportCsv(other), before);
+  TableEditor one({.columns = {{.title = "Number"}}});
+  for (const char* cell : {"1", "", "3", "a\r", ""}) one.Load({.cells = {cell}});
+  const std::string column = ExportCsv(one);
+  EXPECT_TRUE(ImportCsv(one, column).ok());
+  EXPECT_THAT(ColumnOf(one, 1), ElementsAre("1", "", "3", "a\r", ""));
+  EXPECT_TRUE(ImportCsv(one, "Number\n\n2\n\n").ok());
+  EXPECT_THAT(ColumnOf(one, 1), ElementsAre("", "2", "", "", "")) << "a blank line is a blank row";
+  TableEditor blank = MakeTable();
+  EXPECT_TRUE(ImportCsv(blank, "Number\n1\n", {.may_replace = refuse}).ok());
+  EXPECT_EQ(blank.Cell(1, 1), "1") << "nobody is asked";
+}
+
+TEST(TableEditor, RepeatsStandEachOnce) {
+  EXPECT_THAT(Repeats({"2", "", "1", "2", "3", "2", "1", ""}), ElementsAre("1", "2"));
+}
+
+}  // namespace
+}  // namespace tarvok::test

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "io/qt_event_server.h"
+#include "link/port.h"
+#include "tests/temp_folder.h"
+
+namespace tarvok::test {
+
+using testing::HasSubstr;
+
+/** Longest that a test waits for something that happens at once; it is never waited out when all is well. */
+inline constexpr int kPatience_ms = 10'000;
+
+/** What a port gave its handlers. */
+struct Heard {
+  explicit Heard(Port& port) {
+    port.set_on_bytes(
+        [this](std::span<const std::uint8_t> bytes) { text.append(bytes.begin(), bytes.end()); });
+    port.set_on_closed([this](std::string_view) { ++closed; });
+  }
+
+  std::string text;
+  int closed = 0;
+};
+
+inline bool Send(Port& port, std::string_view text) {
+  return port.Send({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+}  // namespace tarvok::test
