@@ -1,7 +1,7 @@
 // What is shown as selected in a table is what a command acts on, however it was selected.
 
 #include <algorithm>
-#include <set>
+#include <random>
 
 #include <QApplication>
 #include <QClipboard>
@@ -356,6 +356,64 @@ TEST(TableSelection, AColumnIsSelectedByItsHeadWhereverTheTableStands) {
   EXPECT_EQ(desk.Shown(), (std::vector<int>{1, 2, desk.Table()->model()->rowCount(), 2}));
   desk.Keys(Qt::Key_Delete);
   EXPECT_EQ(Unlike(desk.Texts(), wanted), "");
+}
+
+/** Whatever is pressed, dragged or typed: behind every event the rules have selected what is shown. */
+TEST(TableSelection, TheRulesFollowAnySequenceOfEvents) {
+  constexpr Qt::Key kKeys[] = {Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,  Qt::Key_Right,
+                               Qt::Key_Home,   Qt::Key_End,      Qt::Key_Tab,   Qt::Key_PageUp,
+                               Qt::Key_Return, Qt::Key_PageDown, Qt::Key_Space, Qt::Key_7,
+                               Qt::Key_Delete, Qt::Key_Backspace};
+  constexpr Qt::Key kWithCtrl[] = {Qt::Key_A, Qt::Key_D, Qt::Key_Z,    Qt::Key_Y,
+                                   Qt::Key_X, Qt::Key_V, Qt::Key_Minus};
+  constexpr Qt::KeyboardModifier kWith[] = {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier,
+                                            Qt::ControlModifier};
+  AccountDesk desk;
+  desk.LayOutTable();
+  const TableEditor& rules = *desk.Find<EditorPage>("frmAccount")->form().table();
+  std::mt19937 random(7);
+  const auto any = [&](std::size_t count) { return static_cast<std::size_t>(random()) % count; };
+  const auto cell = [&] {
+    desk.LayOutTable();  // what is clicked is in sight
+    return desk.At(1 + static_cast<int>(any(20)), 1 + static_cast<int>(any(3)));
+  };
+  const auto expect_same = [&](const std::string& what) {
+    const Selection& selected = rules.selection();
+    EXPECT_EQ(desk.Shown(), (std::vector<int>{selected.top, selected.left, selected.bottom, selected.right}))
+        << what;
+    const QModelIndex current = desk.Table()->currentIndex();
+    EXPECT_EQ(std::pair(current.row() + 1, current.column() + 1),
+              std::pair(rules.current_row(), rules.current_column()))
+        << what;
+  };
+  for (int step = 0; step < 400 && !HasFailure(); ++step) {
+    const std::string what = "step " + std::to_string(step);
+    const Qt::KeyboardModifiers with = kWith[any(std::size(kWith))];
+    switch (any(5)) {
+      case 0:
+        desk.Press(cell(), with);
+        expect_same(what + ", press");
+        for (std::size_t moves = any(4); moves > 0; --moves) {
+          desk.Move(cell());
+          expect_same(what + ", drag");
+        }
+        desk.Release(cell(), with);
+        break;
+      case 1:
+        desk.ClickAt(any(2) == 0 ? desk.AtRowHead(2 + static_cast<int>(any(9)))
+                                 : desk.AtColumnHead(1 + static_cast<int>(any(2))),
+                     with);
+        break;
+      case 2:
+        desk.Keys(kWithCtrl[any(std::size(kWithCtrl))], 1, Qt::ControlModifier);
+        break;
+      default:
+        desk.Keys(kKeys[any(std::size(kKeys))], 1, with);
+    }
+    if (QWidget* list = QApplication::activePopupWidget(); list != nullptr) list->close();
+    if (QApplication::focusWidget() != desk.Table()) desk.Table()->setFocus();  // a list was opened
+    expect_same(what);
+  }
 }
 
 /** A number typed into one port and filled down leaves the ports' cards, channels and types alone. */
