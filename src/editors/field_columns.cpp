@@ -211,7 +211,8 @@ TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const std::string_view stored = fields[columns_[i].field];
     if (!columns_[i].names || !row.cells[i].empty() || Val(stored) < 1) continue;
-    if (columns_[i].names(row.cells).names == nullptr) continue;
+    const NamedRows rows = columns_[i].names(row.cells);
+    if (rows.names == nullptr || !rows.kept) continue;
     row.unseen.resize(columns_.size());
     row.unseen[i] = stored;
   }

@@ -40,6 +40,7 @@ class RowNames {
 struct NamedRows {
   const RowNames* names = nullptr;
   int width = 0;
+  bool kept = true;  // one that its cell can't show stays as it is until somebody edits the cell
 };
 
 /** A column of a table editor over a field of its rows: how the stored value and the cell's text turn into
@@ -50,8 +51,7 @@ struct FieldColumn {
   std::function<std::string(std::string_view stored)> shown = {};
   std::function<std::string(std::string_view cell)> stored = {};
   /** The rows that the field of a row with these cells refers to; no names where it is no reference. A cell
-   * that is none of the named values of `stored` is stored as the number of its row. A reference that its
-   * cell can't show stays as it is until somebody edits the cell. */
+   * that is none of the named values of `stored` is stored as the number of its row. */
   std::function<NamedRows(const std::vector<std::string>& cells)> names = {};
 };
 

@@ -25,8 +25,9 @@ std::vector<FieldColumn> frmAccount::Columns(frmAccount* form) {
   FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
   number.column.list_of = [form](int) { return form->offered_; };
   number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  // A number that is deleted is none here from the next save on.
   number.names = [form](const auto& /*cells*/) {
-    return NamedRows{&form->numbers_, kTable.fields[kNumber - 1].width};
+    return NamedRows{&form->numbers_, kTable.fields[kNumber - 1].width, false};
   };
   return {TypedColumn(kAccount, "Account", DigitsRule(6)),
           TypedColumn(kPassword, "Password", DigitsRule(4)),

@@ -37,6 +37,10 @@ std::vector<FieldColumn> frmIncomingLst::Columns(frmIncomingLst* form) {
       entries.insert(entries.end(), named.begin(), named.end());
       return entries;
     };
+    // A number that is deleted is none here from the next save on.
+    number.names = [form, width = statement(field).width](const auto& /*cells*/) {
+      return NamedRows{&form->numbers_, width, false};
+    };
     columns.push_back(std::move(number));
   }
   columns.push_back(LimitedColumn(kTimeOut, "Time Out", statement(kTimeOut), LimitRule()));

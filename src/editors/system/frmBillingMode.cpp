@@ -137,7 +137,6 @@ Layout frmBillingMode::CountryGroup() {
     if (CountryNumber() != shown_country_) ShowCountry();
   };
   local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
-  local_code_->changed = [this] { hidden_code_.clear(); };
   return layout::Group("Country", {layout::Field("Country :", *country_),
                                    layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
 }
@@ -206,7 +205,6 @@ void frmBillingMode::ShowCountry() {
   const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
   const std::string section = CountryNumber();
   shown_country_ = section;
-  hidden_code_.clear();
   const std::int64_t count = std::min<std::int64_t>(Val(system->Get(section, kCountKey)), kMostPlaces);
   local_code_->entries.clear();
   local_code_->current = kNoIndex;
@@ -230,7 +228,6 @@ void frmBillingMode::Load(const IniText& project) {
   const std::int64_t code = Val(fields[kLocalCode]);
   if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
     local_code_->current = static_cast<int>(code) - 1;
-  if (code >= 1 && local_code_->current == kNoIndex) hidden_code_ = fields[kLocalCode];
   for (const Place& place : kPlaces) {
     Control& box = BoxOf(place.field);
     if (place.kind == Kind::kFlag) {
@@ -244,8 +241,7 @@ void frmBillingMode::Load(const IniText& project) {
 
 std::string frmBillingMode::LocalCode() const {
   if (local_code_->entries.size() == 1 && local_code_->entries[0] == kNoData) return std::string(kUnset);
-  if (local_code_->current >= 0) return Padded(local_code_->current + 1, 2);
-  return hidden_code_.empty() ? "0" : hidden_code_;
+  return local_code_->current < 0 ? "0" : Padded(local_code_->current + 1, 2);
 }
 
 /** A box that holds what no send can carry keeps it, and the save is given up. */

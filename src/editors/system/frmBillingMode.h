@@ -35,7 +35,6 @@ class frmBillingMode : public EditorForm {
   std::vector<std::string> numbers_;  // of each entry of the countries
   std::string loaded_country_;
   std::string shown_country_;
-  std::string hidden_code_;  // a local code behind the end of the list, until a person chooses one
 };
 
 }  // namespace tarvok

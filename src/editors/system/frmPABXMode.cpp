@@ -39,7 +39,6 @@ frmPABXMode::frmPABXMode(const EditorContext& context, const FormName& name) : E
   message_ = &AddOption({"Option1", 2}, shown(kTransferTarget, 1), 1);
   number_ = &AddOption({"Option1", 3}, shown(kTransferTarget, 0), 1);
   numbers_ = &AddCombo({"cmbNum"}, "Extention Number", {});
-  numbers_->changed = [this] { hidden_port_.clear(); };
   EntryRule limit = AnyDigits();
   limit.fits = FitsLimit;
   limit_ = &AddText({"txtT2T"}, "", limit);
@@ -121,7 +120,6 @@ void frmPABXMode::Load(const IniText& project) {
       numbers_->current = static_cast<int>(i);
       break;
     }
-    if (port > 0 && numbers_->current == kNoIndex) hidden_port_ = fields[kTransferPort];
   }
   Follow();
 }
@@ -136,7 +134,7 @@ void frmPABXMode::Write(IniEdit& project) {
   put(kTrunkTimeLimit, FieldText(AtMost(limit_->text, kHighestLimit)));
   put(kTransferTarget, number_->on ? "0" : "1");
   const bool chosen = numbers_->current >= 0;
-  put(kTransferPort, chosen ? ports_[static_cast<std::size_t>(numbers_->current)] : FieldText(hidden_port_));
+  put(kTransferPort, chosen ? ports_[static_cast<std::size_t>(numbers_->current)] : std::string(kUnset));
   put(kPowerRevision, revision_->current == 1 ? "1" : "0");
   std::string list;
   for (const std::string& field : fields) list.append(list.empty() ? "" : "|").append(field);

@@ -32,7 +32,6 @@ class frmPABXMode : public EditorForm {
   Control* limit_;    // txtT2T
   Control* revision_;
   std::vector<std::string> ports_;  // of each entry of cmbNum, as its number row says
-  std::string hidden_port_;         // a port without a number, until a person chooses another one
 };
 
 }  // namespace tarvok

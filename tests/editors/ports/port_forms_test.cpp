@@ -15,7 +15,7 @@ TEST(Accounts, WhatIsTypedAndPickedIsStored) {
 }
 
 TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
-  // The number stands twice; the row stays with the one that it had, also with one that is not there.
+  // The number stands twice; the row stays with the one that it had, and one that is not there is none.
   ExpectEdit(
       "frmAccount",
       "[Assign]\nNow=3\n001=5|0|001\n002=7|0|002\n003=7|0|003\n[Account]\n001=1|2|3|25|F|F\n002=1|2|9\n",
@@ -23,7 +23,7 @@ TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
       "go 2 1\ntype 1\nclick cmdCheck\nvalue lblRepeat\nclick cmdOK\n",
       "Show repeat number :\n1\nask: There are repeat Account. Do you still want to save? -> No\nNo repeat "
       "Account",
-      "[Account]\n001=1|2|003|25|F|F\n002=11|2|9|F|F|F\n");
+      "[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
 }
 
 TEST(Bosses, AreKnownByTheirNumbers) {

@@ -66,9 +66,9 @@ TEST(FrmIncomingLst, ASaveSortsAndThePortsFollow) {
                  "03=F|003|F|F|254\n04=Abc|005|499|F|F\n",
              "list cmbMask\ngo 5 Name\ntype Cafe\nselect 2 1 2 5\nclick mnu_cut\nclick cmdOK\n",
              "100\n200\n100\nDID\nMap_Digit\nWait_Comp",
-             "[Incoming_List]\n01=Abc|005|499|F|F\n"   // above "Now", but there
+             "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but there
              "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
-             "-04\n05=F|003|F|F|254\n"                 // what it points at has no number
+             "-04\n05=F|F|F|F|254\n"                   // what it pointed at has no number
              "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
 }
 

@@ -63,12 +63,6 @@ TEST(SystemForms, PabxModeFieldsGoToTheirBoxes) {
              "[Assign]\n001=200|0\n[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n",
              "focus cmbNum\npick 200\nclick cmdOK\n", "",
              "[SystemConfig]\nPbx=1|0|0|0|0|0|0|0|0|0|0|0|0|1|0|0|F|0|0|0\n");
-  // A port without a number stays until another one is chosen.
-  for (const auto& [script, port] : {std::pair("", "499"), std::pair("focus cmbNum\npick\n", "F")}) {
-    ExpectEdit("frmPABXMode", numbers + "1|0|0|0|0|0|0|0|0|0|0|1|0|1|0|0|499|0|0|0\n",
-               std::string("set Check1(1) 0\n") + script + "click cmdOK\n", "",
-               std::string("[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|1|0|1|0|0|") + port + "|0|0|0\n");
-  }
 }
 
 TEST(SystemForms, BillingListsFollowTheCountry) {
@@ -116,10 +110,8 @@ TEST(SystemForms, BillingKeepsTheLocalCodeWithTheCountry) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"02", "pick There\npick Here\n", "0"},
       {"02", "pick Here\n", "02"},
-      {"07", "pick Here\n", "07"},  // behind the end of the list
-      {"07", "pick Here\nfocus cmbLocalCode\npick 020 A\n", "01"},
-      {"07", "pick Here\nfocus cmbLocalCode\npick\n", "0"},
-      {"07", "pick There\n", "0"}};
+      {"02", "pick Here\nfocus cmbLocalCode\npick 020 A\n", "01"},
+      {"07", "pick Here\n", "0"}};  // behind the end of the list
   for (const auto& [code, script, saved] : cases) {
     EditorBench bench =
         BillingBench(std::string("[SystemConfig]\nCCode=001\nBilling=") + code + "|1|0|1|0|0|0|0\n");
