@@ -10,17 +10,18 @@
 #include "sections/registry.h"
 #include "sections/rows.h"
 #include "sections/tables.h"
+#include "tests/floors.h"
 
 namespace tarvok::bench {
 namespace {
 
-using Images = std::vector<std::pair<const Layout*, std::vector<std::uint8_t>>>;
+using Images = std::vector<std::pair<const WireLayout*, std::vector<std::uint8_t>>>;
 
 /** Encodes what a send carries; the bytes of all images, and how many they are. */
 std::size_t EncodeAll(const IniText& project, int* images = nullptr) {
   std::size_t total = 0;
   for (const Section* section : SendPlan(kHighestVersion)) {
-    const Layout* layout = section->LayoutAt(kHighestVersion, Direction::kSend);
+    const WireLayout* layout = section->LayoutAt(kHighestVersion, Direction::kSend);
     if (layout == nullptr || layout->encode == nullptr) continue;
     ImageWriter image(layout->size);
     layout->encode(project, image);
@@ -35,8 +36,8 @@ std::size_t EncodeAll(const IniText& project, int* images = nullptr) {
 Images LoadedImages(const IniText& project) {
   Images images;
   for (const Section* section : ReadPlan(kHighestVersion)) {
-    const Layout* sent = section->LayoutAt(kHighestVersion, Direction::kSend);
-    const Layout* loaded = section->LayoutAt(kHighestVersion, Direction::kLoad);
+    const WireLayout* sent = section->LayoutAt(kHighestVersion, Direction::kSend);
+    const WireLayout* loaded = section->LayoutAt(kHighestVersion, Direction::kLoad);
     if (loaded == nullptr || loaded->decode == nullptr) continue;
     ImageWriter image(loaded->size);
     if (sent != nullptr && sent->encode != nullptr) sent->encode(project, image);

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "tests/floors.h"
+
 namespace {
 
 std::atomic<std::int64_t> news = 0;

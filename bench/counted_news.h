@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "tests/floors.h"
+
 namespace tarvok::bench {
 
 /** How often this process has asked for memory so far, and for how many bytes. */

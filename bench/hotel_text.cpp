@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "store/ini_text.h"
+#include "tests/floors.h"
 
 namespace tarvok::bench {
 

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "tests/floors.h"
+
 namespace tarvok::bench {
 
 /** The example project. Ends the program if it can't be read. */

@@ -215,3 +215,4 @@ class PaintWatchPlugin : public QGenericPlugin {
 }  // namespace tarvok::bench
 
 #include "paint_watch.moc"
+#include "tests/floors.h"

@@ -16,6 +16,7 @@
 #include "io/qt_event_server.h"
 #include "io/qt_tcp_port.h"
 #include "link/exchange_line.h"
+#include "tests/floors.h"
 
 namespace tarvok::bench {
 namespace {

@@ -14,6 +14,7 @@
 #include "hotel_text.h"
 #include "platform/posix_file_system.h"
 #include "store/project_store.h"
+#include "tests/floors.h"
 
 namespace tarvok::bench {
 namespace {

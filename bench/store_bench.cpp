@@ -16,6 +16,7 @@
 #include "hotel_text.h"
 #include "platform/posix_file_system.h"
 #include "store/ini_text.h"
+#include "tests/floors.h"
 
 namespace tarvok::bench {
 namespace {

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "fuzz/tool_line.h"
+#include "tests/floors.h"
 
 namespace tarvok::fuzz {
 

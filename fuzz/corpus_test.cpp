@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/floors.h"
+
 using FuzzTarget = int(const std::uint8_t* data, std::size_t size);
 // Each target's one function under the target's name; the build names them so.
 extern "C" {

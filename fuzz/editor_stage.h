@@ -8,6 +8,7 @@
 
 #include "editing/form_script.h"
 #include "editors/editors.h"
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::fuzz {
@@ -51,7 +52,7 @@ class EditorStage {
     return rows;
   }
 
-  test::MemoryFiles files_;
+  MemoryFiles files_;
   ProjectStore store_{files_};
   SharedState state_;
   ScriptedQuestions questions_{[](std::string_view) {}};

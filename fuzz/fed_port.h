@@ -9,6 +9,7 @@
 
 #include "link/frame.h"
 #include "link/port.h"
+#include "tests/floors.h"
 
 namespace tarvok::fuzz {
 

@@ -11,10 +11,12 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 #include "store/value_code.h"
+#include "tests/floors.h"
 
 namespace {
 
 using namespace tarvok;
+using namespace tarvok::fuzz;
 
 void JudgeFields(const std::string& text) {
   const FieldList fields(text);
@@ -43,8 +45,7 @@ void JudgeCodes(const std::string& text) {
   for (const DialSymbols symbols : {DialSymbols::kDigits, DialSymbols::kDigitsStarHash}) {
     std::uint8_t packed[16] = {};
     if (!PackDigits(text, symbols, packed)) continue;
-    for (const SkippedBytes skipped :
-         {SkippedBytes::kNone, SkippedBytes::kUnset, SkippedBytes::kZeroAndUnset}) {
+    for (const SkippedBytes skipped : {SkippedBytes::kNone, SkippedBytes::k255, SkippedBytes::kZeroAnd255}) {
       Demand(UnpackDigits(packed, symbols, skipped).size() <= 2 * sizeof packed);
     }
   }

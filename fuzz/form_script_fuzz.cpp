@@ -13,8 +13,11 @@
 #include "editing/table_csv.h"
 #include "fuzz/editor_stage.h"
 #include "project/check.h"
+#include "tests/floors.h"
 
 namespace {
+
+using namespace tarvok::fuzz;
 
 /** What a person may bring about with every editor at work as it should: rows named that are gone, numbers given twice,
  * a type taken from under its value. */
@@ -22,7 +25,7 @@ constexpr std::string_view kMadeByPeople[] = {"points nowhere", "stands in row",
                                               "where nothing does", "which has another"};
 
 /** Card and channel of a port are two digits, whatever they are. */
-bool IsPlaceOfPort(const tarvok::Finding& finding) {
+bool IsPlaceOfPort(const Finding& finding) {
   return finding.section == "Port_Def" && (finding.field == "Card" || finding.field == "Channel");
 }
 
@@ -37,7 +40,7 @@ bool IsNew(const std::string& project) {
 /** What `check` says of a project and no person could have brought about. */
 std::set<std::string> FaultsOf(const std::string& project) {
   std::set<std::string> faults;
-  for (const tarvok::Finding& finding : tarvok::CheckProject(tarvok::IniText(project))) {
+  for (const Finding& finding : CheckProject(IniText(project))) {
     const bool by_people =
         std::any_of(std::begin(kMadeByPeople), std::end(kMadeByPeople),
                     [&](std::string_view words) { return finding.what.find(words) != std::string::npos; });
@@ -49,7 +52,7 @@ std::set<std::string> FaultsOf(const std::string& project) {
 
 void RunLines(tarvok::fuzz::EditorStage& stage, std::string_view text) {
   constexpr int kMostLines = 60;
-  tarvok::FormScript script(stage.form(), stage.questions());
+  FormScript script(stage.form(), stage.questions());
   for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
     // A line that is wrong says so and changes nothing: the next one goes on.
     [[maybe_unused]] const std::string wrong = script.Run(tarvok::fuzz::TakeLine(text));
@@ -60,6 +63,7 @@ void RunLines(tarvok::fuzz::EditorStage& stage, std::string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   constexpr std::string_view kCsv = " csv";
   std::string_view text(reinterpret_cast<const char*>(data), size);
   std::string_view name = fuzz::TakeLine(text);

@@ -4,9 +4,11 @@
 #include <iterator>
 
 #include "fuzz/tool_line.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 2) return 0;
   constexpr std::uint8_t kTraced = 0x80;
   constexpr std::uint8_t kSending = 0x40;

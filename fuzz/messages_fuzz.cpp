@@ -4,6 +4,6 @@
 #include "fuzz/answered_operation.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  tarvok::fuzz::RunAnswered(tarvok::LinkMode::kLan, {data, size});
+  tarvok::fuzz::RunAnswered(tarvok::link::LinkMode::kLan, {data, size});
   return 0;
 }

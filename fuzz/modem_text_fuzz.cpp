@@ -2,9 +2,11 @@
 // end does not grow.
 
 #include "fuzz/tool_line.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 1) return 0;
   constexpr std::size_t kMostLine = 1000;
   fuzz::ToolLine line(LinkMode::kModem, data[0] >= 0x80);

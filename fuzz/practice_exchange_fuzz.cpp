@@ -8,10 +8,12 @@
 #include "fuzz/demand.h"
 #include "fuzz/fed_port.h"
 #include "sections/registry.h"
+#include "tests/floors.h"
 #include "tests/simulation/virtual_events.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 2) return 0;
   constexpr int kPatience_ms = 7000;  // in which it gives up a frame that nobody answers
   VirtualEvents events;

@@ -6,9 +6,11 @@
 
 #include "fuzz/demand.h"
 #include "store/ini_edit.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   const IniText text(std::string(reinterpret_cast<const char*>(data), size));
   std::string joined;
   for (const IniText::Line& line : text.lines()) joined += line.text;

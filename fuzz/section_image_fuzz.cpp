@@ -6,14 +6,16 @@
 
 #include "fuzz/demand.h"
 #include "sections/registry.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 2) return 0;
   constexpr std::uint8_t kGoesBack = 0x80;
   const auto sections = Sections();
   const Section& section = sections[data[0] % sections.size()];
-  const Layout& layout = section.layouts[data[1] % kGoesBack % section.layouts.size()];
+  const WireLayout& layout = section.layouts[data[1] % kGoesBack % section.layouts.size()];
   if (layout.decode == nullptr) return 0;
   const IniText empty;
   IniEdit edit(empty);

@@ -5,13 +5,15 @@
 
 #include "fuzz/demand.h"
 #include "sections/registry.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 2) return 0;
   const auto sections = Sections();
   const Section& section = sections[data[0] % sections.size()];
-  const Layout& layout = section.layouts[data[1] % section.layouts.size()];
+  const WireLayout& layout = section.layouts[data[1] % section.layouts.size()];
   if (layout.encode == nullptr) return 0;
   const IniText project(std::string(reinterpret_cast<const char*>(data + 2), size - 2));
   ImageWriter image(layout.size);

@@ -3,6 +3,6 @@
 #include "fuzz/answered_operation.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  tarvok::fuzz::RunAnswered(tarvok::LinkMode::kServer, {data, size});
+  tarvok::fuzz::RunAnswered(tarvok::link::LinkMode::kServer, {data, size});
   return 0;
 }

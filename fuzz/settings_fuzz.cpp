@@ -10,15 +10,17 @@
 #include "link/line_settings.h"
 #include "link/password_code.h"
 #include "store/connection_settings.h"
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace {
 
 using namespace tarvok;
+using namespace tarvok::fuzz;
 
 void JudgeConnection(const std::string& text) {
   constexpr int kMost = 1'000'000;
-  test::MemoryFiles files;
+  MemoryFiles files;
   files.Put("/p", text);
   ProjectStore store(files);
   ConnectionSettings settings;

@@ -7,9 +7,11 @@
 
 #include "link/message.h"
 #include "link/stream_reader.h"
+#include "tests/floors.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   if (size < 2) return 0;
   const std::size_t piece = 1 + data[0] % 200;
   std::int64_t missing = data[1] * 16;

@@ -11,10 +11,12 @@
 #include "editing/table_csv.h"
 #include "fuzz/demand.h"
 #include "fuzz/editor_stage.h"
+#include "tests/floors.h"
 
 namespace {
 
 using namespace tarvok;
+using namespace tarvok::fuzz;
 
 std::vector<TableRow> RowsOf(const TableEditor& table) {
   std::vector<TableRow> rows;

@@ -10,6 +10,7 @@
 #include "fuzz/demand.h"
 #include "fuzz/fed_port.h"
 #include "link/exchange_line.h"
+#include "tests/floors.h"
 #include "tests/simulation/virtual_events.h"
 
 namespace tarvok::fuzz {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "store/ini_text.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

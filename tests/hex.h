@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/floors.h"
+
 namespace tarvok::test {
 
 /** Bytes from hexadecimal text, with blanks between them or without; "XX*n" stands for n copies of a byte. */

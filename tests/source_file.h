@@ -4,6 +4,8 @@
 #include <iterator>
 #include <string>
 
+#include "tests/floors.h"
+
 namespace tarvok::test {
 
 /** The bytes of a file that is supplied with the sources, its path from their root: "/examples/hotel.tvk". */

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/floors.h"
+
 namespace tarvok::test {
 
 inline void Write(const std::string& path, const std::string& bytes) {

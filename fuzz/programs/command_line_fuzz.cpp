@@ -6,6 +6,7 @@
 
 #define main tarvokctl_main
 #include "programs/tarvokctl.cpp"
+#include "tests/floors.h"
 #undef main
 
 namespace tarvok::ctl {
@@ -97,6 +98,7 @@ std::string EditHelp() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   const fuzz::Silence silence;
   fuzz::Words words("tarvokctl", data, size);
   ctl::commands = 0;

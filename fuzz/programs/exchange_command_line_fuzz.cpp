@@ -5,10 +5,13 @@
 
 #define main tarvok_exchange_main
 #include "programs/tarvok_exchange.cpp"
+#include "tests/floors.h"
 #undef main
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
+  using namespace tarvok::programs;
   fuzz::Words words("tarvok-exchange", data, size);
   CLI::App app(kAbout, "tarvok-exchange");
   Options options;

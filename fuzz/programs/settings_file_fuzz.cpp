@@ -14,6 +14,7 @@
 #include "io/qt_port_maker.h"
 #include "io/qt_settings.h"
 #include "store/recent_files.h"
+#include "tests/floors.h"
 
 namespace {
 
@@ -36,6 +37,7 @@ const fs::path& Folder() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
+  using namespace tarvok::fuzz;
   const std::string text(reinterpret_cast<const char*>(data), size);
   const std::string written = text.substr(0, text.find('\n'));
   const fs::path file = Folder() / "Tarvok config" / "Tarvok config.ini";

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/floors.h"
+
 namespace tarvok::fuzz {
 
 /** The words of a command line, a word a line of the input, as a program's main gets them. */

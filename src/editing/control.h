@@ -7,8 +7,9 @@
 
 #include "editing/entry_rule.h"
 #include "editing/key.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 inline constexpr int kNoIndex = -1;
 
@@ -86,4 +87,4 @@ struct Control {
   }
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

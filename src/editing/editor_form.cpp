@@ -6,7 +6,7 @@
 
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kChangedByOthers =
@@ -33,7 +33,7 @@ void EditorForm::MarkChanged() {
   if (!context_.state.FormLoading) context_.state.DataChanged = true;
 }
 
-Layout EditorForm::OkAndCancel() {
+FormLayout EditorForm::OkAndCancel() {
   return layout::Row({layout::Stretch(), layout::Of(ok_), layout::Of(cancel_)});
 }
 
@@ -104,4 +104,4 @@ void EditorForm::Close() {
   if (on_closed) on_closed();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -7,11 +7,12 @@
 
 #include "editing/form_controls.h"
 #include "editing/questions.h"
+#include "editing/uses.h"
 #include "store/ini_edit.h"
 #include "store/project_store.h"
 #include "store/shared_state.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 inline constexpr std::string_view kErrorFileName = "Error File Name";
 inline constexpr std::string_view kDataWasChanged =
@@ -80,7 +81,7 @@ class EditorForm : public FormControls {
   /** The form itself has just written to the project: that is no change by others. */
   void NoteOwnWrite() { loaded_ = context_.store.Snapshot(project_file()); }
   /** The two buttons at a form's end. */
-  Layout OkAndCancel();
+  FormLayout OkAndCancel();
   const std::string& project_file() const { return context_.state.ProjectFile; }
   EditorContext& context() { return context_; }
 
@@ -102,4 +103,4 @@ class EditorForm : public FormControls {
   bool save_refused_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -2,7 +2,7 @@
 
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
@@ -127,4 +127,4 @@ EntryRule TextRule(int most) {
   return {.most = most, .fits = FitsText, .reserved = kUnset};
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+#include "editing/uses.h"
+
+namespace tarvok::editing {
 
 /**
  * What a box or a cell takes from the keyboard, a key at a time. No rule takes a line end or another control
@@ -68,4 +70,4 @@ inline EntryRule LimitRule() {
   return NumberRule<254>();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

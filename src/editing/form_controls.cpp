@@ -5,7 +5,7 @@
 
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 Control* FormControls::Find(const ControlId& id) {
   // The numbers first: a form with a thousand controls of one name is searched often.
@@ -187,4 +187,4 @@ std::vector<std::string> NumberedEntries(int first, int last, int width, std::st
   return entries;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

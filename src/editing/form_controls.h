@@ -10,8 +10,9 @@
 #include "editing/control.h"
 #include "editing/layout.h"
 #include "editing/table_editor.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /**
  * A form as a set of controls by name with their values, lists and states, one of which, or the table, has
@@ -30,7 +31,7 @@ class FormControls {
   /** nullptr for a control that the form does not have. */
   Control* Find(const ControlId& id);
   std::deque<Control>& controls() { return controls_; }
-  const Layout& layout() const { return layout_; }
+  const FormLayout& layout() const { return layout_; }
   /** The form's table, nullptr for a form without. */
   virtual TableEditor* table() { return nullptr; }
   /** The dialog that stands in front of the form and takes all that a person does; nullptr for none. */
@@ -70,7 +71,7 @@ class FormControls {
   Control& AddList(ControlId id, std::string caption, std::vector<std::string> entries);
   Control& AddCombo(ControlId id, std::string caption, std::vector<std::string> entries);
   Control& AddLabel(ControlId id, std::string text);
-  void SetLayout(Layout layout) { layout_ = std::move(layout); }
+  void SetLayout(FormLayout layout) { layout_ = std::move(layout); }
 
   void OpenDialog(std::unique_ptr<FormControls> dialog) { dialog_ = std::move(dialog); }
   /** For a handler of the dialog: it goes once the handler has returned. */
@@ -82,7 +83,7 @@ class FormControls {
   void Acted(Control& control);
 
   std::deque<Control> controls_;
-  Layout layout_;
+  FormLayout layout_;
   Control* focus_ = nullptr;
   std::unique_ptr<FormControls> dialog_;
   bool dialog_closed_ = false;
@@ -91,4 +92,4 @@ class FormControls {
 /** The texts from `first` to `last` in turn: "1", "2", ... or padded to `width` digits behind `prefix`. */
 std::vector<std::string> NumberedEntries(int first, int last, int width = 0, std::string_view prefix = {});
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

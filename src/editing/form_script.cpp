@@ -10,7 +10,7 @@
 #include "store/number_text.h"
 #include "store/one_line.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kGrid = "mgTest";
@@ -386,4 +386,4 @@ std::string FormScript::Value(std::string_view rest) {
   return {};
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

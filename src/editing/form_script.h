@@ -7,8 +7,9 @@
 
 #include "editing/editor_form.h"
 #include "editing/questions.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** Boxes and questions as lines, `box: TEXT` and `ask: TEXT -> Yes`, with answers given before. */
 class ScriptedQuestions : public Questions {
@@ -79,4 +80,4 @@ class FormScript {
   ScriptedQuestions& questions_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -1,6 +1,8 @@
 #pragma once
 
-namespace tarvok {
+#include "editing/uses.h"
+
+namespace tarvok::editing {
 
 /** A key as an editor's rules see it. */
 enum class KeyCode { kCharacter, kBackspace, kDelete, kReturn, kEscape, kTab, kUp, kDown, kLeft, kRight };
@@ -12,4 +14,4 @@ struct Key {
   static constexpr Key Of(char character) { return {KeyCode::kCharacter, character}; }
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -5,14 +5,15 @@
 #include <vector>
 
 #include "editing/control.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /**
  * How a form is laid out, without saying with what: a tree that a view draws. Labels, units and notes of a
  * form stand here and nowhere else.
  */
-struct Layout {
+struct FormLayout {
   enum class Kind {
     kRow,      // parts side by side
     kColumn,   // parts below each other
@@ -32,45 +33,48 @@ struct Layout {
   Control* control = nullptr;       // owned by the form
   Control* unit_control = nullptr;  // a label that says the unit, where it changes
   int columns = 0;
-  std::vector<Layout> parts;
+  std::vector<FormLayout> parts;
 };
 
 namespace layout {
 
-inline Layout Row(std::vector<Layout> parts) {
-  return {.kind = Layout::Kind::kRow, .parts = std::move(parts)};
+inline FormLayout Row(std::vector<FormLayout> parts) {
+  return {.kind = FormLayout::Kind::kRow, .parts = std::move(parts)};
 }
-inline Layout Column(std::vector<Layout> parts) {
-  return {.kind = Layout::Kind::kColumn, .parts = std::move(parts)};
+inline FormLayout Column(std::vector<FormLayout> parts) {
+  return {.kind = FormLayout::Kind::kColumn, .parts = std::move(parts)};
 }
-inline Layout Group(std::string title, std::vector<Layout> parts) {
-  return {.kind = Layout::Kind::kGroup, .text = std::move(title), .parts = std::move(parts)};
+inline FormLayout Group(std::string title, std::vector<FormLayout> parts) {
+  return {.kind = FormLayout::Kind::kGroup, .text = std::move(title), .parts = std::move(parts)};
 }
-inline Layout Grid(int columns, std::vector<Layout> parts) {
-  return {.kind = Layout::Kind::kGrid, .columns = columns, .parts = std::move(parts)};
+inline FormLayout Grid(int columns, std::vector<FormLayout> parts) {
+  return {.kind = FormLayout::Kind::kGrid, .columns = columns, .parts = std::move(parts)};
 }
-inline Layout Field(std::string label, Control& control, std::string unit = {}) {
+inline FormLayout Field(std::string label, Control& control, std::string unit = {}) {
+  return {.kind = FormLayout::Kind::kField,
+          .text = std::move(label),
+          .unit = std::move(unit),
+          .control = &control};
+}
+inline FormLayout Field(std::string label, Control& control, Control& unit) {
   return {
-      .kind = Layout::Kind::kField, .text = std::move(label), .unit = std::move(unit), .control = &control};
+      .kind = FormLayout::Kind::kField, .text = std::move(label), .control = &control, .unit_control = &unit};
 }
-inline Layout Field(std::string label, Control& control, Control& unit) {
-  return {.kind = Layout::Kind::kField, .text = std::move(label), .control = &control, .unit_control = &unit};
+inline FormLayout Of(Control& control) {
+  return {.kind = FormLayout::Kind::kControl, .control = &control};
 }
-inline Layout Of(Control& control) {
-  return {.kind = Layout::Kind::kControl, .control = &control};
+inline FormLayout Table() {
+  return {.kind = FormLayout::Kind::kTable};
 }
-inline Layout Table() {
-  return {.kind = Layout::Kind::kTable};
+inline FormLayout Note(std::string text) {
+  return {.kind = FormLayout::Kind::kNote, .text = std::move(text)};
 }
-inline Layout Note(std::string text) {
-  return {.kind = Layout::Kind::kNote, .text = std::move(text)};
+inline FormLayout Stretch() {
+  return {.kind = FormLayout::Kind::kStretch};
 }
-inline Layout Stretch() {
-  return {.kind = Layout::Kind::kStretch};
-}
-inline Layout Picture(std::string name) {
-  return {.kind = Layout::Kind::kPicture, .text = std::move(name)};
+inline FormLayout Picture(std::string name) {
+  return {.kind = FormLayout::Kind::kPicture, .text = std::move(name)};
 }
 
 }  // namespace layout
-}  // namespace tarvok
+}  // namespace tarvok::editing

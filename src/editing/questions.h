@@ -2,9 +2,10 @@
 
 #include <string_view>
 
+#include "editing/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** What a form says and asks in boxes with the program's title. The window, the command line and the tests
  * each have one. A line break in a text is "\n". */
@@ -19,4 +20,4 @@ class Questions {
   virtual bool AskToOverwrite(std::string_view question, const IniText& loaded) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

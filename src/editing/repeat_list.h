@@ -6,8 +6,9 @@
 
 #include "editing/layout.h"
 #include "editing/table_form.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** The frame in which a table editor shows the values that stand in it more than once. */
 class RepeatList {
@@ -25,11 +26,11 @@ class RepeatList {
     label_.text = list_.visible ? some : none;
     return list_.visible;
   }
-  Layout Place() const { return layout::Column({layout::Of(label_), layout::Of(list_)}); }
+  FormLayout Place() const { return layout::Column({layout::Of(label_), layout::Of(list_)}); }
 
  private:
   Control& label_;
   Control& list_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

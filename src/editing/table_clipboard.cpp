@@ -4,7 +4,7 @@
 
 #include "editing/table_editor.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 std::vector<std::string> Split(std::string_view text, char by) {
@@ -112,4 +112,4 @@ std::vector<Refusal> TableEditor::FillDown() {
   return PutBlock({line}, where, true);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

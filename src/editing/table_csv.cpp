@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -202,4 +202,4 @@ Status ImportCsv(TableEditor& table, std::string_view text, const CsvImport& imp
   return status;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

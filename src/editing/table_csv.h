@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "editing/table_editor.h"
+#include "editing/uses.h"
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** What an import asks of the one who starts it; each may be left out. */
 struct CsvImport {
@@ -31,4 +32,4 @@ std::string ExportCsv(const TableEditor& table);
  */
 Status ImportCsv(TableEditor& table, std::string_view text, const CsvImport& import = {});
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kNotInList = "is not in the list";
@@ -261,4 +261,4 @@ std::optional<std::string> TableEditor::Fitting(int row, int column, std::string
   return typed;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

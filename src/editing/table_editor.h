@@ -9,8 +9,9 @@
 #include "editing/entry_rule.h"
 #include "editing/key.h"
 #include "editing/table_undo.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** How a cell of a column is edited. */
 enum class Entry {
@@ -243,4 +244,4 @@ class TableEditor {
   UndoList undo_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 constexpr std::string_view kSortAsc = "&Sort Asc";
@@ -79,10 +79,11 @@ void TableForm::Sort(bool ascending) {
   table_.Sort(ascending);
 }
 
-void TableForm::LayOut(std::vector<Layout> above, std::vector<Layout> buttons, std::vector<Layout> beside) {
-  std::vector<Layout> row = std::move(frame_buttons_);
-  for (Layout& button : buttons) row.push_back(std::move(button));
-  for (Layout& part : OkAndCancel().parts) row.push_back(std::move(part));
+void TableForm::LayOut(std::vector<FormLayout> above, std::vector<FormLayout> buttons,
+                       std::vector<FormLayout> beside) {
+  std::vector<FormLayout> row = std::move(frame_buttons_);
+  for (FormLayout& button : buttons) row.push_back(std::move(button));
+  for (FormLayout& part : OkAndCancel().parts) row.push_back(std::move(part));
   beside.push_back(layout::Table());
   above.push_back(beside.size() == 1 ? beside.front() : layout::Row(std::move(beside)));
   above.push_back(layout::Row(std::move(row)));
@@ -109,4 +110,4 @@ std::vector<std::string> Repeats(std::vector<std::string> texts) {
   return repeats;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

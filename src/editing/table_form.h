@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** An editor that is a table: the frame that all of them share, with its buttons and its menu. */
 class TableForm : public EditorForm {
@@ -30,8 +31,8 @@ class TableForm : public EditorForm {
   const TableEditor& grid() const { return table_; }
   /** The table with what stands above it, what stands in front of it, and the buttons below it: the frame's,
    * the form's own, and Save and Cancel. */
-  void LayOut(std::vector<Layout> above = {}, std::vector<Layout> buttons = {},
-              std::vector<Layout> beside = {});
+  void LayOut(std::vector<FormLayout> above = {}, std::vector<FormLayout> buttons = {},
+              std::vector<FormLayout> beside = {});
   void Sort(bool ascending);
   virtual bool sorts() const { return !table_.options().sort_by.empty(); }
 
@@ -43,7 +44,7 @@ class TableForm : public EditorForm {
 
   TableEditor table_;
   std::vector<Refusal> refused_;
-  std::vector<Layout> frame_buttons_;
+  std::vector<FormLayout> frame_buttons_;
   Control* sort_ = nullptr;
   bool next_ascending_ = true;
 };
@@ -51,4 +52,4 @@ class TableForm : public EditorForm {
 /** Every text that stands more than once among the non-empty ones, each once, sorted. */
 std::vector<std::string> Repeats(std::vector<std::string> texts);
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

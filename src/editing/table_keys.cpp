@@ -6,7 +6,7 @@
 #include "editing/table_editor.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 void TableEditor::Move(int rows, int columns) {
   const int row = rows == 0 ? row_ : NextInSight(row_ + rows, rows);
@@ -135,4 +135,4 @@ void TableEditor::PressOpen(Key key) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "editing/table_editor.h"
+#include "editing/uses.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 
 /** Pages of rows that one table shows in turn, as a list beside the table chooses them. Pages count from 0. */
 class TablePages {
@@ -47,4 +48,4 @@ class TablePages {
   int shown_ = -1;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

@@ -5,7 +5,7 @@
 
 #include "editing/table_editor.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 /** A cell as a sort sees it. A number may have any number of digits: without zeros in front the longer one is the
@@ -155,4 +155,4 @@ void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
   Changed();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

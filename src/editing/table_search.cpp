@@ -5,7 +5,7 @@
 #include "editing/table_editor.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editing {
 namespace {
 
 /** Where a text stands in another, case aside; npos for nowhere. */
@@ -63,4 +63,4 @@ int TableEditor::ReplaceAll(std::string_view text, std::string_view by, std::vec
   return count;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

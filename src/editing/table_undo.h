@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace tarvok {
+#include "editing/uses.h"
+
+namespace tarvok::editing {
 
 /** A row of a table: its cells, and what the editor keeps beside them, which moves with the row. */
 struct TableRow {
@@ -109,4 +111,4 @@ class UndoList {
   bool joined_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editing

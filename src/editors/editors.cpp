@@ -3,7 +3,7 @@
 #include "project/commands.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::vector<const Editor*> Editors() {
   std::vector<const Editor*> editors;
@@ -30,4 +30,4 @@ std::unique_ptr<EditorForm> OpenEditor(const Editor& editor, const EditorContext
   return form;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** An editor of the command tree: by which key the tree opens it, what it is called, how it is made. */
 struct Editor {
@@ -35,4 +36,4 @@ std::span<const Editor> PortEditors();
 std::span<const Editor> RoutingEditors();
 std::span<const Editor> SystemEditors();
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -10,7 +10,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 std::vector<Column> ColumnsOf(std::vector<FieldColumn>& columns) {
@@ -298,4 +298,4 @@ RowMoves FieldTableForm::Moves(const std::function<bool(int row)>& keeps) const 
   return moves;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,12 +6,13 @@
 #include <vector>
 
 #include "editing/table_form.h"
+#include "editors/uses.h"
 #include "project/references.h"
 #include "sections/field.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** Names of rows, by the number that refers to them: what a reference shows and how it is found again. */
 class RowNames {
@@ -148,4 +149,4 @@ class FieldTableForm : public TableForm {
   int loaded_rows_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

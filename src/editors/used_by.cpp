@@ -6,7 +6,7 @@
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::vector<Found> UsedBy(const IniText& project, const Table& table, int number) {
   std::vector<Found> uses;
@@ -33,4 +33,4 @@ std::vector<Found> UsedBy(const IniText& project, FieldTableForm& form, int grid
   return UsedBy(project, form.statement(), grid.row(grid_row).origin);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

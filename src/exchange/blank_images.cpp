@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 /** So many bytes of one value. */
@@ -101,4 +101,4 @@ Bytes RouteMapForLoad(const Bytes& sent, int size) {
   return image;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

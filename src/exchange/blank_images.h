@@ -1,8 +1,9 @@
 #pragma once
 
+#include "exchange/uses.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** The image of a section that nobody has filled yet, `size` bytes: what an empty project would have sent. */
 Bytes BlankImage(int section, int size);
@@ -14,4 +15,4 @@ Bytes RouteMapForLoad(const Bytes& sent, int size);
 
 inline constexpr int kRouteMapSection = 8;
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

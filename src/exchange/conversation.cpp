@@ -4,7 +4,7 @@
 
 #include "link/send_log.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 constexpr std::size_t kAddressAt = 1;
@@ -211,4 +211,4 @@ void Conversation::Answer(std::uint8_t code, std::span<const std::uint8_t> paylo
   end_.Send(message);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -10,9 +10,10 @@
 #include "exchange/message_end.h"
 #include "exchange/outgoing_section.h"
 #include "exchange/tool_message.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * What the exchange says to one tool. It is strict: whatever a message should not be is answered by an error
@@ -63,4 +64,4 @@ class Conversation {
   std::optional<ExchangeMode> allowed_;  // the mode that a password opened
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,7 +5,7 @@
 #include "exchange/blank_images.h"
 #include "sections/registry.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 /** An exchange below this version lacks the last billing table. */
@@ -136,4 +136,4 @@ void ExchangeMemory::set_clock(Bytes clock) {
   Changed(MemoryPart::Kind::kClock);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -9,10 +9,11 @@
 #include <utility>
 
 #include "exchange/level_passwords.h"
+#include "exchange/uses.h"
 #include "link/frame.h"
 #include "link/message.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 inline constexpr int kMiniBarRecords = 512;
 inline constexpr int kMiniBarRecordSize = 32;
@@ -98,4 +99,4 @@ class ExchangeMemory {
   std::function<void(MemoryPart)> on_change_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

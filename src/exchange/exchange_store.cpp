@@ -6,7 +6,7 @@
 #include "sections/registry.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 using Kind = MemoryPart::Kind;
@@ -162,4 +162,4 @@ Status ExchangeStore::Flush() {
   return WriteChanged();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -6,11 +6,12 @@
 
 #include "exchange/exchange_memory.h"
 #include "exchange/message_end.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "store/file_system.h"
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * The exchange's memory on disk, in a folder: NN.bin for each section that came, minibar.bin, billing/N.bin
@@ -48,4 +49,4 @@ class ExchangeStore {
   EventServer::TimerId write_timer_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

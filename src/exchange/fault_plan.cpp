@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string>
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 constexpr int kMostDelay_ms = 60'000;
@@ -58,4 +58,4 @@ Result<FaultPlan> ParseFaultPlan(std::string_view text) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,9 +5,10 @@
 #include <random>
 #include <string_view>
 
+#include "exchange/uses.h"
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * How a line is to be damaged. What the faults count are units: a frame or control frame of the link, a
@@ -46,4 +47,4 @@ class Chances {
   std::mt19937_64 generator_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -4,7 +4,7 @@
 
 #include "link/message.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 std::size_t LinkUnit(std::span<const std::uint8_t> bytes) {
   if (bytes.empty()) return 0;
@@ -96,4 +96,4 @@ void FaultyPort::OnBytes(std::span<const std::uint8_t> bytes) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

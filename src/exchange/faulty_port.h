@@ -7,10 +7,11 @@
 
 #include "exchange/fault_plan.h"
 #include "exchange/port_on_port.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** Tells how many bytes the first unit of what came has; 0 if it is not whole yet. */
 using UnitCutter = std::function<std::size_t(std::span<const std::uint8_t>)>;
@@ -59,4 +60,4 @@ class FaultyPort : public PortOnPort {
   std::set<EventServer::TimerId> delayed_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 std::string HexText(std::span<const std::uint8_t> bytes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -30,4 +30,4 @@ std::optional<Bytes> ParseHex(std::string_view text) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -6,13 +6,14 @@
 #include <string>
 #include <string_view>
 
+#include "exchange/uses.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** Two upper-case hexadecimal digits a byte, nothing between them. */
 std::string HexText(std::span<const std::uint8_t> bytes);
 /** Reads that; blanks and line ends between bytes are skipped. nullopt for anything else. */
 std::optional<Bytes> ParseHex(std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,7 +5,7 @@
 
 #include "exchange/tool_message.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 int IncomingPacks::NumberOf(std::span<const std::uint8_t> first_pack) {
   return WordAt(first_pack, kNumberAt);
@@ -71,4 +71,4 @@ int IncomingPacks::PayloadOf(std::uint8_t sequence) const {
   return -1;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,9 +5,10 @@
 #include <span>
 #include <string>
 
+#include "exchange/uses.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** A section, mini bar record or billing sector that came whole. */
 struct IncomingData {
@@ -56,4 +57,4 @@ class IncomingPacks {
   Bytes last_pack_;  // empty: none
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

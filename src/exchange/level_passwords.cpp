@@ -5,7 +5,7 @@
 
 #include "exchange/hex_text.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 /** The highest level number, and so the weakest password, that may use the mode. */
@@ -62,4 +62,4 @@ bool LevelPasswords::Read(std::string_view text) {
   return lines.eof();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

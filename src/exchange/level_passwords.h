@@ -7,10 +7,11 @@
 #include <string>
 #include <string_view>
 
+#include "exchange/uses.h"
 #include "link/message.h"
 #include "link/password_code.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 inline constexpr int kPasswordLevels = 3;
 
@@ -39,4 +40,4 @@ class LevelPasswords {
   std::array<std::optional<PackedPassword>, kPasswordLevels> levels_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

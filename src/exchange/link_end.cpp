@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 /** Well below the second after which the tool enquires. When both sides enquire at once the tool may take the answer that
@@ -177,4 +177,4 @@ void LinkEnd::OnPatienceEnded() {
   patience_ = events_.CallLater(kPatience_ms, [this] { OnPatienceEnded(); });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,11 +5,12 @@
 #include <utility>
 
 #include "exchange/message_end.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * The exchange's end of the byte-stuffed, acknowledged link: it sends the address 0x10 and takes 0x01. The
@@ -63,4 +64,4 @@ class LinkEnd : public MessageEnd {
   EventServer::TimerId patience_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -6,7 +6,9 @@
 #include <string_view>
 #include <utility>
 
-namespace tarvok {
+#include "exchange/uses.h"
+
+namespace tarvok::exchange {
 
 /** Where the practice exchange says what it disliked, one line a call. */
 using Complain = std::function<void(std::string_view)>;
@@ -31,4 +33,4 @@ class MessageEnd {
   MessageHandler on_message_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

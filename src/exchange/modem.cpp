@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 constexpr int kDialling_ms = 500;
@@ -186,4 +186,4 @@ void Modem::Say(std::string_view words) {
   line_->Send({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -6,11 +6,12 @@
 #include <utility>
 
 #include "exchange/message_end.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 class ModemCall;
 
@@ -63,4 +64,4 @@ class Modem {
   EventServer::TimerId timer_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,7 +5,7 @@
 
 #include "exchange/tool_message.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 /** Longer than the tool waits for a first pack before it asks again: a lost first pack is the tool's matter.
@@ -99,4 +99,4 @@ void OutgoingSection::OnPatienceEnded() {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -5,10 +5,11 @@
 #include <utility>
 
 #include "exchange/message_end.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * Gives a section in packs, each behind the tool's "OK" to the one before. When no "OK" comes the tool is
@@ -53,4 +54,4 @@ class OutgoingSection {
   EventServer::TimerId patience_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

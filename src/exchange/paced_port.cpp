@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 constexpr std::int64_t kBitsPerByte_ms = 10'000;  // ten bits a byte, a thousand milliseconds a second
@@ -91,4 +91,4 @@ void PacedPort::GiveArrived(std::span<const std::uint8_t> bytes) {
   GiveClosed(reason);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -7,10 +7,11 @@
 #include <utility>
 
 #include "exchange/port_on_port.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** Bytes on their way over a serial line: each takes ten bits, and a burst begins with the first byte that
  * finds the line idle. Every byte's time counts from the start of its burst, so that rounding to milliseconds
@@ -63,4 +64,4 @@ class PacedPort : public PortOnPort {
   std::optional<std::string> closed_reason_;  // told behind the last byte that came
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

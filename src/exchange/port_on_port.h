@@ -6,9 +6,10 @@
 #include <string_view>
 #include <utility>
 
+#include "exchange/uses.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** A port that stands in front of another one and passes everything on; what derives from it changes what it
  * wants. */
@@ -36,4 +37,4 @@ class PortOnPort : public Port {
   std::unique_ptr<Port> inner_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

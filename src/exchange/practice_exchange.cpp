@@ -8,7 +8,7 @@
 #include "exchange/paced_port.h"
 #include "exchange/stream_end.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 UnitCutter CutterOf(Wire wire) {
@@ -124,4 +124,4 @@ void PracticeExchange::End(Call& call) {
   if (on_end) on_end();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

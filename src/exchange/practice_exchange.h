@@ -11,10 +11,11 @@
 #include "exchange/fault_plan.h"
 #include "exchange/message_end.h"
 #include "exchange/modem.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** What travels on a line: link frames, bare messages, or packets of the relay server. */
 enum class Wire { kLink, kLan, kServer };
@@ -58,4 +59,4 @@ class PracticeExchange {
   Chances error_chances_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -7,7 +7,7 @@
 #include "link/message.h"
 #include "link/send_log.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 namespace {
 
 constexpr int kPatience_ms = 1000;
@@ -98,4 +98,4 @@ void ServerEnd::Send(std::span<const std::uint8_t> message) {
   port_.Send(packet);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

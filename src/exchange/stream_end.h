@@ -5,11 +5,12 @@
 #include <utility>
 
 #include "exchange/message_end.h"
+#include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/frame.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /**
  * The exchange's end of a TCP stream: what comes is kept until a unit is whole, in any split. A unit that is
@@ -77,4 +78,4 @@ class ServerEnd : public StreamEnd {
   std::uint8_t FirstByte() const override;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

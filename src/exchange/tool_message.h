@@ -5,9 +5,10 @@
 #include <span>
 #include <string_view>
 
+#include "exchange/uses.h"
 #include "link/message.h"
 
-namespace tarvok {
+namespace tarvok::exchange {
 
 /** Places in a message of the tool. */
 inline constexpr std::size_t kCodeAt = 3;
@@ -58,4 +59,4 @@ inline int WordAt(std::span<const std::uint8_t> bytes, std::size_t at) {
   return bytes[at] + 256 * bytes[at + 1];
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::exchange

@@ -4,7 +4,7 @@
 #include "store/new_project.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::frame {
 namespace {
 
 constexpr int kSerial = 1;
@@ -44,4 +44,4 @@ Result<std::string> ExchangedCopies::Find(const ConnectionSettings& connection) 
   return files_.Read(PathOf(connection));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::frame

@@ -5,10 +5,11 @@
 #include <string_view>
 #include <utility>
 
+#include "frame/uses.h"
 #include "store/connection_settings.h"
 #include "store/file_system.h"
 
-namespace tarvok {
+namespace tarvok::frame {
 
 /**
  * What each exchange holds as far as this user's program knows: a copy of the project that was last sent to it,
@@ -35,4 +36,4 @@ class ExchangedCopies {
   MakeFolder make_folder_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::frame

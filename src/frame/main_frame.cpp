@@ -8,7 +8,7 @@
 #include "store/number_text.h"
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::frame {
 
 /** Held while a command runs: boxes and modal forms serve events, and with them the next click. */
 class MainFrame::Running {
@@ -245,4 +245,4 @@ void MainFrame::ShowLook(bool has_editor) {
                     .has_editor = has_editor});
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::frame

@@ -6,11 +6,12 @@
 #include <string_view>
 
 #include "frame/main_frame_view.h"
+#include "frame/uses.h"
 #include "project/commands.h"
 #include "store/project_store.h"
 #include "store/recent_files.h"
 
-namespace tarvok {
+namespace tarvok::frame {
 
 inline constexpr std::string_view kFrameTitle = " --= Tarvok Setup 2.36 =-- ";
 inline constexpr std::string_view kBoxTitle = "Tarvok Setup";
@@ -91,4 +92,4 @@ class MainFrame {
   bool ends_ = false;     // the program was asked to end, and does once the modal form is closed
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::frame

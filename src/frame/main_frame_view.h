@@ -6,10 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/uses.h"
 #include "project/place.h"
 #include "store/shared_state.h"
 
-namespace tarvok {
+namespace tarvok::frame {
 
 /** A form of the command tree as the frame sees it. Made loaded and not yet shown; destroyed once closed. */
 class Form {
@@ -71,4 +72,4 @@ class MainFrameView {
   virtual void EndProgram() = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::frame

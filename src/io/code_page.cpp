@@ -6,7 +6,7 @@
 
 #include <QStringDecoder>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 constexpr std::size_t kAscii = 128;
@@ -145,4 +145,4 @@ const CodePage& CodePage::Find(std::string_view name) {
   return found == All().end() ? kOwnPages[0] : *found;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -7,9 +7,10 @@
 
 #include <QString>
 
+#include "io/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /** Where the settings keep the page's name. */
 inline constexpr std::string_view kCodePageGroup = "Desktop";
@@ -54,4 +55,4 @@ class CodePage {
   UpperHalf letters_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

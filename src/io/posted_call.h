@@ -7,7 +7,9 @@
 #include <QEvent>
 #include <QObject>
 
-namespace tarvok {
+#include "io/uses.h"
+
+namespace tarvok::io {
 
 /** A call that the loop makes once for any number of posts before it. Its death takes the post back; the call
  * itself may bring it about. */
@@ -32,4 +34,4 @@ class PostedCall : public QObject {
   bool posted_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

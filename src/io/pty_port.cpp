@@ -13,7 +13,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 namespace fs = std::filesystem;
@@ -154,4 +154,4 @@ void PtyPort::Close() {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -7,8 +7,9 @@
 #include <QSocketNotifier>
 
 #include "io/queued_port.h"
+#include "io/uses.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /**
  * The far end of a pseudo terminal, with a symbolic link by which the other program finds its near end. It
@@ -59,4 +60,4 @@ class PtyPort : public QueuedPort {
   std::string error_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -8,7 +8,7 @@
 #include <QDateTime>
 #include <QTimerEvent>
 
-namespace tarvok {
+namespace tarvok::io {
 
 QtEventServer::QtEventServer() {
   clock_.start();
@@ -87,4 +87,4 @@ bool QtEventServer::ServeUntil(const std::function<bool()>& done, std::int64_t t
   return done();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

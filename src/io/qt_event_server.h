@@ -6,9 +6,10 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include "io/uses.h"
 #include "link/event_server.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /**
  * Time and events by Qt's loop. An application object must exist. ServeUntil may nest; it sleeps until
@@ -45,4 +46,4 @@ class QtEventServer : public QObject, public EventServer {
   std::map<int, TimerId> by_qt_id_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -6,7 +6,7 @@
 #include "io/qt_serial_port.h"
 #include "io/qt_tcp_port.h"
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 /** A port that does not open, for an index behind which there is no device. */
@@ -57,4 +57,4 @@ std::unique_ptr<Port> QtPortMaker::ConnectTcp(const std::string& host, const std
   return std::make_unique<QtTcpPort>(host, port);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

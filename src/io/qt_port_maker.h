@@ -4,10 +4,11 @@
 #include <string>
 #include <utility>
 
+#include "io/uses.h"
 #include "link/port.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /** Per-user settings of the serial devices. */
 inline constexpr std::string_view kSerialPortsGroup = "Serial Ports";
@@ -35,4 +36,4 @@ class QtPortMaker : public PortMaker {
   std::string device_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 QSerialPort::Parity QtParity(Parity parity) {
@@ -105,4 +105,4 @@ void QtSerialPort::Close() {
   port_.close();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -5,9 +5,10 @@
 #include <QSerialPort>
 
 #include "io/queued_port.h"
+#include "io/uses.h"
 #include "link/line_settings.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /**
  * A serial device, named by its path. It is open, or in error, when the constructor returns. At the first
@@ -36,4 +37,4 @@ class QtSerialPort : public QueuedPort {
   std::string error_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

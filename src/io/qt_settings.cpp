@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QVariant>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 QString PathOf(std::string_view group, std::string_view key) {
@@ -40,4 +40,4 @@ void QtSettings::Set(std::string_view group, std::string_view key, std::string_v
   settings_.setValue(path, kept);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -2,9 +2,10 @@
 
 #include <QSettings>
 
+#include "io/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /**
  * The per-user settings in the INI file `Tarvok config/Tarvok config.ini` of the user's configuration folder.
@@ -22,4 +23,4 @@ class QtSettings : public SettingsStore {
   QSettings settings_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

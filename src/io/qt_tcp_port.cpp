@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QNetworkProxy>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 std::optional<quint16> PortNumber(const std::string& text) {
@@ -102,4 +102,4 @@ void QtTcpPort::Close() {
   socket_.reset();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -6,8 +6,9 @@
 #include <QTcpSocket>
 
 #include "io/queued_port.h"
+#include "io/uses.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /** A TCP connection. Small blocks leave at once, each Send in one write; what was sent before a Close still
  * arrives. */
@@ -39,4 +40,4 @@ class QtTcpPort : public QueuedPort {
   std::string error_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::io {
 
 void QueuedPort::Arrived(std::span<const std::uint8_t> bytes) {
   if (silent_ || bytes.empty()) return;
@@ -36,4 +36,4 @@ void QueuedPort::Deliver() {
   GiveBytes(bytes);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

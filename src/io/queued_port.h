@@ -4,10 +4,11 @@
 #include <string>
 
 #include "io/posted_call.h"
+#include "io/uses.h"
 #include "link/frame.h"
 #include "link/port.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /**
  * What the ports on Qt's loop share: bytes and the end of the stream reach the handlers from the loop, never
@@ -35,4 +36,4 @@ class QueuedPort : public Port {
   bool silent_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

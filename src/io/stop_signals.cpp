@@ -7,7 +7,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::io {
 namespace {
 
 // A signal handler can reach nothing but a global; only this one descriptor is global.
@@ -59,4 +59,4 @@ StopSignals::~StopSignals() {
   wake_end = -1;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -7,7 +7,9 @@
 
 #include <QSocketNotifier>
 
-namespace tarvok {
+#include "io/uses.h"
+
+namespace tarvok::io {
 
 /**
  * Turns SIGTERM, SIGINT and SIGHUP (the terminal went) into an event: the handler runs from the loop, where it
@@ -29,4 +31,4 @@ class StopSignals {
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

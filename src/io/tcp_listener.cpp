@@ -7,7 +7,7 @@
 
 #include "io/qt_tcp_port.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 TcpListener::TcpListener(ConnectionHandler on_connection) : on_connection_(std::move(on_connection)) {
   server_.setProxy(QNetworkProxy::NoProxy);
@@ -31,4 +31,4 @@ Status TcpListener::Listen(const std::string& address, int port) {
   return {};
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::io

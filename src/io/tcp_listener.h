@@ -6,10 +6,11 @@
 
 #include <QTcpServer>
 
+#include "io/uses.h"
 #include "link/port.h"
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::io {
 
 /** Listens on an address and gives every connection as an open port. */
 class TcpListener {
@@ -28,4 +29,4 @@ class TcpListener {
   QTcpServer server_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::io

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 constexpr std::int64_t kEstablishWait_ms = 3000;
@@ -120,4 +120,4 @@ void DLS_LY2::LinkSendEnq() {
   SendControl(kEnq, "PCDLS: Send Enq.");
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

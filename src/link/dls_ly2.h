@@ -11,9 +11,10 @@
 #include "link/physical_line.h"
 #include "link/send_log.h"
 #include "link/statistics.h"
+#include "link/uses.h"
 #include "link/waits.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /**
  * The byte-stuffed, acknowledged link to the exchange: one message of at most 64 bytes a frame, one frame in
@@ -104,4 +105,4 @@ class DLS_LY2 {
   std::string modem_line_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

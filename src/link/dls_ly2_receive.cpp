@@ -6,7 +6,7 @@
 
 #include "link/dls_ly2.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 constexpr std::size_t kMaxDataLength = 65;  // the address and 64 bytes of message
@@ -208,4 +208,4 @@ void DLS_LY2::SendAgain() {
   LinkSendFrame();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <functional>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** Local calendar time, for the exchange's clock and for logs. */
 struct WallClock {
@@ -44,4 +46,4 @@ class EventServer {
   virtual bool ServeUntil(const std::function<bool()>& done, std::int64_t timeout_ms) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 constexpr int kPumpInterval_ms = 10;
@@ -70,4 +70,4 @@ void ExchangeLine::Close() {
   line_.Close();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

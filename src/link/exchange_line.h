@@ -11,8 +11,9 @@
 #include "link/l3_serial.h"
 #include "link/l3_server.h"
 #include "link/stream_reader.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /** The way from a session's messages to the port and back: physical line, link and message module of the
  * mode, joined. One a session's form; nothing in it is shared with another. */
@@ -69,4 +70,4 @@ class ExchangeLine {
   std::function<void(std::string_view)> on_ended_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -1,6 +1,6 @@
 #include "link/frame.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 void AppendDoubled(std::uint8_t byte, Bytes& out) {
@@ -35,4 +35,4 @@ Bytes BuildControl(std::uint8_t control, std::uint8_t address) {
   return frame;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -4,7 +4,9 @@
 #include <span>
 #include <vector>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -37,4 +39,4 @@ Bytes BuildFrame(std::uint8_t address, std::span<const std::uint8_t> data);
 /** 10, the control byte, the address (doubled if it is 10). */
 Bytes BuildControl(std::uint8_t control, std::uint8_t address);
 
-}  // namespace tarvok
+}  // namespace tarvok::link

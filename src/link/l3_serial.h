@@ -2,8 +2,9 @@
 
 #include "link/dls_ly2.h"
 #include "link/message_layer.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /** The messages over serial line, modem, LAN to serial and LAN: in link frames, or bare on a LAN. */
 class L3Serial : public MessageLayer {
@@ -23,4 +24,4 @@ class L3Serial : public MessageLayer {
   DLS_LY2& link_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-namespace tarvok {
+namespace tarvok::link {
 
 void L3Server::SendToServer(std::span<const std::uint8_t> message) {
   std::string dump;
@@ -24,4 +24,4 @@ void L3Server::SendToServer(std::span<const std::uint8_t> message) {
   [[maybe_unused]] const bool taken = line_.Write(packet);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

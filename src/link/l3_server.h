@@ -2,8 +2,9 @@
 
 #include "link/message_layer.h"
 #include "link/physical_line.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /**
  * The messages over a relay server: each in one packet of 129 bytes, without link frames. GetMiniBar waits
@@ -30,4 +31,4 @@ class L3Server : public MessageLayer {
   PhysicalLine& line_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -5,7 +5,7 @@
 
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 std::optional<std::array<std::string_view, 4>> CommaParts(std::string_view text) {
@@ -55,4 +55,4 @@ std::optional<LineSettings> ParseLineSettings(std::string_view text) {
   return settings;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

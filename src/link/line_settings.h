@@ -3,7 +3,9 @@
 #include <optional>
 #include <string_view>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 enum class Parity { kNone, kEven, kOdd };
 enum class StopBits { kOne, kOneAndHalf, kTwo };
@@ -22,4 +24,4 @@ struct LineSettings {
  * Anything else is no setting, and a port that is opened with it does not open. */
 std::optional<LineSettings> ParseLineSettings(std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** First byte of every message, by direction. */
 inline constexpr std::uint8_t kFromTool = 0x12;
@@ -57,4 +59,4 @@ inline constexpr int kServerReadIn = 128;
 inline constexpr int kServerHeaderIn = 8;
 inline constexpr std::uint8_t kServerMark = 0x11;
 
-}  // namespace tarvok
+}  // namespace tarvok::link

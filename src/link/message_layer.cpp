@@ -6,7 +6,7 @@
 #include "link/password_code.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 constexpr std::int64_t kFullPackWait_ms = 4000;
@@ -215,4 +215,4 @@ void MessageLayer::SendEnquiry() {
   Carry(std::array<std::uint8_t, 4>{kFromTool, parts_.address.byte(), 0, command::kEnquiry});
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -12,9 +12,10 @@
 #include "link/section_image.h"
 #include "link/send_log.h"
 #include "link/statistics.h"
+#include "link/uses.h"
 #include "link/waits.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /** Whom the messages go to. Direct to the CPU card both ids are 15. */
 struct ExchangeAddress {
@@ -156,4 +157,4 @@ class MessageLayer {
   std::optional<std::uint8_t> next_step_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -6,7 +6,7 @@
 #include "link/message_layer.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 int Word(std::span<const std::uint8_t> message, std::size_t at) {
@@ -208,4 +208,4 @@ std::int64_t MessageLayer::MissingBytes() const {
   return std::max<std::int64_t>(0, state_.ReceivedSize - state_.ReceiveOffset);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -2,7 +2,9 @@
 
 #include <string>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** What the last line of text from the modem said. */
 struct ModemReply {
@@ -17,4 +19,4 @@ struct ModemReply {
   std::string ModemConnectText;  // the whole line of a CONNECT
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -5,7 +5,7 @@
 
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 std::optional<PackedPassword> PackPassword(std::string_view digits) {
   const bool all_digits =
@@ -33,4 +33,4 @@ void Wipe(std::string& text) {
   text.clear();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

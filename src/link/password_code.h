@@ -8,7 +8,9 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** A password as it travels: three bytes. */
 using PackedPassword = std::array<std::uint8_t, 3>;
@@ -25,4 +27,4 @@ void Wipe(std::span<std::uint8_t> bytes);
 /** The same for a text, which is empty afterwards. */
 void Wipe(std::string& text);
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::link {
 
 void PhysicalLine::PhysicalSend(std::span<const std::uint8_t> bytes) {
   if (!IsOpen()) {
@@ -43,4 +43,4 @@ void PhysicalLine::Close() {
   closing->Close();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -6,8 +6,9 @@
 
 #include "link/port.h"
 #include "link/send_log.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /** How the exchange is reached: the project's key "By". Any other value is the server as well. */
 enum class LinkMode : std::uint8_t { kServer = 0, kSerial = 1, kModem = 2, kLanToSerial = 3, kLan = 4 };
@@ -48,4 +49,4 @@ class PhysicalLine {
   std::unique_ptr<Port> port_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -8,8 +8,9 @@
 #include <string_view>
 
 #include "link/line_settings.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 enum class PortState { kConnecting, kOpen, kError, kClosed };
 
@@ -69,4 +70,4 @@ class PortMaker {
   virtual std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <span>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** A receive buffer of fixed size, so that nothing is allocated while data arrives. Bytes behind its end are
  * counted by the receiver but not kept. */
@@ -29,4 +31,4 @@ using SectionImage = ReceiveImage<50001>;
 /** Where mini bar data lands, indices 0 to 512. */
 using MiniBarImage = ReceiveImage<513>;
 
-}  // namespace tarvok
+}  // namespace tarvok::link

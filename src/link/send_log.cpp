@@ -2,7 +2,7 @@
 
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 std::string HexDump(std::span<const std::uint8_t> bytes) {
   std::string text;
@@ -11,4 +11,4 @@ std::string HexDump(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -6,7 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** The history of a session, `send.log`. Lines end with CR LF. Where it goes is the program's matter; with no
  * sink it is written nowhere. The link layer writes only while the debug switch is on. */
@@ -39,4 +41,4 @@ class SendLog {
 /** Each byte as upper-case hexadecimal without leading zero, followed by "H ". */
 std::string HexDump(std::span<const std::uint8_t> bytes);
 
-}  // namespace tarvok
+}  // namespace tarvok::link

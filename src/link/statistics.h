@@ -2,7 +2,9 @@
 
 #include <cstdint>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 /** What a session counts. LinkInit sets it back. */
 struct TransferStatistics {
@@ -22,4 +24,4 @@ struct TransferStatistics {
   std::int64_t SendMilliseconds = 0;  // summed duration of section and mini bar sends
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -4,7 +4,7 @@
 
 #include "link/message.h"
 
-namespace tarvok {
+namespace tarvok::link {
 namespace {
 
 constexpr std::int64_t kHold_ms = 1000;
@@ -187,4 +187,4 @@ bool ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& tak
   return !broken_off;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::link

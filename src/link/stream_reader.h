@@ -6,7 +6,9 @@
 #include <span>
 #include <vector>
 
-namespace tarvok {
+#include "link/uses.h"
+
+namespace tarvok::link {
 
 using TakeMessage = std::function<void(std::span<const std::uint8_t>)>;
 
@@ -62,4 +64,4 @@ class ServerReader {
   HeldBytes held_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

@@ -4,8 +4,9 @@
 #include <utility>
 
 #include "link/event_server.h"
+#include "link/uses.h"
 
-namespace tarvok {
+namespace tarvok::link {
 
 /**
  * The one way in which a session waits: serve events, test the flag, test the clock, test whether the session
@@ -44,4 +45,4 @@ class Waits {
   bool without_end_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::link

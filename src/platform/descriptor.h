@@ -3,7 +3,9 @@
 #include <unistd.h>
 #include <utility>
 
-namespace tarvok {
+#include "platform/uses.h"
+
+namespace tarvok::platform {
 
 /** An open file that closes itself; -1 for none. */
 class Descriptor {
@@ -28,4 +30,4 @@ class Descriptor {
   int fd_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

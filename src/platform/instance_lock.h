@@ -3,8 +3,9 @@
 #include <string>
 
 #include "platform/descriptor.h"
+#include "platform/uses.h"
 
-namespace tarvok {
+namespace tarvok::platform {
 
 /** Tells a program whether another one of this user runs already, and tells the next one of this. The kernel lets go of
  * the lock when its program ends, however that ends; an empty file stays. */
@@ -21,4 +22,4 @@ class InstanceLock {
   bool held_elsewhere_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace tarvok {
+namespace tarvok::platform {
 namespace {
 
 Status Because(const std::string& path, int error) {
@@ -60,4 +60,4 @@ void LogFile::Write(std::string_view text) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

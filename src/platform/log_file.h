@@ -4,9 +4,10 @@
 #include <string_view>
 
 #include "platform/descriptor.h"
+#include "platform/uses.h"
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::platform {
 
 /** A log that starts anew when it is opened and is readable by the user alone. Each text is on its way to the
  * disk when Write returns. */
@@ -27,4 +28,4 @@ class LogFile {
   Status status_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

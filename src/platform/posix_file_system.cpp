@@ -14,7 +14,7 @@
 
 #include "platform/descriptor.h"
 
-namespace tarvok {
+namespace tarvok::platform {
 namespace {
 
 /** How long a file's time may stand still while its bytes change: a few ticks of the kernel's coarse clock.
@@ -230,4 +230,4 @@ Result<std::string> PosixFileSystem::MakePrivateFolder(const std::string& parent
   return path;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

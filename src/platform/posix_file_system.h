@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/uses.h"
 #include "store/file_system.h"
 
-namespace tarvok {
+namespace tarvok::platform {
 
 /** Files of a POSIX system. Messages name the path and the system's reason. */
 class PosixFileSystem : public FileSystem {
@@ -21,4 +22,4 @@ class PosixFileSystem : public FileSystem {
   Result<std::string> MakePrivateFolder(const std::string& parent) override;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::platform

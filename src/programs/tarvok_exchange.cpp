@@ -22,8 +22,9 @@
 #include "platform/instance_lock.h"
 #include "platform/posix_file_system.h"
 #include "programs/given_text.h"
+#include "programs/uses.h"
 
-namespace tarvok {
+namespace tarvok::programs {
 namespace {
 
 constexpr int kDone = 0;
@@ -243,10 +244,10 @@ int Main(int argc, char** argv) {
 }
 
 }  // namespace
-}  // namespace tarvok
+}  // namespace tarvok::programs
 
 int main(int argc, char** argv) {
   // A reader of our output that goes away is no reason to die with the store unwritten.
   std::signal(SIGPIPE, SIG_IGN);
-  return tarvok::Main(argc, argv);
+  return tarvok::programs::Main(argc, argv);
 }

@@ -28,9 +28,10 @@
 #include "platform/log_file.h"
 #include "platform/posix_file_system.h"
 #include "programs/ctl/places.h"
+#include "programs/uses.h"
 #include "store/new_project.h"
 
-namespace tarvok {
+namespace tarvok::programs {
 namespace {
 
 /** The history, begun anew; where it can't be opened a session runs without one. */
@@ -126,8 +127,8 @@ int Run(int argc, char** argv) {
 }
 
 }  // namespace
-}  // namespace tarvok
+}  // namespace tarvok::programs
 
 int main(int argc, char** argv) {
-  return tarvok::Run(argc, argv);
+  return tarvok::programs::Run(argc, argv);
 }

@@ -21,6 +21,7 @@
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/session_commands.h"
 #include "programs/given_text.h"
+#include "programs/uses.h"
 #include "sections/registry.h"
 
 namespace tarvok::ctl {

@@ -4,9 +4,10 @@
 #include <vector>
 
 #include "project/place.h"
+#include "project/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** A step of the way that a call takes, in people's words, and the row that says so. */
 struct PathNode {
@@ -31,4 +32,4 @@ PathNode WayInOfPort(const IniText& project, int port);
 /** The way in of the DID numbers of row `row`: the E1 link on which they come, the range, and where it goes. */
 PathNode WayInOfDid(const IniText& project, int row);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -15,7 +15,7 @@
 #include "store/field_list.h"
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 constexpr std::string_view kRow = "row";
@@ -262,4 +262,4 @@ std::vector<Finding> CheckProject(const IniText& project) {
   return findings;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "project/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** Something in a project that no editor and no load from an exchange could have written, or that points
  * nowhere. All texts are bytes of the project's code page. */
@@ -19,4 +20,4 @@ struct Finding {
 /** All findings in a project, in the order of its sections and rows. */
 std::vector<Finding> CheckProject(const IniText& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

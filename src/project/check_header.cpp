@@ -10,7 +10,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 namespace key = connection_key;
@@ -65,4 +65,4 @@ void CheckHeader(const IniText& project, std::vector<Finding>& findings) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

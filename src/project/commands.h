@@ -3,7 +3,9 @@
 #include <array>
 #include <string_view>
 
-namespace tarvok {
+#include "project/uses.h"
+
+namespace tarvok::project {
 
 /** How a form is shown: beside the tree, which stays usable, or in front of everything until it is closed. */
 enum class ShowMode { kChild, kModal };
@@ -101,4 +103,4 @@ constexpr const Command* CommandOfNode(int node) {
              : nullptr;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

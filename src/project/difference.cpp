@@ -13,7 +13,7 @@
 #include "sections/tables.h"
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 using Kind = Difference::Kind;
@@ -277,4 +277,4 @@ std::vector<Difference> CompareProjects(const IniText& first, const IniText& sec
   return found;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

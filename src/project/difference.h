@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "project/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** What differs between two projects, in words. All texts are bytes of the projects' code page. */
 struct Difference {
@@ -34,4 +35,4 @@ enum class Secrets { kHidden, kShown };
 std::vector<Difference> CompareProjects(const IniText& first, const IniText& second,
                                         Secrets secrets = Secrets::kHidden);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

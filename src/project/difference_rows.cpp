@@ -8,7 +8,7 @@
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 using Rows = std::vector<int>;
@@ -95,4 +95,4 @@ std::vector<RowMatches::Run> RowMatches::Runs() const {
   return runs;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

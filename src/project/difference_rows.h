@@ -2,10 +2,11 @@
 
 #include <vector>
 
+#include "project/uses.h"
 #include "sections/field.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /**
  * Which row of a second project a row of a first one is: a row that went elsewhere with the marks by which people
@@ -43,4 +44,4 @@ class RowMatches {
   std::vector<bool> told_;  // the row's marks told where it is
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::project

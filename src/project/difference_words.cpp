@@ -1,6 +1,6 @@
 #include "project/difference_words.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 constexpr std::string_view kFieldSign = " \u00B7 ";
@@ -35,4 +35,4 @@ std::string DifferenceLine(const Difference& difference,
       .append(letters(difference.after));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -5,8 +5,9 @@
 #include <string_view>
 
 #include "project/difference.h"
+#include "project/uses.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** What the two projects of a comparison are called. */
 struct SideNames {
@@ -18,4 +19,4 @@ struct SideNames {
 std::string DifferenceLine(const Difference& difference,
                            const std::function<std::string(std::string_view)>& letters, SideNames names = {});
 
-}  // namespace tarvok
+}  // namespace tarvok::project

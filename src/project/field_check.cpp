@@ -7,7 +7,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 constexpr std::string_view kDecimal = "0123456789";
@@ -185,4 +185,4 @@ std::string WrongTarget(const IniText& project, const Field& field, std::string_
       .append(decisive.name);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

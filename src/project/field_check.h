@@ -3,10 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "project/uses.h"
 #include "sections/field.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** Why no editor and no load could have left this value in the field; "" where one could. "F" is no value. */
 std::string WrongValue(const Field& field, std::string_view text);
@@ -22,4 +23,4 @@ struct CodedParts {
 };
 CodedParts TakeApart(const Field& field, std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -5,10 +5,11 @@
 #include <utility>
 
 #include "project/call_path.h"
+#include "project/uses.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** A row of a table with its fields as people see them. The project must outlive it. */
 class RowInWords {
@@ -55,4 +56,4 @@ inline void AddPart(std::string& text, std::string_view words, std::string_view 
   text.append(words).append(what.empty() ? "" : " ").append(what);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

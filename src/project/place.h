@@ -2,7 +2,9 @@
 
 #include <string>
 
-namespace tarvok {
+#include "project/uses.h"
+
+namespace tarvok::project {
 
 /** A place in a project, such as a finding, a reference or a search leads to. */
 struct Place {
@@ -14,4 +16,4 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -36,7 +36,7 @@
 #include "sections/system/system_times.h"
 #include "sections/tables.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 struct EditedBy {
@@ -162,4 +162,4 @@ const Command* CommandOf(const Place& place) {
   return nullptr;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -5,9 +5,10 @@
 
 #include "project/commands.h"
 #include "project/place.h"
+#include "project/uses.h"
 #include "sections/field.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** The command whose form edits a field of a table, from 1, or its rows as such (0). This is the one list that
  * findings, references and searches jump by. nullptr for a section that no form edits. */
@@ -27,4 +28,4 @@ Place PlaceOf(std::string_view section, std::string_view key, std::string_view f
 /** The command whose form shows the place; nullptr if none does. */
 const Command* CommandOf(const Place& place);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

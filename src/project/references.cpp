@@ -10,7 +10,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 /** The row that a plain reference names, 0 for none: not set, or a value with a name of its own. */
@@ -163,4 +163,4 @@ std::string PutField(std::string_view list, int n, std::string_view text) {
   return filled;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

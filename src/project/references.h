@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "project/uses.h"
 #include "sections/field.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** Where the rows of a section went: old row number to new one, 0 for a row that is gone. A row that is not
  * listed stays where it was. Numbers are those of references: as people count the rows. */
@@ -45,4 +46,4 @@ std::string WithField(std::string_view list, int n, std::string_view text);
 /** The same; a list that ends in front of the field is filled up to it with "F". */
 std::string PutField(std::string_view list, int n, std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -8,7 +8,7 @@
 #include "sections/tables.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 enum class Match { kEqual, kBegins, kHolds, kNone };
@@ -143,4 +143,4 @@ SearchResult SearchProject(const IniText& project, std::string_view text, std::s
   return search.Take(most);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -6,9 +6,10 @@
 #include <vector>
 
 #include "project/place.h"
+#include "project/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::project {
 
 /** For each byte of the project's code page the byte that stands for it when case does not matter. */
 using FoldTable = std::array<unsigned char, 256>;
@@ -36,4 +37,4 @@ struct SearchResult {
 SearchResult SearchProject(const IniText& project, std::string_view text, std::size_t most,
                            const FoldTable& fold = AsciiFold());
 
-}  // namespace tarvok
+}  // namespace tarvok::project

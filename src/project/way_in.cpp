@@ -13,7 +13,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 std::string PortText(const RowInWords& port) {
@@ -202,4 +202,4 @@ PathNode WayInOfDid(const IniText& project, int row) {
   return node;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

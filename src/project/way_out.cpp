@@ -10,7 +10,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 
-namespace tarvok {
+namespace tarvok::project {
 namespace {
 
 /** Ports beside each other on one card, as one step. */
@@ -126,4 +126,4 @@ PathNode WayOut(const IniText& project, int row) {
   return node;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::project

@@ -3,7 +3,9 @@
 #include <span>
 #include <string_view>
 
-namespace tarvok {
+#include "sections/uses.h"
+
+namespace tarvok::sections {
 
 struct Field;
 struct Table;
@@ -207,4 +209,4 @@ struct Table {
   bool whole_value() const { return fields.size() == 1 && !repeats; }
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 std::string PlusOneOrUnset(int value, int unset, int width) {
@@ -57,7 +57,7 @@ std::string ImageReader::RawPlusOneWord(int at, int width) const {
 
 std::string ImageReader::Digits(int at, int count) const {
   const std::string number =
-      UnpackDigits(Bytes(at, count), DialSymbols::kDigits, SkippedBytes::kZeroAndUnset);
+      UnpackDigits(Bytes(at, count), DialSymbols::kDigits, SkippedBytes::kZeroAnd255);
   return number.empty() ? std::string(kUnset) : number;
 }
 
@@ -112,4 +112,4 @@ RowText& RowText::Replace(char from, char to) {
   return *this;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

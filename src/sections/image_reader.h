@@ -5,10 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "sections/uses.h"
 #include "store/digit_code.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** A section's wire image, or a record of it. Offsets count from its start; behind its end all bytes are 0.
  * The bytes must outlive the reader. The texts are short, so that a string holds them without asking for memory;
@@ -76,4 +77,4 @@ class RowText {
   bool first_ = true;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

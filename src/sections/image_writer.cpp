@@ -5,7 +5,7 @@
 
 #include "sections/wire_values.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 void ImageWriter::Byte(int at, int value) {
   Fill(at, 1, value);
@@ -47,4 +47,4 @@ void ImageWriter::Fail(std::string_view section, std::string_view row, std::stri
   error_.append(": value ").append(value).append(" ").append(why);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

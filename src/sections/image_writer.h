@@ -5,9 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "sections/uses.h"
 #include "store/digit_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /**
  * The wire image of a section while an encoder fills it. It has its final size from the start, all bytes 0.
@@ -43,4 +44,4 @@ class ImageWriter {
   std::string error_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

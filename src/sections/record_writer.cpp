@@ -5,7 +5,7 @@
 #include "sections/wire_values.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 constexpr std::string_view kTooLarge = "is more than its place on the wire can hold";
@@ -73,4 +73,4 @@ void RecordWriter::Hex(int at, int field) {
   Checked(at, field, IsSet(field) ? ValHex(fields_[field]) : kUnsetByte);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

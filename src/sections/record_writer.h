@@ -5,9 +5,10 @@
 
 #include "sections/field.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Why a member of a list is refused that has no room left; packed are the numbers of classes. */
 constexpr std::string_view PoolFull(const Members& members) {
@@ -120,4 +121,4 @@ class RecordWriter {
   FieldList fields_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -29,7 +29,7 @@
 #include "sections/system/system_numbers.h"
 #include "sections/system/system_times.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 constexpr int kAll = kLowestVersion;
@@ -42,7 +42,7 @@ constexpr Section One(int number, int size, int from, std::string_view name, std
   return section;
 }
 
-constexpr Section WithLayouts(Section section, std::array<Layout, 3> layouts) {
+constexpr Section WithLayouts(Section section, std::array<WireLayout, 3> layouts) {
   section.layouts = layouts;
   return section;
 }
@@ -164,9 +164,9 @@ std::string Section::GetFailedText() const {
   return "Get " + shown + (number < kFirstLater ? " failed" : "");
 }
 
-const Layout* Section::LayoutAt(int version, Direction direction) const {
-  const Layout* found = nullptr;
-  for (const Layout& layout : layouts) {
+const WireLayout* Section::LayoutAt(int version, Direction direction) const {
+  const WireLayout* found = nullptr;
+  for (const WireLayout& layout : layouts) {
     const int from = direction == Direction::kSend ? layout.send_from : layout.load_from;
     if (layout.size > 0 && from <= version) found = &layout;
   }
@@ -192,7 +192,7 @@ const Section* FindSection(int number) {
 
 int SizeAt(int number, int version, Direction direction) {
   const Section* section = FindSection(number);
-  const Layout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
+  const WireLayout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
   return layout == nullptr ? 0 : layout->size;
 }
 
@@ -213,4 +213,4 @@ std::vector<const Section*> ReadPlan(int version) {
   return plan;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -8,10 +8,11 @@
 
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The exchange versions that the tool serves, in hundredths. */
 inline constexpr int kLowestVersion = 100;
@@ -27,7 +28,7 @@ std::vector<std::string> WhatIsCut(const IniEdit& project);
 
 /** One byte layout of a section. It holds from the given versions on until the next layout of the same
  * direction. */
-struct Layout {
+struct WireLayout {
   int size = 0;       // bytes; 0 is the end of the list
   int send_from = 0;  // lowest version that is sent this layout
   int load_from = 0;  // lowest version that answers in it
@@ -47,12 +48,12 @@ struct Section {
   int load_from = kNever;        // lowest version that a load asks for it
   int times_sent = 1;
   bool moves_bar = true;  // the progress bar goes to the section's number
-  std::array<Layout, 3> layouts{};
+  std::array<WireLayout, 3> layouts{};
 
   /** What a load logs where the exchange keeps refusing the section. */
   std::string GetFailedText() const;
   /** The layout of a version, nullptr if the section has none. */
-  const Layout* LayoutAt(int version, Direction direction) const;
+  const WireLayout* LayoutAt(int version, Direction direction) const;
 };
 
 /** All sections by number: the one list that send, load, compare, command line and practice exchange walk. */
@@ -79,4 +80,4 @@ inline constexpr int kBarEnd = 46;
 inline constexpr std::array<int, 3> kPasswordSections = {29, 30, 31};
 inline constexpr int kPasswordSize = 3;
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -8,7 +8,7 @@
 #include "store/number_text.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 constexpr std::string_view kOn = "on";
@@ -177,4 +177,4 @@ std::string RowLabel(const IniText& project, const Table& table, int number) {
   return marks.empty() ? label : label.append(" (").append(marks).append(")");
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "sections/field.h"
+#include "sections/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /**
  * The fields of a row's value, cut and judged as its table states them. Both must outlive it. In a row that
@@ -50,4 +51,4 @@ std::string Shown(const IniText& project, const Field& field, std::string_view t
 /** As people call a row: "Port 012 (card 3, channel 4)". */
 std::string RowLabel(const IniText& project, const Table& table, int number);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

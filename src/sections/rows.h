@@ -7,12 +7,13 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/record_writer.h"
+#include "sections/uses.h"
 #include "sections/wire_values.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The key of row `number`; of a table of one key that key, whatever the number. */
 inline std::string KeyOf(const Table& table, int number) {
@@ -104,4 +105,4 @@ void ForEachMember(std::string_view list, Take take) {
   });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -30,7 +30,7 @@
 #include "sections/system/system_numbers.h"
 #include "sections/system/system_times.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 constexpr const Table* kTables[] = {
@@ -95,4 +95,4 @@ std::span<const Table* const> Tables() {
   return kTables;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

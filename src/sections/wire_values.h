@@ -1,9 +1,11 @@
 #pragma once
 
-namespace tarvok {
+#include "sections/uses.h"
+
+namespace tarvok::sections {
 
 /** What stands on the wire for a value that is not set, in one byte and in 16 bits. */
 inline constexpr int kUnsetByte = 255;
 inline constexpr int kUnsetWord = 65535;
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -11,7 +11,7 @@
 #include "store/ini_text.h"
 #include "store/new_project.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kCannotSend = "Cannot send data (RE)";
@@ -128,4 +128,4 @@ bool SendBillingFiles(Transfer& transfer, const std::string& folder) {
   return sent;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -4,8 +4,9 @@
 #include <string_view>
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Whether a file of that name is a billing table, case aside. */
 bool IsBillingFile(std::string_view name);
@@ -15,4 +16,4 @@ bool IsBillingFile(std::string_view name);
  */
 bool SendBillingFiles(Transfer& transfer, const std::string& folder);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -7,7 +7,7 @@
 #include "sessions/get_whole.h"
 #include "sessions/send_section.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kMostDifferences = 4;
@@ -57,4 +57,4 @@ bool SendSectionsCompared(Transfer& transfer, const IniText& project) {
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Sends to older exchanges are not compared, whatever the switch says. */
 inline constexpr int kLowestComparedVersion = 109;
@@ -11,4 +12,4 @@ inline constexpr int kLowestComparedVersion = 109;
  * fourth one ends the session with the section as the exchange holds it. */
 bool SendSectionsCompared(Transfer& transfer, const IniText& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

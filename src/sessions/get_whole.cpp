@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kMostErrors = 4;
@@ -53,4 +53,4 @@ bool GetWhole(Transfer& transfer, const WholeRequest& request) {
   return false;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

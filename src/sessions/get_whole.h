@@ -5,8 +5,9 @@
 #include <string_view>
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Behind an answer that came whole, where the next message would follow at once. A device that takes one read for one
  * message loses what comes together with the OK to the last pack. */
@@ -27,4 +28,4 @@ struct WholeRequest {
  * by closing the form. */
 bool GetWhole(Transfer& transfer, const WholeRequest& request);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

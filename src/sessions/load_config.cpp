@@ -9,7 +9,7 @@
 #include "sessions/open_connection.h"
 #include "sessions/store_loaded.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr double kRequestPause_s = 0.1;
@@ -22,7 +22,7 @@ bool GetSection(Transfer& transfer, const Section& section) {
                              .give_up_words = section.GetFailedText()});
 }
 
-bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
+bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout) {
   const MessageState& state = transfer.messages().state();
   if (state.ReceivedSize != layout.size) {
     transfer.log().Line("section " + std::to_string(section.number) + ": " +
@@ -43,7 +43,7 @@ bool Decode(Transfer& transfer, const Section& section, const Layout& layout) {
 bool GetSections(Transfer& transfer) {
   const int version = transfer.version();
   for (const Section* section : ReadPlan(version)) {
-    const Layout* layout = section->LayoutAt(version, Direction::kLoad);
+    const WireLayout* layout = section->LayoutAt(version, Direction::kLoad);
     if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;
     transfer.Progress(section->number, kBarEnd);
   }
@@ -83,4 +83,4 @@ bool LoadConfiguration(Transfer& transfer) {
   return loaded && StoreLoaded(transfer);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -6,7 +6,7 @@
 #include "sessions/password_form.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kModeOkDots = "..............................";
@@ -79,4 +79,4 @@ bool EndSending(Transfer& transfer, std::string_view refused_box, std::string_vi
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

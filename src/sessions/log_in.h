@@ -3,8 +3,9 @@
 #include <string_view>
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 inline constexpr std::string_view kSoftwareTooOld =
     "This software is old version, Please contact vender for upgrade this software.";
@@ -36,4 +37,4 @@ bool LogIn(Transfer& transfer, const LogInWords& words);
  * the given box, after its line in the log window where there is one. */
 bool EndSending(Transfer& transfer, std::string_view refused_box, std::string_view refused_line = {});
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -11,7 +11,7 @@
 #include "sessions/store_loaded.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kLowestVersion = 106;
@@ -129,4 +129,4 @@ bool LoadMiniBarList(Transfer& transfer) {
   return loaded && StoreLoaded(transfer);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

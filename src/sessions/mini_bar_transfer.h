@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Sends the 512 records of the mini bar list to a version from 106 on, without an upper bound. */
 bool SendMiniBarList(Transfer& transfer);
@@ -11,4 +12,4 @@ bool SendMiniBarList(Transfer& transfer);
  * there. */
 bool LoadMiniBarList(Transfer& transfer);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -5,7 +5,7 @@
 
 #include "sessions/open_connection.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr LineSettings kModemLine = {.speed = 57600};
@@ -119,4 +119,4 @@ bool CallByModem(Transfer& transfer) {
   return transfer.waits().WaitSeconds(1);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -2,7 +2,7 @@
 
 #include "sessions/modem_call.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kPortOkDots = ".................................";
@@ -89,4 +89,4 @@ bool OpenConnection(Transfer& transfer) {
   return !UsesFrames(mode) || (EstablishLink(transfer) && CheckConnection(transfer));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

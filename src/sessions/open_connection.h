@@ -5,8 +5,9 @@
 
 #include "link/line_settings.h"
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** How the project's serial line is set; nothing where its speed is none. */
 std::optional<LineSettings> SerialLine(const ConnectionSettings& settings);
@@ -23,4 +24,4 @@ bool OpenSerialPort(Transfer& transfer);
 /** Connects to the address of the settings, with its words. There is no time limit but the system's own. */
 bool OpenSocket(Transfer& transfer);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

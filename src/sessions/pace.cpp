@@ -5,7 +5,7 @@
 
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr std::int64_t kSecond_ms = 1000;
@@ -58,4 +58,4 @@ std::string Pace::End(std::int64_t done_bytes, std::int64_t tick_ms) const {
   return text;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <string>
 
-namespace tarvok {
+#include "sessions/uses.h"
+
+namespace tarvok::sessions {
 
 /**
  * How fast a transfer goes, in words for the user: what has come through, bytes a second, the share of a serial line that
@@ -35,4 +37,4 @@ class Pace {
 /** Minutes and seconds as "2:06". */
 std::string MinutesText(std::int64_t seconds);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

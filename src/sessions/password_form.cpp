@@ -7,7 +7,7 @@
 #include "sections/registry.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kMostTries = 3;
@@ -156,4 +156,4 @@ void PasswordForm::Close(bool passed) {
   open_ = false;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

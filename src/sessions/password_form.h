@@ -6,8 +6,9 @@
 
 #include "link/password_code.h"
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /**
  * The log-in that every session shows once the exchange was set to a mode. The exchange alone decides;
@@ -64,4 +65,4 @@ class PasswordForm {
   EventServer::TimerId tmrChkResErr_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -6,7 +6,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 /** Ids that the settings dialog never wrote. */
@@ -57,4 +57,4 @@ bool PingExchange(Transfer& transfer) {
   return answered;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -7,7 +7,7 @@
 #include "store/new_project.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 int Rand(int low, int high) {
   static std::mt19937 generator{std::random_device{}()};
@@ -94,4 +94,4 @@ bool WritePortTestData(Transfer& transfer, const std::string& folder) {
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -3,8 +3,9 @@
 #include <string>
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Bytes of the test data: 6,875 counters from 0, 32 bits each, low byte first; as many as section 4 has. */
 inline constexpr int kPortTestSize = 27500;
@@ -21,4 +22,4 @@ bool GetPortTest(Transfer& transfer, const std::string& folder);
 /** Writes the test data to "temp.txt". */
 bool WritePortTestData(Transfer& transfer, const std::string& folder);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

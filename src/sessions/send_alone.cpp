@@ -7,7 +7,7 @@
 #include "sessions/open_connection.h"
 #include "sessions/send_section.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr LogInWords kWords = {.lowest_version = 101};
@@ -58,4 +58,4 @@ bool SendIpAddress(Transfer& transfer) {
   return SendAlone(transfer, kIpAddress);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

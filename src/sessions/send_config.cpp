@@ -10,7 +10,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 /** How a story ended, as far as its cleaning up differs. */
@@ -144,4 +144,4 @@ bool SendConfiguration(Transfer& transfer) {
   return end == End::kDone;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Sends every section of the project that the exchange's version has, in order; with the compare switch on,
  * and to versions that have it, each is read back and compared. True when all arrived and the exchange is
@@ -10,4 +11,4 @@ namespace tarvok {
  * stays in configuration mode with what it got. Of the project only the compare box is written. */
 bool SendConfiguration(Transfer& transfer);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kRouteMap = 8;
@@ -26,7 +26,7 @@ bool FailSection(Transfer& transfer, const Section& section, std::string_view do
 
 bool SendSection(Transfer& transfer, const Section& section, const IniText& project,
                  std::vector<std::uint8_t>& image, std::string_view ok_dots, std::string_view failed_dots) {
-  const Layout* layout = section.LayoutAt(transfer.version(), Direction::kSend);
+  const WireLayout* layout = section.LayoutAt(transfer.version(), Direction::kSend);
   transfer.Start(section.progress);
   ImageWriter writer(layout->size);
   layout->encode(project, writer);
@@ -38,4 +38,4 @@ bool SendSection(Transfer& transfer, const Section& section, const IniText& proj
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -4,8 +4,9 @@
 
 #include "sections/registry.h"
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** Encodes a section of the project for the exchange's version and sends it, with its progress line. A value
  * that can't be encoded is told in the log window and the history, and nothing of the section is sent. The
@@ -14,4 +15,4 @@ bool SendSection(Transfer& transfer, const Section& section, const IniText& proj
                  std::vector<std::uint8_t>& image, std::string_view ok_dots = {},
                  std::string_view failed_dots = {});
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+#include "sessions/uses.h"
+
+namespace tarvok::sessions {
 
 class PasswordForm;
 
@@ -40,4 +42,4 @@ class SessionView {
   virtual void SetBusy(bool busy) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -1,6 +1,6 @@
 #include "sessions/session_words.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 std::string_view WayOf(LinkMode mode) {
@@ -30,4 +30,4 @@ std::string Dots(std::string_view text) {
   return std::string(text.size() + kFewest > kColumn ? kFewest : kColumn - text.size(), '.');
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

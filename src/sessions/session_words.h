@@ -4,8 +4,9 @@
 #include <string_view>
 
 #include "link/physical_line.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** What a session is for. */
 enum class TransferDirection { kLoad, kWrite, kWriteLinkTable, kWriteMiniBar, kWriteIp, kWriteBilling };
@@ -27,4 +28,4 @@ std::string Heading(std::string_view what, LinkMode mode);
 /** The run of dots that takes a progress text to the log window's column. */
 std::string Dots(std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

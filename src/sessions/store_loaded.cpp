@@ -9,7 +9,7 @@
 #include "store/number_text.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 /** Where the loaded project goes; nothing where the user does not want it anywhere. */
@@ -84,4 +84,4 @@ bool StoreLoaded(Transfer& transfer) {
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

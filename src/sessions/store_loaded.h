@@ -4,8 +4,9 @@
 
 #include "sessions/log_in.h"
 #include "sessions/transfer.h"
+#include "sessions/uses.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 inline constexpr std::string_view kLoadQuestion = "Do you want to load data config?";
 inline constexpr std::string_view kReplaceQuestion =
@@ -41,4 +42,4 @@ void AdviseAnotherLoad(Transfer& transfer);
  * too. */
 bool StoreLoaded(Transfer& transfer);
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

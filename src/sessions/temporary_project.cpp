@@ -5,7 +5,7 @@
 
 #include "store/new_project.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kFileName = "outcfg.tvk";
@@ -30,4 +30,4 @@ TemporaryProject::~TemporaryProject() {
   [[maybe_unused]] const Status folder = files_.Remove(folder_);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

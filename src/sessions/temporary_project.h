@@ -3,9 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "sessions/uses.h"
 #include "store/file_system.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /**
  * The project that a load builds: `outcfg.tvk` in a folder of its own, which only the user can open. So two loads at the
@@ -33,4 +34,4 @@ class TemporaryProject {
   bool discarded_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -8,7 +8,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 namespace {
 
 constexpr int kSecond_ms = 1000;
@@ -195,4 +195,4 @@ bool Transfer::FailInLog(std::string_view line, std::string_view more) {
   return false;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -10,10 +10,11 @@
 #include "sessions/session_view.h"
 #include "sessions/session_words.h"
 #include "sessions/temporary_project.h"
+#include "sessions/uses.h"
 #include "store/connection_settings.h"
 #include "store/project_store.h"
 
-namespace tarvok {
+namespace tarvok::sessions {
 
 /** The forms that hold a connection; some words and the password's mode go by form. */
 enum class TransferForm { kConnect, kMiniBar, kBilling };
@@ -141,4 +142,4 @@ class Transfer {
   std::int64_t bytes_before_pace_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::sessions

@@ -5,7 +5,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 namespace key = connection_key;
@@ -127,4 +127,4 @@ std::vector<std::string> SummaryLines(const ConnectionSettings& settings) {
   return lines;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

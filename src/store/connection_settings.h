@@ -5,7 +5,7 @@
 
 #include "store/project_store.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** How a project reaches its exchange: the connection keys of the header section. */
 struct ConnectionSettings {
@@ -68,4 +68,4 @@ void WriteConnection(IniEdit& project, const ConnectionSettings& settings);
 /** The lines that a transfer form shows: the way, the ids on a link, and port or address. */
 std::vector<std::string> SummaryLines(const ConnectionSettings& settings);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 using Digits = std::vector<std::uint8_t>;  // highest first
@@ -94,4 +94,4 @@ std::string ConvertBase(std::string_view digits, int from, int to, char point) {
   return result.empty() ? "0" : result;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /**
  * Converts a number of any length from one base to another, exactly, without machine arithmetic on the whole.
@@ -15,4 +15,4 @@ namespace tarvok {
  */
 std::string ConvertBase(std::string_view digits, int from, int to, char point);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -4,7 +4,7 @@
 
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr int kNoNibble = -1;
@@ -20,8 +20,8 @@ int NibbleOf(char symbol, DialSymbols symbols) {
 }
 
 bool IsSkipped(std::uint8_t byte, SkippedBytes skipped) {
-  if (byte == 0) return skipped == SkippedBytes::kZero || skipped == SkippedBytes::kZeroAndUnset;
-  return byte == 255 && (skipped == SkippedBytes::kUnset || skipped == SkippedBytes::kZeroAndUnset);
+  if (byte == 0) return skipped == SkippedBytes::kZero || skipped == SkippedBytes::kZeroAnd255;
+  return byte == 255 && (skipped == SkippedBytes::k255 || skipped == SkippedBytes::kZeroAnd255);
 }
 
 }  // namespace
@@ -60,4 +60,4 @@ std::string UnpackDigits(std::span<const std::uint8_t> field, DialSymbols symbol
   return number;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -5,13 +5,13 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** Which symbols a section's telephone numbers may hold. */
 enum class DialSymbols { kDigits, kDigitsStarHash };
 
 /** Which bytes of a packed number are not read. */
-enum class SkippedBytes { kNone, kUnset, kZero, kZeroAndUnset };
+enum class SkippedBytes { kNone, k255, kZero, kZeroAnd255 };
 
 /**
  * Packs a telephone number two symbols to a byte, the first in the high half: "1" to "9" as themselves, "0"
@@ -34,4 +34,4 @@ void AppendDigits(std::span<const std::uint8_t> field, DialSymbols symbols, Skip
 /** What a hexadecimal character of the joined text stands for. */
 char SymbolOf(char hex, DialSymbols symbols);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

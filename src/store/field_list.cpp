@@ -4,7 +4,7 @@
 
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 /** Takes the next field that is not empty off the list; "" at its end. */
@@ -57,4 +57,4 @@ std::string_view FieldList::operator[](int n) const {
   return index < kKept ? fields_[index] : GetField(rest_, n - static_cast<int>(kKept));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** What stands in a field that is not set. */
 inline constexpr std::string_view kUnset = "F";
@@ -50,4 +50,4 @@ void ForEachField(std::string_view list, Take take) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -8,7 +8,7 @@
 
 #include "store/status.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** What tells one state of a file from another without reading it. */
 struct FileIdentity {
@@ -66,4 +66,4 @@ class FileSystem {
   virtual Result<std::string> MakePrivateFolder(const std::string& parent) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

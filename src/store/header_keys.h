@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** The header section, which stands in every project and in the system file. */
 inline constexpr std::string_view kHeaderSection = "Chk_Tarvok";
@@ -18,4 +18,4 @@ inline constexpr std::string_view kLastBilling = "LastBil";
 /** What the user is told of a file that is missing or has no tag. */
 inline constexpr std::string_view kNotAProject = "File not found or File not correct.";
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -12,7 +12,7 @@
 #include "store/new_project.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::string_view kEnd = ".tvk";
@@ -221,4 +221,4 @@ Status History::BringBack(const std::string& project_path, const KeptVersion& ve
   return lock.ok() ? WriteWhole(files_, project_path, bytes.value()) : lock.status();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -8,7 +8,7 @@
 
 #include "store/file_system.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** What an editor, a load or the desktop calls before it changes a project. It never keeps anybody from a
  * save: how it went is told elsewhere. `reason` begins "Before ...". */
@@ -69,4 +69,4 @@ class History {
   MakeFolder make_folder_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace tarvok {
+namespace tarvok::store {
 
 std::string HashOf(std::string_view bytes) {
   constexpr std::uint64_t kStart = 0xCBF29CE484222325U;
@@ -31,4 +31,4 @@ std::string NameWithHash(std::string_view shown, std::string_view whole) {
   return name.append("-").append(HashOf(whole));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 inline constexpr std::size_t kHashDigits = 16;
 
@@ -19,4 +19,4 @@ bool IsPlainInName(char c);
  * what tells it from all others. */
 std::string NameWithHash(std::string_view shown, std::string_view whole);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

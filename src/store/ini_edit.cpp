@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::string_view kNewLine = "\r\n";
@@ -173,4 +173,4 @@ std::string IniEdit::Bytes() const {
   return out;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

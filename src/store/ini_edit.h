@@ -9,7 +9,7 @@
 
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /**
  * Changes to an INI file that become one write. Reads see the changes made so far.
@@ -81,4 +81,4 @@ class IniEdit {
   std::pmr::vector<const SectionEdit*> order_{&memory_};  // of their first change
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

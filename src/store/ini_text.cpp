@@ -5,7 +5,7 @@
 #include <bit>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::array<char, 256> MakeFoldTable() {
@@ -169,4 +169,4 @@ std::vector<std::string_view> IniText::Sections() const {
   return names;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** Names compare without regard to case, by Latin-1 folding. */
 bool SameName(std::string_view a, std::string_view b);
@@ -100,4 +100,4 @@ class IniText {
   std::vector<std::int32_t> slots_;  // of each section in turn: open addressing over its keys, -1 is free
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -3,7 +3,7 @@
 #include "store/number_text.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::string_view kCountrySection = "Country";
@@ -58,4 +58,4 @@ Status NewDefault(ProjectStore& store, const std::string& system_file, const std
   return written.ok() ? written : not_copied(written);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -6,7 +6,7 @@
 
 #include "store/project_store.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** Shown if the system file is missing or unusable, or cannot be copied. */
 inline constexpr std::string_view kNoSystemFile =
@@ -33,4 +33,4 @@ Result<std::shared_ptr<const IniText>> ReadSystemFile(ProjectStore& store, const
  */
 Status NewDefault(ProjectStore& store, const std::string& system_file, const std::string& file);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::int64_t kLimit = 1'000'000'000'000'000;
@@ -124,4 +124,4 @@ std::string FormatGrouped(std::int64_t hundredths) {
   return text;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** The text without the blanks at its ends; tabs stay. */
 std::string_view Trim(std::string_view text);
@@ -43,4 +43,4 @@ std::string FormatGrouped(std::int64_t hundredths);
 /** Thousandths in the pattern "##0.000": 0 is "0.000", 1042 is "1.042". */
 std::string FormatThousandths(std::int64_t thousandths);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

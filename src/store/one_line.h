@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** A text of several lines as one: a blank for each line break. */
 inline std::string InOneLine(std::string_view text) {
@@ -15,4 +15,4 @@ inline std::string InOneLine(std::string_view text) {
   return line;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

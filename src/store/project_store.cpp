@@ -4,7 +4,7 @@
 #include "store/number_text.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 Result<std::shared_ptr<const IniText>> ProjectStore::Load(const std::string& file) {
   const FileIdentity identity = files_.Identify(file);
@@ -68,4 +68,4 @@ bool IsProject(const IniText& text) {
   return SameName(Trim(text.Get(kHeaderSection, kHeaderTag)), kProjectTag);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -10,7 +10,7 @@
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /**
  * Access to project files and the system file by key.
@@ -57,4 +57,4 @@ class ProjectStore {
  */
 bool IsProject(const IniText& text);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

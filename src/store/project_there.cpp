@@ -2,7 +2,7 @@
 
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 std::string WhyNoProject(ProjectStore& store, const std::string& file) {
   if (IsProject(*store.Snapshot(file))) return {};
@@ -10,4 +10,4 @@ std::string WhyNoProject(ProjectStore& store, const std::string& file) {
   return "The project " + file + " is gone.\nBring it back to that place and try again.";
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

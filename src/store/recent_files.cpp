@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 constexpr std::string_view kGroup = "Recent Files";
@@ -44,4 +44,4 @@ std::vector<std::string> RecentFiles::ShowRecentFiles() const {
   return {entries_.begin(), std::find(entries_.begin(), entries_.end(), "")};
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -6,7 +6,7 @@
 
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** The five projects opened last, the latest first, kept in the per-user settings under `Recent Files`. */
 class RecentFiles {
@@ -30,4 +30,4 @@ class RecentFiles {
   std::array<std::string, kCount> entries_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

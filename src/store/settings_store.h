@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** The per-user settings: groups of named values. A missing value reads "". */
 class SettingsStore {
@@ -13,4 +13,4 @@ class SettingsStore {
   virtual void Set(std::string_view group, std::string_view key, std::string_view value) = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

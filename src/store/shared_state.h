@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** What the frame and the editors share. One instance a program; InitGlobals is its start. */
 struct SharedState {
@@ -16,4 +16,4 @@ struct SharedState {
   void InitGlobals() { *this = SharedState(); }
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** Why something failed, as far as a caller acts on it. */
 enum class ErrorKind { kNone, kNotFound, kNoPermission, kNoSpace, kExists, kInputOutput, kBadData };
@@ -42,4 +42,4 @@ class [[nodiscard]] Result {
   Status status_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::store

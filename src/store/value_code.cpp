@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 std::string Digits(std::uint64_t value, unsigned base) {
@@ -28,4 +28,4 @@ std::uint64_t BinToDec(std::string_view text) {
   return value;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

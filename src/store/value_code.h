@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace tarvok {
+namespace tarvok::store {
 
 /** Upper-case hexadecimal without leading zeros; 0 gives "0". */
 std::string DecToHex(std::uint64_t value);
@@ -16,4 +16,4 @@ std::string DecToBin(std::uint64_t value);
  * above the 63rd are not there. */
 std::uint64_t BinToDec(std::string_view text);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

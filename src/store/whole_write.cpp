@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace tarvok {
+namespace tarvok::store {
 namespace {
 
 /** The same error, told of the file that the user knows. */
@@ -77,4 +77,4 @@ Status WriteWhole(FileSystem& files, const std::string& path, std::string_view b
   return renamed;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::store

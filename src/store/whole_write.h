@@ -5,7 +5,7 @@
 
 #include "store/file_system.h"
 
-namespace tarvok {
+namespace tarvok::store {
 
 /**
  * The one way in which a file is written: beside the target, flushed, renamed, so that a crash leaves the old
@@ -21,4 +21,4 @@ Status CanWriteWhole(FileSystem& files, const std::string& path);
 /** Whether both paths lead to one file, or to the place where one is to come. */
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b);
 
-}  // namespace tarvok
+}  // namespace tarvok::store

@@ -5,6 +5,7 @@
 #include "sections/image_reader.h"
 #include "sections/registry.h"
 #include "store/ini_edit.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 
@@ -31,7 +32,7 @@ IniText Load(int version, const Images& images) {
   const IniText nothing;
   IniEdit project(nothing);
   for (const Section* section : ReadPlan(version)) {
-    const Layout* layout = section->LayoutAt(version, Direction::kLoad);
+    const WireLayout* layout = section->LayoutAt(version, Direction::kLoad);
     const auto image = images.find(section->number);
     if (layout == nullptr || layout->decode == nullptr || image == images.end()) continue;
     layout->decode(ImageReader(image->second), project);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "store/ini_text.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

@@ -8,6 +8,7 @@
 #include "store/field_list.h"
 #include "tests/contract/random_images.h"
 #include "tests/contract/statement_values.h"
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 #include "tests/source_file.h"
 
@@ -19,10 +20,10 @@ using Names = std::set<std::string>;
 /** Calls `take(section, layout)` for each layout in which some version is sent a section. */
 template <typename Take>
 void ForEachSentLayout(Take take) {
-  std::set<const Layout*> seen;
+  std::set<const WireLayout*> seen;
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
     for (const Section& section : Sections()) {
-      const Layout* layout = section.LayoutAt(version, Direction::kSend);
+      const WireLayout* layout = section.LayoutAt(version, Direction::kSend);
       if (layout == nullptr || layout->encode == nullptr || !seen.insert(layout).second) continue;
       SCOPED_TRACE("section " + std::to_string(section.number) + ", version " + std::to_string(version));
       take(section.number, *layout);
@@ -73,7 +74,8 @@ std::set<int> Changed(const ImageWriter& a, const ImageWriter& b) {
 
 /** Changes each field of the second of three full rows. The bytes that change are no other field's, and lie
  * in that row's record. */
-void ExpectOwnBytes(const Layout& layout, const Table& table, const std::string& others, Names& travelled) {
+void ExpectOwnBytes(const WireLayout& layout, const Table& table, const std::string& others,
+                    Names& travelled) {
   const bool rows = !table.single();
   const int first = table.rows.first;
   const int record = rows ? layout.size / (table.rows.last - first + 1) : layout.size;
@@ -101,7 +103,7 @@ void ExpectOwnBytes(const Layout& layout, const Table& table, const std::string&
 TEST(SectionContract, AFieldChangesItsOwnBytesAlone) {
   Names travelled;
   Names all;
-  ForEachSentLayout([&](int section, const Layout& layout) {
+  ForEachSentLayout([&](int section, const WireLayout& layout) {
     if (kPools.contains(section)) return;
     for (const Table* table : TablesOf(section)) {
       ExpectOwnBytes(layout, *table, OtherKeys(section, *table), travelled);
@@ -124,7 +126,7 @@ TEST(SectionContract, ANumberThatIsTooLargeIsAnErrorOfItsField) {
   const std::string kTooLarge = "70000";
   Names refused;
   Names numbers;
-  ForEachSentLayout([&](int section, const Layout& layout) {
+  ForEachSentLayout([&](int section, const WireLayout& layout) {
     for (const Table* table : TablesOf(section)) {
       for (int n = 1; n <= static_cast<int>(table->fields.size()); ++n) {
         const Field& field = table->fields[static_cast<std::size_t>(n) - 1];
@@ -169,7 +171,7 @@ const std::map<int, std::string> kUnstable = {
 Images Send(int version, const IniText& project) {
   Images images;
   for (const Section* section : ReadPlan(version)) {
-    const Layout* layout = section->LayoutAt(version, Direction::kSend);
+    const WireLayout* layout = section->LayoutAt(version, Direction::kSend);
     if (layout == nullptr || layout->encode == nullptr ||
         layout->size != SizeAt(section->number, version, Direction::kLoad))
       continue;
@@ -200,7 +202,7 @@ TEST(SectionContract, ADecoderWritesItsOwnKeysAlone) {
   for (const int version : {100, 101, 104, 107, 110}) {
     for (unsigned kind = 0; kind < kKinds; ++kind) {
       for (const auto& [number, image] : ImagesOf(version, kind)) {
-        const Layout* layout = FindSection(number)->LayoutAt(version, Direction::kLoad);
+        const WireLayout* layout = FindSection(number)->LayoutAt(version, Direction::kLoad);
         if (layout == nullptr || layout->decode == nullptr) continue;
         const IniText loaded = Decoded(layout->decode, image);
         for (const std::string_view section : loaded.Sections()) {

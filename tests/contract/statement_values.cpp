@@ -34,6 +34,7 @@
 #include "sections/system/system_times.h"
 #include "store/field_list.h"
 #include "store/ini_edit.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

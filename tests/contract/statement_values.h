@@ -5,6 +5,7 @@
 
 #include "sections/field.h"
 #include "store/ini_text.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

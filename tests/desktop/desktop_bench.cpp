@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 
+#include "tests/floors.h"
 #include "tests/simulation/virtual_line.h"
 
 namespace tarvok::test {

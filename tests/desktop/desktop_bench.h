@@ -21,6 +21,7 @@
 #include "io/tcp_listener.h"
 #include "platform/posix_file_system.h"
 #include "tests/desktop/memory_settings.h"
+#include "tests/floors.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {

@@ -7,6 +7,7 @@
 #include "desktop/forms/editor_page.h"
 #include "tests/desktop/desktop_bench.h"
 #include "tests/expect_keys.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

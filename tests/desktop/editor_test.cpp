@@ -8,6 +8,7 @@
 
 #include "project/difference.h"
 #include "tests/desktop/editor_desk.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -9,6 +9,7 @@
 
 #include "store/field_list.h"
 #include "tests/desktop/editor_desk.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "store/settings_store.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

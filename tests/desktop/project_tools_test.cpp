@@ -9,6 +9,7 @@
 #include "project/places.h"
 #include "store/header_keys.h"
 #include "tests/desktop/desktop_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "tests/desktop/editor_desk.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -10,6 +10,7 @@
 #include "desktop/transfer/setting_dialog.h"
 #include "io/code_page.h"
 #include "tests/desktop/desktop_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

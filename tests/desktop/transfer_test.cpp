@@ -3,6 +3,7 @@
 
 #include "desktop/transfer/transfer_dialog.h"
 #include "tests/desktop/desktop_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

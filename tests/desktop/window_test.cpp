@@ -5,6 +5,7 @@
 #include "desktop/overview/last_transfer.h"
 #include "store/header_keys.h"
 #include "tests/desktop/desktop_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "editing/table_csv.h"
 #include "editing/table_form.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -11,6 +11,7 @@
 #include "editing/form_script.h"
 #include "editors/editors.h"
 #include "tests/expect_keys.h"
+#include "tests/floors.h"
 #include "tests/source_file.h"
 #include "tests/store/memory_files.h"
 

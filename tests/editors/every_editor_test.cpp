@@ -5,6 +5,7 @@
 #include "project/difference.h"
 #include "tests/contract/random_images.h"
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

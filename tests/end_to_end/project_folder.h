@@ -12,6 +12,7 @@
 #include "sessions/store_loaded.h"
 #include "store/new_project.h"
 #include "tests/end_to_end/stopped_process.h"
+#include "tests/floors.h"
 #include "tests/simulation/session_bench.h"
 #include "tests/temp_folder.h"
 

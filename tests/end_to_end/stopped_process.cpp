@@ -14,6 +14,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/floors.h"
+
 namespace tarvok::test {
 namespace {
 

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "tests/floors.h"
+
 namespace tarvok::test {
 
 /** What happens to a process at one of its system calls. */

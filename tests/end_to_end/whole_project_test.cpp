@@ -14,6 +14,7 @@
 
 #include "store/history.h"
 #include "tests/end_to_end/project_folder.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

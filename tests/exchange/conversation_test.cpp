@@ -2,6 +2,7 @@
 
 #include "exchange/blank_images.h"
 #include "tests/exchange/practice_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -5,6 +5,7 @@
 #include "exchange/blank_images.h"
 #include "sections/registry.h"
 #include "tests/exchange/practice_bench.h"
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {
@@ -98,7 +99,7 @@ bool SaysNothing(const IniText::Key& key) {
 TEST(BlankImages, LoadAsAnEmptyProject) {
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
     for (const Section* section : ReadPlan(version)) {
-      const Layout* layout = section->LayoutAt(version, Direction::kLoad);
+      const WireLayout* layout = section->LayoutAt(version, Direction::kLoad);
       // The modes have a switch that is on, tenants may all call each other, a link table always has its way out.
       const bool has_defaults = section->number == 2 || section->number == 12 || section->number == 37;
       if (layout == nullptr || layout->decode == nullptr || has_defaults) continue;

@@ -3,6 +3,7 @@
 #include "exchange/faulty_port.h"
 #include "exchange/paced_port.h"
 #include "tests/exchange/practice_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

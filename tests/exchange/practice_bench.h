@@ -7,6 +7,7 @@
 
 #include "exchange/hex_text.h"
 #include "exchange/practice_exchange.h"
+#include "tests/floors.h"
 #include "tests/hex.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"

@@ -2,6 +2,7 @@
 
 #include "link/frame.h"
 #include "tests/exchange/practice_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

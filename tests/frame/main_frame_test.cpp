@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/desktop/memory_settings.h"
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {

@@ -1,6 +1,7 @@
 #include <QTimer>
 #include <gmock/gmock.h>
 
+#include "tests/floors.h"
 #include "tests/io/io_bench.h"
 
 namespace tarvok::test {

@@ -6,6 +6,7 @@
 
 #include "io/qt_event_server.h"
 #include "link/port.h"
+#include "tests/floors.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {

@@ -11,6 +11,7 @@
 #include "io/qt_settings.h"
 #include "io/qt_tcp_port.h"
 #include "io/tcp_listener.h"
+#include "tests/floors.h"
 #include "tests/io/io_bench.h"
 
 namespace tarvok::test {

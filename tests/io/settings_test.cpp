@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "io/qt_settings.h"
+#include "tests/floors.h"
 #include "tests/io/io_bench.h"
 
 namespace tarvok::test {

@@ -7,6 +7,7 @@
 
 #include "link/line_settings.h"
 #include "link/password_code.h"
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"

@@ -8,6 +8,7 @@
 #include "link/l3_server.h"
 #include "link/password_code.h"
 #include "link/stream_reader.h"
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"

@@ -9,6 +9,7 @@
 #include "platform/log_file.h"
 #include "store/project_store.h"
 #include "store/whole_write.h"
+#include "tests/floors.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {

@@ -11,6 +11,7 @@
 #include "sections/tables.h"
 #include "store/number_text.h"
 #include "tests/contract/statement_values.h"
+#include "tests/floors.h"
 #include "tests/source_file.h"
 
 namespace tarvok::test {

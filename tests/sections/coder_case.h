@@ -12,6 +12,7 @@
 #include "sections/image_writer.h"
 #include "sections/registry.h"
 #include "tests/expect_keys.h"
+#include "tests/floors.h"
 #include "tests/hex.h"
 
 namespace tarvok::test {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 
 namespace tarvok::test {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 
 namespace tarvok::test {

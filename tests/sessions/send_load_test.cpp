@@ -7,6 +7,7 @@
 #include "sessions/send_config.h"
 #include "sessions/store_loaded.h"
 #include "store/number_text.h"
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/session_bench.h"
 
@@ -17,7 +18,7 @@ using testing::HasSubstr;
 
 /** The image of a section of a project as the newest version takes it. */
 Bytes ImageOf(const Section& section, const std::string& project) {
-  const Layout* layout = section.LayoutAt(kHighestVersion, Direction::kSend);
+  const WireLayout* layout = section.LayoutAt(kHighestVersion, Direction::kSend);
   return Encoded(layout->encode, layout->size, project).bytes();
 }
 

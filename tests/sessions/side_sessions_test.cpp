@@ -12,6 +12,7 @@
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
 #include "store/number_text.h"
+#include "tests/floors.h"
 #include "tests/hex.h"
 #include "tests/simulation/session_bench.h"
 

@@ -10,6 +10,7 @@
 #include "sessions/open_connection.h"
 #include "sessions/send_config.h"
 #include "sessions/store_loaded.h"
+#include "tests/floors.h"
 #include "tests/simulation/session_bench.h"
 
 namespace tarvok::test {

@@ -5,6 +5,7 @@
 
 #include "sessions/password_form.h"
 #include "sessions/send_config.h"
+#include "tests/floors.h"
 #include "tests/simulation/simulated_run.h"
 
 namespace tarvok::test {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tests/floors.h"
 #include "tests/source_file.h"
 
 namespace tarvok::test {

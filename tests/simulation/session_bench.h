@@ -10,6 +10,7 @@
 #include "exchange/practice_exchange.h"
 #include "sessions/password_form.h"
 #include "sessions/transfer.h"
+#include "tests/floors.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"
 #include "tests/store/memory_files.h"

@@ -14,6 +14,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "tests/floors.h"
 #include "tests/simulation/simulated_run.h"
 
 namespace tarvok::test {

@@ -13,6 +13,7 @@
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
 #include "store/header_keys.h"
+#include "tests/floors.h"
 #include "tests/sections/coder_case.h"
 
 namespace tarvok::test {
@@ -42,8 +43,8 @@ constexpr NamedSession kSessions[SimulatedRun::kKinds] = {
 
 /** A section of the example hotel as a send to that version carries it, made once a thread. */
 const Bytes& HotelImage(const Section& section, int version) {
-  thread_local std::map<const Layout*, Bytes> images;
-  const Layout* layout = section.LayoutAt(version, Direction::kSend);
+  thread_local std::map<const WireLayout*, Bytes> images;
+  const WireLayout* layout = section.LayoutAt(version, Direction::kSend);
   Bytes& image = images[layout];
   if (image.empty()) image = Encoded(layout->encode, layout->size, HotelText()).bytes();
   return image;

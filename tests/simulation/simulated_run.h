@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/floors.h"
 #include "tests/simulation/session_bench.h"
 #include "tests/simulation/troubled_port.h"
 

@@ -5,6 +5,7 @@
 
 #include "exchange/faulty_port.h"
 #include "link/message.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -13,6 +13,7 @@
 #include "exchange/practice_exchange.h"
 #include "link/event_server.h"
 #include "link/frame.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

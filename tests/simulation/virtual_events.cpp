@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
-namespace tarvok {
+#include "tests/floors.h"
+
+namespace tarvok::test {
 namespace {
 
 /** Events of one moment beyond this are handlers that call each other for ever. */
@@ -83,4 +85,4 @@ void VirtualEvents::RunTimer(TimerId id) {
   Schedule(id, timer.due_ms + (missed + 1) * timer.interval_ms);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::test

@@ -6,8 +6,9 @@
 #include <utility>
 
 #include "link/event_server.h"
+#include "tests/floors.h"
 
-namespace tarvok {
+namespace tarvok::test {
 
 /**
  * An EventServer on a clock of its own, which stands still while handlers run and jumps to the next event
@@ -63,4 +64,4 @@ class VirtualEvents : public EventServer {
   std::map<std::pair<std::int64_t, std::uint64_t>, TimerId> queue_;  // by due time, then by order of asking
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::test

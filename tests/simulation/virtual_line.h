@@ -12,8 +12,9 @@
 #include "link/event_server.h"
 #include "link/frame.h"
 #include "link/port.h"
+#include "tests/floors.h"
 
-namespace tarvok {
+namespace tarvok::test {
 
 /**
  * One end of a line in memory. What is sent comes out of the other end with the next events, in order, in
@@ -121,4 +122,4 @@ struct VirtualLine {
   std::unique_ptr<VirtualPort> exchange;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "store/ini_edit.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "store/file_system.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

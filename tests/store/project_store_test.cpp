@@ -7,6 +7,7 @@
 #include "store/new_project.h"
 #include "store/recent_files.h"
 #include "tests/desktop/memory_settings.h"
+#include "tests/floors.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {

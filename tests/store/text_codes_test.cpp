@@ -7,6 +7,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 #include "store/value_code.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {
@@ -132,9 +133,9 @@ TEST(DigitCode, PacksAndUnpacks) {
   EXPECT_EQ(unpack({0xBA, 0xC0}), "*0#");
   EXPECT_EQ(unpack({0x12, 0x05, 0x30}), "1253");  // no leading zero
   EXPECT_EQ(unpack({0x00, 0x00}), "");
-  EXPECT_EQ(unpack({0x00, 0x12}, SkippedBytes::kZeroAndUnset), "12");
-  EXPECT_EQ(unpack({0xFF, 0x12}, SkippedBytes::kUnset), "12");
-  EXPECT_EQ(unpack({0xFF, 0xFF}, SkippedBytes::kZeroAndUnset), "");
+  EXPECT_EQ(unpack({0x00, 0x12}, SkippedBytes::kZeroAnd255), "12");
+  EXPECT_EQ(unpack({0xFF, 0x12}, SkippedBytes::k255), "12");
+  EXPECT_EQ(unpack({0xFF, 0xFF}, SkippedBytes::kZeroAnd255), "");
 }
 
 }  // namespace

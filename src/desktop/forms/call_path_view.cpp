@@ -10,7 +10,7 @@
 
 #include "desktop/look/colours.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kBoxWidth = 160;
@@ -219,4 +219,4 @@ void CallPathView::ShowPath(PathNode path) {
   canvas_->ShowPath(std::move(path));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -6,10 +6,11 @@
 
 #include <QScrollArea>
 
+#include "desktop/uses.h"
 #include "io/code_page.h"
 #include "project/call_path.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The way of a call drawn from left to right: a box a step, each to click on, or to reach by the arrows and
  * open by Return. */
@@ -24,4 +25,4 @@ class CallPathView : public QScrollArea {
   Canvas* canvas_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -11,7 +11,7 @@
 #include "desktop/look/colours.h"
 #include "desktop/look/line_delegate.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** A combo that shows its list at once and is done with the first choice. */
@@ -172,4 +172,4 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->drawRect(cell.adjusted(1, 1, -1, -1));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -6,8 +6,9 @@
 #include <QStyledItemDelegate>
 
 #include "desktop/forms/table_model.h"
+#include "desktop/uses.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Ctrl+Tab and Ctrl+Shift+Tab; Tab alone goes through the cells. */
 inline bool LeavesTable(const QKeyEvent& key) {
@@ -41,4 +42,4 @@ class CellDelegate : public QStyledItemDelegate {
   std::function<void()> edited_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

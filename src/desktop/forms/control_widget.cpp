@@ -18,7 +18,7 @@
 #include "desktop/look/line_delegate.h"
 #include "desktop/look/wheel_needs_focus.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** Where Alt and a letter open a menu of the main window, a button goes by the next letter of its caption. */
@@ -315,4 +315,4 @@ std::unique_ptr<ControlWidget> MakeControlWidget(FormControls& form, Control& co
   return made;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

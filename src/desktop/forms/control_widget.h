@@ -4,10 +4,11 @@
 
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "editing/form_controls.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** A control of a form as a widget: what a person does goes to the form, and Refresh shows what it made of it. */
 class ControlWidget {
@@ -25,4 +26,4 @@ std::unique_ptr<ControlWidget> MakeControlWidget(FormControls& form, Control& co
 /** "Check1(3)", as key scripts call it. */
 QString ControlName(const ControlId& id);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

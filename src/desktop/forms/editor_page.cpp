@@ -12,7 +12,7 @@
 #include "desktop/look/headings.h"
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame, PaneHost& host)
     : parts_(parts), host_(host), questions_(parts, this) {
@@ -200,4 +200,4 @@ FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHos
   };
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

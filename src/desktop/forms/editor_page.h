@@ -14,12 +14,13 @@
 #include "desktop/forms/table_model.h"
 #include "desktop/forms/table_view.h"
 #include "desktop/forms/window_questions.h"
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/pane_form.h"
 #include "editing/table_form.h"
 #include "editors/editors.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** An editor in the pane: its form, and for a table what people expect of one around it. */
 class EditorPage : public QWidget {
@@ -84,4 +85,4 @@ class EditorPage : public QWidget {
 /** The factory of a command whose form is an editor. */
 FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -4,7 +4,7 @@
 #include "desktop/forms/used_by_dialog.h"
 #include "editors/used_by.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** The forms whose rows are a step of a call's way. */
@@ -55,4 +55,4 @@ void EditorPage::ShowCallPath() {
   path_->ShowPath(row > 0 ? WayOf(form_->name().form)->path(*project, row) : PathNode());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -18,7 +18,7 @@
 #include "editors/field_columns.h"
 #include "store/whole_write.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::string_view kCut = "mnu_cut";
@@ -182,4 +182,4 @@ void EditorPage::ImportFile() {
   Acted();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -15,39 +15,39 @@
 #include "desktop/look/headings.h"
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** What grows with the window. Room in between does not make what is around it grow. */
-bool Grows(const Layout& part) {
+bool Grows(const FormLayout& part) {
   switch (part.kind) {
-    case Layout::Kind::kTable:
-    case Layout::Kind::kPicture:
+    case FormLayout::Kind::kTable:
+    case FormLayout::Kind::kPicture:
       return true;
-    case Layout::Kind::kStretch:
+    case FormLayout::Kind::kStretch:
       return false;
-    case Layout::Kind::kControl:
-    case Layout::Kind::kField:
+    case FormLayout::Kind::kControl:
+    case FormLayout::Kind::kField:
       return part.control->kind == ControlKind::kList;
     default:
       return std::any_of(part.parts.begin(), part.parts.end(), Grows);
   }
 }
 
-bool IsSmallField(const Layout& part) {
-  return part.kind == Layout::Kind::kField && !Grows(part);
+bool IsSmallField(const FormLayout& part) {
+  return part.kind == FormLayout::Kind::kField && !Grows(part);
 }
 
 /** A list of short entries, or a frame around one: it needs no more width than they do. */
-bool IsNarrow(const Layout& part) {
-  if (part.kind == Layout::Kind::kStretch) return true;
-  if (part.kind == Layout::Kind::kControl && part.control->kind == ControlKind::kButton) return true;
-  if (part.kind == Layout::Kind::kGroup || part.kind == Layout::Kind::kColumn)
+bool IsNarrow(const FormLayout& part) {
+  if (part.kind == FormLayout::Kind::kStretch) return true;
+  if (part.kind == FormLayout::Kind::kControl && part.control->kind == ControlKind::kButton) return true;
+  if (part.kind == FormLayout::Kind::kGroup || part.kind == FormLayout::Kind::kColumn)
     return !part.parts.empty() && std::all_of(part.parts.begin(), part.parts.end(), IsNarrow);
   const bool list =
       part.control != nullptr && part.control->kind == ControlKind::kList && !part.control->many;
   constexpr std::size_t kShort = 16;
-  return part.kind == Layout::Kind::kNote ||
+  return part.kind == FormLayout::Kind::kNote ||
          (list && std::all_of(part.control->entries.begin(), part.control->entries.end(),
                               [](const std::string& entry) { return entry.size() <= kShort; }));
 }
@@ -101,24 +101,24 @@ QWidget* FormView::MakeControl(Control& control, const QString& label) {
   return controls_.back()->widget();
 }
 
-QLayout* FormView::MakeColumn(const Layout& part) {
-  const bool row = part.kind == Layout::Kind::kRow;
+QLayout* FormView::MakeColumn(const FormLayout& part) {
+  const bool row = part.kind == FormLayout::Kind::kRow;
   auto* box = new QBoxLayout(row ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   box->setContentsMargins(0, 0, 0, 0);
-  const bool beside_table = std::any_of(part.parts.begin(), part.parts.end(), [](const Layout& other) {
-    return other.kind == Layout::Kind::kTable;
+  const bool beside_table = std::any_of(part.parts.begin(), part.parts.end(), [](const FormLayout& other) {
+    return other.kind == FormLayout::Kind::kTable;
   });
   bool grows = row;
   for (std::size_t at = 0; at < part.parts.size();) {
-    const Layout& one = part.parts[at];
-    grows = grows || Grows(one) || one.kind == Layout::Kind::kStretch;
+    const FormLayout& one = part.parts[at];
+    grows = grows || Grows(one) || one.kind == FormLayout::Kind::kStretch;
     if (!row && IsSmallField(one)) {
       AddFields(box, part.parts, at);
       continue;
     }
     // Across, everything shares the room but what needs little; down, what grows does, and a table before a list.
     const bool takes = row            ? one.control == nullptr && !IsNarrow(one)
-                       : beside_table ? one.kind == Layout::Kind::kTable
+                       : beside_table ? one.kind == FormLayout::Kind::kTable
                                       : Grows(one);
     AddPart(box, one, takes || (row && Grows(one) && !IsNarrow(one)) ? 1 : 0);
     ++at;
@@ -128,11 +128,11 @@ QLayout* FormView::MakeColumn(const Layout& part) {
 }
 
 /** Fields that follow each other stand in one form, so that their labels line up. */
-void FormView::AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::size_t& at) {
+void FormView::AddFields(QBoxLayout* to, const std::vector<FormLayout>& parts, std::size_t& at) {
   auto* fields = new QFormLayout;
   fields->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   for (; at < parts.size() && IsSmallField(parts[at]); ++at) {
-    const Layout& field = parts[at];
+    const FormLayout& field = parts[at];
     QWidget* widget = MakeControl(*field.control, Words(field.text));
     if (field.unit.empty() && field.unit_control == nullptr) {
       fields->addRow(Words(field.text), widget);
@@ -150,29 +150,29 @@ void FormView::AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::
   to->addLayout(fields);
 }
 
-QWidget* FormView::MakeGroup(const Layout& part) {
+QWidget* FormView::MakeGroup(const FormLayout& part) {
   auto* group = new GroupFrame(Words(part.text));
-  Layout column = part;
-  column.kind = Layout::Kind::kColumn;
+  FormLayout column = part;
+  column.kind = FormLayout::Kind::kColumn;
   auto* frame = new QVBoxLayout(group);
   frame->addLayout(MakeColumn(column));
   return group;
 }
 
-void FormView::AddPart(QBoxLayout* to, const Layout& part, int stretch) {
+void FormView::AddPart(QBoxLayout* to, const FormLayout& part, int stretch) {
   switch (part.kind) {
-    case Layout::Kind::kRow:
-    case Layout::Kind::kColumn:
+    case FormLayout::Kind::kRow:
+    case FormLayout::Kind::kColumn:
       to->addLayout(static_cast<QBoxLayout*>(MakeColumn(part)), stretch);
       break;
-    case Layout::Kind::kGroup:
+    case FormLayout::Kind::kGroup:
       to->addWidget(MakeGroup(part), stretch);
       break;
-    case Layout::Kind::kGrid: {
+    case FormLayout::Kind::kGrid: {
       auto* grid = new QGridLayout;
       for (std::size_t i = 0; i < part.parts.size(); ++i) {
         auto* cell = new QVBoxLayout;
-        Layout one{.parts = {part.parts[i]}};
+        FormLayout one{.parts = {part.parts[i]}};
         cell->addLayout(static_cast<QBoxLayout*>(MakeColumn(one)));
         const auto columns = static_cast<std::size_t>(std::max(part.columns, 1));
         grid->addLayout(cell, static_cast<int>(i / columns), static_cast<int>(i % columns));
@@ -180,7 +180,7 @@ void FormView::AddPart(QBoxLayout* to, const Layout& part, int stretch) {
       to->addLayout(grid, stretch);
       break;
     }
-    case Layout::Kind::kField: {
+    case FormLayout::Kind::kField: {
       auto* column = new QVBoxLayout;
       QWidget* widget = MakeControl(*part.control, Words(part.text));
       auto* label = new QLabel(Words(part.text));
@@ -194,22 +194,22 @@ void FormView::AddPart(QBoxLayout* to, const Layout& part, int stretch) {
       to->addLayout(box, stretch);
       break;
     }
-    case Layout::Kind::kControl:
+    case FormLayout::Kind::kControl:
       to->addWidget(MakeControl(*part.control, {}), stretch);
       break;
-    case Layout::Kind::kTable:
+    case FormLayout::Kind::kTable:
       to->addWidget(parts_.make_table(), 1);
       break;
-    case Layout::Kind::kNote: {
+    case FormLayout::Kind::kNote: {
       auto* note = MakeMuted(new QLabel(Words(part.text)));
       note->setWordWrap(true);
       to->addWidget(note);
       break;
     }
-    case Layout::Kind::kStretch:
+    case FormLayout::Kind::kStretch:
       to->addStretch(1);
       break;
-    case Layout::Kind::kPicture:
+    case FormLayout::Kind::kPicture:
       if (Picture* picture = parts_.make_picture(part.text, form_); picture != nullptr) {
         pictures_.emplace_back(picture);
         to->addWidget(picture, 1);
@@ -243,4 +243,4 @@ void FormView::ShowDialog() {
   dialog_->open();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -10,10 +10,11 @@
 #include <QWidget>
 
 #include "desktop/forms/control_widget.h"
+#include "desktop/uses.h"
 #include "editing/form_controls.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /**
  * Any form, drawn from its layout. The same class draws every editor and every dialog in front of one; what
@@ -41,11 +42,11 @@ class FormView : public QWidget {
   void Refresh();
 
  private:
-  QWidget* MakeGroup(const Layout& part);
-  QLayout* MakeColumn(const Layout& part);
-  void AddPart(QBoxLayout* to, const Layout& part, int stretch);
+  QWidget* MakeGroup(const FormLayout& part);
+  QLayout* MakeColumn(const FormLayout& part);
+  void AddPart(QBoxLayout* to, const FormLayout& part, int stretch);
   QWidget* MakeControl(Control& control, const QString& label);
-  void AddFields(QBoxLayout* to, const std::vector<Layout>& parts, std::size_t& at);
+  void AddFields(QBoxLayout* to, const std::vector<FormLayout>& parts, std::size_t& at);
   void FollowDialog();
   void ShowDialog();
 
@@ -59,4 +60,4 @@ class FormView : public QWidget {
   bool form_gone_ = false;  // a dialog's form goes before what shows it
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

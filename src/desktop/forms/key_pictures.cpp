@@ -9,7 +9,7 @@
 #include "desktop/forms/pictures.h"
 #include "desktop/look/colours.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** A key with its number and what it does. */
@@ -128,4 +128,4 @@ FormView::Picture* MakeConsole(FormControls& form, const CodePage& page) {
   return new Keys(form, page, "lblDSS", 4, 0);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -1,6 +1,6 @@
 #include "desktop/forms/pictures.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 FormView::Picture* MakePicture(const std::string& name, FormControls& form, DesktopParts& parts) {
   if (name == "telephone") return MakeTelephone(form, PageOf(parts.settings));
@@ -11,4 +11,4 @@ FormView::Picture* MakePicture(const std::string& name, FormControls& form, Desk
   return nullptr;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

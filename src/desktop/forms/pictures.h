@@ -3,9 +3,10 @@
 #include <string>
 
 #include "desktop/forms/form_view.h"
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The drawing that a layout calls by this name, over the form's controls; nullptr for a name that none has. */
 FormView::Picture* MakePicture(const std::string& name, FormControls& form, DesktopParts& parts);
@@ -24,4 +25,4 @@ FormView::Picture* MakeCalendar(FormControls& form);
 /** "week": day and night times of the weekdays as bars over 24 hours. */
 FormView::Picture* MakeWeek(FormControls& form);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted,
                              QWidget* parent)
@@ -60,4 +60,4 @@ void ReplaceDialog::ReplaceAll() {
   acted_();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

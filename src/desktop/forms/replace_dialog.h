@@ -6,10 +6,11 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "desktop/uses.h"
 #include "editing/table_form.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Find and replace in one table. */
 class ReplaceDialog : public QDialog {
@@ -28,4 +29,4 @@ class ReplaceDialog : public QDialog {
   QLabel* result_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

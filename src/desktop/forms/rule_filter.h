@@ -4,10 +4,11 @@
 
 #include <QValidator>
 
+#include "desktop/uses.h"
 #include "editing/entry_rule.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Holds a box to a rule of the core: what the rule refuses, typed or pasted, does not get in. A text that was
  * there before the rule was asked may stay, and be shortened. A key is taken as it is pressed, a pasted text in
@@ -49,4 +50,4 @@ class RuleFilter : public QValidator {
   const CodePage& page_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

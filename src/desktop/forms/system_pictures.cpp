@@ -15,7 +15,7 @@
 #include "editors/system/frmSystemConfig.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kMonths = 12;
@@ -193,4 +193,4 @@ FormView::Picture* MakeWeek(FormControls& form) {
   return config != nullptr ? new Week(*config) : nullptr;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -2,7 +2,7 @@
 
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 bool TableModel::IsOpen(const QModelIndex& index) const {
   return table_.open() && index.row() + 1 == table_.current_row() &&
@@ -53,4 +53,4 @@ void TableModel::Refresh() {
   if (rows > 0) Q_EMIT dataChanged(index(0, 0), index(rows - 1, table_.columns() - 1));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

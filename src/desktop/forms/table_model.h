@@ -2,10 +2,11 @@
 
 #include <QAbstractTableModel>
 
+#include "desktop/uses.h"
 #include "editing/table_editor.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** A table editor's grid as Qt's views see it. Its rules stay the editor's: nothing is written through here. */
 class TableModel : public QAbstractTableModel {
@@ -35,4 +36,4 @@ class TableModel : public QAbstractTableModel {
   int rows_;  // as the views know them
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

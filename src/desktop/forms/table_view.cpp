@@ -14,7 +14,7 @@
 #include "desktop/forms/cell_delegate.h"
 #include "desktop/look/line_delegate.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::string_view kColumnWidths = "Columns";  // settings group
@@ -286,4 +286,4 @@ void TableView::focusInEvent(QFocusEvent* event) {
   viewport()->update();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,9 +5,10 @@
 #include <QTableView>
 
 #include "desktop/forms/table_model.h"
+#include "desktop/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The one view of all table editors: keys and selection go to the editor's rules, and it shows what became of
  * them. */
@@ -53,4 +54,4 @@ class TableView : public QTableView {
   bool showing_ = false;  // the view follows the editor, not the other way round
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

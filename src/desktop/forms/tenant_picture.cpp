@@ -11,7 +11,7 @@
 #include "desktop/forms/pictures.h"
 #include "desktop/look/colours.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kTenants = 32;
@@ -199,4 +199,4 @@ FormView::Picture* MakeTenantMatrix(FormControls& form) {
   return new TenantMatrix(form);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 UsedByDialog::UsedByDialog(std::vector<Found> found, int row, const CodePage& page, QWidget* parent)
     : QDialog(parent), found_(std::move(found)), list_(new QListWidget) {
@@ -41,4 +41,4 @@ UsedByDialog::UsedByDialog(std::vector<Found> found, int row, const CodePage& pa
   column->addWidget(buttons);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,10 +5,11 @@
 #include <QDialog>
 #include <QListWidget>
 
+#include "desktop/uses.h"
 #include "io/code_page.h"
 #include "project/search.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** What refers to a row, a line each; accepted with the one to go to. */
 class UsedByDialog : public QDialog {
@@ -23,4 +24,4 @@ class UsedByDialog : public QDialog {
   QListWidget* list_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

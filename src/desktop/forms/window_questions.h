@@ -3,12 +3,13 @@
 #include <QWidget>
 
 #include "desktop/look/shown_text.h"
+#include "desktop/uses.h"
 #include "desktop/window/boxes.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/difference_list.h"
 #include "editing/editor_form.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Boxes and questions of a form in front of its window. */
 class WindowQuestions : public Questions {
@@ -43,4 +44,4 @@ class WindowQuestions : public Questions {
   QWidget* form_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

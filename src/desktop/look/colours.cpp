@@ -9,7 +9,7 @@
 #include "desktop/look/plain_style.h"
 #include "desktop/window/desktop_parts.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 QPalette MakePalette(const QColor& window, const QColor& base, const QColor& text, const QColor& accent,
@@ -74,4 +74,4 @@ QColor MutedText(const QPalette& palette) {
   return Mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 68);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,9 +5,10 @@
 #include <QColor>
 #include <QPalette>
 
+#include "desktop/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Whose colours the program wears: the system's, or light or dark ones of its own. */
 inline constexpr std::string_view kColourChoices[] = {"system", "light", "dark"};
@@ -21,4 +22,4 @@ QColor Mix(const QColor& first, const QColor& second, int part);
 /** Text that steps back behind the other. */
 QColor MutedText(const QPalette& palette);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -4,7 +4,9 @@
 #include <QPainter>
 #include <QRect>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** Draws the edge of a rectangle inside of it, one pixel wide. A pen would cost thirty times as much, since Qt makes a path of
  * it first. */
@@ -15,4 +17,4 @@ inline void PaintEdge(QPainter& painter, const QRect& whole, const QColor& colou
   painter.fillRect(whole.right(), whole.y() + 1, 1, whole.height() - 2, colour);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -6,7 +6,7 @@
 #include "desktop/look/colours.h"
 #include "desktop/look/edge.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
@@ -26,4 +26,4 @@ void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   painter.drawComplexControl(QStyle::CC_GroupBox, group);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -2,7 +2,9 @@
 
 #include <QGroupBox>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** A group of fields with its title. Its ground is painted as a plain rectangle: the style stretches a picture, for which Qt
  * wakes threads, and that takes longer than all that is in the group. */
@@ -14,4 +16,4 @@ class GroupFrame : public QGroupBox {
   void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

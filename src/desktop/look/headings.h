@@ -2,7 +2,9 @@
 
 #include <QLabel>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** A label in larger, heavier letters; `scale` of the usual size. */
 inline QLabel* MakeHeading(QLabel* label, double scale) {
@@ -19,4 +21,4 @@ inline QLabel* MakeMuted(QLabel* label) {
   return label;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

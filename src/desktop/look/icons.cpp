@@ -8,7 +8,7 @@
 #include <QPainterPath>
 #include <QPalette>
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr double kGrid = 16;  // the pictures are drawn on a grid of so many points a side
@@ -105,4 +105,4 @@ QIcon IconOf(Picture picture) {
   return QIcon(new PictureEngine(picture));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -2,11 +2,13 @@
 
 #include <QIcon>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** The program's own pictures: lines in the colour of the text, so that they follow light and dark and every scale. */
 enum class Picture { kNewProject, kOpenProject, kCloseProject, kExit, kComputer, kMore, kClear };
 
 QIcon IconOf(Picture picture);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

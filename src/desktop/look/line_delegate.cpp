@@ -8,7 +8,7 @@
 #include <QApplication>
 #include <QStyle>
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** A Latin letter's width, asked once for each font that follows another. */
@@ -75,4 +75,4 @@ QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   return {LineWidth(item.text, item.fontMetrics) + 2 * TextMargin(), item.fontMetrics.height()};
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

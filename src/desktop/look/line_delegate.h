@@ -4,7 +4,9 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** Paints one line of text from the left, in the middle of `room`'s height, with dots where it is too long. It is laid out
  * once, where Qt's delegate does so three times. */
@@ -28,4 +30,4 @@ class LineDelegate : public QStyledItemDelegate {
 /** The colours of an item in its state. */
 QPalette::ColorGroup GroupOf(const QStyleOption& option);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -9,7 +9,7 @@
 #include "desktop/look/edge.h"
 #include "desktop/look/icons.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kBesideCaption = 24;  // of a button, both sides together
@@ -167,4 +167,4 @@ void PlainStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,
   DrawArrow(painter, part(SC_ScrollBarSubLine), -right, shade(SC_ScrollBarSubLine, moves ? 60 : 25));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -2,9 +2,11 @@
 
 #include <QProxyStyle>
 
+#include "desktop/uses.h"
+
 class QStyleOptionSlider;
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** A style as the system has it, but for what keeps a window from its first paint. Where a menu or tool bar has more than
  * fits it has the program's own picture, and so has a field that can be cleared: the style's own are black on dark ground,
@@ -33,4 +35,4 @@ class PlainStyle : public QProxyStyle {
   void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

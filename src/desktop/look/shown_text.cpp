@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QStringDecoder>
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 QString PathText(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
@@ -31,4 +31,4 @@ QString MessageText(std::string_view text, const CodePage& page) {
   return shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,9 +5,10 @@
 
 #include <QString>
 
+#include "desktop/uses.h"
 #include "io/code_page.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** A path as people see it, and back. */
 QString PathText(const std::string& path);
@@ -23,4 +24,4 @@ QString Words(std::string_view text);
  * page. Line ends become single ones. */
 QString MessageText(std::string_view text, const CodePage& page);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

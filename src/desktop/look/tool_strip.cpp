@@ -4,7 +4,7 @@
 
 #include "desktop/look/colours.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 void ToolStrip::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -12,4 +12,4 @@ void ToolStrip::paintEvent(QPaintEvent* /*event*/) {
                    Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 20));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

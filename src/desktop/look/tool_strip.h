@@ -2,7 +2,9 @@
 
 #include <QToolBar>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** The tool bar above the panes: a line parts it from them, and nothing moves it. Its style blends the bar's edges over the
  * ground, for which Qt wakes threads and waits. */
@@ -14,4 +16,4 @@ class ToolStrip : public QToolBar {
   void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

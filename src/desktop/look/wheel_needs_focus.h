@@ -3,7 +3,9 @@
 #include <QEvent>
 #include <QWidget>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** Keeps the mouse wheel from changing the value of a list that has not the focus: who scrolls a page would
  * change what the pointer happens to come over. The page gets the wheel instead. */
@@ -25,4 +27,4 @@ class WheelNeedsFocus : public QObject {
   using QObject::QObject;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

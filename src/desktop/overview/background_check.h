@@ -5,9 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/uses.h"
 #include "project/check.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Checks a project beside what the window does meanwhile: one that the program starts with is checked by the time the
  * window is made. */
@@ -30,4 +31,4 @@ class BackgroundCheck {
   std::future<std::vector<Finding>> findings_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

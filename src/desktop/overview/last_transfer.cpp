@@ -7,7 +7,7 @@
 #include "store/history.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::string_view kGroup = "Last Transfers";
@@ -58,4 +58,4 @@ void ForgetLastTransfer(SettingsStore& settings, FileSystem& files, const std::s
   settings.Set(kGroup, ProjectIdentity(files, project_path), {});
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

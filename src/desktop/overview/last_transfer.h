@@ -5,10 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/uses.h"
 #include "store/file_system.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 enum class TransferEnd { kDone, kFailed, kNotTaken, kCancelled };
 
@@ -31,4 +32,4 @@ std::optional<LastTransfer> FindLastTransfer(SettingsStore& settings, FileSystem
 /** The project at that path is another one from now on. */
 void ForgetLastTransfer(SettingsStore& settings, FileSystem& files, const std::string& project_path);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -15,7 +15,7 @@
 #include "store/connection_settings.h"
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kMargin = 24;
@@ -164,4 +164,4 @@ void OverviewPane::ShowCounts(const IniText& project) {
   groups_.Show(summary.hunt_groups, {});
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

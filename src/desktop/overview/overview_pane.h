@@ -11,10 +11,11 @@
 #include <QScrollArea>
 
 #include "desktop/overview/rack_view.h"
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "project/place.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The pane of an open project while no editor is shown: its rack, what it amounts to, how it
  * connects, how its last transfer went, and what the check finds in it. */
@@ -72,4 +73,4 @@ class OverviewPane : public QScrollArea {
   QListWidget* findings_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -15,7 +15,7 @@
 #include "store/connection_settings.h"
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::size_t kMostFindings = 500;
@@ -142,4 +142,4 @@ void OverviewPane::GoToFinding(const QListWidgetItem* item) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -10,7 +10,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 using PortSet = std::array<bool, kPortRows + 1>;
@@ -126,4 +126,4 @@ ProjectSummary Summarize(const IniText& project) {
   return summary;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

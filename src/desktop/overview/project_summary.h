@@ -4,9 +4,10 @@
 #include <string_view>
 #include <vector>
 
+#include "desktop/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The exchange's rack has so many card slots. */
 inline constexpr int kSlots = 16;
@@ -41,4 +42,4 @@ struct ProjectSummary {
 /** Rows that make no sense (a slot that the rack does not have, an unknown card) are passed over. */
 ProjectSummary Summarize(const IniText& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

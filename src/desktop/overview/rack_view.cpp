@@ -10,7 +10,7 @@
 #include "desktop/look/colours.h"
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr double kFrame = 10;  // the rack's own rim
@@ -178,4 +178,4 @@ bool RackView::event(QEvent* event) {
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

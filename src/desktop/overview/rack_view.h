@@ -3,8 +3,9 @@
 #include <QWidget>
 
 #include "desktop/overview/project_summary.h"
+#include "desktop/uses.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The rack from its front: 16 slots, each card with its type and a lamp for each port, lit if it is used. */
 class RackView : public QWidget {
@@ -33,4 +34,4 @@ class RackView : public QWidget {
   ProjectSummary summary_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -8,7 +8,7 @@
 #include "desktop/look/icons.h"
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kMargin = 32;
@@ -127,4 +127,4 @@ void StartPane::ListRecentFiles() {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -9,7 +9,9 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** The pane while no project is open: the projects opened last, New and Open. It is made when it is first seen, which
  * a start with a project never does. */
@@ -47,4 +49,4 @@ class StartPane : public QScrollArea {
   QWidget* recent_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

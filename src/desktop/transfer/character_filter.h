@@ -6,7 +6,9 @@
 #include <QLineEdit>
 #include <QValidator>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** Drops the characters that a field does not take, typed or pasted, without a word. What stood in the field
  * when it was filled may stay, and come back after it was deleted: editing next to it must not eat it. There are
@@ -54,4 +56,4 @@ class CharacterFilter : public QValidator {
   mutable QString last_;  // what stands in the field
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -6,7 +6,7 @@
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 namespace key = connection_key;
@@ -65,4 +65,4 @@ Status WriteConnectionKeys(ProjectStore& store, const std::string& project, cons
   });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

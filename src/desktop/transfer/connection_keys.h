@@ -2,9 +2,10 @@
 
 #include <string>
 
+#include "desktop/uses.h"
 #include "store/project_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The connection keys of a project as `frmSetting` edits them: texts as they are stored. */
 struct ConnectionKeys {
@@ -33,4 +34,4 @@ Status ReadConnectionKeys(ProjectStore& store, const std::string& project, Conne
 /** Writes all keys, in one write. */
 Status WriteConnectionKeys(ProjectStore& store, const std::string& project, const ConnectionKeys& keys);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -4,7 +4,7 @@
 
 #include "desktop/look/colours.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kStep_ms = 100;
@@ -70,4 +70,4 @@ void DirectionView::paintEvent(QPaintEvent*) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -3,7 +3,9 @@
 #include <QTimer>
 #include <QWidget>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** Computer and exchange, and between them arrows that run the way the data goes while a session works. */
 class DirectionView : public QWidget {
@@ -27,4 +29,4 @@ class DirectionView : public QWidget {
   int step_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,7 +7,7 @@
 #include "sections/system/pbx_ip.h"
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr SideNames kSides = {"exchange", "project"};
@@ -42,4 +42,4 @@ void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connectio
   ShowInDialog(list, QStringLiteral("WhatWillChange"), QStringLiteral("What Will Change"), parent);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -4,10 +4,11 @@
 
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "store/connection_settings.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The project's text without what a send of the whole configuration leaves alone: the header and the sections
  * that travel by themselves. */
@@ -17,4 +18,4 @@ std::string SentPart(const IniText& project);
  * or loaded from it. */
 void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -14,7 +14,7 @@
 #include "desktop/transfer/character_filter.h"
 #include "desktop/window/help.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kMostDigits = 6;
@@ -159,4 +159,4 @@ void PasswordDialog::SetBusy(bool busy) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

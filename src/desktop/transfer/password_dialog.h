@@ -10,9 +10,10 @@
 #include <QTabWidget>
 #include <QTimer>
 
+#include "desktop/uses.h"
 #include "sessions/password_form.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** `frmPassword2` on the screen: fills the form's fields, calls its handlers, and goes when the form has
  * closed itself. */
@@ -56,4 +57,4 @@ class PasswordDialog : public QDialog {
   bool tried_ = false;  // the form holds a password that it clears when it is wrong
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,7 +7,7 @@
 
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kUsualPort = 4001;  // that of the example project
@@ -97,4 +97,4 @@ void PracticeProcess::Change(State state, int port, const QString& problem) {
   if (on_change_) on_change_();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,9 +7,10 @@
 #include <QProcess>
 #include <QTimer>
 
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The practice exchange as a program of its own, on loopback. It ends with this object. */
 class PracticeProcess : public QObject {
@@ -48,4 +49,4 @@ class PracticeProcess : public QObject {
   QString problem_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

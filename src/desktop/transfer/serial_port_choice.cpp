@@ -10,7 +10,7 @@
 #include "desktop/look/wheel_needs_focus.h"
 #include "io/qt_port_maker.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 SerialPortChoice::SerialPortChoice(const QString& combo_name, SettingsStore& settings) : settings_(settings) {
   port_ = new QComboBox;
@@ -108,4 +108,4 @@ void SerialPortChoice::KeepDevice() {
   if (path != shown_device_) settings_.Set(kSerialPortsGroup, SerialDeviceKey(number), path);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

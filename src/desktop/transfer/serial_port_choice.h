@@ -4,9 +4,10 @@
 #include <QLabel>
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** A serial port of a project, Com1 to Com8, and beside it the device that stands behind it on this computer:
  * one of those present, or a typed path. Says why a device can't be opened. */
@@ -35,4 +36,4 @@ class SerialPortChoice : public QWidget {
   QLabel* hint_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

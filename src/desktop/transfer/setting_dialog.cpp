@@ -15,7 +15,7 @@
 #include "store/number_text.h"
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr const char* kWayTexts[] = {"Send data by server", "Send data by serial", "Send data by Modem",
@@ -240,4 +240,4 @@ void SettingDialog::Apply() {
   accept();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -12,9 +12,10 @@
 
 #include "desktop/transfer/connection_keys.h"
 #include "desktop/transfer/serial_port_choice.h"
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** `frmSetting`, "Setting Program": how the open project reaches its exchange. */
 class SettingDialog : public QDialog {
@@ -53,4 +54,4 @@ class SettingDialog : public QDialog {
   QLineEdit* txtPort_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -20,7 +20,7 @@
 #include "store/number_text.h"
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::string_view kDebugWord = "TRACELY7";
@@ -250,4 +250,4 @@ bool TransferDialog::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

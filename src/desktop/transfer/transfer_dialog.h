@@ -14,12 +14,13 @@
 #include "desktop/transfer/direction_view.h"
 #include "desktop/transfer/transfer_kind.h"
 #include "desktop/transfer/watched_events.h"
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/file_dialogs.h"
 #include "sessions/session_view.h"
 #include "sessions/transfer.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /**
  * A transfer form: `frmConnect`, `frmMiniBarCon` or `frmBilling`. It holds the connection while it is open and
@@ -101,4 +102,4 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   std::vector<QWidget*> idle_controls_;  // disabled while a session runs
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

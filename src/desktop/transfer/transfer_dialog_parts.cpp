@@ -12,7 +12,7 @@
 #include "desktop/window/help.h"
 #include "store/header_keys.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kButtonColumn = 190;
@@ -153,4 +153,4 @@ QLayout* TransferDialog::MakeFolder() {
   return row;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -8,7 +8,7 @@
 #include "sessions/send_alone.h"
 #include "sessions/send_config.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 /** A session that needs no folder. */
@@ -79,4 +79,4 @@ FormFactory MakeTransferFactory(DesktopParts& parts, const TransferKind& kind, Q
   };
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -8,11 +8,12 @@
 
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "frame/main_frame_view.h"
 #include "sessions/transfer.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** How much of a project a session carries. */
 enum class Carries { kNothing, kPart, kAll };
@@ -45,4 +46,4 @@ const TransferKind& BillingKind();
 /** The factory of a transfer form, shown in front of `window`. The parts must outlive it. */
 FormFactory MakeTransferFactory(DesktopParts& parts, const TransferKind& kind, QWidget* window);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -3,9 +3,10 @@
 #include <functional>
 #include <utility>
 
+#include "desktop/uses.h"
 #include "link/event_server.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Passes everything on and knows whether the innermost wait has a limit: a wait without one is where a form
  * that is closed must be able to leave. */
@@ -36,4 +37,4 @@ class WatchedEvents : public EventServer {
   bool waits_for_ever_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -7,7 +7,7 @@
 #include "desktop/look/shown_text.h"
 #include "desktop/window/pane_form.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr const char* kText =
@@ -44,4 +44,4 @@ std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
   return std::make_unique<PaneForm>(host, "frmAbout", page);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

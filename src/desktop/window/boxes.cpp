@@ -8,7 +8,7 @@
 #include "desktop/look/shown_text.h"
 #include "frame/main_frame.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 class Question : public QMessageBox {
@@ -80,4 +80,4 @@ bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,7 +5,9 @@
 #include <QMessageBox>
 #include <QString>
 
-namespace tarvok {
+#include "desktop/uses.h"
+
+namespace tarvok::desktop {
 
 /** A message with OK, titled as all of them are. */
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text);
@@ -24,4 +26,4 @@ bool AskToOverwriteChanges(QWidget* parent, const QString& question,
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
                        const std::function<void(QWidget* box)>& show_changes);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

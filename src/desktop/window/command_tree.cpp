@@ -9,7 +9,7 @@
 #include "desktop/look/line_delegate.h"
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kNodeRole = Qt::UserRole;
@@ -122,4 +122,4 @@ void CommandTree::changeEvent(QEvent* event) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

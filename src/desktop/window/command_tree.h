@@ -5,9 +5,10 @@
 #include <QElapsedTimer>
 #include <QTreeWidget>
 
+#include "desktop/uses.h"
 #include "project/commands.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The command tree: the root alone, or the root with the 33 commands below it. A command that is not offered
  * is shown and can't be chosen. */
@@ -45,4 +46,4 @@ class CommandTree : public QTreeWidget {
   QElapsedTimer since_digit_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "desktop/overview/background_check.h"
+#include "desktop/uses.h"
 #include "frame/exchanged_copies.h"
 #include "io/code_page.h"
 #include "link/event_server.h"
@@ -15,7 +16,7 @@
 #include "store/settings_store.h"
 #include "store/shared_state.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** What a program lends to the window and its forms. */
 struct DesktopParts {
@@ -50,4 +51,4 @@ inline const CodePage& PageOf(SettingsStore& settings) {
   return CodePage::Of(settings);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

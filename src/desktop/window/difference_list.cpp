@@ -8,7 +8,7 @@
 
 #include "desktop/look/shown_text.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 DifferenceList::DifferenceList(const CodePage& page, SideNames names, QString nothing)
     : page_(page), names_(names), nothing_(std::move(nothing)) {
@@ -66,4 +66,4 @@ void ShowInDialog(DifferenceList* list, const QString& name, const QString& titl
   dialog.exec();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -6,10 +6,11 @@
 #include <QListWidget>
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "io/code_page.h"
 #include "project/difference_words.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The differences of two projects, a line each, below a line that counts them or says that there are none. */
 class DifferenceList : public QWidget {
@@ -32,4 +33,4 @@ class DifferenceList : public QWidget {
 /** Shows the list in a modal window of that name until it is closed; the window takes the list over. */
 void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

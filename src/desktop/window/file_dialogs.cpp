@@ -7,7 +7,7 @@
 #include "desktop/window/desktop_parts.h"
 #include "frame/main_frame.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 std::string FileDialogs::Run(QWidget* parent, const QString& title, bool save) {
   QFileDialog dialog(parent, title);
@@ -31,4 +31,4 @@ std::string FileDialogs::ChooseExistingFile(QWidget* parent, const QString& titl
   return Run(parent, title, false);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,9 +5,10 @@
 #include <QString>
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "store/settings_store.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /**
  * The project file dialogs. They open in the folder used last, begin without a name and ask nothing about
@@ -26,4 +27,4 @@ class FileDialogs {
   SettingsStore& settings_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

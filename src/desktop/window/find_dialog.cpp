@@ -13,7 +13,7 @@
 #include "desktop/look/shown_text.h"
 #include "project/places.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::size_t kMostShown = 300;  // nobody reads on; a longer text finds less
@@ -148,4 +148,4 @@ bool FindDialog::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -8,10 +8,11 @@
 #include <QLineEdit>
 #include <QTreeWidget>
 
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "project/search.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Finds numbers, names, ports and texts anywhere in the open project while they are typed. Enter, or a double
  * click, goes there. */
@@ -43,4 +44,4 @@ class FindDialog : public QDialog {
   QLabel* count_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

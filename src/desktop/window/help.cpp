@@ -7,7 +7,7 @@
 #include "desktop/look/shown_text.h"
 #include "frame/main_frame.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 struct Topic {
@@ -105,4 +105,4 @@ void ShowHelp(QWidget* parent, std::string_view form_name) {
   box.exec();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -14,7 +14,7 @@
 #include "desktop/window/help.h"
 #include "store/new_project.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::chrono::milliseconds kBehindThePaint{100};
@@ -189,4 +189,4 @@ void MainWindow::KeepLayout() {
   keep(desktop_key::kSplitter, splitter_->saveState());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -17,6 +17,7 @@
 #include "desktop/overview/overview_pane.h"
 #include "desktop/overview/start_pane.h"
 #include "desktop/transfer/practice_process.h"
+#include "desktop/uses.h"
 #include "desktop/window/command_tree.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/file_dialogs.h"
@@ -24,7 +25,7 @@
 #include "desktop/window/pane_form.h"
 #include "frame/main_frame.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** `MDIForm1`: the window over the main frame's rules. It shows what they say and passes clicks on. */
 class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
@@ -115,4 +116,4 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   bool busy_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

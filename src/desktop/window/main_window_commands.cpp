@@ -9,7 +9,7 @@
 #include "store/header_keys.h"
 #include "store/project_there.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr std::string_view kByLan = "4";
@@ -109,4 +109,4 @@ void MainWindow::ConnectToPractice() {
   overview_->ShowProject();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -13,7 +13,7 @@
 #include "desktop/look/tool_strip.h"
 #include "desktop/window/main_window.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr int kSecond_ms = 1000;
@@ -207,4 +207,4 @@ void MainWindow::MakeOverview() {
   pane_->addWidget(overview_);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

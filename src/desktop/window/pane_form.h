@@ -7,9 +7,10 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "desktop/uses.h"
 #include "frame/main_frame_view.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Where a child form shows itself: the pane beside the tree. */
 class PaneHost {
@@ -52,4 +53,4 @@ class PaneForm : public Form {
 std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
                                     const std::string& system_file_line);
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 void ProjectKeeper::Keep(const std::string& project_path, std::string_view reason) {
   const Status kept = history_.Keep(project_path, reason, QDateTime::currentSecsSinceEpoch());
@@ -12,4 +12,4 @@ void ProjectKeeper::Keep(const std::string& project_path, std::string_view reaso
       kept.message());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

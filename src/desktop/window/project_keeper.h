@@ -5,9 +5,10 @@
 #include <string_view>
 #include <utility>
 
+#include "desktop/uses.h"
 #include "store/history.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** Keeps a project in the history, with the time. What goes wrong there is no reason to refuse a save: the
  * user is told once a run, and the save goes on. */
@@ -25,4 +26,4 @@ class ProjectKeeper {
   bool told_ = false;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -11,7 +11,7 @@
 #include "desktop/look/shown_text.h"
 #include "desktop/window/boxes.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 namespace {
 
 constexpr SideNames kSides = {"earlier version", "present project"};
@@ -113,4 +113,4 @@ void VersionsDialog::BringBack() {
   ShowBox(this, QMessageBox::Critical, MessageText(done.message(), PageOf(parts_.settings)));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

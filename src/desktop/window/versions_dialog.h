@@ -6,10 +6,11 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/difference_list.h"
 
-namespace tarvok {
+namespace tarvok::desktop {
 
 /** The earlier versions of the open project: when and why each was kept, what differs from now, and a way
  * back. Accepted once a version was brought back. */
@@ -29,4 +30,4 @@ class VersionsDialog : public QDialog {
   QPushButton* bring_back_ = nullptr;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::desktop

@@ -5,7 +5,7 @@
 #include "sections/ports/port_def.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 /** Codes in the order in which the grid and the insert list offer their types. */
@@ -113,4 +113,4 @@ bool InsertCard(std::vector<TableRow>& rows, std::string_view card, std::string_
   return true;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "editing/table_undo.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** Columns of the port table that an inserted card fills, from 0. */
 inline constexpr std::size_t kCardCell = 0;
@@ -39,4 +40,4 @@ bool InsertCard(std::vector<TableRow>& rows, std::string_view card, std::string_
 /** Index of the first row of a card, or of the first row without one for ""; the number of rows for none. */
 std::size_t FindCard(const std::vector<TableRow>& rows, std::string_view card);
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,7 +4,7 @@
 #include "sections/ports/port_config.h"
 #include "sections/routing/tenan.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace account;
@@ -60,4 +60,4 @@ bool frmAccount::MaySave() {
   return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,8 +5,9 @@
 
 #include "editing/repeat_list.h"
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmAccount`: account codes with their passwords and what they allow. */
 class frmAccount : public FieldTableForm {
@@ -26,4 +27,4 @@ class frmAccount : public FieldTableForm {
   std::vector<std::string> offered_;  // the numbers that stand on a port, in the order of the ports
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

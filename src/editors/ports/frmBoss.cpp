@@ -2,7 +2,7 @@
 
 #include "sections/ports/boss.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using boss::kTable;
 
@@ -27,4 +27,4 @@ frmBoss::frmBoss(const EditorContext& context, const FormName& name)
   LayOut();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmBoss`: pairs of a boss and a secretary. The project holds their ports; people know them by number. A
  * number that stands on no port is none. */
@@ -19,4 +20,4 @@ class frmBoss : public FieldTableForm {
   RowNames numbers_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -12,7 +12,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 enum ColumnOf : int { kNumberColumn = 1, kTypeColumn, kValueColumn, kCompanyColumn, kNameColumn };
@@ -266,4 +266,4 @@ void frmExtension::FollowSecretaries(IniEdit& project) const {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,8 +5,9 @@
 
 #include "editing/repeat_list.h"
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /**
  * `frmExtension`: the numbering plan, the sections `Assign` and `Name` in one table. A save sorts the rows by
@@ -51,4 +52,4 @@ class frmExtension : public FieldTableForm {
   std::vector<std::string> name_texts_;  // by row from 0: the reference to its name, as it is written
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,7 +6,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using hunt_group::kTable;
@@ -35,7 +35,7 @@ frmGrpHunt::frmGrpHunt(const EditorContext& context, const FormName& name)
   groups_.current = 0;
   groups_.changed = [this] { ShowGroup(); };
   numbers_.many = true;
-  std::vector<Layout> members;
+  std::vector<FormLayout> members;
   for (int group = 0; group < kHuntGroups; ++group) {
     Control& list = AddList({"lsGroupHunt", group}, "Members", {});
     list.many = true;
@@ -124,4 +124,4 @@ void frmGrpHunt::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,10 +5,11 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/ports/hunt_group.h"
 #include "sections/row_fields.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmGrpHunt`: the members of the hunt groups, in their order, and the numbers that may be added. */
 class frmGrpHunt : public EditorForm {
@@ -35,4 +36,4 @@ class frmGrpHunt : public EditorForm {
   int total_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace port_config;
@@ -61,7 +61,7 @@ std::string NameOf(std::size_t index) {
 
 /** What the field's list offers, in its order. */
 std::vector<std::string> EntriesOf(std::size_t index) {
-  const tarvok::Field& statement = kTable.fields[index];
+  const Field& statement = kTable.fields[index];
   std::vector<std::string> entries;
   for (const Choice& choice : statement.choices) {
     if (entries.empty() || entries.back() != choice.shown) entries.emplace_back(choice.shown);
@@ -147,14 +147,14 @@ void frmPortConfig_Def::LayOut() {
     return layout::Field(NameOf(index).append(end), *controls_[index], std::string(kForms[index].unit));
   };
   const auto box = [&](int n) { return layout::Of(*controls_[At(n)]); };
-  std::vector<Layout> reverse;
+  std::vector<FormLayout> reverse;
   for (Control* option : reverse_) reverse.push_back(layout::Of(*option));
-  Layout left = layout::Column(
+  FormLayout left = layout::Column(
       {layout::Group("Class of service", {field(kServiceDay), field(kServiceNight), field(kHoldCut)}),
        layout::Group("Line",
                      {field(kTransferLine), field(kCid), field(kConnect), field(kMusic), field(kOverride),
                       field(kHotline), layout::Row({layout::Of(link_trunk_), box(kLinkTrunk)})})});
-  Layout right =
+  FormLayout right =
       layout::Column({layout::Group("Times", {field(kCoTimeout), field(kCoTimeoutIncoming),
                                               field(kHangOnTimeout), field(kRingTransfer)}),
                       layout::Group(NameOf(At(kLineReverse)), {layout::Grid(2, std::move(reverse))}),
@@ -191,7 +191,7 @@ void frmPortConfig_Def::ShowProfile() {
 
 void frmPortConfig_Def::ShowField(std::size_t index, const std::string& text) {
   Control& control = *controls_[index];
-  const tarvok::Field& statement = kTable.fields[index];
+  const Field& statement = kTable.fields[index];
   const std::int64_t number = Val(text);
   control.selected = false;
   chosen_[index] = false;
@@ -292,4 +292,4 @@ void frmPortConfig_Def::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,9 +4,10 @@
 #include <string>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/ports/port_config.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /**
  * `frmPortConfig_Def`: the port profiles, one at a time. All of them are held as texts, "" for a field that is
@@ -45,4 +46,4 @@ class frmPortConfig_Def : public EditorForm {
   std::array<bool, kFields> chosen_{};  // by field from 0: a person chose an entry since the profile is shown
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

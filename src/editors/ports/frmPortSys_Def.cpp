@@ -14,7 +14,7 @@
 #include "sections/tables.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace port_def;
@@ -283,4 +283,4 @@ void frmPortSys_Def::KeepLines(IniEdit& project) const {
   if (any) RecountMembers(project, groups);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,8 +5,9 @@
 
 #include "editors/field_columns.h"
 #include "editors/ports/number_links.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /**
  * `frmPortSys_Def`: which card sits in which slot, a row a port. A save puts the ports in the order of their
@@ -50,4 +51,4 @@ class frmPortSys_Def : public FieldTableForm {
   Control& type_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

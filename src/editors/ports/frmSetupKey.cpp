@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace key_dss;
@@ -120,4 +120,4 @@ void frmSetupKey::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

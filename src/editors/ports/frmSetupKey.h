@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/ports/key_dss.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmSetupKey`: the button layouts of key telephones, drawn as the telephone and its console. A click on a
  * button opens a dialog for what it does. */
@@ -43,4 +44,4 @@ class frmSetupKey : public EditorForm {
   std::array<Control*, kDssOfLayout> dss_{};
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

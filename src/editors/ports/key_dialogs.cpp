@@ -7,7 +7,7 @@
 #include "sections/routing/group_out.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace key_dss;
@@ -90,7 +90,7 @@ Control& KeyDialog::AddInput(Control& input) {
   return input;
 }
 
-Layout KeyDialog::Buttons() {
+FormLayout KeyDialog::Buttons() {
   return layout::Row({layout::Stretch(), layout::Of(ok_), layout::Of(cancel_)});
 }
 
@@ -169,7 +169,7 @@ void KeyDialog::cmdOK() {
 
 frmInsertDss::frmInsertDss(std::string_view label, Ends ends)
     : KeyDialog(kDssButtons, kDss.fields[0], std::move(ends)) {
-  std::vector<Layout> choices;
+  std::vector<FormLayout> choices;
   for (Control* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Button", std::move(choices)), layout::Field("Number :", number()), Buttons()}));
@@ -186,7 +186,7 @@ frmInsertKey::frmInsertKey(std::string_view label, std::vector<std::string> line
       line_(AddInput(AddCombo({"cmbMulti"}, "Line", std::move(lines)))) {
   number().changed = [this] { LimitTrunk(); };
   map_.changed = [this] { LimitTrunk(); };
-  std::vector<Layout> choices;
+  std::vector<FormLayout> choices;
   for (Control* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Key", std::move(choices)),
@@ -247,4 +247,4 @@ std::string frmInsertKey::Text() const {
   return code() == kTrunk && !text.empty() ? WithMap(text, map_.text) : text;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "editing/form_controls.h"
+#include "editors/uses.h"
 #include "sections/field.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** A button's field as its label shows it: an older group out by its name, everything else as it stands. */
 std::string ButtonLabel(std::string_view field);
@@ -48,7 +49,7 @@ class KeyDialog : public FormControls {
 
   /** The input belongs to the dialog's keys: Tab goes on, Return is `cmdOK`, Escape is `cmdCancel`. */
   Control& AddInput(Control& input);
-  Layout Buttons();
+  FormLayout Buttons();
   std::string_view code() const;
   /** What follows a code, and what stands behind a comma in it. */
   const Field& ArgumentOf(std::string_view code, bool with_map = false) const;
@@ -99,4 +100,4 @@ class frmInsertKey : public KeyDialog {
   Control& line_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -3,7 +3,7 @@
 #include "sections/ports/number_tables.h"
 #include "sections/ports/vm_call_back.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 /** A number alone in its row: a blank one is an empty value. */
@@ -33,4 +33,4 @@ frmVMCallBack::frmVMCallBack(const EditorContext& context, const FormName& name)
   LayOut();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmLinkTrunk`: 30 numbers of at most 16 digits. */
 class frmLinkTrunk : public FieldTableForm {
@@ -22,4 +23,4 @@ class frmVMCallBack : public FieldTableForm {
   frmVMCallBack(const EditorContext& context, const FormName& name);
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

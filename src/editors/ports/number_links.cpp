@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 constexpr std::string_view kPortType = "0";
@@ -170,4 +170,4 @@ void NumberLinks::Write(IniEdit& project) const {
     project.Set(table.section, kNowKey, std::to_string(*changed_.rbegin()));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "editors/uses.h"
 #include "project/references.h"
 #include "store/ini_edit.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** A port as the port editor leaves it. */
 struct LinkedPort {
@@ -64,4 +65,4 @@ class NumberLinks {
   bool all_fit_ = true;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -11,7 +11,7 @@
 #include "editors/ports/number_forms.h"
 #include "editors/ports/port_field_forms.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::span<const Editor> PortEditors() {
   static constexpr Editor kEditors[] = {
@@ -31,4 +31,4 @@ std::span<const Editor> PortEditors() {
   return kEditors;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,7 +6,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace port_def;
@@ -14,7 +14,7 @@ using namespace port_def;
 constexpr int kMostRingTime = 254;  // 255 is "not set" to the exchange
 constexpr int kNumberColumn = 3;
 
-const tarvok::Field& StatementOf(int field) {
+const Field& StatementOf(int field) {
   return kTable.fields[static_cast<std::size_t>(field) - 1];
 }
 
@@ -110,4 +110,4 @@ frmVMBox::frmVMBox(const EditorContext& context, const FormName& name)
                      {Listed(kVmUse, "cmbMask"), Typed(kGroup, LimitRule()), Typed(kLanguage, ByteRule()),
                       Listed(kCallScreen, "cmbMask2"), Listed(kPersonalMsg, "cmbMask3")}) {}
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /**
  * A table of the ports in use up to "Now", each under its own key, for fields of a port that the editor of the
@@ -37,4 +38,4 @@ class frmVMBox : public PortFieldsForm {
   frmVMBox(const EditorContext& context, const FormName& name);
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

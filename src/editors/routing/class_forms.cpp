@@ -11,7 +11,7 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -231,4 +231,4 @@ bool frmCORGroup::ShowPlace(std::string_view section, int row, int field) {
   return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

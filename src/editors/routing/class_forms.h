@@ -6,8 +6,9 @@
 
 #include "editing/table_form.h"
 #include "editing/table_pages.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** What both forms of classes are: a list beside a table in which each column is a list of its own. */
 class ClassForm : public TableForm {
@@ -70,4 +71,4 @@ class frmCORGroup : public ClassForm {
   std::vector<std::string> offered_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

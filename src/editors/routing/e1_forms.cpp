@@ -9,7 +9,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::vector<FieldColumn> frmE1Map::Columns(frmE1Map* form) {
   using namespace e1_map;
@@ -81,4 +81,4 @@ void frmE1Numbering::Prepare(const IniText& project) {
   links_ = OfferedLinks(project);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmE1Map`: which ports an E1 link has. Rows that name a link follow it; those of a link that was emptied
  * name none any more. */
@@ -40,4 +41,4 @@ class frmE1Numbering : public FieldTableForm {
   std::vector<std::string> links_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

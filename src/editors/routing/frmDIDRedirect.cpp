@@ -9,7 +9,7 @@
 #include "sections/routing/route_list.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using namespace did_redirect;
 
@@ -47,7 +47,7 @@ void frmDIDRedirect::Prepare(const IniText& project) {
 }
 
 frmDIDRedirect::Target frmDIDRedirect::TargetOf(std::string_view type) const {
-  const tarvok::Field& types = kTable.fields[kMapType - 1];
+  const Field& types = kTable.fields[kMapType - 1];
   for (const Meaning& meaning : kTable.fields[kMapNumber - 1].meanings) {
     const auto is_type = [&](const Choice& choice) {
       return choice.stored == meaning.when && choice.shown == type;
@@ -78,4 +78,4 @@ void frmDIDRedirect::TypeChanged(int row) {
     grid().EraseCell(row, kMapNumber);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmDIDRedirect`: where ranges of incoming numbers of a link go. What `Map Number` offers depends on the
  * row's `Map Type`. */
@@ -37,4 +38,4 @@ class frmDIDRedirect : public FieldTableForm {
   std::vector<std::string> offered_links_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

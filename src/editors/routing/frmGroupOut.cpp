@@ -7,13 +7,13 @@
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using group_out::kTable;
 
 namespace {
 
-const tarvok::Field& MemberStatement() {
+const Field& MemberStatement() {
   return kTable.fields[group_out::kMember - 1];
 }
 
@@ -145,4 +145,4 @@ void frmGroupOut::Write(IniEdit& project) {
   RepairReferences(project, project.base(), kTable, emptied);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,9 +6,10 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 #include "sections/routing/group_out.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmGroupOut`: the trunks of the groups out, in their order, and the trunks that are in no group. A route that
  * names a group without members names none any more once the form is saved. */
@@ -42,4 +43,4 @@ class frmGroupOut : public EditorForm {
   int total_ = 0;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -8,7 +8,7 @@
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using namespace incoming_list;
 
@@ -25,7 +25,7 @@ int MostRows(const IniText& project) {
 }  // namespace
 
 std::vector<FieldColumn> frmIncomingLst::Columns(frmIncomingLst* form) {
-  const auto statement = [](int field) -> const tarvok::Field& {
+  const auto statement = [](int field) -> const Field& {
     return kTable.fields[static_cast<std::size_t>(field) - 1];
   };
   std::vector<FieldColumn> columns = {TypedColumn(kName, "Name", TextRule(0))};
@@ -78,4 +78,4 @@ void frmIncomingLst::Write(IniEdit& project) {
   project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmIncomingLst`: where incoming calls are offered. The rows are in the order of their names once they are
  * saved, and the ports that name a row follow it. */
@@ -27,4 +28,4 @@ class frmIncomingLst : public FieldTableForm {
   std::vector<std::string> offered_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

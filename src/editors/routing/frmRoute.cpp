@@ -9,7 +9,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using namespace route;
 
@@ -43,7 +43,7 @@ constexpr EntryRule kSaveRule = {.characters = "0123456789XxEeAaNnPp*#",
                                  .wants = kWantsPause};
 
 FieldColumn CountColumn(int field, std::string title) {
-  const tarvok::Field& statement = kTable.fields[static_cast<std::size_t>(field) - 1];
+  const Field& statement = kTable.fields[static_cast<std::size_t>(field) - 1];
   return {.field = field,
           .column = {.title = std::move(title),
                      .entry = Entry::kList,
@@ -162,4 +162,4 @@ void frmRoute::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,8 +6,9 @@
 
 #include "editing/table_pages.h"
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmRoute`: the routes of each route list. The project holds those of all lists one behind the other; here a
  * list beside the table chooses whose are shown. A list is in order once it is left or saved. */
@@ -36,4 +37,4 @@ class frmRoute : public FieldTableForm {
   TablePages pages_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,7 +6,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 constexpr int kMostTyped = 19;
@@ -60,4 +60,4 @@ void frmRouteMap::Prepare(const IniText& project) {
   offered_ = OfferedLists(project);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

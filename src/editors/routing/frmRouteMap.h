@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmRouteMap`: the digit patterns and what is done with a number that matches. They are in order once they
  * are saved, and every row is written, a blank one too. */
@@ -26,4 +27,4 @@ class frmRouteMap : public FieldTableForm {
   std::vector<std::string> offered_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,13 +6,13 @@
 #include "sections/routing/tbl_route.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using namespace tbl_route;
 
 namespace {
 
-std::vector<std::string> NumbersOf(const tarvok::Field& statement) {
+std::vector<std::string> NumbersOf(const Field& statement) {
   return NumberedEntries(statement.low, statement.high);
 }
 
@@ -60,4 +60,4 @@ void frmSetRoute::Write(IniEdit& project) {
   project.Set(kGatewayTable.section, kGatewayTable.key, gateway_.Chosen());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmSetRoute`: the link table of exchanges that form a network: what this one is, and by which card and device
  * it reaches each other one. */
@@ -24,4 +25,4 @@ class frmSetRoute : public FieldTableForm {
   Control& gateway_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,7 +5,7 @@
 
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 using namespace tenan;
 
@@ -43,7 +43,7 @@ frmTenan::frmTenan(const EditorContext& context, const FormName& name)
   AddButtons();
   Control& set_all = AddButton("cmdSetAll", "Set A&ll", [this] { SetAll(true); });
   Control& clear_all = AddButton("cmdClearAll", "Clea&r All", [this] { SetAll(false); });
-  Layout buttons = OkAndCancel();
+  FormLayout buttons = OkAndCancel();
   buttons.parts.insert(buttons.parts.begin(), {layout::Of(set_all), layout::Of(clear_all)});
   SetLayout(layout::Column({layout::Of(page_), layout::Of(frame_),
                             layout::Row({layout::Picture("tenants"), layout::Of(down_)}), layout::Of(across_),
@@ -165,4 +165,4 @@ bool frmTenan::ShowPlace(std::string_view section, int row, int /*field*/) {
   return false;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,9 +5,10 @@
 #include <string_view>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/routing/tenan.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /**
  * `frmTenan`: who may call whom, by day and by night. All cells of a page are controls, `cell` by row and column
@@ -48,4 +49,4 @@ class frmTenan : public EditorForm {
   Control& down_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -10,7 +10,7 @@
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 /** The names of the rows up to the number under `count_key` that `offered` takes. */
@@ -55,4 +55,4 @@ std::vector<std::string> OfferedNumbers(const IniText& project) {
   return NamesUpTo(project, assign::kTable, kNowKey, AssignNumbers(project), [](int) { return true; });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "editors/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** The route lists that have routes of their own, by their names: each ends behind all lists in front of it. */
 std::vector<std::string> OfferedLists(const IniText& project);
@@ -16,4 +17,4 @@ std::vector<std::string> OfferedGroups(const IniText& project);
 /** The directory numbers up to "Now", in the order of their rows. */
 std::vector<std::string> OfferedNumbers(const IniText& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

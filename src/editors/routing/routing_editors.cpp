@@ -11,7 +11,7 @@
 #include "editors/routing/frmSetRoute.h"
 #include "editors/routing/frmTenan.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::span<const Editor> RoutingEditors() {
   static constexpr Editor kEditors[] = {
@@ -30,4 +30,4 @@ std::span<const Editor> RoutingEditors() {
   return kEditors;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "sections/system/billing_mode.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace billing_mode;
@@ -110,19 +110,20 @@ std::string ScreenLabel(int field) {
 
 frmBillingMode::frmBillingMode(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
-  Layout country = CountryGroup();
+  FormLayout country = CountryGroup();
   const auto group = [this](std::string title, std::initializer_list<int> fields) {
-    std::vector<Layout> parts;
+    std::vector<FormLayout> parts;
     for (const int field : fields) parts.push_back(AmountField(field));
     return layout::Group(std::move(title), std::move(parts));
   };
-  Layout saved =
+  FormLayout saved =
       Switches("Calls", {kSaveIntercom, kSaveIncoming, kSaveOutGoing, kBillFlat, kPrintMiniBar, kExpandAll});
-  Layout percent = group("Percent", {kLongDistancePercent, kOverseaPercent, kMobilePercent, kAreaPercent});
-  Layout charge =
+  FormLayout percent =
+      group("Percent", {kLongDistancePercent, kOverseaPercent, kMobilePercent, kAreaPercent});
+  FormLayout charge =
       group("Charge", {kLongDistanceCharge, kOverseaCharge, kMobileCharge, kIncomingRate, kIntercomRate});
-  Layout expand = group("Expand", {kTimeExpand, kChargeExpand, kTimeExpandIn, kChargeExpandIn});
-  Layout times = group("Time", {kLocalTime, kTimePage, kTimeMobile, kTimeLongDistance, kTimeOversea});
+  FormLayout expand = group("Expand", {kTimeExpand, kChargeExpand, kTimeExpandIn, kChargeExpandIn});
+  FormLayout times = group("Time", {kLocalTime, kTimePage, kTimeMobile, kTimeLongDistance, kTimeOversea});
   SetLayout(
       layout::Column({layout::Row({layout::Column({std::move(country), std::move(saved), layout::Stretch()}),
                                    layout::Column({std::move(percent), std::move(charge), layout::Stretch()}),
@@ -130,7 +131,7 @@ frmBillingMode::frmBillingMode(const EditorContext& context, const FormName& nam
                       layout::Stretch(), OkAndCancel()}));
 }
 
-Layout frmBillingMode::CountryGroup() {
+FormLayout frmBillingMode::CountryGroup() {
   country_ = &AddCombo({"cmbCountry"}, "", {});
   country_->changed = [this] {
     // Choosing the same country again changes nothing: its local code stays.
@@ -141,7 +142,7 @@ Layout frmBillingMode::CountryGroup() {
                                    layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
 }
 
-Layout frmBillingMode::AmountField(int field) {
+FormLayout frmBillingMode::AmountField(int field) {
   const Place& place = PlaceOf(field);
   Control& box = AddText(IdOf(place), "", RuleOf(place.kind));
   box.entered = [&box] { box.selected = box.text == kUnset; };
@@ -154,8 +155,8 @@ Layout frmBillingMode::AmountField(int field) {
   return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
 }
 
-Layout frmBillingMode::Switches(std::string title, const std::vector<int>& fields) {
-  std::vector<Layout> parts;
+FormLayout frmBillingMode::Switches(std::string title, const std::vector<int>& fields) {
+  std::vector<FormLayout> parts;
   parts.reserve(fields.size());
   for (const int field : fields) {
     parts.push_back(layout::Of(AddCheck(
@@ -249,7 +250,7 @@ bool frmBillingMode::MaySave() {
   for (const Place& place : kPlaces) {
     if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
     Control& box = BoxOf(place.field);
-    const tarvok::Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
+    const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
     std::string wrong;
     if (box.text == ".") {
       wrong = " is no amount.";
@@ -280,4 +281,4 @@ void frmBillingMode::Write(IniEdit& project) {
   project.Set(kCountry.section, kCountry.key, CountryNumber());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmBillingMode`: how calls are charged, with the country by which the local code and the unit are told. */
 class frmBillingMode : public EditorForm {
@@ -19,9 +20,9 @@ class frmBillingMode : public EditorForm {
   void Write(IniEdit& project) override;
 
  private:
-  Layout CountryGroup();
-  Layout AmountField(int field);
-  Layout Switches(std::string title, const std::vector<int>& fields);
+  FormLayout CountryGroup();
+  FormLayout AmountField(int field);
+  FormLayout Switches(std::string title, const std::vector<int>& fields);
   std::string ValidCountry(const IniText& project);
   void FillCountries(std::string_view country);
   void ShowCountry();
@@ -37,4 +38,4 @@ class frmBillingMode : public EditorForm {
   std::string shown_country_;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -2,7 +2,7 @@
 
 #include "sections/system/mini_bar.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 frmMiniBar::frmMiniBar(const EditorContext& context, const FormName& name)
     : FieldTableForm(context, name, mini_bar::kTable,
@@ -16,4 +16,4 @@ bool frmMiniBar::IsRemoved(std::string_view value) const {
   return value == statement().empty_rows.front();
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

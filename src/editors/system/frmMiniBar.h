@@ -1,8 +1,9 @@
 #pragma once
 
 #include "editors/field_columns.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmMiniBar`: 512 items by the number under which a guest's use is noted. Its rows end in a pipe. */
 class frmMiniBar : public FieldTableForm {
@@ -14,4 +15,4 @@ class frmMiniBar : public FieldTableForm {
   bool IsRemoved(std::string_view value) const override;
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -9,7 +9,7 @@
 #include "sections/rows.h"
 #include "sections/system/pabx_mode.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace pabx_mode;
@@ -44,18 +44,18 @@ frmPABXMode::frmPABXMode(const EditorContext& context, const FormName& name) : E
   limit_ = &AddText({"txtT2T"}, "", limit);
   revision_ = &AddCombo({"cmbRevision"}, "", {shown(kPowerRevision, 0), shown(kPowerRevision, 1)});
   const auto boxes = [&](std::initializer_list<int> fields) {
-    std::vector<Layout> parts;
+    std::vector<FormLayout> parts;
     for (const int field : fields) parts.push_back(layout::Of(Flag(field)));
     return parts;
   };
-  std::vector<Layout> manual = boxes({kManual});
+  std::vector<FormLayout> manual = boxes({kManual});
   manual.push_back(layout::Row({layout::Of(*day_), layout::Of(*night_), layout::Stretch()}));
-  std::vector<Layout> transfer = boxes({kDidBusyTransfer});
+  std::vector<FormLayout> transfer = boxes({kDidBusyTransfer});
   transfer.push_back(layout::Row({layout::Of(*number_), layout::Of(*numbers_), layout::Stretch()}));
   transfer.push_back(layout::Of(*message_));
-  std::vector<Layout> trunks = boxes({kTrunkToTrunk});
+  std::vector<FormLayout> trunks = boxes({kTrunkToTrunk});
   trunks.push_back(layout::Field(LabelOf(kTable, kTrunkTimeLimit), *limit_, "Minute"));
-  for (Layout& part : boxes({kCheckBadCo, kWarningTone, kIntrusionTone, kOnCoWhenX}))
+  for (FormLayout& part : boxes({kCheckBadCo, kWarningTone, kIntrusionTone, kOnCoWhenX}))
     trunks.push_back(std::move(part));
   SetLayout(layout::Column(
       {layout::Row(
@@ -141,4 +141,4 @@ void frmPABXMode::Write(IniEdit& project) {
   project.Set(kTable.section, kTable.key, list);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

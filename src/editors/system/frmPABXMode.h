@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmPABXMode`: the switches that govern the exchange as a whole. `Check1` are the flags, `Option1(0)` and
  * (1) the manual mode, `Option1(2)` and (3) where a busy DID call goes. */
@@ -34,4 +35,4 @@ class frmPABXMode : public EditorForm {
   std::vector<std::string> ports_;  // of each entry of cmbNum, as its number row says
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

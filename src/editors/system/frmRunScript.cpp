@@ -4,7 +4,7 @@
 #include "editors/system/system_forms.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 constexpr int kHighestScript = 510;
@@ -14,7 +14,7 @@ constexpr const char* kNote =
 }  // namespace
 
 frmRunScript::frmRunScript(const EditorContext& context, const FormName& name) : EditorForm(context, name) {
-  std::vector<Layout> fields;
+  std::vector<FormLayout> fields;
   for (int event = 0; event < kScriptEvents; ++event) {
     Control& box = AddText({"txtRunScript", event}, "", AnyDigits());
     boxes_[static_cast<std::size_t>(event)] = &box;
@@ -38,4 +38,4 @@ void frmRunScript::Write(IniEdit& project) {
   project.Set(table.section, table.key, none ? std::string() : list);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -3,9 +3,10 @@
 #include <array>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/system/run_script.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmRunScript`: the numbers of the scripts that run at seven events, `txtRunScript(0)` to (6). */
 class frmRunScript : public EditorForm {
@@ -20,4 +21,4 @@ class frmRunScript : public EditorForm {
   std::array<Control*, kScriptEvents> boxes_{};
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,7 +5,7 @@
 #include "sections/rows.h"
 #include "sections/system/pbx_ip.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 // 255 and FF are what is not set on the wire; the exchange is never told them.
@@ -17,8 +17,8 @@ constexpr EntryRule kMacRule = {.characters = "0123456789abcdefABCDEF", .most = 
 }  // namespace
 
 frmSetIP::frmSetIP(const EditorContext& context, const FormName& name) : EditorForm(context, name) {
-  std::vector<Layout> address;
-  std::vector<Layout> mac;
+  std::vector<FormLayout> address;
+  std::vector<FormLayout> mac;
   for (std::size_t i = 0; i < boxes_.size(); ++i) {
     const bool is_mac = i >= kAddressParts;
     const int index = static_cast<int>(is_mac ? i - kAddressParts : i);
@@ -28,7 +28,7 @@ frmSetIP::frmSetIP(const EditorContext& context, const FormName& name) : EditorF
     box.entered = [&box] { box.selected = true; };
     box.key = [this, i](Key key) { return GoOn(i, key); };
     boxes_[i] = &box;
-    std::vector<Layout>& row = is_mac ? mac : address;
+    std::vector<FormLayout>& row = is_mac ? mac : address;
     row.push_back(row.empty() ? layout::Field(is_mac ? "MAC Address :" : "IP Address :", box)
                               : layout::Of(box));
   }
@@ -73,4 +73,4 @@ void frmSetIP::Write(IniEdit& project) {
   project.Set(pbx_ip::kAddress.section, pbx_ip::kAddress.key, address);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

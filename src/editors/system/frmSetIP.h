@@ -3,8 +3,9 @@
 #include <array>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmSetIP`: the exchange's address, `txtIP_Port(0)` to (3), and the last bytes of its MAC address,
  * `txtRunScript(0)` and (1). A dot or Return goes on to the next box. */
@@ -25,4 +26,4 @@ class frmSetIP : public EditorForm {
   std::array<Control*, kAddressParts + kMacBytes> boxes_{};
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "sections/system/system_numbers.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 namespace {
 
 using namespace system_times;
@@ -52,14 +52,14 @@ std::string HolidayText(int month, int day) {
 
 frmSystemConfig::frmSystemConfig(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
-  Layout times = TimeGroup();
-  Layout numbers = NumberGroup();
-  Layout holidays = HolidayGroup();
+  FormLayout times = TimeGroup();
+  FormLayout numbers = NumberGroup();
+  FormLayout holidays = HolidayGroup();
   SetLayout(layout::Column(
       {std::move(times), layout::Row({std::move(numbers), std::move(holidays)}), OkAndCancel()}));
 }
 
-Layout frmSystemConfig::TimeGroup() {
+FormLayout frmSystemConfig::TimeGroup() {
   std::vector<std::string> names;
   names.reserve(kWeekdays);
   for (const Table& weekday : kWeekdayTables) names.emplace_back(weekday.row_name);
@@ -89,7 +89,7 @@ Layout frmSystemConfig::TimeGroup() {
                     layout::Picture("week")})});
 }
 
-Layout frmSystemConfig::NumberGroup() {
+FormLayout frmSystemConfig::NumberGroup() {
   voice_mail_ = &AddText({"txtVM"}, "", DigitsRule(6));
   record_ = &AddText({"txtRecord"}, "", DigitsRule(6));
   card_ = &AddCombo({"cmbCard"}, "", Numbers(system_numbers::kMusicCard));
@@ -102,7 +102,7 @@ Layout frmSystemConfig::NumberGroup() {
        layout::Stretch()});
 }
 
-Layout frmSystemConfig::HolidayGroup() {
+FormLayout frmSystemConfig::HolidayGroup() {
   list_ = &AddList({"ListView1"}, "Holidays, month and day", {});
   list_->changed = [this] { ShowHoliday(); };
   month_ = &AddCombo({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
@@ -260,4 +260,4 @@ void frmSystemConfig::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -6,9 +6,10 @@
 #include <vector>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/system/system_times.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** `frmSystemConfig`: when the day and the night begin, voice mail and record numbers, the music source, and
  * the holidays. */
@@ -38,9 +39,9 @@ class frmSystemConfig : public EditorForm {
     std::string night;
   };
 
-  Layout TimeGroup();
-  Layout NumberGroup();
-  Layout HolidayGroup();
+  FormLayout TimeGroup();
+  FormLayout NumberGroup();
+  FormLayout HolidayGroup();
   void ShowWeekday();
   void KeepWeekday();
   void ShowHolidays();
@@ -66,4 +67,4 @@ class frmSystemConfig : public EditorForm {
   std::vector<std::string> holidays_;  // each as HolidayText makes it
 };
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -8,7 +8,7 @@
 #include "editors/system/frmSetIP.h"
 #include "editors/system/frmSystemConfig.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 std::span<const Editor> SystemEditors() {
   static constexpr Editor kEditors[] = {
@@ -25,4 +25,4 @@ std::span<const Editor> SystemEditors() {
   return kEditors;
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "editing/editor_form.h"
+#include "editors/uses.h"
 #include "sections/field.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::editors {
 
 /** A field's name as a label in front of its control. */
 inline std::string LabelOf(const Table& table, int field) {
@@ -32,4 +33,4 @@ inline std::string_view FlagText(const Control& box) {
   return box.on ? "1" : "0";
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::editors

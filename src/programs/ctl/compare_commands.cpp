@@ -6,6 +6,7 @@
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/terminal_text.h"
+#include "programs/uses.h"
 #include "project/check.h"
 #include "project/difference_words.h"
 

@@ -9,6 +9,7 @@
 
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/terminal_text.h"
+#include "programs/uses.h"
 #include "sessions/pace.h"
 #include "sessions/password_form.h"
 #include "store/one_line.h"

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "programs/uses.h"
 #include "sessions/session_view.h"
 
 namespace tarvok::ctl {

@@ -14,6 +14,7 @@
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
 #include "programs/ctl/terminal_text.h"
+#include "programs/uses.h"
 #include "store/new_project.h"
 
 namespace tarvok::ctl {

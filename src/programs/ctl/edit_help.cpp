@@ -1,6 +1,7 @@
 #include "programs/ctl/edit_help.h"
 
 #include "editors/editors.h"
+#include "programs/uses.h"
 
 namespace tarvok::ctl {
 

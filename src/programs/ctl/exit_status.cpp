@@ -7,6 +7,7 @@
 #include <string>
 
 #include "programs/ctl/terminal_text.h"
+#include "programs/uses.h"
 #include "store/one_line.h"
 
 namespace tarvok::ctl {

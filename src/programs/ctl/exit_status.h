@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "programs/uses.h"
+
 namespace tarvok::ctl {
 
 inline constexpr int kDone = 0;

@@ -7,6 +7,7 @@
 
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
+#include "programs/uses.h"
 #include "sections/registry.h"
 #include "store/header_keys.h"
 #include "store/new_project.h"
@@ -25,9 +26,9 @@ std::string AsText(const std::vector<std::uint8_t>& bytes) {
 }
 
 /** The layout with a coder for the direction, or why there is none. */
-Result<const Layout*> CodedLayout(int number, int version, Direction direction) {
+Result<const WireLayout*> CodedLayout(int number, int version, Direction direction) {
   const Section* section = FindSection(number);
-  const Layout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
+  const WireLayout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
   const bool coded = layout != nullptr &&
                      (direction == Direction::kSend ? layout->encode != nullptr : layout->decode != nullptr);
   if (coded) return layout;
@@ -35,7 +36,7 @@ Result<const Layout*> CodedLayout(int number, int version, Direction direction) 
 }
 
 Result<std::string> Encoded(const IniText& project, int section, int version) {
-  const Result<const Layout*> layout = CodedLayout(section, version, Direction::kSend);
+  const Result<const WireLayout*> layout = CodedLayout(section, version, Direction::kSend);
   if (!layout.ok()) return layout.status();
   ImageWriter image(layout.value()->size);
   layout.value()->encode(project, image);
@@ -44,12 +45,12 @@ Result<std::string> Encoded(const IniText& project, int section, int version) {
 }
 
 struct DecodeStep {
-  const Layout* layout;
+  const WireLayout* layout;
   std::string bytes;
 };
 
 Result<DecodeStep> ReadStep(FileSystem& files, const std::string& file, int section, int version) {
-  const Result<const Layout*> layout = CodedLayout(section, version, Direction::kLoad);
+  const Result<const WireLayout*> layout = CodedLayout(section, version, Direction::kLoad);
   if (!layout.ok()) return layout.status();
   Result<std::string> bytes = files.Read(file);
   if (!bytes.ok()) return bytes.status();

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "programs/uses.h"
 #include "store/project_store.h"
 
 namespace tarvok::ctl {

@@ -9,6 +9,7 @@
 #include <QSocketNotifier>
 
 #include "link/password_code.h"
+#include "programs/uses.h"
 
 namespace tarvok::ctl {
 namespace {

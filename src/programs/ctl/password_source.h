@@ -5,6 +5,7 @@
 #include <string>
 
 #include "link/event_server.h"
+#include "programs/uses.h"
 #include "store/file_system.h"
 
 namespace tarvok::ctl {

@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+#include "programs/uses.h"
 #include "store/new_project.h"
 
 namespace tarvok::ctl {

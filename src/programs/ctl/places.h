@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "programs/uses.h"
+
 namespace tarvok::ctl {
 
 // Where the programs find and put their files. An application object must exist.

@@ -8,6 +8,7 @@
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/places.h"
 #include "programs/ctl/terminal_text.h"
+#include "programs/uses.h"
 #include "sections/registry.h"
 #include "store/header_keys.h"
 #include "store/history.h"

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "programs/uses.h"
 #include "store/project_store.h"
 
 namespace tarvok::ctl {

@@ -15,6 +15,7 @@
 #include "programs/ctl/password_source.h"
 #include "programs/ctl/places.h"
 #include "programs/ctl/project_commands.h"
+#include "programs/uses.h"
 #include "sessions/billing_files.h"
 #include "sessions/load_config.h"
 #include "sessions/mini_bar_transfer.h"

@@ -5,6 +5,7 @@
 
 #include "io/code_page.h"
 #include "io/qt_settings.h"
+#include "programs/uses.h"
 
 namespace tarvok::ctl {
 namespace {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "programs/uses.h"
+
 namespace tarvok::ctl {
 
 /** Text of a project as UTF-8 for a terminal, through the user's code page. Control characters are shown as

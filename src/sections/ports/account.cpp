@@ -7,17 +7,17 @@
 #include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace account {
 namespace {
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Digits("Account", 6),
     Digits("Password", 4).Secret(),
     RowOf("Number", assign::kTable, 3).LoadedUnpadded(),
     AnyRowOf("Config", port_config::kTable, 0),
     AnyRowOf("Tenan", tenan::kDayTable, 0),
-    tarvok::Number("Time (sec)", 0, 9999),
+    Number("Time (sec)", 0, 9999),
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F"};
@@ -87,4 +87,4 @@ void DecodeAccount(const ImageReader& image, IniEdit& project) {
   DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

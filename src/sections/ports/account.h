@@ -3,17 +3,18 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Account codes with their passwords and what they allow. */
 inline constexpr int kAccountRows = 200;
 
 namespace account {
 
-enum Field : int { kAccount = 1, kPassword, kNumber, kConfig, kTenan, kTime };
+enum FieldNumber : int { kAccount = 1, kPassword, kNumber, kConfig, kTenan, kTime };
 
 extern const Table kTable;
 
@@ -33,4 +34,4 @@ void EncodeAccount(const IniText& project, ImageWriter& image);
 /** Both of the marks above come back as "F". Number is written without padding, unlike the editor's. */
 void DecodeAccount(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace assign {
 namespace {
 
@@ -15,19 +15,16 @@ constexpr Choice kTypeChoices[] = {
     {"4", "Hunt Circular"}, {"5", "Hunt Group All"},    {"6", "Hunt ACD"},   {"7", "Boss Number"},
 };
 
-constexpr tarvok::Field kPort = RowOf("Value", port_def::kTable, 3);
-constexpr tarvok::Field kHuntGroup = RowOf("Value", hunt_group::kTable, 0);
-constexpr tarvok::Field kCallGroup = tarvok::Number("Value", 1, 99, 2);
-constexpr tarvok::Field kBoss = RowOf("Value", boss::kTable, 0);
+constexpr Field kPort = RowOf("Value", port_def::kTable, 3);
+constexpr Field kHuntGroup = RowOf("Value", hunt_group::kTable, 0);
+constexpr Field kCallGroup = Number("Value", 1, 99, 2);
+constexpr Field kBoss = RowOf("Value", boss::kTable, 0);
 constexpr Meaning kValues[] = {{"0", &kPort},      {"1", &kHuntGroup}, {"2", &kCallGroup}, {"3", &kCallGroup},
                                {"4", &kHuntGroup}, {"5", &kHuntGroup}, {"6", &kHuntGroup}, {"7", &kBoss}};
 
-constexpr tarvok::Field kFields[] = {
-    Digits("Number", 6),
-    OneOf("Type", kTypeChoices),
-    DecidedBy("Value", kType, kValues),
-    tarvok::Number("Company", 0, 4),
-    RowOf("Name", name::kTable, 3),
+constexpr Field kFields[] = {
+    Digits("Number", 6),     OneOf("Type", kTypeChoices),    DecidedBy("Value", kType, kValues),
+    Number("Company", 0, 4), RowOf("Name", name::kTable, 3),
 };
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
@@ -73,7 +70,7 @@ int ValueWidth(int type) {
 
 void DecodeNumber(const ImageReader& record, RowText& row) {
   // Unlike in a port row a byte 0 ends the number.
-  row.AddDigits(record.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::kUnset);
+  row.AddDigits(record.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::k255);
   row.Add(record.Plain(3));
   row.Add(record.PlusOneWord(4, ValueWidth(record.Byte(3))));
   row.Add(record.Plain(6));
@@ -92,4 +89,4 @@ void DecodeAssign(const ImageReader& image, IniEdit& project) {
   DecodeRows(image, project, kTable, kRecord, DecodeNumber);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

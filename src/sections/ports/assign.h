@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The numbering plan: directory numbers and what each stands for. */
 inline constexpr int kAssignRows = 500;
@@ -14,7 +15,7 @@ inline constexpr int kAssignRows = 500;
 namespace assign {
 
 /** Fields of a number row, from 1. What `Value` counts depends on `Type`. */
-enum Field : int { kNumber = 1, kType, kValue, kCompany, kName };
+enum FieldNumber : int { kNumber = 1, kType, kValue, kCompany, kName };
 
 extern const Table kTable;
 
@@ -30,4 +31,4 @@ void EncodeAssign(const IniText& project, ImageWriter& image);
 /** A number byte 0 reads "0" here and ends the number; `Value` is padded by the row's type. */
 void DecodeAssign(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

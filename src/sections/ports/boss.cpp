@@ -3,11 +3,11 @@
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace boss {
 namespace {
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("BOSS", port_def::kTable, 3).ShownBy(port_def::kNumber),
     RowOf("SECRETARY", port_def::kTable, 3).ShownBy(port_def::kNumber),
 };
@@ -44,4 +44,4 @@ void DecodeBoss(const ImageReader& image, IniEdit& project) {
   });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,17 +3,18 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Pairs of a boss's port and a secretary's port. */
 inline constexpr int kBossRows = 20;
 
 namespace boss {
 
-enum Field : int { kBoss = 1, kSecretary };
+enum FieldNumber : int { kBoss = 1, kSecretary };
 
 extern const Table kTable;
 
@@ -28,4 +29,4 @@ void EncodeBoss(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". The mark in the port's own record is not touched. */
 void DecodeBoss(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 #include "sections/ports/assign.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace hunt_group {
 namespace {
 
@@ -74,4 +74,4 @@ void DecodeHuntGroup(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

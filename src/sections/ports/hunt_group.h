@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Hunt groups: ordered lists of directory numbers that share one pool of members. */
 inline constexpr int kHuntGroups = 20;
@@ -33,4 +34,4 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image);
  * below a total is no member. A group without members is written as an empty key. */
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -7,7 +7,7 @@
 #include "sections/rows.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace key_dss {
 namespace {
 
@@ -19,7 +19,7 @@ constexpr Field kMapOfTrunk = Digits("Map Digit", 14);
 constexpr Field kMapOfGroup = Digits("Map Digit", 18);
 constexpr Field kGroup = RowOf("Group Out", group_out::kTable, 0);
 constexpr Field kOldGroup = RowOf("Group Out", group_out::kTable, 2);
-constexpr Field kLine = tarvok::Number("Line", 1, kLinesOfLayout);
+constexpr Field kLine = Number("Line", 1, kLinesOfLayout);
 
 constexpr CodedValue kKeyCodes[] = {
     {kTelephone, &kDialled},
@@ -251,4 +251,4 @@ void DecodeKeyDss(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Button layouts of key telephones: the keys of the telephone itself and the buttons of its console. */
 inline constexpr int kKeyLayouts = 24;
@@ -53,4 +54,4 @@ void EncodeKeyDss(const IniText& project, ImageWriter& image);
  * sixth one stays without. A TR of more than six digits gets a comma behind the sixth. */
 void DecodeKeyDss(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

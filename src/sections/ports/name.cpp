@@ -5,12 +5,12 @@
 
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace name {
 namespace {
 
 constexpr int kMostBytes = 15;
-constexpr Field kFields[] = {tarvok::Text("Name", kMostBytes)};
+constexpr Field kFields[] = {Text("Name", kMostBytes)};
 constexpr Mark kMarks[] = {{1, ""}};
 
 }  // namespace
@@ -57,4 +57,4 @@ void DecodeName(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The display names that number rows refer to, without gaps. */
 inline constexpr int kNameRows = 500;
@@ -24,4 +25,4 @@ void EncodeName(const IniText& project, ImageWriter& image);
  */
 void DecodeName(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -4,7 +4,7 @@
 
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace {
 
 constexpr int kLinkTrunkBytes = 8;
@@ -24,7 +24,7 @@ void DecodeNumbers(const ImageReader& image, IniEdit& project, const Table& tabl
   for (int number = 1; number <= table.rows.last; ++number) {
     digits.clear();
     AppendDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
-                 SkippedBytes::kZeroAndUnset, digits);
+                 SkippedBytes::kZeroAnd255, digits);
     project.Set(table.section, KeyOf(table, number), digits);
   }
 }
@@ -56,4 +56,4 @@ void DecodeDialPhone(const ImageReader& image, IniEdit& project) {
   DecodeNumbers(image, project, dial_phone::kTable, kDialPhoneBytes);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Two tables whose rows are one telephone number each: link trunks, to which port profiles refer, and the
  * numbers that a key telephone dials. A row's value is the number alone. */
@@ -32,4 +33,4 @@ void EncodeDialPhone(const IniText& project, ImageWriter& image);
 void DecodeLinkTrunk(const ImageReader& image, IniEdit& project);
 void DecodeDialPhone(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 #include "sections/routing/class_group.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace port_config {
 namespace {
 
@@ -21,7 +21,7 @@ constexpr Choice kReverseChoices[] = {{"0", "No"}, {"1", "Use"}, {"2", "Destinat
 /** 256 is an older spelling of 255. */
 constexpr Choice kRingChoices[] = {{"8", "Default"}, {"255", "16 Rings Disc"}, {"256", "16 Rings Disc"}};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("Class of Servrice Day", class_group::kTable, 2),
     RowOf("Class of Servrice Night", class_group::kTable, 2),
     OneOf("Transfer Line", kOffOn).UnsetAs("0"),
@@ -175,4 +175,4 @@ void DecodePortConfig2(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

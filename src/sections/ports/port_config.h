@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Port profiles: sets of settings that ports share. */
 inline constexpr int kPortConfigRows = 20;
@@ -14,7 +15,7 @@ inline constexpr int kPortConfigRows = 20;
 namespace port_config {
 
 /** Fields of a profile, from 1. A load writes 16 or 17 of them, a second section adds the last two. */
-enum Field : int {
+enum FieldNumber : int {
   kServiceDay = 1,
   kServiceNight,
   kTransferLine,
@@ -70,4 +71,4 @@ void EncodePortConfig2(const IniText& project, ImageWriter& image);
  */
 void DecodePortConfig2(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -9,7 +9,7 @@
 #include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace port_def {
 namespace {
 
@@ -18,13 +18,13 @@ constexpr Choice kDndChoices[] = {{"1", "DND"}};
 constexpr Choice kVmUseChoices[] = {{"1", "Use"}, {"2", "Auto Record"}, {"3", "Use & Auto Record"}};
 constexpr Choice kUseChoices[] = {{"1", "USE"}};
 
-constexpr tarvok::Field kFields[] = {
-    tarvok::Number("Card", 1, 16),
-    tarvok::Number("Channel", 1, 60),
+constexpr Field kFields[] = {
+    Number("Card", 1, 16),
+    Number("Channel", 1, 60),
     OneOf("Type", kCardLabels),
     AnyRowOf("Config", port_config::kTable, 0),
     AnyRowOf("Tenan", tenan::kDayTable, 0),
-    tarvok::Number("Pickup Group", 1, 99).UnsetAs("0"),
+    Number("Pickup Group", 1, 99).UnsetAs("0"),
     RowOf("Incoming D", incoming_list::kTable, 3),
     RowOf("Incoming N", incoming_list::kTable, 3),
     OneOf("DND", kDndChoices).UnsetAs("0"),
@@ -33,11 +33,11 @@ constexpr tarvok::Field kFields[] = {
     Digits("Ext", 12),
     Digits("Busy", 12),
     Digits("NoAns", 12),
-    tarvok::Number("Ring T.", 0, 254),
+    Number("Ring T.", 0, 254),
     RowOf("Number", assign::kTable, 3),
     Digits("PSW", 4).Secret(),
-    tarvok::Number("Group", 1, 254).UnsetAs("0"),
-    tarvok::Number("Language", 1, 255),
+    Number("Group", 1, 254).UnsetAs("0"),
+    Number("Language", 1, 255),
     OneOf("Personal Msg", kPersonalMsgChoices),
     OneOf("Call Screen", kUseChoices).UnsetAs("0"),
     OneOf("VM Use", kVmUseChoices).UnsetAs("0"),
@@ -198,4 +198,4 @@ void DecodePortDef(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -5,10 +5,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The ports of the exchange. A row's number is the port index by which all other sections refer to it. */
 inline constexpr int kPortRows = 500;
@@ -63,7 +64,7 @@ inline constexpr std::array<CardType, 15> kCardTypes = {{
 namespace port_def {
 
 /** Fields of a port row, from 1. */
-enum Field : int {
+enum FieldNumber : int {
   kCard = 1,
   kChannel,
   kType,
@@ -113,4 +114,4 @@ void EncodePortDef(const IniText& project, ImageWriter& image);
  * and type is removed, whatever else it holds. */
 void DecodePortDef(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -4,12 +4,12 @@
 
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace vm_call_back {
 namespace {
 
 constexpr int kMostCharacters = 4;
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Digits("Check digit", kMostCharacters),
     Digits("Insert digit", kMostCharacters),
 };
@@ -44,4 +44,4 @@ void DecodeVMCallBack(const ImageReader& image, IniEdit& project) {
   });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,17 +3,18 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Voice mail call back: digits to check for and digits to insert. */
 inline constexpr int kVmCallBackRows = 10;
 
 namespace vm_call_back {
 
-enum Field : int { kCheck = 1, kInsert };
+enum FieldNumber : int { kCheck = 1, kInsert };
 
 extern const Table kTable;
 
@@ -30,4 +31,4 @@ void EncodeVMCallBack(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". Bytes of 0 and 255 are no characters. */
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -7,17 +7,17 @@
 #include "store/digit_code.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace class_digit {
 namespace {
 
 /** A number has no limit of its own, only what a value of the project can hold. */
 constexpr int kMostDigits = static_cast<int>(kMaxIniValue);
-constexpr tarvok::Field kBanFields[] = {Digits("Ban Number", kMostDigits, "*#")};
+constexpr Field kBanFields[] = {Digits("Ban Number", kMostDigits, "*#")};
 constexpr int kMostNumbers = 20;
 constexpr int kPool = 1024;
 constexpr Members kMembers = {.most = kMostNumbers, .pool = kPool, .packed = true, .every_piece = true};
-constexpr tarvok::Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
+constexpr Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
 }  // namespace
 
@@ -130,4 +130,4 @@ void DecodeClassAllow(const ImageReader& image, IniEdit& project) {
   DecodeLists(image, project, kAllowTable);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

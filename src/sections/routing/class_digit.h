@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Classes of digit: lists of the numbers that a class may not dial, and of those that it may. */
 inline constexpr int kClasses = 20;
@@ -14,7 +15,7 @@ inline constexpr int kClasses = 20;
 namespace class_digit {
 
 /** A row is a list of this field. */
-enum Field : int { kNumber = 1 };
+enum FieldNumber : int { kNumber = 1 };
 
 /** The two lists of a class stand in one project section, the allow list under a key with "A" behind. */
 extern const Table kBanTable;
@@ -38,4 +39,4 @@ void EncodeClassAllow(const IniText& project, ImageWriter& image);
 void DecodeClassBan(const ImageReader& image, IniEdit& project);
 void DecodeClassAllow(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

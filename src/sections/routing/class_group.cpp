@@ -5,11 +5,11 @@
 #include "sections/routing/class_digit.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace class_group {
 namespace {
 
-constexpr tarvok::Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
+constexpr Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
 
 }  // namespace
 
@@ -61,4 +61,4 @@ void DecodeClassGroup(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Classes of service: sets of up to eight classes of digit that a port profile names. */
 inline constexpr int kClassGroups = 15;
@@ -15,7 +16,7 @@ inline constexpr int kClassesOfGroup = 8;
 namespace class_group {
 
 /** A row is a list of this field. */
-enum Field : int { kClass = 1 };
+enum FieldNumber : int { kClass = 1 };
 
 extern const Table kTable;
 
@@ -27,4 +28,4 @@ void EncodeClassGroup(const IniText& project, ImageWriter& image);
 /** Free places between classes close up. The keys of empty groups are written too. */
 void DecodeClassGroup(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

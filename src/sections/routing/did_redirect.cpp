@@ -7,18 +7,18 @@
 #include "sections/routing/route_list.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace did_redirect {
 namespace {
 
 constexpr Choice kTypeChoices[] = {
     {"0", "Number"}, {"1", "Route List"}, {"2", "Route Digit"}, {"3", "Not Exist"}, {"4", "Auto Answer"}};
 
-constexpr tarvok::Field kToNumber = RowOf("Map Number", assign::kTable, 3);
-constexpr tarvok::Field kToList = RowOf("Map Number", route_list::kTable, 2);
+constexpr Field kToNumber = RowOf("Map Number", assign::kTable, 3);
+constexpr Field kToList = RowOf("Map Number", route_list::kTable, 2);
 constexpr Meaning kMapNumbers[] = {{"0", &kToNumber}, {"1", &kToList}};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("E1", e1_map::kTable, 0),
     Digits("DID Start", 4),
     Digits("DID End", 4),
@@ -108,4 +108,4 @@ void DecodeDIDRedirect(const ImageReader& image, IniEdit& project) {
   DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

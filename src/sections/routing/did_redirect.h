@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Where ranges of incoming DID numbers of an E1 link go. */
 inline constexpr int kDidRows = 400;
@@ -15,7 +16,7 @@ namespace did_redirect {
 
 /** Fields of a row, from 1. What `Map Number` counts depends on `Map Type`: a number row, a route list, or
  * nothing. */
-enum Field : int { kLink = 1, kDidStart, kDidEnd, kMapType, kMapNumber };
+enum FieldNumber : int { kLink = 1, kDidStart, kDidEnd, kMapType, kMapNumber };
 
 extern const Table kTable;
 
@@ -35,4 +36,4 @@ void EncodeDIDRedirect(const IniText& project, ImageWriter& image);
  * so on down. */
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

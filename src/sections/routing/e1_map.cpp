@@ -7,7 +7,7 @@
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace e1_map {
 namespace {
 
@@ -17,7 +17,7 @@ constexpr Choice kModeChoices[] = {
 constexpr std::string_view kE1CardType = "6";
 constexpr std::string_view kE1Cards[] = {kE1CardType};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("Start", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
     RowOf("End", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
     OneOf("Mode", kModeChoices),
@@ -136,4 +136,4 @@ void DecodeE1Map(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** E1 links: runs of ports of an E1 card. */
 inline constexpr int kE1Links = 10;
@@ -14,7 +15,7 @@ inline constexpr int kE1Links = 10;
 namespace e1_map {
 
 /** Fields of a link, from 1. */
-enum Field : int { kStart = 1, kEnd, kMode };
+enum FieldNumber : int { kStart = 1, kEnd, kMode };
 
 extern const Table kTable;
 
@@ -35,4 +36,4 @@ void EncodeE1Map(const IniText& project, ImageWriter& image);
  * gives "F". Every row is written, unused ones as "F|F|F". */
 void DecodeE1Map(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,13 +3,13 @@
 #include "sections/routing/e1_map.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace e1_number {
 namespace {
 
 constexpr int kMostDigits = 20;
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("E1", e1_map::kTable, 2).LoadedUnpadded(),
     Digits("Numbering", kMostDigits, "*#"),
     Number("Digit Check", 0, 99),
@@ -62,4 +62,4 @@ void DecodeE1Number(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Number prefixes of the E1 links. */
 inline constexpr int kE1NumberRows = 20;
@@ -14,7 +15,7 @@ inline constexpr int kE1NumberRows = 20;
 namespace e1_number {
 
 /** Fields of a row, from 1. */
-enum Field : int { kLink = 1, kNumbering, kDigitCheck };
+enum FieldNumber : int { kLink = 1, kNumbering, kDigitCheck };
 
 extern const Table kTable;
 
@@ -33,4 +34,4 @@ void EncodeE1Number(const IniText& project, ImageWriter& image);
  * even at its start, so that a number can come back empty. */
 void DecodeE1Number(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

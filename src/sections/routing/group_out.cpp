@@ -6,14 +6,13 @@
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace group_out {
 namespace {
 
 /** The card types that are lines: TRUNK, E & M and E1. */
 constexpr std::string_view kLineTypes[] = {"2", "5", "6", "9", "10", "11"};
-constexpr tarvok::Field kFields[] = {
-    RowOf("Member", port_def::kTable, 3).Only({port_def::kType, kLineTypes})};
+constexpr Field kFields[] = {RowOf("Member", port_def::kTable, 3).Only({port_def::kType, kLineTypes})};
 constexpr std::string_view kMaxMembersKey = "Max_Group_Out";
 constexpr std::string_view kCounts[] = {kMaxKey, kMaxMembersKey, kNowKey};
 constexpr Unique kUnique[] = {{{}, "port"}};
@@ -79,4 +78,4 @@ void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

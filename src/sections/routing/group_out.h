@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Groups of trunk ports through which the exchange seizes an outgoing line, and the members that all of them
  * can have together. */
@@ -16,7 +17,7 @@ inline constexpr int kGroupOutMembers = 1024;
 namespace group_out {
 
 /** A row is a list of this field. */
-enum Field : int { kMember = 1 };
+enum FieldNumber : int { kMember = 1 };
 
 extern const Table kTable;
 
@@ -33,4 +34,4 @@ void EncodeGroupOut(const IniText& project, ImageWriter& image);
  * while the groups stop where the pool does; a member 65,535 is none. */
 void DecodeGroupOut(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,19 +6,19 @@
 #include "sections/ports/assign.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace incoming_list {
 namespace {
 
 constexpr Choice kTargets[] = {{kDidTarget, "DID"}, {"2000", "Map_Digit"}, {"3000", "Wait_Comp"}};
 
 /** A number row, or one of the targets that have a name of their own. */
-constexpr tarvok::Field Destination(std::string_view name) {
+constexpr Field Destination(std::string_view name) {
   return RowOf(name, assign::kTable, 3).Named(kTargets);
 }
 
 /** The name has no limit of its own, only what a value of the project can hold. */
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Text("Name", static_cast<int>(kMaxIniValue)),
     Destination("Num1"),
     Destination("Num2"),
@@ -95,4 +95,4 @@ void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

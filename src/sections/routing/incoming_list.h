@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Where an incoming call is offered: up to three destinations in turn, and a time limit. */
 inline constexpr int kIncomingRows = 50;
@@ -14,7 +15,7 @@ inline constexpr int kIncomingRows = 50;
 namespace incoming_list {
 
 /** Fields of a row, from 1. A destination is a number row or one of three special targets. */
-enum Field : int { kName = 1, kNum1, kNum2, kNum3, kTimeOut };
+enum FieldNumber : int { kName = 1, kNum1, kNum2, kNum3, kTimeOut };
 
 /** A destination that is no number: the DID numbers decide. */
 inline constexpr std::string_view kDidTarget = "1000";
@@ -36,4 +37,4 @@ void EncodeIncomingList(const IniText& project, ImageWriter& image);
  * number, one with a time limit alone has the name "F". */
 void DecodeIncomingList(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 #include "sections/rows.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace route {
 namespace {
 
@@ -15,7 +15,7 @@ constexpr Choice kSeekChoices[] = {{"0", "Start"}, {"1", "End"}, {"2", "Cycle"},
 constexpr Choice kDayChoices[] = {{"1", "SUN"}, {"2", "MON"}, {"3", "TUE"}, {"4", "WED"},
                                   {"5", "THU"}, {"6", "FRI"}, {"7", "SAT"}};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     RowOf("Group", group_out::kTable, 2),
     OneOf("Type Seek", kSeekChoices),
     OneOf("Day", kDayChoices).UnsetAs("0"),
@@ -115,4 +115,4 @@ void DecodeRoute(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The routes of all lists, one list behind the other. */
 inline constexpr int kRouteRows = 200;
@@ -14,7 +15,7 @@ inline constexpr int kRouteRows = 200;
 namespace route {
 
 /** Fields of a route, from 1. */
-enum Field : int {
+enum FieldNumber : int {
   kGroup = 1,
   kTypeSeek,
   kDay,
@@ -45,4 +46,4 @@ void EncodeRoute(const IniText& project, ImageWriter& image);
  * without a leading zero, so a byte 0A is "A"; one byte of 255 clears a whole time; no day is "0". */
 void DecodeRoute(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -6,12 +6,12 @@
 #include "sections/routing/route.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace route_list {
 namespace {
 
 /** The editor numbers 50 lists of 40 routes through, although only the first 200 routes travel. */
-constexpr tarvok::Field kFields[] = {Number("End", 0, 2001)};
+constexpr Field kFields[] = {Number("End", 0, 2001)};
 
 }  // namespace
 
@@ -62,4 +62,4 @@ void DecodeRouteList(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

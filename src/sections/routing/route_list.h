@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** Where each route list ends in the one table of routes that they share. */
 inline constexpr int kRouteLists = 50;
@@ -14,7 +15,7 @@ inline constexpr int kRouteLists = 50;
 namespace route_list {
 
 /** The one field of a list: the number behind its last route, "0" as long as no list up to it has one. */
-enum Field : int { kEnd = 1 };
+enum FieldNumber : int { kEnd = 1 };
 
 extern const Table kTable;
 
@@ -36,4 +37,4 @@ void EncodeRouteList(const IniText& project, ImageWriter& image);
  * scan. */
 void DecodeRouteList(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

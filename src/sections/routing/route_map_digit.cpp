@@ -6,7 +6,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace route_map_digit {
 namespace {
 
@@ -17,7 +17,7 @@ constexpr Choice kListChoices[] = {{kExtension, "Extension"}};
 constexpr Choice kReleaseChoices[] = {{"0", "0"}, {"1", "1"}};
 constexpr Choice kTimeoutChoices[] = {{"255", "No Limit"}};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Digits("Digit", kMostDigits, "*#-:CLNPUWXYZ"),
     OneOf("Send Number", kSendChoices),
     RowOf("Route List", route_list::kTable, 2).Named(kListChoices),
@@ -125,4 +125,4 @@ void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

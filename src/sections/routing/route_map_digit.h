@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The first step of routing: digit patterns and what is done with a number that matches. */
 inline constexpr int kRouteMapRows = 200;
@@ -14,7 +15,7 @@ inline constexpr int kRouteMapRows = 200;
 namespace route_map_digit {
 
 /** Fields of a row, from 1. A load writes the first three or four, section 43 adds the last. */
-enum Field : int { kDigit = 1, kSendNumber, kRouteList, kReleaseCo, kTimeout };
+enum FieldNumber : int { kDigit = 1, kSendNumber, kRouteList, kReleaseCo, kTimeout };
 
 extern const Table kTable;
 
@@ -42,4 +43,4 @@ void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image);
 /** Adds a field to each row that section 8 left; a row that it removed stays away. */
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

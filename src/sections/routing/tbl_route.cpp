@@ -6,16 +6,15 @@
 #include "sections/rows.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace tbl_route {
 namespace {
 
-constexpr tarvok::Field kPidFields[] = {Number("PBX ID", 0, 14)};
+constexpr Field kPidFields[] = {Number("PBX ID", 0, 14)};
 /** 0 is not set: it stands in a loaded file. */
-constexpr tarvok::Field kGatewayFields[] = {Number("Gateway", 1, 15).UnsetAs("0")};
+constexpr Field kGatewayFields[] = {Number("Gateway", 1, 15).UnsetAs("0")};
 /** Card 0 is no card: a load writes it for a destination that is not there. */
-constexpr tarvok::Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"),
-                                     Number("Device", 0, 1).UnsetAs("0")};
+constexpr Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"), Number("Device", 0, 1).UnsetAs("0")};
 
 }  // namespace
 
@@ -85,4 +84,4 @@ void DecodeTblRoute(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The way to the other exchanges of a network: one's own number, a gateway, and 16 destinations. */
 inline constexpr int kLinkRows = 16;
@@ -14,7 +15,7 @@ inline constexpr int kLinkRows = 16;
 namespace tbl_route {
 
 /** Fields of a destination, from 1. */
-enum Field : int { kCard = 1, kDevice };
+enum FieldNumber : int { kCard = 1, kDevice };
 
 extern const Table kPidTable;
 extern const Table kGatewayTable;
@@ -35,4 +36,4 @@ void EncodeTblRoute(const IniText& project, ImageWriter& image);
  * count 0 when they are sent again. */
 void DecodeTblRoute(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

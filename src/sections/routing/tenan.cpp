@@ -5,19 +5,19 @@
 #include "sections/rows.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace tenan {
 namespace {
 
 constexpr int kColumnsOfValue = 16;
-constexpr tarvok::Field Columns(std::string_view name, int low) {
+constexpr Field Columns(std::string_view name, int low) {
   return {.name = name, .kind = FieldKind::kColumns, .low = low, .high = kColumnsOfValue};
 }
-constexpr tarvok::Field kLowFields[] = {Columns("Columns 16 to 1", 1)};
-constexpr tarvok::Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1)};
+constexpr Field kLowFields[] = {Columns("Columns 16 to 1", 1)};
+constexpr Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1)};
 
 /** The rows behind `base`. */
-constexpr Table HalfOf(std::string_view name, int base, std::span<const tarvok::Field> fields) {
+constexpr Table HalfOf(std::string_view name, int base, std::span<const Field> fields) {
   return {.section = "Tenan",
           .row_name = name,
           .rows = {.first = base + 1, .last = base + kTenants, .width = 3, .base = base},
@@ -113,4 +113,4 @@ void DecodeTenan32(const ImageReader& image, IniEdit& project) {
   }
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

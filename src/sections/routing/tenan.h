@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The tenants, and which of them may call which, by day and by night. Older exchanges know the first 16. */
 inline constexpr int kTenants = 32;
@@ -15,7 +16,7 @@ inline constexpr int kTenantsShort = 16;
 namespace tenan {
 
 /** The one field of a row: 16 characters "0" or "1", the highest column first. */
-enum Field : int { kColumns = 1 };
+enum FieldNumber : int { kColumns = 1 };
 
 /** Row r of the matrix is key 100 + r by day and 200 + r by night; its columns above 16 stand in 300 + r and
  * 400 + r. */
@@ -39,4 +40,4 @@ void EncodeTenan32(const IniText& project, ImageWriter& image);
 void DecodeTenan16(const ImageReader& image, IniEdit& project);
 void DecodeTenan32(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

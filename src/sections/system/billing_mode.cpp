@@ -6,11 +6,11 @@
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace billing_mode {
 namespace {
 
-constexpr tarvok::Field Amount(std::string_view name, int high_hundredths) {
+constexpr Field Amount(std::string_view name, int high_hundredths) {
   return {name, FieldKind::kAmount, 0, high_hundredths};
 }
 
@@ -18,7 +18,7 @@ constexpr int kMostPercent = 65535;  // hundredths, as those below
 constexpr int kMostRate = 65500;
 constexpr int kMost = 254;
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Number("Local Code", 0, 999, 2),
     Flag("Save Intercom"),
     Flag("Save Incoming"),
@@ -45,7 +45,7 @@ constexpr tarvok::Field kFields[] = {
     Amount("Area Percent Charge", kMostPercent),
     Flag("Expand All"),
 };
-constexpr tarvok::Field kCountryFields[] = {Number("Country", 1, 255, 3)};
+constexpr Field kCountryFields[] = {Number("Country", 1, 255, 3)};
 
 }  // namespace
 
@@ -171,4 +171,4 @@ void DecodeBilling3(const ImageReader& image, IniEdit& project) {
   DecodeBilling(image, project, kForm3);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,15 +3,16 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 namespace billing_mode {
 
 /** Fields of how calls are charged, from 1. */
-enum Field : int {
+enum FieldNumber : int {
   kLocalCode = 1,
   kSaveIntercom,
   kSaveIncoming,
@@ -70,4 +71,4 @@ void DecodeBilling1(const ImageReader& image, IniEdit& project);
 void DecodeBilling2(const ImageReader& image, IniEdit& project);
 void DecodeBilling3(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -5,11 +5,11 @@
 #include "sections/image_reader.h"
 #include "sections/rows.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace mini_bar {
 namespace {
 
-constexpr tarvok::Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
+constexpr Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
 
 /** Rows without data: as the editor writes them, with a closing pipe, and as an exchange tells them. */
 constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
@@ -51,4 +51,4 @@ void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& 
   StoreRow(project, kTable, number, row.str());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

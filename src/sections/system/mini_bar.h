@@ -4,10 +4,11 @@
 
 #include "sections/field.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The price list of the mini bars. It is no section of the configuration: its records travel one by one. */
 inline constexpr int kMiniBarRows = 512;
@@ -15,7 +16,7 @@ inline constexpr int kMiniBarRecordSize = 32;
 
 namespace mini_bar {
 
-enum Field : int { kName = 1, kPrice };
+enum FieldNumber : int { kName = 1, kPrice };
 
 extern const Table kTable;
 
@@ -34,4 +35,4 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
  * 65,535 or more is "F". A row without a name whose price is "F" or 0 is removed. */
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -8,7 +8,7 @@
 #include "store/field_list.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace pabx_mode {
 namespace {
 
@@ -16,7 +16,7 @@ constexpr Choice kDayNight[] = {{"0", "Day"}, {"1", "Night"}};
 constexpr Choice kTargets[] = {{"0", "Extention Number"}, {"1", "Personal Message"}};
 constexpr Choice kRevisions[] = {{"0", "Revision 1"}, {"1", "Revision 2"}};
 
-constexpr tarvok::Field kFields[] = {
+constexpr Field kFields[] = {
     Flag("Auto Print Call Record").UnsetAs("0"),
     Flag("Check Credit").UnsetAs("0"),
     Flag("Auto / Manual").UnsetAs("0"),
@@ -129,4 +129,4 @@ void DecodePabxMode(const ImageReader& image, IniEdit& project) {
   project.Set(kTable.section, kTable.key, row.str());
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,15 +3,16 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 namespace pabx_mode {
 
 /** Fields of the switches that govern the exchange as a whole, from 1. */
-enum Field : int {
+enum FieldNumber : int {
   kPrintCallRecord = 1,
   kCheckCredit,
   kManual,
@@ -54,4 +55,4 @@ void EncodePabxMode(const IniText& project, ImageWriter& image);
 /** Byte 8 fills two fields: Power Revision as a flag, and Check Duplicate Record with its value. */
 void DecodePabxMode(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -3,7 +3,7 @@
 #include "sections/rows.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace pbx_ip {
 namespace {
 
@@ -44,4 +44,4 @@ void EncodePbxIp(const IniText& project, ImageWriter& image) {
   for (int part = 1; part <= kParts; ++part) address.Plain(1 + part, part, 0);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

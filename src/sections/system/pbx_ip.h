@@ -2,9 +2,10 @@
 
 #include "sections/field.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 namespace pbx_ip {
 
@@ -23,4 +24,4 @@ extern const Table kMac;
  */
 void EncodePbxIp(const IniText& project, ImageWriter& image);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

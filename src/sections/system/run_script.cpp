@@ -5,7 +5,7 @@
 #include "sections/rows.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace run_script {
 namespace {
 
@@ -51,4 +51,4 @@ void DecodeRunScript(const ImageReader& image, IniEdit& project) {
   project.Set(kTable.section, kTable.key, row);
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

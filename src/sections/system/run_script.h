@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 /** The scripts that the exchange runs at seven events. */
 inline constexpr int kScriptEvents = 7;
@@ -24,4 +25,4 @@ void EncodeRunScript(const IniText& project, ImageWriter& image);
 /** Every number has a pipe behind it, as the editor writes them; no number at all leaves the key empty. */
 void DecodeRunScript(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -2,9 +2,11 @@
 
 #include <string_view>
 
-namespace tarvok {
+#include "sections/uses.h"
+
+namespace tarvok::sections {
 
 /** The project section whose keys hold what belongs to the exchange as a whole. */
 inline constexpr std::string_view kSystemConfig = "SystemConfig";
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -4,7 +4,7 @@
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace system_numbers {
 namespace {
 
@@ -67,4 +67,4 @@ void DecodeCardPortVM(const ImageReader& image, IniEdit& project) {
   project.Set(kMusicPort.section, kMusicPort.key, image.Plain(1));
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

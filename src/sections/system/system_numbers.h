@@ -3,10 +3,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 namespace system_numbers {
 
@@ -30,4 +31,4 @@ void DecodeRecordNumber(const ImageReader& image, IniEdit& project);
 void EncodeCardPortVM(const IniText& project, ImageWriter& image);
 void DecodeCardPortVM(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

@@ -8,13 +8,12 @@
 #include "store/number_text.h"
 #include "store/value_code.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 namespace system_times {
 namespace {
 
-constexpr tarvok::Field kWeekdayFields[] = {Time("Day Time").UnsetAs("0000"),
-                                            Time("Night Time").UnsetAs("0000")};
-constexpr tarvok::Field kHolidayFields[] = {Number("Month", 1, 12, 2), Number("Day", 1, 31, 2)};
+constexpr Field kWeekdayFields[] = {Time("Day Time").UnsetAs("0000"), Time("Night Time").UnsetAs("0000")};
+constexpr Field kHolidayFields[] = {Number("Month", 1, 12, 2), Number("Day", 1, 31, 2)};
 
 constexpr Table Weekday(std::string_view key, std::string_view name) {
   return {.section = kSystemConfig, .row_name = name, .key = key, .fields = kWeekdayFields};
@@ -109,4 +108,4 @@ void DecodeWeekend(const ImageReader& image, IniEdit& project) {
   });
 }
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

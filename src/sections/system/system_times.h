@@ -5,10 +5,11 @@
 #include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 
-namespace tarvok {
+namespace tarvok::sections {
 
 inline constexpr int kWeekdays = 7;
 inline constexpr int kHolidayRows = 50;
@@ -50,4 +51,4 @@ void EncodeWeekend(const IniText& project, ImageWriter& image);
  * field are served, and neither direction may be put right alone. A place of 0, 0 or 255, 255 is emptied. */
 void DecodeWeekend(const ImageReader& image, IniEdit& project);
 
-}  // namespace tarvok
+}  // namespace tarvok::sections

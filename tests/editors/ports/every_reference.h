@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 

@@ -1,6 +1,7 @@
 #include "editors/used_by.h"
 #include "sections/ports/port_def.h"
 #include "tests/editors/ports/every_reference.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

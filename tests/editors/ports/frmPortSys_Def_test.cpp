@@ -1,5 +1,6 @@
 #include "store/number_text.h"
 #include "tests/editors/ports/every_reference.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "tests/editors/editor_bench.h"
 #include "tests/editors/ports/every_reference.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

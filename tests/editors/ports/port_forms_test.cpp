@@ -1,6 +1,7 @@
 // The tables of accounts, bosses, call forward and voice mail, and the keys.
 
 #include "tests/editors/ports/every_reference.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -1,6 +1,7 @@
 #include "project/call_path.h"
 
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -1,6 +1,7 @@
 // The editors of routing that are no plain table, and what the cells of the others take from the keyboard.
 
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "editing/table_form.h"
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

@@ -1,6 +1,7 @@
 #include "editors/system/frmSystemConfig.h"
 #include "store/number_text.h"
 #include "tests/editors/editor_bench.h"
+#include "tests/floors.h"
 
 namespace tarvok::test {
 namespace {

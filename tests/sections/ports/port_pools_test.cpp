@@ -3,6 +3,7 @@
 #include "sections/ports/hunt_group.h"
 #include "sections/ports/key_dss.h"
 #include "sections/ports/port_config.h"
+#include "tests/floors.h"
 #include "tests/sections/wire_case.h"
 
 namespace tarvok::test {

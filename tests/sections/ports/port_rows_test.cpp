@@ -7,6 +7,7 @@
 #include "sections/ports/number_tables.h"
 #include "sections/ports/port_def.h"
 #include "sections/ports/vm_call_back.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 #include "tests/sections/wire_case.h"
 

@@ -3,6 +3,7 @@
 #include "sections/routing/did_redirect.h"
 #include "sections/routing/e1_map.h"
 #include "sections/routing/e1_number.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 
 namespace tarvok::test {

@@ -4,6 +4,7 @@
 #include "sections/routing/class_group.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/tenan.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 
 namespace tarvok::test {

@@ -5,6 +5,7 @@
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 #include "sections/routing/tbl_route.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 
 namespace tarvok::test {

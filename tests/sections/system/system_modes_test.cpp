@@ -2,6 +2,7 @@
 
 #include "sections/system/billing_mode.h"
 #include "sections/system/pabx_mode.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 #include "tests/sections/wire_case.h"
 

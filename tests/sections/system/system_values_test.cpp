@@ -5,6 +5,7 @@
 #include "sections/system/run_script.h"
 #include "sections/system/system_numbers.h"
 #include "sections/system/system_times.h"
+#include "tests/floors.h"
 #include "tests/sections/record_case.h"
 #include "tests/sections/wire_case.h"
 

@@ -1,0 +1,10 @@
+#pragma once
+
+// The floors whose names may be used here without saying where they come from. No other floor is known here.
+namespace tarvok::store {}
+namespace tarvok::link {}
+
+namespace tarvok::io {
+using namespace store;
+using namespace link;
+}  // namespace tarvok::io

@@ -1,0 +1,10 @@
+#pragma once
+
+// The floors whose names may be used here without saying where they come from. No other floor is known here.
+namespace tarvok::store {}
+namespace tarvok::sections {}
+
+namespace tarvok::project {
+using namespace store;
+using namespace sections;
+}  // namespace tarvok::project
