@@ -18,24 +18,24 @@ struct Operation {
 
 inline constexpr int kAskedSection = 4;
 inline constexpr Operation kOperations[] = {
-    {[](MessageLayer& messages) { return messages.GetConfig(kAskedSection); }, &MessageState::ConfigFlag},
-    {[](MessageLayer& messages) { return messages.SendIdle(); }, &MessageState::ReplyOkFlag},
+    {[](MessageLayer& messages) { return messages.GetConfig(kAskedSection); }, &MessageState::config_came},
+    {[](MessageLayer& messages) { return messages.SendIdle(); }, &MessageState::reply_ok},
     {[](MessageLayer& messages) { return messages.SendSetMode(ExchangeMode::kBilling); },
-     &MessageState::ReplyOkFlag},
-    {[](MessageLayer& messages) { return messages.SendTime(); }, &MessageState::ReplyOkFlag},
-    {[](MessageLayer& messages) { return messages.GetVersion(); }, &MessageState::VersionFlag},
+     &MessageState::reply_ok},
+    {[](MessageLayer& messages) { return messages.SendTime(); }, &MessageState::reply_ok},
+    {[](MessageLayer& messages) { return messages.GetVersion(); }, &MessageState::version_came},
     {[](MessageLayer& messages) {
        return messages.CheckPassword({0x12, 0x34, 0xFF});
      },
-     &MessageState::ReplyOkFlag},
+     &MessageState::reply_ok},
     {[](MessageLayer& messages) {
        return messages.SendConfig(kAskedSection, std::array<std::uint8_t, 130>{});
      },
-     &MessageState::ReplyOkFlag},
+     &MessageState::reply_ok},
     {[](MessageLayer& messages) { return messages.SendBillingTable(1, 0, std::array<std::uint8_t, 70>{}); },
-     &MessageState::ReplyOkFlag},
+     &MessageState::reply_ok},
     {[](MessageLayer& messages) { return messages.SendMiniBar(300, std::array<std::uint8_t, 32>{}); },
-     &MessageState::ReplyOkFlag},
+     &MessageState::reply_ok},
 };
 
 /**
@@ -61,12 +61,13 @@ inline void RunAnswered(LinkMode mode, std::span<const std::uint8_t> input) {
   });
   MessageState& state = line.messages().state();
   const auto judge = [&] {
-    Demand(line.messages().MissingBytes() >= 0 && line.messages().MissingBytes() <= state.ReceivedSize);
-    Demand(!line.messages().IsWhole() || state.ReceiveOffset >= state.ReceivedSize);
-    Demand(state.ReceivedSize <= 0xFFFF && state.MiniBarName.size() <= 20 && state.MiniBarCount <= 0xFFFF);
+    Demand(line.messages().MissingBytes() >= 0 && line.messages().MissingBytes() <= state.received_size);
+    Demand(!line.messages().IsWhole() || state.receive_offset >= state.received_size);
+    Demand(state.received_size <= 0xFFFF && state.mini_bar_name.size() <= 20 &&
+           state.mini_bar_count <= 0xFFFF);
   };
   for (int time = 0; time < 2; ++time) {
-    state.SectionDoneFlag = false;
+    state.section_done = false;
     line.events().Run(delay_ms);
     const bool done = operation.run(line.messages());
     Demand(!done || state.*operation.awaited);

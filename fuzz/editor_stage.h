@@ -20,7 +20,7 @@ class EditorStage {
 
   explicit EditorStage(const Editor& editor) {
     files_.Put(kProject, Hotel());
-    state_.ProjectFile = kProject;
+    state_.project_file = kProject;
     form_ = OpenEditor(editor, {.store = store_,
                                 .state = state_,
                                 .questions = questions_,

@@ -75,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } else if (TableEditor* table = stage.form().table(); table != nullptr) {
     [[maybe_unused]] const Status taken = ImportCsv(*table, text);
   }
-  [[maybe_unused]] const bool saved = stage.form().closed() || stage.form().Save_File();
+  [[maybe_unused]] const bool saved = stage.form().closed() || stage.form().SaveFile();
   if (stage.Project() == fuzz::EditorStage::Hotel() || !IsNew(stage.Project())) return 0;
   static const std::set<std::string> before = FaultsOf(fuzz::EditorStage::Hotel());
   for (const std::string& fault : FaultsOf(stage.Project())) {

@@ -15,10 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr int kGivenUp_ticks = 8 * 101;  // a frame and six enquiries, each a second and a tick
   fuzz::ToolLine line(LinkMode::kSerial, (data[0] & kTraced) != 0);
   constexpr std::uint8_t kIdle[] = {kFromTool, 0xFF, 0, command::kIdle};
-  if ((data[0] & kSending) != 0) line.link().LinkSendData(kIdle);
+  if ((data[0] & kSending) != 0) line.link().SendData(kIdle);
   // While nothing waits for an answer a tick does nothing.
   const auto tick = [&](int times) {
-    for (int i = 0; i < times && !line.link().TxDone(); ++i) line.link().LinkPoll();
+    for (int i = 0; i < times && !line.link().send_done(); ++i) line.link().Poll();
   };
   constexpr int kTicks[] = {0, 1, 30, 101};
   fuzz::ForEachPiece({data + 2, size - 2}, 1 + data[1] % 64, [&](std::span<const std::uint8_t> piece) {
@@ -27,15 +27,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand(line.messages().MissingBytes() >= 0);
   });
   tick(kGivenUp_ticks);
-  Demand(line.link().TxDone());
+  Demand(line.link().send_done());
   const std::size_t sent = line.sent();
 
-  line.link().LinkInit(1, 0);
-  line.messages().state().ReplyOkFlag = false;
+  line.link().Init(1, 0);
+  line.messages().state().reply_ok = false;
   line.Give(BuildFrame(kExchangeAddress, {}));
-  Demand(line.link().LinkUp());
+  Demand(line.link().is_up());
   constexpr std::uint8_t kOk[] = {kFromExchange, 0, 0, reply::kOk};
   line.Give(BuildFrame(kExchangeAddress, kOk));
-  Demand(line.messages().state().ReplyOkFlag && line.sent() == sent + 2);
+  Demand(line.messages().state().reply_ok && line.sent() == sent + 2);
   return 0;
 }

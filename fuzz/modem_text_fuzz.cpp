@@ -13,16 +13,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fuzz::ForEachPiece({data + 1, size - 1}, 1 + data[0] % 128, [&](std::span<const std::uint8_t> piece) {
     line.Give(piece);
     const ModemReply& reply = line.modem();
-    Demand(line.link().ModemLine().size() <= kMostLine && reply.ModemConnectText.size() <= kMostLine);
-    Demand(reply.ModemResult >= ModemReply::kNone && reply.ModemResult <= ModemReply::kOk);
-    Demand(reply.ModemResult != ModemReply::kConnect ||
-           reply.ModemConnectText.find("CONNECT") == 1);  // behind the line feed
+    Demand(line.link().ModemLine().size() <= kMostLine && reply.connect_text.size() <= kMostLine);
+    Demand(reply.result >= ModemReply::kNone && reply.result <= ModemReply::kOk);
+    Demand(reply.result != ModemReply::kConnect ||
+           reply.connect_text.find("CONNECT") == 1);  // behind the line feed
   });
   if (line.link().ModemLine().empty()) {
     constexpr std::string_view kBusy = "\nBUSY\r";
-    line.link().LinkInit(1, 0);
+    line.link().Init(1, 0);
     line.Give({reinterpret_cast<const std::uint8_t*>(kBusy.data()), kBusy.size()});
-    Demand(line.modem().ModemResult == ModemReply::kBusy);
+    Demand(line.modem().result == ModemReply::kBusy);
   }
   return 0;
 }

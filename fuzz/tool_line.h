@@ -25,7 +25,7 @@ class ToolLine {
         line_({.mode = mode}, waits_, log_, [] { return true; }) {
     log_.set_debug(trace);
     line_.Take(std::make_unique<FedPort>(feeder_));
-    line_.link().LinkInit(1, 0);
+    line_.link().Init(1, 0);
   }
 
   void Give(std::span<const std::uint8_t> bytes) { feeder_.Give(bytes); }
@@ -35,7 +35,7 @@ class ToolLine {
   std::size_t sent() const { return sent_; }
 
   VirtualEvents& events() { return events_; }
-  DLS_LY2& link() { return line_.link(); }
+  LinkLayer& link() { return line_.link(); }
   MessageLayer& messages() { return line_.messages(); }
   const ModemReply& modem() { return line_.modem(); }
 

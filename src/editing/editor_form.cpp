@@ -18,26 +18,26 @@ constexpr std::string_view kChangedByOthers =
 EditorForm::EditorForm(EditorContext context, FormName name)
     : context_(std::move(context)),
       name_(name),
-      ok_(AddButton("cmdOK", "S&ave", [this] { cmdOK(); })),
-      cancel_(AddButton("cmdCancel", "&Cancel", [this] { cmdCancel(); })) {}
+      ok_(AddButton("cmdOK", "S&ave", [this] { Ok(); })),
+      cancel_(AddButton("cmdCancel", "&Cancel", [this] { Cancel(); })) {}
 
 void EditorForm::Open() {
-  const bool loading = std::exchange(context_.state.FormLoading, true);
+  const bool loading = std::exchange(context_.state.form_loading, true);
   const std::shared_ptr<const IniText> project = context_.store.Snapshot(project_file());
   loaded_ = project;  // a form that writes while it loads puts a newer one in its place
   Load(*project);
-  context_.state.FormLoading = loading;
+  context_.state.form_loading = loading;
 }
 
 void EditorForm::MarkChanged() {
-  if (!context_.state.FormLoading) context_.state.DataChanged = true;
+  if (!context_.state.form_loading) context_.state.data_changed = true;
 }
 
 FormLayout EditorForm::OkAndCancel() {
   return layout::Row({layout::Stretch(), layout::Of(ok_), layout::Of(cancel_)});
 }
 
-bool EditorForm::Save_File() {
+bool EditorForm::SaveFile() {
   save_refused_ = !Save();
   return !save_refused_;
 }
@@ -89,13 +89,13 @@ bool EditorForm::FitsTheReader(const IniText& now) {
   return false;
 }
 
-void EditorForm::cmdOK() {
-  if (context_.state.DataChanged && !Save_File()) return;
+void EditorForm::Ok() {
+  if (context_.state.data_changed && !SaveFile()) return;
   Close();
 }
 
-void EditorForm::cmdCancel() {
-  if (context_.state.DataChanged && context_.questions.Ask(kDataWasChanged) && !Save_File()) return;
+void EditorForm::Cancel() {
+  if (context_.state.data_changed && context_.questions.Ask(kDataWasChanged) && !SaveFile()) return;
   Close();
 }
 

@@ -56,7 +56,7 @@ class EditorForm : public FormControls {
    * false if the form shows no such place. */
   virtual bool ShowPlace(std::string_view /*section*/, int /*row*/, int /*field*/) { return false; }
   /** Writes the form. False where the user or a failure keeps it from it: the form stays. */
-  bool Save_File();
+  bool SaveFile();
   /** `cmdOK` or `cmdCancel` have ended the form; `on_closed` was told and may have destroyed it. */
   bool closed() const { return closed_; }
   std::function<void()> on_closed;
@@ -82,12 +82,12 @@ class EditorForm : public FormControls {
   void NoteOwnWrite() { loaded_ = context_.store.Snapshot(project_file()); }
   /** The two buttons at a form's end. */
   FormLayout OkAndCancel();
-  const std::string& project_file() const { return context_.state.ProjectFile; }
+  const std::string& project_file() const { return context_.state.project_file; }
   EditorContext& context() { return context_; }
 
  private:
-  void cmdOK();
-  void cmdCancel();
+  void Ok();
+  void Cancel();
   void Close();
   bool Save();
   bool ProjectIsThere();

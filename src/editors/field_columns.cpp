@@ -174,13 +174,13 @@ int RowsUpToNow(const IniText& project, const Table& table) {
   return last;
 }
 
-FieldTableForm::FieldTableForm(EditorContext context, FormName name, const Table& table,
-                               std::vector<FieldColumn> columns, TableEditor::Options options)
+FieldTableEditor::FieldTableEditor(EditorContext context, FormName name, const Table& table,
+                                   std::vector<FieldColumn> columns, TableEditor::Options options)
     : TableForm(std::move(context), name, WithColumns(std::move(options), columns)),
       table_(table),
       columns_(std::move(columns)) {}
 
-bool FieldTableForm::ShowPlace(std::string_view section, int row, int field) {
+bool FieldTableEditor::ShowPlace(std::string_view section, int row, int field) {
   if (!SameName(section, table_.section)) return false;
   int column = 1;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -189,7 +189,7 @@ bool FieldTableForm::ShowPlace(std::string_view section, int row, int field) {
   return grid().GoTo(row, column);
 }
 
-void FieldTableForm::Load(const IniText& project) {
+void FieldTableEditor::Load(const IniText& project) {
   Prepare(project);
   grid().Clear();
   loaded_rows_ = RowsToShow(project);
@@ -198,7 +198,7 @@ void FieldTableForm::Load(const IniText& project) {
   }
 }
 
-TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
+TableRow FieldTableEditor::ShownRow(int number, std::string_view value) const {
   const FieldList fields(value);
   TableRow row{.origin = number, .hidden = {std::string(value)}};
   for (const FieldColumn& column : columns_) {
@@ -219,16 +219,16 @@ TableRow FieldTableForm::ShownRow(int number, std::string_view value) const {
   return row;
 }
 
-std::string_view FieldTableForm::StoredBefore(int row) const {
+std::string_view FieldTableEditor::StoredBefore(int row) const {
   const auto& hidden = grid().row(row).hidden;
   return hidden.empty() ? std::string_view() : std::string_view(hidden[0]);
 }
 
-std::string FieldTableForm::RowText(int row) const {
+std::string FieldTableEditor::RowText(int row) const {
   return TextOf(grid().row(row));
 }
 
-std::string FieldTableForm::TextOf(const TableRow& row) const {
+std::string FieldTableEditor::TextOf(const TableRow& row) const {
   std::string text;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (columns_[i].field == 0) continue;
@@ -238,7 +238,7 @@ std::string FieldTableForm::TextOf(const TableRow& row) const {
   return text;
 }
 
-std::string FieldTableForm::FieldOf(const TableRow& row, std::size_t column) const {
+std::string FieldTableEditor::FieldOf(const TableRow& row, std::size_t column) const {
   const FieldColumn& stated = columns_[column];
   const std::string& cell = row.cells[column];
   const NamedRows rows = stated.names ? stated.names(row.cells) : NamedRows();
@@ -250,27 +250,27 @@ std::string FieldTableForm::FieldOf(const TableRow& row, std::size_t column) con
   return rows.names->Stored(cell, rows.width, GetField(before, stated.field));
 }
 
-bool FieldTableForm::IsRemoved(std::string_view value) const {
+bool FieldTableEditor::IsRemoved(std::string_view value) const {
   const auto& empty = table_.empty_rows;
   return std::find(empty.begin(), empty.end(), value) != empty.end();
 }
 
-void FieldTableForm::RepairMoved(IniEdit& project) const {
+void FieldTableEditor::RepairMoved(IniEdit& project) const {
   const RowMoves moves = Moves();
   RepairReferences(project, project.base(), table_, moves);
 }
 
-void FieldTableForm::Write(IniEdit& project) {
+void FieldTableEditor::Write(IniEdit& project) {
   RepairMoved(project);
   WriteRows(project);
 }
 
-void FieldTableForm::Saved() {
+void FieldTableEditor::Saved() {
   TableForm::Saved();
   loaded_rows_ = grid().rows();
 }
 
-void FieldTableForm::WriteRows(IniEdit& project) const {
+void FieldTableEditor::WriteRows(IniEdit& project) const {
   const int last = std::max(loaded_rows_, grid().rows());
   for (int number = 1; number <= last; ++number) {
     const std::string value = number <= grid().rows() ? RowText(number) : std::string();
@@ -282,11 +282,11 @@ void FieldTableForm::WriteRows(IniEdit& project) const {
   }
 }
 
-RowMoves FieldTableForm::Moves() const {
+RowMoves FieldTableEditor::Moves() const {
   return Moves([this](int row) { return KeepsReferences(row); });
 }
 
-RowMoves FieldTableForm::Moves(const std::function<bool(int row)>& keeps) const {
+RowMoves FieldTableEditor::Moves(const std::function<bool(int row)>& keeps) const {
   const TableEditor& rows = grid();
   RowMoves moves;
   for (int number = 1; number <= loaded_rows_; ++number) moves[number] = 0;

@@ -96,10 +96,10 @@ int RowsUpToNow(const IniText& project, const Table& table);
  * A table editor whose rows are the rows of one table: it loads them into columns and writes them back. What
  * an editor does besides it adds in its own functions.
  */
-class FieldTableForm : public TableForm {
+class FieldTableEditor : public TableForm {
  public:
-  FieldTableForm(EditorContext context, FormName name, const Table& table, std::vector<FieldColumn> columns,
-                 TableEditor::Options options);
+  FieldTableEditor(EditorContext context, FormName name, const Table& table, std::vector<FieldColumn> columns,
+                   TableEditor::Options options);
 
   bool ShowPlace(std::string_view section, int row, int field) override;
   /** What the rows are rows of; `TableRow::origin` is a row's number. */

@@ -27,7 +27,7 @@ std::vector<Found> UsedBy(const IniText& project, const Table& table, int number
   return uses;
 }
 
-std::vector<Found> UsedBy(const IniText& project, FieldTableForm& form, int grid_row) {
+std::vector<Found> UsedBy(const IniText& project, FieldTableEditor& form, int grid_row) {
   const TableEditor& grid = *form.table();
   if (grid_row < 1 || grid_row > grid.rows() || grid.row(grid_row).origin < 1) return {};
   return UsedBy(project, form.statement(), grid.row(grid_row).origin);

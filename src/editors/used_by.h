@@ -17,6 +17,6 @@ namespace tarvok::editors {
 std::vector<Found> UsedBy(const IniText& project, const Table& table, int number);
 
 /** The same for a row of an open form's grid, from 1; a row that the project does not have yet is not used. */
-std::vector<Found> UsedBy(const IniText& project, FieldTableForm& form, int grid_row);
+std::vector<Found> UsedBy(const IniText& project, FieldTableEditor& form, int grid_row);
 
 }  // namespace tarvok::editors

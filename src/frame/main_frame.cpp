@@ -43,23 +43,23 @@ void MainFrame::Start(bool another_instance) {
 
 void MainFrame::New() {
   const Running running(running_);
-  if (!running.first() || !parts_.state.ProjectFile.empty()) return;
+  if (!running.first() || !parts_.state.project_file.empty()) return;
   const std::string path = WithProjectExtension(parts_.view.ChooseNewFile());
   if (path.empty()) return;
   if (parts_.store.files().Identify(path).exists && !parts_.view.Ask(kFileExists)) return;
-  parts_.state.ProjectFile = path;
+  parts_.state.project_file = path;
   const Status made = NewDefault(parts_.store, parts_.system_file, path);
   if (!made.ok()) {
-    parts_.state.ProjectFile.clear();
+    parts_.state.project_file.clear();
     parts_.view.CriticalBox(made.message());
     return;
   }
-  if (!OpenProject(path)) parts_.state.ProjectFile.clear();
+  if (!OpenProject(path)) parts_.state.project_file.clear();
 }
 
 void MainFrame::Open() {
   const Running running(running_);
-  if (!running.first() || !parts_.state.ProjectFile.empty()) return;
+  if (!running.first() || !parts_.state.project_file.empty()) return;
   const std::string path = parts_.view.ChooseExistingFile();
   if (!path.empty()) OpenProject(path);
 }
@@ -68,7 +68,7 @@ void MainFrame::OpenRecent(int k) {
   const std::vector<std::string> paths = parts_.recent.ShowRecentFiles();
   if (running_ || k < 1 || k > static_cast<int>(paths.size())) return;
   const std::string& path = paths[static_cast<std::size_t>(k) - 1];
-  if (path == parts_.state.ProjectFile) {
+  if (path == parts_.state.project_file) {
     parts_.recent.AddRecentFile(path);
     parts_.view.ShowRecentFiles(parts_.recent.ShowRecentFiles());
   } else if (Close()) {
@@ -81,7 +81,7 @@ bool MainFrame::OpenProject(const std::string& path) {
     parts_.view.CriticalBox(kNotAProject);
     return false;
   }
-  parts_.state.ProjectFile = path;
+  parts_.state.project_file = path;
   ShowLook();
   parts_.recent.AddRecentFile(path);
   parts_.view.ShowRecentFiles(parts_.recent.ShowRecentFiles());
@@ -91,8 +91,8 @@ bool MainFrame::OpenProject(const std::string& path) {
 bool MainFrame::Close() {
   const Running running(running_);
   if (!running.first() || !CloseOpenForm()) return false;
-  parts_.state.ProjectFile.clear();
-  parts_.state.PreviousNode = 0;
+  parts_.state.project_file.clear();
+  parts_.state.previous_node = 0;
   ShowLook();
   return true;
 }
@@ -110,7 +110,7 @@ void MainFrame::ExitProgram() {
 
 /** A form that does not close by name (it closes by itself) must not lose its program either. */
 bool MainFrame::CloseOpenForm() {
-  return CloseActiveForm(std::string(parts_.state.ActiveFormName)) && form_ == nullptr;
+  return CloseActiveForm(std::string(parts_.state.active_form_name)) && form_ == nullptr;
 }
 
 bool MainFrame::CloseActiveForm(std::string_view name) {
@@ -125,9 +125,9 @@ bool MainFrame::LeaveForm(std::string_view name) {
   for (const Command& command : kCommands) {
     if (!command.closed_by_name || !SameName(command.recorded, wanted)) continue;
     if (form_ == nullptr || !SameName(form_->name(), wanted)) return true;
-    if (command.saved_on_close && parts_.state.DataChanged) {
-      if (!form_->Save_File()) return false;
-      if (parts_.state.PreviousNode != 0) parts_.view.Highlight(parts_.state.PreviousNode, false);
+    if (command.saved_on_close && parts_.state.data_changed) {
+      if (!form_->SaveFile()) return false;
+      if (parts_.state.previous_node != 0) parts_.view.Highlight(parts_.state.previous_node, false);
     }
     // A modal form goes by itself once its Show returns; until then it is still in its own waits.
     if (!form_->Unload() || command.mode == ShowMode::kModal) return false;
@@ -146,10 +146,10 @@ void MainFrame::RunCommand(int node) {
   const Running running(running_);
   const Command* command = CommandOfNode(node);
   SharedState& state = parts_.state;
-  if (!running.first() || state.ProjectFile.empty() || command == nullptr || !IsOffered(*command)) return;
+  if (!running.first() || state.project_file.empty() || command == nullptr || !IsOffered(*command)) return;
   parts_.view.SetBusyPointer(true);
-  state.ClickedNode = node;
-  if (state.PreviousNode != 0) parts_.view.Highlight(state.PreviousNode, false);
+  state.clicked_node = node;
+  if (state.previous_node != 0) parts_.view.Highlight(state.previous_node, false);
   const std::string missing = command->needs_system_file
                                   ? ReadSystemFile(parts_.store, parts_.system_file).status().message()
                                   : std::string();
@@ -159,13 +159,13 @@ void MainFrame::RunCommand(int node) {
     if (command->keeps_highlight && form_ != nullptr) parts_.view.Highlight(node, true);
   } else {
     // The click is given up: what was marked is still open.
-    const Command* open = CommandOfNode(state.PreviousNode);
+    const Command* open = CommandOfNode(state.previous_node);
     if (form_ != nullptr && open != nullptr && open->keeps_highlight)
-      parts_.view.Highlight(state.PreviousNode, true);
+      parts_.view.Highlight(state.previous_node, true);
     parts_.view.SetBusyPointer(false);
     return;
   }
-  state.PreviousNode = state.ClickedNode;
+  state.previous_node = state.clicked_node;
   parts_.view.SetBusyPointer(false);
 }
 
@@ -181,10 +181,10 @@ bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
 }
 
 bool MainFrame::OpenForm(const Command& command) {
-  const std::string active = parts_.state.ActiveFormName;
+  const std::string active = parts_.state.active_form_name;
   if (active == command.CompareName()) return true;
   const std::string problem =
-      command.needs_project ? WhyNoProject(parts_.store, parts_.state.ProjectFile) : std::string();
+      command.needs_project ? WhyNoProject(parts_.store, parts_.state.project_file) : std::string();
   if (!problem.empty()) {
     parts_.view.CriticalBox(problem);
     return false;
@@ -198,17 +198,17 @@ bool MainFrame::OpenForm(const Command& command) {
 
 void MainFrame::ShowForm(const Command& command) {
   SharedState& state = parts_.state;
-  state.FormLoading = true;
+  state.form_loading = true;
   form_ = parts_.forms.at(command.key)({.state = state,
                                         .closed = [this] { FormClosed(); },
                                         .close_project = [this] { Close(); },
                                         .exit_program = [this] { ExitProgram(); }});
-  state.FormLoading = false;
+  state.form_loading = false;
   if (form_ == nullptr) {
     ShowLook();
     return;
   }
-  state.ActiveFormName = form_->name();
+  state.active_form_name = form_->name();
   parts_.view.SetBusyPointer(false);  // it is shown while a form loads, not while a modal one works
   if (command.mode == ShowMode::kModal) {
     modal_ = true;
@@ -223,22 +223,22 @@ void MainFrame::ShowForm(const Command& command) {
 }
 
 void MainFrame::FormClosed() {
-  if (parts_.state.PreviousNode != 0) parts_.view.Highlight(parts_.state.PreviousNode, false);
+  if (parts_.state.previous_node != 0) parts_.view.Highlight(parts_.state.previous_node, false);
   DropForm();
   ShowLook();
 }
 
 void MainFrame::DropForm() {
   const std::unique_ptr<Form> closed = std::move(form_);
-  parts_.state.ActiveFormName.clear();
-  parts_.state.DataChanged = false;
+  parts_.state.active_form_name.clear();
+  parts_.state.data_changed = false;
 }
 
 void MainFrame::ShowLook(bool has_editor) {
   const SharedState& state = parts_.state;
-  const bool open = !state.ProjectFile.empty();
+  const bool open = !state.project_file.empty();
   const std::string title(kFrameTitle);
-  parts_.view.Show({.title = open ? state.ProjectFile + " :: " + title : title,
+  parts_.view.Show({.title = open ? state.project_file + " :: " + title : title,
                     .has_commands = open,
                     .can_open = !open,
                     .can_close = open,

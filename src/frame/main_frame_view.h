@@ -22,7 +22,7 @@ class Form {
   /** A child shows itself and returns; a modal form returns once it is closed. */
   virtual void Show() = 0;
   /** Writes its changes. False where the user or a failure keeps it from it: the form then stays. */
-  virtual bool Save_File() = 0;
+  virtual bool SaveFile() = 0;
   /** Closes without a question. False if it can't go just now, for a session works in it; it stays then. */
   virtual bool Unload() = 0;
   /** Shows a place of its section: row and field get the focus. A form that has no such place does nothing. */

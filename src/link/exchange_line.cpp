@@ -27,8 +27,8 @@ ExchangeLine::ExchangeLine(const Settings& settings, Waits& waits, SendLog& log,
 
 std::unique_ptr<MessageLayer> ExchangeLine::MakeMessages(const ExchangeAddress& address) {
   const MessageLayer::Parts parts{waits_, log_, statistics_, address};
-  if (line_.mode() == LinkMode::kServer) return std::make_unique<L3Server>(parts, line_);
-  return std::make_unique<L3Serial>(parts, link_);
+  if (line_.mode() == LinkMode::kServer) return std::make_unique<ServerMessages>(parts, line_);
+  return std::make_unique<SerialMessages>(parts, link_);
 }
 
 void ExchangeLine::Take(std::unique_ptr<Port> port) {
@@ -43,7 +43,7 @@ void ExchangeLine::Take(std::unique_ptr<Port> port) {
 
 void ExchangeLine::Receive(std::span<const std::uint8_t> bytes) {
   if (UsesFrames(line_.mode())) {
-    for (const std::uint8_t byte : bytes) link_.LinkReceiveByte(byte);
+    for (const std::uint8_t byte : bytes) link_.ReceiveByte(byte);
     return;
   }
   const auto take = [this](std::span<const std::uint8_t> message) { messages_->ReceiveMessage(message); };
@@ -58,7 +58,7 @@ void ExchangeLine::Receive(std::span<const std::uint8_t> bytes) {
 
 void ExchangeLine::StartPump() {
   if (pump_ != 0 || !UsesFrames(line_.mode())) return;
-  pump_ = waits_.events().StartTimer(kPumpInterval_ms, [this] { link_.LinkPoll(); });
+  pump_ = waits_.events().StartTimer(kPumpInterval_ms, [this] { link_.Poll(); });
 }
 
 void ExchangeLine::StopPump() {

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "link/dls_ly2.h"
-#include "link/l3_serial.h"
-#include "link/l3_server.h"
+#include "link/link_layer.h"
+#include "link/serial_messages.h"
+#include "link/server_messages.h"
 #include "link/stream_reader.h"
 #include "link/uses.h"
 
@@ -44,12 +44,12 @@ class ExchangeLine {
   void Close();
 
   PhysicalLine& line() { return line_; }
-  DLS_LY2& link() { return link_; }
+  LinkLayer& link() { return link_; }
   MessageLayer& messages() { return *messages_; }
   ModemReply& modem() { return modem_; }
   const TransferStatistics& statistics() const { return statistics_; }
   /** The time of the sends counts from here. */
-  void RestartSendTime() { statistics_.SendMilliseconds = 0; }
+  void RestartSendTime() { statistics_.send_ms = 0; }
   LinkMode mode() const { return line_.mode(); }
 
  private:
@@ -61,7 +61,7 @@ class ExchangeLine {
   TransferStatistics statistics_;
   ModemReply modem_;
   PhysicalLine line_;
-  DLS_LY2 link_;
+  LinkLayer link_;
   std::unique_ptr<MessageLayer> messages_;
   LanReader lan_reader_;
   ServerReader server_reader_;

@@ -29,13 +29,13 @@ std::uint8_t AsHexDigits(int value) {
 
 bool MessageLayer::SendIdle() {
   parts_.log.Line("Send Idle");
-  return SendMessage({}, command::kIdle, &MessageState::ReplyOkFlag, false);
+  return SendMessage({}, command::kIdle, &MessageState::reply_ok, false);
 }
 
 bool MessageLayer::SendSetMode(ExchangeMode mode) {
   const auto value = static_cast<std::uint8_t>(mode);
   parts_.log.Line("Send set mode - " + std::to_string(value));
-  return SendMessage({&value, 1}, command::kSetMode, &MessageState::ReplyOkFlag, false);
+  return SendMessage({&value, 1}, command::kSetMode, &MessageState::reply_ok, false);
 }
 
 bool MessageLayer::SendTime() {
@@ -47,17 +47,17 @@ bool MessageLayer::SendTime() {
       AsHexDigits(now.hour), AsHexDigits(now.minute), static_cast<std::uint8_t>(now.weekday),
       AsHexDigits(now.day),  AsHexDigits(now.month),  AsHexDigits(year % 100)};
   parts_.log.Line("Send Set Time");
-  return SendMessage(time, command::kTime, &MessageState::ReplyOkFlag, false);
+  return SendMessage(time, command::kTime, &MessageState::reply_ok, false);
 }
 
 bool MessageLayer::GetVersion() {
   parts_.log.Line("Get version");
-  return SendMessage({}, command::kGetVersion, &MessageState::VersionFlag, false);
+  return SendMessage({}, command::kGetVersion, &MessageState::version_came, false);
 }
 
 bool MessageLayer::CheckPassword(const std::array<std::uint8_t, 3>& password) {
   parts_.log.Line("Chk pass");
-  return SendMessage(password, command::kCheckPassword, &MessageState::ReplyOkFlag, false);
+  return SendMessage(password, command::kCheckPassword, &MessageState::reply_ok, false);
 }
 
 bool MessageLayer::SendSection(std::uint8_t code, int section, std::span<const std::uint8_t> data) {
@@ -65,9 +65,9 @@ bool MessageLayer::SendSection(std::uint8_t code, int section, std::span<const s
   std::vector<std::uint8_t> payload = {Low(section), High(section), Low(size), High(size)};
   payload.insert(payload.end(), data.begin(), data.end());
   const std::int64_t start_ms = parts_.waits.events().Tick_ms();
-  const bool sent = SendMessage(payload, code, &MessageState::ReplyOkFlag, true);
+  const bool sent = SendMessage(payload, code, &MessageState::reply_ok, true);
   if (variant_.sums_send_time) {
-    parts_.statistics.SendMilliseconds += parts_.waits.events().Tick_ms() - start_ms;
+    parts_.statistics.send_ms += parts_.waits.events().Tick_ms() - start_ms;
   }
   Wipe(payload);
   return sent;
@@ -89,7 +89,7 @@ bool MessageLayer::SendBillingTable(int table, int sector, std::span<const std::
   std::vector<std::uint8_t> payload = {static_cast<std::uint8_t>(table), static_cast<std::uint8_t>(sector),
                                        Low(size), High(size)};
   payload.insert(payload.end(), data.begin(), data.end());
-  return SendMessage(payload, command::kBillingTable, &MessageState::ReplyOkFlag, true);
+  return SendMessage(payload, command::kBillingTable, &MessageState::reply_ok, true);
 }
 
 bool MessageLayer::GetConfig(int section) {
@@ -97,7 +97,7 @@ bool MessageLayer::GetConfig(int section) {
   asked_section_ = section;
   asked_mini_bar_ = -1;
   const std::array<std::uint8_t, 2> payload = {Low(section), High(section)};
-  return SendMessage(payload, command::kGetConfig, &MessageState::ConfigFlag, false);
+  return SendMessage(payload, command::kGetConfig, &MessageState::config_came, false);
 }
 
 bool MessageLayer::GetMiniBar(int number) {
@@ -107,7 +107,8 @@ bool MessageLayer::GetMiniBar(int number) {
   asked_mini_bar_ = number;
   earlier_mini_bars_ = 0;
   const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
-  const Flag awaited = variant_.has_mini_bar_reply ? &MessageState::MiniBarFlag : &MessageState::ConfigFlag;
+  const Flag awaited =
+      variant_.has_mini_bar_reply ? &MessageState::mini_bar_came : &MessageState::config_came;
   if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;
   if (earlier_mini_bars_ == 0) return false;
   // Every answer carried an earlier number: the exchange does not number its records.
@@ -120,38 +121,38 @@ bool MessageLayer::GetMiniBar(int number) {
 bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited,
                                bool sequenced, int tries) {
   const auto limit = static_cast<std::size_t>(sequenced ? kSequencedPayload : kPlainPayload);
-  state_.SendSequence = 0;
+  state_.send_sequence = 0;
   bool first = true;
   std::vector<std::uint8_t> message;
   message.reserve(kMaxMessage);
   const auto build = [&](std::span<const std::uint8_t> part) {
     message = {kFromTool, parts_.address.byte(), 0, first ? code : command::kNextPack};
-    if (sequenced) message.push_back(state_.SendSequence);
+    if (sequenced) message.push_back(state_.send_sequence);
     message.insert(message.end(), part.begin(), part.end());
   };
 
   while (payload.size() > limit) {
     build(payload.first(limit));
     if (!SendFullPack(message, first)) return false;
-    ++state_.SendSequence;
-    ++parts_.statistics.PacketsSent;
-    parts_.statistics.BytesSent += static_cast<std::int64_t>(limit);
+    ++state_.send_sequence;
+    ++parts_.statistics.packets_sent;
+    parts_.statistics.bytes_sent += static_cast<std::int64_t>(limit);
     payload = payload.subspan(limit);
     first = false;
   }
   build(payload);
-  ++parts_.statistics.PacketsSent;
-  parts_.statistics.BytesSent += static_cast<std::int64_t>(payload.size());
+  ++parts_.statistics.packets_sent;
+  parts_.statistics.bytes_sent += static_cast<std::int64_t>(payload.size());
   const bool sent = SendLastPack(message, awaited, tries);
   Wipe(message);  // it may have been a password
   return sent;
 }
 
 bool MessageLayer::SendFullPack(std::span<const std::uint8_t> message, bool first) {
-  state_.ReplyOkFlag = false;
+  state_.reply_ok = false;
   for (int attempt = 1; attempt <= kTries; ++attempt) {
     Carry(message);
-    if (parts_.waits.Until([&] { return state_.ReplyOkFlag; }, kFullPackWait_ms)) return true;
+    if (parts_.waits.Until([&] { return state_.reply_ok; }, kFullPackWait_ms)) return true;
     const Recovery recovery = RecoverByEnquiry(first);
     if (recovery == Recovery::kArrived) return true;
     if (recovery == Recovery::kFailed) return false;
@@ -162,16 +163,17 @@ bool MessageLayer::SendFullPack(std::span<const std::uint8_t> message, bool firs
 MessageLayer::Recovery MessageLayer::RecoverByEnquiry(bool first) {
   for (int n = 1; n <= kTries && !parts_.waits.aborted(); ++n) {
     parts_.log.Line("Send Enquiry Seq : " + std::to_string(n));
-    state_.SeqReplyFlag = false;
+    state_.sequence_came = false;
     SendEnquiry();
-    if (parts_.waits.Until([&] { return state_.SeqReplyFlag; }, kEnquiryWait_ms)) return JudgeSequence(first);
+    if (parts_.waits.Until([&] { return state_.sequence_came; }, kEnquiryWait_ms))
+      return JudgeSequence(first);
   }
   return Recovery::kFailed;
 }
 
 MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
-  const int received = state_.LastReceivedSeq;
-  const int sent = state_.SendSequence;
+  const int received = state_.last_received_sequence;
+  const int sent = state_.send_sequence;
   const std::string words = "Rev = " + std::to_string(received) + ", Send = " + std::to_string(sent);
   // The step to the next number counts modulo 256, or a reply lost at the wrap would end the transfer.
   if ((received + 255) % 256 == sent) {
@@ -193,14 +195,14 @@ MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
 bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awaited, int tries) {
   bool refused = false;
   for (int attempt = 1; attempt <= tries && !parts_.waits.aborted(); ++attempt) {
-    state_.ErrorReplyFlag = false;
+    state_.error_came = false;
     state_.*awaited = false;
-    if (attempt > 1 && !refused) ++parts_.statistics.LateAnswers;
+    if (attempt > 1 && !refused) ++parts_.statistics.late_answers;
     Carry(message);
     const bool came = parts_.waits.Until([&] { return state_.*awaited; }, kLastPackWait_ms);
-    refused = state_.ErrorReplyFlag;
+    refused = state_.error_came;
     if (refused) {
-      if (state_.StopOnErrorReply) return false;
+      if (state_.stop_on_error) return false;
       parts_.log.Line("get res err send this pack again");
     } else if (came) {
       return true;
@@ -211,7 +213,7 @@ bool MessageLayer::SendLastPack(std::span<const std::uint8_t> message, Flag awai
 
 void MessageLayer::SendEnquiry() {
   parts_.log.Line("Send Enquriy");
-  ++parts_.statistics.EnquiryCount;
+  ++parts_.statistics.enquiry_count;
   Carry(std::array<std::uint8_t, 4>{kFromTool, parts_.address.byte(), 0, command::kEnquiry});
 }
 

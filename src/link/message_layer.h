@@ -38,22 +38,22 @@ struct MessageVariant {
 
 /** What ReceiveMessage sets and the waiting operations and sessions read. */
 struct MessageState {
-  bool ReplyOkFlag = false;
-  bool VersionFlag = false;
-  bool ConfigFlag = false;
-  bool MiniBarFlag = false;
-  bool SeqReplyFlag = false;
-  bool ErrorReplyFlag = false;
-  bool SectionDoneFlag = false;   // a section or mini bar record came to its end; cleared by the session
-  bool StopOnErrorReply = false;  // an error reply allows no second try: while the password form is open
-  std::uint8_t SendSequence = 0;
-  int LastReceivedSeq = 0;
-  std::int64_t ReceiveOffset = 0;
-  int ReceivedSection = 0;
-  int ReceivedSize = 0;  // as declared by the exchange
-  int PbxVersion = 0;    // hundredths
-  std::string MiniBarName;
-  int MiniBarCount = 0;
+  bool reply_ok = false;
+  bool version_came = false;
+  bool config_came = false;
+  bool mini_bar_came = false;
+  bool sequence_came = false;
+  bool error_came = false;
+  bool section_done = false;   // a section or mini bar record came to its end; cleared by the session
+  bool stop_on_error = false;  // an error reply allows no second try: while the password form is open
+  std::uint8_t send_sequence = 0;
+  int last_received_sequence = 0;
+  std::int64_t receive_offset = 0;
+  int received_section = 0;
+  int received_size = 0;  // as declared by the exchange
+  int pbx_version = 0;    // hundredths
+  std::string mini_bar_name;
+  int mini_bar_count = 0;
 };
 
 /**
@@ -96,7 +96,7 @@ class MessageLayer {
    * too, but leaves the section as it is. */
   bool IsWhole() const {
     const bool section_came = receive_kind_ == ReceiveKind::kSection && MissingBytes() == 0;
-    return state_.SectionDoneFlag && (asked_mini_bar_ >= 0 || section_came);
+    return state_.section_done && (asked_mini_bar_ >= 0 || section_came);
   }
 
   MessageState& state() { return state_; }

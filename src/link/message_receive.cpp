@@ -46,7 +46,7 @@ void MessageLayer::ReceiveMessage(std::span<const std::uint8_t> message) {
       break;
     case reply::kOk:
       parts_.log.DebugLine("Res OK");
-      state_.ReplyOkFlag = true;
+      state_.reply_ok = true;
       break;
     case reply::kError:
       ReceiveError();
@@ -78,7 +78,7 @@ void MessageLayer::RespondOk() {
 }
 
 void MessageLayer::RespondSeq() {
-  const auto number = static_cast<std::uint8_t>(state_.LastReceivedSeq);
+  const auto number = static_cast<std::uint8_t>(state_.last_received_sequence);
   parts_.log.DebugLine("Recieve ENQ, Send Res Seq = " + std::to_string(number));
   parts_.log.DebugLine("Send Respond Seq = " + std::to_string(number));
   const std::uint8_t second = parts_.address.direct ? 0xFF : 0;
@@ -86,21 +86,21 @@ void MessageLayer::RespondSeq() {
 }
 
 void MessageLayer::ReceiveSequence(std::span<const std::uint8_t> message) {
-  state_.LastReceivedSeq = message[4];
-  state_.SeqReplyFlag = true;
+  state_.last_received_sequence = message[4];
+  state_.sequence_came = true;
   parts_.log.Line("Recieve Seq : " + std::to_string(message[4]));
 }
 
 void MessageLayer::ReceiveError() {
   parts_.log.Line("Ack Error Command");
-  state_.ErrorReplyFlag = true;
-  ++parts_.statistics.ResponseErrors;
+  state_.error_came = true;
+  ++parts_.statistics.response_errors;
 }
 
 void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
-  state_.PbxVersion = Word(message, 4);
-  parts_.log.Text("Reveive Version : " + PlainHundredths(state_.PbxVersion));
-  state_.VersionFlag = true;
+  state_.pbx_version = Word(message, 4);
+  parts_.log.Text("Reveive Version : " + PlainHundredths(state_.pbx_version));
+  state_.version_came = true;
 }
 
 /** Whether a record carries the number of one asked for before. An exchange need not number them from 0: the first record
@@ -124,23 +124,23 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
     RespondOk();
     return;
   }
-  state_.MiniBarFlag = true;
-  state_.SectionDoneFlag = true;
-  state_.ReceivedSection = number;
+  state_.mini_bar_came = true;
+  state_.section_done = true;
+  state_.received_section = number;
   // What began in between was asked for by nobody. In the middle of a section it is the record that nobody asked for.
   if (asked_mini_bar_ >= 0) receive_kind_ = ReceiveKind::kNone;
-  state_.MiniBarName.clear();
+  state_.mini_bar_name.clear();
   for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
-    if (byte != 0) state_.MiniBarName += static_cast<char>(byte);
+    if (byte != 0) state_.mini_bar_name += static_cast<char>(byte);
   }
-  state_.MiniBarCount = Word(message, kNameAt + kNameBytes);
-  parts_.statistics.BytesTaken += kTaken;
+  state_.mini_bar_count = Word(message, kNameAt + kNameBytes);
+  parts_.statistics.bytes_taken += kTaken;
   RespondOk();
 }
 
 void MessageLayer::ReceiveMiniBarData(std::span<const std::uint8_t> message) {
   receive_kind_ = ReceiveKind::kMiniBar;
-  state_.ReceiveOffset = 0;
+  state_.receive_offset = 0;
   mini_bar_image_.Store(0, message.subspan(6));
   RespondOk();
 }
@@ -155,19 +155,19 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
     return;
   }
   receive_kind_ = ReceiveKind::kSection;
-  state_.ConfigFlag = true;
+  state_.config_came = true;
   // The last pack of the section before may have come twice, the second time behind the request for this one.
-  state_.SectionDoneFlag = false;
-  if (variant_.keeps_first_sequence) state_.LastReceivedSeq = message[4];
+  state_.section_done = false;
+  if (variant_.keeps_first_sequence) state_.last_received_sequence = message[4];
   first_pack_ = variant_.keeps_first_sequence ? message[4] : std::uint8_t{0};
   pack_before_ = -1;
-  state_.ReceivedSection = section;
-  state_.ReceivedSize = Word(message, 7);
+  state_.received_section = section;
+  state_.received_size = Word(message, 7);
   parts_.log.Line("GET CONFIG , " + std::to_string(section) +
-                  " , size = " + std::to_string(state_.ReceivedSize));
-  state_.ReceiveOffset = 0;
+                  " , size = " + std::to_string(state_.received_size));
+  state_.receive_offset = 0;
   section_image_.Clear();
-  parts_.statistics.BytesReceived += state_.ReceivedSize;
+  parts_.statistics.bytes_received += state_.received_size;
   TakeSectionBytes(message.subspan(kDataAt));
 }
 
@@ -184,28 +184,28 @@ void MessageLayer::CountOutOfStep(std::uint8_t sequence) {
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
-  state_.LastReceivedSeq = message[4];
+  state_.last_received_sequence = message[4];
   if (receive_kind_ != ReceiveKind::kSection) return;
   CountOutOfStep(message[4]);
   const auto bytes = message.subspan(kSequencedHeader);
-  parts_.statistics.BytesReceived += static_cast<std::int64_t>(bytes.size());
+  parts_.statistics.bytes_received += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);
 }
 
 void MessageLayer::TakeSectionBytes(std::span<const std::uint8_t> bytes) {
-  section_image_.Store(state_.ReceiveOffset, bytes);
-  parts_.statistics.BytesTaken += static_cast<std::int64_t>(bytes.size());
-  state_.ReceiveOffset += static_cast<std::int64_t>(bytes.size());
-  if (state_.ReceiveOffset >= state_.ReceivedSize) {
+  section_image_.Store(state_.receive_offset, bytes);
+  parts_.statistics.bytes_taken += static_cast<std::int64_t>(bytes.size());
+  state_.receive_offset += static_cast<std::int64_t>(bytes.size());
+  if (state_.receive_offset >= state_.received_size) {
     parts_.log.Line("END GET CONFIG");
-    state_.SectionDoneFlag = true;
+    state_.section_done = true;
   }
   RespondOk();
 }
 
 std::int64_t MessageLayer::MissingBytes() const {
   if (receive_kind_ != ReceiveKind::kSection) return 0;
-  return std::max<std::int64_t>(0, state_.ReceivedSize - state_.ReceiveOffset);
+  return std::max<std::int64_t>(0, state_.received_size - state_.receive_offset);
 }
 
 }  // namespace tarvok::link

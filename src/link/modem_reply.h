@@ -15,8 +15,8 @@ struct ModemReply {
   static constexpr int kNoDialTone = 4;
   static constexpr int kOk = 5;
 
-  int ModemResult = kNone;
-  std::string ModemConnectText;  // the whole line of a CONNECT
+  int result = kNone;
+  std::string connect_text;  // the whole line of a CONNECT
 };
 
 }  // namespace tarvok::link

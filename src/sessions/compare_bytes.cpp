@@ -37,7 +37,7 @@ bool SendOneCompared(Transfer& transfer, const Section& section, const IniText& 
   for (int differences = 0; differences < kMostDifferences; ++differences) {
     if (!transfer.messages().SendIdle()) return transfer.Fail(kCheckConnection);
     if (!SendSection(transfer, section, project, image) || !ReadBack(transfer, section)) return false;
-    if (IsSame(image, transfer.messages(), transfer.messages().state().ReceivedSize)) return true;
+    if (IsSame(image, transfer.messages(), transfer.messages().state().received_size)) return true;
   }
   constexpr std::string_view kDifferent = "End transfer because compare bytes isn't compatible";
   transfer.LogLine(kDifferent);

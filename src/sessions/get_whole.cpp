@@ -10,8 +10,8 @@ constexpr int kMostErrors = 4;
 
 bool Ask(Transfer& transfer, const WholeRequest& request) {
   MessageState& state = transfer.messages().state();
-  state.ErrorReplyFlag = false;
-  state.SectionDoneFlag = false;
+  state.error_came = false;
+  state.section_done = false;
   if (!transfer.waits().WaitSeconds(request.pause_s)) return false;
   if (!request.ask()) {
     transfer.LogLine(request.refused);
@@ -38,7 +38,7 @@ bool GiveUp(Transfer& transfer, const WholeRequest& request) {
 bool GetWhole(Transfer& transfer, const WholeRequest& request) {
   MessageState& state = transfer.messages().state();
   for (int errors = 0; Ask(transfer, request);) {
-    const auto answered = [&] { return transfer.messages().IsWhole() || state.ErrorReplyFlag; };
+    const auto answered = [&] { return transfer.messages().IsWhole() || state.error_came; };
     const auto over = [&] { return answered() || IsClosed(transfer); };
     if (!transfer.waits().Until(over, EventServer::kForever)) return false;
     if (!answered()) return GiveUp(transfer, request);

@@ -24,9 +24,9 @@ bool GetSection(Transfer& transfer, const Section& section) {
 
 bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout) {
   const MessageState& state = transfer.messages().state();
-  if (state.ReceivedSize != layout.size) {
+  if (state.received_size != layout.size) {
     transfer.log().Line("section " + std::to_string(section.number) + ": " +
-                        std::to_string(state.ReceivedSize) + " bytes came, its size is " +
+                        std::to_string(state.received_size) + " bytes came, its size is " +
                         std::to_string(layout.size));
   }
   const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();

@@ -41,13 +41,13 @@ bool AskPassword(Transfer& transfer, bool mode_is_set) {
 }
 
 bool LearnVersion(Transfer& transfer, const LogInWords& words) {
-  transfer.messages().state().VersionFlag = false;
-  transfer.messages().state().ErrorReplyFlag = false;
+  transfer.messages().state().version_came = false;
+  transfer.messages().state().error_came = false;
   if (!transfer.messages().GetVersion()) {
     transfer.LogLine(words.version_failed_line);
     return transfer.Fail(words.version_failed_box);
   }
-  const int version = transfer.messages().state().PbxVersion;
+  const int version = transfer.messages().state().pbx_version;
   transfer.set_version(version);
   const std::string shown = words.grouped_version ? FormatGrouped(version) : FormatHundredths(version);
   transfer.LogLine(std::string(words.version_line) + shown);

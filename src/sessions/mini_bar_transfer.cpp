@@ -76,7 +76,7 @@ bool GetRecords(Transfer& transfer, std::vector<Loaded>& records) {
                                   .getting = "Getting MiniBar " + std::to_string(number)};
     if (!GetWhole(transfer, request)) return false;
     const MessageState& state = transfer.messages().state();
-    records.push_back({state.MiniBarName, state.MiniBarCount});
+    records.push_back({state.mini_bar_name, state.mini_bar_count});
     transfer.Progress(number, kMiniBarRows);
   }
   return true;

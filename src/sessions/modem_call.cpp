@@ -49,7 +49,7 @@ bool SetUpModem(Transfer& transfer) {
   Write(line, "\rAT S7=45 S0=0 V1 X4");
   Write(line, "\rATH1");
   if (!transfer.waits().WaitSeconds(1)) return false;
-  if (line.modem().ModemResult == ModemReply::kOk) return true;
+  if (line.modem().result == ModemReply::kOk) return true;
   transfer.LogLine(kNoModem);
   return false;
 }
@@ -61,7 +61,7 @@ bool FailWith(Transfer& transfer, std::string_view line, std::string_view box) {
 
 /** The modem's own line, without the line feed that it begins with. */
 std::string_view ConnectWords(const ModemReply& modem) {
-  const std::string_view text = modem.ModemConnectText;
+  const std::string_view text = modem.connect_text;
   const std::size_t start = text.find_first_not_of('\n');
   return start == std::string_view::npos ? std::string_view("MODEM CONNECTED") : text.substr(start);
 }
@@ -70,9 +70,9 @@ bool Dial(Transfer& transfer) {
   ModemReply& modem = transfer.line().modem();
   modem = {};  // the set-up's own OK must not be taken for an answer to the call
   Write(transfer.line(), "ATDT" + transfer.settings().tel + "\r");
-  transfer.waits().Until([&] { return modem.ModemResult != ModemReply::kNone; }, kDialWait_ms);
+  transfer.waits().Until([&] { return modem.result != ModemReply::kNone; }, kDialWait_ms);
   if (transfer.waits().aborted()) return false;
-  switch (modem.ModemResult) {
+  switch (modem.result) {
     case ModemReply::kConnect:
       transfer.LogLine(ConnectWords(modem));
       return true;
@@ -114,8 +114,8 @@ bool CallByModem(Transfer& transfer) {
     return ready || transfer.waits().aborted() ? false : transfer.Fail(kNoModem);
   }
   if (!transfer.waits().WaitSeconds(1)) return false;
-  transfer.line().link().LinkInit(1, 0);
-  [[maybe_unused]] const bool answered = transfer.line().link().LinkEstablish();
+  transfer.line().link().Init(1, 0);
+  [[maybe_unused]] const bool answered = transfer.line().link().Establish();
   return transfer.waits().WaitSeconds(1);
 }
 

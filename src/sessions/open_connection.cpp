@@ -19,7 +19,7 @@ bool OpenSerial(Transfer& transfer) {
 }
 
 bool EstablishLink(Transfer& transfer) {
-  if (transfer.line().link().LinkEstablish()) return true;
+  if (transfer.line().link().Establish()) return true;
   transfer.LogLine(kNotEstablished);
   return transfer.Fail(kCheckConnection);
 }
@@ -27,7 +27,7 @@ bool EstablishLink(Transfer& transfer) {
 bool CheckConnection(Transfer& transfer) {
   transfer.Start("Check your connection...");
   // The modem's word of this call is used up; a later text line shows as a change.
-  transfer.line().modem().ModemResult = 10;
+  transfer.line().modem().result = 10;
   if (transfer.messages().SendIdle()) {
     transfer.Finished(kCheckDots);
     return true;
@@ -85,7 +85,7 @@ bool OpenConnection(Transfer& transfer) {
   if (mode == LinkMode::kModem) return OpenByModem(transfer);
   const bool open = mode == LinkMode::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
   if (!open) return false;
-  transfer.line().link().LinkInit(1, 0);
+  transfer.line().link().Init(1, 0);
   return !UsesFrames(mode) || (EstablishLink(transfer) && CheckConnection(transfer));
 }
 

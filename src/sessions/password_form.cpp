@@ -49,23 +49,23 @@ bool Send(std::string_view password, const std::function<bool(const PackedPasswo
 }  // namespace
 
 PasswordForm::PasswordForm(Transfer& transfer) : transfer_(transfer) {
-  transfer_.messages().state().StopOnErrorReply = true;
-  tmrChkResErr_ = transfer_.waits().events().StartTimer(kCheckInterval_ms, [this] { CheckResponseError(); });
+  transfer_.messages().state().stop_on_error = true;
+  error_timer_ = transfer_.waits().events().StartTimer(kCheckInterval_ms, [this] { CheckResponseError(); });
 }
 
 PasswordForm::~PasswordForm() {
-  transfer_.waits().events().StopTimer(tmrChkResErr_);
-  transfer_.messages().state().StopOnErrorReply = false;
-  Wipe(Text1);
+  transfer_.waits().events().StopTimer(error_timer_);
+  transfer_.messages().state().stop_on_error = false;
+  Wipe(password);
   for (NewPassword& level : levels) {
     Wipe(level.password);
     Wipe(level.retyped);
   }
 }
 
-void PasswordForm::Command1() {
+void PasswordForm::Ok() {
   if (!open_ || busy_) return;
-  if (!PackPassword(Text1)) {
+  if (!PackPassword(password)) {
     transfer_.Box(BoxKind::kInformation, "Please enter password");
     return;
   }
@@ -77,7 +77,7 @@ void PasswordForm::Command1() {
 
 bool PasswordForm::NewPasswordsFit() {
   for (const NewPassword& level : levels) {
-    if (!chkPSW || !level.chkLV) continue;
+    if (!changes_passwords || !level.changes) continue;
     if (level.password != level.retyped) {
       transfer_.Box(BoxKind::kInformation, "New password doesn't match");
       return false;
@@ -93,22 +93,22 @@ bool PasswordForm::NewPasswordsFit() {
 void PasswordForm::Check() {
   ++wrong_tries_;
   MessageLayer& messages = transfer_.messages();
-  messages.state().ErrorReplyFlag = false;
+  messages.state().error_came = false;
   if (!messages.SendSetMode(ModeOf(transfer_))) {
     transfer_.LogLine("Send set mode (psw)..........................Failed");
     [[maybe_unused]] const bool failed = transfer_.Fail("Change to set mode failed (RE)");
     Close(false);
-  } else if (Send(Text1, [&](const PackedPassword& packed) { return messages.CheckPassword(packed); })) {
+  } else if (Send(password, [&](const PackedPassword& packed) { return messages.CheckPassword(packed); })) {
     SendNewPasswords();
   } else {
-    messages.state().ErrorReplyFlag = false;  // one refusal is one box and one try
+    messages.state().error_came = false;  // one refusal is one box and one try
     WrongPassword(LastWordsOf(transfer_.form()));
   }
 }
 
 void PasswordForm::SendNewPasswords() {
   for (std::size_t i = 0; i < levels.size(); ++i) {
-    if (!chkPSW || !levels[i].chkLV) continue;
+    if (!changes_passwords || !levels[i].changes) continue;
     const auto send = [&](const PackedPassword& packed) {
       return transfer_.messages().SendConfig(kPasswordSections[i], packed);
     };
@@ -128,7 +128,7 @@ void PasswordForm::SendNewPasswords() {
 
 void PasswordForm::WrongPassword(std::string_view last_words) {
   [[maybe_unused]] const bool failed = transfer_.Fail("Password incorrect");
-  Wipe(Text1);
+  Wipe(password);
   if (transfer_.waits().aborted()) {
     Close(false);
   } else if (wrong_tries_ >= kMostTries) {
@@ -139,13 +139,13 @@ void PasswordForm::WrongPassword(std::string_view last_words) {
 }
 
 void PasswordForm::CheckResponseError() {
-  bool& error = transfer_.messages().state().ErrorReplyFlag;
+  bool& error = transfer_.messages().state().error_came;
   if (!open_ || busy_ || !std::exchange(error, false)) return;
   ++wrong_tries_;
   WrongPassword(LastWordsOfTimer(transfer_.form()));
 }
 
-void PasswordForm::Command2() {
+void PasswordForm::Cancel() {
   if (!open_ || busy_) return;
   [[maybe_unused]] const bool failed = transfer_.FailInLog("User cancel");
   Close(false);

@@ -21,7 +21,7 @@ class PasswordForm {
 
   /** A new password of a level, typed twice. */
   struct NewPassword {
-    bool chkLV = false;
+    bool changes = false;
     std::string password;
     std::string retyped;
   };
@@ -31,14 +31,14 @@ class PasswordForm {
   PasswordForm(const PasswordForm&) = delete;
   PasswordForm& operator=(const PasswordForm&) = delete;
 
-  std::string Text1;    // the password, digits only
-  bool chkPSW = false;  // "Change Password"
+  std::string password;            // the password, digits only
+  bool changes_passwords = false;  // "Change Password"
   std::array<NewPassword, kLevels> levels;
 
   /** OK. */
-  void Command1();
+  void Ok();
   /** "Cancel", and the window's own close button. */
-  void Command2();
+  void Cancel();
 
   /** Whether a key may be typed into one of the fields. */
   static bool Accepts(char key) { return key >= '0' && key <= '9'; }
@@ -62,7 +62,7 @@ class PasswordForm {
   bool busy_ = false;  // a try is running; the timer leaves its error to it
   bool open_ = true;
   bool passed_ = false;
-  EventServer::TimerId tmrChkResErr_ = 0;
+  EventServer::TimerId error_timer_ = 0;
 };
 
 }  // namespace tarvok::sessions

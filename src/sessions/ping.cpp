@@ -25,8 +25,8 @@ bool OpenLine(Transfer& transfer) {
   } else if (!OpenSocket(transfer)) {
     return false;
   }
-  transfer.line().link().LinkInit(1, 0);
-  if (!UsesFrames(transfer.mode()) || transfer.line().link().LinkEstablish()) return true;
+  transfer.line().link().Init(1, 0);
+  if (!UsesFrames(transfer.mode()) || transfer.line().link().Establish()) return true;
   return transfer.FailInLog(kNotEstablished);
 }
 

@@ -43,10 +43,10 @@ bool Get(Transfer& transfer) {
   if (!transfer.messages().SendSetMode(ExchangeMode::kConfiguration)) {
     return transfer.Fail("Change to set mode failed (RE)");
   }
-  state.ErrorReplyFlag = false;
-  state.SectionDoneFlag = false;
+  state.error_came = false;
+  state.section_done = false;
   if (!transfer.messages().GetConfig(kPortSection)) return transfer.FailInLog("Get Config Error !!!");
-  transfer.waits().Until([&] { return transfer.messages().IsWhole() || state.ErrorReplyFlag; },
+  transfer.waits().Until([&] { return transfer.messages().IsWhole() || state.error_came; },
                          EventServer::kForever);
   return transfer.messages().IsWhole() || transfer.FailInLog("..........................Failed");
 }

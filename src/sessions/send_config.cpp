@@ -68,12 +68,12 @@ bool SendSections(Transfer& transfer, const IniText& project) {
 
 void ShowStatistics(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t ms = counted.SendMilliseconds;
-  const std::int64_t rate = ms == 0 ? 0 : (counted.BytesSent * 1000 + ms / 2) / ms;  // bytes a second
-  transfer.LogLine("Byte Sent = " + std::to_string(counted.BytesSent) + " Bytes");
-  transfer.LogLine("Packat Sent = " + std::to_string(counted.PacketsSent) + " PKTs");
-  transfer.LogLine("Response Error = " + std::to_string(counted.ResponseErrors) + " times");
-  transfer.LogLine("Enquiry = " + std::to_string(counted.EnquiryCount) + " times");
+  const std::int64_t ms = counted.send_ms;
+  const std::int64_t rate = ms == 0 ? 0 : (counted.bytes_sent * 1000 + ms / 2) / ms;  // bytes a second
+  transfer.LogLine("Byte Sent = " + std::to_string(counted.bytes_sent) + " Bytes");
+  transfer.LogLine("Packat Sent = " + std::to_string(counted.packets_sent) + " PKTs");
+  transfer.LogLine("Response Error = " + std::to_string(counted.response_errors) + " times");
+  transfer.LogLine("Enquiry = " + std::to_string(counted.enquiry_count) + " times");
   transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
 }
 
@@ -82,11 +82,11 @@ void ShowStatistics(Transfer& transfer) {
  * it sent again. `refused` is how many messages it refused. */
 void AdviseCompare(Transfer& transfer, std::int64_t refused) {
   const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t late = counted.LateAnswers + counted.EnquiryCount;
-  if (counted.FramesDamaged == 0 && counted.BrokenOff == 0 && late == 0 && refused == 0) return;
+  const std::int64_t late = counted.late_answers + counted.enquiry_count;
+  if (counted.frames_damaged == 0 && counted.BrokenOff == 0 && late == 0 && refused == 0) return;
   const std::string why =
-      counted.FramesDamaged > 0 ? "The line damaged " + std::to_string(counted.FramesDamaged) +
-                                      " frames, and one in 256 of such passes its check. "
+      counted.frames_damaged > 0 ? "The line damaged " + std::to_string(counted.frames_damaged) +
+                                       " frames, and one in 256 of such passes its check. "
       : counted.BrokenOff > 0 ? std::to_string(counted.BrokenOff) +
                                     " answers broke off, and nothing checks the bytes of the others. "
       : late > 0
@@ -102,7 +102,7 @@ End TellSend(Transfer& transfer) {
   transfer.Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
   const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t refused_before = counted.ResponseErrors;  // passwords
+  const std::int64_t refused_before = counted.response_errors;  // passwords
   const bool comparable = transfer.version() >= kLowestComparedVersion;
   if (transfer.settings().compare && !comparable) {
     transfer.Note("Nothing is compared: only exchanges from version " +
@@ -125,7 +125,7 @@ End TellSend(Transfer& transfer) {
     return End::kFailed;
   }
   ShowStatistics(transfer);
-  if (!compare) AdviseCompare(transfer, counted.ResponseErrors - refused_before);
+  if (!compare) AdviseCompare(transfer, counted.response_errors - refused_before);
   return End::kDone;
 }
 

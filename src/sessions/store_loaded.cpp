@@ -51,7 +51,7 @@ Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& 
 
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms) {
   const std::int64_t ms = transfer.parts().events.Tick_ms() - start_ms;
-  const std::int64_t bytes = transfer.line().statistics().BytesReceived;
+  const std::int64_t bytes = transfer.line().statistics().bytes_received;
   const std::int64_t rate = ms == 0 ? 0 : (bytes * 1000 + ms / 2) / ms;
   transfer.LogLine(last_words);
   transfer.LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
@@ -66,7 +66,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
 void AdviseAnotherLoad(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t faults =
-      counted.FramesDamaged + counted.BrokenOff + counted.LateAnswers + counted.PacksOutOfStep;
+      counted.frames_damaged + counted.BrokenOff + counted.late_answers + counted.PacksOutOfStep;
   if (faults == 0) return;
   transfer.view().Advise("The line damaged, lost or doubled something " + std::to_string(faults) +
                          " times, and not every such fault shows. Load once more and compare the two.");

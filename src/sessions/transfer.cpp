@@ -86,7 +86,7 @@ void Transfer::OnEnded(std::string_view reason) {
 
 std::int64_t Transfer::BytesThrough() const {
   const TransferStatistics& counted = line_->statistics();
-  return counted.BytesSent + counted.BytesTaken - bytes_before_pace_;
+  return counted.bytes_sent + counted.bytes_taken - bytes_before_pace_;
 }
 
 void Transfer::BeginPace(std::int64_t bytes) {
@@ -125,7 +125,7 @@ void Transfer::CleanUpKeepingPort() {
 
 void Transfer::Unload() {
   const bool serial = !UsesSocket(mode_) && line_->line().IsOpen();
-  if (serial && line_->link().LinkUp()) {
+  if (serial && line_->link().is_up()) {
     waits_.ClearAbort();
     line_->StartPump();
     if (messages().SendIdle()) {

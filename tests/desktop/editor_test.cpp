@@ -32,7 +32,7 @@ TEST(EditorPage, CellsAreTypedPastedUndoneAndSaved) {
   EXPECT_EQ(QApplication::focusWidget(), desk.Table());
   QTest::keyClicks(desk.Table(), "99");
   QTest::keyClick(desk.Table(), Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_TRUE(desk.state.DataChanged);
+  EXPECT_TRUE(desk.state.data_changed);
   desk.Click("cmdOK");
   EXPECT_EQ(desk.Table(), nullptr);
   desk.ExpectKeys("[LinkTrunk]\n03=123\n04=45\n05=7\n06=\n07=8\n09=\n");
@@ -50,7 +50,7 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   QTest::keyClicks(field, "5x5");
   const QPointer<EditorPage> left = desk.Find<EditorPage>("frmLinkTrunk");
   desk.ClickCommand("dialphone");
-  EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
+  EXPECT_EQ(desk.state.active_form_name, "frmDialPhone");
   EXPECT_EQ(desk.Find<EditorPage>("frmLinkTrunk"), nullptr);
   EXPECT_TRUE(QTest::qWaitFor([&] { return left == nullptr; }));
   desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed behind what was there
@@ -72,7 +72,7 @@ TEST(EditorPage, AnOpenFieldThatIsEmptiedEmptiesWhatItsCellCanNotShow) {
     QTest::keyClick(field, Qt::Key_Return);
   }
   QTest::qWait(1);
-  EXPECT_TRUE(desk.state.DataChanged);
+  EXPECT_TRUE(desk.state.data_changed);
   desk.Click("cmdOK");
   desk.ExpectKeys("[BOSS]\n05=499|F\n");
 }
@@ -83,7 +83,7 @@ TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
   desk.Find<QPushButton>("cmdOK")->click();  // it goes behind this event
   desk.ClickCommand("dialphone");
   QTest::qWait(20);
-  EXPECT_EQ(desk.state.ActiveFormName, "frmDialPhone");
+  EXPECT_EQ(desk.state.active_form_name, "frmDialPhone");
 }
 
 TEST(EditorPage, CancelAsksAndTheTableMenuIsThatOfTheOpenPage) {
@@ -126,12 +126,12 @@ TEST(EditorPage, CtrlSSavesUnlessTheProjectIsGone) {
   QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(told.finished());
   EXPECT_THAT(texts, ElementsAre(HasSubstr("is gone")));
-  EXPECT_TRUE(desk.state.DataChanged && !std::filesystem::exists(desk.project));
+  EXPECT_TRUE(desk.state.data_changed && !std::filesystem::exists(desk.project));
   std::filesystem::rename(away, desk.project);
   QApplication::setActiveWindow(desk.window.get());  // the box took that with it
   QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
   QTest::qWait(1);
-  EXPECT_EQ(desk.state.ActiveFormName, "");
+  EXPECT_EQ(desk.state.active_form_name, "");
   EXPECT_TRUE(desk.Letters().isEnabled());
   desk.ExpectKeys("[LinkTrunk]\n01=\n");
 }
@@ -184,7 +184,7 @@ TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
   QTest::keyClick(desk.Table(), Qt::Key_U, Qt::ControlModifier);
   EXPECT_TRUE(go.finished());
   QTest::qWait(1);
-  EXPECT_EQ(desk.state.ActiveFormName, "frmPortDef");
+  EXPECT_EQ(desk.state.active_form_name, "frmPortDef");
   EXPECT_EQ(desk.Table()->currentIndex().row(), 82);  // room 101 is on card 8, channel 1
   desk.ExpectKeys("[Name]\n002=Suite 101\n");         // the form that was left saved itself
 }
@@ -214,7 +214,7 @@ TEST(EditorPage, AFilterKeepsWhatItHidesFromEveryCommand) {
   filter->setFocus();
   QTest::keyClicks(filter, "no row has this");
   QTest::keyClick(filter, Qt::Key_Minus, Qt::ControlModifier);
-  EXPECT_FALSE(desk.state.DataChanged) << "the cell that is not seen";
+  EXPECT_FALSE(desk.state.data_changed) << "the cell that is not seen";
   EXPECT_EQ(QApplication::focusWidget(), &table) << "keys go on in the table";
   filter->setText(QStringLiteral("9"));
   const std::vector<int> shown = ShownOf(table);
@@ -267,7 +267,7 @@ TEST(EditorPage, LettersThatThePageLacksAreNamed) {
   EXPECT_THAT(import("Name\nA\n\xD8\xB9\xD9\x84\xDB\x8C\n", QMessageBox::Yes),
               ElementsAre(testing::_, HasSubstr("line 3, column \"Name\": \"\xD8\xB9")));
   EXPECT_EQ(TextsOf(*desk.Table(), 5), before);
-  EXPECT_FALSE(desk.state.DataChanged);
+  EXPECT_FALSE(desk.state.data_changed);
   import("Name\nM\xFCller\nCaf\xE9\n", QMessageBox::Yes);
   EXPECT_EQ(TextsOf(*desk.Table(), 5).mid(0, 2).join(u' '), QStringLiteral("M\u00FCller Caf\u00E9"));
   import("Name\nM\xC3\xBCller\n", QMessageBox::Yes);
@@ -294,7 +294,7 @@ TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {
   EXPECT_TRUE(desk.Find<QLabel>("AsSaved")->isVisible());
   QTest::keyClick(path, Qt::Key_Return);
   QTest::qWait(1);
-  EXPECT_EQ(desk.state.ActiveFormName, "frmRoute");
+  EXPECT_EQ(desk.state.active_form_name, "frmRoute");
   auto* tree = desk.Find<CommandTree>("CommandTree");
   const auto current = [&] { return tree->currentItem()->text(0).toStdString(); };
   EXPECT_EQ(current(), "14 - Route List");

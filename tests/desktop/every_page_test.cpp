@@ -149,15 +149,15 @@ TEST(EveryPage, TakesAChangeByKeys) {
     ASSERT_NE(page, nullptr);
     const std::string before = bytes();
     ChangeByKeys(desk, *page);
-    EXPECT_TRUE(desk.state.DataChanged);
+    EXPECT_TRUE(desk.state.data_changed);
     Script answers({AnswerBox(QMessageBox::Yes)});  // a repeat is asked about
     desk.Click("cmdOK");
     const std::string after = bytes();
     EXPECT_NE(after, before);
-    EXPECT_TRUE(desk.state.ActiveFormName.empty());
+    EXPECT_TRUE(desk.state.active_form_name.empty());
     desk.ClickCommand(editor->key);
-    EXPECT_EQ(desk.state.ActiveFormName, editor->name.recorded);
-    EXPECT_FALSE(desk.state.DataChanged);
+    EXPECT_EQ(desk.state.active_form_name, editor->name.recorded);
+    EXPECT_FALSE(desk.state.data_changed);
     desk.Click("cmdCancel");
     EXPECT_EQ(bytes(), after);
   }

@@ -159,7 +159,7 @@ TEST_F(ProjectTools, FindGoesToTheRow) {
   EXPECT_THAT(Lines(list), ElementsAre("Hunt Group 02|||10 - Hunt Group"));
   QTest::keyClick(text, Qt::Key_Return);
   EXPECT_FALSE(find->isVisible());
-  EXPECT_EQ(bench.state.ActiveFormName, "frmGroupOfHunt");
+  EXPECT_EQ(bench.state.active_form_name, "frmGroupOfHunt");
   EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 0}));
 
   bench.Press(Qt::Key_F);
@@ -192,7 +192,7 @@ TEST_F(ProjectTools, FindingsLeadToTheirForms) {
     QTest::keyClick(list, Qt::Key_Return);
   };
   enter("900");  // its form is not among those of this bench
-  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.active_form_name, "");
   enter("Hunt Group 02 \u00B7 Member 2: 777");
   EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 2}));
 }

@@ -18,7 +18,7 @@ namespace {
 class Settings : public testing::Test {
  protected:
   void Open() {
-    bench.state.ProjectFile = bench.project;
+    bench.state.project_file = bench.project;
     dialog = std::make_unique<SettingDialog>(bench.parts, nullptr);
     dialog->show();
   }

@@ -70,7 +70,7 @@ TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
   EXPECT_EQ(bar, 46);
   EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
   EXPECT_EQ(bench.Value("Chk"), "tarvok");
-  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.active_form_name, "");
   EXPECT_THAT(bench.log, testing::StartsWith("Send Config History...\r\n"));
 }
 
@@ -113,7 +113,7 @@ TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
     bench.Do(command, steps);
     EXPECT_EQ(boxes,
               goes ? std::vector<std::string>() : std::vector<std::string>{"Change to set mode failed (RE)"});
-    EXPECT_EQ(bench.state.ActiveFormName, "");
+    EXPECT_EQ(bench.state.active_form_name, "");
     bench.Do(command, {ClickIn(form, "cmdCancel")});  // the next form is alive at once
   }
 }
@@ -124,7 +124,7 @@ TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
   bench.Do("connect", {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
                        TypeIn("frmPassword2", "Text1", "1\r"), LogHas("frmConnect", "for compare..."),
                        CloseWindow("frmConnect")});
-  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.active_form_name, "");
   const ConnectionSettings exchange =
       ReadConnection(*bench.store.Snapshot(bench.project), EmptySpeed::kShownOnly);
   EXPECT_FALSE(bench.copies.Find(exchange).ok());  // nobody knows what it holds now
@@ -138,7 +138,7 @@ TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
               bench.Find<QDialog>("frmConnect")->close();  // as the desktop does when its user logs out
               return true;
             }});
-  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.active_form_name, "");
   EXPECT_EQ(bench.Value("Chk"), "TARVOK");
 }
 
@@ -159,7 +159,7 @@ TEST(Transfer, TheProgramEndsFromAnIdleFormAndStaysDuringASession) {
     OpenedBench idle;
     idle.Do("connect", {exit(idle, by_key)});
     EXPECT_FALSE(idle.window->isVisible());
-    EXPECT_EQ(idle.state.ActiveFormName, "");
+    EXPECT_EQ(idle.state.active_form_name, "");
 
     OpenedBench busy(DesktopBench::Line::kSilent);
     QString advice;

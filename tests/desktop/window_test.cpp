@@ -50,10 +50,10 @@ TEST(MainWindow, StatesByClicksAndKeys) {
   EXPECT_EQ(Look(bench), Project(bench.project));
   bench.ClickCommand("about");
   EXPECT_EQ(Look(bench), Project(bench.project, "frmAbout"));
-  EXPECT_EQ(bench.state.ActiveFormName, "frmAbout");
+  EXPECT_EQ(bench.state.active_form_name, "frmAbout");
   QTest::mouseClick(bench.Find<QPushButton>("cmdOK"), Qt::LeftButton);
   EXPECT_EQ(Look(bench), Project(bench.project));
-  EXPECT_EQ(bench.state.ActiveFormName, "");
+  EXPECT_EQ(bench.state.active_form_name, "");
 
   bench.Press(Qt::Key_T);
   auto* tree = bench.Find<CommandTree>("CommandTree");

@@ -31,7 +31,7 @@ class EditorBench {
   /** `project` is a project's text without its header. */
   explicit EditorBench(std::string_view project = {}) {
     files.Put(kProject, "[Chk_Tarvok]\nChk=TARVOK\n" + std::string(project));
-    state.ProjectFile = kProject;
+    state.project_file = kProject;
   }
 
   /** Opens the form and runs the script, a command a line; a line that is wrong fails the test. Returns what
@@ -41,7 +41,7 @@ class EditorBench {
     return Go(script);
   }
   void Open(std::string_view form) {
-    state.DataChanged = false;
+    state.data_changed = false;
     const Editor* found = FindEditor(form);
     ASSERT_NE(found, nullptr) << form;
     editor = OpenEditor(*found, {.store = store,

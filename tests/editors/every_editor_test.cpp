@@ -35,7 +35,7 @@ EditorBench BenchOf(const std::string& project) {
 /** Opens a form and saves what it shows, whether something was changed or not. */
 void SaveAll(EditorBench& bench, const Editor& editor) {
   bench.Run(editor.name.form, "");
-  bench.state.DataChanged = true;
+  bench.state.data_changed = true;
   bench.Go("click cmdOK\n");
 }
 
@@ -148,7 +148,7 @@ TEST(EveryEditor, AFindingInAHolidayChoosesThatOne) {
   EXPECT_TRUE(bench.editor->ShowPlace("SystemConfig", 3, 1));
   EXPECT_EQ(bench.editor->Find({"ListView1"})->Chosen(), "12/24");
   EXPECT_FALSE(bench.editor->ShowPlace("SystemConfig", 2, 0));
-  EXPECT_FALSE(bench.state.DataChanged);
+  EXPECT_FALSE(bench.state.data_changed);
 }
 
 }  // namespace

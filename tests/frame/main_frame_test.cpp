@@ -87,17 +87,17 @@ class Bench : public MainFrameView {
   class FakeForm : public Form {
    public:
     FakeForm(Bench& bench, const Command& command) : bench_(bench), command_(command) {
-      EXPECT_TRUE(bench.state.FormLoading);
+      EXPECT_TRUE(bench.state.form_loading);
       EXPECT_TRUE(bench.pointer_busy);
     }
     ~FakeForm() override { bench_.did.push_back("gone"); }
     std::string_view name() const override { return command_.recorded; }
     void Show() override {
       EXPECT_FALSE(bench_.pointer_busy);
-      EXPECT_EQ(bench_.state.ActiveFormName, command_.recorded);
+      EXPECT_EQ(bench_.state.active_form_name, command_.recorded);
       if (command_.mode == ShowMode::kModal && bench_.while_modal) bench_.while_modal();
     }
-    bool Save_File() override {
+    bool SaveFile() override {
       bench_.did.emplace_back("save");
       return bench_.saves;
     }
@@ -132,7 +132,7 @@ TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
   }
   bench.ClickKey("ext");
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
-  EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+  EXPECT_EQ(bench.state.active_form_name, "frmExtension");
   EXPECT_THAT(bench.highlighted, ElementsAre(2));
   bench.chosen = "/b.tvk";  // New and Open are disabled now, and do nothing all the same
   bench.frame->New();
@@ -140,8 +140,8 @@ TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
   EXPECT_TRUE(bench.frame->Close());
   EXPECT_EQ(bench.look, NoProject());
-  EXPECT_EQ(bench.state.ActiveFormName, "");
-  EXPECT_EQ(bench.state.PreviousNode, 0);
+  EXPECT_EQ(bench.state.active_form_name, "");
+  EXPECT_EQ(bench.state.previous_node, 0);
   EXPECT_THAT(bench.Did(), ElementsAre("load frmExtension", "gone"));
 
   bench.frame->Start(true);
@@ -158,7 +158,7 @@ TEST(MainFrame, NoFormButAboutOpensOverAProjectThatIsGone) {
   const auto gone = "box The project /b.tvk is gone.\nBring it back to that place and try again.";
   for (const char* key : {"boss", "connect"}) bench.ClickKey(key);
   EXPECT_THAT(bench.Did(), ElementsAre(gone, gone));  // and the form before stays
-  EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+  EXPECT_EQ(bench.state.active_form_name, "frmExtension");
   EXPECT_THAT(bench.highlighted, ElementsAre(2));
   bench.ClickKey("about");
   EXPECT_THAT(bench.Did(), ElementsAre("gone", "load frmAbout"));
@@ -183,8 +183,8 @@ TEST(MainFrame, NewAsksBeforeItReplaces) {
     bench.frame->New();
     EXPECT_EQ(bench.did, did) << chosen;
     EXPECT_EQ(bench.look, look) << chosen;
-    EXPECT_EQ(bench.state.ProjectFile.empty(), look.can_open);
-    EXPECT_EQ(bench.files.Bytes(look.can_open ? "/b.tvk" : bench.state.ProjectFile),
+    EXPECT_EQ(bench.state.project_file.empty(), look.can_open);
+    EXPECT_EQ(bench.files.Bytes(look.can_open ? "/b.tvk" : bench.state.project_file),
               look.can_open ? before : kTag + kNoCountry);
   }
 }
@@ -195,7 +195,7 @@ TEST(MainFrame, RecentFilesChangeProjects) {
   for (const char* path : {"/dead.tvk", "/b.tvk", "/a.tvk"}) bench.frame->OpenProject(path);
   bench.files.files.erase("/dead.tvk");
   bench.ClickKey("boss");
-  bench.state.DataChanged = true;
+  bench.state.data_changed = true;
   bench.Did();
 
   bench.frame->OpenRecent(1);  // the open one: its form stays
@@ -241,7 +241,7 @@ TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
     EXPECT_EQ(bench.Did(), did) << key;
     EXPECT_EQ(bench.highlighted, highlighted) << key;
     EXPECT_FALSE(bench.pointer_busy);
-    EXPECT_EQ(bench.state.PreviousNode, bench.state.ClickedNode);
+    EXPECT_EQ(bench.state.previous_node, bench.state.clicked_node);
   }
   bench.ClickKey("boss");
   bench.Did();
@@ -252,15 +252,15 @@ TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
   bench.files.files.erase(kSystem);
   bench.ClickKey("billingmode");
   EXPECT_THAT(bench.Did(), ElementsAre(no_system));
-  EXPECT_EQ(bench.state.ActiveFormName, "frmBoss");
-  EXPECT_EQ(bench.state.PreviousNode, 25);
+  EXPECT_EQ(bench.state.active_form_name, "frmBoss");
+  EXPECT_EQ(bench.state.previous_node, 25);
   bench.ClickKey("ext");
-  bench.state.DataChanged = true;
+  bench.state.data_changed = true;
   bench.Did();
   bench.context->closed();  // whether it saved was its own matter
   EXPECT_THAT(bench.Did(), ElementsAre("gone"));
   EXPECT_EQ(bench.look, Project("/a.tvk"));
-  EXPECT_FALSE(bench.state.DataChanged);
+  EXPECT_FALSE(bench.state.data_changed);
   EXPECT_TRUE(bench.highlighted.empty());
 }
 
@@ -277,21 +277,21 @@ TEST(MainFrame, LeavingAFormSavesWithoutAQuestionAndARefusalKeepsEverything) {
     Bench bench;
     bench.frame->OpenProject("/a.tvk");
     bench.ClickKey("boss");
-    bench.state.DataChanged = true;
+    bench.state.data_changed = true;
     bench.saves = false;
     bench.Did();
     leave(bench);
     EXPECT_THAT(bench.Did(), ElementsAre("save"));
     EXPECT_EQ(bench.look, Project("/a.tvk", true));
-    EXPECT_EQ(bench.state.ActiveFormName, "frmBoss");
+    EXPECT_EQ(bench.state.active_form_name, "frmBoss");
     EXPECT_THAT(bench.highlighted, ElementsAre(5));
-    EXPECT_TRUE(bench.state.DataChanged);
+    EXPECT_TRUE(bench.state.data_changed);
 
     bench.saves = true;
     leave(bench);
     EXPECT_THAT(bench.did[0], "save");
     EXPECT_THAT(bench.did[1], "gone");
-    EXPECT_FALSE(bench.state.DataChanged);
+    EXPECT_FALSE(bench.state.data_changed);
     EXPECT_FALSE(bench.highlighted.contains(5));
   }
 }
@@ -303,7 +303,7 @@ TEST(MainFrame, EveryFormButTheLoadOfTheMiniBarClosesByItsName) {
     EXPECT_EQ(command.closed_by_name, command.recorded != "frmMiniBarCon") << command.recorded;
     bench.ClickKey(command.key);
     EXPECT_TRUE(bench.frame->CloseActiveForm(command.recorded));
-    EXPECT_EQ(bench.state.ActiveFormName, "") << command.recorded;
+    EXPECT_EQ(bench.state.active_form_name, "") << command.recorded;
   }
 }
 
@@ -320,8 +320,8 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
       bench.frame->OpenRecent(1);
       EXPECT_FALSE(bench.frame->Close());
       bench.frame->ExitProgram();
-      bench.frame->CloseActiveForm(bench.state.ActiveFormName);
-      EXPECT_NE(bench.state.ActiveFormName, "");
+      bench.frame->CloseActiveForm(bench.state.active_form_name);
+      EXPECT_NE(bench.state.active_form_name, "");
       bench.unloads = true;
     };
     bench.ClickKey(key);
@@ -333,7 +333,7 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
     EXPECT_THAT(bench.Did(), ElementsAre("load " + std::string(CommandOf(key).recorded), "gone", "end"));
     bench.while_modal = {};
     bench.ClickKey("ext");
-    EXPECT_EQ(bench.state.ActiveFormName, "frmExtension");
+    EXPECT_EQ(bench.state.active_form_name, "frmExtension");
     bench.unloads = false;  // a form with a wait of its own under way
     EXPECT_FALSE(bench.frame->MayEnd());
     EXPECT_EQ(bench.look, Project("/a.tvk", true));

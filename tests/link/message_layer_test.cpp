@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "link/l3_server.h"
 #include "link/password_code.h"
+#include "link/server_messages.h"
 #include "link/stream_reader.h"
 #include "tests/floors.h"
 #include "tests/sections/coder_case.h"
@@ -78,9 +78,9 @@ TEST_F(Messages, BytesOfTheCommands) {
   };
   events.set_now({2026, 11, 22, 12, 34, 0});
   for (const auto& [send, message, reply] : cases) expect_sent(send, message, reply);
-  EXPECT_EQ(layer.state().PbxVersion, 106);
-  EXPECT_EQ(layer.state().MiniBarName, "A");
-  EXPECT_EQ(layer.state().MiniBarCount, 7);
+  EXPECT_EQ(layer.state().pbx_version, 106);
+  EXPECT_EQ(layer.state().mini_bar_name, "A");
+  EXPECT_EQ(layer.state().mini_bar_count, 7);
   events.set_now({2569, 2, 1, 9, 5, 6});  // a Buddhist calendar counts 543 years more
   expect_sent([](Layer m) { return m.SendTime(); }, "12 12 00 09 09 05 06 01 02 26", kOk);
 }
@@ -93,8 +93,8 @@ TEST_F(Messages, ASectionIsCutIntoPacks) {
   EXPECT_TRUE(layer.SendConfig(1, Bytes(56, 7)));
   ASSERT_EQ(layer.sent.size(), 3U);
   EXPECT_EQ(layer.sent[2], Hex("12 12 00 0E 01 07"));
-  EXPECT_EQ(statistics.PacketsSent, 3);
-  EXPECT_EQ(statistics.BytesSent, 119);
+  EXPECT_EQ(statistics.packets_sent, 3);
+  EXPECT_EQ(statistics.bytes_sent, 119);
 }
 
 TEST_F(Messages, AFullPackIsRecoveredByEnquiry) {
@@ -127,15 +127,15 @@ TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
   layer.replies = {kRefused, kRefused, kOk};
   EXPECT_TRUE(layer.SendIdle());
   EXPECT_EQ(layer.sent_at, (std::vector<std::int64_t>{0, 3000, 6000}));
-  EXPECT_EQ(statistics.ResponseErrors, 2);
-  EXPECT_EQ(statistics.EnquiryCount, 0);
+  EXPECT_EQ(statistics.response_errors, 2);
+  EXPECT_EQ(statistics.enquiry_count, 0);
 
   layer.sent_at.clear();
   EXPECT_FALSE(layer.SendIdle());
   EXPECT_EQ(layer.sent_at.size(), 3U);
 
   layer.sent_at.clear();
-  layer.state().StopOnErrorReply = true;
+  layer.state().stop_on_error = true;
   layer.replies = {kRefused, kOk};
   const std::int64_t start = events.Tick_ms();
   EXPECT_FALSE(layer.CheckPassword({1, 2, 3}));
@@ -146,14 +146,14 @@ TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
 TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   layer.replies = {"21 00 00 82 00 04 00 40 00 01*55"};
   ASSERT_TRUE(layer.GetConfig(4));
-  EXPECT_FALSE(layer.state().SectionDoneFlag);
+  EXPECT_FALSE(layer.state().section_done);
   EXPECT_EQ(layer.MissingBytes(), 9);
   layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
-  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_TRUE(layer.state().section_done);
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 80"));
   EXPECT_EQ(layer.section_image().bytes()[54], 1);
   EXPECT_EQ(layer.section_image().bytes()[55], 2);
-  EXPECT_EQ(statistics.BytesReceived, 64 + 9);  // the declared size and every later pack once more
+  EXPECT_EQ(statistics.bytes_received, 64 + 9);  // the declared size and every later pack once more
   layer.ReceiveMessage(Hex("21 00 00 0D"));
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
   EXPECT_EQ(statistics.PacksOutOfStep, 0);
@@ -172,7 +172,7 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   ASSERT_TRUE(layer.GetConfig(7));
   EXPECT_EQ(layer.section_image().bytes()[55], 0);  // nothing of the section before is left
   for (int i = 0; i < 1200; ++i) layer.ReceiveMessage(Hex("21 00 00 8E 00 04*59"));
-  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_TRUE(layer.state().section_done);
   EXPECT_EQ(layer.section_image().bytes()[50000], 4);
 }
 
@@ -212,13 +212,13 @@ TEST_F(Messages, AMiniBarRecordIsWholeAndASectionItsOwnWhole) {
   events.CallLater(20, [&] { layer.ReceiveMessage(record); });
   ASSERT_TRUE(layer.GetMiniBar(3));
   EXPECT_TRUE(layer.IsWhole());
-  EXPECT_EQ(layer.state().ReceivedSection, 3);
+  EXPECT_EQ(layer.state().received_section, 3);
   // And a record in the middle of a section.
-  layer.state().SectionDoneFlag = false;
+  layer.state().section_done = false;
   events.CallLater(10, [&] { layer.ReceiveMessage(section); });
   ASSERT_TRUE(layer.GetConfig(4));
   layer.ReceiveMessage(record);
-  EXPECT_TRUE(layer.state().SectionDoneFlag);
+  EXPECT_TRUE(layer.state().section_done);
   EXPECT_FALSE(layer.IsWhole());
   layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
   EXPECT_TRUE(layer.IsWhole());
@@ -232,11 +232,11 @@ TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   layer.sent.clear();
   layer.replies = {before, "", asked};
   EXPECT_TRUE(layer.GetMiniBar(260));
-  EXPECT_EQ(layer.state().MiniBarName, "B");
+  EXPECT_EQ(layer.state().mini_bar_name, "B");
   EXPECT_EQ(layer.sent.size(), 4U);  // two requests, and an OK to each answer
   EXPECT_EQ(statistics.PacksOutOfStep, 1);
   layer.ReceiveMessage(Hex(before));
-  EXPECT_EQ(layer.state().MiniBarCount, 8);
+  EXPECT_EQ(layer.state().mini_bar_count, 8);
 
   // An exchange that numbers from 1, and one that does not number: its second record is asked for four times, no other.
   statistics = {};
@@ -262,16 +262,16 @@ TEST_F(Messages, DropsWhatIsNone) {
     layer.ReceiveMessage(Hex(hex));
   }
   const MessageState& state = layer.state();
-  EXPECT_FALSE(state.ReplyOkFlag || state.ErrorReplyFlag || state.SeqReplyFlag || state.VersionFlag ||
-               state.ConfigFlag);
-  EXPECT_FALSE(state.MiniBarFlag || state.SectionDoneFlag);
+  EXPECT_FALSE(state.reply_ok || state.error_came || state.sequence_came || state.version_came ||
+               state.config_came);
+  EXPECT_FALSE(state.mini_bar_came || state.section_done);
   EXPECT_TRUE(layer.sent.empty());
   layer.ReceiveMessage(Hex("21 00 00 8E 05 01"));  // no section in progress: its sequence is kept, no reply
-  EXPECT_EQ(state.LastReceivedSeq, 5);
+  EXPECT_EQ(state.last_received_sequence, 5);
   EXPECT_TRUE(layer.sent.empty());
 }
 
-TEST(L3Server, PacksEveryMessageInto129Bytes) {
+TEST(ServerMessages, PacksEveryMessageInto129Bytes) {
   VirtualEvents events;
   Waits waits(events);
   std::string logged;
@@ -281,7 +281,7 @@ TEST(L3Server, PacksEveryMessageInto129Bytes) {
   VirtualPort& port = *ends.tool;
   PhysicalLine line(LinkMode::kServer, 0, log);
   line.Take(std::move(ends.tool));
-  L3Server server({waits, log, statistics, {1, 2, false}}, line);
+  ServerMessages server({waits, log, statistics, {1, 2, false}}, line);
   EXPECT_FALSE(server.SendIdle());
   ASSERT_EQ(port.writes().size(), 3U);
   EXPECT_EQ(port.writes()[0], Hex("21 12 00 01 04 12 12 00 00 00*120"));
@@ -289,7 +289,7 @@ TEST(L3Server, PacksEveryMessageInto129Bytes) {
   // A record of the mini bar is awaited by a flag that its reply does not raise.
   events.CallLater(10, [&] { server.ReceiveServerMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
   EXPECT_FALSE(server.GetMiniBar(511));
-  EXPECT_TRUE(server.state().SectionDoneFlag);
+  EXPECT_TRUE(server.state().section_done);
 }
 
 /** What a reader finds when the reads come one after the other, `pause_ms` apart. Where a beginning broke off, it finds an

@@ -324,12 +324,12 @@ TEST(Password, RefusalsAndChanges) {
   bench.view = {};
   bench.view.passwords = {"1234"};
   bench.view.fill_form = [](PasswordForm& form) {
-    form.chkPSW = true;
+    form.changes_passwords = true;
     form.levels[1] = {true, "", ""};
-    form.Text1 = "1234";
-    form.Command1();  // refused before anything is sent
+    form.password = "1234";
+    form.Ok();  // refused before anything is sent
     form.levels[1] = {true, "654", "65"};
-    form.Command1();
+    form.Ok();
     form.levels[1] = {true, "000000", "000000"};
   };
   EXPECT_TRUE(bench.Run(SendConfiguration));

@@ -45,7 +45,7 @@ using Prepare = void (*)(SessionBench&);
 
 void LoseNewPassword(SessionBench& bench) {
   bench.view.fill_form = [](PasswordForm& form) {
-    form.chkPSW = true;
+    form.changes_passwords = true;
     form.levels[0] = {true, "4321", "4321"};
   };
   bench.wrap = [](std::unique_ptr<Port> port) {

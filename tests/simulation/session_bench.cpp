@@ -39,10 +39,10 @@ void RecordingView::ShowPassword(PasswordForm& form) {
   for (std::size_t attempt = 0; form.open(); ++attempt) {
     const std::string& password = passwords[std::min(attempt, passwords.size() - 1)];
     if (password.empty()) {
-      form.Command2();
+      form.Cancel();
     } else {
-      form.Text1 = password;
-      form.Command1();
+      form.password = password;
+      form.Ok();
     }
   }
 }

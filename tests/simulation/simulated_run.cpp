@@ -138,7 +138,7 @@ class Stage {
     const auto quiet = [this, session = running_, boxes = bench_.view.boxes.size()] {
       return running_ == session && bench_.view.boxes.size() == boxes;
     };
-    const bool dials = run_.by == 2 && !bench_.transfer->line().link().LinkUp();
+    const bool dials = run_.by == 2 && !bench_.transfer->line().link().is_up();
     bench_.events.CallLater((dials ? kDial_ms : kPackWithEnquiries_ms) + kGrace_ms, [this, quiet] {
       if (quiet() && !Arriving()) Broken("a dead line that nobody is told of");
     });

@@ -71,7 +71,7 @@ void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
                               .system_file = parts_.system_file,
                               .keep =
                                   [this](std::string_view reason) {
-                                    if (parts_.keep) parts_.keep(parts_.state.ProjectFile, reason);
+                                    if (parts_.keep) parts_.keep(parts_.state.project_file, reason);
                                   },
                               .end_program = frame.exit_program});
   table_form_ = dynamic_cast<TableForm*>(form_.get());
@@ -108,8 +108,8 @@ void EditorPage::RefreshTable() {
     ShowRowCount();
   }
   ShowCallPath();
-  if (as_saved_ != nullptr) as_saved_->setVisible(parts_.state.DataChanged);
-  changed_->setText(parts_.state.DataChanged ? QStringLiteral("True") : QStringLiteral("False"));
+  if (as_saved_ != nullptr) as_saved_->setVisible(parts_.state.data_changed);
+  changed_->setText(parts_.state.data_changed ? QStringLiteral("True") : QStringLiteral("False"));
 }
 
 void EditorPage::ShowNote() {
@@ -180,9 +180,9 @@ class EditorPaneForm : public Form {
 
   std::string_view name() const override { return page_->form().name().recorded; }
   void Show() override { host_.ShowInPane(page_); }
-  bool Save_File() override {
+  bool SaveFile() override {
     page_->Commit();
-    return page_->form().Save_File();
+    return page_->form().SaveFile();
   }
   bool Unload() override { return true; }
   void GoTo(const Place& place) override { page_->GoTo(place); }

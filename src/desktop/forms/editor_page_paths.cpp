@@ -29,11 +29,11 @@ void EditorPage::Jump(const Place& place) {
 }
 
 void EditorPage::ShowUsedBy() {
-  auto* form = dynamic_cast<FieldTableForm*>(form_.get());
+  auto* form = dynamic_cast<FieldTableEditor*>(form_.get());
   if (form == nullptr) return;
   const int row = form->table()->current_row();
   if (!form->table()->InSight(row)) return;
-  UsedByDialog dialog(UsedBy(*parts_.store.Snapshot(parts_.state.ProjectFile), *form, row), row,
+  UsedByDialog dialog(UsedBy(*parts_.store.Snapshot(parts_.state.project_file), *form, row), row,
                       PageOf(parts_.settings), this);
   if (dialog.exec() == QDialog::Accepted) Jump(dialog.place());
 }
@@ -48,7 +48,7 @@ void EditorPage::ShowCallPath() {
   if (path_ == nullptr || form_->table()->rows() == 0) return;
   const int current = form_->table()->current_row();
   const int row = form_->table()->InSight(current) ? form_->table()->row(current).origin : 0;
-  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.ProjectFile);
+  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.project_file);
   if (row == path_row_ && project == path_project_) return;
   path_row_ = row;
   path_project_ = project;

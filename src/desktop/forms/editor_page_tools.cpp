@@ -94,7 +94,7 @@ void EditorPage::MakeTableActions() {
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
             [this] { filter_->setFocus(Qt::ShortcutFocusReason); });
   AddSeparator();
-  if (dynamic_cast<FieldTableForm*>(form_.get()) != nullptr) {
+  if (dynamic_cast<FieldTableEditor*>(form_.get()) != nullptr) {
     AddAction(QStringLiteral("mnu_used_by"), QStringLiteral("Used &by..."),
               {QKeySequence(Qt::CTRL | Qt::Key_U)}, [this] { ShowUsedBy(); });
     AddSeparator();

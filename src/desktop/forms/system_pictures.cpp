@@ -12,7 +12,7 @@
 
 #include "desktop/forms/pictures.h"
 #include "desktop/look/colours.h"
-#include "editors/system/frmSystemConfig.h"
+#include "editors/system/system_config_editor.h"
 #include "store/number_text.h"
 
 namespace tarvok::desktop {
@@ -25,7 +25,7 @@ constexpr int kLeapYear = 2024;  // a holiday has no year, and may be the last o
 /** A row a month, a place a day; a click or the blank turns a holiday over. */
 class Calendar : public FormView::Picture {
  public:
-  explicit Calendar(frmSystemConfig& form) : form_(form) {
+  explicit Calendar(SystemConfigEditor& form) : form_(form) {
     setObjectName(QStringLiteral("Calendar"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -116,7 +116,7 @@ class Calendar : public FormView::Picture {
                           .arg(on ? QStringLiteral("a holiday") : QStringLiteral("no holiday")));
   }
 
-  frmSystemConfig& form_;
+  SystemConfigEditor& form_;
   int month_ = 1;
   int day_ = 1;
 };
@@ -124,7 +124,7 @@ class Calendar : public FormView::Picture {
 /** A bar a weekday over 24 hours: light where the day's settings count. */
 class Week : public FormView::Picture {
  public:
-  explicit Week(frmSystemConfig& form) : form_(form) {
+  explicit Week(SystemConfigEditor& form) : form_(form) {
     setObjectName(QStringLiteral("Week"));
     setAccessibleName(QStringLiteral("Day and night over the week"));
     setMinimumSize(320, kWeekdays * 17 + 18);
@@ -178,18 +178,18 @@ class Week : public FormView::Picture {
     return std::min(static_cast<int>(Val(time.substr(0, 2)) * 60 + Val(time.substr(2))), kDay_min);
   }
 
-  frmSystemConfig& form_;
+  SystemConfigEditor& form_;
 };
 
 }  // namespace
 
 FormView::Picture* MakeCalendar(FormControls& form) {
-  auto* config = dynamic_cast<frmSystemConfig*>(&form);
+  auto* config = dynamic_cast<SystemConfigEditor*>(&form);
   return config != nullptr ? new Calendar(*config) : nullptr;
 }
 
 FormView::Picture* MakeWeek(FormControls& form) {
-  auto* config = dynamic_cast<frmSystemConfig*>(&form);
+  auto* config = dynamic_cast<SystemConfigEditor*>(&form);
   return config != nullptr ? new Week(*config) : nullptr;
 }
 

@@ -28,7 +28,7 @@ class WindowQuestions : public Questions {
       auto* list = new DifferenceList(
           PageOf(parts_.settings), {.first = "project as it was", .second = "file as it is now"},
           QStringLiteral("Nothing that a form shows: the files differ in blanks, comments or order alone."));
-      list->ShowDifferences(CompareProjects(loaded, *parts_.store.Snapshot(parts_.state.ProjectFile)));
+      list->ShowDifferences(CompareProjects(loaded, *parts_.store.Snapshot(parts_.state.project_file)));
       ShowInDialog(list, QStringLiteral("WhatChanged"), QStringLiteral("What Changed"), box);
     };
     return AskToOverwriteChanges(form_->window(), MessageText(question, PageOf(parts_.settings)),

@@ -133,7 +133,7 @@ QWidget* OverviewPane::MakeLegend() {
 }
 
 void OverviewPane::ShowProject() {
-  const std::string& file = parts_.state.ProjectFile;
+  const std::string& file = parts_.state.project_file;
   const std::shared_ptr<const IniText> project = parts_.store.Snapshot(file);
   const QFileInfo info(PathText(file));
   name_->setText(info.completeBaseName());

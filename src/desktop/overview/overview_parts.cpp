@@ -96,7 +96,7 @@ void OverviewPane::ShowConnection(const IniText& project) {
   }
   connection_->setText(lines.join(QStringLiteral("  \u00B7  ")));
   const std::optional<LastTransfer> last =
-      FindLastTransfer(parts_.settings, parts_.store.files(), parts_.state.ProjectFile);
+      FindLastTransfer(parts_.settings, parts_.store.files(), parts_.state.project_file);
   last_transfer_->setText(last ? LastTransferText(*last)
                                : QStringLiteral("Nothing was transferred with this project yet."));
 }

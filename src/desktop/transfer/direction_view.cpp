@@ -18,7 +18,7 @@ DirectionView::DirectionView(QWidget* parent) : QWidget(parent) {
   setAccessibleName(QStringLiteral("Direction of the transfer"));
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   Stop();
-  connect(&tmrRunPic_, &QTimer::timeout, this, [this] {
+  connect(&picture_timer_, &QTimer::timeout, this, [this] {
     step_ = (step_ + 1) % kArrows;
     update();
   });
@@ -27,7 +27,7 @@ DirectionView::DirectionView(QWidget* parent) : QWidget(parent) {
 void DirectionView::Start(bool to_exchange) {
   to_exchange_ = to_exchange;
   step_ = 0;
-  tmrRunPic_.start(kStep_ms);
+  picture_timer_.start(kStep_ms);
   setAccessibleDescription(to_exchange ? QStringLiteral("Sending to the exchange")
                                        : QStringLiteral("Loading from the exchange"));
   setToolTip(accessibleDescription());
@@ -35,7 +35,7 @@ void DirectionView::Start(bool to_exchange) {
 }
 
 void DirectionView::Stop() {
-  tmrRunPic_.stop();
+  picture_timer_.stop();
   setAccessibleDescription(QStringLiteral("No transfer"));
   setToolTip({});
   update();
@@ -61,7 +61,7 @@ void DirectionView::paintEvent(QPaintEvent*) {
   const double pitch = (all.width() - 2 * kEndWidth) / (kArrows + 1);
   for (int i = 0; i < kArrows; ++i) {
     const int place = to_exchange_ ? i : kArrows - 1 - i;
-    const bool lit = tmrRunPic_.isActive() && (place == step_ || place == (step_ + 1) % kArrows);
+    const bool lit = picture_timer_.isActive() && (place == step_ || place == (step_ + 1) % kArrows);
     painter.setPen(QPen(lit ? palette().color(QPalette::Highlight) : idle, 2, Qt::SolidLine, Qt::RoundCap));
     const double tip = to_exchange_ ? 3 : -3;
     const QPointF at(left + (i + 1) * pitch, all.center().y());

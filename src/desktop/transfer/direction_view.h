@@ -24,7 +24,7 @@ class DirectionView : public QWidget {
  private:
   void PaintEnd(QPainter& painter, const QRectF& place, const QString& name) const;
 
-  QTimer tmrRunPic_;
+  QTimer picture_timer_;
   bool to_exchange_ = true;
   int step_ = 0;
 };

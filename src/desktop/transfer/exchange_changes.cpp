@@ -29,7 +29,7 @@ void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connectio
       QStringLiteral("Nothing: the exchange has this configuration already, as far as this program knows."));
   const Result<std::string> copy = parts.copies.Find(connection);
   if (copy.ok()) {
-    const std::shared_ptr<const IniText> project = parts.store.Snapshot(parts.state.ProjectFile);
+    const std::shared_ptr<const IniText> project = parts.store.Snapshot(parts.state.project_file);
     list->ShowDifferences(
         CompareProjects(IniText(SentPart(IniText(copy.value()))), IniText(SentPart(*project))));
   } else if (copy.status().kind() == ErrorKind::kNotFound) {

@@ -35,58 +35,57 @@ PasswordDialog::PasswordDialog(PasswordForm& form, std::function<bool()> given_u
     : QDialog(parent), form_(form), given_up_(std::move(given_up)) {
   setObjectName(QStringLiteral("frmPassword2"));
   setWindowTitle(QStringLiteral("Enter Password"));
-  Text1_ = MakePasswordField(QStringLiteral("Text1"));
-  chkPSW_ = new QCheckBox(QStringLiteral("Change &Password"));
-  chkPSW_->setObjectName(QStringLiteral("chkPSW"));
+  password_ = MakePasswordField(QStringLiteral("Text1"));
+  changes_passwords_ = new QCheckBox(QStringLiteral("Change &Password"));
+  changes_passwords_->setObjectName(QStringLiteral("chkPSW"));
   pages_ = new QTabWidget;
   for (int level = 1; level <= PasswordForm::kLevels; ++level) {
     pages_->addTab(MakeLevel(level), QStringLiteral("Level &%1").arg(level));
   }
   pages_->hide();
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  Command1_ = buttons->button(QDialogButtonBox::Ok);
-  Command2_ = buttons->button(QDialogButtonBox::Cancel);
-  Command1_->setObjectName(QStringLiteral("Command1"));
-  Command2_->setObjectName(QStringLiteral("Command2"));
-  for (QPushButton* button : {Command1_, Command2_})
-    button->setAutoDefault(false);  // Enter has a rule of its own
+  ok_ = buttons->button(QDialogButtonBox::Ok);
+  cancel_ = buttons->button(QDialogButtonBox::Cancel);
+  ok_->setObjectName(QStringLiteral("Command1"));
+  cancel_->setObjectName(QStringLiteral("Command2"));
+  for (QPushButton* button : {ok_, cancel_}) button->setAutoDefault(false);  // Enter has a rule of its own
 
   auto* entry = new QFormLayout;
-  entry->addRow(QStringLiteral("&Enter Password"), Text1_);
+  entry->addRow(QStringLiteral("&Enter Password"), password_);
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(12);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addLayout(entry);
-  layout->addWidget(chkPSW_);
+  layout->addWidget(changes_passwords_);
   layout->addWidget(pages_);
   layout->addWidget(buttons);
 
-  connect(chkPSW_, &QCheckBox::toggled, pages_, &QWidget::setVisible);
-  connect(Text1_, &QLineEdit::returnPressed, this, [this] { EnterPressed(); });
-  connect(Command1_, &QPushButton::clicked, this, [this] { Ok(); });
-  connect(Command2_, &QPushButton::clicked, this, [this] { reject(); });
+  connect(changes_passwords_, &QCheckBox::toggled, pages_, &QWidget::setVisible);
+  connect(password_, &QLineEdit::returnPressed, this, [this] { EnterPressed(); });
+  connect(ok_, &QPushButton::clicked, this, [this] { Ok(); });
+  connect(cancel_, &QPushButton::clicked, this, [this] { reject(); });
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
           [this] { ShowHelp(this, "frmPassword2"); });
   connect(&follow_, &QTimer::timeout, this, [this] { Follow(); });
   follow_.start(kFollow_ms);
-  Text1_->setFocus();
+  password_->setFocus();
 }
 
 QWidget* PasswordDialog::MakeLevel(int level) {
   LevelFields& fields = levels_[static_cast<std::size_t>(level) - 1];
-  fields.chkLV = new QCheckBox(QStringLiteral("C&hange"));
-  fields.chkLV->setObjectName(QStringLiteral("chkLV(%1)").arg(level));
-  for (std::size_t i = 0; i < fields.txtPSW.size(); ++i) {
-    fields.txtPSW[i] = MakePasswordField(QStringLiteral("txtPSW(%1,%2)").arg(level).arg(i));
-    fields.txtPSW[i]->setEnabled(false);
-    connect(fields.chkLV, &QCheckBox::toggled, fields.txtPSW[i], &QWidget::setEnabled);
-    connect(fields.txtPSW[i], &QLineEdit::returnPressed, this, [this] { Ok(); });
+  fields.changes = new QCheckBox(QStringLiteral("C&hange"));
+  fields.changes->setObjectName(QStringLiteral("chkLV(%1)").arg(level));
+  for (std::size_t i = 0; i < fields.new_password.size(); ++i) {
+    fields.new_password[i] = MakePasswordField(QStringLiteral("txtPSW(%1,%2)").arg(level).arg(i));
+    fields.new_password[i]->setEnabled(false);
+    connect(fields.changes, &QCheckBox::toggled, fields.new_password[i], &QWidget::setEnabled);
+    connect(fields.new_password[i], &QLineEdit::returnPressed, this, [this] { Ok(); });
   }
   auto* page = new QWidget;
   auto* layout = new QFormLayout(page);
-  layout->addRow(fields.chkLV);
-  layout->addRow(QStringLiteral("&New Password :"), fields.txtPSW[0]);
-  layout->addRow(QStringLiteral("&Retype New Password :"), fields.txtPSW[1]);
+  layout->addRow(fields.changes);
+  layout->addRow(QStringLiteral("&New Password :"), fields.new_password[0]);
+  layout->addRow(QStringLiteral("&Retype New Password :"), fields.new_password[1]);
   layout->addRow(MakeMuted(new QLabel(QStringLiteral("(Six-character; no spaces)"))));
   return page;
 }
@@ -98,21 +97,21 @@ void PasswordDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void PasswordDialog::EnterPressed() {
-  if (!chkPSW_->isChecked()) {
+  if (!changes_passwords_->isChecked()) {
     Ok();
     return;
   }
   const LevelFields& fields = levels_[static_cast<std::size_t>(pages_->currentIndex())];
-  (fields.chkLV->isChecked() ? static_cast<QWidget*>(fields.txtPSW[0]) : fields.chkLV)->setFocus();
+  (fields.changes->isChecked() ? static_cast<QWidget*>(fields.new_password[0]) : fields.changes)->setFocus();
 }
 
 void PasswordDialog::FillForm() {
-  form_.Text1 = Text1_->text().toStdString();
-  form_.chkPSW = chkPSW_->isChecked();
+  form_.password = password_->text().toStdString();
+  form_.changes_passwords = changes_passwords_->isChecked();
   for (std::size_t i = 0; i < levels_.size(); ++i) {
-    form_.levels[i] = {.chkLV = levels_[i].chkLV->isChecked(),
-                       .password = levels_[i].txtPSW[0]->text().toStdString(),
-                       .retyped = levels_[i].txtPSW[1]->text().toStdString()};
+    form_.levels[i] = {.changes = levels_[i].changes->isChecked(),
+                       .password = levels_[i].new_password[0]->text().toStdString(),
+                       .retyped = levels_[i].new_password[1]->text().toStdString()};
   }
 }
 
@@ -121,40 +120,40 @@ void PasswordDialog::Ok() {
   FillForm();
   tried_ = true;
   SetBusy(true);
-  form_.Command1();
+  form_.Ok();
   SetBusy(false);
-  Text1_->setFocus();
+  password_->setFocus();
   Follow();
 }
 
 void PasswordDialog::reject() {
   if (busy_) return;
   cancelled_ = true;
-  form_.Command2();
+  form_.Cancel();
   Follow();
 }
 
 /** The form may close itself or clear its field on its own, when an error reply comes late. */
 void PasswordDialog::Follow() {
   if (busy_) return;
-  if (form_.open() && given_up_()) form_.Command2();
+  if (form_.open() && given_up_()) form_.Cancel();
   if (!form_.open()) {
     follow_.stop();
     done(form_.passed() ? QDialog::Accepted : QDialog::Rejected);
     return;
   }
-  if (tried_ && form_.Text1.empty()) {
+  if (tried_ && form_.password.empty()) {
     tried_ = false;
-    Text1_->clear();
-    Text1_->setFocus();
+    password_->clear();
+    password_->setFocus();
   }
 }
 
 void PasswordDialog::SetBusy(bool busy) {
   busy_ = busy;
   for (QWidget* control :
-       {static_cast<QWidget*>(Text1_), static_cast<QWidget*>(chkPSW_), static_cast<QWidget*>(pages_),
-        static_cast<QWidget*>(Command1_), static_cast<QWidget*>(Command2_)}) {
+       {static_cast<QWidget*>(password_), static_cast<QWidget*>(changes_passwords_),
+        static_cast<QWidget*>(pages_), static_cast<QWidget*>(ok_), static_cast<QWidget*>(cancel_)}) {
     control->setEnabled(!busy);
   }
 }

@@ -32,8 +32,8 @@ class PasswordDialog : public QDialog {
 
  private:
   struct LevelFields {
-    QCheckBox* chkLV = nullptr;
-    std::array<QLineEdit*, 2> txtPSW{};
+    QCheckBox* changes = nullptr;
+    std::array<QLineEdit*, 2> new_password{};
   };
 
   QWidget* MakeLevel(int level);
@@ -45,12 +45,12 @@ class PasswordDialog : public QDialog {
 
   PasswordForm& form_;
   std::function<bool()> given_up_;
-  QLineEdit* Text1_ = nullptr;
-  QCheckBox* chkPSW_ = nullptr;
+  QLineEdit* password_ = nullptr;
+  QCheckBox* changes_passwords_ = nullptr;
   QTabWidget* pages_ = nullptr;
   std::array<LevelFields, PasswordForm::kLevels> levels_{};
-  QPushButton* Command1_ = nullptr;
-  QPushButton* Command2_ = nullptr;
+  QPushButton* ok_ = nullptr;
+  QPushButton* cancel_ = nullptr;
   QTimer follow_;
   bool busy_ = false;
   bool cancelled_ = false;

@@ -65,11 +65,11 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
           [this] { ShowHelp(this, "frmSetting"); });
 
-  const Status written_back = ReadConnectionKeys(parts_.store, parts_.state.ProjectFile, keys_);
+  const Status written_back = ReadConnectionKeys(parts_.store, parts_.state.project_file, keys_);
   Fill();
   SetFilters();
   ShowDependent();
-  Option1_[static_cast<std::size_t>(keys_.Way())]->setFocus();
+  ways_[static_cast<std::size_t>(keys_.Way())]->setFocus();
   if (!written_back.ok()) {
     ShowBox(parent, QMessageBox::Critical, MessageText(written_back.message(), PageOf(parts_.settings)));
   }
@@ -82,7 +82,7 @@ QWidget* SettingDialog::MakeWays() {
     auto* option = new QRadioButton(QString::fromLatin1(kWayTexts[way]));
     option->setObjectName(QStringLiteral("Option1(%1)").arg(way));
     connect(option, &QRadioButton::toggled, this, [this] { ShowDependent(); });
-    Option1_[static_cast<std::size_t>(way)] = option;
+    ways_[static_cast<std::size_t>(way)] = option;
     layout->addWidget(option);
   }
   return group;
@@ -105,12 +105,12 @@ QWidget* SettingDialog::MakeSerialFrame() {
   speed_->setEditable(true);
   WheelNeedsFocus::Set(speed_);
   for (const char* speed : kSpeeds) speed_->addItem(QString::fromLatin1(speed));
-  chkSpecial_ = new QCheckBox(QStringLiteral("Send data slow"));
-  chkSpecial_->setObjectName(QStringLiteral("chkSpecial"));
+  slowly_ = new QCheckBox(QStringLiteral("Send data slow"));
+  slowly_->setObjectName(QStringLiteral("chkSpecial"));
   auto* layout = new QFormLayout(frame);
   layout->addRow(QStringLiteral("&Port"), serial_);
   layout->addRow(QStringLiteral("&Speed"), speed_);
-  layout->addRow(QString(), chkSpecial_);
+  layout->addRow(QString(), slowly_);
   return frame;
 }
 
@@ -118,26 +118,26 @@ QWidget* SettingDialog::MakeModemFrame() {
   auto* frame = new GroupFrame(QStringLiteral("Modem"));
   frame->setObjectName(QStringLiteral("fraSettingModem"));
   modem_ = new SerialPortChoice(QStringLiteral("cmbPortModem"), parts_.settings);
-  txtTel_ = new QLineEdit;
-  txtTel_->setObjectName(QStringLiteral("txtTel"));
-  txtTel_->setToolTip(QStringLiteral("Digits; a comma waits for a second tone"));
+  telephone_ = new QLineEdit;
+  telephone_->setObjectName(QStringLiteral("txtTel"));
+  telephone_->setToolTip(QStringLiteral("Digits; a comma waits for a second tone"));
   auto* layout = new QFormLayout(frame);
   layout->addRow(QStringLiteral("&Port"), modem_);
-  layout->addRow(QStringLiteral("&Telephone"), txtTel_);
+  layout->addRow(QStringLiteral("&Telephone"), telephone_);
   return frame;
 }
 
 QWidget* SettingDialog::MakeServerFrame() {
   auto* frame = new GroupFrame(QStringLiteral("Network"));
   frame->setObjectName(QStringLiteral("fraSettingServer"));
-  txtHost_ = new QLineEdit;
-  txtHost_->setObjectName(QStringLiteral("txtHost"));
-  txtHost_->setPlaceholderText(QStringLiteral("192.168.1.10"));
-  txtPort_ = new QLineEdit;
-  txtPort_->setObjectName(QStringLiteral("txtPort"));
+  host_ = new QLineEdit;
+  host_->setObjectName(QStringLiteral("txtHost"));
+  host_->setPlaceholderText(QStringLiteral("192.168.1.10"));
+  ip_port_ = new QLineEdit;
+  ip_port_->setObjectName(QStringLiteral("txtPort"));
   auto* layout = new QFormLayout(frame);
-  layout->addRow(QStringLiteral("IP &address"), txtHost_);
-  layout->addRow(QStringLiteral("&Port"), txtPort_);
+  layout->addRow(QStringLiteral("IP &address"), host_);
+  layout->addRow(QStringLiteral("&Port"), ip_port_);
   return frame;
 }
 
@@ -145,26 +145,26 @@ QWidget* SettingDialog::MakeLink() {
   auto* group = new GroupFrame(QStringLiteral("Exchange"));
   auto* layout = new QHBoxLayout(group);
   auto* options = new QVBoxLayout;
-  for (std::size_t i = 0; i < Option2_.size(); ++i) {
-    Option2_[i] = new QRadioButton(QString::fromLatin1(kLinkTexts[i]));
-    Option2_[i]->setObjectName(QStringLiteral("Option2(%1)").arg(i));
-    connect(Option2_[i], &QRadioButton::toggled, this, [this] { ShowDependent(); });
-    options->addWidget(Option2_[i]);
+  for (std::size_t i = 0; i < links_.size(); ++i) {
+    links_[i] = new QRadioButton(QString::fromLatin1(kLinkTexts[i]));
+    links_[i]->setObjectName(QStringLiteral("Option2(%1)").arg(i));
+    connect(links_[i], &QRadioButton::toggled, this, [this] { ShowDependent(); });
+    options->addWidget(links_[i]);
   }
   options->addStretch();
-  fraInputID_ = new QWidget;
-  fraInputID_->setObjectName(QStringLiteral("fraInputID"));
-  QSizePolicy keeps_place = fraInputID_->sizePolicy();
+  ids_ = new QWidget;
+  ids_->setObjectName(QStringLiteral("fraInputID"));
+  QSizePolicy keeps_place = ids_->sizePolicy();
   keeps_place.setRetainSizeWhenHidden(true);
-  fraInputID_->setSizePolicy(keeps_place);
-  cmbPBX_ = MakeIdList(QStringLiteral("cmbPBX"));
-  cmbCard_ = MakeIdList(QStringLiteral("cmbCard"));
-  auto* ids = new QFormLayout(fraInputID_);
+  ids_->setSizePolicy(keeps_place);
+  pbx_id_ = MakeIdList(QStringLiteral("cmbPBX"));
+  card_id_ = MakeIdList(QStringLiteral("cmbCard"));
+  auto* ids = new QFormLayout(ids_);
   ids->setContentsMargins(24, 0, 0, 0);
-  ids->addRow(QStringLiteral("PBX &ID"), cmbPBX_);
-  ids->addRow(QStringLiteral("&Card ID"), cmbCard_);
+  ids->addRow(QStringLiteral("PBX &ID"), pbx_id_);
+  ids->addRow(QStringLiteral("&Card ID"), card_id_);
   layout->addLayout(options);
-  layout->addWidget(fraInputID_, 1);
+  layout->addWidget(ids_, 1);
   return group;
 }
 
@@ -180,57 +180,57 @@ QWidget* SettingDialog::MakeButtons() {
 
 void SettingDialog::Fill() {
   const CodePage& page = PageOf(parts_.settings);
-  Option1_[static_cast<std::size_t>(keys_.Way())]->setChecked(true);
-  Option2_[keys_.IsLinked() ? 1 : 0]->setChecked(true);
+  ways_[static_cast<std::size_t>(keys_.Way())]->setChecked(true);
+  links_[keys_.IsLinked() ? 1 : 0]->setChecked(true);
   serial_->Select(keys_.port);
   modem_->Select(keys_.port_modem);
   speed_->setCurrentText(page.ToLetters(keys_.bps));
-  chkSpecial_->setChecked(keys_.cut == kOn);
-  txtTel_->setText(page.ToLetters(keys_.tel));
-  txtHost_->setText(page.ToLetters(keys_.ip_host));
-  txtPort_->setText(page.ToLetters(keys_.ip_port));
-  SelectId(cmbPBX_, keys_.pbx_id);
-  SelectId(cmbCard_, keys_.card_id);
+  slowly_->setChecked(keys_.cut == kOn);
+  telephone_->setText(page.ToLetters(keys_.tel));
+  host_->setText(page.ToLetters(keys_.ip_host));
+  ip_port_->setText(page.ToLetters(keys_.ip_port));
+  SelectId(pbx_id_, keys_.pbx_id);
+  SelectId(card_id_, keys_.card_id);
 }
 
 void SettingDialog::SetFilters() {
-  CharacterFilter::Set(txtTel_, [](QChar c) { return IsDigit(c) || c == QLatin1Char(','); });
-  CharacterFilter::Set(txtHost_, [](QChar c) { return IsDigit(c) || c == QLatin1Char('.'); });
-  CharacterFilter::Set(txtPort_, IsDigit);
+  CharacterFilter::Set(telephone_, [](QChar c) { return IsDigit(c) || c == QLatin1Char(','); });
+  CharacterFilter::Set(host_, [](QChar c) { return IsDigit(c) || c == QLatin1Char('.'); });
+  CharacterFilter::Set(ip_port_, IsDigit);
 }
 
 void SettingDialog::ShowDependent() {
-  if (Option1_[1] == nullptr || fraInputID_ == nullptr) return;
+  if (ways_[1] == nullptr || ids_ == nullptr) return;
   constexpr int kModemWay = 2;
-  const bool serial = Option1_[1]->isChecked();
-  const bool modem = Option1_[kModemWay]->isChecked();
+  const bool serial = ways_[1]->isChecked();
+  const bool modem = ways_[kModemWay]->isChecked();
   frames_->setCurrentIndex(serial ? 0 : (modem ? 1 : 2));
-  fraInputID_->setVisible(Option2_[1]->isChecked());
+  ids_->setVisible(links_[1]->isChecked());
 }
 
 void SettingDialog::Apply() {
   const CodePage& page = PageOf(parts_.settings);
-  const std::string problem = WhyNoProject(parts_.store, parts_.state.ProjectFile);
+  const std::string problem = WhyNoProject(parts_.store, parts_.state.project_file);
   if (!problem.empty()) return ShowBox(this, QMessageBox::Critical, MessageText(problem, page));
-  for (std::size_t way = 0; way < Option1_.size(); ++way) {
+  for (std::size_t way = 0; way < ways_.size(); ++way) {
     const bool changed = static_cast<int>(way) != keys_.Way() || keys_.by.empty();
-    if (Option1_[way]->isChecked() && changed) keys_.by = std::to_string(way);
+    if (ways_[way]->isChecked() && changed) keys_.by = std::to_string(way);
   }
-  const bool linked = Option2_[1]->isChecked();
+  const bool linked = links_[1]->isChecked();
   if (linked != keys_.IsLinked() || keys_.dcpu.empty()) keys_.dcpu = linked ? "1" : "0";
   keys_.port = serial_->Selected(keys_.port);
   keys_.port_modem = modem_->Selected(keys_.port_modem);
   keys_.bps = page.ToBytes(speed_->currentText().trimmed());
   // A size of pieces that somebody entered by hand stays while the box is left alone.
-  if (chkSpecial_->isChecked() != (keys_.cut == kOn) || keys_.cut.empty()) {
-    keys_.cut = chkSpecial_->isChecked() ? kOn : "0";
+  if (slowly_->isChecked() != (keys_.cut == kOn) || keys_.cut.empty()) {
+    keys_.cut = slowly_->isChecked() ? kOn : "0";
   }
-  keys_.tel = page.ToBytes(txtTel_->text());
-  keys_.ip_host = page.ToBytes(txtHost_->text());
-  keys_.ip_port = page.ToBytes(txtPort_->text());
-  keys_.pbx_id = SelectedId(cmbPBX_, keys_.pbx_id);
-  keys_.card_id = SelectedId(cmbCard_, keys_.card_id);
-  const Status written = WriteConnectionKeys(parts_.store, parts_.state.ProjectFile, keys_);
+  keys_.tel = page.ToBytes(telephone_->text());
+  keys_.ip_host = page.ToBytes(host_->text());
+  keys_.ip_port = page.ToBytes(ip_port_->text());
+  keys_.pbx_id = SelectedId(pbx_id_, keys_.pbx_id);
+  keys_.card_id = SelectedId(card_id_, keys_.card_id);
+  const Status written = WriteConnectionKeys(parts_.store, parts_.state.project_file, keys_);
   if (!written.ok()) {
     ShowBox(this, QMessageBox::Critical, MessageText(written.message(), page));
     return;  // what was entered is not lost

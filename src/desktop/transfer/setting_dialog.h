@@ -39,19 +39,19 @@ class SettingDialog : public QDialog {
 
   DesktopParts& parts_;
   ConnectionKeys keys_;
-  std::array<QRadioButton*, kWays> Option1_{};
-  std::array<QRadioButton*, 2> Option2_{};
+  std::array<QRadioButton*, kWays> ways_{};
+  std::array<QRadioButton*, 2> links_{};
   QStackedWidget* frames_ = nullptr;
-  QWidget* fraInputID_ = nullptr;
+  QWidget* ids_ = nullptr;
   SerialPortChoice* serial_ = nullptr;
   SerialPortChoice* modem_ = nullptr;
   QComboBox* speed_ = nullptr;
-  QComboBox* cmbPBX_ = nullptr;
-  QComboBox* cmbCard_ = nullptr;
-  QCheckBox* chkSpecial_ = nullptr;
-  QLineEdit* txtTel_ = nullptr;
-  QLineEdit* txtHost_ = nullptr;
-  QLineEdit* txtPort_ = nullptr;
+  QComboBox* pbx_id_ = nullptr;
+  QComboBox* card_id_ = nullptr;
+  QCheckBox* slowly_ = nullptr;
+  QLineEdit* telephone_ = nullptr;
+  QLineEdit* host_ = nullptr;
+  QLineEdit* ip_port_ = nullptr;
 };
 
 }  // namespace tarvok::desktop

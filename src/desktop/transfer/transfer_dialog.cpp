@@ -36,8 +36,8 @@ void TransferDialog::OpenTransfer() {
                                                        .store = parts_.store,
                                                        .view = *this,
                                                        .log = log_,
-                                                       .project_file = parts_.state.ProjectFile,
-                                                       .load_target = parts_.state.ProjectFile,
+                                                       .project_file = parts_.state.project_file,
+                                                       .load_target = parts_.state.project_file,
                                                        .system_file = parts_.system_file,
                                                        .temp_folder = parts_.temp_folder},
                                          kind_.form);
@@ -57,10 +57,10 @@ QString TransferDialog::Letters(std::string_view text) const {
 void TransferDialog::Run(const TransferAction& action) {
   if (running_ != nullptr || leaving_) return;
   running_ = &action;
-  const std::string folder = txtFolder_ == nullptr ? std::string() : PathBytes(txtFolder_->text().trimmed());
+  const std::string folder = folder_ == nullptr ? std::string() : PathBytes(folder_->text().trimmed());
   began_ = false;
   not_taken_ = cancelled_ = false;
-  const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.ProjectFile);
+  const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.project_file);
   // How it ended stands in the log window and its boxes.
   const bool done = action.run(*transfer_, folder);
   running_ = nullptr;
@@ -71,7 +71,7 @@ void TransferDialog::Run(const TransferAction& action) {
 /** What the exchange holds now is known after a whole send or load. A project that somebody changed while it
  * was being sent went in pieces of either state. */
 void TransferDialog::Remember(const TransferAction& action, bool done, const IniText& before) {
-  const std::string& project = parts_.state.ProjectFile;
+  const std::string& project = parts_.state.project_file;
   KeepLastTransfer(parts_.settings, parts_.store.files(), project,
                    {.time_s = QDateTime::currentSecsSinceEpoch(),
                     .loaded = action.loads,
@@ -126,10 +126,10 @@ void TransferDialog::closeEvent(QCloseEvent* event) {
 }
 
 void TransferDialog::Log(std::string_view text) {
-  QTextCursor end(Text1_->document());
+  QTextCursor end(log_window_->document());
   end.movePosition(QTextCursor::End);
   end.insertText(Letters(text));
-  QScrollBar* scroll = Text1_->verticalScrollBar();
+  QScrollBar* scroll = log_window_->verticalScrollBar();
   scroll->setValue(scroll->maximum());
 }
 
@@ -140,7 +140,7 @@ void TransferDialog::Progress(int value, int end) {
 
 void TransferDialog::Elapsed(int seconds) {
   constexpr int kMinute_s = 60;
-  lblTime_->setText(Words(std::to_string(seconds / kMinute_s) + ":" + Padded(seconds % kMinute_s, 2)));
+  elapsed_->setText(Words(std::to_string(seconds / kMinute_s) + ":" + Padded(seconds % kMinute_s, 2)));
 }
 
 void TransferDialog::Box(BoxKind kind, std::string_view text) {
@@ -151,7 +151,7 @@ bool TransferDialog::Ask(std::string_view question) {
   const bool replaces = question == kReplaceQuestion;
   // Closing that one would throw away what was loaded.
   if (!AskYesNo(this, Letters(question), {.must_be_answered = replaces})) return false;
-  if (replaces) parts_.keep(parts_.state.ProjectFile, kBeforeLoad);
+  if (replaces) parts_.keep(parts_.state.project_file, kBeforeLoad);
   return true;
 }
 
@@ -196,7 +196,7 @@ void TransferDialog::SetBusy(bool busy) {
     bar_->reset();
     Elapsed(0);
     direction_->Start(running_ == nullptr || !running_->loads);
-    Text1_->setFocus();
+    log_window_->setFocus();
   } else {
     direction_->Stop();
     auto* pressed = running_ == nullptr ? nullptr : findChild<QPushButton*>(Words(running_->control));
@@ -215,9 +215,9 @@ void TransferDialog::OpenSettings() {
 }
 
 void TransferDialog::KeepFolder() {
-  if (txtFolder_ == nullptr) return;
-  const std::string folder = PathBytes(txtFolder_->text().trimmed());
-  const std::string& project = parts_.state.ProjectFile;
+  if (folder_ == nullptr) return;
+  const std::string folder = PathBytes(folder_->text().trimmed());
+  const std::string& project = parts_.state.project_file;
   if (folder == parts_.store.GetIniValue(project, kHeaderSection, kLastBilling)) return;
   if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
     return Box(BoxKind::kCritical, problem);
@@ -227,10 +227,10 @@ void TransferDialog::KeepFolder() {
 }
 
 void TransferDialog::Browse() {
-  const QString folder = QFileDialog::getExistingDirectory(
-      this, QStringLiteral("Folder of the billing files"), txtFolder_->text());
+  const QString folder =
+      QFileDialog::getExistingDirectory(this, QStringLiteral("Folder of the billing files"), folder_->text());
   if (folder.isEmpty()) return;
-  txtFolder_->setText(folder);
+  folder_->setText(folder);
   KeepFolder();
 }
 

@@ -37,7 +37,7 @@ class TransferDialog : public QDialog, public SessionView, public Form {
 
   std::string_view name() const override { return kind_.name; }
   void Show() override { exec(); }
-  bool Save_File() override { return true; }
+  bool SaveFile() override { return true; }
   /** Refused during a session, with a line that says so; an idle form closes, along with a dialog open over it. */
   bool Unload() override;
 
@@ -93,12 +93,12 @@ class TransferDialog : public QDialog, public SessionView, public Form {
 
   QLabel* summary_ = nullptr;
   DirectionView* direction_ = nullptr;
-  QPlainTextEdit* Text1_ = nullptr;
+  QPlainTextEdit* log_window_ = nullptr;
   QProgressBar* bar_ = nullptr;
-  QLabel* lblTime_ = nullptr;
+  QLabel* elapsed_ = nullptr;
   QLabel* advice_ = nullptr;
   QLabel* pace_ = nullptr;
-  QLineEdit* txtFolder_ = nullptr;
+  QLineEdit* folder_ = nullptr;
   std::vector<QWidget*> idle_controls_;  // disabled while a session runs
 };
 

@@ -93,24 +93,24 @@ QLayout* TransferDialog::MakeButtons() {
 }
 
 QLayout* TransferDialog::MakeLogColumn() {
-  Text1_ = new QPlainTextEdit;
-  Text1_->setObjectName(QStringLiteral("Text1"));
-  Text1_->setAccessibleName(QStringLiteral("Log of the transfer"));
-  Text1_->setReadOnly(true);
-  Text1_->setTabChangesFocus(true);
-  Text1_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  Text1_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  Text1_->setPlaceholderText(QStringLiteral("What a transfer does is written here."));
+  log_window_ = new QPlainTextEdit;
+  log_window_->setObjectName(QStringLiteral("Text1"));
+  log_window_->setAccessibleName(QStringLiteral("Log of the transfer"));
+  log_window_->setReadOnly(true);
+  log_window_->setTabChangesFocus(true);
+  log_window_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  log_window_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  log_window_->setPlaceholderText(QStringLiteral("What a transfer does is written here."));
   bar_ = new QProgressBar;
   bar_->setAccessibleName(QStringLiteral("Progress"));
   bar_->setRange(0, 1);
   bar_->setValue(0);
-  lblTime_ = new QLabel;
-  lblTime_->setObjectName(QStringLiteral("lblTime"));
-  lblTime_->setAccessibleName(QStringLiteral("Elapsed time"));
-  lblTime_->setMinimumWidth(lblTime_->fontMetrics().horizontalAdvance(QStringLiteral("000:00")));
-  lblTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  lblTime_->setToolTip(QStringLiteral("Minutes and seconds since the start"));
+  elapsed_ = new QLabel;
+  elapsed_->setObjectName(QStringLiteral("lblTime"));
+  elapsed_->setAccessibleName(QStringLiteral("Elapsed time"));
+  elapsed_->setMinimumWidth(elapsed_->fontMetrics().horizontalAdvance(QStringLiteral("000:00")));
+  elapsed_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  elapsed_->setToolTip(QStringLiteral("Minutes and seconds since the start"));
   TransferDialog::Elapsed(0);
   advice_ = new QLabel;
   advice_->setObjectName(QStringLiteral("Advice"));
@@ -126,10 +126,10 @@ QLayout* TransferDialog::MakeLogColumn() {
   pace_->hide();
   auto* progress = new QHBoxLayout;
   progress->addWidget(bar_, 1);
-  progress->addWidget(lblTime_);
+  progress->addWidget(elapsed_);
   auto* column = new QVBoxLayout;
   column->setSpacing(8);
-  column->addWidget(Text1_, 1);
+  column->addWidget(log_window_, 1);
   column->addWidget(advice_);
   column->addLayout(progress);
   column->addWidget(pace_);
@@ -137,19 +137,19 @@ QLayout* TransferDialog::MakeLogColumn() {
 }
 
 QLayout* TransferDialog::MakeFolder() {
-  const std::string kept = parts_.store.GetIniValue(parts_.state.ProjectFile, kHeaderSection, kLastBilling);
-  txtFolder_ = new QLineEdit(kept.empty() ? QString::fromLatin1(kNoFolderYet) : PathText(kept));
-  txtFolder_->setObjectName(QStringLiteral("txtFolder"));
+  const std::string kept = parts_.store.GetIniValue(parts_.state.project_file, kHeaderSection, kLastBilling);
+  folder_ = new QLineEdit(kept.empty() ? QString::fromLatin1(kNoFolderYet) : PathText(kept));
+  folder_->setObjectName(QStringLiteral("txtFolder"));
   auto* label = new QLabel(QStringLiteral("&Folder"));
-  label->setBuddy(txtFolder_);
+  label->setBuddy(folder_);
   QPushButton* browse = MakeButton("cmdBrowse", "B&rowse...", "Chooses the folder of the billing files");
   browse->setMinimumWidth(0);
   connect(browse, &QPushButton::clicked, this, [this] { Browse(); });
   auto* row = new QHBoxLayout;
   row->addWidget(label);
-  row->addWidget(txtFolder_, 1);
+  row->addWidget(folder_, 1);
   row->addWidget(browse);
-  idle_controls_.push_back(txtFolder_);
+  idle_controls_.push_back(folder_);
   return row;
 }
 

@@ -88,7 +88,7 @@ void FindDialog::Ask() {
 
 void FindDialog::Search() {
   const CodePage& page = PageOf(parts_.settings);
-  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.ProjectFile);
+  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.project_file);
   SearchResult result = SearchProject(*project, page.ToBytes(text_->text()), kMostShown, FoldOf(page));
   found_ = std::move(result.found);
   list_->clear();

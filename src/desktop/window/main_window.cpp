@@ -17,7 +17,7 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr std::chrono::milliseconds kBehindThePaint{100};
+constexpr std::chrono::milliseconds kAfterPaint{100};
 
 }  // namespace
 
@@ -94,11 +94,11 @@ std::string MainWindow::ChooseNewFile() {
 }
 
 void MainWindow::New() {
-  const bool was_open = !parts_.state.ProjectFile.empty();
+  const bool was_open = !parts_.state.project_file.empty();
   frame_->New();
-  if (was_open || parts_.state.ProjectFile.empty()) return;
+  if (was_open || parts_.state.project_file.empty()) return;
   // Another project may have had that name.
-  ForgetLastTransfer(parts_.settings, parts_.store.files(), parts_.state.ProjectFile);
+  ForgetLastTransfer(parts_.settings, parts_.store.files(), parts_.state.project_file);
   overview_->ShowProject();
 }
 
@@ -130,7 +130,7 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::ShowInPane(QWidget* widget) {
   pane_->addWidget(widget);
   pane_->setCurrentWidget(widget);
-  tree_->SetCurrent(parts_.state.ClickedNode);  // a jump opens it without a click there
+  tree_->SetCurrent(parts_.state.clicked_node);  // a jump opens it without a click there
   widget->setFocus(Qt::OtherFocusReason);
   DropClosed();
 }
@@ -145,12 +145,12 @@ void MainWindow::DropClosed() {
   if (closed_ == nullptr) return;
   // Inside the window its place would be painted once more when it dies.
   closed_->setParent(&dying_);
-  QTimer::singleShot(kBehindThePaint, closed_.data(), &QObject::deleteLater);
+  QTimer::singleShot(kAfterPaint, closed_.data(), &QObject::deleteLater);
   closed_.clear();
 }
 
 void MainWindow::Help() {
-  ShowHelp(this, parts_.state.ActiveFormName);
+  ShowHelp(this, parts_.state.active_form_name);
 }
 
 void MainWindow::SwitchSides() {

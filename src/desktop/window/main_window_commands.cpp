@@ -42,8 +42,8 @@ void MainWindow::Find() {
 
 void MainWindow::EarlierVersions() {
   // An open form would write its older rows over what is brought back: it is saved and closed first.
-  if (!parts_.state.ActiveFormName.empty() &&
-      !frame_->CloseActiveForm(std::string(parts_.state.ActiveFormName))) {
+  if (!parts_.state.active_form_name.empty() &&
+      !frame_->CloseActiveForm(std::string(parts_.state.active_form_name))) {
     return;
   }
   if (VersionsDialog(parts_, this).exec() == QDialog::Accepted) overview_->ShowProject();
@@ -92,7 +92,7 @@ void MainWindow::UsePractice() {
 }
 
 void MainWindow::ConnectToPractice() {
-  const std::string& project = parts_.state.ProjectFile;
+  const std::string& project = parts_.state.project_file;
   if (project.empty()) return;
   if (const std::string problem = WhyNoProject(parts_.store, project); !problem.empty()) {
     return ShowBox(this, QMessageBox::Critical, MessageText(problem, PageOf(parts_.settings)));

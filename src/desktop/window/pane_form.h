@@ -40,7 +40,7 @@ class PaneForm : public Form {
   std::string_view name() const override { return name_; }
   void Show() override { host_.ShowInPane(widget_); }
   /** A form that only shows has nothing to save. */
-  bool Save_File() override { return true; }
+  bool SaveFile() override { return true; }
   bool Unload() override { return true; }
 
  private:

@@ -66,7 +66,7 @@ VersionsDialog::VersionsDialog(DesktopParts& parts, QWidget* parent) : QDialog(p
 }
 
 void VersionsDialog::Fill() {
-  Result<std::vector<KeptVersion>> versions = parts_.history.Versions(parts_.state.ProjectFile);
+  Result<std::vector<KeptVersion>> versions = parts_.history.Versions(parts_.state.project_file);
   bring_back_->setEnabled(false);
   if (!versions.ok()) {
     difference_->ShowText(MessageText(versions.status().message(), PageOf(parts_.settings)));
@@ -90,7 +90,7 @@ void VersionsDialog::ShowDifference() {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   bring_back_->setEnabled(false);
   if (row < 0) return;
-  const std::string& project = parts_.state.ProjectFile;
+  const std::string& project = parts_.state.project_file;
   const Result<std::string> bytes = parts_.history.Read(project, versions_[static_cast<std::size_t>(row)]);
   if (!bytes.ok()) {
     difference_->ShowText(MessageText(bytes.status().message(), PageOf(parts_.settings)));
@@ -104,8 +104,9 @@ void VersionsDialog::ShowDifference() {
 void VersionsDialog::BringBack() {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   if (row < 0) return;
-  const Status done = parts_.history.BringBack(
-      parts_.state.ProjectFile, versions_[static_cast<std::size_t>(row)], QDateTime::currentSecsSinceEpoch());
+  const Status done =
+      parts_.history.BringBack(parts_.state.project_file, versions_[static_cast<std::size_t>(row)],
+                               QDateTime::currentSecsSinceEpoch());
   if (done.ok()) {
     accept();
     return;

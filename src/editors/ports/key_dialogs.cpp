@@ -63,7 +63,7 @@ KeyDialog::KeyDialog(std::span<const ButtonCode> codes, const Field& statement, 
       statement_(statement),
       ends_(std::move(ends)),
       number_(AddText({"txtNumber"}, "Number", {})),
-      ok_(AddButton("cmdOK", "&OK", [this] { cmdOK(); })),
+      ok_(AddButton("cmdOK", "&OK", [this] { Ok(); })),
       cancel_(AddButton("cmdCancel", "&Cancel", [this] { ends_.close(); })) {
   for (const ButtonCode& button : codes) {
     const auto index = static_cast<int>(options_.size());
@@ -79,7 +79,7 @@ Control& KeyDialog::AddInput(Control& input) {
     if (key.code == KeyCode::kTab) {
       FocusNext(input);
     } else if (key.code == KeyCode::kReturn) {
-      cmdOK();
+      Ok();
     } else if (key.code == KeyCode::kEscape) {
       ends_.close();
     } else {
@@ -162,12 +162,12 @@ std::string KeyDialog::Text() const {
   return number_.text.empty() ? std::string() : std::string(code()) + number_.text;
 }
 
-void KeyDialog::cmdOK() {
+void KeyDialog::Ok() {
   if (touched_) ends_.done(Text());
   ends_.close();
 }
 
-frmInsertDss::frmInsertDss(std::string_view label, Ends ends)
+DssKeyDialog::DssKeyDialog(std::string_view label, Ends ends)
     : KeyDialog(kDssButtons, kDss.fields[0], std::move(ends)) {
   std::vector<FormLayout> choices;
   for (Control* option : options()) choices.push_back(layout::Of(*option));
@@ -176,7 +176,7 @@ frmInsertDss::frmInsertDss(std::string_view label, Ends ends)
   Fill(label);
 }
 
-frmInsertKey::frmInsertKey(std::string_view label, std::vector<std::string> lines, Ends ends)
+PhoneKeyDialog::PhoneKeyDialog(std::string_view label, std::vector<std::string> lines, Ends ends)
     : KeyDialog(kKeyButtons, kKeys.fields[0], std::move(ends)),
       map_(AddInput(AddText({"txtMapDigit"}, "Map Digit", RuleOf(MapOf(kTrunk))))),
       group_(
@@ -197,7 +197,7 @@ frmInsertKey::frmInsertKey(std::string_view label, std::vector<std::string> line
   Fill(label);
 }
 
-void frmInsertKey::FillInputs(std::string_view code, std::string_view argument) {
+void PhoneKeyDialog::FillInputs(std::string_view code, std::string_view argument) {
   const auto [front, behind] = AtComma(argument);
   if (code == kTrunk) {
     number().text = front;
@@ -214,7 +214,7 @@ void frmInsertKey::FillInputs(std::string_view code, std::string_view argument) 
   }
 }
 
-std::vector<Control*> frmInsertKey::InputsOf(std::string_view code) {
+std::vector<Control*> PhoneKeyDialog::InputsOf(std::string_view code) {
   if (code == kGroupOut) return {&group_, &group_map_};
   if (code == kMultiline) return {&line_};
   std::vector<Control*> inputs = KeyDialog::InputsOf(code);
@@ -226,7 +226,7 @@ std::vector<Control*> frmInsertKey::InputsOf(std::string_view code) {
 }
 
 /** A trunk's number is short where digits to map follow it; behind a longer one there is no place for them. */
-void frmInsertKey::LimitTrunk() {
+void PhoneKeyDialog::LimitTrunk() {
   if (code() != kTrunk) return;
   const Field& beside_map = ArgumentOf(kTrunk, true);
   number().rule = RuleOf(map_.text.empty() ? ArgumentOf(kTrunk) : beside_map);
@@ -235,7 +235,7 @@ void frmInsertKey::LimitTrunk() {
   if (!room) map_.rule.fits = [](std::string_view, char) { return false; };
 }
 
-std::string frmInsertKey::Text() const {
+std::string PhoneKeyDialog::Text() const {
   if (code() == kGroupOut) {
     if (group_.current == kNoIndex) return {};
     const std::string_view group = group_.Chosen().substr(GroupText(0).size() - 1);

@@ -61,7 +61,7 @@ class KeyDialog : public FormControls {
 
  private:
   void MarkChanged() override { touched_ = true; }
-  void cmdOK();
+  void Ok();
   void FocusNext(const Control& input);
 
   std::span<const ButtonCode> codes_;
@@ -76,15 +76,15 @@ class KeyDialog : public FormControls {
 };
 
 /** `frmInsertDss`: what a button of the console does. */
-class frmInsertDss : public KeyDialog {
+class DssKeyDialog : public KeyDialog {
  public:
-  frmInsertDss(std::string_view label, Ends ends);
+  DssKeyDialog(std::string_view label, Ends ends);
 };
 
 /** `frmInsertKey`: what a key of the telephone does; `lines` are those that no other key has. */
-class frmInsertKey : public KeyDialog {
+class PhoneKeyDialog : public KeyDialog {
  public:
-  frmInsertKey(std::string_view label, std::vector<std::string> lines, Ends ends);
+  PhoneKeyDialog(std::string_view label, std::vector<std::string> lines, Ends ends);
 
  protected:
   void FillInputs(std::string_view code, std::string_view argument) override;

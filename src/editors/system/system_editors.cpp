@@ -1,26 +1,28 @@
 // The editors of what belongs to the exchange as a whole.
 
 #include "editors/editors.h"
-#include "editors/system/frmBillingMode.h"
-#include "editors/system/frmMiniBar.h"
-#include "editors/system/frmPABXMode.h"
-#include "editors/system/frmRunScript.h"
-#include "editors/system/frmSetIP.h"
-#include "editors/system/frmSystemConfig.h"
+#include "editors/system/billing_mode_editor.h"
+#include "editors/system/ip_pbx_editor.h"
+#include "editors/system/mini_bar_editor.h"
+#include "editors/system/pabx_mode_editor.h"
+#include "editors/system/run_script_editor.h"
+#include "editors/system/system_config_editor.h"
 
 namespace tarvok::editors {
 
 std::span<const Editor> SystemEditors() {
   static constexpr Editor kEditors[] = {
-      {"systemconfig", {"frmSystemConfig", "frmSystemConfig", "System Configuration"}, Make<frmSystemConfig>},
-      {"pabxmode", {"frmPABXMode", "frmPABXMode", "PABX Mode"}, Make<frmPABXMode>},
+      {"systemconfig",
+       {"frmSystemConfig", "frmSystemConfig", "System Configuration"},
+       Make<SystemConfigEditor>},
+      {"pabxmode", {"frmPABXMode", "frmPABXMode", "PABX Mode"}, Make<PabxModeEditor>},
       {.key = "billingmode",
        .name = {"frmBillingMode", "frmBillingMode", "Billing Mode"},
-       .make = Make<frmBillingMode>,
+       .make = Make<BillingModeEditor>,
        .needs_system_file = true},
-      {"minibar", {"frmMiniBar", "frmMiniBar", "Mini Bar"}, Make<frmMiniBar>},
-      {"runscript", {"frmRunScript", "frmRunScript", "Run Script"}, Make<frmRunScript>},
-      {"setip", {"frmSetIP", "frmSetIP", "IP PBX"}, Make<frmSetIP>},
+      {"minibar", {"frmMiniBar", "frmMiniBar", "Mini Bar"}, Make<MiniBarEditor>},
+      {"runscript", {"frmRunScript", "frmRunScript", "Run Script"}, Make<RunScriptEditor>},
+      {"setip", {"frmSetIP", "frmSetIP", "IP PBX"}, Make<IpPbxEditor>},
   };
   return kEditors;
 }

@@ -117,10 +117,10 @@ void ConsoleView::ShowPassword(PasswordForm& form) {
   while (form.open()) {
     const std::optional<std::string> password = ask_password_();
     if (password) {
-      form.Text1 = *password;
-      form.Command1();
+      form.password = *password;
+      form.Ok();
     } else {
-      form.Command2();
+      form.Cancel();
     }
   }
 }

@@ -81,7 +81,7 @@ int Edit(ProjectStore& store, const std::string& system_file, const std::string&
   if (!script.empty() && !ReadWhole(script, file)) return Fail("cannot read " + script);
   ScriptedQuestions questions([](std::string_view line) { std::cout << TerminalLine(line) << '\n'; });
   SharedState state;
-  state.ProjectFile = project;
+  state.project_file = project;
   const std::unique_ptr<EditorForm> opened = OpenEditor(*editor, {.store = store,
                                                                   .state = state,
                                                                   .questions = questions,

@@ -108,7 +108,7 @@ TEST(UsedBy, ListsWhatPointsAtANumberAndAtAPort) {
     for (const Found& use : uses) lines.push_back(use.row + ", " + use.field + ": " + use.value);
     return lines;
   };
-  EXPECT_THAT(told(UsedBy(*project, dynamic_cast<FieldTableForm&>(*bench.editor), 2)),
+  EXPECT_THAT(told(UsedBy(*project, dynamic_cast<FieldTableEditor&>(*bench.editor), 2)),
               ElementsAre("Port 004 (card 1, channel 2), Number: 200", "Hunt Group 01, Member 2: 200",
                           "Hunt Group 02, Member 1: 200", "Account 002 (12), Number: 200",
                           "Incoming List 01 (Night), Num3: 200"));

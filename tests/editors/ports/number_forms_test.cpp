@@ -38,7 +38,7 @@ TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
   EXPECT_THAT(bench.Go("answer Yes\nclick cmdOK\n"),
               testing::SizeIs(2));  // asked again, and told why it failed
   EXPECT_FALSE(bench.editor->closed());
-  EXPECT_TRUE(bench.state.DataChanged);
+  EXPECT_TRUE(bench.state.data_changed);
   bench.files.fail_at = 0;
   bench.Go("answer Yes\nclick cmdOK\n");
   EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");
@@ -57,7 +57,7 @@ TEST(NumberForms, AProjectThatIsGoneIsNotMadeAnewByASave) {
     const std::size_t files = bench.files.files.size();
     EXPECT_THAT(bench.Go("click cmdOK\n"), ElementsAre(said));
     EXPECT_EQ(bench.files.files.size(), files);
-    EXPECT_TRUE(!bench.editor->closed() && bench.editor->save_refused() && bench.state.DataChanged);
+    EXPECT_TRUE(!bench.editor->closed() && bench.editor->save_refused() && bench.state.data_changed);
     bench.files.Put(EditorBench::kProject, project);
     EXPECT_THAT(bench.Go("click cmdOK\n"), IsEmpty());
     EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");

@@ -126,7 +126,7 @@ TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
     if (script.find("cmdCancel") == std::string::npos) script += "click cmdOK\n";
     EXPECT_THAT(bench.Run("frmSetupKey", script + "value " + label + "\n"), ElementsAre(after));
     EXPECT_FALSE(bench.editor->closed());
-    EXPECT_EQ(bench.state.DataChanged, std::string(before) != (*after == '\0' ? "F" : after));
+    EXPECT_EQ(bench.state.data_changed, std::string(before) != (*after == '\0' ? "F" : after));
   }
 }
 

@@ -1,4 +1,4 @@
-#include "editors/system/frmSystemConfig.h"
+#include "editors/system/system_config_editor.h"
 #include "store/number_text.h"
 #include "tests/editors/editor_bench.h"
 #include "tests/floors.h"
@@ -139,7 +139,7 @@ TEST(SystemForms, BillingWithOddCountriesAndSystemFiles) {
         BillingBench(std::string("[SystemConfig]\nCCode=") + code + "\nBilling=F|F|x\n", system);
     EXPECT_EQ(bench.Run("frmBillingMode", "list cmbCountry\n").size(), countries);
     EXPECT_EQ(bench.Get("SystemConfig", "CCode"), "001") << code;
-    EXPECT_FALSE(bench.state.DataChanged);
+    EXPECT_FALSE(bench.state.data_changed);
     EXPECT_THAT(bench.Go("set Check1(0) 1\nclick cmdOK\n"), IsEmpty());
     bench.ExpectKeys("[SystemConfig]\nCCode=001\n");
     EXPECT_THAT(bench.Get("SystemConfig", "Billing"), StartsWith(countries == 3 ? "0|1|0|0|0|0|0|" : "F|1|"));
@@ -171,7 +171,7 @@ TEST(SystemForms, TheFiftyFirstHolidayIsRefused) {
   for (int row = 1; row <= 50; ++row) rows += "W" + Padded(row, 2) + "=02|" + Padded(row, 2) + "\n";
   EditorBench bench(rows);
   EXPECT_THAT(bench.Run("frmSystemConfig", "click cmdHAdd\n"), ElementsAre("box: Over limit weekend"));
-  auto& form = dynamic_cast<frmSystemConfig&>(*bench.editor);
+  auto& form = dynamic_cast<SystemConfigEditor&>(*bench.editor);
   form.TurnHoliday(2, 29);
   EXPECT_EQ(form.Holidays().size(), 49U);
   form.TurnHoliday(2, 29);

@@ -1,0 +1,63 @@
+#include "editors/ports/account_editor.h"
+
+#include "sections/ports/account.h"
+#include "sections/ports/port_config.h"
+#include "sections/routing/tenan.h"
+
+namespace tarvok::editors {
+namespace {
+
+using namespace account;
+
+enum ColumnOf : int { kAccountColumn = 1, kPasswordColumn, kNumberColumn };
+
+FieldColumn ListColumn(int field, std::string title, std::string overlay, std::vector<std::string> list) {
+  return {.field = field,
+          .column = {.title = std::move(title),
+                     .entry = Entry::kList,
+                     .list = std::move(list),
+                     .overlay = std::move(overlay)}};
+}
+
+}  // namespace
+
+std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
+  FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
+  number.column.list_of = [form](int) { return form->offered_; };
+  number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  // A number that is deleted is none here from the next save on.
+  number.names = [form](const auto& /*cells*/) {
+    return NamedRows{&form->numbers_, kTable.fields[kNumber - 1].width, false};
+  };
+  return {TypedColumn(kAccount, "Account", DigitsRule(6)),
+          TypedColumn(kPassword, "Password", DigitsRule(4)),
+          std::move(number),
+          ListColumn(kConfig, "Config", "cmbMask2", NumberedEntries(1, kPortConfigRows)),
+          ListColumn(kTenan, "Tenan", "cmbMask3", NumberedEntries(1, kTenants)),
+          TypedColumn(kTime, "Time (sec)", DigitsRule(4))};
+}
+
+AccountEditor::AccountEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, kTable, Columns(this),
+                       {.rows = RowCommands::kFixed, .sort_by = {{kAccountColumn}}}),
+      repeats_(AddLabel({"lblRepeat"}, {}), AddList({"lsRepeat"}, "Repeats", {})) {
+  Control& check = AddButton("cmdCheck", "Check &Number", [this] { CheckAccounts(); });
+  LayOut({repeats_.Place()}, {layout::Of(check)});
+}
+
+void AccountEditor::Prepare(const IniText& project) {
+  numbers_ = AssignNumbers(project);
+  offered_ = PortNumbers(project).Names();
+}
+
+bool AccountEditor::CheckAccounts() {
+  std::vector<std::string> accounts;
+  for (int row = 1; row <= grid().rows(); ++row) accounts.push_back(grid().Cell(row, kAccountColumn));
+  return repeats_.Show(std::move(accounts), "No repeat Account", "Show repeat number :");
+}
+
+bool AccountEditor::MaySave() {
+  return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
+}
+
+}  // namespace tarvok::editors

@@ -1,0 +1,30 @@
+#include "editors/ports/boss_editor.h"
+
+#include "sections/ports/boss.h"
+
+namespace tarvok::editors {
+
+using boss::kTable;
+
+std::vector<FieldColumn> BossEditor::Columns(BossEditor* form) {
+  std::vector<FieldColumn> columns;
+  for (int field = boss::kBoss; field <= boss::kSecretary; ++field) {
+    FieldColumn column = TypedColumn(
+        field, std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name), DigitsRule(6));
+    column.column.entry = Entry::kEditList;
+    column.column.list_of = [form](int) { return form->numbers_.Names(); };
+    column.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+    column.names = [form](const auto& /*cells*/) {
+      return NamedRows{&form->numbers_, kTable.fields[0].width};
+    };
+    columns.push_back(std::move(column));
+  }
+  return columns;
+}
+
+BossEditor::BossEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, kTable, Columns(this), {.sort_by = {{1}}}) {
+  LayOut();
+}
+
+}  // namespace tarvok::editors

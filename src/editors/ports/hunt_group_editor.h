@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "editing/editor_form.h"
+#include "editors/uses.h"
+#include "sections/ports/hunt_group.h"
+#include "sections/row_fields.h"
+
+namespace tarvok::editors {
+
+/** `frmGrpHunt`: the members of the hunt groups, in their order, and the numbers that may be added. */
+class HuntGroupEditor : public EditorForm {
+ public:
+  HuntGroupEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+  void Saved() override { context().state.data_changed = false; }
+
+ private:
+  void ShowGroup();
+  void AddMembers();
+  void DeleteMembers();
+
+  Control& groups_;
+  Control& numbers_;
+  std::array<Control*, kHuntGroups> lists_{};
+  std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
+  std::array<std::vector<std::string>, kHuntGroups> members_;  // as they are written, in list order
+  int total_ = 0;
+};
+
+}  // namespace tarvok::editors

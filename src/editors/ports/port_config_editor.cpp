@@ -1,0 +1,295 @@
+#include "editors/ports/port_config_editor.h"
+
+#include "editors/field_columns.h"
+#include "sections/ports/number_tables.h"
+#include "sections/routing/class_group.h"
+#include "sections/row_fields.h"
+#include "sections/rows.h"
+#include "store/field_list.h"
+
+namespace tarvok::editors {
+namespace {
+
+using namespace port_config;
+
+constexpr std::string_view kOn = "1";
+constexpr std::string_view kOff = "0";
+constexpr std::string_view kMinute = "Minute";
+constexpr std::string_view kSecond = "Second";
+constexpr int kHighestGroup = 99;  // that its two digits can name
+
+enum class Kind { kService, kChoice, kTime, kDigits, kFlag, kReverse, kTrunk, kRing };
+
+/** How a field is edited; in the order of the fields. */
+struct FieldForm {
+  const char* control;
+  std::string_view unset;  // what is written where the field is not set
+  Kind kind;
+  bool padded = false;         // written in two digits
+  std::string_view unit = {};  // of the box
+};
+constexpr FieldForm kForms[] = {
+    {"cmbClass_d", kUnset, Kind::kService, true},
+    {"cmbClass_n", kUnset, Kind::kService, true},
+    {"cmbTransfer", kUnset, Kind::kChoice},
+    {"cmbCID", kUnset, Kind::kChoice},
+    {"cmbConnect", kOff, Kind::kChoice},
+    {"cmbMusic", kOff, Kind::kChoice},
+    {"txtSetCO", kOff, Kind::kTime, false, kMinute},
+    {"txtSetTOIn", kOff, Kind::kTime, false, kMinute},
+    {"cmbOE", kOff, Kind::kChoice},
+    {"txtHotOper", kUnset, Kind::kDigits},
+    {"chkHook", kOff, Kind::kFlag},
+    {"optReverse", kOff, Kind::kReverse},
+    {"chkFAX", kOff, Kind::kFlag},
+    {"chkNotPrint", kOff, Kind::kFlag},
+    {"cmbTrunkType", kOff, Kind::kTrunk},
+    {"chkWarning", kOff, Kind::kFlag},
+    {"txtTOhangon", kOff, Kind::kTime, false, kSecond},
+    {"cmbHoldCOR", kUnset, Kind::kService},
+    {"cmbTransTO", kUnset, Kind::kRing},
+};
+static_assert(std::size(kForms) == kRingTransfer);
+
+constexpr std::size_t At(int field) {
+  return static_cast<std::size_t>(field) - 1;
+}
+
+std::string NameOf(std::size_t index) {
+  return std::string(kTable.fields[index].name);
+}
+
+/** What the field's list offers, in its order. */
+std::vector<std::string> EntriesOf(std::size_t index) {
+  const Field& statement = kTable.fields[index];
+  std::vector<std::string> entries;
+  for (const Choice& choice : statement.choices) {
+    if (entries.empty() || entries.back() != choice.shown) entries.emplace_back(choice.shown);
+  }
+  if (index == At(kTransferLine)) std::swap(entries.front(), entries.back());
+  if (statement.kind != FieldKind::kNumber) return entries;
+  const std::vector<std::string> numbers = NumberedEntries(1, statement.high);
+  entries.insert(entries.begin() + 1, numbers.begin(), numbers.end());
+  return entries;
+}
+
+std::string StoredOf(std::size_t index, std::string_view shown) {
+  for (const Choice& choice : kTable.fields[index].choices) {
+    if (choice.shown == shown) return std::string(choice.stored);
+  }
+  return std::string(shown);
+}
+
+std::string GroupText(int group) {
+  return std::string(class_group::kTable.label) + " " + Padded(group, class_group::kTable.rows.width);
+}
+
+}  // namespace
+
+PortConfigEditor::PortConfigEditor(const EditorContext& context, const FormName& name)
+    : EditorForm(context, name),
+      list_(AddList({"lsPortConfig"}, "Profiles", NumberedEntries(1, kPortConfigRows))),
+      link_trunk_(AddCheck({"chkLinkTrunk"}, NameOf(At(kLinkTrunk)) + " :")) {
+  AddControls();
+  LayOut();
+  list_.current = 0;
+  list_.changed = [this] {
+    TakeControls();
+    if (list_.current >= 0) shown_ = static_cast<std::size_t>(list_.current);
+    ShowProfile();
+  };
+  link_trunk_.changed = [this] { controls_[At(kLinkTrunk)]->enabled = link_trunk_.on; };
+}
+
+void PortConfigEditor::AddControls() {
+  for (std::size_t index = 0; index < kFields; ++index) {
+    const ControlId id{kForms[index].control};
+    Control*& control = controls_[index];
+    switch (kForms[index].kind) {
+      case Kind::kService:
+        control = &AddCombo(id, NameOf(index), {});
+        control->changed = [this, index] { chosen_[index] = true; };
+        break;
+      case Kind::kChoice:
+      case Kind::kRing:
+        control = &AddCombo(id, NameOf(index), EntriesOf(index));
+        break;
+      case Kind::kTime: {
+        Control& box = AddText(id, NameOf(index), ByteRule());
+        box.entered = [&box] { box.selected = box.text == kOff; };  // a first digit takes its place
+        control = &box;
+        break;
+      }
+      case Kind::kDigits:
+        control = &AddText(id, NameOf(index), DigitsRule(kTable.fields[index].high));
+        break;
+      case Kind::kFlag:
+        control = &AddCheck(id, NameOf(index));
+        break;
+      case Kind::kTrunk:
+        control = &AddCombo(id, NameOf(index), NumberedEntries(1, kLinkTrunks));
+        break;
+      case Kind::kReverse:
+        for (std::size_t n = 0; n < kReverseChoices; ++n) {
+          reverse_[n] =
+              &AddOption({id.name, static_cast<int>(n)}, std::string(kTable.fields[index].choices[n].shown));
+        }
+        control = reverse_[0];
+        break;
+    }
+  }
+}
+
+void PortConfigEditor::LayOut() {
+  const auto field = [&](int n) {
+    const std::size_t index = At(n);
+    const std::string_view end = kForms[index].kind == Kind::kRing ? ":" : " :";
+    return layout::Field(NameOf(index).append(end), *controls_[index], std::string(kForms[index].unit));
+  };
+  const auto box = [&](int n) { return layout::Of(*controls_[At(n)]); };
+  std::vector<FormLayout> reverse;
+  for (Control* option : reverse_) reverse.push_back(layout::Of(*option));
+  FormLayout left = layout::Column(
+      {layout::Group("Class of service", {field(kServiceDay), field(kServiceNight), field(kHoldCut)}),
+       layout::Group("Line",
+                     {field(kTransferLine), field(kCid), field(kConnect), field(kMusic), field(kOverride),
+                      field(kHotline), layout::Row({layout::Of(link_trunk_), box(kLinkTrunk)})})});
+  FormLayout right =
+      layout::Column({layout::Group("Times", {field(kCoTimeout), field(kCoTimeoutIncoming),
+                                              field(kHangOnTimeout), field(kRingTransfer)}),
+                      layout::Group(NameOf(At(kLineReverse)), {layout::Grid(2, std::move(reverse))}),
+                      layout::Group("Options", {box(kHook), box(kFax), box(kDoNotPrint), box(kWarning)})});
+  SetLayout(layout::Column(
+      {layout::Row({layout::Group("Profile", {layout::Of(list_)}), std::move(left), std::move(right)}),
+       OkAndCancel()}));
+}
+
+bool PortConfigEditor::ShowPlace(std::string_view section, int row, int /*field*/) {
+  if (!SameName(section, kTable.section) || row < 1 || row > kPortConfigRows) return false;
+  ChooseEntry(list_, row - 1);
+  return true;
+}
+
+void PortConfigEditor::Load(const IniText& project) {
+  std::vector<std::string> groups = {{}};
+  for (int group = 1; group <= class_group::kTable.rows.last; ++group) {
+    if (!RowValue(project, class_group::kTable, group).empty()) groups.push_back(GroupText(group));
+  }
+  groups_ = std::move(groups);
+  for (int row = 1; row <= kPortConfigRows; ++row) {
+    const FieldList fields(RowValue(project, kTable, row));
+    auto& profile = profiles_[static_cast<std::size_t>(row) - 1];
+    for (std::size_t index = 0; index < kFields; ++index)
+      profile[index] = CellText(fields[static_cast<int>(index) + 1]);
+  }
+  ShowProfile();
+}
+
+void PortConfigEditor::ShowProfile() {
+  for (std::size_t index = 0; index < kFields; ++index) ShowField(index, profiles_[shown_][index]);
+}
+
+void PortConfigEditor::ShowField(std::size_t index, const std::string& text) {
+  Control& control = *controls_[index];
+  const Field& statement = kTable.fields[index];
+  const std::int64_t number = Val(text);
+  control.selected = false;
+  chosen_[index] = false;
+  switch (kForms[index].kind) {
+    case Kind::kService:
+      // A group without classes is not offered, but a profile may name it.
+      control.entries = groups_;
+      control.ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
+                                                                : GroupText(static_cast<int>(number)));
+      return;
+    case Kind::kChoice:
+      control.Choose(Canonical(statement, text));
+      if (control.current == kNoIndex) control.Choose(Canonical(statement, kOff));
+      return;
+    case Kind::kRing:
+      // A number that is not offered may come from an exchange.
+      control.entries = EntriesOf(index);
+      control.current = kNoIndex;
+      if (number > 0) control.ChooseOrJoin(Canonical(statement, text));
+      return;
+    case Kind::kTime:
+      control.text = text.empty() ? std::string(kOff) : text;
+      return;
+    case Kind::kDigits:
+      control.text = text;
+      return;
+    case Kind::kFlag:
+      control.on = text == kOn;
+      return;
+    case Kind::kTrunk:
+      link_trunk_.on = number >= 1 && number <= kLinkTrunks;
+      control.enabled = link_trunk_.on;
+      control.current = link_trunk_.on ? static_cast<int>(number) - 1 : kNoIndex;
+      return;
+    case Kind::kReverse: {
+      const bool known = number > 0 && number < static_cast<std::int64_t>(kReverseChoices);
+      for (std::size_t n = 0; n < kReverseChoices; ++n)
+        reverse_[n]->on = n == static_cast<std::size_t>(known ? number : 0);
+      return;
+    }
+  }
+}
+
+void PortConfigEditor::TakeControls() {
+  for (std::size_t index = 0; index < kFields; ++index) TakeField(index, profiles_[shown_][index]);
+}
+
+void PortConfigEditor::TakeField(std::size_t index, std::string& text) const {
+  const Control& control = *controls_[index];
+  const std::string chosen(control.Chosen());
+  switch (kForms[index].kind) {
+    case Kind::kService:
+      // A group beyond those with two digits can't be shown; it stays until another entry is chosen.
+      if (chosen.empty() && !chosen_[index] && Val(text) > kHighestGroup) return;
+      text = chosen.empty() ? chosen : std::string(Trim(std::string_view(chosen).substr(chosen.size() - 2)));
+      return;
+    case Kind::kChoice:
+      text = chosen.empty() ? std::string(kOff) : StoredOf(index, chosen);
+      return;
+    case Kind::kRing:
+      if (!chosen.empty()) text = StoredOf(index, chosen);
+      return;
+    case Kind::kTime:
+      text = control.text.empty() ? std::string(kOff) : control.text;
+      return;
+    case Kind::kDigits:
+      text = control.text;
+      return;
+    case Kind::kFlag:
+      text = control.on ? kOn : kOff;
+      return;
+    case Kind::kTrunk:
+      text = link_trunk_.on ? std::to_string(control.current + 1) : std::string(kOff);
+      return;
+    case Kind::kReverse:
+      text = kOff;
+      for (std::size_t n = 1; n < kReverseChoices; ++n) {
+        if (reverse_[n]->on) text = std::to_string(n);
+      }
+      return;
+  }
+}
+
+void PortConfigEditor::Write(IniEdit& project) {
+  for (int row = 1; row <= kPortConfigRows; ++row) {
+    std::string value;
+    for (std::size_t index = 0; index < kFields; ++index) {
+      const FieldForm& form = kForms[index];
+      std::string text = profiles_[static_cast<std::size_t>(row) - 1][index];
+      if (text.empty()) {
+        text = form.unset;
+      } else if (form.padded && ReadNumber(text).is_number) {
+        text = Padded(Val(text), 2);
+      }
+      value.append(index > 0 ? "|" : "").append(text);
+    }
+    StoreRow(project, kTable, row, value);
+  }
+}
+
+}  // namespace tarvok::editors

@@ -1,0 +1,286 @@
+#include "editors/ports/port_define_editor.h"
+
+#include <algorithm>
+
+#include "editors/ports/card_insert.h"
+#include "sections/ports/account.h"
+#include "sections/ports/assign.h"
+#include "sections/ports/port_config.h"
+#include "sections/ports/port_def.h"
+#include "sections/routing/group_out.h"
+#include "sections/routing/incoming_list.h"
+#include "sections/routing/tenan.h"
+#include "sections/rows.h"
+#include "sections/tables.h"
+#include "store/field_list.h"
+
+namespace tarvok::editors {
+namespace {
+
+using namespace port_def;
+
+enum ColumnOf : int {
+  kCardColumn = 1,
+  kChannelColumn,
+  kTypeColumn,
+  kConfigColumn,
+  kTenanColumn,
+  kPickupColumn,
+  kDayColumn,
+  kNightColumn,
+  kNumberColumn,
+  kPasswordColumn,
+  kExpandColumn,
+};
+constexpr std::size_t kColumns = kExpandColumn;
+
+constexpr int kCards = 16;
+constexpr int kMostPickup = 99;
+constexpr int kRowWidth = 3;  // of a row number that another section holds
+constexpr std::string_view kNoRoom = "Cannot insert more card";
+constexpr std::string_view kNoPort = "F|F|F";
+
+/** A number of two digits that comes down to the highest one. */
+FieldColumn ClampedColumn(int field, std::string title, EntryRule rule, int most) {
+  FieldColumn column = TypedColumn(field, std::move(title), rule);
+  column.stored = [most](std::string_view cell) {
+    return Val(cell) > most ? std::to_string(most) : FieldText(cell);
+  };
+  return column;
+}
+
+FieldColumn ListColumn(int field, std::string title, std::string overlay) {
+  return {.field = field,
+          .column = {.title = std::move(title), .entry = Entry::kList, .overlay = std::move(overlay)}};
+}
+
+}  // namespace
+
+std::vector<FieldColumn> PortDefineEditor::Columns(PortDefineEditor* form) {
+  FieldColumn type = ListColumn(kType, "Type", "cmbMask3");
+  type.column.list = TypeLabels();
+  type.stored = [](std::string_view cell) {
+    const int code = TypeCode(cell);
+    return code > 0 ? std::to_string(code) : std::string(kUnset);
+  };
+  FieldColumn day = ListColumn(kIncomingDay, "Incoming D", "cmbMask");
+  FieldColumn night = ListColumn(kIncomingNight, "Incoming N", "cmbMask");
+  for (FieldColumn* incoming : {&day, &night}) {
+    incoming->column.list_of = [form](int) { return form->incoming_.Names(); };
+    incoming->shown = [form](std::string_view stored) { return form->incoming_.NameOf(stored); };
+    incoming->names = [form](const auto& /*cells*/) { return NamedRows{&form->incoming_, kRowWidth}; };
+  }
+  FieldColumn number = TypedColumn(kNumber, "Number", DigitsRule(6));
+  number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
+  number.names = [form](const auto& /*cells*/) { return NamedRows{&form->numbers_, kRowWidth}; };
+  return {TypedColumn(kCard, "Card", DigitsRule(2)),
+          TypedColumn(kChannel, "Channel", DigitsRule(2)),
+          std::move(type),
+          ClampedColumn(kConfig, "Config", NumberRule<kPortConfigRows>(), kPortConfigRows),
+          ClampedColumn(kTenan, "Tenan", NumberRule<kTenants>(), kTenants),
+          ClampedColumn(kPickupGroup, "Pickup Group", DigitsRule(2), kMostPickup),
+          std::move(day),
+          std::move(night),
+          std::move(number),
+          TypedColumn(kPassword, "PSW", DigitsRule(4)),
+          ChoiceColumn(kExpand, "Expand T", kTable.fields[kExpand - 1], "cmbMask2")};
+}
+
+PortDefineEditor::PortDefineEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(
+          context, name, kTable, Columns(this),
+          {.rows = RowCommands::kGrow, .most = kPortRows, .sort_by = {{kCardColumn}, {kChannelColumn}}}),
+      card_(AddCombo({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
+      type_(AddCombo({"cmbType"}, "Type :", CardNames())) {
+  for (Control* list : {&card_, &type_}) {
+    list->data = false;
+    list->current = 0;
+  }
+  Control& insert = AddButton("cmbInsert", "&Insert", [this] { InsertChosenCard(); });
+  LayOut({layout::Group("Auto Insert Port :",
+                        {layout::Row({layout::Field("Card :", card_), layout::Field("Type :", type_),
+                                      layout::Of(insert), layout::Stretch()})})});
+}
+
+void PortDefineEditor::Prepare(const IniText& project) {
+  numbers_ = AssignNumbers(project);
+  incoming_ = {};
+  const Table& lists = incoming_list::kTable;
+  for (int row = 1; row <= lists.rows.last; ++row) {
+    std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
+    const bool has_name = !name.empty();
+    // A list without a name is none to choose, but a port may refer to it, and only what is seen can be cleared.
+    incoming_.Add(row, has_name ? std::move(name) : "List " + std::to_string(row), has_name);
+  }
+}
+
+void PortDefineEditor::ShowRow(std::string_view value, TableRow& row) const {
+  const FieldList fields(value);
+  row.cells[kTypeColumn - 1] = TypeLabel(Val(fields[kType]), Val(fields[kChannel]));
+}
+
+/** Puts in all ports of a card at once. */
+void PortDefineEditor::InsertChosenCard() {
+  grid().LeaveCell();
+  MarkChanged();
+  std::vector<TableRow> rows;
+  for (int row = 1; row <= grid().rows(); ++row) rows.push_back(grid().row(row));
+  const std::string card(card_.Chosen());
+  if (card.empty() || type_.current < 0) return;
+  const bool replaces = FindCard(rows, card) < rows.size();
+  std::size_t first = 0;
+  if (!InsertCard(rows, card, type_.Chosen(), kColumns, first)) {
+    context().questions.Box(kNoRoom, true);
+    return;
+  }
+  if (replaces &&
+      !context().questions.Ask("Card \"" + card + "\" already inserted.\nDo you want to replace?"))
+    return;
+  grid().ReplaceRows(std::move(rows));
+  grid().GoTo(static_cast<int>(first) + 1, kCardColumn);
+}
+
+/** A field of a row as it is written: what has no column stays as it was. */
+std::string PortDefineEditor::PortField(int row, int field) const {
+  if (field == kNumber) return number_fields_[static_cast<std::size_t>(row) - 1];
+  const auto& columns = field_columns();
+  const auto found = std::find_if(columns.begin(), columns.end(),
+                                  [&](const FieldColumn& column) { return column.field == field; });
+  return found == columns.end() ? FieldText(GetField(StoredBefore(row), field))
+                                : FieldOf(grid().row(row), static_cast<std::size_t>(found - columns.begin()));
+}
+
+std::string PortDefineEditor::RowText(int row) const {
+  std::string text;
+  for (int field = kCard; field <= kExpand; ++field)
+    text.append(field > kCard ? "|" : "").append(PortField(row, field));
+  return text;
+}
+
+bool PortDefineEditor::IsRemoved(std::string_view value) const {
+  return value.starts_with(kNoPort) || FieldTableEditor::IsRemoved(value);
+}
+
+bool PortDefineEditor::KeepsReferences(int row) const {
+  return !grid().Cell(row, kCardColumn).empty() && !grid().Cell(row, kChannelColumn).empty();
+}
+
+bool PortDefineEditor::IsStored(int row) const {
+  return !grid().Cell(row, kCardColumn).empty() || !grid().Cell(row, kChannelColumn).empty() ||
+         !grid().Cell(row, kTypeColumn).empty();
+}
+
+/** A group of lines asks for the card of a port, its number for no more than that the row is stored, all others for a
+ * whole port. */
+void PortDefineEditor::FollowPorts(IniEdit& project) const {
+  const RowMoves whole = Moves();
+  const RowMoves stored = Moves([this](int row) { return IsStored(row); });
+  const RowMoves with_card = Moves([this](int row) { return !grid().Cell(row, kCardColumn).empty(); });
+  for (const Table* table : Tables()) {
+    const RowMoves& moves = table == &assign::kTable      ? stored
+                            : table == &group_out::kTable ? with_card
+                                                          : whole;
+    RepairReferencesOf(*table, project, project.base(), kTable, moves);
+  }
+}
+
+/** The number row that a port of the project names, 0 for none. */
+int PortDefineEditor::NamedNumber(const IniText& project, int port) {
+  const std::int64_t row = port > 0 ? Val(GetField(RowValue(project, kTable, port), kNumber)) : 0;
+  return row >= 1 && row <= kAssignRows ? static_cast<int>(row) : 0;
+}
+
+/** In a project in which the references to ports have followed them. */
+NumberLinks PortDefineEditor::LinksFor(const IniEdit& project) const {
+  std::vector<LinkedPort> ports;
+  for (int row = 1; row <= grid().rows(); ++row) {
+    ports.push_back({row, NamedNumber(project.base(), grid().row(row).origin), IsStored(row),
+                     grid().Cell(row, kNumberColumn)});
+  }
+  std::vector<int> left;
+  for (const auto& [port, to] : Moves([this](int row) { return IsRowKept(row); })) {
+    const int number = to > 0 ? 0 : NamedNumber(project.base(), port);
+    if (number > 0 && NumberLinks::BelongsTo(project.base(), number, port)) left.push_back(number);
+  }
+  return {project, ports, left};
+}
+
+/** The row is stored, or has a number all the same. */
+bool PortDefineEditor::IsRowKept(int row) const {
+  return IsStored(row) || !grid().Cell(row, kNumberColumn).empty();
+}
+
+bool PortDefineEditor::MaySave() {
+  if (project_file().empty()) return true;
+  const std::shared_ptr<const IniText> now = context().store.Snapshot(project_file());
+  IniEdit trial(*now);
+  FollowPorts(trial);
+  if (LinksFor(trial).all_fit()) return true;
+  context().questions.Box(kOverLimit, false);
+  return false;
+}
+
+void PortDefineEditor::Write(IniEdit& project) {
+  FollowPorts(project);
+  const NumberLinks links = LinksFor(project);
+  number_fields_.clear();
+  for (int row = 1; row <= grid().rows(); ++row) {
+    const std::string& unseen = grid().Unseen(row, kNumberColumn);
+    const int number = links.NumberOf(row);
+    const bool stays = !unseen.empty() && !links.IsTaken(NamedNumber(project.base(), grid().row(row).origin));
+    number_fields_.push_back(number > 0 ? Padded(number, kRowWidth) : stays ? unseen : std::string(kUnset));
+  }
+  MoveAccounts(project);
+  // Rows that refer to a number refer to no port, so this can't undo what was repaired above.
+  if (!links.gone().empty()) RepairReferences(project, project.base(), assign::kTable, links.gone());
+  WriteRows(project);
+  project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
+  links.Write(project);
+  KeepLines(project);
+}
+
+/** The number of an account is compared with the ports' rows, although it names a row of numbers. */
+void PortDefineEditor::MoveAccounts(IniEdit& project) const {
+  const Table& accounts = account::kTable;
+  const RowMoves moves = Moves();
+  for (int number = 1; number <= kAccountRows; ++number) {
+    const std::string_view row = RowValue(project.base(), accounts, number);
+    const std::string_view named = GetField(row, account::kNumber);
+    for (const auto& [from, to] : moves) {
+      if (Padded(from, kRowWidth) != named) continue;
+      project.Set(accounts.section, KeyOf(accounts, number),
+                  WithField(row, account::kNumber, to > 0 ? Padded(to, kRowWidth) : std::string(kUnset)));
+      break;
+    }
+  }
+}
+
+/** A group of lines keeps only ports that are lines. */
+void PortDefineEditor::KeepLines(IniEdit& project) const {
+  const Table& groups = group_out::kTable;
+  const auto lines = groups.fields[0].target.stored;
+  const auto is_line = [&](std::string_view member) {
+    const auto port = static_cast<int>(std::clamp<std::int64_t>(Val(member), 0, kPortRows));
+    const std::string row = project.Get(kTable.section, KeyOf(kTable, port));
+    return std::find(lines.begin(), lines.end(), GetField(row, kType)) != lines.end();
+  };
+  bool any = false;
+  for (int number = 1; number <= groups.rows.last; ++number) {
+    const std::string members = project.Get(groups.section, KeyOf(groups, number));
+    std::string left;
+    int gone = 0;
+    ForEachMember(members, [&](std::string_view member) {
+      if (!is_line(member)) {
+        ++gone;
+        return;
+      }
+      left.append(left.empty() ? "" : "|").append(member);
+    });
+    if (gone == 0) continue;
+    project.Set(groups.section, KeyOf(groups, number), left);
+    any = true;
+  }
+  if (any) RecountMembers(project, groups);
+}
+
+}  // namespace tarvok::editors

@@ -1,0 +1,84 @@
+#include "editors/routing/e1_editors.h"
+
+#include <utility>
+
+#include "editors/routing/offered_rows.h"
+#include "sections/routing/e1_map.h"
+#include "sections/routing/e1_number.h"
+#include "sections/row_fields.h"
+#include "store/field_list.h"
+#include "store/number_text.h"
+
+namespace tarvok::editors {
+
+std::vector<FieldColumn> E1MappingEditor::Columns(E1MappingEditor* form) {
+  using namespace e1_map;
+  const auto& fields = kTable.fields;
+  const std::span<const Choice> modes = fields[kMode - 1].choices;
+  FieldColumn mode = ChoiceColumn(kMode, "Mode", fields[kMode - 1], "cmbMask3");
+  mode.shown = [named = mode.shown, first = modes[0].shown](std::string_view stored) {
+    const std::string name = named(stored);
+    return name.empty() && !CellText(stored).empty() ? std::string(first) : name;
+  };
+  mode.stored = [named = mode.stored, first = modes[0].stored](std::string_view cell) {
+    return cell.empty() ? std::string(first) : named(cell);
+  };
+  const auto offered = [form](int) { return form->ports_.Names(); };
+  FieldColumn start = ReferenceColumn(kStart, "Start", fields[kStart - 1], form->ports_);
+  FieldColumn end = ReferenceColumn(kEnd, "End", fields[kEnd - 1], form->ports_, "cmbMask2");
+  start.column.list_of = offered;
+  end.column.list_of = offered;
+  return {std::move(start), std::move(end), std::move(mode)};
+}
+
+E1MappingEditor::E1MappingEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, e1_map::kTable, Columns(this),
+                       {.rows = RowCommands::kFixed, .sort_by = {{e1_map::kStart}}}) {
+  LayOut();
+}
+
+void E1MappingEditor::Prepare(const IniText& project) {
+  ports_ = PortNames(project, statement().fields[e1_map::kStart - 1].target.stored[0]);
+}
+
+/** A link that was emptied here is none to name any more; one that was empty before is none less. */
+bool E1MappingEditor::KeepsReferences(int row) const {
+  const bool is_empty = grid().IsBlank(row, e1_map::kStart) && grid().IsBlank(row, e1_map::kEnd);
+  return !is_empty || IsUnused(statement(), StoredBefore(row));
+}
+
+void E1MappingEditor::Write(IniEdit& project) {
+  FieldTableEditor::Write(project);
+  project.Set(statement().section, kNowKey, std::to_string(grid().rows()));
+}
+
+std::vector<FieldColumn> E1NumberingEditor::Columns(E1NumberingEditor* form) {
+  using namespace e1_number;
+  const auto& fields = kTable.fields;
+  const auto is_number = [](std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  };
+  FieldColumn link{.field = kLink, .column = {.title = "E1", .entry = Entry::kList, .overlay = "cmbMask"}};
+  link.column.list_of = [form](int) { return form->links_; };
+  link.shown = [is_number](std::string_view stored) {
+    return is_number(stored) ? std::to_string(Val(stored)) : CellText(stored);
+  };
+  link.stored = [is_number, width = fields[kLink - 1].width](std::string_view cell) {
+    return is_number(cell) ? Padded(Val(cell), width) : FieldText(cell);
+  };
+  const EntryRule numbering = {.characters = "0123456789*#", .most = fields[kNumbering - 1].high};
+  return {std::move(link), TypedColumn(kNumbering, "Numbering", numbering),
+          TypedColumn(kDigitCheck, "Digit Check", DigitsRule(2))};
+}
+
+E1NumberingEditor::E1NumberingEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, e1_number::kTable, Columns(this),
+                       {.rows = RowCommands::kFixed, .sort_by = {{e1_number::kLink}}}) {
+  LayOut();
+}
+
+void E1NumberingEditor::Prepare(const IniText& project) {
+  links_ = OfferedLinks(project);
+}
+
+}  // namespace tarvok::editors

@@ -1,0 +1,81 @@
+#include "editors/routing/incoming_list_editor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editors/routing/offered_rows.h"
+#include "sections/routing/incoming_list.h"
+#include "sections/row_fields.h"
+#include "sections/rows.h"
+
+namespace tarvok::editors {
+
+using namespace incoming_list;
+
+namespace {
+
+constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
+
+/** "Max", as far as the section can hold it. */
+int MostRows(const IniText& project) {
+  const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
+  return most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
+}
+
+}  // namespace
+
+std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
+  const auto statement = [](int field) -> const Field& {
+    return kTable.fields[static_cast<std::size_t>(field) - 1];
+  };
+  std::vector<FieldColumn> columns = {TypedColumn(kName, "Name", TextRule(0))};
+  for (const int field : kDestinations) {
+    FieldColumn number =
+        ReferenceColumn(field, std::string(statement(field).name), statement(field), form->numbers_);
+    number.column.list_of = [form, named = number.column.list](int) {
+      std::vector<std::string> entries = form->offered_;
+      entries.insert(entries.end(), named.begin(), named.end());
+      return entries;
+    };
+    // A number that is deleted is none here from the next save on.
+    number.names = [form, width = statement(field).width](const auto& /*cells*/) {
+      return NamedRows{&form->numbers_, width, false};
+    };
+    columns.push_back(std::move(number));
+  }
+  columns.push_back(LimitedColumn(kTimeOut, "Time Out", statement(kTimeOut), LimitRule()));
+  return columns;
+}
+
+IncomingListEditor::IncomingListEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, kTable, Columns(this),
+                       {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
+  LayOut();
+}
+
+void IncomingListEditor::Prepare(const IniText& project) {
+  numbers_ = AssignNumbers(project);
+  offered_ = OfferedNumbers(project);
+  grid().SetMost(MostRows(project));
+}
+
+/** Up to "Max", and never without a row that is in use. */
+int IncomingListEditor::RowsToShow(const IniText& project) const {
+  int rows = MostRows(project);
+  for (int row = rows + 1; row <= kIncomingRows; ++row) {
+    if (!RowValue(project, kTable, row).empty()) rows = row;
+  }
+  return rows;
+}
+
+/** A row that was emptied here is none to name any more; one that was empty before is none less. */
+bool IncomingListEditor::KeepsReferences(int row) const {
+  return !grid().IsBlank(row) || IsUnused(kTable, StoredBefore(row));
+}
+
+void IncomingListEditor::Write(IniEdit& project) {
+  FieldTableEditor::Write(project);
+  project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
+}
+
+}  // namespace tarvok::editors

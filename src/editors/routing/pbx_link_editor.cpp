@@ -1,0 +1,63 @@
+#include "editors/routing/pbx_link_editor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sections/routing/tbl_route.h"
+#include "sections/rows.h"
+
+namespace tarvok::editors {
+
+using namespace tbl_route;
+
+namespace {
+
+std::vector<std::string> NumbersOf(const Field& statement) {
+  return NumberedEntries(statement.low, statement.high);
+}
+
+/** The entry that is the number; the first one where none is. */
+void ChooseNumber(Control& combo, std::string_view stored) {
+  combo.Choose(std::to_string(Val(stored)));
+  combo.current = std::max(combo.current, 0);
+}
+
+}  // namespace
+
+std::vector<FieldColumn> PbxLinkEditor::Columns() {
+  FieldColumn card{.field = kCard,
+                   .column = {.title = "Card ID",
+                              .entry = Entry::kList,
+                              .list = NumbersOf(kTable.fields[kCard - 1]),
+                              .overlay = "cmbMask"}};
+  card.shown = [none = kTable.fields[kCard - 1].unset_as](std::string_view stored) {
+    return stored == none ? std::string() : CellText(stored);
+  };
+  FieldColumn device{.field = kDevice,
+                     .column = {.title = "Device",
+                                .entry = Entry::kList,
+                                .list = NumbersOf(kTable.fields[kDevice - 1]),
+                                .overlay = "cmbMask2"}};
+  return {std::move(card), std::move(device)};
+}
+
+PbxLinkEditor::PbxLinkEditor(const EditorContext& context, const FormName& name)
+    : FieldTableEditor(context, name, kTable, Columns(), {}),
+      pbx_id_(AddCombo({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
+      gateway_(AddCombo({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
+  LayOut({layout::Row(
+      {layout::Field("PBX &ID :", pbx_id_), layout::Field("&Gateway :", gateway_), layout::Stretch()})});
+}
+
+void PbxLinkEditor::Prepare(const IniText& project) {
+  ChooseNumber(pbx_id_, KeyValue(project, kPidTable));
+  ChooseNumber(gateway_, KeyValue(project, kGatewayTable));
+}
+
+void PbxLinkEditor::Write(IniEdit& project) {
+  FieldTableEditor::Write(project);
+  project.Set(kPidTable.section, kPidTable.key, pbx_id_.Chosen());
+  project.Set(kGatewayTable.section, kGatewayTable.key, gateway_.Chosen());
+}
+
+}  // namespace tarvok::editors

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "editors/field_columns.h"
+#include "editors/uses.h"
+
+namespace tarvok::editors {
+
+/** `frmRouteMap`: the digit patterns and what is done with a number that matches. They are in order once they
+ * are saved, and every row is written, a blank one too. */
+class RouteMapEditor : public FieldTableEditor {
+ public:
+  RouteMapEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  void BeforeWrite() override { Sort(true); }
+  bool IsRemoved(std::string_view /*value*/) const override { return false; }
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(RouteMapEditor* form);
+
+  RowNames lists_;
+  std::vector<std::string> offered_;
+};
+
+}  // namespace tarvok::editors

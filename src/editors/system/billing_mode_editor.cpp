@@ -1,0 +1,284 @@
+#include "editors/system/billing_mode_editor.h"
+
+#include <algorithm>
+
+#include "editors/field_columns.h"
+#include "editors/system/system_forms.h"
+#include "sections/rows.h"
+#include "sections/system/billing_mode.h"
+
+namespace tarvok::editors {
+namespace {
+
+using namespace billing_mode;
+
+constexpr std::string_view kCountrySection = "Country";
+constexpr std::string_view kCountKey = "Cnt";
+constexpr std::string_view kUnitKey = "UNIT";
+constexpr std::string_view kFirstCountry = "001";
+constexpr std::string_view kNoData = "No data";
+constexpr int kMostPlaces = 999;
+
+enum class Kind { kFlag, kPercent, kWhole, kAmount };
+
+/** A field's control: its index in `Check1`, `MaskEdNum` or `Text1`, and what stands behind it; "" for the
+ * unit of the country. A percentage has a hidden `Text1` besides, in which the value to save is kept. */
+struct Place {
+  int field;
+  Kind kind;
+  int index;
+  int kept = kNoIndex;
+  std::string_view unit = {};
+};
+
+constexpr std::string_view kPercentSign = "%";
+constexpr std::string_view kMinutes = "Minute";
+constexpr std::string_view kSeconds = "Second";
+
+constexpr Place kPlaces[] = {
+    {kSaveIntercom, Kind::kFlag, 0},
+    {kSaveIncoming, Kind::kFlag, 1},
+    {kSaveOutGoing, Kind::kFlag, 2},
+    {kBillFlat, Kind::kFlag, 3},
+    {kLongDistancePercent, Kind::kPercent, 0, 0, kPercentSign},
+    {kOverseaPercent, Kind::kPercent, 2, 1, kPercentSign},
+    {kMobilePercent, Kind::kPercent, 1, 2, kPercentSign},
+    {kLongDistanceCharge, Kind::kWhole, 3},
+    {kOverseaCharge, Kind::kWhole, 4},
+    {kMobileCharge, Kind::kWhole, 5},
+    {kIncomingRate, Kind::kAmount, 6},
+    {kIntercomRate, Kind::kAmount, 7},
+    {kTimeExpand, Kind::kWhole, 8, kNoIndex, kMinutes},
+    {kChargeExpand, Kind::kAmount, 9},
+    {kTimeExpandIn, Kind::kWhole, 10, kNoIndex, kMinutes},
+    {kChargeExpandIn, Kind::kWhole, 11},
+    {kLocalTime, Kind::kWhole, 12, kNoIndex, kSeconds},
+    {kTimePage, Kind::kWhole, 13, kNoIndex, kSeconds},
+    {kTimeMobile, Kind::kWhole, 14, kNoIndex, kSeconds},
+    {kTimeLongDistance, Kind::kWhole, 15, kNoIndex, kSeconds},
+    {kTimeOversea, Kind::kWhole, 16, kNoIndex, kSeconds},
+    {kPrintMiniBar, Kind::kFlag, 4},
+    {kAreaPercent, Kind::kPercent, 3, 17, kPercentSign},
+    {kExpandAll, Kind::kFlag, 5},
+};
+
+constexpr int kHighestAmount = 655;
+constexpr int kHighestWhole = 254;
+
+const Place& PlaceOf(int field) {
+  return *std::find_if(std::begin(kPlaces), std::end(kPlaces),
+                       [&](const Place& place) { return place.field == field; });
+}
+
+ControlId IdOf(const Place& place) {
+  const char* name = place.kind == Kind::kFlag      ? "Check1"
+                     : place.kind == Kind::kPercent ? "MaskEdNum"
+                                                    : "Text1";
+  return {name, place.index};
+}
+
+/** One point, and two digits behind it. */
+bool FitsAmount(std::string_view text, char key) {
+  const std::size_t point = text.find('.');
+  if (key == '.') return point == std::string_view::npos;
+  return point == std::string_view::npos || text.size() - point <= 2;
+}
+
+/** The mask of a percentage: three digits, a point, two digits. */
+bool FitsPercent(std::string_view text, char key) {
+  constexpr std::size_t kDigitsInFront = 3;
+  if (key != '.' && text.find('.') == std::string_view::npos && text.size() >= kDigitsInFront) return false;
+  return FitsAmount(text, key);
+}
+
+EntryRule RuleOf(Kind kind) {
+  EntryRule rule = AnyDigits();
+  if (kind == Kind::kWhole) return rule;
+  rule.characters = "0123456789.";
+  rule.fits = kind == Kind::kPercent ? FitsPercent : FitsAmount;
+  return rule;
+}
+
+/** A label as it stands on the screen; what a percentage is has its sign behind the box. */
+std::string ScreenLabel(int field) {
+  std::string name(kTable.fields[static_cast<std::size_t>(field) - 1].name);
+  if (name.ends_with(" %")) name.resize(name.size() - 2);
+  return field == kLocalTime ? name + ":" : name + " :";
+}
+
+}  // namespace
+
+BillingModeEditor::BillingModeEditor(const EditorContext& context, const FormName& name)
+    : EditorForm(context, name) {
+  FormLayout country = CountryGroup();
+  const auto group = [this](std::string title, std::initializer_list<int> fields) {
+    std::vector<FormLayout> parts;
+    for (const int field : fields) parts.push_back(AmountField(field));
+    return layout::Group(std::move(title), std::move(parts));
+  };
+  FormLayout saved =
+      Switches("Calls", {kSaveIntercom, kSaveIncoming, kSaveOutGoing, kBillFlat, kPrintMiniBar, kExpandAll});
+  FormLayout percent =
+      group("Percent", {kLongDistancePercent, kOverseaPercent, kMobilePercent, kAreaPercent});
+  FormLayout charge =
+      group("Charge", {kLongDistanceCharge, kOverseaCharge, kMobileCharge, kIncomingRate, kIntercomRate});
+  FormLayout expand = group("Expand", {kTimeExpand, kChargeExpand, kTimeExpandIn, kChargeExpandIn});
+  FormLayout times = group("Time", {kLocalTime, kTimePage, kTimeMobile, kTimeLongDistance, kTimeOversea});
+  SetLayout(
+      layout::Column({layout::Row({layout::Column({std::move(country), std::move(saved), layout::Stretch()}),
+                                   layout::Column({std::move(percent), std::move(charge), layout::Stretch()}),
+                                   layout::Column({std::move(expand), std::move(times), layout::Stretch()})}),
+                      layout::Stretch(), OkAndCancel()}));
+}
+
+FormLayout BillingModeEditor::CountryGroup() {
+  country_ = &AddCombo({"cmbCountry"}, "", {});
+  country_->changed = [this] {
+    // Choosing the same country again changes nothing: its local code stays.
+    if (CountryNumber() != shown_country_) ShowCountry();
+  };
+  local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
+  return layout::Group("Country", {layout::Field("Country :", *country_),
+                                   layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
+}
+
+FormLayout BillingModeEditor::AmountField(int field) {
+  const Place& place = PlaceOf(field);
+  Control& box = AddText(IdOf(place), "", RuleOf(place.kind));
+  box.entered = [&box] { box.selected = box.text == kUnset; };
+  if (place.kept != kNoIndex) {
+    Control& kept = AddText({"Text1", place.kept}, "", {});
+    kept.visible = false;
+    box.changed = [&box, &kept] { kept.text = box.text; };
+  }
+  if (!place.unit.empty()) return layout::Field(ScreenLabel(field), box, std::string(place.unit));
+  return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
+}
+
+FormLayout BillingModeEditor::Switches(std::string title, const std::vector<int>& fields) {
+  std::vector<FormLayout> parts;
+  parts.reserve(fields.size());
+  for (const int field : fields) {
+    parts.push_back(layout::Of(AddCheck(
+        IdOf(PlaceOf(field)), std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name))));
+  }
+  return layout::Group(std::move(title), std::move(parts));
+}
+
+Control& BillingModeEditor::BoxOf(int field) {
+  return *Find(IdOf(PlaceOf(field)));
+}
+
+/** The country's number; one that the system file does not have is the first, which is saved at once. */
+std::string BillingModeEditor::ValidCountry(const IniText& project) {
+  std::string stored(KeyValue(project, kCountry));
+  const std::string count = context().store.GetIniValue(context().system_file, kCountrySection, kCountKey);
+  if (Val(stored) > 0 && Val(stored) <= Val(count)) return stored;
+  const Status written =
+      context().store.SetIniValue(project_file(), kCountry.section, kCountry.key, kFirstCountry);
+  if (!written.ok()) context().questions.Box(written.message(), true);
+  NoteOwnWrite();
+  return std::string(kFirstCountry);
+}
+
+void BillingModeEditor::FillCountries(std::string_view country) {
+  const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
+  const std::int64_t count =
+      std::min<std::int64_t>(Val(system->Get(kCountrySection, kCountKey)), kMostPlaces);
+  country_->entries.clear();
+  numbers_.clear();
+  for (int n = 1; n <= count; ++n) {
+    const std::string number = Padded(n, 3);
+    const std::string_view name = Trim(system->Get(kCountrySection, number));
+    if (name.empty()) continue;
+    if (n == Val(country)) country_->current = static_cast<int>(numbers_.size());
+    country_->entries.emplace_back(name);
+    numbers_.push_back(number);
+  }
+}
+
+std::string BillingModeEditor::CountryNumber() const {
+  return country_->current < 0 ? loaded_country_ : numbers_[static_cast<std::size_t>(country_->current)];
+}
+
+/** The local codes and the unit of the country that is chosen. */
+void BillingModeEditor::ShowCountry() {
+  const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
+  const std::string section = CountryNumber();
+  shown_country_ = section;
+  const std::int64_t count = std::min<std::int64_t>(Val(system->Get(section, kCountKey)), kMostPlaces);
+  local_code_->entries.clear();
+  local_code_->current = kNoIndex;
+  for (int n = 1; n <= count; ++n)
+    local_code_->entries.emplace_back(Trim(system->Get(section, Padded(n, 3))));
+  if (local_code_->entries.empty()) {
+    local_code_->entries.emplace_back(kNoData);
+    local_code_->current = 0;
+  }
+  const std::string_view unit = system->Get(section, kUnitKey);
+  for (Control& control : controls()) {
+    if (control.id.name == "lblUnit") control.text = unit;
+  }
+}
+
+void BillingModeEditor::Load(const IniText& project) {
+  loaded_country_ = ValidCountry(project);
+  FillCountries(loaded_country_);
+  ShowCountry();
+  const FieldList fields(KeyValue(project, kTable));
+  const std::int64_t code = Val(fields[kLocalCode]);
+  if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
+    local_code_->current = static_cast<int>(code) - 1;
+  for (const Place& place : kPlaces) {
+    Control& box = BoxOf(place.field);
+    if (place.kind == Kind::kFlag) {
+      box.on = Val(fields[place.field]) != 0;
+      continue;
+    }
+    box.text = fields[place.field];
+    if (place.kept != kNoIndex) Find({"Text1", place.kept})->text = box.text;
+  }
+}
+
+std::string BillingModeEditor::LocalCode() const {
+  if (local_code_->entries.size() == 1 && local_code_->entries[0] == kNoData) return std::string(kUnset);
+  return local_code_->current < 0 ? "0" : Padded(local_code_->current + 1, 2);
+}
+
+/** A box that holds what no send can carry keeps it, and the save is given up. */
+bool BillingModeEditor::MaySave() {
+  for (const Place& place : kPlaces) {
+    if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
+    Control& box = BoxOf(place.field);
+    const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
+    std::string wrong;
+    if (box.text == ".") {
+      wrong = " is no amount.";
+    } else if (place.kind == Kind::kPercent && ValHundredths(box.text) > statement.high) {
+      wrong = " is more than an exchange can hold; " + FormatHundredths(statement.high) + " is the most.";
+    }
+    if (wrong.empty()) continue;
+    context().questions.Box(std::string(statement.name).append(": ").append(box.text).append(wrong), true);
+    Focus(box);
+    return false;
+  }
+  return true;
+}
+
+std::string BillingModeEditor::FieldOf(int field) {
+  const Place& place = PlaceOf(field);
+  const Control& box = BoxOf(field);
+  if (place.kind == Kind::kFlag) return std::string(FlagText(box));
+  if (box.text.empty()) return "0";
+  if (place.kind == Kind::kPercent) return Find({"Text1", place.kept})->text;
+  return place.kind == Kind::kAmount ? AtMost(box.text, kHighestAmount) : AtMost(box.text, kHighestWhole);
+}
+
+void BillingModeEditor::Write(IniEdit& project) {
+  std::string list = LocalCode();
+  for (int field = kLocalCode + 1; field <= kExpandAll; ++field) list.append("|").append(FieldOf(field));
+  project.Set(kTable.section, kTable.key, list);
+  project.Set(kCountry.section, kCountry.key, CountryNumber());
+}
+
+}  // namespace tarvok::editors

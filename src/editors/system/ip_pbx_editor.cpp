@@ -1,0 +1,76 @@
+#include "editors/system/ip_pbx_editor.h"
+
+#include "editors/field_columns.h"
+#include "editors/system/system_forms.h"
+#include "sections/rows.h"
+#include "sections/system/pbx_ip.h"
+
+namespace tarvok::editors {
+namespace {
+
+// 255 and FF are what is not set on the wire; the exchange is never told them.
+constexpr int kHighestPart = 254;
+constexpr std::string_view kUnsetMac = "FF";
+constexpr std::string_view kHighestMac = "FE";
+constexpr EntryRule kMacRule = {.characters = "0123456789abcdefABCDEF", .most = 2};
+
+}  // namespace
+
+IpPbxEditor::IpPbxEditor(const EditorContext& context, const FormName& name) : EditorForm(context, name) {
+  std::vector<FormLayout> address;
+  std::vector<FormLayout> mac;
+  for (std::size_t i = 0; i < boxes_.size(); ++i) {
+    const bool is_mac = i >= kAddressParts;
+    const int index = static_cast<int>(is_mac ? i - kAddressParts : i);
+    Control& box = AddText({is_mac ? "txtRunScript" : "txtIP_Port", index},
+                           (is_mac ? "MAC byte " : "IP part ") + std::to_string(index + 1),
+                           is_mac ? kMacRule : DigitsRule(3));
+    box.entered = [&box] { box.selected = true; };
+    box.key = [this, i](Key key) { return GoOn(i, key); };
+    boxes_[i] = &box;
+    std::vector<FormLayout>& row = is_mac ? mac : address;
+    row.push_back(row.empty() ? layout::Field(is_mac ? "MAC Address :" : "IP Address :", box)
+                              : layout::Of(box));
+  }
+  address.push_back(layout::Stretch());
+  mac.push_back(layout::Stretch());
+  SetLayout(layout::Column(
+      {layout::Group("PBX IP Address", {layout::Row(std::move(address)), layout::Row(std::move(mac))}),
+       layout::Note("The address is sent by \"31 - Transfer Config\", Send New IP PBX."), layout::Stretch(),
+       OkAndCancel()}));
+}
+
+bool IpPbxEditor::GoOn(std::size_t box, Key key) {
+  const bool dot = key.code == KeyCode::kCharacter && key.character == '.' && box < kAddressParts;
+  if (!dot && key.code != KeyCode::kReturn) return false;
+  Focus(*boxes_[(box + 1) % boxes_.size()]);
+  return true;
+}
+
+void IpPbxEditor::Load(const IniText& project) {
+  const FieldList address(KeyValue(project, pbx_ip::kAddress));
+  const FieldList mac(KeyValue(project, pbx_ip::kMac));
+  for (std::size_t i = 0; i < boxes_.size(); ++i) {
+    const bool is_mac = i >= kAddressParts;
+    const int field = static_cast<int>(is_mac ? i - kAddressParts : i) + 1;
+    boxes_[i]->text = is_mac ? std::string(mac[field]) : CellText(address[field]);
+  }
+}
+
+void IpPbxEditor::Write(IniEdit& project) {
+  std::string address;
+  std::string mac;
+  for (std::size_t i = 0; i < boxes_.size(); ++i) {
+    const std::string& text = boxes_[i]->text;
+    if (i < kAddressParts) {
+      address += (text.empty() ? "0" : AtMost(text, kHighestPart)) + "|";
+    } else {
+      const bool unset = SameName(text, kUnsetMac);
+      mac += (text.empty() ? "0" : unset ? std::string(kHighestMac) : text) + "|";
+    }
+  }
+  project.Set(pbx_ip::kMac.section, pbx_ip::kMac.key, mac);
+  project.Set(pbx_ip::kAddress.section, pbx_ip::kAddress.key, address);
+}
+
+}  // namespace tarvok::editors

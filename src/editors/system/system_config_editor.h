@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editing/editor_form.h"
+#include "editors/uses.h"
+#include "sections/system/system_times.h"
+
+namespace tarvok::editors {
+
+/** `frmSystemConfig`: when the day and the night begin, voice mail and record numbers, the music source, and
+ * the holidays. */
+class SystemConfigEditor : public EditorForm {
+ public:
+  SystemConfigEditor(const EditorContext& context, const FormName& name);
+
+  // The same holidays and times for a calendar and for bars over a day.
+
+  /** Month and day of every holiday, as far as its row holds numbers. */
+  std::vector<std::pair<int, int>> Holidays() const;
+  /** Adds the day, or takes it out after the question, as the buttons do. */
+  void TurnHoliday(int month, int day);
+  /** Day and night time of a weekday, Sunday 0, as typed. */
+  std::pair<std::string, std::string> Times(int weekday) const;
+
+  /** A holiday of the project, by the number of its key. */
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  struct Weekday {
+    std::string day;
+    std::string night;
+  };
+
+  FormLayout TimeGroup();
+  FormLayout NumberGroup();
+  FormLayout HolidayGroup();
+  void ShowWeekday();
+  void KeepWeekday();
+  void ShowHolidays();
+  void ShowHoliday();
+  bool MayTake(const std::string& holiday);
+  void AddMember();
+  void ApplyMembers();
+  void RemoveMember();
+  std::string ChosenDay() const;
+
+  Control* tabs_;
+  Control* day_time_;
+  Control* night_time_;
+  Control* voice_mail_;
+  Control* record_;
+  Control* card_;
+  Control* port_;
+  Control* list_;
+  Control* month_;
+  Control* day_;
+  std::array<Weekday, kWeekdays> week_;
+  int weekday_ = 0;                    // whose times are shown
+  std::vector<std::string> holidays_;  // each as HolidayText makes it
+};
+
+}  // namespace tarvok::editors
