@@ -17,7 +17,8 @@ function(tarvok_precompile target key)
   endif()
 endfunction()
 
-# tarvok_floor(NAME [USES floors...] [QT modules...]) makes the library tarvok_NAME of src/NAME.
+# tarvok_floor(NAME [USES floors...] [QT modules...]) makes the library tarvok_NAME of src/NAME. The core is optimised a
+# little even under the sanitizers: the tests take a third of the time and the build hardly longer.
 function(tarvok_floor name)
   cmake_parse_arguments(floor "" "" "USES;QT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
@@ -31,12 +32,13 @@ function(tarvok_floor name)
     list(TRANSFORM floor_QT REPLACE "(.+)" "<Qt\\1>" OUTPUT_VARIABLE headers)
     tarvok_precompile(tarvok_${name} ${name} ${tarvok_common_headers} ${headers})
   else()
+    target_compile_options(tarvok_${name} PRIVATE $<$<BOOL:${TARVOK_SANITIZE}>:-O1>)
     tarvok_precompile(tarvok_${name} core ${tarvok_common_headers})
   endif()
 endfunction()
 
 # tarvok_fast(NAME floors...) makes the library NAME of these floors at full speed. In a build with sanitizers, which make a
-# session 25 times as long, that means a second build of them.
+# session eight times as long, that means a second build of them: in few large pieces, which takes a third of the time.
 function(tarvok_fast name)
   if(NOT TARVOK_SANITIZE)
     list(TRANSFORM ARGN PREPEND tarvok_ OUTPUT_VARIABLE floors)
@@ -50,6 +52,6 @@ function(tarvok_fast name)
     target_sources(${name} PRIVATE ${sources})
   endforeach()
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)
   target_compile_options(${name} PRIVATE -O2)
-  tarvok_precompile(${name} ${name} ${tarvok_common_headers})
 endfunction()

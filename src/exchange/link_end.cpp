@@ -8,7 +8,7 @@ namespace {
 
 /** Well below the second after which the tool enquires. When both sides enquire at once the tool may take the answer that
  * it gets for one to its next frame, and sends that twice: an answer more than commands, for the rest of the session. */
-constexpr int kPatience_ms = 300;
+constexpr int kFramePatience_ms = 300;
 /** Enquiries for one frame, after which it is given up. */
 constexpr int kMostTries = 20;
 
@@ -156,7 +156,7 @@ void LinkEnd::SendInFlight() {
   enq_pending_ = false;
   port_.Send(BuildFrame(kExchangeAddress, *in_flight_));
   events_.StopTimer(patience_);
-  patience_ = events_.CallLater(kPatience_ms, [this] { OnPatienceEnded(); });
+  patience_ = events_.CallLater(kFramePatience_ms, [this] { OnPatienceEnded(); });
 }
 
 void LinkEnd::OnPatienceEnded() {
@@ -174,7 +174,7 @@ void LinkEnd::OnPatienceEnded() {
   const std::uint8_t no_dle = 0;
   if (tries_ > 1) port_.Send({&no_dle, 1});
   SendControl(kEnq);
-  patience_ = events_.CallLater(kPatience_ms, [this] { OnPatienceEnded(); });
+  patience_ = events_.CallLater(kFramePatience_ms, [this] { OnPatienceEnded(); });
 }
 
 }  // namespace tarvok::exchange

@@ -10,7 +10,7 @@ namespace {
 
 /** Longer than the tool waits for a first pack before it asks again: a lost first pack is the tool's matter.
  */
-constexpr int kPatience_ms = 4000;
+constexpr int kReplyPatience_ms = 4000;
 constexpr int kMostEnquiries = 3;
 constexpr int kMostBegins = 3;
 
@@ -59,7 +59,7 @@ void OutgoingSection::SendAgain() {
 
 void OutgoingSection::Wait() {
   events_.StopTimer(patience_);
-  patience_ = events_.CallLater(kPatience_ms, [this] { OnPatienceEnded(); });
+  patience_ = events_.CallLater(kReplyPatience_ms, [this] { OnPatienceEnded(); });
 }
 
 void OutgoingSection::TakeOk() {

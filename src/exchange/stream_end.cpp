@@ -10,7 +10,7 @@
 namespace tarvok::exchange {
 namespace {
 
-constexpr int kPatience_ms = 1000;
+constexpr int kRestPatience_ms = 1000;
 constexpr std::size_t kLengthAt = 4;  // in a packet to the server
 
 }  // namespace
@@ -26,7 +26,7 @@ void StreamEnd::Take(std::span<const std::uint8_t> bytes) {
     }
     const std::optional<std::size_t> size = UnitSize(stream_);
     if (!size || *size > stream_.size()) {
-      patience_ = events_.CallLater(kPatience_ms, [this] { TakeFront(stream_.size()); });
+      patience_ = events_.CallLater(kRestPatience_ms, [this] { TakeFront(stream_.size()); });
       return;
     }
     // Bytes behind a unit that start no other belong to it: it is too long, and its reader says so.

@@ -12,9 +12,9 @@ constexpr std::size_t kMarkAt = 4;
 constexpr std::size_t kLengthAt = 7;
 constexpr std::size_t kProven = 10;  // bytes from which on a beginning has shown that of its message
 
-using Bytes = std::span<const std::uint8_t>;
+using ByteSpan = std::span<const std::uint8_t>;
 
-bool BeginsMessage(Bytes bytes) {
+bool BeginsMessage(ByteSpan bytes) {
   return bytes[0] == kFromExchange && (bytes.size() < 2 || bytes[1] == 0);
 }
 
@@ -26,53 +26,53 @@ bool IsKnown(std::uint8_t code) {
 }
 
 /** Whether a message whose code has come begins here, and it is one that the exchange sends. */
-bool BeginsKnownMessage(Bytes bytes) {
+bool BeginsKnownMessage(ByteSpan bytes) {
   return bytes.size() >= kHeader && BeginsMessage(bytes) && IsKnown(bytes[3]);
 }
 
-bool BeginsPacket(Bytes bytes) {
+bool BeginsPacket(ByteSpan bytes) {
   return bytes.size() > kLengthAt && bytes[kMarkAt] == kServerMark;
 }
 
-std::size_t PacketLength(Bytes bytes) {
+std::size_t PacketLength(ByteSpan bytes) {
   return static_cast<std::size_t>(kServerHeaderIn) + bytes[kLengthAt];
 }
 
 /** Whether a packet may begin here, as far as its bytes have come. */
-bool MayBeginPacket(Bytes bytes) {
+bool MayBeginPacket(ByteSpan bytes) {
   if (bytes.size() > kMarkAt && bytes[kMarkAt] != kServerMark) return false;
   if (bytes.size() <= kLengthAt) return true;
   const std::size_t length = bytes[kLengthAt];
   if (length == 0 || length > static_cast<std::size_t>(kMaxMessage)) return false;
-  const Bytes message = bytes.subspan(kServerHeaderIn, std::min(length, bytes.size() - kServerHeaderIn));
+  const ByteSpan message = bytes.subspan(kServerHeaderIn, std::min(length, bytes.size() - kServerHeaderIn));
   return message.empty() || BeginsMessage(message);
 }
 
 /** Whether the bytes begin with a packet that is all there, message and all. */
-bool IsProvenPacket(Bytes bytes) {
+bool IsProvenPacket(ByteSpan bytes) {
   return bytes.size() >= kProven && MayBeginPacket(bytes) && bytes.size() >= PacketLength(bytes);
 }
 
 /** Without what can't begin a packet: the padding of the one before. Its last bytes can't be told from a beginning. */
-Bytes FromNextPacket(Bytes bytes) {
+ByteSpan FromNextPacket(ByteSpan bytes) {
   while (!MayBeginPacket(bytes)) bytes = bytes.subspan(1);
   return bytes;
 }
 
 /** Whether what was held, a packet's beginning with that of its message, makes one of a known message with what came. */
-bool JoinsWell(Bytes joined) {
+bool JoinsWell(ByteSpan joined) {
   if (joined.size() < PacketLength(joined)) return true;  // its rest may still come
   return BeginsKnownMessage(joined.subspan(kServerHeaderIn)) &&
          MayBeginPacket(joined.subspan(PacketLength(joined)));
 }
 
-void TakePacket(Bytes packet, const TakeMessage& take) {
+void TakePacket(ByteSpan packet, const TakeMessage& take) {
   const std::size_t length = packet[kLengthAt];
   if (length <= static_cast<std::size_t>(kMaxMessage)) take(packet.subspan(kServerHeaderIn, length));
 }
 
 /** Whether the bytes are nothing but whole packets, each as long as it says or a block of 128 bytes. */
-bool IsWholePackets(Bytes bytes, bool blocks) {
+bool IsWholePackets(ByteSpan bytes, bool blocks) {
   while (!bytes.empty()) {
     if (!BeginsPacket(bytes)) return false;
     const std::size_t length = blocks ? static_cast<std::size_t>(kServerReadIn) : PacketLength(bytes);
@@ -82,7 +82,7 @@ bool IsWholePackets(Bytes bytes, bool blocks) {
   return true;
 }
 
-void TakeWholePackets(Bytes bytes, bool blocks, const TakeMessage& take) {
+void TakeWholePackets(ByteSpan bytes, bool blocks, const TakeMessage& take) {
   while (!bytes.empty()) {
     TakePacket(bytes, take);
     bytes = bytes.subspan(blocks ? static_cast<std::size_t>(kServerReadIn) : PacketLength(bytes));
@@ -108,7 +108,7 @@ void HeldBytes::Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms) 
   since_ms_ = tick_ms;
 }
 
-std::size_t LanReader::ExpectedLength(Bytes bytes) const {
+std::size_t LanReader::ExpectedLength(ByteSpan bytes) const {
   constexpr std::int64_t kFirstPackData = kMaxMessage - 9;
   if (bytes.size() < kHeader) return kHeader;
   switch (bytes[3]) {
@@ -135,7 +135,7 @@ std::size_t LanReader::ExpectedLength(Bytes bytes) const {
 
 /** Whether a message begins here that has a known code and, where it is whole, ends where its code says. What has not come
  * yet is taken to be right. */
-bool LanReader::BeginsWell(Bytes bytes) const {
+bool LanReader::BeginsWell(ByteSpan bytes) const {
   if (!BeginsMessage(bytes)) return false;
   if (bytes.size() < kHeader) return true;
   if (!IsKnown(bytes[3])) return false;
@@ -143,10 +143,10 @@ bool LanReader::BeginsWell(Bytes bytes) const {
   return bytes.size() <= expected ? bytes.size() <= kMaxMessage : BeginsMessage(bytes.subspan(expected));
 }
 
-bool LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+bool LanReader::Feed(ByteSpan read, std::int64_t tick_ms, const TakeMessage& take) {
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
   const bool broken_off = joined.size() > read.size() && BeginsKnownMessage(read) && !BeginsWell(joined);
-  Bytes bytes = broken_off ? read : Bytes(joined);
+  ByteSpan bytes = broken_off ? read : ByteSpan(joined);
   while (!bytes.empty()) {
     if (!BeginsMessage(bytes)) break;
     const std::size_t expected = ExpectedLength(bytes);
@@ -154,23 +154,23 @@ bool LanReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) 
       held_.Hold(bytes, tick_ms);
       break;
     }
-    const Bytes rest = bytes.subspan(expected);
+    const ByteSpan rest = bytes.subspan(expected);
     const bool another_follows = rest.empty() || BeginsMessage(rest);
-    const Bytes message = another_follows ? bytes.first(expected) : bytes;
-    bytes = another_follows ? rest : Bytes();
+    const ByteSpan message = another_follows ? bytes.first(expected) : bytes;
+    bytes = another_follows ? rest : ByteSpan();
     take(message);
   }
   return !broken_off;
 }
 
-bool ServerReader::Feed(Bytes read, std::int64_t tick_ms, const TakeMessage& take) {
+bool ServerReader::Feed(ByteSpan read, std::int64_t tick_ms, const TakeMessage& take) {
   if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return true;
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
   // A few bytes that were held are most likely padding, which must not take a packet's own bytes along.
   const bool held_begins = joined.size() - read.size() >= kProven;
   const bool stands_alone = IsProvenPacket(read) && !(held_begins && JoinsWell(joined));
   const bool broken_off = stands_alone && held_begins;
-  Bytes bytes = stands_alone ? read : FromNextPacket(joined);
+  ByteSpan bytes = stands_alone ? read : FromNextPacket(joined);
   if (std::min(read.size(), bytes.size()) > static_cast<std::size_t>(kServerReadIn)) {
     for (const bool blocks : {false, true}) {
       if (!IsWholePackets(bytes, blocks)) continue;

@@ -15,7 +15,8 @@ namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kCannotSend = "Cannot send data (RE)";
-constexpr LogInWords kWords = {.mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
+constexpr LogInWords kBillingWords = {
+    .mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
 constexpr int kMostSectors = 256;  // a sector's number is a byte
 
 /** A table's file; its place in the list is the table's number on the wire. */
@@ -118,7 +119,8 @@ bool SendBillingFiles(Transfer& transfer, const std::string& folder) {
   const FolderPaths& paths = found.value();
   if (!AskBefore(transfer, paths)) return false;
   transfer.Begin(TransferDirection::kWriteBilling, "Send Billing Files");
-  bool sent = OpenConnection(transfer) && LogIn(transfer, kWords) && SendFiles(transfer, folder, paths);
+  bool sent =
+      OpenConnection(transfer) && LogIn(transfer, kBillingWords) && SendFiles(transfer, folder, paths);
   if (sent) {
     transfer.LogLine(kCompleted);
     sent = EndSending(transfer, kCannotSend);

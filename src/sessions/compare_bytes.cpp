@@ -11,8 +11,6 @@ namespace tarvok::sessions {
 namespace {
 
 constexpr int kMostDifferences = 4;
-constexpr double kRequestPause_s = 0.1;
-
 bool ReadBack(Transfer& transfer, const Section& section) {
   return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
                              .pause_s = kRequestPause_s,

@@ -12,6 +12,8 @@ namespace tarvok::sessions {
 /** Behind an answer that came whole, where the next message would follow at once. A device that takes one read for one
  * message loses what comes together with the OK to the last pack. */
 inline constexpr double kAnswerPause_s = 0.01;
+/** Pause before each request for a section. */
+inline constexpr double kRequestPause_s = 0.1;
 
 /** Something that is asked of the exchange and arrives in packs behind the answer. */
 struct WholeRequest {

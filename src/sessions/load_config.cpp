@@ -12,8 +12,6 @@
 namespace tarvok::sessions {
 namespace {
 
-constexpr double kRequestPause_s = 0.1;
-
 bool GetSection(Transfer& transfer, const Section& section) {
   return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
                              .pause_s = kRequestPause_s,
@@ -60,7 +58,7 @@ std::int64_t BytesOfLoad(int version) {
   return bytes;
 }
 
-bool TellLoad(Transfer& transfer) {
+bool RunLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kLoadWords)) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   transfer.Progress(0, kBarEnd);
@@ -76,7 +74,7 @@ bool TellLoad(Transfer& transfer) {
 bool LoadConfiguration(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion) || !BeginTemporary(transfer)) return false;
   transfer.Begin(TransferDirection::kLoad, "Load Data Config");
-  const bool loaded = TellLoad(transfer);
+  const bool loaded = RunLoad(transfer);
   // The line is free while the user thinks about where the project goes.
   transfer.CleanUp();
   if (loaded) AdviseAnotherLoad(transfer);

@@ -56,7 +56,7 @@ bool SendRecords(Transfer& transfer) {
   return true;
 }
 
-bool TellSend(Transfer& transfer) {
+bool RunMiniBarSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kSendWords) || !SendRecords(transfer)) return false;
   transfer.LogLine("Send Mini Bar Data Config Finished !!!");
   return EndSending(transfer, "Set Mode Failed (RE)");
@@ -82,7 +82,7 @@ bool GetRecords(Transfer& transfer, std::vector<Loaded>& records) {
   return true;
 }
 
-bool TellLoad(Transfer& transfer) {
+bool RunMiniBarLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, LoadWords())) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   std::vector<Loaded> records;
@@ -113,7 +113,7 @@ bool CopyToTemporary(Transfer& transfer) {
 bool SendMiniBarList(Transfer& transfer) {
   if (!transfer.view().Ask("Do you want to send data Mini Bar?")) return false;
   transfer.Begin(TransferDirection::kWriteMiniBar, "Send Mini Bar");
-  const bool sent = TellSend(transfer);
+  const bool sent = RunMiniBarSend(transfer);
   transfer.CleanUp();
   if (sent) transfer.Box(BoxKind::kInformation, "Send Mini Bar Data Config Finished");
   return sent;
@@ -123,7 +123,7 @@ bool LoadMiniBarList(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion)) return false;
   if (!BeginTemporary(transfer) || !CopyToTemporary(transfer)) return false;
   transfer.Begin(TransferDirection::kLoad, "Load MiniBar");
-  const bool loaded = TellLoad(transfer);
+  const bool loaded = RunMiniBarLoad(transfer);
   transfer.CleanUp();
   if (loaded) AdviseAnotherLoad(transfer);
   return loaded && StoreLoaded(transfer);

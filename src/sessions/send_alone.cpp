@@ -10,7 +10,7 @@
 namespace tarvok::sessions {
 namespace {
 
-constexpr LogInWords kWords = {.lowest_version = 101};
+constexpr LogInWords kPartWords = {.lowest_version = 101};
 constexpr std::string_view kOkDots = ".................";
 constexpr std::string_view kFailedDots = "..................";
 
@@ -30,7 +30,7 @@ constexpr Alone kIpAddress = {44, TransferDirection::kWriteIp, "Do you want to s
                               "Send  Data Finished !!!", "Send Data Finished"};
 
 bool Tell(Transfer& transfer, const Section& section, const Alone& alone) {
-  if (!OpenConnection(transfer) || !LogIn(transfer, kWords)) return false;
+  if (!OpenConnection(transfer) || !LogIn(transfer, kPartWords)) return false;
   const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
   if (project == nullptr) return false;
   std::vector<std::uint8_t> image;

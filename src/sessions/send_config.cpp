@@ -97,7 +97,7 @@ void AdviseCompare(Transfer& transfer, std::int64_t refused) {
                                     : "Load the configuration and compare it with the project."));
 }
 
-End TellSend(Transfer& transfer) {
+End RunSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
   transfer.Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
@@ -134,7 +134,7 @@ End TellSend(Transfer& transfer) {
 bool SendConfiguration(Transfer& transfer) {
   if (!AskBefore(transfer)) return false;
   transfer.Begin(TransferDirection::kWrite, "Send Data Config");
-  const End end = TellSend(transfer);
+  const End end = RunSend(transfer);
   if (end == End::kFailedSection) {
     transfer.CleanUpKeepingPort();
   } else {

@@ -11,7 +11,7 @@
 namespace tarvok::sessions {
 namespace {
 
-constexpr int kSecond_ms = 1000;
+constexpr int kElapsedTick_ms = 1000;
 
 LinkMode ModeOf(int by) {
   return by >= 1 && by <= 4 ? static_cast<LinkMode>(by) : LinkMode::kServer;
@@ -61,7 +61,7 @@ void Transfer::BeginQuietly() {
   pace_.reset();
   parts_.view.SetBusy(true);
   line_->StartPump();
-  elapsed_timer_ = parts_.events.StartTimer(kSecond_ms, [this] { OnSecond(); });
+  elapsed_timer_ = parts_.events.StartTimer(kElapsedTick_ms, [this] { OnSecond(); });
 }
 
 void Transfer::OnSecond() {

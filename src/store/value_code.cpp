@@ -5,7 +5,7 @@
 namespace tarvok::store {
 namespace {
 
-std::string Digits(std::uint64_t value, unsigned base) {
+std::string InBase(std::uint64_t value, unsigned base) {
   std::string text;
   for (; value != 0; value /= base) text += "0123456789ABCDEF"[value % base];
   std::reverse(text.begin(), text.end());
@@ -15,11 +15,11 @@ std::string Digits(std::uint64_t value, unsigned base) {
 }  // namespace
 
 std::string DecToHex(std::uint64_t value) {
-  return value == 0 ? "0" : Digits(value, 16);
+  return value == 0 ? "0" : InBase(value, 16);
 }
 
 std::string DecToBin(std::uint64_t value) {
-  return value == 0 ? "0000" : Digits(value, 2);
+  return value == 0 ? "0000" : InBase(value, 2);
 }
 
 std::uint64_t BinToDec(std::string_view text) {

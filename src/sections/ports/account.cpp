@@ -35,11 +35,7 @@ const Table kTable = {.section = "Account",
                       .marks = kMarks,
                       .unique = kUnique};
 
-}  // namespace account
-
 namespace {
-
-using namespace account;
 
 constexpr int kRecord = 11;
 constexpr int kAccountBytes = 3;
@@ -79,11 +75,15 @@ void DecodeRow(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace account
+
 void EncodeAccount(const IniText& project, ImageWriter& image) {
+  using namespace account;
   EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeAccount(const ImageReader& image, IniEdit& project) {
+  using namespace account;
   DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }
 

@@ -45,11 +45,7 @@ const Table kTable = {.section = "Assign",
                       .unique = kUnique,
                       .now = NowCounts::kRows};
 
-}  // namespace assign
-
 namespace {
-
-using namespace assign;
 
 constexpr int kRecord = 9;
 constexpr int kNumberBytes = 3;
@@ -79,12 +75,16 @@ void DecodeNumber(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace assign
+
 void EncodeAssign(const IniText& project, ImageWriter& image) {
+  using namespace assign;
   const std::int64_t now = Val(project.Get(kTable.section, kNowKey));
   EncodeRowsTo(now, project, kTable, image, {kRecord, 0, kRecord}, EncodeNumber);
 }
 
 void DecodeAssign(const ImageReader& image, IniEdit& project) {
+  using namespace assign;
   StoreRowCounts(project, kTable, kAssignRows);
   DecodeRows(image, project, kTable, kRecord, DecodeNumber);
 }

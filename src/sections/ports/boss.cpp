@@ -21,17 +21,16 @@ const Table kTable = {.section = "BOSS",
                       .fields = kFields,
                       .needs = kNeeds};
 
-}  // namespace boss
-
 namespace {
-
-using namespace boss;
 
 constexpr int kRecord = 4;
 
 }  // namespace
 
+}  // namespace boss
+
 void EncodeBoss(const IniText& project, ImageWriter& image) {
+  using namespace boss;
   EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, [](RecordWriter& row) {
     row.MinusOneWord(0, kBoss);
     row.MinusOneWord(2, kSecretary);
@@ -39,6 +38,7 @@ void EncodeBoss(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeBoss(const ImageReader& image, IniEdit& project) {
+  using namespace boss;
   DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record, RowText& row) {
     row.Add(record.RawPlusOneWord(0, 3)).Add(record.RawPlusOneWord(2, 3));
   });

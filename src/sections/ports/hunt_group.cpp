@@ -22,8 +22,6 @@ const Table kTable = {.section = "HuntGroup",
                       .members = {.pool = kHuntMembers},
                       .now = NowCounts::kMembers};
 
-}  // namespace hunt_group
-
 namespace {
 
 using hunt_group::kTable;
@@ -41,7 +39,10 @@ int SlotAt(int position) {
 
 }  // namespace
 
+}  // namespace hunt_group
+
 void EncodeHuntGroup(const IniText& project, ImageWriter& image) {
+  using namespace hunt_group;
   int count = 0;
   for (int group = 1; group <= kHuntGroups; ++group) {
     const std::string key = KeyOf(kTable, group);
@@ -60,6 +61,7 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project) {
+  using namespace hunt_group;
   StoreRowCounts(project, kTable, image.RawWord(TotalAt(kHuntGroups)));
   int position = 1;
   RowText members;

@@ -53,11 +53,7 @@ const Table kDss = {.section = "DSS",
                     .repeats = true,
                     .members = {.most = kDssOfLayout, .numbered = true}};
 
-}  // namespace key_dss
-
 namespace {
-
-using namespace key_dss;
 
 constexpr int kKeyEntry = 11;
 constexpr int kDssEntry = 4;
@@ -224,7 +220,10 @@ void NumberMultilines(std::array<std::string, kKeysOfLayout>& keys) {
 
 }  // namespace
 
+}  // namespace key_dss
+
 void EncodeKeyDss(const IniText& project, ImageWriter& image) {
+  using namespace key_dss;
   for (int layout = 1; layout <= kKeyLayouts; ++layout) {
     const int start = (layout - 1) * kLayout;
     EncodeButtons(project, image, kKeys, layout, start, kKeysOfLayout, kKeyEntry, EncodeKey);
@@ -233,6 +232,7 @@ void EncodeKeyDss(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeKeyDss(const ImageReader& image, IniEdit& project) {
+  using namespace key_dss;
   std::array<std::string, kKeysOfLayout> keys;
   RowText row;
   for (int layout = 1; layout <= kKeyLayouts; ++layout) {

@@ -22,8 +22,6 @@ const Table kTable = {.section = "Name",
                       .marks = kMarks,
                       .now = NowCounts::kRows};
 
-}  // namespace name
-
 namespace {
 
 using name::kMostBytes;
@@ -31,7 +29,10 @@ using name::kTable;
 
 }  // namespace
 
+}  // namespace name
+
 void EncodeName(const IniText& project, ImageWriter& image) {
+  using namespace name;
   const std::int64_t now = Val(project.Get(kTable.section, kNowKey));
   for (int number = 1; number <= kNameRows && number <= now; ++number) {
     image.Text((number - 1) * kMostBytes, kMostBytes, RowValue(project, kTable, number));
@@ -39,6 +40,7 @@ void EncodeName(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeName(const ImageReader& image, IniEdit& project) {
+  using namespace name;
   std::array<std::string, kNameRows> names;
   int count = 0;
   for (int i = 0; i < kNameRows; ++i) {

@@ -23,8 +23,8 @@ void DecodeNumbers(const ImageReader& image, IniEdit& project, const Table& tabl
   std::string digits;
   for (int number = 1; number <= table.rows.last; ++number) {
     digits.clear();
-    AppendDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits,
-                 SkippedBytes::kZeroAnd255, digits);
+    AppendDigits(image.Bytes((number - 1) * record, record), DialSymbols::kDigits, SkippedBytes::kZeroAnd255,
+                 digits);
     project.Set(table.section, KeyOf(table, number), digits);
   }
 }

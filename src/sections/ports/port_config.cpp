@@ -65,11 +65,7 @@ const Table kTable = {.section = "PortConfig",
                       .fewest_fields = kFieldsOfALoad,
                       .now = NowCounts::kRows};
 
-}  // namespace port_config
-
 namespace {
-
-using namespace port_config;
 
 constexpr int kRecord = 20;
 constexpr int kHotlineBytesA = 3;
@@ -141,27 +137,35 @@ void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
 
 }  // namespace
 
+}  // namespace port_config
+
 void EncodePortConfigA(const IniText& project, ImageWriter& image) {
+  using namespace port_config;
   EncodeRows(project, kTable, image, {kRecord, 1, 2}, EncodeA);
 }
 
 void EncodePortConfigB(const IniText& project, ImageWriter& image) {
+  using namespace port_config;
   EncodeRows(project, kTable, image, {kRecord, 1, 2}, EncodeB);
 }
 
 void EncodePortConfig2(const IniText& project, ImageWriter& image) {
+  using namespace port_config;
   EncodeRows(project, kTable, image, {kRecord, 6, 1}, Encode2);
 }
 
 void DecodePortConfigA(const ImageReader& image, IniEdit& project) {
+  using namespace port_config;
   DecodeProfiles(image, project, true);
 }
 
 void DecodePortConfigB(const ImageReader& image, IniEdit& project) {
+  using namespace port_config;
   DecodeProfiles(image, project, false);
 }
 
 void DecodePortConfig2(const ImageReader& image, IniEdit& project) {
+  using namespace port_config;
   RowText row;
   for (int number = 1; number <= kPortConfigRows; ++number) {
     const ImageReader profile = image.Record(number - 1, kRecord);

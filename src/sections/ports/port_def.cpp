@@ -67,11 +67,7 @@ const Table kTable = {.section = "Port_Def",
                       .unique = kUnique,
                       .now = NowCounts::kRows};
 
-}  // namespace port_def
-
 namespace {
-
-using namespace port_def;
 
 constexpr int kRecord = 55;
 constexpr int kDigitBytes = 6;
@@ -178,13 +174,17 @@ void DecodePort(const ImageReader& port, RowText& row) {
 
 }  // namespace
 
+}  // namespace port_def
+
 void EncodePortDef(const IniText& project, ImageWriter& image) {
+  using namespace port_def;
   const auto bosses = ReadBosses(project);
   EncodeRows(project, kTable, image, {kRecord, 0, kRecord},
              [&](RecordWriter& port) { EncodePort(port, BossRowOf(port.key(), bosses)); });
 }
 
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
+  using namespace port_def;
   constexpr std::string_view kNothingThere = "F|F|F";
   StoreRowCounts(project, kTable, kPortRows);
   RowText row;

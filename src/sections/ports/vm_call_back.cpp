@@ -19,18 +19,17 @@ constexpr Field kFields[] = {
 const Table kTable = {
     .section = "VMCallBack", .row_name = "VM Call Back", .rows = {1, kVmCallBackRows, 2}, .fields = kFields};
 
-}  // namespace vm_call_back
-
 namespace {
-
-using namespace vm_call_back;
 
 constexpr int kRecord = 2 * kMostCharacters;
 constexpr std::string_view kNoCharacters("\0\xFF", 2);
 
 }  // namespace
 
+}  // namespace vm_call_back
+
 void EncodeVMCallBack(const IniText& project, ImageWriter& image) {
+  using namespace vm_call_back;
   EncodeRows(project, kTable, image, {kRecord}, [](RecordWriter& row) {
     row.Text(0, kMostCharacters, row.SetText(kCheck));
     row.Text(kMostCharacters, kMostCharacters, row.SetText(kInsert));
@@ -38,6 +37,7 @@ void EncodeVMCallBack(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project) {
+  using namespace vm_call_back;
   DecodeRows(image, project, kTable, kRecord, [](const ImageReader& record, RowText& row) {
     for (const int at : {0, kMostCharacters})
       row.AddCharacters(record.Bytes(at, kMostCharacters), kNoCharacters);

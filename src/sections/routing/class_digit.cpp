@@ -36,11 +36,7 @@ const Table kAllowTable = {.section = "COR",
                            .members = kMembers,
                            .label = "COR"};
 
-}  // namespace class_digit
-
 namespace {
-
-using namespace class_digit;
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
@@ -114,19 +110,25 @@ void DecodeLists(const ImageReader& image, IniEdit& project, const Table& table)
 
 }  // namespace
 
+}  // namespace class_digit
+
 void EncodeClassBan(const IniText& project, ImageWriter& image) {
+  using namespace class_digit;
   EncodeLists(project, kBanTable, image);
 }
 
 void EncodeClassAllow(const IniText& project, ImageWriter& image) {
+  using namespace class_digit;
   EncodeLists(project, kAllowTable, image);
 }
 
 void DecodeClassBan(const ImageReader& image, IniEdit& project) {
+  using namespace class_digit;
   DecodeLists(image, project, kBanTable);
 }
 
 void DecodeClassAllow(const ImageReader& image, IniEdit& project) {
+  using namespace class_digit;
   DecodeLists(image, project, kAllowTable);
 }
 

@@ -21,17 +21,16 @@ const Table kTable = {.section = "COR_Group",
                       .members = {.most = kClassesOfGroup},
                       .label = "COR Group"};
 
-}  // namespace class_group
-
 namespace {
-
-using namespace class_group;
 
 constexpr std::string_view kGroupFull = "has no place in its group any more";
 
 }  // namespace
 
+}  // namespace class_group
+
 void EncodeClassGroup(const IniText& project, ImageWriter& image) {
+  using namespace class_group;
   image.Fill(0, image.size(), kUnsetByte);
   for (int group = 1; group <= kClassGroups; ++group) {
     const std::string key = KeyOf(kTable, group);
@@ -49,6 +48,7 @@ void EncodeClassGroup(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeClassGroup(const ImageReader& image, IniEdit& project) {
+  using namespace class_group;
   StoreMax(project, kTable);
   RowText classes;
   for (int group = 1; group <= kClassGroups; ++group) {

@@ -38,11 +38,7 @@ const Table kTable = {.section = "DIDRedirect",
                       .empty_rows = kEmptyRows,
                       .marks = kMarks};
 
-}  // namespace did_redirect
-
 namespace {
-
-using namespace did_redirect;
 
 constexpr int kRecord = 7;
 constexpr int kRouteListBase = 0xA000;
@@ -99,11 +95,15 @@ void DecodeRow(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace did_redirect
+
 void EncodeDIDRedirect(const IniText& project, ImageWriter& image) {
+  using namespace did_redirect;
   EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project) {
+  using namespace did_redirect;
   StoreMax(project, kTable);
   DecodeRows(image, project, kTable, kRecord, DecodeRow);
 }

@@ -37,11 +37,7 @@ const Table kTable = {.section = "E1Map",
                       .needs = kNeeds,
                       .now = NowCounts::kRows};
 
-}  // namespace e1_map
-
 namespace {
-
-using namespace e1_map;
 
 constexpr int kRecord = 4;
 constexpr int kLocalLinkByte = 0x10;
@@ -122,11 +118,15 @@ void DecodeLink(const ImageReader& record, const std::vector<std::string>& ports
 
 }  // namespace
 
+}  // namespace e1_map
+
 void EncodeE1Map(const IniText& project, ImageWriter& image) {
+  using namespace e1_map;
   for (int link = 1; link <= kE1Links; ++link) EncodeLink(project, image, link);
 }
 
 void DecodeE1Map(const ImageReader& image, IniEdit& project) {
+  using namespace e1_map;
   const std::vector<std::string> ports = E1Ports(project);
   StoreRowCounts(project, kTable, kE1Links);
   RowText row;

@@ -26,11 +26,7 @@ const Table kTable = {.section = "E1Number",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
 
-}  // namespace e1_number
-
 namespace {
-
-using namespace e1_number;
 
 constexpr int kRecord = 12;
 constexpr int kNumberBytes = kMostDigits / 2;
@@ -49,11 +45,15 @@ void DecodeRow(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace e1_number
+
 void EncodeE1Number(const IniText& project, ImageWriter& image) {
+  using namespace e1_number;
   EncodeRows(project, kTable, image, {kRecord, kNumberBytes, 2}, EncodeRow);
 }
 
 void DecodeE1Number(const ImageReader& image, IniEdit& project) {
+  using namespace e1_number;
   StoreMax(project, kTable);
   RowText row;
   for (int number = 1; number <= kE1NumberRows; ++number) {

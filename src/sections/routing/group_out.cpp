@@ -30,18 +30,17 @@ const Table kTable = {.section = "Group_Out",
                       .now = NowCounts::kMembers,
                       .counts = kCounts};
 
-}  // namespace group_out
-
 namespace {
-
-using namespace group_out;
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kGroupsOut * kWord;
 
 }  // namespace
 
+}  // namespace group_out
+
 void EncodeGroupOut(const IniText& project, ImageWriter& image) {
+  using namespace group_out;
   image.Fill(kPoolAt, kGroupOutMembers * kWord, kUnsetByte);
   int count = 0;
   for (int group = 1; group <= kGroupsOut; ++group) {
@@ -60,6 +59,7 @@ void EncodeGroupOut(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
+  using namespace group_out;
   const int total = image.RawWord((kGroupsOut - 1) * kWord);
   const bool no_groups = total == kUnsetWord;
   StoreMax(project, kTable);

@@ -39,11 +39,7 @@ const Table kTable = {.section = "Incoming_List",
                       .marks = kMarks,
                       .now = NowCounts::kRows};
 
-}  // namespace incoming_list
-
 namespace {
-
-using namespace incoming_list;
 
 constexpr int kRecord = 7;
 
@@ -82,11 +78,15 @@ void DecodeRow(const ImageReader& record, int number, RowText& row) {
 
 }  // namespace
 
+}  // namespace incoming_list
+
 void EncodeIncomingList(const IniText& project, ImageWriter& image) {
+  using namespace incoming_list;
   EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
 }
 
 void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
+  using namespace incoming_list;
   StoreRowCounts(project, kTable, kIncomingRows);
   RowText row;
   for (int number = 1; number <= kIncomingRows; ++number) {

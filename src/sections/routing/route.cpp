@@ -39,11 +39,7 @@ const Table kTable = {.section = "Route",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
 
-}  // namespace route
-
 namespace {
-
-using namespace route;
 
 constexpr int kRecord = 49;
 
@@ -97,11 +93,15 @@ void DecodeRow(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace route
+
 void EncodeRoute(const IniText& project, ImageWriter& image) {
+  using namespace route;
   EncodeRows(project, kTable, image, {kRecord, 0, 9}, EncodeRow);
 }
 
 void DecodeRoute(const ImageReader& image, IniEdit& project) {
+  using namespace route;
   StoreMax(project, kTable);
   RowText row;
   for (int number = 1; number <= kRouteRows; ++number) {

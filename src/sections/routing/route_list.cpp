@@ -22,11 +22,7 @@ const Table kTable = {.section = "Route_List",
                       .label = "List",
                       .ends_of = &route::kTable};
 
-}  // namespace route_list
-
 namespace {
-
-using namespace route_list;
 
 constexpr int kValue = 2;
 constexpr int kLargestEnd = kUnsetWord + 1;
@@ -42,7 +38,10 @@ void EncodeEnd(RecordWriter& list) {
 
 }  // namespace
 
+}  // namespace route_list
+
 RouteRange RoutesOfList(const IniText& project, int list) {
+  using namespace route_list;
   const auto end_of = [&](int number) {
     const std::int64_t end = number < 1 ? 1 : Val(RowValue(project, kTable, number));
     return static_cast<int>(std::clamp<std::int64_t>(end, 1, route::kTable.rows.kept + 1));
@@ -51,10 +50,12 @@ RouteRange RoutesOfList(const IniText& project, int list) {
 }
 
 void EncodeRouteList(const IniText& project, ImageWriter& image) {
+  using namespace route_list;
   EncodeRows(project, kTable, image, {kValue, 0, 0}, EncodeEnd);
 }
 
 void DecodeRouteList(const ImageReader& image, IniEdit& project) {
+  using namespace route_list;
   StoreMax(project, kTable);
   for (int number = 1; number <= kRouteLists; ++number) {
     const int end = image.RawWord((number - 1) * kValue);

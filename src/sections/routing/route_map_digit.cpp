@@ -41,11 +41,7 @@ const Table kTable = {.section = "Route_Map_Digit",
                       .fewest_fields = kFieldsOfALoad,
                       .marks = kMarks};
 
-}  // namespace route_map_digit
-
 namespace {
-
-using namespace route_map_digit;
 
 constexpr int kShortRecord = 22;
 constexpr int kLongRecord = 23;
@@ -92,29 +88,37 @@ void DecodeLong(const ImageReader& record, RowText& row) {
 
 }  // namespace
 
+}  // namespace route_map_digit
+
 void EncodeRouteMapDigit22(const IniText& project, ImageWriter& image) {
+  using namespace route_map_digit;
   EncodeRows(project, kTable, image, {kShortRecord, kMostDigits, 2}, EncodeShort);
 }
 
 void EncodeRouteMapDigit23(const IniText& project, ImageWriter& image) {
+  using namespace route_map_digit;
   EncodeRows(project, kTable, image, {kLongRecord, kMostDigits, 3}, EncodeLong);
 }
 
 void DecodeRouteMapDigit22(const ImageReader& image, IniEdit& project) {
+  using namespace route_map_digit;
   StoreMax(project, kTable);
   DecodeRows(image, project, kTable, kShortRecord, DecodeShort);
 }
 
 void DecodeRouteMapDigit23(const ImageReader& image, IniEdit& project) {
+  using namespace route_map_digit;
   StoreMax(project, kTable);
   DecodeRows(image, project, kTable, kLongRecord, DecodeLong);
 }
 
 void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image) {
+  using namespace route_map_digit;
   EncodeRows(project, kTable, image, {1, 0, 1}, [](RecordWriter& row) { row.Plain(0, kTimeout, 0); });
 }
 
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project) {
+  using namespace route_map_digit;
   RowText row;
   for (int number = 1; number <= kRouteMapRows; ++number) {
     const std::string key = KeyOf(kTable, number);

@@ -28,11 +28,7 @@ const Table kTable = {.section = "TblRoute",
                       .fields = kFields,
                       .missing_differs = true};
 
-}  // namespace tbl_route
-
 namespace {
-
-using namespace tbl_route;
 
 constexpr int kNoPbxId = 15;
 constexpr int kNoGateway = 16;
@@ -54,7 +50,10 @@ void EncodeDestination(RecordWriter& row) {
 
 }  // namespace
 
+}  // namespace tbl_route
+
 void EncodeTblRoute(const IniText& project, ImageWriter& image) {
+  using namespace tbl_route;
   RecordWriter(image, 0, kPidTable, kPidTable.key, KeyValue(project, kPidTable)).Plain(0, 1, 0);
   const std::string_view stored = KeyValue(project, kGatewayTable);
   RecordWriter gateway(image, 0, kGatewayTable, kGatewayTable.key, stored);
@@ -72,6 +71,7 @@ void EncodeTblRoute(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeTblRoute(const ImageReader& image, IniEdit& project) {
+  using namespace tbl_route;
   const int pbx_id = image.Byte(0);
   const int gateway = image.Byte(1);
   project.Set(kPidTable.section, kPidTable.key, std::to_string(pbx_id < kNoPbxId ? pbx_id : 0));

@@ -31,11 +31,7 @@ const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
 const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
 const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
 
-}  // namespace tenan
-
 namespace {
-
-using namespace tenan;
 
 constexpr int kMask = 2;
 constexpr std::string_view kTooWide = "has more than 16 columns";
@@ -75,7 +71,10 @@ constexpr const Table* kHighTables[] = {&kDayHighTable, &kNightHighTable};
 
 }  // namespace
 
+}  // namespace tenan
+
 void EncodeTenan16(const IniText& project, ImageWriter& image) {
+  using namespace tenan;
   for (int half = 0; half < 2; ++half) {
     for (int row = 1; row <= kTenantsShort; ++row) {
       EncodeMask(project, *kLowTables[half], row, kUnsetWord, image, PlaceOf(half, row, kTenantsShort, 1));
@@ -84,6 +83,7 @@ void EncodeTenan16(const IniText& project, ImageWriter& image) {
 }
 
 void EncodeTenan32(const IniText& project, ImageWriter& image) {
+  using namespace tenan;
   for (int half = 0; half < 2; ++half) {
     for (int row = 1; row <= kTenants; ++row) {
       const int at = PlaceOf(half, row, kTenants, 2);
@@ -94,6 +94,7 @@ void EncodeTenan32(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeTenan16(const ImageReader& image, IniEdit& project) {
+  using namespace tenan;
   StoreTenants(project, kTenantsShort);
   for (int half = 0; half < 2; ++half) {
     for (int row = 1; row <= kTenantsShort; ++row) {
@@ -103,6 +104,7 @@ void DecodeTenan16(const ImageReader& image, IniEdit& project) {
 }
 
 void DecodeTenan32(const ImageReader& image, IniEdit& project) {
+  using namespace tenan;
   StoreTenants(project, kTenants);
   for (int half = 0; half < 2; ++half) {
     for (int row = 1; row <= kTenants; ++row) {

@@ -54,11 +54,7 @@ const Table kTable = {
 const Table kCountry = {
     .section = kSystemConfig, .row_name = "Billing Mode", .key = "CCode", .fields = kCountryFields};
 
-}  // namespace billing_mode
-
 namespace {
-
-using namespace billing_mode;
 
 constexpr int kForm1 = 1;
 constexpr int kForm2 = 2;
@@ -147,27 +143,35 @@ void DecodeBilling(const ImageReader& image, IniEdit& project, int form) {
 
 }  // namespace
 
+}  // namespace billing_mode
+
 void EncodeBilling1(const IniText& project, ImageWriter& image) {
+  using namespace billing_mode;
   EncodeBilling(project, image, kForm1);
 }
 
 void EncodeBilling2(const IniText& project, ImageWriter& image) {
+  using namespace billing_mode;
   EncodeBilling(project, image, kForm2);
 }
 
 void EncodeBilling3(const IniText& project, ImageWriter& image) {
+  using namespace billing_mode;
   EncodeBilling(project, image, kForm3);
 }
 
 void DecodeBilling1(const ImageReader& image, IniEdit& project) {
+  using namespace billing_mode;
   DecodeBilling(image, project, kForm1);
 }
 
 void DecodeBilling2(const ImageReader& image, IniEdit& project) {
+  using namespace billing_mode;
   DecodeBilling(image, project, kForm2);
 }
 
 void DecodeBilling3(const ImageReader& image, IniEdit& project) {
+  using namespace billing_mode;
   DecodeBilling(image, project, kForm3);
 }
 

@@ -24,18 +24,17 @@ const Table kTable = {.section = "MiniBar",
                       .empty_rows = kEmptyRows,
                       .marks = kMarks};
 
-}  // namespace mini_bar
-
 namespace {
-
-using namespace mini_bar;
 
 constexpr int kNameBytes = 20;
 constexpr int kUnsetPrice = 65535;
 
 }  // namespace
 
+}  // namespace mini_bar
+
 void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image) {
+  using namespace mini_bar;
   const std::string key = KeyOf(kTable, number);
   const std::string_view value = RowValue(project, kTable, number);
   RecordWriter item(image, 0, kTable, key, value);
@@ -44,6 +43,7 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
 }
 
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project) {
+  using namespace mini_bar;
   RowText row;
   // Each of these would end the field or the row, or be cut off its front.
   row.AddCharacters({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, "|\t\r\n");

@@ -43,11 +43,7 @@ constexpr Field kFields[] = {
 
 const Table kTable = {.section = kSystemConfig, .row_name = "PABX Mode", .key = "Pbx", .fields = kFields};
 
-}  // namespace pabx_mode
-
 namespace {
-
-using namespace pabx_mode;
 
 // What byte 14 says about a DID call that finds its number busy.
 constexpr int kToMessage = 1;
@@ -108,7 +104,10 @@ std::string FlagAt(const ImageReader& image, int at) {
 
 }  // namespace
 
+}  // namespace pabx_mode
+
 void EncodePabxMode(const IniText& project, ImageWriter& image) {
+  using namespace pabx_mode;
   const std::string_view value = KeyValue(project, kTable);
   if (value.empty()) {
     image.Fill(11, 9, 255);
@@ -119,6 +118,7 @@ void EncodePabxMode(const IniText& project, ImageWriter& image) {
 }
 
 void DecodePabxMode(const ImageReader& image, IniEdit& project) {
+  using namespace pabx_mode;
   const BusyTransfer busy = DecodeBusyTransfer(image);
   RowText row;
   for (const int at : {1, 2, 5, 4, 6, 7, 8, 9, 3, 10, 11, 12, 13}) row.Add(image.Plain(at));

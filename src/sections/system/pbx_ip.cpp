@@ -26,15 +26,12 @@ constexpr Field kMacFields[] = {MacByte("MAC 1"), MacByte("MAC 2")};
 const Table kAddress = {.section = "IP", .row_name = "IP Address", .key = "IP", .fields = kAddressFields};
 const Table kMac = {.section = "IP", .row_name = "MAC Address", .key = "MAC", .fields = kMacFields};
 
+namespace {}  // namespace
+
 }  // namespace pbx_ip
 
-namespace {
-
-using namespace pbx_ip;
-
-}  // namespace
-
 void EncodePbxIp(const IniText& project, ImageWriter& image) {
+  using namespace pbx_ip;
   RecordWriter mac(image, 0, kMac, kMac.key, KeyValue(project, kMac));
   mac.Checked(0, 2, ValHex(mac.Get(2)));
   mac.Checked(1, 1, ValHex(mac.Get(1)));

@@ -28,8 +28,6 @@ const Table kTable = {.section = "RunScript",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
 
-}  // namespace run_script
-
 namespace {
 
 using run_script::kTable;
@@ -38,13 +36,17 @@ constexpr int kWord = 2;
 
 }  // namespace
 
+}  // namespace run_script
+
 void EncodeRunScript(const IniText& project, ImageWriter& image) {
+  using namespace run_script;
   image.Fill(0, image.size(), 255);
   RecordWriter scripts(image, 0, kTable, kTable.key, KeyValue(project, kTable));
   for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kWord, event);
 }
 
 void DecodeRunScript(const ImageReader& image, IniEdit& project) {
+  using namespace run_script;
   std::string row;
   for (int event = 1; event <= kScriptEvents; ++event) row += image.RawPlusOneWord((event - 1) * kWord) + "|";
   if (row == kTable.empty_rows.front()) row.clear();

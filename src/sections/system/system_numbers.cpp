@@ -24,11 +24,7 @@ const Table kMusicCard = {
 const Table kMusicPort = {
     .section = kSystemConfig, .row_name = "Music Source", .key = "port", .fields = kPortFields};
 
-}  // namespace system_numbers
-
 namespace {
-
-using namespace system_numbers;
 
 void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
   PutNumber(image, 0, kNumberBytes, table, table.key, KeyValue(project, table));
@@ -41,28 +37,36 @@ void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table
 
 }  // namespace
 
+}  // namespace system_numbers
+
 void EncodeVMNumber(const IniText& project, ImageWriter& image) {
+  using namespace system_numbers;
   EncodeNumber(project, image, kVoiceMail);
 }
 
 void EncodeRecordNumber(const IniText& project, ImageWriter& image) {
+  using namespace system_numbers;
   EncodeNumber(project, image, kRecord);
 }
 
 void DecodeVMNumber(const ImageReader& image, IniEdit& project) {
+  using namespace system_numbers;
   DecodeNumber(image, project, kVoiceMail);
 }
 
 void DecodeRecordNumber(const ImageReader& image, IniEdit& project) {
+  using namespace system_numbers;
   DecodeNumber(image, project, kRecord);
 }
 
 void EncodeCardPortVM(const IniText& project, ImageWriter& image) {
+  using namespace system_numbers;
   RecordWriter(image, 0, kMusicCard, kMusicCard.key, KeyValue(project, kMusicCard)).Plain(0, 1, 255);
   RecordWriter(image, 0, kMusicPort, kMusicPort.key, KeyValue(project, kMusicPort)).Plain(1, 1, 255);
 }
 
 void DecodeCardPortVM(const ImageReader& image, IniEdit& project) {
+  using namespace system_numbers;
   project.Set(kMusicCard.section, kMusicCard.key, image.Plain(0));
   project.Set(kMusicPort.section, kMusicPort.key, image.Plain(1));
 }

@@ -30,11 +30,7 @@ const Table kHolidays = {.section = kSystemConfig,
                          .rows = {.first = 1, .last = kHolidayRows, .width = 2, .prefix = "W"},
                          .fields = kHolidayFields};
 
-}  // namespace system_times
-
 namespace {
-
-using namespace system_times;
 
 constexpr int kPairs = 2;  // where the first weekday stands
 constexpr int kPair = 2;
@@ -70,20 +66,26 @@ std::string TwoDigitsAt(const ImageReader& image, int at) {
 
 }  // namespace
 
+}  // namespace system_times
+
 void EncodeDayTime(const IniText& project, ImageWriter& image) {
+  using namespace system_times;
   EncodeTimes(project, image, kDayTime);
 }
 
 void EncodeNightTime(const IniText& project, ImageWriter& image) {
+  using namespace system_times;
   EncodeTimes(project, image, kNightTime);
 }
 
 void DecodeDayTime(const ImageReader& image, IniEdit& project) {
+  using namespace system_times;
   for (std::size_t i = 0; i < kWeekdayTables.size(); ++i)
     project.Set(kWeekdayTables[i].section, kWeekdayTables[i].key, TimeAt(image, i));
 }
 
 void DecodeNightTime(const ImageReader& image, IniEdit& project) {
+  using namespace system_times;
   RowText row;
   for (std::size_t i = 0; i < kWeekdayTables.size(); ++i) {
     const Table& weekday = kWeekdayTables[i];
@@ -94,6 +96,7 @@ void DecodeNightTime(const ImageReader& image, IniEdit& project) {
 }
 
 void EncodeWeekend(const IniText& project, ImageWriter& image) {
+  using namespace system_times;
   EncodeRows(project, kHolidays, image, {kPair}, [](RecordWriter& holiday) {
     holiday.Hex(0, kDay);
     holiday.Hex(1, kMonth);
@@ -101,6 +104,7 @@ void EncodeWeekend(const IniText& project, ImageWriter& image) {
 }
 
 void DecodeWeekend(const ImageReader& image, IniEdit& project) {
+  using namespace system_times;
   DecodeRows(image, project, kHolidays, kPair, [](const ImageReader& record, RowText& row) {
     row.Add(TwoDigitsAt(record, 1)).Add(TwoDigitsAt(record, 0));
     const bool free = row.str() == "F|F" || row.str() == "00|00";
