@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <unistd.h>
 
@@ -105,6 +106,10 @@ class ProjectFolder : public ::testing::Test {
        Calls::kThatChange},
   };
 
+ public:
+  static constexpr std::size_t kChangeCount = std::size(kChanges);
+
+ protected:
   /** Stops at the first call, at the second, and so on. `stopped` gives the calls that counted, which are the result;
    * -1 where processes can't be watched. */
   template <typename Stopped>

@@ -53,28 +53,33 @@ class WholeProject : public ProjectFolder {
   }
 };
 
-TEST_F(WholeProject, KilledAtEverySystemCall) {
-  for (const Change& change : kChanges) {
-    for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind}) {
-      const int calls = StoppedAtEachCallOf(change, {.fate = fate, .calls = change.killed_at});
-      if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
-      EXPECT_GE(calls, 6) << change.name;
-    }
+/** Each way to change a project is a test of its own, so that they run side by side. */
+class EveryChange : public WholeProject, public testing::WithParamInterface<std::size_t> {
+ protected:
+  const Change& change() const { return kChanges[GetParam()]; }
+};
+INSTANTIATE_TEST_SUITE_P(WholeProject, EveryChange,
+                         testing::Range<std::size_t>(0, EveryChange::kChangeCount));
+
+TEST_P(EveryChange, KilledAtEverySystemCall) {
+  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind}) {
+    const int calls = StoppedAtEachCallOf(change(), {.fate = fate, .calls = change().killed_at});
+    if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+    EXPECT_GE(calls, 6) << change().name;
   }
 }
 
-TEST_F(WholeProject, EveryCallFailing) {
-  for (const Change& change : kChanges) {
-    for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
-      for (const bool no_new_files : {false, true}) {
-        // Written in place because the folder takes no new file, old bytes can't be put back on a disk that is gone.
-        if (no_new_files && fate == Fate::kFailsForGood) continue;
-        for (const int error : {ENOSPC, EACCES, EIO}) {
-          const int calls = StoppedAtEachCallOf(
-              change, {.fate = fate, .error = error, .calls = change.failing, .no_new_files = no_new_files});
-          if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
-          EXPECT_GE(calls, 4) << change.name;
-        }
+TEST_P(EveryChange, EveryCallFailing) {
+  for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
+    for (const bool no_new_files : {false, true}) {
+      // If the file is written in place because the folder takes no new one, a dead disk cannot get the old bytes back.
+      if (no_new_files && fate == Fate::kFailsForGood) continue;
+      for (const int error : {ENOSPC, EACCES, EIO}) {
+        const int calls = StoppedAtEachCallOf(
+            change(),
+            {.fate = fate, .error = error, .calls = change().failing, .no_new_files = no_new_files});
+        if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+        EXPECT_GE(calls, 4) << change().name;
       }
     }
   }
