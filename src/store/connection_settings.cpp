@@ -13,7 +13,7 @@ namespace key = connection_key;
 constexpr std::string_view kDefaultBpsShownOnly = "9600,n,81";
 constexpr int kNoId = 15;
 
-/** A small number; one far out of range stays out of range. */
+/** Converts to int. Values far out of range are clamped but stay out of range. */
 int SmallNumber(std::string_view text) {
   constexpr std::int64_t kLimit = 1'000'000;
   return static_cast<int>(std::clamp(Val(text), -kLimit, kLimit));
@@ -23,7 +23,7 @@ int PortNumber(std::string_view text) {
   return text.empty() ? 1 : SmallNumber(text);
 }
 
-/** An id of the message header's nibbles; one that does not fit may not run over into the other. */
+/** An id fills one nibble of the message header; anything that does not fit becomes 15. */
 int Id(std::string_view text) {
   if (text.empty()) return kNoId;
   const std::int64_t value = Val(text);
@@ -81,7 +81,7 @@ Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpee
                       ConnectionSettings& settings) {
   const std::shared_ptr<const IniText> text = store.Snapshot(project);
   settings = ReadConnection(*text, empty_speed);
-  if (text->bytes().empty()) return {};  // it can't be read: what it holds is not for this to put in order
+  if (text->bytes().empty()) return {};  // unreadable: leave it alone
   const bool no_speed =
       empty_speed == EmptySpeed::kWrittenBack && Trim(text->Get(kHeaderSection, key::kBps)).empty();
   const bool negative_card = HasNegativeCard(*text, settings);

@@ -13,20 +13,19 @@ struct ConnectionSettings {
   int port = 1;
   int port_modem = 1;
   std::string tel;
-  std::string
-      bps;  // a bare speed; the default of an empty key is a whole settings text, with which no port opens
+  std::string bps;  // a bare speed; an empty key yields a full settings text, with which no port opens
   std::string ip_host;
   std::string ip_port;
-  int dcpu = 0;      // 0 direct to the CPU card, else through a link
-  int pbx_id = 15;   // 0 to 15; 15 unless on a link
-  int card_id = 15;  // 0 to 15; 15 unless on a link
-  int cut = 0;       // bytes a serial write, 0 for whole blocks
+  int dcpu = 0;      // 0 direct to the CPU card, otherwise through a link
+  int pbx_id = 15;   // 0 to 15; 15 without a link
+  int card_id = 15;  // 0 to 15; 15 without a link
+  int cut = 0;       // bytes per serial write; 0 writes whole blocks
   bool compare = false;
 
   bool direct() const { return dcpu == 0; }
 };
 
-/** The keys of `Chk_Tarvok`, each named once. */
+/** The connection keys of `Chk_Tarvok`. */
 namespace connection_key {
 inline constexpr std::string_view kBy = "By";
 inline constexpr std::string_view kPort = "Port";
@@ -42,30 +41,33 @@ inline constexpr std::string_view kCut = "CUT";
 inline constexpr std::string_view kCompare = "compare";
 }  // namespace connection_key
 
-/** The speed of a project without one: a whole settings text, with which no port opens. */
+/** The speed of a project that has none: a full settings text, with which no port opens. */
 inline constexpr std::string_view kDefaultBps = "9600,n,8,1";
 
-/** What a form makes of a project without a speed. */
+/** What a form does with a project that has no speed. */
 enum class EmptySpeed {
-  kWrittenBack,  // "9600,n,8,1", which is written to the project
-  kShownOnly,    // "9600,n,81", which is not: the billing form
+  kWrittenBack,  // uses "9600,n,8,1" and writes it to the project
+  kShownOnly,    // uses "9600,n,81" and writes nothing: the billing form
 };
 
-/** The keys with the defaults that a transfer form reads them with; nothing is written. */
+/** Reads the keys with the defaults of a transfer form. Writes nothing. */
 ConnectionSettings ReadConnection(const IniText& project, EmptySpeed empty_speed);
 
 /**
- * Reads the keys as a transfer form does on loading: empty ports are 1, an empty speed is "9600,n,8,1", ids
- * outside of 0 to 15 are 15, a negative card id is 0. What the form writes back (the speed, the card id) is
- * written in one write; its failure is returned, the settings hold all the same.
+ * Reads the keys as a transfer form does when it loads: empty ports become 1, an empty speed "9600,n,8,1",
+ * ids outside 0 to 15 become 15, and a negative card id 0. The speed and the card id are written back in a
+ * single write. If that write fails, its error is returned; `settings` is valid all the same.
  */
 Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpeed empty_speed,
                       ConnectionSettings& settings);
 
-/** Writes the keys that a load puts into the project it made. */
+/** Writes the keys that a load stores in the project it created. */
 void WriteConnection(IniEdit& project, const ConnectionSettings& settings);
 
-/** The lines that a transfer form shows: the way, the ids on a link, and port or address. */
+/**
+ * The lines that a transfer form shows: the kind of connection, the ids if on a link, and the port or
+ * address.
+ */
 std::vector<std::string> SummaryLines(const ConnectionSettings& settings);
 
 }  // namespace tarvok::store

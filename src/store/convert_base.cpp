@@ -66,11 +66,11 @@ int MultiplyInPlace(Digits& fraction, int from, int to) {
 }
 
 std::string FractionPart(Digits fraction, int from, int to) {
-  // A fraction of n digits is exact in another base or never ends there; this many digits tell all n-digit
-  // ones apart.
+  // Either an n-digit fraction is exact in the other base or it never terminates there. This many digits
+  // distinguish all n-digit fractions.
   const double needed = static_cast<double>(fraction.size()) * std::log(from) / std::log(to);
-  const auto exact_in_powers =
-      fraction.size() * 6;  // 36 is below 2^6: any base that divides ends within this
+  // 36 is below 2^6, so a fraction that terminates does so within this many digits.
+  const auto exact_in_powers = fraction.size() * 6;
   const auto limit = std::max(static_cast<std::size_t>(std::ceil(needed)) + 1, exact_in_powers);
   std::string result;
   while (!fraction.empty() && result.size() < limit) result += Letter(MultiplyInPlace(fraction, from, to));
@@ -89,8 +89,8 @@ std::string ConvertBase(std::string_view digits, int from, int to, char point) {
   if (!whole || !fraction) return {};
 
   std::string result = WholePart(*whole, from, to);
-  const std::string behind = FractionPart(*fraction, from, to);
-  if (!behind.empty()) result += point + behind;
+  const std::string fraction_text = FractionPart(*fraction, from, to);
+  if (!fraction_text.empty()) result += point + fraction_text;
   return result.empty() ? "0" : result;
 }
 

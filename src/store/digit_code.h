@@ -7,31 +7,31 @@
 
 namespace tarvok::store {
 
-/** Which symbols a section's telephone numbers may hold. */
+/** The symbols that a section's telephone numbers may contain. */
 enum class DialSymbols { kDigits, kDigitsStarHash };
 
-/** Which bytes of a packed number are not read. */
+/** The bytes of a packed number that the decoder skips. */
 enum class SkippedBytes { kNone, k255, kZero, kZeroAnd255 };
 
 /**
- * Packs a telephone number two symbols to a byte, the first in the high half: "1" to "9" as themselves, "0"
- * as A, "*" as B and "#" as C where the section allows them; letters A to F pass as nibbles. An odd length is
- * closed by a nibble 0, the rest of the field is 0, and what does not fit is cut. False if a used character
- * is no hexadecimal digit; the field is then in no defined state.
+ * Packs a telephone number, two symbols per byte, the first in the high nibble: "1" to "9" as they are, "0"
+ * as A, and, where the section allows them, "*" as B and "#" as C. Letters A to F are packed as nibbles. An
+ * odd length is padded with a nibble 0, the rest of the field is 0, and what does not fit is cut. Returns
+ * false if a character that fits is not a hexadecimal digit; the contents of the field are then undefined.
  */
 [[nodiscard]] bool PackDigits(std::string_view number, DialSymbols symbols, std::span<std::uint8_t> field);
 
 /**
- * Unpacks a telephone number: the bytes' hexadecimal texts without leading zero, joined, cut in front of the
- * first "0", and only then A made "0" (B "*", C "#"). A byte 0 that is not skipped reads "0" and so ends the
- * number.
+ * Unpacks a telephone number: joins the hexadecimal texts of the bytes (without leading zeros), cuts before
+ * the first "0", and only then replaces A with "0" (B with "*", C with "#"). A byte 0 that is not skipped
+ * reads as "0" and so ends the number.
  */
 std::string UnpackDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped);
-/** The same at the end of a text. */
+/** Like UnpackDigits, but appends to `text`. */
 void AppendDigits(std::span<const std::uint8_t> field, DialSymbols symbols, SkippedBytes skipped,
                   std::string& text);
 
-/** What a hexadecimal character of the joined text stands for. */
+/** The dialled symbol that a hexadecimal character of the joined text stands for. */
 char SymbolOf(char hex, DialSymbols symbols);
 
 }  // namespace tarvok::store

@@ -7,10 +7,10 @@
 namespace tarvok::store {
 namespace {
 
-/** Takes the next field that is not empty off the list; "" at its end. */
+/** Removes the next non-empty field from the front of the list and returns it; "" at the end. */
 std::string_view TakeField(std::string_view& list) {
   while (!list.empty() && list.front() == '|') list.remove_prefix(1);
-  // Most fields are one to three bytes long: a plain walk is faster than a call of the library's search.
+  // Most fields are one to three bytes long, so a simple loop beats a call to the library's search.
   const std::string_view field(list.begin(), std::find(list.begin(), list.end(), '|'));
   list.remove_prefix(field.size());
   return field;

@@ -7,39 +7,39 @@
 
 namespace tarvok::store {
 
-/** What stands in a field that is not set. */
+/** The value of a field that is not set. */
 inline constexpr std::string_view kUnset = "F";
 
 /**
- * The n-th field of a pipe-separated list, from 1. Empty fields do not count: field 2 of "a||c" is "c". An n
- * beyond the end, or below 1, gives "".
+ * Returns the n-th field of a pipe-separated list, counting from 1. Empty fields do not count: field 2 of
+ * "a||c" is "c". Returns "" if n is below 1 or beyond the end.
  */
 std::string_view GetField(std::string_view list, int n);
 
 /**
- * The list with its n-th field replaced by the trimmed value. Here every pipe counts, and the last field
- * loses a closing pipe it never had. With fewer than n-1 pipes, or n below 1, the list comes back as it is;
- * for n = 1 a list without a pipe is replaced whole.
+ * Returns the list with its n-th field replaced by the trimmed value. Here every pipe counts. A list with
+ * fewer than n-1 pipes, or an n below 1, is returned unchanged; for n = 1, a list without a pipe is replaced
+ * as a whole.
  */
 std::string SetField(std::string_view list, int n, std::string_view value);
 
-/** The fields of a list as GetField counts them, cut once. The text must outlive it. */
+/** The fields of a list as GetField counts them, split once. The text must outlive the object. */
 class FieldList {
  public:
   explicit FieldList(std::string_view list);
 
-  /** Field n from 1; "" beyond the end. */
+  /** Field n, counting from 1; "" beyond the end. */
   std::string_view operator[](int n) const;
   int count() const { return count_; }
 
  private:
   static constexpr std::size_t kKept = 64;
   std::array<std::string_view, kKept> fields_{};
-  std::string_view rest_;  // what follows the kept fields
+  std::string_view rest_;  // what follows the first kKept fields
   int count_ = 0;
 };
 
-/** Calls `take` with each field of the list that is not empty, in order. */
+/** Calls `take` with each non-empty field of the list, in order. */
 template <typename Take>
 void ForEachField(std::string_view list, Take take) {
   while (!list.empty()) {

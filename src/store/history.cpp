@@ -20,7 +20,7 @@ constexpr std::string_view kHalfWritten = ".tvk.tmp";
 constexpr std::string_view kDamaged = "This version is damaged and can't be brought back.";
 constexpr std::size_t kNumberDigits = 6;
 constexpr std::size_t kTimeLetters = 16;  // 20260131T235959Z
-constexpr std::size_t kMostReason = 100;  // bytes; three letters each in the name, which a folder limits
+constexpr std::size_t kMostReason = 100;  // bytes; escaping makes up to three characters of each
 
 constexpr int kHexadecimal = 16;
 
@@ -67,7 +67,7 @@ std::optional<std::int64_t> TimeOf(std::string_view text) {
   return (sys_days(date).time_since_epoch() + clock).count();
 }
 
-/** A reason as part of a file's name; what could steer a folder or a shell is spelled out. */
+/** Escapes a reason for use in a file name, so that nothing in it is special to a path or a shell. */
 std::string Escaped(std::string_view reason) {
   std::string name;
   for (const char c : reason.substr(0, std::min(reason.size(), kMostReason / 2))) {
@@ -108,12 +108,12 @@ std::string NameOf(std::int64_t number, std::int64_t time_s, std::string_view ha
       .append(kEnd);
 }
 
-/** The hash that the name of a version states. */
+/** The hash stated in a version's name. */
 std::string_view HashIn(std::string_view name) {
   return name.substr(name.find(' ') + 1 + kTimeLetters + 1, kHashDigits);
 }
 
-/** What the name of a file says; nothing for a file that is no version. */
+/** Parses a version's file name; nullopt if the file is not a version. */
 std::optional<KeptVersion> VersionOf(const std::string& name) {
   const std::string_view view(name);
   const std::size_t blank = view.find(' ');
@@ -127,7 +127,7 @@ std::optional<KeptVersion> VersionOf(const std::string& name) {
   return KeptVersion{*number, *time_s, Unescaped(view.substr(head, view.size() - head - kEnd.size())), name};
 }
 
-/** The versions in a folder, the newest first; none in one that is not there. */
+/** The versions in a folder, newest first; empty if the folder does not exist. */
 Result<std::vector<KeptVersion>> VersionsIn(FileSystem& files, const std::string& folder) {
   const Result<std::vector<std::string>> names = files.List(folder);
   std::vector<KeptVersion> versions;
@@ -160,7 +160,7 @@ Status History::Keep(const std::string& project_path, std::string_view reason, s
   const Result<std::string> bytes = files_.Read(project_path);
   if (!bytes.ok()) return bytes.status().kind() == ErrorKind::kNotFound ? Status() : bytes.status();
   const std::string folder = FolderOf(project_path);
-  if (!make_folder_(folder)) return {ErrorKind::kInputOutput, folder + ": the folder can't be made"};
+  if (!make_folder_(folder)) return {ErrorKind::kInputOutput, folder + ": the folder cannot be created"};
   const Result<std::unique_ptr<FileLock>> lock = files_.Lock(InFolder(folder, kEnd));
   if (!lock.ok()) return lock.status();
   const Status added = Add(folder, bytes.value(), reason, time_s);
@@ -194,7 +194,7 @@ Status History::DropOldest(const std::string& folder) {
   const Result<std::vector<std::string>> names = files_.List(folder);
   if (!names.ok()) return names.status();
   for (const std::string& name : names.value()) {
-    if (!name.ends_with(kHalfWritten)) continue;  // of a program that was killed: nobody else holds the lock
+    if (!name.ends_with(kHalfWritten)) continue;  // the lock is held, so its writer was killed
     if (Status removed = files_.Remove(InFolder(folder, name)); !removed.ok()) dropped = removed;
   }
   return dropped;
@@ -213,7 +213,7 @@ Result<std::string> History::Read(const std::string& project_path, const KeptVer
 }
 
 Status History::BringBack(const std::string& project_path, const KeptVersion& version, std::int64_t time_s) {
-  // Keeping the present state may drop the very version, if it is the oldest.
+  // Read it first: keeping the present state may drop this version, if it is the oldest.
   const Result<std::string> bytes = Read(project_path, version);
   if (!bytes.ok()) return bytes.status();
   if (Status kept = Keep(project_path, kBeforeBringBack, time_s); !kept.ok()) return kept;

@@ -8,15 +8,19 @@ namespace tarvok::store {
 
 inline constexpr std::size_t kHashDigits = 16;
 
-/** 16 hexadecimal digits that tell contents apart. Where a mistake would cost something, equal ones are
- * compared byte by byte as well. */
+/**
+ * A hash of 16 hexadecimal digits. Where a collision would do harm, equal hashes are followed by a
+ * byte-by-byte comparison.
+ */
 std::string HashOf(std::string_view bytes);
 
-/** A letter that every system takes in the name of a file, and no shell takes for anything else. */
+/** True for a character that every system accepts in a file name and that is not special to any shell. */
 bool IsPlainInName(char c);
 
-/** A name of a file or folder: what a person knows the thing by, cut and in plain letters, and the hash of
- * what tells it from all others. */
+/**
+ * A file or folder name: the name that the user knows, shortened and reduced to plain characters, and a hash
+ * of the text that is unique to it.
+ */
 std::string NameWithHash(std::string_view shown, std::string_view whole);
 
 }  // namespace tarvok::store

@@ -13,14 +13,14 @@ std::string_view LineEndOf(std::string_view line) {
   return {};
 }
 
-/** The line end that the file uses, by its first line; CR LF in a file without any. */
+/** The line end of the file's first line; CR LF for a file without any. */
 std::string_view LineEndOf(const IniText& text) {
   if (text.lines().empty()) return kNewLine;
   const std::string_view end = LineEndOf(text.lines().front().text);
   return end.empty() ? kNewLine : end;
 }
 
-/** Ends a last line that has no line end yet; one that ends in a bare CR must not get a second. */
+/** Ends a last line that has no line end yet. A line that ends in a bare CR must not get a second one. */
 void EndLastLine(std::string_view line_end, std::string& out) {
   if (out.empty() || out.back() == '\n') return;
   out.append(out.back() == '\r' ? std::string_view("\n") : line_end);
@@ -79,7 +79,7 @@ std::string_view IniEdit::View(std::string_view section, std::string_view key) c
 
 void IniEdit::Set(std::string_view section, std::string_view key, std::string_view value) {
   KeyEdit& change = ChangeOf(EditOf(section), key);
-  if (change.name != key) change.name = Keep(key);  // spelled otherwise than the last time
+  if (change.name != key) change.name = Keep(key);  // last set with a different spelling
   change.value = Keep(CutValue(value));
   change.deleted = false;
 }
@@ -89,9 +89,9 @@ std::vector<std::string> IniEdit::TooLong() const {
   for (const SectionEdit* edit : order_) {
     for (const KeyEdit* key : edit->order) {
       if (key->value.size() <= kMaxIniValue) continue;
-      std::string words("The value of ");
-      words.append(edit->name).append(" ").append(key->name);
-      all.push_back(words + " is longer than " + std::to_string(kMaxIniValue) + " characters");
+      std::string message("The value of ");
+      message.append(edit->name).append(" ").append(key->name);
+      all.push_back(message + " is longer than " + std::to_string(kMaxIniValue) + " characters");
     }
   }
   return all;
@@ -134,8 +134,8 @@ void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit* edit, std
   if (found == edit->keys.end()) {
     out.append(line.text);
   } else if (!found->second.deleted) {
-    // Only the first key of a name is read, so only that one changes; a value that reads the same stays as it
-    // stands.
+    // Only the first key of a name is read, so only that one changes. A value that reads the same stays as it
+    // is.
     const bool is_first = base_.FindKey(edit->in_base, key.name) == line.key;
     if (!is_first || key.value == found->second.value) {
       out.append(line.text);
@@ -151,11 +151,11 @@ std::string IniEdit::Bytes() const {
   std::string out;
   out.reserve(base_.bytes().size() + 1024);
   std::int32_t section = -1;
-  const SectionEdit* edit = nullptr;  // of that section, nullptr where it keeps its lines
+  const SectionEdit* edit = nullptr;  // for that section; nullptr if it keeps its lines
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (lines[i].header) {
       edit = FindEdit(base_.section_name(++section));
-      // Only the first section of a name is read, so only that one changes; deleted are all.
+      // Only the first section of a name is read, so only that one changes; a deletion applies to all.
       if (edit != nullptr && !edit->deleted && edit->in_base != section) edit = nullptr;
     }
     if (edit != nullptr && edit->deleted) continue;

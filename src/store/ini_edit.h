@@ -12,13 +12,13 @@
 namespace tarvok::store {
 
 /**
- * Changes to an INI file that become one write. Reads see the changes made so far.
+ * Changes to an INI file that are written at once. Reads see the changes made so far.
  *
- * A replaced key keeps its place, a new key goes behind the last key of its section, a new section to the
- * end. All other lines stay byte for byte. The base must live as long as the edit.
+ * A replaced key keeps its place; a new key goes after the last key of its section, a new section at the end.
+ * All other lines stay byte for byte. The base must outlive the edit.
  *
- * A load changes some thousand keys at once: their names, values and bookkeeping lie one behind the other in a
- * few growing blocks that go with the edit, so that a changed key asks for no memory of its own.
+ * A load changes thousands of keys at once, so names, values and bookkeeping are allocated one after another
+ * in a few growing blocks owned by the edit instead of one by one.
  */
 class IniEdit {
  public:
@@ -26,24 +26,27 @@ class IniEdit {
   IniEdit(const IniEdit&) = delete;
   IniEdit& operator=(const IniEdit&) = delete;
 
-  /** As IniText::Get. */
+  /** Like IniText::Get. */
   std::string Get(std::string_view section, std::string_view key) const {
     return std::string(View(section, key));
   }
-  /** The same without a copy. What it shows stays as it is, changed or not, as long as the edit lives. */
+  /** Like Get, but without a copy. The view stays valid, with the same text, as long as the edit lives. */
   std::string_view View(std::string_view section, std::string_view key) const;
-  /** Writes key=value; "" makes an empty key. The value is cut at its first NUL, CR or LF. */
+  /** Writes key=value; "" writes an empty key. The value is cut at its first NUL, CR or LF. */
   void Set(std::string_view section, std::string_view key, std::string_view value);
   void DeleteKey(std::string_view section, std::string_view key);
-  /** Deletes every section of that name, the lines in it included. */
+  /** Deletes every section of that name with all its lines. */
   void DeleteSection(std::string_view section);
 
-  /** What the changes are made to. */
+  /** The text that the changes apply to. */
   const IniText& base() const { return base_; }
   bool changed() const { return changed_; }
-  /** The values set that a reader would cut, each as "The value of section key is longer than 1999 characters". */
+  /**
+   * Reports each value set that a reader would cut: "The value of section key is longer than 1999
+   * characters".
+   */
   std::vector<std::string> TooLong() const;
-  /** The bytes of the file with all changes in it. */
+  /** The bytes of the file with all changes applied. */
   std::string Bytes() const;
 
  private:
@@ -64,7 +67,7 @@ class IniEdit {
     std::int32_t in_base;  // index of the base's section, -1 if there is none or it was deleted
     bool deleted = false;  // the base's sections of this name are gone; new keys may make a new one
     ByName<KeyEdit> keys;
-    std::pmr::vector<const KeyEdit*> order;  // of their first change
+    std::pmr::vector<const KeyEdit*> order;  // in order of their first change
   };
 
   std::string_view Keep(std::string_view text);
@@ -76,9 +79,9 @@ class IniEdit {
 
   const IniText& base_;
   bool changed_ = false;
-  std::pmr::monotonic_buffer_resource memory_;  // of all below
+  std::pmr::monotonic_buffer_resource memory_;  // for everything below
   ByName<SectionEdit> sections_{&memory_};
-  std::pmr::vector<const SectionEdit*> order_{&memory_};  // of their first change
+  std::pmr::vector<const SectionEdit*> order_{&memory_};  // in order of their first change
 };
 
 }  // namespace tarvok::store

@@ -97,7 +97,8 @@ void IniText::Parse() {
 void IniText::AddHeader(std::string_view text, Line& line) {
   IndexLastSection();
   line.header = true;
-  // A header that lost its bracket still begins a section: its keys must not fall to the section before.
+  // A header without its closing bracket still begins a section, so that its keys do not fall into the one
+  // before.
   text.remove_prefix(1);
   const std::string_view name = TrimBlanks(text.substr(0, text.find(']')));
   sections_.push_back({.name = name, .last_key_line = lines_.size(), .first_key = keys_.size()});

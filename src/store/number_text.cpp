@@ -22,7 +22,7 @@ void SkipBlanks(std::string_view& text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
 }
 
-/** Reads a decimal text with `places` digits kept behind the point, the rest rounded half to even. */
+/** Reads a decimal text with `places` digits after the point; the rest is rounded half to even. */
 NumberText ReadScaled(std::string_view text, int places) {
   SkipBlanks(text);
   bool negative = false;
@@ -32,19 +32,19 @@ NumberText ReadScaled(std::string_view text, int places) {
   }
   NumberText number;
   int kept = 0;
-  bool behind_point = false;
+  bool after_point = false;
   int first_dropped = -1;
   bool rest_dropped = false;
   for (const char c : text) {
-    if (c == '.' && !behind_point) {
-      behind_point = true;
+    if (c == '.' && !after_point) {
+      after_point = true;
     } else if (!IsDigit(c)) {
       break;
     } else {
       number.is_number = true;
-      if (!behind_point || kept < places) {
+      if (!after_point || kept < places) {
         number.value = std::min(kLimit, number.value * 10 + (c - '0'));
-        kept += behind_point ? 1 : 0;
+        kept += after_point ? 1 : 0;
       } else if (first_dropped < 0) {
         first_dropped = c - '0';
       } else if (c != '0') {

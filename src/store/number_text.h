@@ -6,32 +6,33 @@
 
 namespace tarvok::store {
 
-/** The text without the blanks at its ends; tabs stay. */
+/** The text without leading and trailing blanks; tabs stay. */
 std::string_view Trim(std::string_view text);
 
-/** How ReadNumber saw a text. */
+/** What ReadNumber found in a text. */
 struct NumberText {
-  std::int64_t value = 0;  // rounded half to even; at most 10^15 either way
-  bool is_number = false;  // at least one digit was there
+  std::int64_t value = 0;  // rounded half to even; between -10^15 and 10^15
+  bool is_number = false;  // there was at least one digit
 };
 
 /**
- * Reads a decimal number: blanks are skipped, then an optional sign, digits and one "."; the first other
- * character ends it. No digit at all gives 0. A fraction is rounded half to even.
+ * Reads a decimal number: skips blanks, then takes an optional sign, digits and one "."; ends at the first
+ * other character. Returns 0 if there are no digits. A fraction is rounded half to even.
  */
 NumberText ReadNumber(std::string_view text);
 inline std::int64_t Val(std::string_view text) {
   return ReadNumber(text).value;
 }
 
-/** Reads a decimal number as whole hundredths, rounded half to even on the decimal text: "0.29" is 29. */
+/** Reads a decimal number in hundredths, rounded half to even on the decimal text: "0.29" is 29. */
 std::int64_t ValHundredths(std::string_view text);
 
-/** Reads the leading hexadecimal digits behind blanks and an optional "&H"; nothing gives 0. At most 10^15.
+/**
+ * Reads leading hexadecimal digits, after blanks and an optional "&H"; 0 if there are none. At most 10^15.
  */
 std::int64_t ValHex(std::string_view text);
 
-/** Decimal, padded with zeros to `width` digits and never cut: 7 as "007", 1000 as "1000". */
+/** Decimal, padded with zeros to `width` digits and never cut: 7 becomes "007", 1000 stays "1000". */
 std::string Padded(std::int64_t value, int width);
 
 /** Hundredths in the pattern "##0.00": 50 is "0.50", 106 is "1.06". */

@@ -5,7 +5,7 @@
 
 namespace tarvok::store {
 
-/** A text of several lines as one: a blank for each line break. */
+/** Joins the lines of a text, replacing each line break with a blank. */
 inline std::string InOneLine(std::string_view text) {
   std::string line;
   for (const char c : text) {

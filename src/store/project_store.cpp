@@ -11,7 +11,7 @@ Result<std::shared_ptr<const IniText>> ProjectStore::Load(const std::string& fil
   Cached& cached = cache_[file];
   if (cached.text != nullptr && identity.settled && cached.identity == identity) return cached.text;
 
-  // The identity is taken before the read: a change in between shows as a difference at the next call.
+  // Take the identity before reading: a change in between then shows as a difference on the next call.
   Result<std::string> bytes = files_.Read(file);
   if (!bytes.ok()) {
     cache_.erase(file);

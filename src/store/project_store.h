@@ -15,27 +15,32 @@ namespace tarvok::store {
 /**
  * Access to project files and the system file by key.
  *
- * A file is parsed once and kept; its identity, size and time are checked at each call, so that a change by
- * anybody is seen. Each change is one whole write on the file read afresh, under a short lock, so that two
- * programs lose no key of each other. `file` is a path of the platform.
+ * A file is parsed once and cached. Its identity, size and time are checked on every call, so changes by
+ * other programs are seen. Every change reads the file again under a short lock and writes it as a whole, so
+ * that two programs never lose each other's keys. `file` is a path in the platform's form.
  */
 class ProjectStore {
  public:
   explicit ProjectStore(FileSystem& files) : files_(files) {}
 
-  /** The value, at most 1,999 bytes; "" for a missing or unreadable file, a missing section or key. */
+  /**
+   * The value, at most 1,999 bytes; "" if the file is missing or unreadable, or the section or key is
+   * missing.
+   */
   std::string GetIniValue(const std::string& file, std::string_view section, std::string_view key);
-  /** Writes key=value, making section and file if need be. The empty value writes an empty key. */
+  /** Writes key=value, creating section and file if necessary. An empty value writes an empty key. */
   Status SetIniValue(const std::string& file, std::string_view section, std::string_view key,
                      std::string_view value);
-  /** Removes the key; a missing file, section or key is no error and creates nothing. */
+  /** Removes the key. A missing file, section or key is not an error, and nothing is created. */
   Status DeleteIniKey(const std::string& file, std::string_view section, std::string_view key);
   Status DeleteIniSection(const std::string& file, std::string_view section);
 
-  /** The file as it is now, to read many keys from one state of it; empty text for a missing or unreadable
-   * file. */
+  /**
+   * The file as it is now, for reading many keys from one consistent state. Empty if the file is missing or
+   * unreadable.
+   */
   std::shared_ptr<const IniText> Snapshot(const std::string& file);
-  /** All changes that `change` makes, as one write. A file that is there but can't be read is left alone. */
+  /** Writes all changes that `change` makes at once. A file that exists but cannot be read is left alone. */
   Status Update(const std::string& file, const std::function<void(IniEdit&)>& change,
                 Flush flush = Flush::kNow);
 
@@ -53,8 +58,7 @@ class ProjectStore {
   std::map<std::string, Cached> cache_;
 };
 
-/** A project is a file whose key "Chk" of `Chk_Tarvok` is the tag "TARVOK", blanks around it and case aside.
- */
+/** True if the key "Chk" of `Chk_Tarvok` is the tag "TARVOK", ignoring case and surrounding blanks. */
 bool IsProject(const IniText& text);
 
 }  // namespace tarvok::store

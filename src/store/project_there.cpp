@@ -7,7 +7,7 @@ namespace tarvok::store {
 std::string WhyNoProject(ProjectStore& store, const std::string& file) {
   if (IsProject(*store.Snapshot(file))) return {};
   if (store.files().Identify(file).exists) return file + "\n" + std::string(kNotAProject);
-  return "The project " + file + " is gone.\nBring it back to that place and try again.";
+  return "The project " + file + " is missing.\nPut it back in its place and try again.";
 }
 
 }  // namespace tarvok::store

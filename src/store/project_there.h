@@ -6,9 +6,11 @@
 
 namespace tarvok::store {
 
-/** Why nothing can be read from the open project, or written to it, just now: its file is gone, with the stick
- * that it was on or by another program, or it is no project any more. "" where all is well. What is written to
- * such a file all the same would be a project of one section, which nothing opens again. */
+/**
+ * Returns why the open project cannot be read or written at the moment: its file is missing (deleted, or on a
+ * drive that was removed) or is no longer a project. Returns "" if all is well. A write to such a file would
+ * create a project of a single section, which nothing can open.
+ */
 std::string WhyNoProject(ProjectStore& store, const std::string& file);
 
 }  // namespace tarvok::store

@@ -8,19 +8,23 @@
 
 namespace tarvok::store {
 
-/** The five projects opened last, the latest first, kept in the per-user settings under `Recent Files`. */
+/**
+ * The five most recently opened projects, latest first, stored in the per-user settings under `Recent Files`.
+ */
 class RecentFiles {
  public:
   static constexpr int kCount = 5;
 
   explicit RecentFiles(SettingsStore& settings) : settings_(settings) {}
 
-  /** Reads the keys by name; nothing stored, or no `Recent1`, leaves the list empty. */
+  /** Loads the stored entries. If `Recent1` is missing, the list stays empty. */
   void LoadRecentFiles();
-  /** Moves the path to the head, or adds it there and drops the fifth. Stored absolute and cleaned; each
-   * entry that moves is stored under the key of its new place. */
+  /**
+   * Moves the path to the front, or adds it there and drops the fifth. Paths are stored absolute and
+   * normalised; each entry that moves is stored under the key of its new position.
+   */
   void AddRecentFile(const std::string& path);
-  /** The entries to show: those in front of the first empty one. */
+  /** The entries to show: all before the first empty one. */
   std::vector<std::string> ShowRecentFiles() const;
 
  private:

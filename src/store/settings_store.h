@@ -5,7 +5,7 @@
 
 namespace tarvok::store {
 
-/** The per-user settings: groups of named values. A missing value reads "". */
+/** The per-user settings: groups of named values. A missing value reads as "". */
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;

@@ -6,10 +6,10 @@
 
 namespace tarvok::store {
 
-/** Why something failed, as far as a caller acts on it. */
+/** The kinds of failure that callers distinguish. */
 enum class ErrorKind { kNone, kNotFound, kNoPermission, kNoSpace, kExists, kInputOutput, kBadData };
 
-/** The outcome of what can fail: good, or a kind and one line for a person. It can't be ignored. */
+/** The outcome of an operation that can fail: success, or a kind and a one-line message for the user. */
 class [[nodiscard]] Status {
  public:
   Status() = default;

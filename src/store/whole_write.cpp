@@ -5,15 +5,17 @@
 namespace tarvok::store {
 namespace {
 
-/** The same error, told of the file that the user knows. */
+/** The same error, naming the file that the user knows. */
 Status About(const std::string& target, const std::string& beside, const Status& status) {
   std::string message = status.message();
   if (message.starts_with(beside)) message.replace(0, beside.size(), target);
   return {status.kind(), message};
 }
 
-/** The file that a write to `path` replaces or makes. A device, a pipe or a folder is none: the rename would put a file
- * in its place. */
+/**
+ * The file that a write to `path` replaces or creates. Devices, pipes and folders are refused, since the
+ * rename would put a file in their place.
+ */
 Result<std::string> TargetOf(FileSystem& files, const std::string& path) {
   const FileIdentity there = files.Identify(path);
   if (there.exists && !there.regular) return Status(ErrorKind::kInputOutput, path + ": not a regular file");
@@ -43,7 +45,8 @@ bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
     return first.exists && second.exists && first.device == second.device && first.inode == second.inode;
   };
   if (files.Identify(a).exists || files.Identify(b).exists) return same(a, b);
-  // Files to come are the same by their name in one folder, however that is spelled.
+  // Files that do not exist yet are the same if they have the same name in the same folder, however it is
+  // spelled.
   const std::filesystem::path first = files.Resolve(a);
   const std::filesystem::path second = files.Resolve(b);
   const auto folder = [](const std::filesystem::path& path) {
@@ -60,7 +63,7 @@ Status WriteWhole(FileSystem& files, const std::string& path, std::string_view b
 
   Status written = files.WriteNew(beside, bytes, target, flush);
   if (written.kind() == ErrorKind::kExists) {
-    // Left behind by a run that was killed: writers hold the lock, so nobody is using it now.
+    // Left by a program that was killed. Writers hold the lock, so nobody is using it now.
     if (Status removed = files.Remove(beside); !removed.ok()) return removed;
     written = files.WriteNew(beside, bytes, target, flush);
   }
@@ -71,7 +74,7 @@ Status WriteWhole(FileSystem& files, const std::string& path, std::string_view b
 
   Status renamed = files.Rename(beside, target, flush);
   if (!renamed.ok()) {
-    // The first error is the one to tell; a file that can't be removed is taken over by the next save.
+    // Report the first error; if the temporary file cannot be removed, the next save removes it.
     [[maybe_unused]] const Status removed = files.Remove(beside);
   }
   return renamed;

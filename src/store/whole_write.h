@@ -8,17 +8,21 @@
 namespace tarvok::store {
 
 /**
- * The one way in which a file is written: beside the target, flushed, renamed, so that a crash leaves the old
- * bytes or the new ones. Symbolic links and permissions stay. Where the folder takes no new file, an existing
- * file is written in place. On an error the target is as it was. What is there and no regular file is refused.
+ * Writes a file so that a crash leaves either the old bytes or the new ones: to a temporary file in the same
+ * folder, flushed, then renamed. All files are written this way. Symbolic links and permissions are kept. If
+ * no file can be created in the folder, an existing file is overwritten in place. On an error the target is
+ * unchanged. A target that exists but is not a regular file is refused.
  */
 Status WriteWhole(FileSystem& files, const std::string& path, std::string_view bytes,
                   Flush flush = Flush::kNow);
 
-/** Whether WriteWhole could make or replace the file: tried with an empty file beside it, which goes again. */
+/**
+ * Whether WriteWhole could create or replace the file. Tries with an empty temporary file, which is deleted
+ * afterwards.
+ */
 Status CanWriteWhole(FileSystem& files, const std::string& path);
 
-/** Whether both paths lead to one file, or to the place where one is to come. */
+/** Whether both paths lead to the same file, or would if it were created. */
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b);
 
 }  // namespace tarvok::store

@@ -155,7 +155,7 @@ TEST(MainFrame, NoFormButAboutOpensOverAProjectThatIsGone) {
   bench.ClickKey("ext");
   bench.files.files.erase("/b.tvk");
   bench.Did();
-  const auto gone = "box The project /b.tvk is gone.\nBring it back to that place and try again.";
+  const auto gone = "box The project /b.tvk is missing.\nPut it back in its place and try again.";
   for (const char* key : {"boss", "connect"}) bench.ClickKey(key);
   EXPECT_THAT(bench.Did(), ElementsAre(gone, gone));  // and the form before stays
   EXPECT_EQ(bench.state.active_form_name, "frmExtension");

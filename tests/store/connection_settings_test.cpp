@@ -30,7 +30,7 @@ TEST(ConnectionSettings, ReadsAndWritesBackItsDefaults) {
   settings = Read(files, "BPS=9600\nDCPU=0\nPID=3\nCID=-1\nPort=4294967297\nCUT=256\ncompare=2\n");
   EXPECT_EQ(settings.pbx_id, 15);
   EXPECT_EQ(settings.card_id, 15);
-  EXPECT_GT(settings.port, 8);  // far out of range must not wrap into it
+  EXPECT_GT(settings.port, 8);  // values far out of range must not wrap around
   EXPECT_EQ(settings.cut, 0);
   EXPECT_FALSE(settings.compare);
   EXPECT_EQ(files.Bytes(kFile).find("CID=0"), std::string::npos);

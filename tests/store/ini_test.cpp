@@ -8,7 +8,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(IniText, ReadsAsTechniciansWriteIt) {
+TEST(IniText, ToleratesHandWrittenFiles) {
   const std::string long_value(3000, 'x');
   const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
       {"[Port_Def]\nMax=500\n", "port_def", "MAX", "500"},
@@ -37,7 +37,7 @@ TEST(IniText, ReadsAsTechniciansWriteIt) {
   }
 }
 
-TEST(IniText, AnEmptyKeyIsNotAMissingOne) {
+TEST(IniText, TellsEmptyKeyFromMissingKey) {
   const IniText text("[a]\nk=\n");
   EXPECT_TRUE(text.HasKey("A", "K"));
   EXPECT_FALSE(text.HasKey("a", "j"));
@@ -47,7 +47,7 @@ TEST(IniText, AnEmptyKeyIsNotAMissingOne) {
 
 using Change = std::function<void(IniEdit&)>;
 
-TEST(IniEdit, ChangesItsLinesOnly) {
+TEST(IniEdit, ChangesOnlyTheAffectedLines) {
   const Change set = [](IniEdit& e) { e.Set("A", "K", "new"); };
   const Change remove = [](IniEdit& e) { e.DeleteKey("A", "K"); };
   const Change remove_section = [](IniEdit& e) { e.DeleteSection("a"); };
@@ -81,7 +81,7 @@ TEST(IniEdit, ChangesItsLinesOnly) {
   }
 }
 
-TEST(IniEdit, ReadsSeeTheChangesSoFar) {
+TEST(IniEdit, ReadsSeePendingChanges) {
   const IniText base("[a]\nk=1\nj=2\n");
   IniEdit edit(base);
   EXPECT_FALSE(edit.changed());
@@ -100,7 +100,7 @@ TEST(IniEdit, ReadsSeeTheChangesSoFar) {
   EXPECT_EQ(edit.Get("a", "k"), "");
 }
 
-TEST(IniEdit, ThousandsOfChangesStandAsTheyWereMade) {
+TEST(IniEdit, KeepsThousandsOfChangesIntact) {
   std::string lines;
   std::string expected;
   for (int i = 0; i < 3000; ++i) {

@@ -17,7 +17,7 @@ using testing::ElementsAre;
 
 constexpr const char* kHotel = "/p/hotel.tvk";
 
-TEST(ProjectStore, SeesEverybodysChangesAndParsesOnce) {
+TEST(ProjectStore, SeesChangesByOthersAndParsesOnce) {
   MemoryFiles files;
   ProjectStore store(files);
   EXPECT_EQ(store.GetIniValue(kHotel, "a", "k"), "");
@@ -44,7 +44,7 @@ TEST(ProjectStore, DeletingInAMissingFileCreatesNothing) {
   EXPECT_EQ(files.Bytes(kHotel), "[a]\r\nk=\r\n");
 }
 
-TEST(ProjectStore, ASaveStoppedAtAnyCallLeavesTheOldOrTheNewProject) {
+TEST(ProjectStore, InterruptedSaveLeavesOldOrNewProject) {
   const std::string before = "[a]\nk=1\n";
   const std::string after = "[a]\nk=2\nj=3\n";
   const auto save = [](ProjectStore& store) {
@@ -64,7 +64,7 @@ TEST(ProjectStore, ASaveStoppedAtAnyCallLeavesTheOldOrTheNewProject) {
       EXPECT_TRUE(bytes == before || bytes == after) << call << ": " << bytes;
       EXPECT_EQ(saved, bytes == after) << call;
 
-      // Whatever was left behind, the next save works.
+      // Whatever was left behind, the next save succeeds.
       files.fail_at = 0;
       EXPECT_TRUE(save(store).ok()) << call;
       EXPECT_EQ(files.Bytes(kHotel), after);
@@ -74,7 +74,7 @@ TEST(ProjectStore, ASaveStoppedAtAnyCallLeavesTheOldOrTheNewProject) {
   }
 }
 
-TEST(ProjectStore, WritesInPlaceWhereTheFolderTakesNoNewFile) {
+TEST(ProjectStore, WritesInPlaceIfFolderAcceptsNoNewFile) {
   MemoryFiles files;
   files.Put(kHotel, "[a]\nk=1\n");
   files.read_only_folder = true;
@@ -84,7 +84,7 @@ TEST(ProjectStore, WritesInPlaceWhereTheFolderTakesNoNewFile) {
   EXPECT_FALSE(store.SetIniValue("/p/other.tvk", "a", "k", "2").ok());
 }
 
-TEST(NewDefault, KeepsTheOldFileUnlessAGoodCopyCanBeWritten) {
+TEST(NewDefault, KeepsOldFileUnlessCopyIsComplete) {
   const std::string good = "[Chk_Tarvok]\r\nChk=Tarvok\r\n";
   const std::tuple<const char*, std::string, int> cases[] = {
       {"write fails", good, 3},
@@ -108,7 +108,7 @@ TEST(NewDefault, KeepsTheOldFileUnlessAGoodCopyCanBeWritten) {
   }
 }
 
-TEST(RecentFiles, KeepsTheLatestFirst) {
+TEST(RecentFiles, ListsLatestFirst) {
   MemorySettings settings;
   RecentFiles recent(settings);
   recent.LoadRecentFiles();
@@ -147,8 +147,8 @@ class HistoryTest : public testing::Test {
   History history{files, "/data/history", [this](const std::string&) { return can_make; }};
 };
 
-TEST_F(HistoryTest, KeepsTheNewestFirstAndEachContentOnce) {
-  EXPECT_TRUE(history.Keep(kProject, kBeforeLoad, kNoon_s).ok());  // nothing there, nothing to keep
+TEST_F(HistoryTest, ListsNewestFirstAndStoresEqualContentsOnce) {
+  EXPECT_TRUE(history.Keep(kProject, kBeforeLoad, kNoon_s).ok());  // no project, so nothing to keep
   EXPECT_THAT(Kept(), ElementsAre());
   ASSERT_TRUE(Keep("a", "Before saving Setup Port", kNoon_s).ok());
   ASSERT_TRUE(Keep("b", "100 % ../\xE4", kNoon_s - 90'000).ok());  // the clock was set back meanwhile
@@ -161,21 +161,21 @@ TEST_F(HistoryTest, KeepsTheNewestFirstAndEachContentOnce) {
   EXPECT_EQ(Kept().back(), "Before@0:n10");
   files.Put("/home/me/other/hotel.tvk", "x");
   ASSERT_TRUE(history.Keep("/home/me/other/hotel.tvk", "Before", kNoon_s).ok());
-  EXPECT_EQ(Kept().size(), History::kMostVersions);  // another project of that name has its own
+  EXPECT_EQ(Kept().size(), History::kMostVersions);  // a project of the same name elsewhere has its own
 }
 
-TEST_F(HistoryTest, BringsBackAndKeepsThePresentFirst) {
+TEST_F(HistoryTest, BringingBackKeepsPresentStateFirst) {
   ASSERT_TRUE(Keep("oldest", "Before").ok());
   const KeptVersion oldest = history.Versions(kProject).value().front();
   for (int i = 1; i < 50; ++i) ASSERT_TRUE(Keep("n" + std::to_string(i), "Before").ok());
   files.Put(kProject, "now");
   ASSERT_TRUE(
-      history.BringBack(kProject, oldest, kNoon_s).ok());  // keeping the present drops this very version
+      history.BringBack(kProject, oldest, kNoon_s).ok());  // keeping the present state drops this version
   EXPECT_EQ(files.Bytes(kProject), "oldest");
   EXPECT_EQ(Kept().front(), std::string(kBeforeBringBack) + "@0:now");
 }
 
-TEST_F(HistoryTest, DamageAndRubbishCostOneVersionAtMost) {
+TEST_F(HistoryTest, DamageCostsAtMostOneVersion) {
   ASSERT_TRUE(Keep("a", "Before").ok());
   ASSERT_TRUE(Keep("b", "Before").ok());
   const KeptVersion b = history.Versions(kProject).value().front();
@@ -188,11 +188,11 @@ TEST_F(HistoryTest, DamageAndRubbishCostOneVersionAtMost) {
   files.Put(kProject, "now");
   EXPECT_EQ(history.BringBack(kProject, b, kNoon_s).kind(), ErrorKind::kBadData);
   EXPECT_EQ(files.Bytes(kProject), "now");
-  ASSERT_TRUE(Keep("b", "Before").ok());  // the damaged one does not stand for it
+  ASSERT_TRUE(Keep("b", "Before").ok());  // a damaged version does not count as stored
   EXPECT_THAT(Kept(), ElementsAre("Before@0:b", testing::HasSubstr("damaged"), "Before@0:a"));
 }
 
-TEST_F(HistoryTest, AFailureAnywhereIsToldAndTheProjectStaysWhole) {
+TEST_F(HistoryTest, FailuresAreReportedAndLeaveProjectIntact) {
   can_make = false;
   EXPECT_FALSE(Keep("a", "Before").ok());
   can_make = true;
