@@ -7,7 +7,7 @@
 
 namespace tarvok::platform {
 
-/** An open file that closes itself; -1 for none. */
+/** Owns a file descriptor and closes it; -1 if there is none. */
 class Descriptor {
  public:
   explicit Descriptor(int fd = -1) : fd_(fd) {}
@@ -23,7 +23,7 @@ class Descriptor {
 
   int get() const { return fd_; }
   bool valid() const { return fd_ >= 0; }
-  /** Closes now and says whether that went well. */
+  /** Closes now; true on success. */
   bool Close() { return ::close(std::exchange(fd_, -1)) == 0; }
 
  private:

@@ -7,14 +7,17 @@
 
 namespace tarvok::platform {
 
-/** Tells a program whether another one of this user runs already, and tells the next one of this. The kernel lets go of
- * the lock when its program ends, however that ends; an empty file stays. */
+/**
+ * Detects whether another instance of the program is running for this user, and lets the next one detect this
+ * instance. The kernel releases the lock when the program ends, however it ends; an empty file is left
+ * behind.
+ */
 class InstanceLock {
  public:
-  /** The file is made where it isn't there; its folder belongs to the user alone. */
+  /** Creates the file if it does not exist. Its folder must belong to the user alone. */
   explicit InstanceLock(const std::string& path);
 
-  /** Only what is known: false where nothing can be locked. */
+  /** False if unknown, because nothing can be locked. */
   bool held_elsewhere() const { return held_elsewhere_; }
 
  private:

@@ -14,15 +14,16 @@ Status Because(const std::string& path, int error) {
   return {ErrorKind::kInputOutput, path + ": " + std::strerror(error)};
 }
 
-/** Makes a regular file this log's own, empty and private. */
+/** Makes a regular file this log's own: locked, empty and private. */
 Status TakeOver(int fd, const std::string& path) {
   constexpr mode_t kUserOnly = S_IRUSR | S_IWUSR;
-  // Two sessions in one history would write over each other. Where nothing can be locked it is as if nobody did.
+  // Two sessions with the same history file would overwrite each other. If files cannot be locked here, go on
+  // without.
   if (::flock(fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
     return {ErrorKind::kExists, path + ": another session is writing this history"};
   }
-  // The debug lines hold what was sent, passwords too: the rights are set before anything old or new stands
-  // there.
+  // The debug lines show what was sent, including passwords: restrict the file before anything is written to
+  // it.
   if (::fchmod(fd, kUserOnly) == 0 && ::ftruncate(fd, 0) == 0) return {};
   return Because(path, errno);
 }
@@ -40,7 +41,7 @@ Status LogFile::Open(const std::string& path) {
   if (S_ISREG(info.st_mode)) {
     taken = TakeOver(file_.get(), path);
   } else if (S_ISCHR(info.st_mode)) {
-    ::fcntl(file_.get(), F_SETFL, O_APPEND);  // a terminal that is slow is waited for
+    ::fcntl(file_.get(), F_SETFL, O_APPEND);  // writes wait for a slow terminal
   } else {
     taken = Status(ErrorKind::kInputOutput, path + ": not a regular file");
   }

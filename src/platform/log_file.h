@@ -9,17 +9,21 @@
 
 namespace tarvok::platform {
 
-/** A log that starts anew when it is opened and is readable by the user alone. Each text is on its way to the
- * disk when Write returns. */
+/**
+ * A log that starts empty each time it is opened and is readable only by the user. Write returns once the
+ * text is handed to the system.
+ */
 class LogFile {
  public:
-  /** Takes a regular file, which nobody else may write to until this one closes (kExists where somebody does), or a
-   * character device, such as a terminal, which stays as it is. */
+  /**
+   * Opens a regular file, which nobody else may write until this log closes (kExists if somebody does), or a
+   * character device such as a terminal, which is left as it is.
+   */
   Status Open(const std::string& path);
   bool is_open() const { return file_.valid(); }
-  /** Does nothing while no file is open; a full disk ends the log, not the session. */
+  /** Does nothing if no file is open. A full disk ends the log, not the session. */
   void Write(std::string_view text);
-  /** Why the log has a gap, told once at its end: the first error of Write. */
+  /** The first error of Write; if it is one, the log is incomplete. Report it once, at the end. */
   const Status& status() const { return status_; }
 
  private:

@@ -17,7 +17,9 @@
 namespace tarvok::platform {
 namespace {
 
-/** How long a file's time may stand still while its bytes change: a few ticks of the kernel's coarse clock.
+/**
+ * How long a file's time stamp may stay the same while its bytes change: a few ticks of the kernel's coarse
+ * clock.
  */
 constexpr std::int64_t kTimeGrain_ns = 20'000'000;
 constexpr int kLockTries = 40;
@@ -46,7 +48,7 @@ Status Failed(const std::string& path, int error) {
   return {KindOf(error), path + ": " + std::strerror(error)};
 }
 
-/** Writes all bytes from the start of the file; 0 or the error. */
+/** Writes all bytes from the start of the file. Returns 0 or the error number. */
 int WriteAll(int fd, std::string_view bytes, Flush flush) {
   std::size_t done = 0;
   while (done < bytes.size()) {
@@ -71,11 +73,11 @@ class FolderLock : public FileLock {
   explicit FolderLock(int fd) : folder_(fd) {}
 
  private:
-  Descriptor folder_;  // closing it gives the lock back
+  Descriptor folder_;  // closing it releases the lock
 };
 
-/** What a link leads to, seen from the link's own folder. */
-std::string BehindLink(const std::string& link) {
+/** The target of a link, relative to the folder of the link. */
+std::string TargetOfLink(const std::string& link) {
   std::error_code error;
   const std::filesystem::path target = std::filesystem::read_symlink(link, error);
   if (error || target.is_absolute()) return target.string();
@@ -130,8 +132,8 @@ std::string PosixFileSystem::Resolve(const std::string& path) {
       std::free(resolved);
       return result;
     }
-    // A link to what is not there yet: the file is to come to where the link leads.
-    const std::string target = BehindLink(at);
+    // A dangling link: the file will be created where the link leads.
+    const std::string target = TargetOfLink(at);
     if (target.empty()) return at;
     at = target;
   }
@@ -142,16 +144,16 @@ Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes
                                  Flush flush) {
   struct stat old {};
   const bool replaces = ::stat(like.c_str(), &old) == 0;
-  // Without its permissions a private project would become everybody's.
+  // Without these permissions, a private project would become readable by everybody.
   if (!replaces && errno != ENOENT) return Failed(like, errno);
-  // A file that its owner protected is not replaced behind his back.
+  // A file that its owner has protected against writing is not replaced.
   if (replaces && ::access(like.c_str(), W_OK) != 0) return Failed(like, errno);
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   if (!file.valid()) return Failed(path, errno);
   int error = 0;
   struct stat made {};
   if (replaces && ::fstat(file.get(), &made) != 0) error = errno;
-  // Asked only where they differ: some file systems have one mode for all files and refuse every change.
+  // Only if they differ: some file systems have one mode for all files and refuse every change.
   constexpr mode_t kPermissions = 07777;
   const bool differ = replaces && ((made.st_mode ^ old.st_mode) & kPermissions) != 0;
   if (error == 0 && differ && ::fchmod(file.get(), old.st_mode & kPermissions) != 0) error = errno;
@@ -159,7 +161,7 @@ Status PosixFileSystem::WriteNew(const std::string& path, std::string_view bytes
   if (!file.Close() && error == 0) error = errno;
   if (error == 0) return {};
   ::unlink(path.c_str());
-  // The folder took the file, so this is no folder to be written to in place.
+  // The folder accepted the file, so this is not a folder that calls for a write in place.
   return {error == ENOSPC || error == EDQUOT ? ErrorKind::kNoSpace : ErrorKind::kInputOutput,
           path + ": " + std::strerror(error)};
 }
@@ -171,13 +173,13 @@ Status PosixFileSystem::Overwrite(const std::string& path, std::string_view byte
   if (!file.valid()) return Failed(path, errno);
   int error = 0;
   if (!bytes.empty()) {
-    // The space first: a disk that fills up in the middle would leave half of either.
+    // Reserve the space first: a disk that fills up midway would leave a mixture of old and new bytes.
     error = ::posix_fallocate(file.get(), 0, static_cast<off_t>(bytes.size()));
     if (error == EOPNOTSUPP || error == EINVAL) error = 0;
   }
   if (error == 0) error = WriteAll(file.get(), bytes, Flush::kNow);
   if (error == 0) return {};
-  // Whatever got through goes again. The first error is the one to tell.
+  // Put the old bytes back. The first error is the one to report.
   [[maybe_unused]] const int put_back = WriteAll(file.get(), old.value(), Flush::kNow);
   return Failed(path, error);
 }
@@ -185,8 +187,8 @@ Status PosixFileSystem::Overwrite(const std::string& path, std::string_view byte
 Status PosixFileSystem::Rename(const std::string& from, const std::string& to, Flush flush) {
   if (::rename(from.c_str(), to.c_str()) != 0) return Failed(to, errno);
   if (flush == Flush::kLater) return {};
-  // The new name is in force; a folder that can't be flushed (some network file systems) only delays its
-  // durability.
+  // The new name is in force. If the folder cannot be flushed (as on some network file systems), only its
+  // durability is delayed.
   const Descriptor folder(::open(FolderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.valid()) ::fsync(folder.get());
   return {};
@@ -213,7 +215,7 @@ Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path)
   if (fd < 0) return Failed(folder, errno);
   auto lock = std::make_unique<FolderLock>(fd);
   for (int i = 0; ::flock(fd, LOCK_EX | LOCK_NB) != 0; ++i) {
-    // On a file system without locks one writes as one would alone.
+    // On a file system without locks, write without one.
     if (errno == ENOLCK || errno == ENOSYS || errno == EOPNOTSUPP || errno == EINVAL || errno == EBADF) break;
     if (errno != EWOULDBLOCK && errno != EINTR) return Failed(folder, errno);
     if (i == kLockTries) {

@@ -5,7 +5,7 @@
 
 namespace tarvok::platform {
 
-/** Files of a POSIX system. Messages name the path and the system's reason. */
+/** Files of a POSIX system. Error messages name the path and the system's reason. */
 class PosixFileSystem : public FileSystem {
  public:
   FileIdentity Identify(const std::string& path) override;
@@ -17,7 +17,7 @@ class PosixFileSystem : public FileSystem {
   Status Rename(const std::string& from, const std::string& to, Flush flush) override;
   Status Remove(const std::string& path) override;
   Result<std::vector<std::string>> List(const std::string& folder) override;
-  /** Locks the folder itself, so that nothing is left beside the project; waits at most two seconds. */
+  /** Locks the folder itself, so that no lock file is left next to the project. Waits at most two seconds. */
   Result<std::unique_ptr<FileLock>> Lock(const std::string& path) override;
   Result<std::string> MakePrivateFolder(const std::string& parent) override;
 };

@@ -31,7 +31,7 @@ class Files : public ::testing::Test {
   ProjectStore store_{files_};
 };
 
-TEST_F(Files, ASaveKeepsLinkAndPermissions) {
+TEST_F(Files, SavingKeepsLinkAndPermissions) {
   Write(Path("real.tvk"), "[a]\nk=1\n");
   ::chmod(Path("real.tvk").c_str(), 0640);
   fs::create_symlink("real.tvk", Path("link.tvk"));
@@ -42,7 +42,7 @@ TEST_F(Files, ASaveKeepsLinkAndPermissions) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator()), 2);
 }
 
-TEST_F(Files, AChangeInTheSameMomentIsSeen) {
+TEST_F(Files, SeesChangeWithinTheClockGrain) {
   const std::string path = Path("p.tvk");
   for (int i = 0; i < 50; ++i) {
     const std::string value = std::to_string(i % 10);
@@ -51,7 +51,7 @@ TEST_F(Files, AChangeInTheSameMomentIsSeen) {
   }
 }
 
-TEST_F(Files, ErrorsSayWhyAndChangeNothing) {
+TEST_F(Files, ErrorsNameTheReasonAndChangeNothing) {
   fs::create_directory(Path("folder.tvk"));
   EXPECT_FALSE(store_.SetIniValue(Path("folder.tvk"), "a", "k", "1").ok());
   EXPECT_TRUE(fs::is_directory(Path("folder.tvk")));
@@ -61,7 +61,7 @@ TEST_F(Files, ErrorsSayWhyAndChangeNothing) {
   EXPECT_FALSE(files_.Read("/dev/zero").ok());
 }
 
-TEST_F(Files, OnlyRegularFilesAreReplaced) {
+TEST_F(Files, ReplacesRegularFilesOnly) {
   ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
   fs::create_symlink("pipe", Path("link"));
   for (const std::string& path : {Path("pipe"), Path("link"), std::string("/dev/null")}) {
@@ -69,7 +69,7 @@ TEST_F(Files, OnlyRegularFilesAreReplaced) {
     EXPECT_FALSE(CanWriteWhole(files_, path).ok()) << path;
     EXPECT_FALSE(fs::is_regular_file(path)) << path;
   }
-  // A link to what is not there yet is followed, from link to link.
+  // A link to a missing file is followed, from link to link.
   fs::create_directory(Path("folder"));
   fs::create_symlink("folder/second", Path("first"));
   fs::create_symlink("new", Path("folder/second"));
@@ -83,7 +83,7 @@ TEST_F(Files, OnlyRegularFilesAreReplaced) {
   EXPECT_FALSE(CanWriteWhole(files_, Path("none/new")).ok());
 }
 
-TEST_F(Files, APrivateFolderIsNewAndOnlyForItsUser) {
+TEST_F(Files, PrivateFolderIsNewAndForItsUserOnly) {
   const auto first = files_.MakePrivateFolder(Path(""));
   const auto second = files_.MakePrivateFolder(Path(""));
   ASSERT_TRUE(first.ok() && second.ok());
@@ -96,7 +96,7 @@ TEST_F(Files, APrivateFolderIsNewAndOnlyForItsUser) {
               testing::StartsWith(Path("none") + ": "));
 }
 
-TEST_F(Files, ALogTellsItsFirstErrorAndSharesItsFileWithNobody) {
+TEST_F(Files, LogKeepsItsFirstErrorAndLocksItsFile) {
   LogFile first;
   ASSERT_TRUE(first.Open(Path("send.log")).ok());
   first.Write("one");
@@ -113,7 +113,7 @@ TEST_F(Files, ALogTellsItsFirstErrorAndSharesItsFileWithNobody) {
   EXPECT_EQ(Mode("/dev/full"), mode);
 }
 
-TEST_F(Files, ALogStartsAnewForItsUserAlone) {
+TEST_F(Files, LogStartsEmptyAndPrivate) {
   Write(Path("send.log"), "old and longer");
   ::chmod(Path("send.log").c_str(), 0666);
   {
@@ -128,7 +128,7 @@ TEST_F(Files, ALogStartsAnewForItsUserAlone) {
   none.Write("goes nowhere");
 }
 
-TEST_F(Files, TheNextProgramSeesTheFirstWhileItRuns) {
+TEST_F(Files, SecondInstanceDetectsTheFirst) {
   {
     const InstanceLock first(Path("program.lock"));
     EXPECT_FALSE(first.held_elsewhere());
