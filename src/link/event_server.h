@@ -18,9 +18,9 @@ struct WallClock {
 };
 
 /**
- * Everything that waits waits here: the millisecond tick, timers, and "serve events until this or that". One
- * thread; handlers run while somebody serves events, nested serving included. The programs lend Qt's loop,
- * the tests a virtual clock that jumps to the next event.
+ * Tick, timers and "serve events until ...": every wait goes through here. Single-threaded; handlers run
+ * while events are served, also from nested calls. The programs use Qt's loop, the tests a virtual clock that
+ * jumps to the next event.
  */
 class EventServer {
  public:
@@ -33,16 +33,17 @@ class EventServer {
   virtual std::int64_t Tick_ms() = 0;
   virtual WallClock Now() = 0;
 
-  /** Calls `handler` every `interval_ms`, the first time after one interval, until StopTimer. Ids are above
-   * 0. */
+  /** Calls `handler` every `interval_ms`, first after one interval, until StopTimer. Ids are above 0. */
   virtual TimerId StartTimer(int interval_ms, std::function<void()> handler) = 0;
-  /** Calls `handler` once after `delay_ms`; StopTimer takes it back. */
+  /** Calls `handler` once after `delay_ms`, unless StopTimer cancels it. */
   virtual TimerId CallLater(int delay_ms, std::function<void()> handler) = 0;
-  /** An id that is not running is no error. No handler of that timer runs after this. */
+  /** Stops the timer; its handler is not called again. An id that is not running is ignored. */
   virtual void StopTimer(TimerId timer) = 0;
 
-  /** Serves events until `done` says true, tested after each event, or until `timeout_ms` have passed
-   * (kForever: no limit). Returns what `done` said last. */
+  /**
+   * Serves events until `done` returns true, tested after each event, or until `timeout_ms` have passed
+   * (kForever: no limit). Returns the last result of `done`.
+   */
   virtual bool ServeUntil(const std::function<bool()>& done, std::int64_t timeout_ms) = 0;
 };
 

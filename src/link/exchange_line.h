@@ -15,14 +15,16 @@
 
 namespace tarvok::link {
 
-/** The way from a session's messages to the port and back: physical line, link and message module of the
- * mode, joined. One a session's form; nothing in it is shared with another. */
+/**
+ * Connects a session's messages to the port: physical line, link and message module for the connection mode.
+ * Each form with a session has its own; nothing is shared.
+ */
 class ExchangeLine {
  public:
   struct Settings {
     LinkMode mode = LinkMode::kServer;
     ExchangeAddress address;
-    int serial_chunk_size = 0;  // 0 for whole blocks
+    int serial_chunk_size = 0;  // 0 writes whole blocks
   };
 
   ExchangeLine(const Settings& settings, Waits& waits, SendLog& log,
@@ -31,13 +33,19 @@ class ExchangeLine {
   ExchangeLine(const ExchangeLine&) = delete;
   ExchangeLine& operator=(const ExchangeLine&) = delete;
 
-  /** Takes an open or connecting port; its bytes go to the link, or are cut into messages, by mode. */
+  /**
+   * Takes an open or connecting port. Depending on the mode, its bytes go to the link layer or are cut into
+   * messages.
+   */
   void Take(std::unique_ptr<Port> port);
-  /** Why the other end or the system ended the stream, known behind its last byte; nothing while nobody did. */
+  /**
+   * Why the other end or the system closed the stream, available after its last byte; nullopt while it is
+   * open.
+   */
   const std::optional<std::string>& ended() const { return ended_; }
-  /** Called once when that becomes known. */
+  /** Called once when the stream has been closed. */
   void set_on_ended(std::function<void(std::string_view reason)> handler) { on_ended_ = std::move(handler); }
-  /** The link's tick, every 10 ms; only the modes with link frames have it. */
+  /** Starts the link's 10 ms tick; does nothing in modes without link frames. */
   void StartPump();
   void StopPump();
   /** Closes the port and stops the pump. */
@@ -48,7 +56,7 @@ class ExchangeLine {
   MessageLayer& messages() { return *messages_; }
   ModemReply& modem() { return modem_; }
   const TransferStatistics& statistics() const { return statistics_; }
-  /** The time of the sends counts from here. */
+  /** Restarts the summed duration of sends at 0. */
   void RestartSendTime() { statistics_.send_ms = 0; }
   LinkMode mode() const { return line_.mode(); }
 

@@ -19,21 +19,23 @@ inline constexpr std::uint8_t kAck1 = 0x31;
 inline constexpr std::uint8_t kNak = 0x15;
 inline constexpr std::uint8_t kEnq = 0x05;
 
-/** The address bytes: the tool's frames carry the first, the exchange's the second. */
+/** The address bytes: frames from the tool carry the first, frames from the exchange the second. */
 inline constexpr std::uint8_t kToolAddress = 0x01;
 inline constexpr std::uint8_t kExchangeAddress = 0x10;
 
-/** Most message bytes that a frame carries, before any byte is doubled. */
+/** Maximum number of message bytes in a frame, before doubling. */
 inline constexpr int kMaxFrameData = 64;
 
 /**
- * The check byte of a frame: address + 19 (DLE and ETX), plus each message byte, plus their count and 1 for
- * the address, all modulo 256. Doubled bytes count once.
+ * The check byte of a frame: address + 19 (DLE and ETX), plus each message byte, plus the number of message
+ * bytes, plus 1 for the address, modulo 256. Doubled bytes count once.
  */
 std::uint8_t FrameCheck(std::uint8_t address, std::span<const std::uint8_t> data);
 
-/** 10 02, the address, the data, 10 03, the check byte. A byte 10 is doubled in address and data, never as
- * the check. */
+/**
+ * 10 02, the address, the data, 10 03, the check byte. A byte 10 is doubled in address and data, but not as
+ * the check byte.
+ */
 Bytes BuildFrame(std::uint8_t address, std::span<const std::uint8_t> data);
 
 /** 10, the control byte, the address (doubled if it is 10). */

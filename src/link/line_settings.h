@@ -10,7 +10,7 @@ namespace tarvok::link {
 enum class Parity { kNone, kEven, kOdd };
 enum class StopBits { kOne, kOneAndHalf, kTwo };
 
-/** How a serial line is set. */
+/** Settings of a serial line. */
 struct LineSettings {
   int speed = 9600;  // bit/s
   Parity parity = Parity::kNone;
@@ -20,8 +20,10 @@ struct LineSettings {
   bool operator==(const LineSettings&) const = default;
 };
 
-/** Reads a settings text such as "9600,n,8,1": exactly four comma parts, speed, n/e/o, 5 to 8, 1/1.5/2.
- * Anything else is no setting, and a port that is opened with it does not open. */
+/**
+ * Parses a text such as "9600,n,8,1": exactly four parts separated by commas: speed, n/e/o, 5 to 8, and
+ * 1/1.5/2. Returns nullopt for anything else; a port cannot be opened with such a text.
+ */
 std::optional<LineSettings> ParseLineSettings(std::string_view text);
 
 }  // namespace tarvok::link

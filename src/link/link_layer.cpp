@@ -8,7 +8,7 @@ namespace {
 constexpr std::int64_t kEstablishWait_ms = 3000;
 constexpr int kTick_ms = 10;
 constexpr int kChaseAbove_ms = 1000;
-constexpr int kMostRetries = 5;  // the sixth Enq still goes out
+constexpr int kMostRetries = 5;  // the sixth Enq is still sent
 
 }  // namespace
 
@@ -80,7 +80,7 @@ void LinkLayer::Tick() {
     ++retry_count_;
     SendEnq();
   } else {
-    // Given up without a word: the message layer notices by its own time limits.
+    // Give up silently: the message layer notices by its own timeouts.
     tx_failed_ = true;
     tx_done_ = true;
   }

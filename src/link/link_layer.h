@@ -17,14 +17,14 @@
 namespace tarvok::link {
 
 /**
- * The byte-stuffed, acknowledged link to the exchange: one message of at most 64 bytes a frame, one frame in
- * flight, the acknowledgement alternating. It is driven by bytes from the port and by a tick every 10 ms.
- * Outside of frames it collects the text lines of a modem. On a LAN the framing is left out and messages go
- * to the socket as they are.
+ * The byte-stuffed, acknowledged link to the exchange: one message of at most 64 bytes per frame, one frame
+ * in flight, alternating acknowledgements. Driven by bytes from the port and by a tick every 10 ms. Outside
+ * of frames it collects the text lines of a modem. On a LAN there are no frames, and messages go to the
+ * socket unchanged.
  */
 class LinkLayer {
  public:
-  /** Takes a received message; the bytes are the caller's own until it returns. */
+  /** Receives a message; the bytes are valid until it returns. */
   using MessageHandler = std::function<void(std::span<const std::uint8_t>)>;
 
   struct Parts {
@@ -33,23 +33,30 @@ class LinkLayer {
     SendLog& log;
     TransferStatistics& statistics;
     ModemReply& modem;
-    /** Reads the bench setting that lets a session go on without a link, afresh at each call. */
+    /** Reads the bench setting that lets a session continue without a link; evaluated on every call. */
     std::function<bool()> works_without_link;
     MessageHandler on_message;
   };
 
   explicit LinkLayer(Parts parts) : parts_(std::move(parts)) {}
 
-  /** Before LinkEstablish, at every new connection. The nibbles make the address byte sent: first + 16 x
-   * second. */
+  /**
+   * Call before Establish for every new connection. The nibbles form the address byte that is sent: first +
+   * 16 x second.
+   */
   void Init(std::uint8_t first_nibble, std::uint8_t second_nibble);
   /** Sends the Establish frame and waits up to three seconds for the link. */
   bool Establish();
-  /** Holds the message and sends it; neither waits nor tests whether a frame is in flight. At most 64 bytes
-   * are used. */
+  /**
+   * Stores the message and sends it, without waiting and without checking for a frame in flight. Uses at most
+   * 64 bytes.
+   */
   void SendData(std::span<const std::uint8_t> message);
   void ReceiveByte(std::uint8_t byte);
-  /** Every 10 ms, and at once after each accepted frame: LinkTick, then a waiting message to its handler. */
+  /**
+   * Called every 10 ms and right after each accepted frame: runs LinkTick, then hands a waiting message to
+   * its handler.
+   */
   void Poll();
 
   bool is_up() const { return link_up_; }
@@ -61,7 +68,7 @@ class LinkLayer {
   enum class State { kIdle, kData, kCheck, kAck0Address, kAck1Address, kNakAddress, kEnqAddress };
 
   void Tick();
-  /** Hands a waiting message out; its length, 0 when none waits. */
+  /** Copies out a waiting message and returns its length; 0 if none is waiting. */
   std::size_t TakeMessage(std::span<std::uint8_t> message);
   void SendFrame();
   void SendAck();

@@ -1,4 +1,4 @@
-// The byte machine of the link: what comes from the exchange, byte by byte.
+// The receiving side of the link: a state machine over the bytes from the exchange.
 
 #include <array>
 #include <string_view>
@@ -18,7 +18,7 @@ constexpr std::pair<std::string_view, int> kModemWords[] = {
     {"NO DIAL", ModemReply::kNoDialTone}, {"OK", ModemReply::kOk},
 };
 
-/** The result word behind the line feed that a modem's line begins with. */
+/** The result word of a modem's line, which begins with a line feed. */
 int ModemResultOf(std::string_view line) {
   if (line.empty()) return ModemReply::kNone;
   for (const auto& [word, result] : kModemWords) {
@@ -76,11 +76,11 @@ void LinkLayer::ReceiveSingle(std::uint8_t byte) {
 void LinkLayer::ReceivePair(std::uint8_t byte) {
   switch (byte) {
     case kDle:
-      // Doubled bytes pass the limit of a frame's data; only the buffer's own end stops them.
+      // Doubled bytes may exceed the limit of a frame's data; only the end of the buffer stops them.
       if (state_ == State::kData) StoreByte(byte, kMaxReceived);
       break;
     case kStx:
-      if (rx_ready_) break;  // the message before still waits: the exchange must send this frame again
+      if (rx_ready_) break;  // the previous message is still waiting: make the exchange repeat this frame
       state_ = State::kData;
       rx_length_ = 0;
       break;
@@ -124,7 +124,7 @@ void LinkLayer::Reset(std::string_view log_line) {
 }
 
 bool LinkLayer::AddressOk(std::uint8_t address) const {
-  // A division of real numbers on purpose: 16 is the only byte that passes for the nibbles 1 and 0.
+  // Deliberately a floating-point division: 16 is the only byte that is accepted for the nibbles 1 and 0.
   const bool ok = address / 16.0 == first_nibble_ && address % 16 == second_nibble_;
   if (!ok) parts_.log.DebugLine("!Error: invalid address.");
   return ok;
@@ -198,7 +198,7 @@ void LinkLayer::AcknowledgedBy(bool even_frames) {
   if (is_even == even_frames) {
     tx_done_ = true;
   } else if (!tx_done_ && enq_pending_) {
-    SendAgain();  // the answer to our Enq names the frame before: this one was lost
+    SendAgain();  // the reply to our Enq acknowledges the previous frame, so this one was lost
   }
   enq_pending_ = false;
 }

@@ -10,13 +10,12 @@ namespace tarvok::link {
 inline constexpr std::uint8_t kFromTool = 0x12;
 inline constexpr std::uint8_t kFromExchange = 0x21;
 
-/** Most bytes of one message, its header included. */
+/** Maximum size of a message, header included. */
 inline constexpr int kMaxMessage = 64;
-/** Header bytes in front of the payload: direction, address, 0, code; sequenced messages have one byte more.
- */
+/** Header bytes before the payload: direction, address, 0, code. Sequenced messages have one more. */
 inline constexpr int kHeader = 4;
 inline constexpr int kSequencedHeader = 5;
-/** Most payload bytes of one message. */
+/** Maximum payload of a message. */
 inline constexpr int kPlainPayload = kMaxMessage - kHeader;
 inline constexpr int kSequencedPayload = kMaxMessage - kSequencedHeader;
 
@@ -51,8 +50,10 @@ inline constexpr std::uint8_t kError = 0x8F;
 /** What SendSetMode puts the exchange into. */
 enum class ExchangeMode : std::uint8_t { kNormal = 0, kConfiguration = 1, kBilling = 2, kMiniBar = 4 };
 
-/** Packets of the relay server. To the server: 21, address, 0, 1, length, message, always 129 bytes. From the
- * server: at most 128 bytes, byte 4 is 0x11, byte 7 the length, the message from byte 8. */
+/**
+ * Packets of the relay server. To the server: 21, address, 0, 1, length, message, always 129 bytes. From the
+ * server: at most 128 bytes, 0x11 at byte 4, the length at byte 7, the message from byte 8.
+ */
 inline constexpr int kServerPacketOut = 129;
 inline constexpr int kServerHeaderOut = 5;
 inline constexpr int kServerReadIn = 128;

@@ -20,7 +20,7 @@ std::uint8_t High(int value) {
   return static_cast<std::uint8_t>(value / 256);
 }
 
-/** The decimal digits of 0 to 99 read as a hexadecimal number: 34 is 0x34. */
+/** Reads the decimal digits of 0 to 99 as a hexadecimal number: 34 becomes 0x34. */
 std::uint8_t AsHexDigits(int value) {
   return static_cast<std::uint8_t>(value / 10 * 16 + value % 10);
 }
@@ -39,7 +39,7 @@ bool MessageLayer::SendSetMode(ExchangeMode mode) {
 }
 
 bool MessageLayer::SendTime() {
-  constexpr int kBuddhistFrom = 2501;  // a computer whose calendar counts 543 years more
+  constexpr int kBuddhistFrom = 2501;  // from here on, the computer uses a calendar that is 543 years ahead
   constexpr int kBuddhistAhead = 543;
   const WallClock now = parts_.waits.events().Now();
   const int year = now.year >= kBuddhistFrom ? now.year - kBuddhistAhead : now.year;
@@ -102,7 +102,7 @@ bool MessageLayer::GetConfig(int section) {
 
 bool MessageLayer::GetMiniBar(int number) {
   parts_.log.Line(std::string(variant_.get_mini_bar_words) + std::to_string(number));
-  receive_kind_ = ReceiveKind::kNone;  // a section that was given up in its middle is over
+  receive_kind_ = ReceiveKind::kNone;  // a section that was abandoned midway is over
   if (number == 0) first_mini_bar_.reset();
   asked_mini_bar_ = number;
   earlier_mini_bars_ = 0;
@@ -111,10 +111,10 @@ bool MessageLayer::GetMiniBar(int number) {
       variant_.has_mini_bar_reply ? &MessageState::mini_bar_came : &MessageState::config_came;
   if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;
   if (earlier_mini_bars_ == 0) return false;
-  // Every answer carried an earlier number: the exchange does not number its records.
+  // Every reply carried an earlier number: this exchange does not number its records.
   parts_.statistics.PacksOutOfStep -= earlier_mini_bars_;
   first_mini_bar_ = kNotNumbered;
-  constexpr int kOnce = 1;  // it answers at once, or the line is dead by now
+  constexpr int kOnce = 1;  // either it replies at once or the line is already dead
   return SendMessage(payload, command::kGetMiniBar, awaited, false, kOnce);
 }
 
@@ -144,7 +144,7 @@ bool MessageLayer::SendMessage(std::span<const std::uint8_t> payload, std::uint8
   ++parts_.statistics.packets_sent;
   parts_.statistics.bytes_sent += static_cast<std::int64_t>(payload.size());
   const bool sent = SendLastPack(message, awaited, tries);
-  Wipe(message);  // it may have been a password
+  Wipe(message);  // it may contain a password
   return sent;
 }
 
@@ -175,7 +175,7 @@ MessageLayer::Recovery MessageLayer::JudgeSequence(bool first) {
   const int received = state_.last_received_sequence;
   const int sent = state_.send_sequence;
   const std::string words = "Rev = " + std::to_string(received) + ", Send = " + std::to_string(sent);
-  // The step to the next number counts modulo 256, or a reply lost at the wrap would end the transfer.
+  // The next number wraps modulo 256; otherwise a reply lost at the wrap would end the transfer.
   if ((received + 255) % 256 == sent) {
     parts_.log.Line("Seq OK, " + words);
     return Recovery::kArrived;

@@ -17,7 +17,7 @@
 
 namespace tarvok::link {
 
-/** Whom the messages go to. Direct to the CPU card both ids are 15. */
+/** The exchange that messages are addressed to. With a direct connection to the CPU card both ids are 15. */
 struct ExchangeAddress {
   int pbx_id = 15;   // 0 to 15
   int card_id = 15;  // 0 to 15
@@ -26,17 +26,17 @@ struct ExchangeAddress {
   std::uint8_t byte() const { return static_cast<std::uint8_t>(pbx_id * 16 + card_id); }
 };
 
-/** In which points the two message modules differ. */
+/** The differences between the two message modules. */
 struct MessageVariant {
   std::string_view get_config_words;
   std::string_view get_mini_bar_words;
   bool answers_enquiry;       // an Enquiry from the exchange gets a Respond Seq
-  bool keeps_first_sequence;  // the first pack's sequence byte is kept to answer with
-  bool has_mini_bar_reply;    // GetMiniBar waits for the record; else for a reply that never comes
-  bool sums_send_time;        // section and mini bar sends add to SendMilliseconds
+  bool keeps_first_sequence;  // keep the first pack's sequence byte for the reply
+  bool has_mini_bar_reply;    // GetMiniBar waits for the record; otherwise for a reply that never comes
+  bool sums_send_time;        // sends of sections and mini bar records add to SendMilliseconds
 };
 
-/** What ReceiveMessage sets and the waiting operations and sessions read. */
+/** Set by ReceiveMessage; read by the waiting operations and by sessions. */
 struct MessageState {
   bool reply_ok = false;
   bool version_came = false;
@@ -44,8 +44,8 @@ struct MessageState {
   bool mini_bar_came = false;
   bool sequence_came = false;
   bool error_came = false;
-  bool section_done = false;   // a section or mini bar record came to its end; cleared by the session
-  bool stop_on_error = false;  // an error reply allows no second try: while the password form is open
+  bool section_done = false;   // a section or mini bar record is complete; cleared by the session
+  bool stop_on_error = false;  // do not retry after an error reply: set while the password form is open
   std::uint8_t send_sequence = 0;
   int last_received_sequence = 0;
   std::int64_t receive_offset = 0;
@@ -57,10 +57,10 @@ struct MessageState {
 };
 
 /**
- * The commands to the exchange and its replies: messages of at most 64 bytes, longer ones cut into packs with
- * a sequence number. Every operation waits, serving events, until the awaited reply came or its tries ran
- * out, and returns whether it came. Replies arrive through ReceiveMessage in the middle of those waits. How a
- * message is carried is the derived module's matter.
+ * The commands to the exchange and its replies: messages of at most 64 bytes; longer ones are cut into packs
+ * with a sequence number. Every operation waits, serving events, until the expected reply has come or all
+ * tries have failed, and returns true if it came. Replies arrive through ReceiveMessage during those waits.
+ * The derived module decides how a message is carried.
  */
 class MessageLayer {
  public:
@@ -76,24 +76,28 @@ class MessageLayer {
 
   bool SendIdle();
   bool SendSetMode(ExchangeMode mode);
-  /** The time now: hour, minute, weekday (Sunday 0), day, month, two-digit year; digits as hexadecimal but
-   * the weekday. */
+  /**
+   * Sends the current time: hour, minute, weekday (Sunday 0), day, month, two-digit year. The decimal digits
+   * are sent as hexadecimal digits, except for the weekday.
+   */
   bool SendTime();
   bool GetVersion();
   bool CheckPassword(const std::array<std::uint8_t, 3>& password);
   bool SendConfig(int section, std::span<const std::uint8_t> image);
-  /** True when the first pack came; the others arrive afterwards and end in SectionDoneFlag. */
+  /** True if the first pack came. The other packs arrive afterwards; section_done is set at the end. */
   bool GetConfig(int section);
   bool SendBillingTable(int table, int sector, std::span<const std::uint8_t> data);
   bool SendMiniBar(int number, std::span<const std::uint8_t> record);
   bool GetMiniBar(int number);
 
-  /** One whole message from the exchange. What is none, is too short or is not awaited is dropped. */
+  /** Takes one whole message from the exchange. Drops it if it is invalid, too short or unexpected. */
   void ReceiveMessage(std::span<const std::uint8_t> message);
-  /** Bytes that the section in progress still lacks, by its declared size. */
+  /** Bytes still missing from the section in progress, by its declared size. */
   std::int64_t MissingBytes() const;
-  /** Whether what was asked for last has come to its end: a mini bar record in the middle of a section raises the flag,
-   * too, but leaves the section as it is. */
+  /**
+   * True if the last request has been answered completely. A mini bar record in the middle of a section also
+   * raises the flag, but does not complete the section.
+   */
   bool IsWhole() const {
     const bool section_came = receive_kind_ == ReceiveKind::kSection && MissingBytes() == 0;
     return state_.section_done && (asked_mini_bar_ >= 0 || section_came);
@@ -109,7 +113,7 @@ class MessageLayer {
   Parts& parts() { return parts_; }
 
  private:
-  static constexpr int kNotNumbered = -0x10000;  // below what any number of a record can make of it
+  static constexpr int kNotNumbered = -0x10000;  // no record number minus its index can be this low
 
   using Flag = bool MessageState::*;
   enum class ReceiveKind { kNone, kSection, kMiniBar };
@@ -117,7 +121,7 @@ class MessageLayer {
 
   static constexpr int kTries = 3;
 
-  /** `tries` holds for its last pack. */
+  /** `tries` applies to the last pack of the message. */
   bool SendMessage(std::span<const std::uint8_t> payload, std::uint8_t code, Flag awaited, bool sequenced,
                    int tries = kTries);
   bool SendFullPack(std::span<const std::uint8_t> message, bool first);
@@ -146,13 +150,13 @@ class MessageLayer {
   SectionImage section_image_;
   MiniBarImage mini_bar_image_;
   ReceiveKind receive_kind_ = ReceiveKind::kNone;
-  int asked_section_ = -1;             // what GetConfig asked for last, -1 before the first
-  int asked_mini_bar_ = -1;            // the same of GetMiniBar, -1 where a section was asked for behind it
+  int asked_section_ = -1;             // section of the latest GetConfig; -1 before the first
+  int asked_mini_bar_ = -1;            // likewise for GetMiniBar; -1 if a section was requested since
   std::optional<int> first_mini_bar_;  // the number that the exchange gives to record 0
-  int earlier_mini_bars_ = 0;          // records that came and had been asked for before this one
-  int pack_before_ = -1;               // sequence byte of the section's last next pack, -1 before the first
-  std::uint8_t first_pack_ = 0;        // sequence byte of the section's first pack, 0 where it has none
-  // From there to the first next pack's, and from each of those to the one behind it, as they were at first.
+  int earlier_mini_bars_ = 0;          // records that arrived although they answer an earlier request
+  int pack_before_ = -1;               // sequence byte of the previous later pack; -1 if there was none
+  std::uint8_t first_pack_ = 0;        // sequence byte of the section's first pack; 0 if it has none
+  // The first two differences seen: from the first pack to the next, and between later packs.
   std::optional<std::uint8_t> first_step_;
   std::optional<std::uint8_t> next_step_;
 };

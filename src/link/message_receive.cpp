@@ -1,4 +1,4 @@
-// What the exchange says: the replies that set the flags on which the operations wait.
+// Handling of messages from the exchange: sets the flags that the operations wait for.
 
 #include <array>
 #include <utility>
@@ -13,7 +13,7 @@ int Word(std::span<const std::uint8_t> message, std::size_t at) {
   return message[at] + 256 * message[at + 1];
 }
 
-/** Fewest bytes of a message by its code; a shorter one is dropped. */
+/** The minimum size of a message with this code; shorter ones are dropped. */
 std::size_t ShortestMessage(std::uint8_t code) {
   switch (code) {
     case reply::kSequence:
@@ -103,8 +103,10 @@ void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
   state_.version_came = true;
 }
 
-/** Whether a record carries the number of one asked for before. An exchange need not number them from 0: the first record
- * tells from where. */
+/**
+ * True if a record has the number of an earlier request. The exchange may start numbering anywhere; the first
+ * record shows where.
+ */
 bool MessageLayer::IsEarlierMiniBar(int number) {
   if (asked_mini_bar_ < 0) return false;
   if (!first_mini_bar_) first_mini_bar_ = number - asked_mini_bar_;
@@ -118,7 +120,7 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   constexpr std::int64_t kTaken = 22;  // name and count
   const int number = Word(message, 5);
   if (IsEarlierMiniBar(number)) {
-    // Late or twice: taking it would write each record from here on into the row behind its own.
+    // Late or repeated: accepting it would shift this record and all later ones by a row.
     ++earlier_mini_bars_;
     ++parts_.statistics.PacksOutOfStep;
     RespondOk();
@@ -127,7 +129,8 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   state_.mini_bar_came = true;
   state_.section_done = true;
   state_.received_section = number;
-  // What began in between was asked for by nobody. In the middle of a section it is the record that nobody asked for.
+  // A section that began in between was not requested. In the middle of a requested section, the record was
+  // not.
   if (asked_mini_bar_ >= 0) receive_kind_ = ReceiveKind::kNone;
   state_.mini_bar_name.clear();
   for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
@@ -149,14 +152,14 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   constexpr std::size_t kDataAt = 9;
   const int section = Word(message, 5);
   if (asked_section_ >= 0 && section != asked_section_) {
-    // Another section than the one asked for: taking it would write its bytes under the wrong name.
+    // Not the section that was requested: accepting it would store its bytes under the wrong name.
     receive_kind_ = ReceiveKind::kNone;
     ReceiveError();
     return;
   }
   receive_kind_ = ReceiveKind::kSection;
   state_.config_came = true;
-  // The last pack of the section before may have come twice, the second time behind the request for this one.
+  // The last pack of the previous section may have come twice, the second time after this request.
   state_.section_done = false;
   if (variant_.keeps_first_sequence) state_.last_received_sequence = message[4];
   first_pack_ = variant_.keeps_first_sequence ? message[4] : std::uint8_t{0};
@@ -171,14 +174,16 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   TakeSectionBytes(message.subspan(kDataAt));
 }
 
-/** Each pack's number is the one before plus a step, modulo 256, and the first two packs tell the step. Any other number
- * shows a pack that came twice, late, or from another section. The step behind a section's first pack is learnt apart from
- * the others: the server gives the first pack no number. */
+/**
+ * Each pack's number is the previous one plus a step, modulo 256; the first two packs determine the step. Any
+ * other number means that a pack was repeated, late, or belongs to another section. The step after a
+ * section's first pack is learnt separately, because the server does not number the first pack.
+ */
 void MessageLayer::CountOutOfStep(std::uint8_t sequence) {
   const int before = std::exchange(pack_before_, sequence);
   const auto step = static_cast<std::uint8_t>(sequence - (before < 0 ? first_pack_ : before));
   std::optional<std::uint8_t>& learnt = before < 0 ? first_step_ : next_step_;
-  const bool repeat = before >= 0 && step == 0;  // of which no step can be learnt
+  const bool repeat = before >= 0 && step == 0;  // the step cannot be learnt from it
   if (!learnt && !repeat) learnt = step;
   if (repeat || step != *learnt) ++parts_.statistics.PacksOutOfStep;
 }

@@ -6,9 +6,9 @@
 
 namespace tarvok::link {
 
-/** What the last line of text from the modem said. */
+/** What the modem's last line of text said. */
 struct ModemReply {
-  static constexpr int kNone = 0;  // nothing yet, or a line that says nothing known
+  static constexpr int kNone = 0;  // nothing yet, or an unknown line
   static constexpr int kConnect = 1;
   static constexpr int kBusy = 2;
   static constexpr int kNoCarrier = 3;

@@ -28,7 +28,7 @@ void Wipe(std::span<std::uint8_t> bytes) {
 }
 
 void Wipe(std::string& text) {
-  text.resize(text.capacity());  // what was deleted from it lies behind its end
+  text.resize(text.capacity());  // deleted characters remain in memory after the end
   Wipe({reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
   text.clear();
 }

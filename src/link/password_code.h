@@ -12,19 +12,21 @@
 
 namespace tarvok::link {
 
-/** A password as it travels: three bytes. */
+/** A password in the form sent to the exchange: three bytes. */
 using PackedPassword = std::array<std::uint8_t, 3>;
 
-/** Most digits of a password. */
+/** Maximum number of digits of a password. */
 inline constexpr std::size_t kMostPasswordDigits = 6;
 
-/** Packs one to six digits: "0" as A, an odd count led by F, two digits a byte, FF behind the end. nullopt for anything
- * else. */
+/**
+ * Packs one to six digits, two per byte: "0" as A, an odd number preceded by F, the rest filled with FF.
+ * Returns nullopt for anything else.
+ */
 std::optional<PackedPassword> PackPassword(std::string_view digits);
 
-/** Zeros over bytes that hold, or may hold, a password, in a way that no optimiser leaves out. */
+/** Overwrites bytes that may hold a password with zeros, in a way that the optimiser cannot remove. */
 void Wipe(std::span<std::uint8_t> bytes);
-/** The same for a text, which is empty afterwards. */
+/** Overwrites and empties a text. */
 void Wipe(std::string& text);
 
 }  // namespace tarvok::link

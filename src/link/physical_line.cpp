@@ -15,7 +15,7 @@ void PhysicalLine::PhysicalSend(std::span<const std::uint8_t> bytes) {
   if (mode_ == LinkMode::kSerial) {
     SendInPieces(bytes);
   } else {
-    // A port that takes nothing shows as a missing reply, which the message layer's tries answer.
+    // If the port accepts nothing, the reply does not come and the message layer retries.
     [[maybe_unused]] const bool taken = port_->Send(bytes);
   }
   if (log_.debug()) log_.Line(HexDump(bytes));

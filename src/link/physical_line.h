@@ -10,10 +10,10 @@
 
 namespace tarvok::link {
 
-/** How the exchange is reached: the project's key "By". Any other value is the server as well. */
+/** How the exchange is reached: the project's key "By". Any other value also means the server. */
 enum class LinkMode : std::uint8_t { kServer = 0, kSerial = 1, kModem = 2, kLanToSerial = 3, kLan = 4 };
 
-/** Link frames run on the byte streams; LAN and server carry whole messages. */
+/** True for byte streams, which carry link frames; LAN and server carry whole messages. */
 constexpr bool UsesFrames(LinkMode mode) {
   return mode == LinkMode::kSerial || mode == LinkMode::kModem || mode == LinkMode::kLanToSerial;
 }
@@ -21,20 +21,23 @@ constexpr bool UsesSocket(LinkMode mode) {
   return mode != LinkMode::kSerial && mode != LinkMode::kModem;
 }
 
-/** The open port of a session and the way in which its mode writes to it. */
+/** The open port of a session, and how to write to it in the given mode. */
 class PhysicalLine {
  public:
-  /** `chunk_size`: on a serial line blocks go out in pieces of so many bytes, 0 for whole ones. */
+  /** `chunk_size`: serial writes are cut into pieces of this many bytes; 0 writes whole blocks. */
   PhysicalLine(LinkMode mode, int chunk_size, SendLog& log)
       : mode_(mode), chunk_size_(chunk_size), log_(log) {}
 
-  /** Writes the bytes by mode. A line that is not open takes nothing; the debug log says so. */
+  /**
+   * Writes the bytes as the mode requires. If the line is not open, nothing is written but a line in the
+   * debug log.
+   */
   void PhysicalSend(std::span<const std::uint8_t> bytes);
-  /** Writes without a word in the log, as one block: modem commands. */
+  /** Writes a modem command in one block, without logging. */
   bool Write(std::span<const std::uint8_t> bytes) { return IsOpen() && port_->Send(bytes); }
 
   void Take(std::unique_ptr<Port> port);
-  /** Closes and lets go of the port. */
+  /** Closes and releases the port. */
   void Close();
   bool IsOpen() const { return port_ != nullptr && port_->state() == PortState::kOpen; }
   Port* port() { return port_.get(); }

@@ -14,14 +14,15 @@ namespace tarvok::link {
 
 enum class PortState { kConnecting, kOpen, kError, kClosed };
 
-/** What a port answers to something that not every line can do. */
+/** The result of an operation that not every port supports. */
 enum class PortAnswer { kDone, kFailed, kUnsupported };
 
 /**
- * A byte stream to somebody: a serial line, a TCP socket, or a port on a port that damages, paces or traces.
+ * A byte stream: a serial line, a TCP socket, or a port that wraps another one to damage, pace or trace its
+ * bytes.
  *
- * Handlers run on the event thread, never from within Send, and not after Close. What a port can't do it
- * says.
+ * Handlers run on the event thread, never from within Send, and not after Close. Operations that a port does
+ * not support report it.
  */
 class Port {
  public:
@@ -31,19 +32,19 @@ class Port {
   virtual ~Port() = default;
 
   virtual PortState state() const = 0;
-  /** Why the state is an error, in the platform's words; else "". */
+  /** Why the state is an error, in the platform's words; otherwise "". */
   virtual std::string error() const = 0;
-  /** Takes the whole block, in order; false if the port is not open. One call is one write. */
+  /** Sends the whole block in order, as a single write; false if the port is not open. */
   virtual bool Send(std::span<const std::uint8_t> bytes) = 0;
   virtual PortAnswer SetControlLines(bool dtr, bool rts) = 0;
-  /** Forgets bytes that came and were not handled, and bytes not yet sent. */
+  /** Discards bytes received but not yet handled, and bytes not yet sent. */
   virtual void Discard() = 0;
-  /** Closes; a second call does nothing. */
+  /** Closes the port; does nothing if it is already closed. */
   virtual void Close() = 0;
 
-  /** Called with bytes as they come. */
+  /** Called with bytes as they arrive. */
   void set_on_bytes(BytesHandler handler) { on_bytes_ = std::move(handler); }
-  /** Called once when the other end or the system ends the stream. */
+  /** Called once when the other end or the system closes the stream. */
   void set_on_closed(ClosedHandler handler) { on_closed_ = std::move(handler); }
 
  protected:
@@ -59,14 +60,14 @@ class Port {
   ClosedHandler on_closed_;
 };
 
-/** Where ports come from; a program lends the real ones, the tests virtual ones. Never returns null. */
+/** Creates ports: real ones in the programs, virtual ones in the tests. Never returns null. */
 class PortMaker {
  public:
   virtual ~PortMaker() = default;
 
-  /** Opens serial port 1 to 8. A port that does not open is returned in the state kError. */
+  /** Opens serial port 1 to 8. If that fails, returns a port in the state kError. */
   virtual std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) = 0;
-  /** Begins to connect; the state tells when it is done. The system's own time limit applies. */
+  /** Starts to connect; poll the state for the result. Only the system's own timeout applies. */
   virtual std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) = 0;
 };
 

@@ -9,8 +9,10 @@
 
 namespace tarvok::link {
 
-/** A receive buffer of fixed size, so that nothing is allocated while data arrives. Bytes behind its end are
- * counted by the receiver but not kept. */
+/**
+ * A receive buffer of fixed size, so that nothing is allocated while data arrives. Bytes beyond its end are
+ * counted by the receiver but not kept.
+ */
 template <std::size_t Size>
 class ReceiveImage {
  public:
@@ -26,9 +28,9 @@ class ReceiveImage {
   std::array<std::uint8_t, Size> bytes_{};
 };
 
-/** Where a section lands, indices 0 to 50000. */
+/** Receives a section, indices 0 to 50000. */
 using SectionImage = ReceiveImage<50001>;
-/** Where mini bar data lands, indices 0 to 512. */
+/** Receives mini bar data, indices 0 to 512. */
 using MiniBarImage = ReceiveImage<513>;
 
 }  // namespace tarvok::link

@@ -10,8 +10,10 @@
 
 namespace tarvok::link {
 
-/** The history of a session, `send.log`. Lines end with CR LF. Where it goes is the program's matter; with no
- * sink it is written nowhere. The link layer writes only while the debug switch is on. */
+/**
+ * The history of a session, `send.log`. Lines end with CR LF. The program supplies the sink; without one
+ * nothing is logged. The link layer logs only while the debug switch is on.
+ */
 class SendLog {
  public:
   using Sink = std::function<void(std::string_view)>;
@@ -22,7 +24,7 @@ class SendLog {
     if (!sink_) return;
     sink_(std::string(text) + "\r\n");
   }
-  /** Without a line end: the next text follows on the line. */
+  /** Logs text without a line end; the next text follows on the same line. */
   void Text(std::string_view text) {
     if (sink_) sink_(text);
   }
@@ -38,7 +40,7 @@ class SendLog {
   bool debug_ = false;
 };
 
-/** Each byte as upper-case hexadecimal without leading zero, followed by "H ". */
+/** Each byte in upper-case hexadecimal without leading zeros, followed by "H ". */
 std::string HexDump(std::span<const std::uint8_t> bytes);
 
 }  // namespace tarvok::link

@@ -6,7 +6,7 @@
 
 namespace tarvok::link {
 
-/** The messages over serial line, modem, LAN to serial and LAN: in link frames, or bare on a LAN. */
+/** The messages over serial line, modem, LAN to serial and LAN: in link frames, or unframed on a LAN. */
 class SerialMessages : public MessageLayer {
  public:
   SerialMessages(Parts parts, LinkLayer& link) : MessageLayer(parts, kVariant), link_(link) {}

@@ -20,7 +20,7 @@ void ServerMessages::SendToServer(std::span<const std::uint8_t> message) {
   packet[3] = kChannel;
   packet[4] = static_cast<std::uint8_t>(length);
   std::copy_n(message.begin(), length, packet.begin() + kServerHeaderOut);
-  // A closed socket is no failure here: the wait for the reply runs out.
+  // A closed socket is not an error here: the wait for the reply times out.
   [[maybe_unused]] const bool taken = line_.Write(packet);
 }
 

@@ -8,13 +8,14 @@ namespace tarvok::link {
 
 /**
  * The messages over a relay server: each in one packet of 129 bytes, without link frames. GetMiniBar waits
- * for a reply that the server never gives, so it always fails, and send times are not summed; both stay so.
+ * for a reply that the server never sends, so it always fails, and send times are not summed; both are
+ * deliberate.
  */
 class ServerMessages : public MessageLayer {
  public:
   ServerMessages(Parts parts, PhysicalLine& line) : MessageLayer(parts, kVariant), line_(line) {}
 
-  /** A message that came in a server packet. */
+  /** Takes a message received in a server packet. */
   void ReceiveServerMessage(std::span<const std::uint8_t> message) { ReceiveMessage(message); }
 
  private:

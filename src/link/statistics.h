@@ -6,22 +6,22 @@
 
 namespace tarvok::link {
 
-/** What a session counts. LinkInit sets it back. */
+/** What a session counts. LinkInit resets it. */
 struct TransferStatistics {
   std::int64_t response_errors = 0;  // error replies
   std::int64_t enquiry_count = 0;    // enquiries sent
-  std::int64_t packets_sent = 0;     // packs that went through
-  std::int64_t bytes_sent = 0;       // message bytes that went through, headers not counted
-  std::int64_t bytes_received = 0;   // each section's declared size, and every later pack once more
-  std::int64_t bytes_taken = 0;      // section bytes that came, each once
+  std::int64_t packets_sent = 0;     // packs that were acknowledged
+  std::int64_t bytes_sent = 0;       // message bytes that were acknowledged, without headers
+  std::int64_t bytes_received = 0;   // each section's declared size; packs after the first count twice
+  std::int64_t bytes_taken = 0;      // section bytes that arrived, each counted once
   std::int64_t frames_damaged = 0;   // Naks, in either direction
-  // Beginnings of messages whose rest never came: all the damage that shows without frames.
+  // Messages that broke off: the only damage that can be detected without frames.
   std::int64_t BrokenOff = 0;
-  // Asked for once more: by the link of either side, or by a message sent again.
+  // Repeats requested by the link of either side, and messages sent again.
   std::int64_t late_answers = 0;
-  // Packs of a section whose number does not follow the one before, and mini bar records of an earlier number.
+  // Packs of a section that are out of sequence, and mini bar records with an earlier number.
   std::int64_t PacksOutOfStep = 0;
-  std::int64_t send_ms = 0;  // summed duration of section and mini bar sends
+  std::int64_t send_ms = 0;  // total duration of section and mini bar sends
 };
 
 }  // namespace tarvok::link

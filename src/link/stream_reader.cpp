@@ -10,7 +10,7 @@ namespace {
 constexpr std::int64_t kHold_ms = 1000;
 constexpr std::size_t kMarkAt = 4;
 constexpr std::size_t kLengthAt = 7;
-constexpr std::size_t kProven = 10;  // bytes from which on a beginning has shown that of its message
+constexpr std::size_t kProven = 10;  // bytes that include the beginning of the message itself
 
 using ByteSpan = std::span<const std::uint8_t>;
 
@@ -25,7 +25,7 @@ bool IsKnown(std::uint8_t code) {
   return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
 }
 
-/** Whether a message whose code has come begins here, and it is one that the exchange sends. */
+/** True if the bytes begin with a message, including its code, that the exchange sends. */
 bool BeginsKnownMessage(ByteSpan bytes) {
   return bytes.size() >= kHeader && BeginsMessage(bytes) && IsKnown(bytes[3]);
 }
@@ -38,7 +38,7 @@ std::size_t PacketLength(ByteSpan bytes) {
   return static_cast<std::size_t>(kServerHeaderIn) + bytes[kLengthAt];
 }
 
-/** Whether a packet may begin here, as far as its bytes have come. */
+/** True if the bytes received so far may be the beginning of a packet. */
 bool MayBeginPacket(ByteSpan bytes) {
   if (bytes.size() > kMarkAt && bytes[kMarkAt] != kServerMark) return false;
   if (bytes.size() <= kLengthAt) return true;
@@ -48,18 +48,21 @@ bool MayBeginPacket(ByteSpan bytes) {
   return message.empty() || BeginsMessage(message);
 }
 
-/** Whether the bytes begin with a packet that is all there, message and all. */
+/** True if the bytes begin with a packet whose message is complete. */
 bool IsProvenPacket(ByteSpan bytes) {
   return bytes.size() >= kProven && MayBeginPacket(bytes) && bytes.size() >= PacketLength(bytes);
 }
 
-/** Without what can't begin a packet: the padding of the one before. Its last bytes can't be told from a beginning. */
+/**
+ * Skips bytes that cannot begin a packet: padding of the previous one. Its last bytes may look like a
+ * beginning.
+ */
 ByteSpan FromNextPacket(ByteSpan bytes) {
   while (!MayBeginPacket(bytes)) bytes = bytes.subspan(1);
   return bytes;
 }
 
-/** Whether what was held, a packet's beginning with that of its message, makes one of a known message with what came. */
+/** True if the held beginning of a packet and the new bytes join to a packet with a known message. */
 bool JoinsWell(ByteSpan joined) {
   if (joined.size() < PacketLength(joined)) return true;  // its rest may still come
   return BeginsKnownMessage(joined.subspan(kServerHeaderIn)) &&
@@ -71,7 +74,7 @@ void TakePacket(ByteSpan packet, const TakeMessage& take) {
   if (length <= static_cast<std::size_t>(kMaxMessage)) take(packet.subspan(kServerHeaderIn, length));
 }
 
-/** Whether the bytes are nothing but whole packets, each as long as it says or a block of 128 bytes. */
+/** True if the bytes consist of whole packets, each as long as it says or padded to a block of 128 bytes. */
 bool IsWholePackets(ByteSpan bytes, bool blocks) {
   while (!bytes.empty()) {
     if (!BeginsPacket(bytes)) return false;
@@ -133,8 +136,10 @@ std::size_t LanReader::ExpectedLength(ByteSpan bytes) const {
   }
 }
 
-/** Whether a message begins here that has a known code and, where it is whole, ends where its code says. What has not come
- * yet is taken to be right. */
+/**
+ * True if the bytes begin a message with a known code that, if complete, ends where the code says. ByteSpan that
+ * have not arrived yet are assumed to be right.
+ */
 bool LanReader::BeginsWell(ByteSpan bytes) const {
   if (!BeginsMessage(bytes)) return false;
   if (bytes.size() < kHeader) return true;
@@ -166,7 +171,7 @@ bool LanReader::Feed(ByteSpan read, std::int64_t tick_ms, const TakeMessage& tak
 bool ServerReader::Feed(ByteSpan read, std::int64_t tick_ms, const TakeMessage& take) {
   if (!held_.Follows(tick_ms) && !MayBeginPacket(read)) return true;
   const std::vector<std::uint8_t> joined = held_.Join(read, tick_ms);
-  // A few bytes that were held are most likely padding, which must not take a packet's own bytes along.
+  // A few held bytes are most likely padding, which must not consume a packet's own bytes.
   const bool held_begins = joined.size() - read.size() >= kProven;
   const bool stands_alone = IsProvenPacket(read) && !(held_begins && JoinsWell(joined));
   const bool broken_off = stands_alone && held_begins;

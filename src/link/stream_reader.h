@@ -12,13 +12,13 @@ namespace tarvok::link {
 
 using TakeMessage = std::function<void(std::span<const std::uint8_t>)>;
 
-/** What a socket delivered and no message claimed yet. Held for at most a second, then it is given up. */
+/** Received bytes that are not yet a whole message. They are kept for at most a second. */
 class HeldBytes {
  public:
-  /** What is held and what just came, as one read. */
+  /** The held bytes and the new ones as one read. */
   std::vector<std::uint8_t> Join(std::span<const std::uint8_t> read, std::int64_t tick_ms);
   void Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms);
-  /** Whether Hold was called within the last second, be it without bytes. */
+  /** Whether Hold was called within the last second, even without bytes. */
   bool Follows(std::int64_t tick_ms) const;
 
  private:
@@ -27,17 +27,18 @@ class HeldBytes {
 };
 
 /**
- * Finds messages in what a LAN socket delivers. A read is one message as a rule, but a stream may split or
- * join them: a message is cut where its code says it ends and another begins with 21 00, and one that is not
- * whole is held for its rest. A read that does not begin with 21 00 is dropped. So is what was held, where it makes no
- * message with the read behind it and that one begins a message of its own: the first one broke off.
+ * Finds messages in what a LAN socket delivers. Usually a read is one message, but a stream may split or join
+ * them: a message is cut where its code says it ends and another one begins with 21 00, and an incomplete one
+ * is held until the rest arrives. A read that does not begin with 21 00 is dropped. Held bytes are dropped if
+ * they do not form a message with the next read while that read begins a message itself: the held message has
+ * broken off.
  */
 class LanReader {
  public:
-  /** `missing` tells how many bytes the section in progress still lacks. */
+  /** `missing` returns how many bytes the section in progress still lacks. */
   explicit LanReader(std::function<std::int64_t()> missing) : missing_(std::move(missing)) {}
 
-  /** False where a beginning that was held is dropped. */
+  /** False if the held beginning of a message was dropped. */
   bool Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
 
  private:
@@ -50,14 +51,15 @@ class LanReader {
 
 /**
  * Finds messages in what the relay server delivers: packets of at most 128 bytes with 0x11 at byte 4, the
- * length at byte 7 and the message from byte 8. A longer read is dropped whole unless it is made of whole
- * packets, and one that begins no packet is dropped. The beginning of a packet is held for its rest, also behind a whole
- * one; so within a second of a packet a read may begin with the rest or the padding of that one. What was held is dropped
- * where it makes no packet with the read behind it and that one is a packet of its own. A length above 64 drops the packet.
+ * length at byte 7 and the message from byte 8. A longer read is dropped as a whole unless it consists of
+ * whole packets; so is a read that does not begin a packet. The beginning of a packet is held until the rest
+ * arrives, also if it follows a whole packet; so within a second of a packet, a read may begin with the rest
+ * or the padding of that one. Held bytes are dropped if they do not form a packet with the next read while
+ * that read is itself a packet. A packet with a length above 64 is dropped.
  */
 class ServerReader {
  public:
-  /** False where the beginning of a packet, message and all, that was held is dropped. */
+  /** False if the held beginning of a packet was dropped, including the beginning of its message. */
   bool Feed(std::span<const std::uint8_t> read, std::int64_t tick_ms, const TakeMessage& take);
 
  private:

@@ -9,14 +9,14 @@
 namespace tarvok::link {
 
 /**
- * The one way in which a session waits: serve events, test the flag, test the clock, test whether the session
- * was given up. After Abort every wait ends at once with false, so that the session unwinds.
+ * How a session waits: serves events until the flag is set, the time has run out or the session was aborted.
+ * After Abort every wait returns false at once, so that the session unwinds.
  */
 class Waits {
  public:
   explicit Waits(EventServer& events) : events_(events) {}
 
-  /** True when `flag` said true; false when the time ran out or the session was given up. */
+  /** True if `flag` returned true; false if the time ran out or the session was aborted. */
   template <typename Flag>
   bool Until(Flag&& flag, std::int64_t timeout_ms) {
     const bool outer = std::exchange(without_end_, timeout_ms == EventServer::kForever);
@@ -25,17 +25,17 @@ class Waits {
     return !aborted_ && flag();
   }
 
-  /** False when the session was given up meanwhile. */
+  /** False if the session was aborted meanwhile. */
   bool WaitSeconds(double seconds) {
     Until([] { return false; }, static_cast<std::int64_t>(seconds * 1000));
     return !aborted_;
   }
 
   void Abort() { aborted_ = true; }
-  /** Makes waits work again, for what a closing form still says to the exchange. */
+  /** Makes waits work again, for the last messages that a closing form sends to the exchange. */
   void ClearAbort() { aborted_ = false; }
   bool aborted() const { return aborted_; }
-  /** While a wait without a limit runs, which ends by its flag or by Abort alone. */
+  /** True while a wait without a time limit is running; only its flag or Abort ends it. */
   bool without_end() const { return without_end_; }
   EventServer& events() { return events_; }
 

@@ -15,7 +15,7 @@
 namespace tarvok::test {
 namespace {
 
-/** The link with a virtual port below it and its messages and log lines kept. */
+/** The link on a virtual port; records its messages and log lines. */
 class Link : public ::testing::Test {
  protected:
   Link() {
@@ -30,7 +30,7 @@ class Link : public ::testing::Test {
   void Feed(std::string_view hex) { Feed(Hex(hex)); }
   void FeedText(std::string_view text) { Feed(Bytes(text.begin(), text.end())); }
   void FeedFrame(const Bytes& data) { Feed(BuildFrame(kExchangeAddress, data)); }
-  /** What was written since the last call. */
+  /** The bytes written since the last call. */
   Bytes Sent() {
     auto* port = static_cast<VirtualPort*>(line.port());
     Bytes bytes = port->sent();
@@ -53,7 +53,7 @@ class Link : public ::testing::Test {
                   [this](std::span<const std::uint8_t> m) { messages.emplace_back(m.begin(), m.end()); }}};
 };
 
-TEST_F(Link, EstablishFrameAndItsWait) {
+TEST_F(Link, SendsEstablishAndWaitsForTheLink) {
   EXPECT_FALSE(link.Establish());
   EXPECT_EQ(events.Tick_ms(), 3000);
   EXPECT_EQ(Sent(), Hex("10 02 01 10 03 15"));
@@ -66,7 +66,7 @@ TEST_F(Link, EstablishFrameAndItsWait) {
   EXPECT_TRUE(link.send_done());
 }
 
-TEST_F(Link, FramesOfData) {
+TEST_F(Link, BuildsDataFrames) {
   const std::pair<std::string, std::string> cases[] = {
       {"12 FF 00 00", "10 02 01 12 FF 00 00 10 03 2A"},
       {"10", "10 02 01 10 10 10 03 26"},
@@ -86,17 +86,17 @@ TEST_F(Link, AcknowledgesByCountAndDeliversInOrder) {
   }
   ASSERT_EQ(messages.size(), 10U);
   EXPECT_EQ(messages[9], Hex("21 00 00 80 0A 10"));
-  Feed("10 02 10 10 10 03 24");  // Establish from the exchange: the count starts again
+  Feed("10 02 10 10 10 03 24");  // Establish from the exchange restarts the count
   EXPECT_EQ(Sent(), Hex("10 31 01"));
   Feed("10 05 10");
   EXPECT_EQ(Sent(), Hex("10 31 01"));
   EXPECT_EQ(messages.size(), 10U);
 }
 
-TEST_F(Link, RefusesDamage) {
+TEST_F(Link, RefusesDamagedFrames) {
   Feed("10 02 10 10 21 00 10 03 00");
   EXPECT_EQ(Sent(), Hex("10 15 01"));
-  Feed("10 02 01 21 00 10 03 3F");  // the tool's own address: a line in the log, no Nak
+  Feed("10 02 01 21 00 10 03 3F");  // the tool's own address: logged, no Nak
   EXPECT_EQ(Sent(), Bytes{});
   EXPECT_TRUE(Logged("!Error: invalid address."));
   Feed("10 03");
@@ -104,7 +104,7 @@ TEST_F(Link, RefusesDamage) {
   Feed("10 02 10 10 21 10 77");
   EXPECT_TRUE(Logged("!ERROR: invalid packet."));
   EXPECT_TRUE(messages.empty());
-  // The machine is idle again: the next frame is taken.
+  // The machine is idle again: it accepts the next frame.
   FeedFrame(Hex("21 00 00 80"));
   EXPECT_EQ(messages.size(), 1U);
 }
@@ -116,14 +116,14 @@ TEST_F(Link, StopsAtItsLimits) {
   EXPECT_TRUE(Logged("!ERROR: packet very long."));
   EXPECT_EQ(messages.size(), 1U);
   logged.clear();
-  FeedFrame(Bytes(100, 0x10));  // doubled bytes pass the limit of a frame
+  FeedFrame(Bytes(100, 0x10));  // doubled bytes may exceed the limit of a frame
   EXPECT_EQ(messages.size(), 2U);
   FeedFrame(Bytes(300, 0x10));
   EXPECT_TRUE(Logged("!ERROR: packet very long."));
   EXPECT_EQ(messages.size(), 2U);
 }
 
-TEST_F(Link, ChasesAFrameWithSixEnqThenGivesUp) {
+TEST_F(Link, SendsSixEnqThenGivesUp) {
   link.SendData(Hex("12 FF 00 00"));
   Sent();
   std::vector<std::int64_t> enq_at;
@@ -138,12 +138,12 @@ TEST_F(Link, ChasesAFrameWithSixEnqThenGivesUp) {
   EXPECT_TRUE(link.send_failed());
 }
 
-TEST_F(Link, AnswersToAnEnqDecideWhetherTheFrameGoesAgain) {
+TEST_F(Link, RepliesToEnqDecideWhetherToResend) {
   const Bytes frame = BuildFrame(kToolAddress, Hex("12 FF 00 00"));
   link.SendData(Hex("12 FF 00 00"));  // the first frame: odd
   Sent();
   for (int i = 0; i < 10; ++i) Feed("10 31 10");
-  EXPECT_EQ(Sent(), Bytes{});  // no Enq went out: an old Ack means nothing
+  EXPECT_EQ(Sent(), Bytes{});  // no Enq is pending, so a late Ack means nothing
   for (int i = 0; i < 102; ++i) link.Poll();
   EXPECT_EQ(Sent(), Hex("10 05 01"));
   Feed("10 31 10");
@@ -160,7 +160,7 @@ TEST_F(Link, AnswersToAnEnqDecideWhetherTheFrameGoesAgain) {
   EXPECT_EQ(Sent(), Bytes{});
 }
 
-TEST_F(Link, ReadsTheModemOutsideOfFrames) {
+TEST_F(Link, ReadsModemTextOutsideFrames) {
   int result = 0;
   for (const char* word :
        {"\r\nCONNECT 57600\r", "\nBUSY\r", "\nNO CARRIER\r", "\nNO DIALTONE\r", "\nOK\r"}) {
@@ -172,13 +172,13 @@ TEST_F(Link, ReadsTheModemOutsideOfFrames) {
     EXPECT_EQ(modem.result, 0) << none;
   }
   EXPECT_EQ(modem.connect_text, "\nCONNECT 57600");
-  FeedFrame(Hex("21 0A 4F 4B 0D"));  // the same letters in a frame are data
+  FeedFrame(Hex("21 0A 4F 4B 0D"));  // inside a frame the same letters are data
   EXPECT_EQ(modem.result, 0);
   FeedText(std::string(5000, 'x'));
   EXPECT_EQ(link.ModemLine().size(), 1000U);
 }
 
-TEST(LineSettings, FourCommaPartsOrNone) {
+TEST(LineSettings, ParsesFourPartsOrFails) {
   EXPECT_EQ(ParseLineSettings("9600,n,8,1"), (LineSettings{9600, Parity::kNone, 8, StopBits::kOne}));
   const LineSettings even = {57600, Parity::kEven, 7, StopBits::kOneAndHalf};
   EXPECT_EQ(ParseLineSettings("57600,E,7,1.5"), even);
@@ -189,16 +189,16 @@ TEST(LineSettings, FourCommaPartsOrNone) {
   }
 }
 
-TEST(Password, IsPackedAsItTravels) {
+TEST(Password, PacksDigits) {
   EXPECT_EQ(PackPassword("1234"), (PackedPassword{0x12, 0x34, 0xFF}));
   EXPECT_EQ(PackPassword("120"), (PackedPassword{0xF1, 0x2A, 0xFF}));
   for (const char* none : {"", "1234567", "12a", "1 2", "-1"}) EXPECT_FALSE(PackPassword(none)) << none;
 }
 
-TEST(Password, IsOverwrittenWhereItLay) {
+TEST(Password, WipeOverwritesMemory) {
   std::string password = "123456";
   const char* lay = password.data();
-  password.resize(2);  // the rest still lies behind the end
+  password.resize(2);  // the rest is still in memory after the end
   Wipe(password);
   EXPECT_TRUE(password.empty());
   EXPECT_EQ(std::string(lay, 6), std::string(6, '\0'));

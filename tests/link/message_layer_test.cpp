@@ -20,7 +20,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr MessageVariant kSerialVariant = {"Get config - ", "Get minibar - ", true, true, true, true};
 
-/** A message layer whose replies a test scripts: one entry for each message carried, "" for silence. */
+/** A message layer with scripted replies: one entry for each message sent, "" for silence. */
 class Scripted : public MessageLayer {
  public:
   Scripted(Parts parts, VirtualEvents& events) : MessageLayer(parts, kSerialVariant), events_(events) {}
@@ -55,7 +55,7 @@ class Messages : public ::testing::Test {
 constexpr const char* kOk = "21 00 00 80";
 constexpr const char* kRefused = "21 00 00 8F";
 
-TEST_F(Messages, BytesOfTheCommands) {
+TEST_F(Messages, EncodesCommands) {
   using Layer = MessageLayer&;
   const std::tuple<std::function<bool(Layer)>, std::string, std::string> cases[] = {
       {[](Layer m) { return m.SendIdle(); }, "12 12 00 00", kOk},
@@ -81,11 +81,11 @@ TEST_F(Messages, BytesOfTheCommands) {
   EXPECT_EQ(layer.state().pbx_version, 106);
   EXPECT_EQ(layer.state().mini_bar_name, "A");
   EXPECT_EQ(layer.state().mini_bar_count, 7);
-  events.set_now({2569, 2, 1, 9, 5, 6});  // a Buddhist calendar counts 543 years more
+  events.set_now({2569, 2, 1, 9, 5, 6});  // a Buddhist calendar is 543 years ahead
   expect_sent([](Layer m) { return m.SendTime(); }, "12 12 00 09 09 05 06 01 02 26", kOk);
 }
 
-TEST_F(Messages, ASectionIsCutIntoPacks) {
+TEST_F(Messages, CutsSectionIntoPacks) {
   layer.replies = {kOk, kOk, kOk};
   EXPECT_TRUE(layer.SendConfig(1, Bytes(55, 7)));
   ASSERT_EQ(layer.sent.size(), 1U);
@@ -97,9 +97,9 @@ TEST_F(Messages, ASectionIsCutIntoPacks) {
   EXPECT_EQ(statistics.bytes_sent, 119);
 }
 
-TEST_F(Messages, AFullPackIsRecoveredByEnquiry) {
+TEST_F(Messages, RecoversFullPackByEnquiry) {
   const std::string again = "21 00 00 89 01";
-  // How many packs were answered before; the replies from the next one on; what comes of it, with how many messages.
+  // Packs answered before; the replies from the next one on; the result, and the number of messages sent.
   const std::tuple<const char*, int, std::vector<std::string>, bool, int, const char*> cases[] = {
       {"lost reply", 3, {"", "21 00 00 89 04", kOk}, true, 3, "Seq OK, Rev = 4, Send = 3"},
       {"lost pack", 4, {"", "21 00 00 89 04", kOk, kOk}, true, 4, "Send = 4Send again"},
@@ -116,14 +116,14 @@ TEST_F(Messages, AFullPackIsRecoveredByEnquiry) {
     layer.sent.clear();
     layer.replies.assign(static_cast<std::size_t>(packs_before), kOk);
     layer.replies.insert(layer.replies.end(), replies.begin(), replies.end());
-    const int size = 59 * (packs_before + 1);  // one full pack more, then a short one
+    const int size = 59 * (packs_before + 1);  // one more full pack, then a short one
     EXPECT_EQ(layer.SendConfig(1, Bytes(static_cast<std::size_t>(size), 7)), result);
     EXPECT_EQ(static_cast<int>(layer.sent.size()) - packs_before, sent);
     EXPECT_NE(logged.find(words), std::string::npos) << logged;
   }
 }
 
-TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
+TEST_F(Messages, RetriesLastPackByResendingOnly) {
   layer.replies = {kRefused, kRefused, kOk};
   EXPECT_TRUE(layer.SendIdle());
   EXPECT_EQ(layer.sent_at, (std::vector<std::int64_t>{0, 3000, 6000}));
@@ -143,7 +143,7 @@ TEST_F(Messages, TheLastPackIsAnsweredByResendAlone) {
   EXPECT_EQ(events.Tick_ms() - start, 3000);
 }
 
-TEST_F(Messages, ReceivesASectionWithinItsBounds) {
+TEST_F(Messages, ReceivesSectionWithinBounds) {
   layer.replies = {"21 00 00 82 00 04 00 40 00 01*55"};
   ASSERT_TRUE(layer.GetConfig(4));
   EXPECT_FALSE(layer.state().section_done);
@@ -153,42 +153,43 @@ TEST_F(Messages, ReceivesASectionWithinItsBounds) {
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 80"));
   EXPECT_EQ(layer.section_image().bytes()[54], 1);
   EXPECT_EQ(layer.section_image().bytes()[55], 2);
-  EXPECT_EQ(statistics.bytes_received, 64 + 9);  // the declared size and every later pack once more
+  EXPECT_EQ(statistics.bytes_received, 64 + 9);  // the declared size, and the later pack a second time
   layer.ReceiveMessage(Hex("21 00 00 0D"));
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
   EXPECT_EQ(statistics.PacksOutOfStep, 0);
   layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
   EXPECT_EQ(statistics.PacksOutOfStep, 1);
 
-  // Another section than asked is an error reply, and its packs are dropped.
+  // A section other than the requested one is refused, and its packs are dropped.
   layer.replies = {"21 00 00 82 00 05 00 40 00 01*55", "", ""};
   EXPECT_FALSE(layer.GetConfig(6));
   const std::size_t sent = layer.sent.size();
   layer.ReceiveMessage(Hex("21 00 00 8E 02 02*9"));
   EXPECT_EQ(layer.sent.size(), sent);
 
-  // A size that claims the most: bytes behind the end of memory are counted, not kept.
+  // The largest possible size: bytes beyond the buffer are counted, not kept.
   layer.replies = {"21 00 00 82 00 07 00 FF FF 03*55"};
   ASSERT_TRUE(layer.GetConfig(7));
-  EXPECT_EQ(layer.section_image().bytes()[55], 0);  // nothing of the section before is left
+  EXPECT_EQ(layer.section_image().bytes()[55], 0);  // nothing remains of the previous section
   for (int i = 0; i < 1200; ++i) layer.ReceiveMessage(Hex("21 00 00 8E 00 04*59"));
   EXPECT_TRUE(layer.state().section_done);
   EXPECT_EQ(layer.section_image().bytes()[50000], 4);
 }
 
-TEST_F(Messages, CountsEachPackOutOfStep) {
-  // Sections one after the other: the numbers of their packs, the first one's in front; and how many do not follow.
+TEST_F(Messages, CountsPacksOutOfSequence) {
+  // Consecutive sections: the numbers of their packs, the first pack's first; and how many are out of
+  // sequence.
   const std::tuple<const char*, std::vector<std::vector<int>>, int> cases[] = {
       {"in step", {{0, 1, 2, 3}, {0, 1, 2, 3, 4}, {0}, {0, 1}}, 0},
       {"over the wrap", {{253, 254, 255, 0, 1}, {255, 0, 1}}, 0},
       {"another step", {{0, 2, 4, 6}, {252, 254, 0, 2}}, 0},
       {"the first pack has no number", {{0, 5, 6, 7}, {0, 5, 6, 7}}, 0},
-      {"again at once", {{0, 1, 1, 2}}, 1},
-      {"again at once, in a later section", {{0, 1, 2, 3}, {0, 1, 2, 2}}, 1},
-      {"again, later", {{0, 1, 2, 3, 2, 4}}, 2},
-      {"of the section before, behind the first pack", {{0, 1, 2, 3}, {0, 3, 1, 2}}, 2},
-      {"of the section before, later", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 3, 6, 4, 5}}, 2},
-      {"of the section before, and the last one", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 6}}, 1},
+      {"repeated at once", {{0, 1, 1, 2}}, 1},
+      {"repeated at once, in a later section", {{0, 1, 2, 3}, {0, 1, 2, 2}}, 1},
+      {"repeated later", {{0, 1, 2, 3, 2, 4}}, 2},
+      {"from the previous section, after the first pack", {{0, 1, 2, 3}, {0, 3, 1, 2}}, 2},
+      {"from the previous section, later", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 3, 6, 4, 5}}, 2},
+      {"from the previous section, as the last one", {{0, 1, 2, 3, 4, 5, 6}, {0, 1, 2, 6}}, 1},
       {"one is missing", {{0, 1, 2, 3}, {0, 1, 3}}, 1}};
   for (const auto& [what, sections, out_of_step] : cases) {
     Scripted fresh{{waits, log, statistics, {1, 2, false}}, events};
@@ -204,16 +205,16 @@ TEST_F(Messages, CountsEachPackOutOfStep) {
   }
 }
 
-TEST_F(Messages, AMiniBarRecordIsWholeAndASectionItsOwnWhole) {
+TEST_F(Messages, CompletesRecordAndSectionSeparately) {
   const Bytes section = Hex("21 00 00 82 00 04 00 40 00 01*55");
   const Bytes record = Hex("21 00 00 88 00 03 00 41 00*19 07 00");
-  // A section that nobody asked for comes in front of the record.
+  // An unrequested section arrives before the record.
   events.CallLater(10, [&] { layer.ReceiveMessage(section); });
   events.CallLater(20, [&] { layer.ReceiveMessage(record); });
   ASSERT_TRUE(layer.GetMiniBar(3));
   EXPECT_TRUE(layer.IsWhole());
   EXPECT_EQ(layer.state().received_section, 3);
-  // And a record in the middle of a section.
+  // A record arrives in the middle of a section.
   layer.state().section_done = false;
   events.CallLater(10, [&] { layer.ReceiveMessage(section); });
   ASSERT_TRUE(layer.GetConfig(4));
@@ -224,7 +225,7 @@ TEST_F(Messages, AMiniBarRecordIsWholeAndASectionItsOwnWhole) {
   EXPECT_TRUE(layer.IsWhole());
 }
 
-TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
+TEST_F(Messages, RequestsMiniBarRecordAgainIfNumberDiffers) {
   const std::string before = "21 00 00 88 00 03 01 41 00*19 07 00";
   const std::string asked = "21 00 00 88 00 04 01 42 00*19 08 00";
   layer.replies = {before};
@@ -233,12 +234,13 @@ TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   layer.replies = {before, "", asked};
   EXPECT_TRUE(layer.GetMiniBar(260));
   EXPECT_EQ(layer.state().mini_bar_name, "B");
-  EXPECT_EQ(layer.sent.size(), 4U);  // two requests, and an OK to each answer
+  EXPECT_EQ(layer.sent.size(), 4U);  // two requests, and an OK to each reply
   EXPECT_EQ(statistics.PacksOutOfStep, 1);
   layer.ReceiveMessage(Hex(before));
   EXPECT_EQ(layer.state().mini_bar_count, 8);
 
-  // An exchange that numbers from 1, and one that does not number: its second record is asked for four times, no other.
+  // An exchange that numbers from 1, and one that does not number: only its second record is requested four
+  // times.
   statistics = {};
   for (const auto& [number, requests_of_second] : {std::pair{1, 1U}, {0, 4U}}) {
     for (int record = 0; record < 4; ++record) {
@@ -255,7 +257,7 @@ TEST_F(Messages, AMiniBarRecordOfAnotherNumberIsAskedForAgain) {
   EXPECT_EQ(statistics.PacksOutOfStep, 0);
 }
 
-TEST_F(Messages, DropsWhatIsNone) {
+TEST_F(Messages, DropsInvalidMessages) {
   for (const char* hex :
        {"", "21", "21 00 00", "22 00 00 80", "21 01 00 80", "21 01 00 8F", "21 00 00 89", "21 00 00 8B 6A",
         "21 00 00 82 00 01 00 01", "21 00 00 88 00*24", "21 00 00 84 00", "21 00 00 8E", "21 00 00 77"}) {
@@ -286,14 +288,16 @@ TEST(ServerMessages, PacksEveryMessageInto129Bytes) {
   ASSERT_EQ(port.writes().size(), 3U);
   EXPECT_EQ(port.writes()[0], Hex("21 12 00 01 04 12 12 00 00 00*120"));
   EXPECT_NE(logged.find("Send : 0\r\nData Out = 18-18-0-0-\r\n"), std::string::npos);
-  // A record of the mini bar is awaited by a flag that its reply does not raise.
+  // A mini bar record sets a flag other than the one awaited.
   events.CallLater(10, [&] { server.ReceiveServerMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
   EXPECT_FALSE(server.GetMiniBar(511));
   EXPECT_TRUE(server.state().section_done);
 }
 
-/** What a reader finds when the reads come one after the other, `pause_ms` apart. Where a beginning broke off, it finds an
- * empty message. */
+/**
+ * The messages that a reader finds in reads that arrive `pause_ms` apart; an empty one for each that broke
+ * off.
+ */
 template <typename Reader>
 std::vector<Bytes> Found(Reader& reader, const std::vector<std::string>& reads, std::int64_t pause_ms = 1) {
   std::vector<Bytes> found;
@@ -329,12 +333,12 @@ TEST(LanReader, CutsTheStreamIntoMessages) {
   EXPECT_TRUE(Found(late, {"21", "00 00 80"}, 1001).empty());
 }
 
-/** The first bytes of a hex text without repeats. */
+/** The first bytes of a hex text without repetitions. */
 std::string FirstOf(const std::string& hex, std::size_t bytes) {
   return hex.substr(0, 3 * bytes);
 }
 
-TEST(LanReader, TakesAMessageThatComesAgainBehindItsBeginning) {
+TEST(LanReader, TakesMessageRepeatedAfterItsBeginning) {
   const std::string packs[] = {
       "21 00 00 80",
       "21 00 00 89 05",
@@ -351,13 +355,13 @@ TEST(LanReader, TakesAMessageThatComesAgainBehindItsBeginning) {
           << came << " of " << pack;
     }
   }
-  // Whole where they are joined, although the second read could be a message.
+  // Complete after joining, although the second read could be a message of its own.
   LanReader reader([] { return 9; });
   EXPECT_EQ(Found(reader, {"21 00 00 8E 01 02*5", "21 00 00 80"}),
             std::vector<Bytes>{Hex("21 00 00 8E 01 02*5 21 00 00 80")});
 }
 
-TEST(ServerReader, TakesAPacketThatComesAgainBehindItsBeginning) {
+TEST(ServerReader, TakesPacketRepeatedAfterItsBeginning) {
   for (const std::string& message : {std::string("21 00 00 80 "), "21 00 00 8E 01 " + Repeated("02 ", 59)}) {
     for (const char* padding : {"", "00*56"}) {
       const std::string length = message.size() < 20 ? "04 " : "40 ";
@@ -365,7 +369,7 @@ TEST(ServerReader, TakesAPacketThatComesAgainBehindItsBeginning) {
       for (std::size_t came = 1; came < Hex(packet).size(); ++came) {
         ServerReader reader;
         std::vector<Bytes> expected = {Hex(message)};
-        if (came >= 10) expected.emplace_back();  // fewer may be the padding of a packet
+        if (came >= 10) expected.emplace_back();  // fewer bytes may be the padding of a packet
         EXPECT_EQ(Found(reader, {FirstOf(packet, came), packet + padding}), expected)
             << came << " of " << packet;
       }
@@ -373,7 +377,7 @@ TEST(ServerReader, TakesAPacketThatComesAgainBehindItsBeginning) {
   }
 }
 
-TEST(ServerReader, TakesPacketsApart) {
+TEST(ServerReader, SplitsReadsIntoPackets) {
   const std::string ok = "00 00 00 00 11 00 00 04 21 00 00 80";
   const std::string block = ok + " 00*116";
   const std::pair<std::vector<std::string>, std::size_t> cases[] = {
@@ -391,7 +395,7 @@ TEST(ServerReader, TakesPacketsApart) {
       {{"11 00 00 00 11 00 00 04 21 00 00 80 00*116", "11 00 00 00 11 00 00 04 21 00 00 80 11*116",
         "11 00 00 00 11 00 00 04 21 00 00 80 00*116"},
        3},
-      {{ok, "00*116 " + ok, "00*116"}, 2},  // what is longer than 128 bytes by the padding in front alone
+      {{ok, "00*116 " + ok, "00*116"}, 2},  // longer than 128 bytes only because of leading padding
   };
   for (const auto& [reads, messages] : cases) {
     ServerReader reader;
@@ -401,7 +405,7 @@ TEST(ServerReader, TakesPacketsApart) {
   EXPECT_TRUE(Found(late, {"00 00 00 00 11 00 00 04 21 00", "00 80"}, 1001).empty());
 }
 
-/** Messages 21 00 01.., 21 00 02.. of one length, and the stream of their packets. */
+/** Messages 21 00 01.., 21 00 02.. of the same length, and the stream of their packets. */
 std::pair<std::vector<Bytes>, Bytes> PacketStream(std::string_view head, std::uint8_t length, bool padded) {
   std::vector<Bytes> messages;
   Bytes stream;
@@ -417,8 +421,8 @@ std::pair<std::vector<Bytes>, Bytes> PacketStream(std::string_view head, std::ui
   return {messages, stream};
 }
 
-TEST(ServerReader, FindsEveryPacketHoweverTheStreamIsCut) {
-  for (const char* head : {"00 00 00 00 11 00 00", "21 11 00 01 11 00 00"}) {  // 11 may be an address, too
+TEST(ServerReader, FindsEveryPacketHoweverReadsAreSplit) {
+  for (const char* head : {"00 00 00 00 11 00 00", "21 11 00 01 11 00 00"}) {  // 11 may also be an address
     for (const int length : {4, 5, 35, 64}) {
       for (const bool padded : {false, true}) {
         const auto [messages, stream] = PacketStream(head, static_cast<std::uint8_t>(length), padded);
@@ -433,7 +437,8 @@ TEST(ServerReader, FindsEveryPacketHoweverTheStreamIsCut) {
             reader.Feed(read, static_cast<std::int64_t>(at),
                         [&](auto m) { found.emplace_back(m.begin(), m.end()); });
           }
-          // A read above 128 bytes is dropped unless it is made of whole packets: three of 43 bytes, or the whole stream.
+          // A read above 128 bytes is dropped unless it consists of whole packets: three of 43 bytes, or the
+          // whole stream.
           const bool lossy = cut == 129 && (padded || length != 35);
           EXPECT_TRUE(lossy || found == messages) << found.size();
           for (const Bytes& message : found)
