@@ -15,11 +15,10 @@ namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kCannotSend = "Cannot send data (RE)";
-constexpr LogInWords kBillingWords = {
-    .mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
-constexpr int kMostSectors = 256;  // a sector's number is a byte
+constexpr LogInWords kBillingWords = {.mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
+constexpr int kMostSectors = 256;  // the sector number is a byte
 
-/** A table's file; its place in the list is the table's number on the wire. */
+/** A table's file; its index in the list is the table's number on the wire. */
 struct BillingFile {
   std::string_view name;
   std::size_t sector_size;
@@ -40,7 +39,7 @@ constexpr std::array<BillingFile, 14> kFiles = {{{"tbl0.bil", 512},
                                                  {"tbl08.bil", 512},
                                                  {"tblC08.bil", 510}}};
 
-/** The last file belongs to the newest version alone. */
+/** Only the newest version has the last file. */
 std::size_t FilesOf(int version) {
   constexpr int kLastFileFrom = 110;
   return version < kLastFileFrom ? kFiles.size() - 1 : kFiles.size();
@@ -48,7 +47,7 @@ std::size_t FilesOf(int version) {
 
 using FolderPaths = std::array<std::optional<std::string>, kFiles.size()>;
 
-/** Where each file lies in the folder; a folder that is not there holds none. */
+/** The path of each file in the folder; none if the folder does not exist. */
 Result<FolderPaths> FindFiles(FileSystem& files, const std::string& folder) {
   FolderPaths paths;
   const Result<std::vector<std::string>> names = files.List(folder);
@@ -74,7 +73,7 @@ bool AskBefore(Transfer& transfer, const FolderPaths& paths) {
 }
 
 bool SendFile(Transfer& transfer, int table, std::string_view bytes, std::size_t sector_size) {
-  // Judged before the first sector: half a table would be worse than none.
+  // Check before the first sector: half a table would be worse than none.
   if (bytes.size() > kMostSectors * sector_size) return transfer.Fail(kCannotSend);
   for (int sector = 0; !bytes.empty(); ++sector) {
     transfer.LogLine("Sending Table ==>  " + std::to_string(table) + " , Sector ==> " +
@@ -96,7 +95,7 @@ bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths&
       transfer.LogLine("Trying to send next file....");
       continue;
     }
-    // The exchange would go without a table that the user sees in the folder.
+    // Otherwise the exchange would lack a table that the user sees in the folder.
     const Result<std::string> bytes = transfer.store().files().Read(*paths[i]);
     if (!bytes.ok()) return transfer.Fail(bytes.status().message());
     if (!SendFile(transfer, static_cast<int>(i), bytes.value(), kFiles[i].sector_size)) return false;

@@ -8,11 +8,12 @@
 
 namespace tarvok::sessions {
 
-/** Whether a file of that name is a billing table, case aside. */
+/** True if a file of that name is a billing table, ignoring case. */
 bool IsBillingFile(std::string_view name);
 
-/** Sends the billing tables of a folder as they are, sector by sector. A file that is not there is passed
- * over; a message that fails ends the session with the files so far. File names match without regard to case.
+/**
+ * Sends the billing tables of a folder sector by sector, unchanged. Missing files are skipped; a message that
+ * fails ends the session after the files sent so far. File names match regardless of case.
  */
 bool SendBillingFiles(Transfer& transfer, const std::string& folder);
 

@@ -20,7 +20,7 @@ bool ReadBack(Transfer& transfer, const Section& section) {
                              .give_up_words = section.GetFailedText()});
 }
 
-/** Over as many bytes as the exchange declared; what was not sent counts as 0. */
+/** Compares as many bytes as the exchange declared; bytes that were not sent count as 0. */
 bool IsSame(const std::vector<std::uint8_t>& sent, const MessageLayer& messages, int received_size) {
   const std::span<const std::uint8_t> image = messages.section_image().bytes();
   const auto size = std::min(static_cast<std::size_t>(received_size), image.size());
@@ -46,8 +46,8 @@ bool SendOneCompared(Transfer& transfer, const Section& section, const IniText& 
 
 bool SendSectionsCompared(Transfer& transfer, const IniText& project) {
   std::vector<const Section*> plan = SendPlan(transfer.version());
-  plan.erase(std::unique(plan.begin(), plan.end()),
-             plan.end());  // one that goes twice goes once when it is compared
+  // A section that a plain send repeats is sent once when comparing.
+  plan.erase(std::unique(plan.begin(), plan.end()), plan.end());
   for (const Section* section : plan) {
     if (!SendOneCompared(transfer, *section, project)) return false;
     if (section->moves_bar) transfer.Progress(section->number, kBarEnd);

@@ -21,8 +21,10 @@ bool Ask(Transfer& transfer, const WholeRequest& request) {
   return true;
 }
 
-/** A line that is known to be closed brings no answer. A serial device that went may come back under its name, so there it
- * is the user who ends the wait. */
+/**
+ * No answer can come over a line that is known to be closed. A serial device that disappeared may come back
+ * under the same name, so there the user ends the wait.
+ */
 bool IsClosed(Transfer& transfer) {
   return UsesSocket(transfer.mode()) && transfer.line().ended().has_value();
 }

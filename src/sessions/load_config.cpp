@@ -24,7 +24,7 @@ bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout
   const MessageState& state = transfer.messages().state();
   if (state.received_size != layout.size) {
     transfer.log().Line("section " + std::to_string(section.number) + ": " +
-                        std::to_string(state.received_size) + " bytes came, its size is " +
+                        std::to_string(state.received_size) + " bytes received, expected " +
                         std::to_string(layout.size));
   }
   const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();
@@ -45,10 +45,10 @@ bool GetSections(Transfer& transfer) {
     if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;
     transfer.Progress(section->number, kBarEnd);
   }
-  return transfer.waits().WaitSeconds(kAnswerPause_s);  // each request before had a longer one in front
+  return transfer.waits().WaitSeconds(kAnswerPause_s);  // earlier requests had a longer pause before them
 }
 
-/** Each section, and the two bytes by which it is asked for. */
+/** The bytes of all sections, and of the two-byte requests for them. */
 std::int64_t BytesOfLoad(int version) {
   constexpr int kAsk = 2;
   std::int64_t bytes = 0;
@@ -75,7 +75,7 @@ bool LoadConfiguration(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion) || !BeginTemporary(transfer)) return false;
   transfer.Begin(TransferDirection::kLoad, "Load Data Config");
   const bool loaded = RunLoad(transfer);
-  // The line is free while the user thinks about where the project goes.
+  // Release the line while the user decides where to store the project.
   transfer.CleanUp();
   if (loaded) AdviseAnotherLoad(transfer);
   return loaded && StoreLoaded(transfer);

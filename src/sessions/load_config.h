@@ -5,9 +5,11 @@
 
 namespace tarvok::sessions {
 
-/** Reads every section that the exchange's version has into the temporary project and, at the end, asks where
- * it goes. True when all sections came, wherever the user put them. Until the last yes the open project stays
- * as it was. */
+/**
+ * Reads every section that the exchange's version has into the temporary project, then asks where to store
+ * it. True if all sections arrived, wherever the user stored them. The open project stays unchanged until the
+ * last Yes.
+ */
 bool LoadConfiguration(Transfer& transfer);
 
 }  // namespace tarvok::sessions

@@ -22,7 +22,7 @@ bool SetMode(Transfer& transfer, const LogInWords& words) {
   return transfer.Fail(words.set_mode_failed);
 }
 
-/** Back to normal on the way out; whether the exchange says yes changes nothing any more. */
+/** Sets the mode back to normal on the way out; a refusal no longer matters. */
 void BackToNormal(Transfer& transfer) {
   if (!transfer.waits().aborted()) {
     [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);

@@ -18,7 +18,7 @@ constexpr int kLowestVersion = 106;
 constexpr int kNoHighestVersion = 65535;
 constexpr std::string_view kSendFailed = "Sending Mini Bar Failed (RE)";
 
-/** Of each record the two bytes by which it is asked for, its name and its price. */
+/** For each record: the two bytes of the request, the name and the price. */
 constexpr std::int64_t kBytesOfLoad = kMiniBarRows * (2 + 22);
 
 constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
@@ -62,7 +62,7 @@ bool RunMiniBarSend(Transfer& transfer) {
   return EndSending(transfer, "Set Mode Failed (RE)");
 }
 
-/** A mini bar record as it came. */
+/** A mini bar record as received. */
 struct Loaded {
   std::string name;
   int price = 0;
@@ -99,7 +99,9 @@ bool RunMiniBarLoad(Transfer& transfer) {
   return EndLoading(transfer, "Get All Config Finished.", start_ms);
 }
 
-/** The temporary project begins as the open one: a yes at the end replaces that one whole. */
+/**
+ * The temporary project starts as a copy of the open one, because a Yes at the end replaces the whole file.
+ */
 bool CopyToTemporary(Transfer& transfer) {
   FileSystem& files = transfer.store().files();
   const Result<std::string> open = files.Read(transfer.parts().project_file);

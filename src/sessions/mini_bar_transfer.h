@@ -5,11 +5,13 @@
 
 namespace tarvok::sessions {
 
-/** Sends the 512 records of the mini bar list to a version from 106 on, without an upper bound. */
+/** Sends the 512 records of the mini bar list to exchanges of version 106 or later. */
 bool SendMiniBarList(Transfer& transfer);
-/** Reads the list from a version 106 to 110 into the temporary project, which starts as a copy of the open
- * one, and asks where it goes. Over the relay server it always fails, for the request's answer is not seen
- * there. */
+/**
+ * Reads the list from an exchange of version 106 to 110 into the temporary project, which starts as a copy of
+ * the open one, and asks where to store it. Always fails over the relay server, which does not pass the reply
+ * to the request on.
+ */
 bool LoadMiniBarList(Transfer& transfer);
 
 }  // namespace tarvok::sessions

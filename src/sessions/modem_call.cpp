@@ -14,14 +14,14 @@ constexpr std::string_view kOpenDots = ".......................";
 
 void Write(ExchangeLine& line, std::string_view command) {
   const std::string bytes(command);
-  // A modem that takes nothing says nothing: the missing answer is what the caller tests.
+  // A modem that accepts nothing does not reply; the caller checks for the reply.
   [[maybe_unused]] const bool taken =
       line.line().Write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
 }
 
 void SetControlLines(ExchangeLine& line, bool on) {
   if (!line.line().IsOpen()) return;
-  // A port that has no such lines (a pseudo terminal) works without.
+  // A port without control lines (a pseudo terminal) works, too.
   [[maybe_unused]] const PortAnswer answer = line.line().port()->SetControlLines(on, on);
 }
 
@@ -37,7 +37,10 @@ bool OpenModemPort(Transfer& transfer) {
   return true;
 }
 
-/** Whether the modem is there. Each command begins with a CR that ends the one before; none has one behind. */
+/**
+ * True if the modem responds. Each command starts with the CR that ends the previous one and has none at its
+ * end.
+ */
 bool SetUpModem(Transfer& transfer) {
   ExchangeLine& line = transfer.line();
   line.modem() = {};
@@ -59,7 +62,7 @@ bool FailWith(Transfer& transfer, std::string_view line, std::string_view box) {
   return transfer.Fail(box);
 }
 
-/** The modem's own line, without the line feed that it begins with. */
+/** The modem's own line, without its leading line feed. */
 std::string_view ConnectWords(const ModemReply& modem) {
   const std::string_view text = modem.connect_text;
   const std::size_t start = text.find_first_not_of('\n');
@@ -68,7 +71,7 @@ std::string_view ConnectWords(const ModemReply& modem) {
 
 bool Dial(Transfer& transfer) {
   ModemReply& modem = transfer.line().modem();
-  modem = {};  // the set-up's own OK must not be taken for an answer to the call
+  modem = {};  // the OK of the set-up must not be taken for a reply to the call
   Write(transfer.line(), "ATDT" + transfer.settings().tel + "\r");
   transfer.waits().Until([&] { return modem.result != ModemReply::kNone; }, kDialWait_ms);
   if (transfer.waits().aborted()) return false;

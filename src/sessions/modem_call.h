@@ -5,15 +5,17 @@
 
 namespace tarvok::sessions {
 
-/** Opens the modem's port, sets the modem up, dials, waits for its answer up to 91 seconds, and sets the link
- * up. Whether the link answers is left to the idle message that follows. False where there is no connection,
- * after its words. */
+/**
+ * Opens the modem's port, sets up the modem, dials, waits up to 91 seconds for it to connect, and sets up the
+ * link. The idle message that follows tests whether the exchange responds. Returns false after showing the
+ * reason if there is no connection.
+ */
 bool CallByModem(Transfer& transfer);
 
-/** Ends a call that came to nothing: drops the control lines and writes the hang-up. The port stays open. */
+/** Gives up a call: drops the control lines and sends the hang-up command. The port stays open. */
 void HangUpModem(ExchangeLine& line);
 
-/** Ends a call that has done its work: the hang-up goes out before the control lines drop. The port stays open. */
+/** Ends a completed call: sends the hang-up command before the control lines drop. The port stays open. */
 void EndModemCall(ExchangeLine& line);
 
 }  // namespace tarvok::sessions

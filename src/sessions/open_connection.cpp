@@ -26,7 +26,7 @@ bool EstablishLink(Transfer& transfer) {
 
 bool CheckConnection(Transfer& transfer) {
   transfer.Start("Check your connection...");
-  // The modem's word of this call is used up; a later text line shows as a change.
+  // Mark the modem's result as used; a later text line will show as a change.
   transfer.line().modem().result = 10;
   if (transfer.messages().SendIdle()) {
     transfer.Finished(kCheckDots);
@@ -47,19 +47,19 @@ bool OpenByModem(Transfer& transfer) {
 }  // namespace
 
 std::optional<LineSettings> SerialLine(const ConnectionSettings& settings) {
-  // The speed stands alone in the project; a whole settings text there makes one that no port opens with.
+  // The project holds a bare speed. A full settings text there yields one that no port opens with.
   return ParseLineSettings(settings.bps + ",n,8,1");
 }
 
 std::string PortReason(Transfer& transfer) {
   const Port* port = transfer.line().line().port();
-  // Without settings that can be a line's no port was asked for.
-  if (port == nullptr) return ": " + transfer.settings().bps + " is no speed of a line";
+  // With invalid settings no port was opened.
+  if (port == nullptr) return ": " + transfer.settings().bps + " is not a line speed";
   return port->error().empty() ? std::string() : ": " + port->error();
 }
 
 bool OpenSerialPort(Transfer& transfer) {
-  // A failed section leaves its port open, and a device opens once.
+  // A failed section leaves its port open, and a device can be opened only once.
   transfer.line().line().Close();
   const std::optional<LineSettings> settings = SerialLine(transfer.settings());
   if (settings) transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port, *settings));

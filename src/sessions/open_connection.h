@@ -9,19 +9,21 @@
 
 namespace tarvok::sessions {
 
-/** How the project's serial line is set; nothing where its speed is none. */
+/** The serial line settings of the project; nullopt if its speed is invalid. */
 std::optional<LineSettings> SerialLine(const ConnectionSettings& settings);
 
-/** Opens the way that the project's settings name and tests it: port or socket, link, idle message. False
- * where the exchange is not reached, after its words; the caller cleans up. */
+/**
+ * Opens the connection that the project's settings specify and tests it: port or socket, link, idle message.
+ * If the exchange cannot be reached, shows the reason and returns false; the caller cleans up.
+ */
 bool OpenConnection(Transfer& transfer);
 
-/** Behind a port that did not open: ": " and its own words for why. They go behind the words of a session's failure. */
+/** Why a port did not open, as ": " and the port's own message, to be appended to a session's failure. */
 std::string PortReason(Transfer& transfer);
 
-/** Opens the serial port of the settings, without a word; whether it is open. */
+/** Opens the serial port of the settings silently; true if it is open. */
 bool OpenSerialPort(Transfer& transfer);
-/** Connects to the address of the settings, with its words. There is no time limit but the system's own. */
+/** Connects to the address in the settings and logs it. Only the system's own timeout applies. */
 bool OpenSocket(Transfer& transfer);
 
 }  // namespace tarvok::sessions

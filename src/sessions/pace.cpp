@@ -10,8 +10,10 @@ namespace {
 
 constexpr std::int64_t kSecond_ms = 1000;
 constexpr std::int64_t kBitsPerByte = 10;  // with start and stop bit
-/** Of a line, in thousandths. Frames, acknowledgements and replies leave 678 for a configuration, and the pauses of a load
- * at 115,200 bit/s 470; an adapter that keeps each byte for 16 ms leaves 260. */
+/**
+ * In thousandths of the line. Frames, acknowledgements and replies leave 678 for a configuration; the pauses
+ * of a load leave 470 at 115,200 bit/s; an adapter that holds each byte back for 16 ms leaves 260.
+ */
 constexpr std::int64_t kLowShare = 400;
 constexpr std::int64_t kSilence_ms = 15'000;  // a pack with its three enquiries takes 13 s
 
@@ -52,8 +54,8 @@ std::string Pace::End(std::int64_t done_bytes, std::int64_t tick_ms) const {
   text += ", " + std::to_string(share / 10) + "." + std::to_string(share % 10) + " % of the line";
   if (share < kLowShare) {
     text +=
-        ". Up to two thirds can be had: an adapter that holds bytes back, a slow exchange or repeats took "
-        "the rest";
+        ". Up to two thirds are attainable: an adapter that holds bytes back, a slow exchange or "
+        "repeats took the rest";
   }
   return text;
 }

@@ -13,8 +13,10 @@ namespace {
 constexpr int kMostTries = 3;
 constexpr int kCheckInterval_ms = 1000;
 
-/** The mode that a try sets again, by form; a mini bar send from the configuration's form needs the mini
- * bar's. */
+/**
+ * The mode that an attempt sets again, by form. A mini bar send from the configuration form needs the mini
+ * bar's mode.
+ */
 ExchangeMode ModeOf(const Transfer& transfer) {
   if (transfer.form() == TransferForm::kBilling) return ExchangeMode::kBilling;
   const bool mini_bar =
@@ -38,7 +40,7 @@ std::string_view LastWordsOfTimer(TransferForm form) {
                                         : "Password incorrect or level password cannot set config.";
 }
 
-/** Packs the password for one call; its bytes do not stay. */
+/** Packs the password for a single call and wipes the bytes afterwards. */
 bool Send(std::string_view password, const std::function<bool(const PackedPassword&)>& send) {
   PackedPassword packed = *PackPassword(password);
   const bool sent = send(packed);
@@ -101,7 +103,7 @@ void PasswordForm::Check() {
   } else if (Send(password, [&](const PackedPassword& packed) { return messages.CheckPassword(packed); })) {
     SendNewPasswords();
   } else {
-    messages.state().error_came = false;  // one refusal is one box and one try
+    messages.state().error_came = false;  // one refusal shows one box and counts as one attempt
     WrongPassword(LastWordsOf(transfer_.form()));
   }
 }

@@ -11,15 +11,15 @@
 namespace tarvok::sessions {
 
 /**
- * The log-in that every session shows once the exchange was set to a mode. The exchange alone decides;
- * nothing of a password is stored here. A view fills the fields and calls the handlers until the form has
+ * The log-in that every session shows after setting the exchange to a mode. Only the exchange decides; no
+ * part of a password is stored here. A view fills in the fields and calls the handlers until the form has
  * closed itself.
  */
 class PasswordForm {
  public:
   static constexpr int kLevels = 3;
 
-  /** A new password of a level, typed twice. */
+  /** A new password for a level, typed twice. */
   struct NewPassword {
     bool changes = false;
     std::string password;
@@ -35,18 +35,18 @@ class PasswordForm {
   bool changes_passwords = false;  // "Change Password"
   std::array<NewPassword, kLevels> levels;
 
-  /** OK. */
+  /** Called for the button OK. */
   void Ok();
-  /** "Cancel", and the window's own close button. */
+  /** Called for "Cancel" and for the window's close button. */
   void Cancel();
 
-  /** Whether a key may be typed into one of the fields. */
+  /** True if the key may be typed into one of the fields. */
   static bool Accepts(char key) { return key >= '0' && key <= '9'; }
 
   bool open() const { return open_; }
-  /** A try sets the exchange to the form's mode. */
+  /** True after a first attempt, which sets the exchange to the form's mode. */
   bool tried() const { return wrong_tries_ > 0; }
-  /** True when the log-in passed. */
+  /** True if the log-in succeeded. */
   bool passed() const { return passed_; }
 
  private:
@@ -59,7 +59,7 @@ class PasswordForm {
 
   Transfer& transfer_;
   int wrong_tries_ = 0;
-  bool busy_ = false;  // a try is running; the timer leaves its error to it
+  bool busy_ = false;  // an attempt is running and handles errors itself; the timer must not
   bool open_ = true;
   bool passed_ = false;
   EventServer::TimerId error_timer_ = 0;

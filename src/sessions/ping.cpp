@@ -9,7 +9,7 @@
 namespace tarvok::sessions {
 namespace {
 
-/** Ids that the settings dialog never wrote. */
+/** False if the settings dialog never wrote the ids. */
 bool IdsAreSet(Transfer& transfer) {
   constexpr int kNeverSet = 500;
   const auto is_unset = [&](std::string_view key) {

@@ -5,8 +5,10 @@
 
 namespace tarvok::sessions {
 
-/** Opens the line, sends one idle message, and says how long the answer took. Not over a modem. Changes
- * nothing in the exchange. */
+/**
+ * Opens the line, sends one idle message, and shows how long the reply took. Not available over a modem.
+ * Changes nothing in the exchange.
+ */
 bool PingExchange(Transfer& transfer);
 
 }  // namespace tarvok::sessions

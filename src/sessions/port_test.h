@@ -7,13 +7,16 @@
 
 namespace tarvok::sessions {
 
-/** Bytes of the test data: 6,875 counters from 0, 32 bits each, low byte first; as many as section 4 has. */
+/**
+ * Size in bytes of the test data: 6,875 counters from 0, 32 bits each, low byte first; the size of section 4.
+ */
 inline constexpr int kPortTestSize = 27500;
 
-/** A random whole number from `low` up to but for `high`, for tries; no session asks for one. */
+/** A random whole number, at least `low` and below `high`. For experiments; no session uses it. */
 int Rand(int low, int high);
 
-// Functions to try a serial line, which no form shows in normal use. Files lie in `folder`, the program's.
+// Functions to test a serial line, which no form shows in normal use. Files are in `folder`, the program's
+// folder.
 
 /** Sends "temp.txt" as section 4. */
 bool SendPortTest(Transfer& transfer, const std::string& folder);

@@ -14,7 +14,7 @@ constexpr LogInWords kPartWords = {.lowest_version = 101};
 constexpr std::string_view kOkDots = ".................";
 constexpr std::string_view kFailedDots = "..................";
 
-/** A section that has a session of its own, and what that session says. */
+/** A section with a session of its own, and the texts of that session. */
 struct Alone {
   int section;
   TransferDirection direction;
@@ -41,7 +41,7 @@ bool Tell(Transfer& transfer, const Section& section, const Alone& alone) {
 
 bool SendAlone(Transfer& transfer, const Alone& alone) {
   if (!transfer.view().Ask(alone.question)) return false;
-  transfer.Begin(alone.direction, "Send PBX Link Table");  // the new address goes under the same heading
+  transfer.Begin(alone.direction, "Send PBX Link Table");  // the new address uses the same heading
   const bool sent = Tell(transfer, *FindSection(alone.section), alone);
   transfer.CleanUp();
   if (sent) transfer.Box(BoxKind::kInformation, alone.last_box);

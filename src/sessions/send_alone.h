@@ -5,9 +5,9 @@
 
 namespace tarvok::sessions {
 
-/** Sends the PBX link table alone, section 37, to versions from 101 on. */
+/** Sends only the PBX link table, section 37, to versions from 101 on. */
 bool SendLinkTable(Transfer& transfer);
-/** Sends the exchange's new IP address alone, section 44, to versions from 101 on. */
+/** Sends only the exchange's new IP address, section 44, to versions from 101 on. */
 bool SendIpAddress(Transfer& transfer);
 
 }  // namespace tarvok::sessions

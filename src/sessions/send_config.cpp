@@ -13,10 +13,10 @@
 namespace tarvok::sessions {
 namespace {
 
-/** How a story ended, as far as its cleaning up differs. */
+/** How a session ended, as far as it matters for cleaning up. */
 enum class End { kDone, kFailed, kFailedSection };
 
-/** Asks, with the compare box, and keeps the box in the project. */
+/** Asks, with the compare check box, and stores the box's state in the project. */
 bool AskBefore(Transfer& transfer) {
   bool compare = transfer.settings().compare;
   if (!transfer.view().AskWithCompare("Do you want to send data config?", compare)) return false;
@@ -30,8 +30,10 @@ bool AskBefore(Transfer& transfer) {
   return true;
 }
 
-/** What a send to this version carries: the clock, and each section behind four bytes that name it. Where all is compared,
- * one that goes twice goes once, and is asked for by two bytes and comes back. */
+/**
+ * The bytes sent to this version: the clock, and each section with the four bytes that name it. When
+ * comparing, sections that are otherwise repeated are sent once, requested with two bytes and received again.
+ */
 std::int64_t BytesOfSend(int version, bool compare) {
   constexpr int kSectionHead = 4;
   constexpr int kAsk = 2;
@@ -69,7 +71,7 @@ bool SendSections(Transfer& transfer, const IniText& project) {
 void ShowStatistics(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t ms = counted.send_ms;
-  const std::int64_t rate = ms == 0 ? 0 : (counted.bytes_sent * 1000 + ms / 2) / ms;  // bytes a second
+  const std::int64_t rate = ms == 0 ? 0 : (counted.bytes_sent * 1000 + ms / 2) / ms;  // bytes per second
   transfer.LogLine("Byte Sent = " + std::to_string(counted.bytes_sent) + " Bytes");
   transfer.LogLine("Packat Sent = " + std::to_string(counted.packets_sent) + " PKTs");
   transfer.LogLine("Response Error = " + std::to_string(counted.response_errors) + " times");
@@ -77,23 +79,26 @@ void ShowStatistics(Transfer& transfer) {
   transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
 }
 
-/** A line that damages frames has most likely damaged one that its check byte did not show, and an answer that comes
- * twice names no pack: it is taken for the next one's. If the exchange then refuses that one, its word comes too late to have
- * it sent again. `refused` is how many messages it refused. */
+/**
+ * Advises to check the transfer if errors may have gone undetected. A line that damages frames may have
+ * damaged one without its check byte showing it. A reply that comes twice does not name a pack, so it counts
+ * as the reply to the next one; if the exchange then refuses that one, the refusal comes too late to repeat
+ * it. `refused` is the number of messages that the exchange refused.
+ */
 void AdviseCompare(Transfer& transfer, std::int64_t refused) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t late = counted.late_answers + counted.enquiry_count;
   if (counted.frames_damaged == 0 && counted.BrokenOff == 0 && late == 0 && refused == 0) return;
   const std::string why =
       counted.frames_damaged > 0 ? "The line damaged " + std::to_string(counted.frames_damaged) +
-                                       " frames, and one in 256 of such passes its check. "
+                                       " frames; about one in 256 damaged frames passes the check. "
       : counted.BrokenOff > 0 ? std::to_string(counted.BrokenOff) +
-                                    " answers broke off, and nothing checks the bytes of the others. "
-      : late > 0
-          ? std::to_string(late) + " answers came late, and one that comes twice is taken for the next. "
-          : "The exchange refused " + std::to_string(refused) + " messages, and not each was sent again. ";
+                                    " replies broke off, and nothing checks the bytes of the others. "
+      : late > 0 ? std::to_string(late) + " replies came late, and a repeated reply counts as the next one. "
+                 : "The exchange refused " + std::to_string(refused) +
+                       " messages, and not all of them were sent again. ";
   transfer.view().Advise(why + (transfer.version() >= kLowestComparedVersion
-                                    ? "Send once more with compare."
+                                    ? "Send again with compare."
                                     : "Load the configuration and compare it with the project."));
 }
 
@@ -102,12 +107,12 @@ End RunSend(Transfer& transfer) {
   transfer.Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
   const TransferStatistics& counted = transfer.line().statistics();
-  const std::int64_t refused_before = counted.response_errors;  // passwords
+  const std::int64_t refused_before = counted.response_errors;  // wrong passwords
   const bool comparable = transfer.version() >= kLowestComparedVersion;
   if (transfer.settings().compare && !comparable) {
-    transfer.Note("Nothing is compared: only exchanges from version " +
+    transfer.Note("Nothing is compared: that requires exchange version " +
                   FormatGrouped(kLowestComparedVersion) +
-                  " on can do that. Load the configuration afterwards and compare it with the project.");
+                  " or later. Load the configuration afterwards and compare it with the project.");
   }
   const bool compare = transfer.settings().compare && comparable;
   transfer.BeginPace(BytesOfSend(transfer.version(), compare));

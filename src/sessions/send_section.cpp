@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kRouteMap = 8;
 
-/** `why` is a line of its own in front of the box; "" where there is nothing to say. */
+/** `why` is a separate line before the box; "" for none. */
 bool FailSection(Transfer& transfer, const Section& section, std::string_view dots,
                  std::string_view why = {}) {
   if (section.number == kRouteMap) {

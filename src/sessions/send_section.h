@@ -8,9 +8,11 @@
 
 namespace tarvok::sessions {
 
-/** Encodes a section of the project for the exchange's version and sends it, with its progress line. A value
- * that can't be encoded is told in the log window and the history, and nothing of the section is sent. The
- * image stays for a compare. Empty dots are as many as fill the line. */
+/**
+ * Encodes a section of the project for the exchange's version and sends it, showing its progress line. If a
+ * value cannot be encoded, the log window and the history name it and nothing of the section is sent. The
+ * image remains available for a comparison. Empty `dots` fill the line.
+ */
 bool SendSection(Transfer& transfer, const Section& section, const IniText& project,
                  std::vector<std::uint8_t>& image, std::string_view ok_dots = {},
                  std::string_view failed_dots = {});

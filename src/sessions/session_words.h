@@ -8,7 +8,7 @@
 
 namespace tarvok::sessions {
 
-/** What a session is for. */
+/** The purpose of a session. */
 enum class TransferDirection { kLoad, kWrite, kWriteLinkTable, kWriteMiniBar, kWriteIp, kWriteBilling };
 
 inline constexpr std::string_view kLineEnd = "\r\n";
@@ -25,7 +25,7 @@ inline constexpr std::string_view kNoModemInTime = "Cannot connect to modem (CW)
 /** The first line of the log window: "### Send Data Config by Serial ###". */
 std::string Heading(std::string_view what, LinkMode mode);
 
-/** The run of dots that takes a progress text to the log window's column. */
+/** The dots that align the result of a progress text in the log window. */
 std::string Dots(std::string_view text);
 
 }  // namespace tarvok::sessions

@@ -12,7 +12,7 @@
 namespace tarvok::sessions {
 namespace {
 
-/** Where the loaded project goes; nothing where the user does not want it anywhere. */
+/** Where to store the loaded project; nullopt if the user does not want to store it. */
 std::optional<std::string> ChooseTarget(Transfer& transfer) {
   if (transfer.view().Ask(kReplaceQuestion)) return transfer.parts().load_target;
   while (std::optional<std::string> name = transfer.view().AskSaveName()) {
@@ -27,9 +27,9 @@ Status CopyTo(FileSystem& files, const std::string& from, const std::string& to,
   if (!bytes.ok()) return bytes.status();
   const Result<std::unique_ptr<FileLock>> lock = files.Lock(to);
   if (!lock.ok()) return lock.status();
-  // Tested again: a load takes long enough for somebody else to put a file there.
+  // Check again: during a load there is plenty of time for somebody else to create the file.
   if (!may_replace && files.Identify(to).exists) {
-    return {ErrorKind::kExists, to + ": a file of this name has appeared during the load"};
+    return {ErrorKind::kExists, to + ": a file of this name was created during the load"};
   }
   return WriteWhole(files, to, bytes.value());
 }
@@ -57,7 +57,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
   transfer.LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
   const Status written =
       UpdateTemporary(transfer, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
-  // All has come: whether the exchange takes the mode changes nothing any more.
+  // Everything has arrived, so it no longer matters whether the exchange accepts the mode.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
   if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());
   return written.ok() || transfer.Fail(written.message());
@@ -68,8 +68,8 @@ void AdviseAnotherLoad(Transfer& transfer) {
   const std::int64_t faults =
       counted.frames_damaged + counted.BrokenOff + counted.late_answers + counted.PacksOutOfStep;
   if (faults == 0) return;
-  transfer.view().Advise("The line damaged, lost or doubled something " + std::to_string(faults) +
-                         " times, and not every such fault shows. Load once more and compare the two.");
+  transfer.view().Advise("The line damaged, lost or repeated something " + std::to_string(faults) +
+                         " times, and not every such fault is detected. Load again and compare the two.");
 }
 
 bool StoreLoaded(Transfer& transfer) {
@@ -79,7 +79,7 @@ bool StoreLoaded(Transfer& transfer) {
   const bool may_replace = parts.may_replace || *target != parts.load_target;
   const std::string& loaded = transfer.temporary()->path();
   const Status copied = CopyTo(transfer.store().files(), loaded, *target, may_replace);
-  if (!copied.ok()) return transfer.Fail(copied.message(), "; what was loaded lies in " + loaded);
+  if (!copied.ok()) return transfer.Fail(copied.message(), "; the loaded project is in " + loaded);
   transfer.temporary()->Discard();
   return true;
 }

@@ -12,7 +12,7 @@ inline constexpr std::string_view kLoadQuestion = "Do you want to load data conf
 inline constexpr std::string_view kReplaceQuestion =
     "Get All Config Finished.\r\nDo you want to replace current file?";
 
-/** In which words every session that loads logs in. */
+/** The log-in texts of sessions that load. */
 inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode failed",
                                           .version_failed_line = "Check version failed.",
                                           .version_failed_box = "Check version failed",
@@ -22,24 +22,34 @@ inline constexpr LogInWords kLoadWords = {.set_mode_failed = "Change to set mode
                                           .too_new = kSoftwareTooOldToLoad,
                                           .words_before_normal = true};
 
-/** Gives this load a temporary project of its own and drops that of the form's load before. If the temporary folder
- * cannot be written, the user is told and the load does not begin. */
+/**
+ * Creates a new temporary project for this load and drops the one of the form's previous load. If the
+ * temporary folder is not writable, reports it, and the load does not begin.
+ */
 bool BeginTemporary(Transfer& transfer);
 
-/** One write of changes to the temporary project. The disk has it whenever the system gets to it: the exchange need not
- * wait for that, since a load makes it again, and what StoreLoaded puts in its place is flushed. */
+/**
+ * Applies changes to the temporary project in one write, without waiting for the disk: a load can be
+ * repeated, and StoreLoaded flushes the copy that it stores.
+ */
 Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change);
 
-/** The end of a load over the line: its last words, the rate since `start_ms`, the connection keys into the
- * temporary project, the exchange back to normal, the modem's call ended. */
+/**
+ * Ends the part of a load that uses the line: logs the last texts and the rate since `start_ms`, writes the
+ * connection keys to the temporary project, sets the exchange back to normal and hangs up the modem.
+ */
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms);
 
-/** Nothing tells a pack that came twice from one that is new: its bytes were taken twice. And where frames were damaged
- * or lost, one may have passed its check. */
+/**
+ * Advises another load if data may be wrong: after damaged or lost frames one may have passed its check, and
+ * a repeated pack looks like a new one, so its bytes may have been taken twice.
+ */
 void AdviseAnotherLoad(Transfer& transfer);
 
-/** Asks where the loaded project goes and puts it there, by one rename. True where the user wants it nowhere,
- * too. */
+/**
+ * Asks where to store the loaded project and puts it there with a single rename. Also true if the user does
+ * not want to store it.
+ */
 bool StoreLoaded(Transfer& transfer);
 
 }  // namespace tarvok::sessions

@@ -23,8 +23,8 @@ TemporaryProject::TemporaryProject(FileSystem& files, std::string folder)
     : files_(files), folder_(std::move(folder)), path_(InFolder(folder_, kFileName)) {}
 
 TemporaryProject::~TemporaryProject() {
-  // Leftovers in a temporary folder are harmless, so failures do not matter here. A folder that still holds the
-  // file is not removed.
+  // Leftovers in a temporary folder are harmless, so ignore failures. A folder that still contains the file
+  // is not removed.
   if (discarded_) [[maybe_unused]]
     const Status file = files_.Remove(path_);
   [[maybe_unused]] const Status folder = files_.Remove(folder_);

@@ -9,20 +9,20 @@
 namespace tarvok::sessions {
 
 /**
- * The project that a load builds: `outcfg.tvk` in a folder of its own, which only the user can open. So two loads at the
- * same time never meet. The file is written by the first section that is decoded.
+ * The project that a load builds: `outcfg.tvk` in a folder of its own that only the user can open, so that
+ * concurrent loads cannot collide. The file is created when the first section is decoded.
  */
 class TemporaryProject {
  public:
-  /** Makes the folder in `parent`; the error names `parent`. */
+  /** Creates the folder in `parent`; errors name `parent`. */
   static Result<std::unique_ptr<TemporaryProject>> Make(FileSystem& files, const std::string& parent);
-  /** A file that was not discarded stays, so that what was loaded can still be saved by hand. */
+  /** Keeps the file unless it was discarded, so that a loaded project can still be saved by hand. */
   ~TemporaryProject();
   TemporaryProject(const TemporaryProject&) = delete;
   TemporaryProject& operator=(const TemporaryProject&) = delete;
 
   const std::string& path() const { return path_; }
-  /** The file is no longer needed and is removed with this object. */
+  /** Marks the file as no longer needed; the destructor removes it. */
   void Discard() { discarded_ = true; }
 
  private:

@@ -21,7 +21,7 @@ EmptySpeed SpeedOf(TransferForm form) {
   return form == TransferForm::kBilling ? EmptySpeed::kShownOnly : EmptySpeed::kWrittenBack;
 }
 
-/** A text of several lines as one. */
+/** Joins the lines of a text. */
 std::string InOneLine(std::string_view text) {
   std::string line(text);
   for (std::size_t at = line.find(kLineEnd); at != std::string::npos; at = line.find(kLineEnd)) {
@@ -70,18 +70,18 @@ void Transfer::OnSecond() {
   const std::int64_t now_ms = parts_.events.Tick_ms();
   parts_.view.ShowPace(pace_->Now(BytesThrough(), now_ms));
   if (!pace_->FallsSilent(BytesThrough(), now_ms)) return;
-  // The wait for the rest of a section has no end of its own: a byte that got lost holds it up as a dead line does.
-  parts_.view.Advise(
-      waits_.without_end()
-          ? "Nothing came for 15 seconds. If that lasts, the rest may be lost: give up and begin again."
-          : "Nothing came for 15 seconds. If that lasts, the session ends by itself.");
+  // The wait for the rest of a section has no time limit: a lost byte stops it just as a dead line does.
+  parts_.view.Advise(waits_.without_end()
+                         ? "Nothing received for 15 seconds. If this continues, the rest may be lost: give "
+                           "up and start again."
+                         : "Nothing received for 15 seconds. If this continues, the session ends by itself.");
 }
 
 void Transfer::OnEnded(std::string_view reason) {
-  if (elapsed_timer_ == 0 || waits_.aborted()) return;  // nobody waits for anything
+  if (elapsed_timer_ == 0 || waits_.aborted()) return;  // no session is waiting
   const bool ends = UsesSocket(mode_) || !waits_.without_end();
   parts_.view.Advise("The connection was closed (" + std::string(reason) + "). " +
-                     (ends ? "The session ends by itself." : "Give up and begin again."));
+                     (ends ? "The session ends by itself." : "Give up and start again."));
 }
 
 std::int64_t Transfer::BytesThrough() const {
@@ -92,7 +92,7 @@ std::int64_t Transfer::BytesThrough() const {
 void Transfer::BeginPace(std::int64_t bytes) {
   bytes_before_pace_ = 0;
   bytes_before_pace_ = BytesThrough();
-  // Of the other ways nobody knows the speed of the line.
+  // In the other modes the speed of the line is unknown.
   const std::optional<LineSettings> line = mode_ == LinkMode::kSerial ? SerialLine(settings_) : std::nullopt;
   pace_.emplace(bytes, line ? line->speed : 0, parts_.events.Tick_ms());
 }
@@ -103,7 +103,7 @@ void Transfer::EndPace() {
 }
 
 void Transfer::EndCounting() {
-  if (pace_) parts_.view.ShowPace({});  // it did not come to its end
+  if (pace_) parts_.view.ShowPace({});  // the transfer did not complete
   pace_.reset();
   parts_.events.StopTimer(std::exchange(elapsed_timer_, 0));
   parts_.view.SetBusy(false);
@@ -111,7 +111,7 @@ void Transfer::EndCounting() {
 
 void Transfer::CleanUp() {
   if (waits_.aborted()) {
-    CleanUpKeepingPort();  // the form that is closing still says its last word over the port
+    CleanUpKeepingPort();  // the closing form still sends its last message over the port
     return;
   }
   line_->Close();
@@ -129,7 +129,7 @@ void Transfer::Unload() {
     waits_.ClearAbort();
     line_->StartPump();
     if (messages().SendIdle()) {
-      // Whether the exchange takes it is its own matter: the form goes either way.
+      // The form closes whether or not the exchange accepts the mode.
       [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
     }
   }

@@ -16,26 +16,26 @@
 
 namespace tarvok::sessions {
 
-/** The forms that hold a connection; some words and the password's mode go by form. */
+/** The forms that hold a connection. Some texts and the password's mode depend on the form. */
 enum class TransferForm { kConnect, kMiniBar, kBilling };
 
-/** What a program lends to a session. */
+/** What a program supplies to a session. */
 struct TransferParts {
   EventServer& events;
   PortMaker& ports;
   ProjectStore& store;
   SessionView& view;
   SendLog& log;
-  std::string project_file;  // whose settings connect and whose sections are sent
-  std::string load_target;   // what a load replaces where the user says Yes: the open project, as a rule
-  std::string system_file;   // holds the bench setting of the link
-  std::string temp_folder;   // where a load makes a private folder for its project
-  bool may_replace = true;   // false: a load leaves a target that is there by its end as it is
+  std::string project_file;  // provides the connection settings and the sections that are sent
+  std::string load_target;   // replaced by a load if the user says Yes: normally the open project
+  std::string system_file;   // contains the link's bench setting
+  std::string temp_folder;   // where a load creates a private folder for its project
+  bool may_replace = true;   // false: a load does not replace a target that exists at its end
 };
 
 /**
- * What an open transfer form holds: the connection settings, the line to the exchange, and the ways in which
- * every session begins, fails and ends. Sessions are the stories told with it.
+ * What an open transfer form holds: the connection settings, the line to the exchange, and the steps by which
+ * every session begins, fails and ends. Sessions are functions that use it.
  */
 class Transfer {
  public:
@@ -43,18 +43,20 @@ class Transfer {
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
 
-  /** Disables the buttons, starts pump and elapsed time, and puts the heading. */
+  /** Disables the buttons, starts the link's tick and the elapsed time, and logs the heading. */
   void Begin(TransferDirection direction, std::string_view what);
-  /** The same for what is no session of the exchange: no heading. */
+  /** Like Begin, but without a heading: for sessions that do not talk to the exchange. */
   void BeginQuietly();
-  /** The end of every session: port and timers closed, buttons back. */
+  /** Ends every session: closes the port, stops the timers and enables the buttons. */
   void CleanUp();
-  /** The end of a send after a section that failed: a serial port stays open for Unload. */
+  /** Ends a send after a failed section: keeps a serial port open for Unload. */
   void CleanUpKeepingPort();
-  /** The form goes. A serial port that a failed section or an abort left open is used to put the exchange
-   * back to normal; then the port is closed. Not from within one of the session's own waits. */
+  /**
+   * Called when the form closes. If a failed section or an abort left a serial port open, sets the exchange
+   * back to normal, then closes the port. Must not be called from within one of the session's own waits.
+   */
   void Unload();
-  /** Held while a modem is called: a call may be given up, also in a send. */
+  /** Held while a modem is being called: a call may be given up, even in a send. */
   class Calling {
    public:
     explicit Calling(Transfer& transfer) : calling_(transfer.calling_) { calling_ = true; }
@@ -66,37 +68,47 @@ class Transfer {
     bool& calling_;
   };
   bool calling() const { return calling_; }
-  /** The temporary project of the latest load; null before the first. It lasts until the next load or as long as the form. */
+  /**
+   * The temporary project of the latest load; null before the first. It exists until the next load or until
+   * the form closes.
+   */
   TemporaryProject* temporary() { return temporary_.get(); }
   void set_temporary(std::unique_ptr<TemporaryProject> temporary) { temporary_ = std::move(temporary); }
-  /** The form is closed by the user: every wait ends and the session unwinds without boxes. */
+  /** Called when the user closes the form: every wait ends and the session unwinds without boxes. */
   void Abort() { waits_.Abort(); }
 
-  // What a story says. While it unwinds from an abort nothing is shown.
+  // Output of a session. Nothing is shown while it unwinds from an abort.
   void Log(std::string_view text);
   void LogLine(std::string_view text);
-  /** A progress text; Finished or Failed end its line. */
+  /** Starts a line with a progress text; Finished or Failed end the line. */
   void Start(std::string_view text);
-  void Finished(
-      std::string_view dots = {});  // without dots of its own the text gets as many as fill the line
+  void Finished(std::string_view dots = {});  // empty dots fill the line
   void Failed(std::string_view dots = {}, std::string_view words = "Failed");
   void Box(BoxKind kind, std::string_view text);
-  /** What is to be known of a session that goes on: a line in the log window and in the history, and advice, of which a
-   * window may show the last alone. */
+  /**
+   * Shows a warning while the session continues: as a line in the log window and in the history, and as
+   * advice, of which a window may show only the latest.
+   */
   void Note(std::string_view text);
   void Progress(int value, int end);
-  /** From here on the view is told each second how fast `bytes` get through: payload of the messages that go out, bytes of
-   * the sections that come in. */
+  /**
+   * From now on the view shows each second how fast `bytes` get through: payload of outgoing messages plus
+   * bytes of incoming sections.
+   */
   void BeginPace(std::int64_t bytes);
-  /** All is through: the view is told speed and share of the line. */
+  /** Call when all is through: the view shows the speed and the share of the line. */
   void EndPace();
-  /** The project whose sections are sent. One that can't be read would go out as a blank one: it has a box instead,
-   * and nullptr comes back. */
+  /**
+   * The project whose sections are sent. If it cannot be read, shows a box and returns nullptr; it would
+   * otherwise be sent as an empty one.
+   */
   std::shared_ptr<const IniText> ProjectToSend();
-  /** A failure's box and, in one line, the reason that a command line ends with: the box's words, and `more` behind
-   * them. Always false. */
+  /**
+   * Shows a failure's box and sets the one-line reason with which a command line ends: the text of the box
+   * followed by `more`. Always returns false.
+   */
   bool Fail(std::string_view box, std::string_view more = {});
-  /** A failure without a box: a line in the log window. Always false. */
+  /** Reports a failure in the log window, without a box. Always returns false. */
   bool FailInLog(std::string_view line, std::string_view more = {});
 
   MessageLayer& messages() { return line_->messages(); }
@@ -109,13 +121,13 @@ class Transfer {
   const TransferParts& parts() const { return parts_; }
   const ConnectionSettings& settings() const { return settings_; }
   void set_compare(bool compare) { settings_.compare = compare; }
-  /** The exchange's version as the log-in learnt it; what comes later under that code does not change a session. */
+  /** The exchange's version as read at log-in. Later version replies do not change a session. */
   int version() const { return version_; }
   void set_version(int version) { version_ = version; }
   LinkMode mode() const { return mode_; }
   TransferForm form() const { return form_; }
   TransferDirection direction() const { return direction_; }
-  /** Why the last session failed, "" if it did not. */
+  /** Why the last session failed; "" if it did not. */
   const std::string& reason() const { return reason_; }
 
  private:
@@ -133,7 +145,7 @@ class Transfer {
   std::unique_ptr<ExchangeLine> line_;
   std::unique_ptr<TemporaryProject> temporary_;
   TransferDirection direction_ = TransferDirection::kWrite;
-  std::string started_;  // the progress text whose line is still open
+  std::string started_;  // the progress text whose line has not been ended yet
   std::string reason_;
   bool calling_ = false;
   EventServer::TimerId elapsed_timer_ = 0;

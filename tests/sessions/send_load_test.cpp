@@ -16,7 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/** The image of a section of a project as the newest version takes it. */
+/** The image of a section of a project, in the newest version's layout. */
 Bytes ImageOf(const Section& section, const std::string& project) {
   const WireLayout* layout = section.LayoutAt(kHighestVersion, Direction::kSend);
   return Encoded(layout->encode, layout->size, project).bytes();
@@ -24,7 +24,7 @@ Bytes ImageOf(const Section& section, const std::string& project) {
 
 class EveryTransport : public ::testing::TestWithParam<int> {};
 
-TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
+TEST_P(EveryTransport, SendsAndLoadsTheHotel) {
   SessionBench bench(GetParam());
   const std::string before = bench.Project();
   ASSERT_TRUE(bench.Run(SendConfiguration)) << bench.view.log;
@@ -35,7 +35,7 @@ TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
   for (const Section* section : SendPlan(kHighestVersion))
     EXPECT_EQ(bench.memory.sections()[section->number], ImageOf(*section, HotelText())) << section->number;
 
-  // Loaded into an open project that is another one: only the last Yes changes it.
+  // The load goes to another project, which only the last Yes changes.
   bench.files.Put(SessionBench::kProject,
                   "[Chk_Tarvok]\r\nChk=TARVOK\r\nBPS=9600\r\nIPHost=h\r\nIPPort=1\r\nTel=0123\r\nBy=" +
                       std::to_string(GetParam()) + "\r\n");
@@ -45,7 +45,8 @@ TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
   EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
   EXPECT_EQ(bench.Value("Chk_Tarvok", "Chk"), "tarvok");
   EXPECT_EQ(bench.Value("Chk_Tarvok", "PID"), "15");
-  // Holidays come back as other text and blank rows of the route map not at all; all else as it went.
+  // Holidays come back as different text, and blank rows of the route map do not come back; the rest is
+  // unchanged.
   const std::string loaded = bench.Project();
   for (const Section* section : SendPlan(kHighestVersion)) {
     if (section->number == 26 || section->number == 43) continue;
@@ -55,7 +56,7 @@ TEST_P(EveryTransport, TheHotelGoesToTheExchangeAndComesBack) {
 
 INSTANTIATE_TEST_SUITE_P(By, EveryTransport, ::testing::Values(1, 2, 3, 4, 0));
 
-TEST(SendConfiguration, EveryVersionGetsItsSectionsAndLayouts) {
+TEST(SendConfiguration, SendsEachVersionItsSectionsAndLayouts) {
   for (int version = 99; version <= 111; ++version) {
     SCOPED_TRACE(version);
     SessionBench bench(4, version);
@@ -77,7 +78,7 @@ TEST(SendConfiguration, EveryVersionGetsItsSectionsAndLayouts) {
   }
 }
 
-TEST(SendConfiguration, LogWindowReadsAsAStory) {
+TEST(SendConfiguration, LogsEachStep) {
   SessionBench bench(1, 110);
   ASSERT_TRUE(bench.Run(SendConfiguration));
   EXPECT_EQ(bench.opened, (std::vector<LineSettings>{{9600, Parity::kNone, 8, StopBits::kOne}}));
@@ -100,7 +101,7 @@ TEST(SendConfiguration, LogWindowReadsAsAStory) {
   }
 }
 
-TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack) {
+TEST(SendConfiguration, FailedSectionEndsSendAndSerialFormRestoresNormalMode) {
   for (const int by : {1, 4}) {
     SessionBench bench(by);
     ASSERT_TRUE(bench.Set("Assign", "001", "101|300|001|F|F"));
@@ -113,13 +114,13 @@ TEST(SendConfiguration, AFailedSectionEndsItAndTheSerialFormPutsTheExchangeBack)
     EXPECT_TRUE(bench.memory.sections().contains(4));
     EXPECT_FALSE(bench.memory.sections().contains(13));
     EXPECT_FALSE(bench.memory.sections().contains(14));
-    // On a socket the exchange stays in configuration mode; over a serial port the closing form brings it
+    // Over a socket the exchange stays in configuration mode; over a serial port the closing form sets it
     // back.
     EXPECT_EQ(bench.memory.mode(), by == 1 ? ExchangeMode::kNormal : ExchangeMode::kConfiguration);
   }
 }
 
-TEST(SendConfiguration, TheNextOneOfTheFormOpensTheKeptPortAnew) {
+TEST(SendConfiguration, NextSendReopensKeptPort) {
   for (const int by : {1, 2}) {
     SessionBench bench(by);
     EXPECT_TRUE(bench.Run([&](Transfer& form) {
@@ -130,8 +131,8 @@ TEST(SendConfiguration, TheNextOneOfTheFormOpensTheKeptPortAnew) {
   }
 }
 
-TEST(Connection, FailuresHaveTheirWords) {
-  // What the project lacks, how the port is, and what is said.
+TEST(Connection, ReportsFailures) {
+  // The missing key, the state of the port, and the messages.
   const std::tuple<int, const char*, PortState, const char*, Boxes> cases[] = {
       {1, "", PortState::kError, "Failed\r\n", {"Initial COM Port failed"}},
       {1, "BPS", PortState::kOpen, "Failed\r\n", {"Initial COM Port failed"}},
@@ -156,7 +157,7 @@ TEST(Connection, FailuresHaveTheirWords) {
   }
 }
 
-/** Keeps what was written; what is written to a deaf one goes nowhere. */
+/** Records what is written; a deaf one passes nothing on. */
 class Recorder : public PortOnPort {
  public:
   Recorder(std::unique_ptr<Port> inner, std::string& written, bool deaf)
@@ -175,9 +176,9 @@ class Recorder : public PortOnPort {
   bool deaf_;
 };
 
-TEST(Connection, ACallThatIsGivenUpIsHungUp) {
-  // In the set-up, while it rings, in the second behind CONNECT, and with the link up; or there is no modem. Once the modem
-  // has connected the lines drop behind the hang-up.
+TEST(Connection, HangsUpWhenCallIsGivenUp) {
+  // During set-up, while it rings, in the second after CONNECT, and with the link up; or there is no modem.
+  // Once the modem has connected, the control lines drop after the hang-up command.
   const std::pair<int, const char*> cases[] = {
       {500, "<off>ATH0"}, {3300, "<off>ATH0"}, {4200, "ATH0<off>"}, {5200, "ATH0<off>"}, {0, "<off>ATH0"}};
   for (const auto& [at_ms, end] : cases) {
@@ -198,7 +199,7 @@ TEST(Connection, ACallThatIsGivenUpIsHungUp) {
   }
 }
 
-TEST(Connection, TheLinesOfAModemDropBehindTheHangUp) {
+TEST(Connection, DropsControlLinesAfterHangUp) {
   const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
       {SendConfiguration, TransferForm::kConnect},
       {LoadConfiguration, TransferForm::kConnect},
@@ -215,7 +216,7 @@ TEST(Connection, TheLinesOfAModemDropBehindTheHangUp) {
   }
 }
 
-/** Notes whether the log window tells of an old version when the exchange is put back to normal. */
+/** Records whether the log window already mentions an old version when the exchange is set back to normal. */
 class WatchesNormal : public PortOnPort {
  public:
   WatchesNormal(std::unique_ptr<Port> inner, const RecordingView& view, bool& told)
@@ -231,7 +232,7 @@ class WatchesNormal : public PortOnPort {
   bool& told_;
 };
 
-TEST(LogIn, AnOldVersionIsToldBeforeOrBehindTheNormalMode) {
+TEST(LogIn, ReportsOldVersionBeforeOrAfterNormalMode) {
   const std::tuple<bool (*)(Transfer&), int, bool> cases[] = {{SendConfiguration, 111, false},
                                                               {LoadConfiguration, 111, true},
                                                               {SendMiniBarList, 105, true},
@@ -247,8 +248,8 @@ TEST(LogIn, AnOldVersionIsToldBeforeOrBehindTheNormalMode) {
   }
 }
 
-TEST(Pace, IsShownOfWhatWentWellAlone) {
-  // Over a line on which every answer takes its time.
+TEST(Pace, IsShownForSuccessfulTransfersOnly) {
+  // On a line where every reply is slow.
   const LineConditions slow = {.faults = FaultPlan{.delay_ms = 10}};
   const auto run = [](SessionBench& bench, bool (*session)(Transfer&), bool done) {
     const bool mini_bar = session == LoadMiniBarList;
@@ -272,7 +273,7 @@ TEST(Pace, IsShownOfWhatWentWellAlone) {
   run(failed, SendConfiguration, false);
 }
 
-TEST(Connection, AKeptPortIsQuietBehindAFailedSection) {
+TEST(Connection, KeptPortIsQuietAfterFailedSection) {
   SessionBench bench(1, 110, {.faults = FaultPlan{.silent_after = 40}});
   std::string written;
   bench.wrap = [&](std::unique_ptr<Port> port) {
@@ -283,12 +284,12 @@ TEST(Connection, AKeptPortIsQuietBehindAFailedSection) {
     EXPECT_THAT(bench.view.boxes, testing::ElementsAre(HasSubstr("Send ")));
     written.clear();
     bench.events.Run(5000);
-    EXPECT_EQ(written, "");  // a frame without an answer is chased no more
+    EXPECT_EQ(written, "");  // an unanswered frame is not repeated any more
     return false;
   });
 }
 
-TEST(Connection, ADeadLineIsTold) {
+TEST(Connection, ReportsDeadLine) {
   for (const int by : {1, 3, 4, 0}) {
     SessionBench bench(by, 110, {.faults = FaultPlan{.silent_after = 0}});
     EXPECT_FALSE(bench.Run(SendConfiguration));
@@ -339,13 +340,13 @@ TEST(Password, RefusalsAndChanges) {
   EXPECT_EQ(bench.memory.passwords().Get(1), (PackedPassword{0x12, 0x34, 0xFF}));
 }
 
-TEST(LoadConfiguration, WhereTheProjectGoes) {
+TEST(LoadConfiguration, AsksWhereToStoreTheProject) {
   SessionBench bench(4);
   ASSERT_TRUE(bench.Run(SendConfiguration));
   const std::string before = bench.Project();
   bench.files.Put("/p/taken.tvk", "old");
 
-  // No, a taken name, No again, another name; then No and no name at all.
+  // No, an existing name, No again, another name; then No and no name at all.
   bench.view = {};
   bench.view.answers = {true, false, false};
   bench.view.save_names = {"/p/taken.tvk", "/p/new.tvk"};
@@ -363,12 +364,12 @@ TEST(LoadConfiguration, WhereTheProjectGoes) {
   EXPECT_EQ(bench.files.Bytes("/t/2/outcfg.tvk"), bench.files.Bytes("/p/new.tvk"));
 }
 
-TEST(LoadConfiguration, SaysWhichListIsCutAndGoesOn) {
+TEST(LoadConfiguration, NamesCutListAndContinues) {
   SessionBench bench(4);
   ASSERT_TRUE(bench.Run(SendConfiguration));
   Bytes& ban = bench.memory.sections()[5];
   std::fill(ban.begin(), ban.end(), std::uint8_t{0x11});
-  ban[0] = 0xE8;  // the first class ends at byte 1,000: its one number has 2,000 digits
+  ban[0] = 0xE8;  // the first class ends at byte 1,000: its only number has 2,000 digits
   ban[1] = 0x03;
   EXPECT_TRUE(bench.Run(LoadConfiguration));
   const std::string told = "The value of COR 01 is longer than 1999 characters";
@@ -377,7 +378,7 @@ TEST(LoadConfiguration, SaysWhichListIsCutAndGoesOn) {
   EXPECT_EQ(bench.Value("Chk_Tarvok", "Chk"), "tarvok");
 }
 
-TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
+TEST(LoadConfiguration, KeepsFileCreatedDuringLoad) {
   SessionBench bench(4);
   bench.files.Put("/p/out.tvk", "somebody's");
   Transfer form({.events = bench.events,
@@ -393,7 +394,7 @@ TEST(LoadConfiguration, LeavesAFileThatAppearedMeanwhile) {
                 TransferForm::kConnect);
   EXPECT_FALSE(LoadConfiguration(form));
   EXPECT_EQ(bench.files.Bytes("/p/out.tvk"), "somebody's");
-  EXPECT_TRUE(form.reason().ends_with(std::string("lies in ") + SessionBench::kTemp)) << form.reason();
+  EXPECT_TRUE(form.reason().ends_with(std::string("is in ") + SessionBench::kTemp)) << form.reason();
   EXPECT_EQ(bench.view.pace, "");
 }
 
@@ -407,7 +408,7 @@ TEST(LoadConfiguration, EndsWhenTheConnectionIsClosed) {
   }
 }
 
-TEST(LoadConfiguration, BuildsItsProjectInAFolderOfItsOwn) {
+TEST(LoadConfiguration, BuildsProjectInPrivateFolder) {
   SessionBench bench(4);
   const auto no_connection = [&](bool (*session)(Transfer&)) {
     bench.view = {};
@@ -416,7 +417,7 @@ TEST(LoadConfiguration, BuildsItsProjectInAFolderOfItsOwn) {
     EXPECT_EQ(bench.view.log, "");
   };
   for (const auto session : {LoadConfiguration, LoadMiniBarList}) {
-    bench.Value("Chk_Tarvok", "By");  // read before: the folder is the next call
+    bench.Value("Chk_Tarvok", "By");  // read beforehand, so that the folder is the next call
     bench.files.fail_at = bench.files.calls + 1;
     no_connection(session);
   }
@@ -432,7 +433,7 @@ TEST(LoadConfiguration, BuildsItsProjectInAFolderOfItsOwn) {
   EXPECT_EQ(bench.Value("a", "k"), "first");
 }
 
-/** Counts the messages of a LAN that leave in the same millisecond as an OK of the tool in front of them. */
+/** Counts the LAN messages that leave in the same millisecond as an OK of the tool before them. */
 class FollowsOk : public PortOnPort {
  public:
   FollowsOk(std::unique_ptr<Port> inner, VirtualEvents& events, int& count)
@@ -450,7 +451,7 @@ class FollowsOk : public PortOnPort {
   std::int64_t ok_ms_ = -1;
 };
 
-TEST(EverySession, LeavesADeviceTimeToReadTheOkToAnAnswer) {
+TEST(EverySession, PausesAfterTheOkToAnAnswer) {
   const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
       {SendConfiguration, TransferForm::kConnect},
       {LoadConfiguration, TransferForm::kConnect},

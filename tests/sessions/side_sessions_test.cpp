@@ -21,11 +21,12 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(SideSessions, WordsAndWhatArrives) {
+TEST(SideSessions, ShowMessagesAndDeliverData) {
   const std::string finished = "Send All Data Config Finished";
   const std::string mini_bar = "Send Mini Bar Data Config Finished";
   const std::string old_tool = "This software is old version, Please contact vender for upgrade";
-  // Session, version, the box, lines of the log, and the section that the exchange holds afterwards; 0 for none.
+  // Session, version, the box, lines of the log, and the section that the exchange has afterwards (0 for
+  // none).
   const std::tuple<const char*, bool (*)(Transfer&), int, std::string, std::string, int> cases[] = {
       {"link table, old", SendLinkTable, 100, old_tool + " this software.", "Version : 1.00\r\n", 0},
       {"link table", SendLinkTable, 101, finished,
@@ -61,7 +62,7 @@ TEST(SideSessions, WordsAndWhatArrives) {
   }
 }
 
-TEST(MiniBar, GoesOutAndComesBackIntoACopyOfTheProject) {
+TEST(MiniBar, SendsAndLoadsIntoCopyOfTheProject) {
   for (const int by : {1, 2, 3, 4}) {
     SessionBench bench(by);
     ASSERT_TRUE(bench.Run(SendMiniBarList)) << bench.view.log;
@@ -79,7 +80,7 @@ TEST(MiniBar, GoesOutAndComesBackIntoACopyOfTheProject) {
   EXPECT_EQ(server.view.boxes, Boxes{"Request for Get MiniBar Error (RE)"});
 }
 
-TEST(MiniBar, EveryRecordComesIntoItsRowAlthoughAnswersComeTwice) {
+TEST(MiniBar, LoadsEveryRecordIntoItsRowDespiteRepeatedReplies) {
   for (const std::uint64_t seed : {1, 2, 3}) {
     SessionBench bench(3, 110, {.faults = FaultPlan{.dup = 0.02}, .seed = seed});
     for (int n = 0; n < kMiniBarRecords; ++n) {
@@ -93,11 +94,11 @@ TEST(MiniBar, EveryRecordComesIntoItsRowAlthoughAnswersComeTwice) {
     const IniText loaded(bench.Project());
     for (int n = 0; n < kMiniBarRecords; ++n)
       EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
-    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load once more")));
+    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load again")));
   }
 }
 
-/** Puts the first pack of a section that nobody asked for in front of each record. */
+/** Sends the first pack of an unrequested section before each record. */
 class Strays : public PortOnPort {
  public:
   using PortOnPort::PortOnPort;
@@ -110,7 +111,7 @@ class Strays : public PortOnPort {
   }
 };
 
-TEST(MiniBar, ItsLoadEndsAtItsRecordsWhateverBeganBefore) {
+TEST(MiniBar, LoadIgnoresUnrequestedSections) {
   SessionBench bench(4, 110, {.faults = FaultPlan{.delay_ms = 10}});
   bench.wrap = [](std::unique_ptr<Port> port) { return std::make_unique<Strays>(std::move(port)); };
   const auto patience = bench.events.StartTimer(60'000, [&] {
@@ -120,7 +121,7 @@ TEST(MiniBar, ItsLoadEndsAtItsRecordsWhateverBeganBefore) {
   bench.events.StopTimer(patience);
 }
 
-TEST(Billing, FilesInEverySize) {
+TEST(Billing, SendsFilesOfEverySize) {
   const std::string question =
       "This folder didn't contain some billing file, Do you still want to send data?";
   const auto run = [](SessionBench& bench) {
@@ -144,7 +145,7 @@ TEST(Billing, FilesInEverySize) {
   EXPECT_EQ(bench.view.boxes, Boxes{"Send billing files completed."});
   EXPECT_EQ(bench.memory.mode(), ExchangeMode::kNormal);
 
-  // What a version does with one file alone.
+  // What a version does with a single file.
   const std::tuple<int, const char*, std::size_t, Boxes> cases[] = {
       {110, "/b/other", 1, {"No Billing Files"}},
       {109, "/b/tblC08.bil", 1, {"Send billing files completed."}},
@@ -158,7 +159,7 @@ TEST(Billing, FilesInEverySize) {
   }
 }
 
-TEST(Billing, ATableThatCannotBeReadEndsIt) {
+TEST(Billing, UnreadableTableEndsSession) {
   SessionBench bench(4);
   bench.files.Put("/b/tbl0.bil", "a");
   bench.files.Put("/b/tbl1.bil", "b");
@@ -168,7 +169,7 @@ TEST(Billing, ATableThatCannotBeReadEndsIt) {
   EXPECT_EQ(bench.view.boxes, Boxes{"/b/tbl1.bil: made to fail"});
 }
 
-TEST(Ping, SaysHowLongItTook) {
+TEST(Ping, ReportsReplyTime) {
   for (const int by : {1, 3, 4, 0}) {
     SessionBench bench(by, 110, {.faults = FaultPlan{.delay_ms = 40}});
     EXPECT_TRUE(bench.Run(PingExchange));
@@ -190,11 +191,11 @@ TEST(Ping, SaysHowLongItTook) {
     EXPECT_FALSE(bench.Run(PingExchange));
     EXPECT_THAT(bench.view.log, HasSubstr(log));
     EXPECT_EQ(bench.view.boxes, boxes);
-    EXPECT_EQ(bench.opened.size(), by == 1 ? 1U : 0U);  // a ping by modem never touches the port
+    EXPECT_EQ(bench.opened.size(), by == 1 ? 1U : 0U);  // a ping by modem never opens the port
   }
 }
 
-TEST(PortTest, ItsDataAndTheWordsOfAnExchangeThatWantsALogIn) {
+TEST(PortTest, SendsItsDataAndReportsRefusals) {
   SessionBench bench(1);
   const auto with = [](auto session) {
     return [session](Transfer& transfer) { return session(transfer, "/f"); };
@@ -220,7 +221,8 @@ TEST(Compare, FindsWhatTheExchangeChanged) {
   EXPECT_EQ(bench.send_log.find(once), bench.send_log.rfind(once));
   EXPECT_THAT(bench.send_log, testing::Not(HasSubstr("Send Config:  37\r\n")));
 
-  // An exchange that spoils a section is told after the fourth difference; once is healed by sending again.
+  // A section that the exchange alters is reported after the fourth difference; a single one is repaired by
+  // resending.
   for (const int spoilings : {1, 100}) {
     SessionBench spoiled(4, 110);
     spoiled.view.compare = true;
@@ -244,7 +246,7 @@ TEST(Compare, FindsWhatTheExchangeChanged) {
   EXPECT_THAT(old.send_log, HasSubstr("Nothing is compared"));
 }
 
-TEST(Pace, TellsWhatCameAndWhatIsLeft) {
+TEST(Pace, ShowsProgressAndTimeLeft) {
   const Pace pace(82'000, 9600, 5'000);
   const std::tuple<int, int, const char*> cases[] = {
       {0, 0, "0 of 82,000 bytes"},
@@ -257,7 +259,7 @@ TEST(Pace, TellsWhatCameAndWhatIsLeft) {
   for (const auto& [done, ms, now] : cases) EXPECT_EQ(pace.Now(done, 5'000 + ms), now);
 }
 
-TEST(Pace, SaysOnceThatNothingComes) {
+TEST(Pace, ReportsSilenceOnce) {
   Pace pace(82'000, 9600, 5'000);
   const std::tuple<int, int, bool> cases[] = {{0, 14'999, false},   {0, 15'000, true},   {0, 60'000, false},
                                               {59, 61'000, false},  {59, 75'999, false}, {59, 76'000, true},
@@ -265,11 +267,11 @@ TEST(Pace, SaysOnceThatNothingComes) {
   for (const auto& [done, ms, silent] : cases) EXPECT_EQ(pace.FallsSilent(done, 5'000 + ms), silent) << ms;
 }
 
-TEST(Pace, EndsWithTheShareOfTheLine) {
+TEST(Pace, EndsWithShareOfTheLine) {
   EXPECT_EQ(Pace(82'000, 9600, 0).End(82'000, 126'100),
             "82,000 bytes in 2:06: 650 bytes/s, 67.7 % of the line");
   EXPECT_EQ(Pace(1'234'567, 0, 0).End(1'234'567, 0), "1,234,567 bytes in 0:00: 1,234,567,000 bytes/s");
-  // An adapter that keeps each byte for 16 ms leaves about a quarter of a fast line.
+  // An adapter that holds each byte back for 16 ms leaves about a quarter of a fast line.
   const std::string slow = Pace(82'000, 115'200, 0).End(82'000, 27'000);
   EXPECT_TRUE(slow.starts_with("82,000 bytes in 0:27: 3,037 bytes/s, 26.3 % of the line. Up to two thirds"))
       << slow;

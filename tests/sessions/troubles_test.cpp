@@ -1,4 +1,4 @@
-// What each session says of each trouble, to the letter.
+// The exact messages of each session for each kind of trouble.
 
 #include <gmock/gmock.h>
 
@@ -20,7 +20,7 @@ bool SendBilling(Transfer& transfer) {
   return SendBillingFiles(transfer, "/b");
 }
 
-/** The end of a load behind which no time has passed. */
+/** The end of a load that takes no time at all. */
 bool LoadInNoTime(Transfer& transfer) {
   transfer.Begin(TransferDirection::kLoad, "Load Data Config");
   const bool ended = BeginTemporary(transfer) && OpenConnection(transfer) &&
@@ -29,7 +29,7 @@ bool LoadInNoTime(Transfer& transfer) {
   return ended;
 }
 
-/** Loses each message of one code. */
+/** Drops every message with the given code. */
 class Loses : public PortOnPort {
  public:
   Loses(std::unique_ptr<Port> inner, std::uint8_t code) : PortOnPort(std::move(inner)), code_(code) {}
@@ -53,7 +53,7 @@ void LoseNewPassword(SessionBench& bench) {
   };
 }
 
-/** In the middle of the load. */
+/** Fails in the middle of the load. */
 void LoseTemporary(SessionBench& bench) {
   bench.files.fail_at = bench.files.calls + 9;
 }
@@ -65,7 +65,7 @@ struct Trouble {
   TransferForm form;
   FaultPlan faults;
   Prepare prepare;
-  const char* log;  // the end of the log window
+  const char* log;  // the end of the log window's text
   Boxes boxes;
   Boxes advice;
   const char* reason;
@@ -117,8 +117,8 @@ const Trouble kTroubles[] = {
      nullptr,
      "OK\r\nGetting Port...",
      {},
-     {std::string(kClosed) + "Give up and begin again.",
-      "Nothing came for 15 seconds. If that lasts, the rest may be lost: give up and begin again."},
+     {std::string(kClosed) + "Give up and start again.",
+      "Nothing received for 15 seconds. If this continues, the rest may be lost: give up and start again."},
      ""},
     {"closed, a send over a serial line",
      SendConfiguration,
@@ -140,7 +140,7 @@ const Trouble kTroubles[] = {
      {"Send Port failed (RE)"},
      {std::string(kClosed) + "The session ends by itself."},
      "Send Port failed (RE)"},
-    {"a new password that is not taken",
+    {"a new password that is not accepted",
      SendConfiguration,
      4,
      kConnect,
@@ -150,7 +150,7 @@ const Trouble kTroubles[] = {
      {"Update New Password Error"},
      {},
      "Update New Password Error"},
-    {"the same in front of billing files",
+    {"the same before billing files",
      SendBilling,
      4,
      kBilling,
@@ -160,7 +160,7 @@ const Trouble kTroubles[] = {
      {"Update New Password Error"},
      {},
      "Update New Password Error"},
-    {"a temporary project that can't be written",
+    {"a temporary project that cannot be written",
      LoadConfiguration,
      4,
      kConnect,
@@ -172,13 +172,13 @@ const Trouble kTroubles[] = {
      "/t/1/outcfg.tvk: made to fail"},
 };
 
-TEST(EverySession, SaysWhatItsTroubleIs) {
+TEST(EverySession, ReportsItsTrouble) {
   for (const Trouble& trouble : kTroubles) {
     SCOPED_TRACE(trouble.what);
     SessionBench bench(trouble.by, 110, {.faults = trouble.faults});
     bench.files.Put("/b/tbl0.bil", "a");
     if (trouble.prepare != nullptr) trouble.prepare(bench);
-    // Who waits without an end gives up after a minute.
+    // Waits without a time limit are aborted after a minute.
     const auto patience = bench.events.StartTimer(60'000, [&] {
       if (bench.transfer != nullptr) bench.transfer->Abort();
     });

@@ -35,7 +35,7 @@ TEST(Simulation, ASendOverADamagedLineAdvisesTheCompare) {
   // Version, rate of flipped bits, whether it compares, and how the advice ends; "" where none is due.
   const std::tuple<int, double, bool, const char*> cases[] = {
       {110, 0, false, ""},
-      {110, 0.01, false, "Send once more with compare."},
+      {110, 0.01, false, "Send again with compare."},
       {108, 0.01, false, "Load the configuration and compare it with the project."},
       {110, 0.001, true, ""}};
   for (const auto& [version, flip, compare, advice] : cases) {
@@ -49,8 +49,7 @@ TEST(Simulation, ASendOverADamagedLineAdvisesTheCompare) {
   SessionBench refused(0, 110, {.faults = FaultPlan{.dup = 0.01, .error_reply = 0.001}, .seed = 21});
   ASSERT_TRUE(refused.Run(SendConfiguration)) << refused.view.log;
   EXPECT_FALSE(refused.memory.sections().contains(24));
-  EXPECT_THAT(refused.view.advice,
-              ::testing::ElementsAre(::testing::EndsWith("Send once more with compare.")));
+  EXPECT_THAT(refused.view.advice, ::testing::ElementsAre(::testing::EndsWith("Send again with compare.")));
 }
 
 TEST(Simulation, AProjectThatCanNotBeReadIsNeitherSentNorChanged) {
