@@ -7,13 +7,13 @@
 namespace tarvok::exchange {
 namespace {
 
-/** So many bytes of one value. */
+/** A number of bytes with the same value. */
 struct Run {
   int count = 0;
   std::uint8_t value = 0;
 };
 
-/** A head, and behind it a record again and again to the end of the image. */
+/** A head, followed by a record that repeats to the end of the image. */
 struct Blank {
   int section = 0;
   Run head;
@@ -26,23 +26,23 @@ constexpr std::array kBlanks = {
     Blank{2, {16, 0}, {Run{2, 255}, Run{2, 0}}},              // every mode off, no number to transfer to
     Blank{3, {2, 255}, {Run{24, 0}, Run{1, 1}, Run{13, 0}}},  // no local code, no charge, country 1
     Blank{3, {}, {Run{1, 0}}},                                // no charges
-    Blank{5, {}, {Run{1, 0}}},                                // no list of digits
+    Blank{5, {}, {Run{1, 0}}},                                // no digit list
     Blank{6, {}, {Run{1, 0}}},                                //
-    Blank{10, {}, {Run{9, 255}, Run{40, 0}}},                 // a route without group
+    Blank{10, {}, {Run{9, 255}, Run{40, 0}}},                 // a route without a group
     Blank{11, {64, 0}, {Run{1, 255}}},                        // totals, then free members
-    Blank{14, {}, {Run{1, 0}}},                               // names, which 255 would fill
+    Blank{14, {}, {Run{1, 0}}},                               // names are not filled with 255
     Blank{15, {40, 0}, {Run{1, 255}}},                        // totals, then free members
-    Blank{17, {2200, 255}, {Run{1, 0}}},                  // 200 accounts, and room for 300 that nobody uses
-    Blank{19, {}, {Run{10, 0}, Run{2, 255}}},             // a number without digits
-    Blank{21, {}, {Run{1, 0}}},                           //
-    Blank{24, {}, {Run{1, 0}}},                           // times 00:00
-    Blank{25, {}, {Run{1, 0}}},                           //
-    Blank{26, {}, {Run{1, 0}}},                           // no holiday
-    Blank{27, {}, {Run{1, 0}}},                           // keys without function
-    Blank{37, {2, 0}, {Run{1, 0x10}}},                    // links over device 1, card 0
-    Blank{38, {}, {Run{1, 0}}},                           //
-    Blank{39, {}, {Run{1, 0}}},                           //
-    Blank{41, {}, {Run{1, 0}}},                           //
+    Blank{17, {2200, 255}, {Run{1, 0}}},       // 200 accounts, and room for 300 that are never used
+    Blank{19, {}, {Run{10, 0}, Run{2, 255}}},  // a number without digits
+    Blank{21, {}, {Run{1, 0}}},                //
+    Blank{24, {}, {Run{1, 0}}},                // times 00:00
+    Blank{25, {}, {Run{1, 0}}},                //
+    Blank{26, {}, {Run{1, 0}}},                // no holiday
+    Blank{27, {}, {Run{1, 0}}},                // keys without a function
+    Blank{37, {2, 0}, {Run{1, 0x10}}},         // links over device 1, card 0
+    Blank{38, {}, {Run{1, 0}}},                //
+    Blank{39, {}, {Run{1, 0}}},                //
+    Blank{41, {}, {Run{1, 0}}},                //
     Blank{42, {}, {Run{6, 0}, Run{1, 255}, Run{13, 0}}},  // the rest of a default profile
     Blank{44, {}, {Run{1, 0}}},                           //
     Blank{46, {}, {Run{1, 0}}},                           //
@@ -55,7 +55,7 @@ void Append(Bytes& image, Run run) {
   image.insert(image.end(), static_cast<std::size_t>(run.count), run.value);
 }
 
-/** 20 digits, none of them set, and the rest of the record 255. */
+/** A record with 20 unset digits; the rest is 255. */
 Bytes BlankRouteMap(std::size_t size) {
   Bytes image;
   const int rest = static_cast<int>(size) / kRouteMapRecords - kRouteMapDigits;

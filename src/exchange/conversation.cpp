@@ -42,7 +42,7 @@ void Conversation::Take(Message message) {
   const ToolMessage* kind = FindToolMessage(code);
   complain_((kind != nullptr ? std::string(kind->name) + ": " : std::string()) + refusal + " [" +
             Bytes64(message) + "]");
-  // An answer is never answered: two sides that refuse each other's refusals would not end.
+  // Never answer an answer: two sides that refuse each other's refusals would not stop.
   if (!IsAnswer(code)) Answer(reply::kError);
 }
 
@@ -54,7 +54,7 @@ Conversation::Refusal Conversation::RefuseShape(Message message) {
   const std::uint8_t code = message[kCodeAt];
   const ToolMessage* kind = FindToolMessage(code);
   if (kind == nullptr) return "a message with an unknown code";
-  // A tool that is connected directly marks its answers in the second byte as well.
+  // A directly connected tool also marks the second byte of its answers.
   const bool second_may_be_set = IsAnswer(code) && message[kAddressAt] == kDirect;
   if (message[kSecondAt] != 0 && !(second_may_be_set && message[kSecondAt] == kDirect))
     return "byte 2 is not 0";
@@ -156,7 +156,7 @@ Conversation::Refusal Conversation::SetMode(int number) {
 }
 
 Conversation::Refusal Conversation::CheckPassword(Message password) {
-  if (memory_.mode() == ExchangeMode::kNormal) return "a password before a mode is set";
+  if (memory_.mode() == ExchangeMode::kNormal) return "a password before a mode was set";
   allowed_.reset();
   if (!memory_.passwords().Permits(password, memory_.mode())) {
     return "wrong password, or not for mode " + std::to_string(static_cast<int>(memory_.mode()));
@@ -167,7 +167,7 @@ Conversation::Refusal Conversation::CheckPassword(Message password) {
 
 Conversation::Refusal Conversation::SetTime(Message time) {
   if (Refusal wrong = RefuseMode(ExchangeMode::kConfiguration); !wrong.empty()) return wrong;
-  // Hour, minute, weekday from Sunday 0, day, month, year: two decimal digits each, but for the weekday.
+  // Hour, minute, weekday (Sunday 0), day, month, year: two decimal digits each, except for the weekday.
   constexpr std::array<std::uint8_t, kClockSize> kLeast = {0, 0, 0, 1, 1, 0};
   constexpr std::array<std::uint8_t, kClockSize> kMost = {0x23, 0x59, 6, 0x31, 0x12, 0x99};
   for (std::size_t i = 0; i < kClockSize; ++i) {
@@ -189,7 +189,7 @@ Conversation::Refusal Conversation::GetSection(int number) {
 Conversation::Refusal Conversation::GetMiniBar(int number) {
   if (Refusal wrong = RefuseMode(ExchangeMode::kMiniBar); !wrong.empty()) return wrong;
   if (Refusal wrong = memory_.RefuseMiniBar(number, kMiniBarRecordSize); !wrong.empty()) return wrong;
-  // A byte that nobody reads, the number, then the record as far as it is of use.
+  // An unused byte, the number, then the part of the record that a load uses.
   Bytes payload = {0, static_cast<std::uint8_t>(number % 256), static_cast<std::uint8_t>(number / 256)};
   const std::span<const std::uint8_t> record = memory_.MiniBar(number).first(kMiniBarLoaded);
   payload.insert(payload.end(), record.begin(), record.end());

@@ -16,23 +16,23 @@
 namespace tarvok::exchange {
 
 /**
- * What the exchange says to one tool. It is strict: whatever a message should not be is answered by an error
- * reply and told in one line. Data is taken and given in its mode alone, behind a password that the mode
- * takes; the way back to mode 0 is open at any time and ends what the password allowed.
+ * The exchange's conversation with one tool. It is strict: every invalid message is answered with an error
+ * reply and reported in one line. Data is accepted and sent only in the matching mode, after a password that
+ * permits the mode. Mode 0 can be set at any time and ends what the password allowed.
  */
 class Conversation {
  public:
   Conversation(EventServer& events, MessageEnd& end, ExchangeMemory& memory, Complain complain);
 
-  /** A message as it came. */
+  /** Takes a message as received. */
   void Take(std::span<const std::uint8_t> message);
-  /** Asked before a command is looked at: true answers it by an error reply, for practice. */
+  /** Called before a command is examined: true answers it with an error reply, for practice. */
   void set_error_wish(std::function<bool()> wish) { error_wish_ = std::move(wish); }
   const IncomingPacks& packs() const { return packs_; }
 
  private:
   using Message = std::span<const std::uint8_t>;
-  /** "" if the message was good and is answered, else what is wrong with it. */
+  /** "" if the message was valid and has been answered; otherwise what is wrong with it. */
   using Refusal = std::string;
 
   static Refusal RefuseShape(Message message);

@@ -8,11 +8,11 @@
 namespace tarvok::exchange {
 namespace {
 
-/** An exchange below this version lacks the last billing table. */
+/** Exchanges below this version lack the last billing table. */
 constexpr int kAllTablesFrom = 110;
 constexpr int kBillingTables = 14;
 
-/** The level of a section that carries a new password, 0 for any other. */
+/** The level whose password the section sets; 0 for any other section. */
 int PasswordLevelOf(int section) {
   const auto found = std::find(kPasswordSections.begin(), kPasswordSections.end(), section);
   return found == kPasswordSections.end() ? 0 : static_cast<int>(found - kPasswordSections.begin()) + 1;
@@ -41,8 +41,7 @@ std::string ExchangeMemory::RefuseSection(int number, int size) const {
   if (PasswordLevelOf(number) == 0) {
     const Section* section = FindSection(number);
     wanted = SizeAt(number, version_, Direction::kSend);
-    // Sections with a session of their own have no version from which a send of the configuration carries
-    // them.
+    // Sections with a session of their own have no first version for sends of the configuration.
     const bool known = section != nullptr && (section->send_from <= version_ || section->send_from == kNever);
     if (!known || wanted == 0) return Number("there is no section", number) + Number(" at version", version_);
   }
@@ -67,7 +66,7 @@ std::string ExchangeMemory::RefuseSector(int table, int sector, int size) const 
   }
   const auto found = billing_.find(table);
   const int due = found == billing_.end() ? 0 : found->second.sectors;
-  // The first sector may always come, and the last one again.
+  // The first sector is always allowed, and so is a repetition of the last one.
   if (sector != 0 && sector != due && sector != due - 1) {
     return Number("billing table", table) + Number(": sector", sector) + Number(" where sector", due) +
            " is due";

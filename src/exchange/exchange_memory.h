@@ -17,23 +17,23 @@ namespace tarvok::exchange {
 
 inline constexpr int kMiniBarRecords = 512;
 inline constexpr int kMiniBarRecordSize = 32;
-/** Name and price, the part of a mini bar record that a load carries. */
+/** Size of name and price, the part of a mini bar record that a load contains. */
 inline constexpr int kMiniBarLoaded = 22;
-/** Most bytes of a billing sector. */
+/** Maximum size of a billing sector in bytes. */
 inline constexpr int kMostSectorBytes = 512;
 inline constexpr int kClockSize = 6;
 
-/** nullopt if there is no such mode. */
+/** nullopt if the mode does not exist. */
 std::optional<ExchangeMode> ModeOfNumber(int number);
 
-/** The bytes of a billing table with the place where its last sector starts. */
+/** The bytes of a billing table and the offset of its last sector. */
 struct BillingTable {
   Bytes bytes;
   std::size_t last_sector_start = 0;
-  int sectors = 0;  // taken since the program started
+  int sectors = 0;  // received since the program started
 };
 
-/** A part of the memory, as far as it is kept in a file of its own. */
+/** A part of the memory that is kept in a file of its own. */
 struct MemoryPart {
   enum class Kind { kSection, kMiniBar, kBilling, kMode, kClock, kPasswords };
   Kind kind;
@@ -45,8 +45,8 @@ struct MemoryPart {
 };
 
 /**
- * What an exchange of one version holds. It takes only what belongs into an exchange of that version: the
- * Refuse functions say in words what is wrong, or "".
+ * What an exchange of a given version stores. It accepts only data that exists in that version: the Refuse
+ * functions return a text that says what is wrong, or "".
  */
 class ExchangeMemory {
  public:
@@ -54,7 +54,7 @@ class ExchangeMemory {
   explicit ExchangeMemory(int version) : version_(version) {}
 
   int version() const { return version_; }
-  /** Told of each change, behind it. */
+  /** Called after each change. */
   void set_on_change(std::function<void(MemoryPart)> handler) { on_change_ = std::move(handler); }
 
   std::string RefuseSection(int number, int size) const;
@@ -62,13 +62,16 @@ class ExchangeMemory {
   std::string RefuseMiniBar(int record, int size) const;
   std::string RefuseSector(int table, int sector, int size) const;
 
-  /** Section 29 to 31 is a new level password. The size must be right. */
+  /** Sections 29 to 31 set a level's password. The size must be right. */
   void SetSection(int number, Bytes image);
-  /** What a load gets, in the version's layout; a section that never came reads as an empty project's. */
+  /**
+   * The section in the version's layout, as a load receives it. A section that was never sent reads as that
+   * of an empty project.
+   */
   Bytes SectionForLoad(int number) const;
   void SetMiniBar(int record, std::span<const std::uint8_t> bytes);
   std::span<const std::uint8_t> MiniBar(int record) const;
-  /** Sector 0 begins the table anew; a sector that comes again replaces itself. */
+  /** Sector 0 starts the table anew; a repeated sector replaces itself. */
   void SetSector(int table, int sector, const Bytes& bytes);
 
   ExchangeMode mode() const { return mode_; }
@@ -76,10 +79,10 @@ class ExchangeMemory {
   const std::optional<Bytes>& clock() const { return clock_; }
   void set_clock(Bytes clock);
   const LevelPasswords& passwords() const { return passwords_; }
-  /** Sets the levels that have a password there, and leaves the others. */
+  /** Sets the passwords of the levels that have one in `passwords`, and leaves the others unchanged. */
   void AddPasswords(const LevelPasswords& passwords);
 
-  /** As they came, for the files. */
+  /** The images as received, for the files. */
   std::map<int, Bytes>& sections() { return sections_; }
   Bytes& mini_bar() { return mini_bar_; }
   std::map<int, BillingTable>& billing() { return billing_; }

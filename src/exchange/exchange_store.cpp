@@ -22,7 +22,7 @@ std::string ToText(std::span<const std::uint8_t> bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
-/** The mode that a text names; nullopt if it names none. */
+/** Parses a mode; nullopt if the text is not one. */
 std::optional<ExchangeMode> ModeOf(const std::string& text) {
   int number = -1;
   std::from_chars(text.data(), text.data() + text.size(), number);
@@ -122,18 +122,18 @@ std::string ExchangeStore::Take(MemoryPart part, const std::string& bytes) {
     case Kind::kMode: {
       const std::optional<ExchangeMode> mode = ModeOf(bytes);
       if (mode) memory_.set_mode(*mode);
-      return mode ? "" : "no mode";
+      return mode ? "" : "not a mode";
     }
     case Kind::kClock: {
       const std::optional<Bytes> clock = ParseHex(bytes);
       if (clock && clock->size() == kClockSize) memory_.set_clock(*clock);
-      return clock && (clock->empty() || clock->size() == kClockSize) ? "" : "no clock";
+      return clock && (clock->empty() || clock->size() == kClockSize) ? "" : "not a clock";
     }
     case Kind::kPasswords:
       break;
   }
   LevelPasswords passwords;
-  if (!passwords.Read(bytes)) return "no passwords";
+  if (!passwords.Read(bytes)) return "not passwords";
   memory_.AddPasswords(passwords);
   return "";
 }

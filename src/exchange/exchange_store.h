@@ -14,22 +14,23 @@
 namespace tarvok::exchange {
 
 /**
- * The exchange's memory on disk, in a folder: NN.bin for each section that came, minibar.bin, billing/N.bin
- * for table N, and the texts mode (a number), clock (six bytes in hexadecimal) and passwords. Each change is
- * written whole, shortly after it, so that a burst of changes is one write a file; Flush writes what is left.
+ * Stores the exchange's memory in a folder: NN.bin for each section received, minibar.bin, billing/N.bin for
+ * table N, and the texts mode (a number), clock (six bytes in hexadecimal) and passwords. Files are written
+ * as a whole, with a short delay, so that a burst of changes writes each file once; Flush writes what is
+ * pending.
  */
 class ExchangeStore {
  public:
-  /** `folder` and its folder "billing" must exist. */
+  /** `folder` and its subfolder "billing" must exist. */
   ExchangeStore(EventServer& events, FileSystem& files, std::string folder, ExchangeMemory& memory,
                 Complain complain);
   ~ExchangeStore();
   ExchangeStore(const ExchangeStore&) = delete;
   ExchangeStore& operator=(const ExchangeStore&) = delete;
 
-  /** Reads what is there into the memory. A file that does not fit the memory's version is an error. */
+  /** Reads the existing files into the memory. A file that does not fit the memory's version is an error. */
   Status Load();
-  /** Writes what has changed, and the parts that have a file at any time; the first error is the result. */
+  /** Writes all changes, and the parts that always have a file. Returns the first error. */
   Status Flush();
 
  private:

@@ -17,7 +17,7 @@ std::optional<Number> Read(std::string_view text) {
   return number;
 }
 
-/** "" if the piece was good, else what its value should be. */
+/** "" if the item was valid, otherwise what it should be. */
 std::string TakePiece(std::string_view name, std::string_view value, FaultPlan& plan) {
   const std::pair<std::string_view, double*> chances[] = {
       {"drop", &plan.drop}, {"flip", &plan.flip}, {"dup", &plan.dup}, {"error-reply", &plan.error_reply}};
@@ -34,7 +34,7 @@ std::string TakePiece(std::string_view name, std::string_view value, FaultPlan& 
     plan.delay_ms = *number;
     return "";
   }
-  if (name != "silent-after" && name != "hangup-after") return "is no fault";
+  if (name != "silent-after" && name != "hangup-after") return "is not a fault";
   if (!number || *number < 0 || *number > kMostUnits) return "needs a count of units, 0 or more";
   (name == "silent-after" ? plan.silent_after : plan.hangup_after) = number;
   return "";

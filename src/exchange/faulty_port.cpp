@@ -33,7 +33,8 @@ FaultyPort::FaultyPort(EventServer& events, std::unique_ptr<Port> inner, const F
       out_chances_(2 * seed + 1) {}
 
 Bytes FaultyPort::Damage(std::span<const std::uint8_t> unit, Chances& chances) const {
-  // The three chances are always drawn, so that a unit's fate does not depend on which faults are asked for.
+  // Always draw all three chances, so that what happens to a unit does not depend on which faults are
+  // enabled.
   const bool drop = chances.Happens(plan_.drop);
   const bool flip = chances.Happens(plan_.flip);
   const bool dup = chances.Happens(plan_.dup);
@@ -80,7 +81,7 @@ void FaultyPort::OnBytes(std::span<const std::uint8_t> bytes) {
   while (const std::size_t size = uncut_.empty() || dead_ ? 0 : cutter_(uncut_)) {
     const Bytes unit = Damage(std::span(uncut_).first(size), in_chances_);
     uncut_.erase(uncut_.begin(), uncut_.begin() + static_cast<std::ptrdiff_t>(size));
-    // The unit that fills the count still passes; the line dies behind it.
+    // The unit that completes the count still passes; then the line goes dead.
     dead_ = plan_.silent_after && units_ >= *plan_.silent_after;
     hang_up = plan_.hangup_after && units_ >= *plan_.hangup_after;
     ++units_;

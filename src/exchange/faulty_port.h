@@ -13,21 +13,23 @@
 
 namespace tarvok::exchange {
 
-/** Tells how many bytes the first unit of what came has; 0 if it is not whole yet. */
+/** Returns the size of the first unit in the received bytes; 0 if it is incomplete. */
 using UnitCutter = std::function<std::size_t(std::span<const std::uint8_t>)>;
 
-/** Frames and control frames of the link; a byte between them is a unit by itself. */
+/** Frames and control frames of the link; each byte between them is a unit of its own. */
 std::size_t LinkUnit(std::span<const std::uint8_t> bytes);
 /** Packets to the relay server. */
 std::size_t ServerUnit(std::span<const std::uint8_t> bytes);
-/** Messages of a LAN stream: the tool writes one and waits, so what comes at once is one. */
+/**
+ * Messages of a LAN stream: the tool writes one and waits, so everything that arrives together is one unit.
+ */
 inline std::size_t LanUnit(std::span<const std::uint8_t> bytes) {
   return bytes.size();
 }
 
 /**
- * A port that damages what passes. The exchange sends one unit a Send; what comes is cut into units. The fate
- * of the k-th unit of a direction depends on the seed and k alone.
+ * A port that damages the units that pass through it. The exchange sends one unit per Send; received bytes
+ * are cut into units. What happens to the k-th unit of a direction depends only on the seed and k.
  */
 class FaultyPort : public PortOnPort {
  public:
@@ -44,7 +46,7 @@ class FaultyPort : public PortOnPort {
   void OnBytes(std::span<const std::uint8_t> bytes) override;
 
  private:
-  /** The unit as it comes out: damaged, empty if it is lost, doubled if it comes twice. */
+  /** The unit after damage: changed, empty if it is lost, repeated if it is duplicated. */
   Bytes Damage(std::span<const std::uint8_t> unit, Chances& chances) const;
   void SendLater(Bytes bytes);
   void StopTimers();
@@ -55,7 +57,7 @@ class FaultyPort : public PortOnPort {
   Chances in_chances_;
   Chances out_chances_;
   Bytes uncut_;
-  int units_ = 0;  // that came from the tool
+  int units_ = 0;  // received from the tool
   bool dead_ = false;
   std::set<EventServer::TimerId> delayed_;
 };

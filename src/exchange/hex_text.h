@@ -11,9 +11,9 @@
 
 namespace tarvok::exchange {
 
-/** Two upper-case hexadecimal digits a byte, nothing between them. */
+/** Two upper-case hexadecimal digits per byte, without separators. */
 std::string HexText(std::span<const std::uint8_t> bytes);
-/** Reads that; blanks and line ends between bytes are skipped. nullopt for anything else. */
+/** Parses such a text; blanks and line ends between bytes are skipped. nullopt for anything else. */
 std::optional<Bytes> ParseHex(std::string_view text);
 
 }  // namespace tarvok::exchange

@@ -10,7 +10,7 @@
 
 namespace tarvok::exchange {
 
-/** A section, mini bar record or billing sector that came whole. */
+/** A complete section, mini bar record or billing sector. */
 struct IncomingData {
   std::uint8_t code = 0;
   int number = 0;  // section or record; a billing table's low byte is the table, its high byte the sector
@@ -18,33 +18,38 @@ struct IncomingData {
 };
 
 /**
- * Puts the packs of a message together. The packs of a message count from 0, and behind 255 comes 0 again. A
- * pack that comes twice in a row is good, but counts once.
+ * Assembles the packs of a message. Packs are numbered from 0, and 255 is followed by 0. An immediately
+ * repeated pack is valid, but counts once.
  */
 class IncomingPacks {
  public:
-  /** What became of a pack. */
+  /** The result of taking a pack. */
   struct Outcome {
-    std::string refusal;                  // "" if it is good
-    std::optional<IncomingData> whole{};  // with the last pack
+    std::string refusal;                  // "" if it is valid
+    std::optional<IncomingData> whole{};  // set with the last pack
   };
 
-  /** Declared size and number of a first pack, which must have its header. */
+  /** The number in a first pack. The pack must have its whole header. */
   static int NumberOf(std::span<const std::uint8_t> first_pack);
   static int SizeOf(std::span<const std::uint8_t> first_pack);
 
-  /** Whether this is the pack that was taken last, once more. */
+  /** True if this is a repetition of the last pack. */
   bool IsRepeat(std::span<const std::uint8_t> pack) const;
-  /** Begins a message, its number and size being good. */
+  /** Starts a message, whose number and size are valid. */
   Outcome TakeFirst(std::span<const std::uint8_t> pack);
   Outcome TakeNext(std::span<const std::uint8_t> pack);
-  /** Another message came: a pack of this one that comes again is no repeat any more. */
+  /** Another message came: a repeated pack of this one is no longer valid. */
   void Interrupt();
 
-  /** The sequence byte that an enquiry is answered with: that of the pack which is due. 0 when no message is
-   * under way, so that the sender of a lost first pack sends it again. */
+  /**
+   * The sequence byte with which an enquiry is answered: that of the expected pack, or 0 when no message is
+   * in progress, so that the sender of a lost first pack sends it again.
+   */
   std::uint8_t due() const { return due_; }
-  /** Payload bytes of the later pack with that sequence byte, negative if it belongs to nothing. */
+  /**
+   * The number of payload bytes in the later pack with that sequence byte; negative if it does not belong to
+   * a message.
+   */
   int PayloadOf(std::uint8_t sequence) const;
 
  private:
@@ -54,7 +59,7 @@ class IncomingPacks {
   std::size_t size_ = 0;
   bool under_way_ = false;
   std::uint8_t due_ = 0;
-  Bytes last_pack_;  // empty: none
+  Bytes last_pack_;  // empty if none
 };
 
 }  // namespace tarvok::exchange

@@ -8,7 +8,7 @@
 namespace tarvok::exchange {
 namespace {
 
-/** The highest level number, and so the weakest password, that may use the mode. */
+/** The highest level number, and so the weakest password, that permits the mode. */
 int WeakestLevel(ExchangeMode mode) {
   switch (mode) {
     case ExchangeMode::kConfiguration:

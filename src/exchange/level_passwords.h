@@ -16,8 +16,8 @@ namespace tarvok::exchange {
 inline constexpr int kPasswordLevels = 3;
 
 /**
- * The exchange's passwords. Level 1 may do everything, level 2 all but the configuration, level 3 the mini
- * bar alone. As long as no level has a password, every password passes.
+ * The exchange's passwords. Level 1 permits everything, level 2 everything but the configuration, level 3
+ * only the mini bar. As long as no level has a password, every password is accepted.
  */
 class LevelPasswords {
  public:
@@ -26,12 +26,12 @@ class LevelPasswords {
   const std::optional<PackedPassword>& Get(int level) const {
     return levels_[static_cast<std::size_t>(level - 1)];
   }
-  /** Whether that password may put the exchange into that mode. */
+  /** True if the password permits the mode. */
   bool Permits(std::span<const std::uint8_t> password, ExchangeMode mode) const;
 
   /** Lines "LEVEL HEX", such as "1 1234FF". */
   std::string Text() const;
-  /** Reads Text; false if it is none. */
+  /** Parses Text; false if it is invalid. */
   [[nodiscard]] bool Read(std::string_view text);
 
  private:

@@ -6,10 +6,13 @@
 namespace tarvok::exchange {
 namespace {
 
-/** Well below the second after which the tool enquires. When both sides enquire at once the tool may take the answer that
- * it gets for one to its next frame, and sends that twice: an answer more than commands, for the rest of the session. */
+/**
+ * Well below the second after which the tool enquires. If both sides enquire at once, the tool may take the
+ * reply for an acknowledgement of its next frame and send that frame twice; from then on, for the rest of the
+ * session, there is one more reply than commands.
+ */
 constexpr int kFramePatience_ms = 300;
-/** Enquiries for one frame, after which it is given up. */
+/** The number of enquiries for a frame before it is given up. */
 constexpr int kMostTries = 20;
 
 }  // namespace
@@ -33,7 +36,7 @@ void LinkEnd::TakeByte(std::uint8_t byte) {
   } else if (state_ == State::kData) {
     Store(byte);
   }
-  // Any other byte is noise between frames, a modem's leftovers for instance.
+  // Any other byte is noise between frames, such as leftovers of a modem.
 }
 
 void LinkEnd::TakeSecond(std::uint8_t byte) {
@@ -85,7 +88,7 @@ void LinkEnd::FinishFrame(std::uint8_t check) {
     SendControl(kNak);
     return;
   }
-  if (data.empty()) {  // Establish: everything starts anew
+  if (data.empty()) {  // Establish: everything starts again
     established_ = true;
     rx_count_ = 1;
     tx_count_ = 0;
@@ -126,14 +129,14 @@ void LinkEnd::TakeAck(bool is_ack0) {
     in_flight_.reset();
     SendNext();
   } else if (enq_pending_) {
-    // The other side has the frame before this one: this one was lost.
+    // The other side has only the previous frame: this one was lost.
     SendInFlight();
   }
 }
 
 void LinkEnd::SendControl(std::uint8_t control) {
-  // The tool takes the byte behind a control code for the address, whatever it is. A doubled 10H would leave
-  // it with one 10H too many, and the next frame would be lost.
+  // The tool takes the byte after a control code as the address, whatever it is. Doubling 10H would leave it
+  // with an extra 10H, and the next frame would be lost.
   const std::array<std::uint8_t, 3> bytes = {kDle, control, kExchangeAddress};
   port_.Send(bytes);
 }
@@ -166,11 +169,12 @@ void LinkEnd::OnPatienceEnded() {
     SendNext();
     return;
   }
-  // The frame itself is not sent again before the other side says that it lacks it: nobody tests for a frame
-  // that comes twice, and a pack of a section that is taken twice spoils the section.
+  // Do not repeat the frame before the other side says that it lacks it: nobody checks for repeated frames,
+  // and a repeated pack would spoil the section.
   enq_pending_ = true;
-  // A receiver that took a damaged byte for a single 10H reads this side's control frames, which begin and end with one,
-  // shifted by a byte for ever. A byte that is none brings it back; it does no harm to anybody else.
+  // A receiver that mistook a damaged byte for a single 10H reads all control frames of this side, which
+  // begin and end with 10H, shifted by one byte. Any other byte puts it back in step and does no harm
+  // otherwise.
   const std::uint8_t no_dle = 0;
   if (tries_ > 1) port_.Send({&no_dle, 1});
   SendControl(kEnq);

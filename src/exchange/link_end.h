@@ -13,10 +13,9 @@
 namespace tarvok::exchange {
 
 /**
- * The exchange's end of the byte-stuffed, acknowledged link: it sends the address 0x10 and takes 0x01. The
- * n-th frame, the Establish counted, is acknowledged by Ack0 for odd n and Ack1 for even n, in both
- * directions; the exchange's first frame behind an Establish is its number 1. One frame is in flight, later
- * ones wait.
+ * The exchange's end of the byte-stuffed, acknowledged link: it sends with address 0x10 and accepts 0x01. In
+ * both directions, the n-th frame, counting the Establish, is acknowledged with Ack0 for odd n and Ack1 for
+ * even n; the exchange's first frame after an Establish is number 1. One frame is in flight; later ones wait.
  */
 class LinkEnd : public MessageEnd {
  public:
@@ -27,7 +26,7 @@ class LinkEnd : public MessageEnd {
   LinkEnd& operator=(const LinkEnd&) = delete;
 
   void Send(std::span<const std::uint8_t> message) override;
-  /** Bytes of the line, in any split. */
+  /** Takes bytes from the line, however they are split. */
   void Take(std::span<const std::uint8_t> bytes);
 
  private:

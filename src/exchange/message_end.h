@@ -10,10 +10,10 @@
 
 namespace tarvok::exchange {
 
-/** Where the practice exchange says what it disliked, one line a call. */
+/** Reports what the practice exchange objects to, one line per call. */
 using Complain = std::function<void(std::string_view)>;
 
-/** The exchange's end of a transport: messages of the tool come out of it, answers go into it. */
+/** The exchange's end of a transport: it delivers messages from the tool and sends replies. */
 class MessageEnd {
  public:
   using MessageHandler = std::function<void(std::span<const std::uint8_t>)>;
@@ -21,7 +21,7 @@ class MessageEnd {
   virtual ~MessageEnd() = default;
   /** Sends one message of at most 64 bytes. */
   virtual void Send(std::span<const std::uint8_t> message) = 0;
-  /** Called with each message as it came, however long or short. */
+  /** Called with each message as received, whatever its length. */
   void set_on_message(MessageHandler handler) { on_message_ = std::move(handler); }
 
  protected:

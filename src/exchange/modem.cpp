@@ -7,9 +7,9 @@ namespace tarvok::exchange {
 namespace {
 
 constexpr int kDialling_ms = 500;
-/** Silence on both sides of a command within a call. */
+/** The silence required before and after a command during a call. */
 constexpr int kGuard_ms = 1000;
-/** How long the bytes of such a command may take to come. */
+/** The time within which such a command must be complete. */
 constexpr int kHold_ms = 300;
 constexpr std::size_t kMostCommand = 256;
 constexpr std::string_view kHangUp = "ATH0";
@@ -22,7 +22,7 @@ std::string Upper(std::string_view text) {
   return upper;
 }
 
-/** Takes the digits at the front of a text. */
+/** Removes the digits at the front of a text and returns them. */
 std::string TakeDigits(std::string_view& text) {
   const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
   std::string digits(text.substr(0, count));
@@ -32,7 +32,7 @@ std::string TakeDigits(std::string_view& text) {
 
 }  // namespace
 
-/** The exchange's end of a call. */
+/** The exchange's side of a call. */
 class ModemCall : public Port {
  public:
   explicit ModemCall(Modem& modem) : modem_(&modem) {}
@@ -74,7 +74,7 @@ Modem::~Modem() {
 }
 
 void Modem::Take(std::span<const std::uint8_t> bytes) {
-  // A dial takes its time on the line too: bytes that come meanwhile are nobody's.
+  // Dialling takes time: bytes that arrive meanwhile are lost.
   std::size_t at = 0;
   while (state_ == State::kCommand && at < bytes.size()) TakeCommandByte(bytes[at++]);
   if (state_ == State::kConnected && at < bytes.size()) TakeCallBytes(bytes.subspan(at));

@@ -16,24 +16,24 @@ namespace tarvok::exchange {
 class ModemCall;
 
 /**
- * A Hayes modem in front of the exchange. A command line ends at CR and starts with AT; further ATs in it are
- * skipped, so that "ATH1ATDT123" dials. D with a number connects shortly after, then the bytes of the call
- * pass through. The call ends when the exchange closes it, when the line loses its control signals, or at an
- * ATH0 behind a second of silence.
+ * A Hayes modem in front of the exchange. A command line starts with AT and ends at CR; further ATs in it are
+ * skipped, so that "ATH1ATDT123" dials. D with a number connects after a short time, and then the bytes of
+ * the call pass through. The call ends when the exchange closes it, when the line's control signals drop, or
+ * at an ATH0 after a second of silence.
  */
 class Modem {
  public:
   using CallHandler = std::function<void(std::unique_ptr<Port>)>;
 
-  /** `on_call` gets the port of each call, which may outlive the modem. */
+  /** `on_call` receives the port of each call, which may outlive the modem. */
   Modem(EventServer& events, std::unique_ptr<Port> line, CallHandler on_call);
   ~Modem();
   Modem(const Modem&) = delete;
   Modem& operator=(const Modem&) = delete;
 
-  /** The tool let its control lines drop. */
+  /** Called when the tool drops its control lines. */
   void LoseControlLines();
-  /** Whether commands are sent back as they come. On, until ATE0. */
+  /** Whether commands are echoed. On until ATE0. */
   void set_echo(bool echo) { echo_ = echo; }
   Port& line() { return *line_; }
 
@@ -48,7 +48,7 @@ class Modem {
   void RunLine(std::string_view line);
   void Dial();
   void Connect();
-  /** Ends the call on this side, without a word to the line. */
+  /** Ends the call on this side without reporting it to the line. */
   void EndCall(std::string_view reason);
   void Say(std::string_view words);
 
@@ -58,7 +58,7 @@ class Modem {
   State state_ = State::kCommand;
   bool echo_ = true;
   std::string command_;
-  Bytes held_;  // of a call: what may become a hang-up command
+  Bytes held_;  // bytes of a call that may become a hang-up command
   std::int64_t last_byte_ms_ = 0;
   ModemCall* call_ = nullptr;
   EventServer::TimerId timer_ = 0;

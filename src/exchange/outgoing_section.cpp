@@ -8,7 +8,9 @@
 namespace tarvok::exchange {
 namespace {
 
-/** Longer than the tool waits for a first pack before it asks again: a lost first pack is the tool's matter.
+/**
+ * Longer than the tool waits for a first pack before it asks again: recovering a lost first pack is up to the
+ * tool.
  */
 constexpr int kReplyPatience_ms = 4000;
 constexpr int kMostEnquiries = 3;
@@ -91,7 +93,7 @@ void OutgoingSection::OnPatienceEnded() {
     end_.Send(enquiry);
     Wait();
   } else if (begins_ < kMostBegins) {
-    complain_("no answer to enquiries, giving " + section + " from its start");
+    complain_("no answer to enquiries, sending " + section + " from its start");
     Begin();
   } else {
     complain_("no answer, giving up " + section);

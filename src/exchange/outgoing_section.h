@@ -12,9 +12,9 @@
 namespace tarvok::exchange {
 
 /**
- * Gives a section in packs, each behind the tool's "OK" to the one before. When no "OK" comes the tool is
- * enquired for the last sequence byte that it got, since it would store a pack that comes twice, twice. A
- * tool that does not answer enquiries gets the section again from its first pack, which is safe at any time.
+ * Sends a section in packs, each after the tool's "OK" to the previous one. If no "OK" comes, the tool is
+ * asked for the last sequence byte that it received, because it would store a repeated pack twice. If it does
+ * not answer enquiries, the section is sent again from its first pack, which is always safe.
  */
 class OutgoingSection {
  public:
@@ -27,9 +27,9 @@ class OutgoingSection {
   void Start(int number, Bytes image);
   void Stop();
   bool under_way() const { return under_way_; }
-  /** The tool's "OK". */
+  /** Takes the tool's "OK". */
   void TakeOk();
-  /** The tool's answer to an enquiry. */
+  /** Takes the tool's reply to an enquiry. */
   void TakeSequence(std::uint8_t sequence);
 
  private:
@@ -44,7 +44,7 @@ class OutgoingSection {
   Complain complain_;
   int number_ = 0;
   Bytes image_;
-  std::size_t offset_ = 0;  // behind the pack that was sent last
+  std::size_t offset_ = 0;  // end of the last pack sent
   std::uint8_t sequence_ = 0;
   Bytes pack_;
   bool under_way_ = false;

@@ -5,7 +5,7 @@
 namespace tarvok::exchange {
 namespace {
 
-constexpr std::int64_t kBitsPerByte_ms = 10'000;  // ten bits a byte, a thousand milliseconds a second
+constexpr std::int64_t kBitsPerByte_ms = 10'000;  // ten bits per byte, a thousand milliseconds per second
 
 }  // namespace
 
@@ -35,9 +35,9 @@ void PacedLane::WaitForNext() {
 }
 
 void PacedLane::OnTime() {
-  // A byte counts as due from the tick in which it comes whole: ticks and timers both lag behind by half a
-  // millisecond on average, so that this hits the time of a real line, while waiting for the next tick would
-  // come a millisecond late in every burst.
+  // A byte is due in the tick in which it becomes complete. Ticks and timers both lag by half a millisecond
+  // on average, so this matches a real line; waiting for the next tick would be a millisecond late in every
+  // burst.
   const std::int64_t ticks_ms = events_.Tick_ms() - start_ms_ + 1;
   const auto whole = static_cast<std::size_t>((ticks_ms * speed_bps_ - 1) / kBitsPerByte_ms);
   const std::size_t due = std::min(std::max(whole, given_), burst_.size());

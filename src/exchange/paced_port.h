@@ -13,9 +13,11 @@
 
 namespace tarvok::exchange {
 
-/** Bytes on their way over a serial line: each takes ten bits, and a burst begins with the first byte that
- * finds the line idle. Every byte's time counts from the start of its burst, so that rounding to milliseconds
- * adds nothing up. */
+/**
+ * Bytes travelling over a serial line: each takes ten bits, and a burst begins with the first byte that finds
+ * the line idle. The time of each byte counts from the start of its burst, so that rounding to milliseconds
+ * does not add up.
+ */
 class PacedLane {
  public:
   using Give = std::function<void(std::span<const std::uint8_t>)>;
@@ -43,7 +45,7 @@ class PacedLane {
   EventServer::TimerId timer_ = 0;
 };
 
-/** A port whose bytes take the time that they would take on a serial line, in both directions. */
+/** A port whose bytes take as long as on a serial line, in both directions. */
 class PacedPort : public PortOnPort {
  public:
   PacedPort(EventServer& events, std::unique_ptr<Port> inner, int speed_bps);
@@ -61,7 +63,7 @@ class PacedPort : public PortOnPort {
 
   PacedLane in_;
   PacedLane out_;
-  std::optional<std::string> closed_reason_;  // told behind the last byte that came
+  std::optional<std::string> closed_reason_;  // reported after the last byte received
 };
 
 }  // namespace tarvok::exchange

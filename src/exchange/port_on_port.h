@@ -11,8 +11,7 @@
 
 namespace tarvok::exchange {
 
-/** A port that stands in front of another one and passes everything on; what derives from it changes what it
- * wants. */
+/** A port that wraps another one and passes everything on. Derived classes change what they need. */
 class PortOnPort : public Port {
  public:
   explicit PortOnPort(std::unique_ptr<Port> inner) : inner_(std::move(inner)) {

@@ -37,7 +37,7 @@ std::string_view NameOf(Wire wire) {
 
 }  // namespace
 
-/** One tool on the line. The end and the conversation know each other; the port outlives both. */
+/** A connected tool. The end and the conversation refer to each other; the port outlives both. */
 struct PracticeExchange::Call {
   std::unique_ptr<Port> port;
   std::unique_ptr<MessageEnd> end;
@@ -95,7 +95,7 @@ void PracticeExchange::Serve(std::unique_ptr<Port> port, Wire wire, std::functio
     call.conversation->set_error_wish(
         [this] { return error_chances_.Happens(conditions_.faults->error_reply); });
   }
-  // The port reports its end from inside itself, so the call goes from the loop.
+  // The port reports its end from its own code, so the call is removed from the event loop.
   call.port->set_on_closed([this, &call](std::string_view) {
     call.end_timer = events_.CallLater(0, [this, &call] { End(call); });
   });

@@ -17,7 +17,7 @@
 
 namespace tarvok::exchange {
 
-/** What travels on a line: link frames, bare messages, or packets of the relay server. */
+/** What a line carries: link frames, bare messages, or packets of the relay server. */
 enum class Wire { kLink, kLan, kServer };
 
 struct LineConditions {
@@ -26,7 +26,7 @@ struct LineConditions {
   std::optional<int> speed_bps = {};
 };
 
-/** An exchange with one memory and any number of tools on the line, each with a conversation of its own. */
+/** An exchange with one memory and any number of connected tools, each with its own conversation. */
 class PracticeExchange {
  public:
   PracticeExchange(EventServer& events, ExchangeMemory& memory, const LineConditions& conditions,
@@ -35,11 +35,11 @@ class PracticeExchange {
   PracticeExchange(const PracticeExchange&) = delete;
   PracticeExchange& operator=(const PracticeExchange&) = delete;
 
-  /** Serves a tool on that port until it closes, or until the exchange hangs up; then `on_end` is called. */
+  /** Serves a tool on that port until the port closes or the exchange hangs up, then calls `on_end`. */
   void Accept(std::unique_ptr<Port> port, Wire wire, std::function<void()> on_end = {});
-  /** Puts a modem in front of the exchange. It lives as long as the exchange does. */
+  /** Puts a modem in front of the exchange. The modem lives as long as the exchange. */
   Modem& AcceptModem(std::unique_ptr<Port> line);
-  /** Tools on the line. */
+  /** The number of connected tools. */
   std::size_t calls() const { return calls_.size(); }
 
  private:

@@ -29,7 +29,8 @@ void StreamEnd::Take(std::span<const std::uint8_t> bytes) {
       patience_ = events_.CallLater(kRestPatience_ms, [this] { TakeFront(stream_.size()); });
       return;
     }
-    // Bytes behind a unit that start no other belong to it: it is too long, and its reader says so.
+    // Bytes after a unit that do not start another one belong to it: it is too long, and its reader reports
+    // that.
     const bool too_long = stream_.size() > *size && stream_[*size] != FirstByte();
     TakeFront(too_long ? stream_.size() : *size);
   }
@@ -54,7 +55,7 @@ std::optional<std::size_t> LanEnd::UnitSize(std::span<const std::uint8_t> stream
   if (kind->code == command::kNextPack) {
     if (stream.size() < kSequencedHeader) return std::nullopt;
     const int payload = pack_payload_ ? pack_payload_(stream[kSequenceAt]) : -1;
-    // A pack that is not due has an unknown length, but never more than a message.
+    // The length of an unexpected pack is unknown, but never more than a message.
     if (payload < 0) return std::min<std::size_t>(stream.size(), kMaxMessage);
     return static_cast<std::size_t>(kSequencedHeader + payload);
   }
@@ -84,7 +85,7 @@ void ServerEnd::TakeUnit(std::span<const std::uint8_t> unit) {
   const std::span<const std::uint8_t> message = unit.subspan(kServerHeaderOut, length);
   const std::span<const std::uint8_t> rest = unit.subspan(kServerHeaderOut + length);
   if (std::any_of(rest.begin(), rest.end(), [](std::uint8_t byte) { return byte != 0; })) {
-    complain_("a packet with bytes behind its message");
+    complain_("a packet with bytes after its message");
   }
   if (length > 1 && message[1] != unit[1]) complain_("a packet and its message with different addresses");
   GiveMessage(message);

@@ -13,8 +13,8 @@
 namespace tarvok::exchange {
 
 /**
- * The exchange's end of a TCP stream: what comes is kept until a unit is whole, in any split. A unit that is
- * not whole after a second is taken as it is, so that the sender hears what is wrong with it.
+ * The exchange's end of a TCP stream: collects bytes until a unit is complete, however they are split. A unit
+ * that is incomplete after a second is taken as it is, so that the sender gets an error reply.
  */
 class StreamEnd : public MessageEnd {
  public:
@@ -27,12 +27,14 @@ class StreamEnd : public MessageEnd {
   void Take(std::span<const std::uint8_t> bytes);
 
  protected:
-  /** Bytes of the unit that the stream starts with, its start being right; nullopt if that takes more bytes
-   * to tell. */
+  /**
+   * The size of the unit at the start of the stream, which begins correctly; nullopt if more bytes are
+   * needed.
+   */
   virtual std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const = 0;
-  /** Takes a unit, a wrong one included. */
+  /** Takes a unit, even an invalid one. */
   virtual void TakeUnit(std::span<const std::uint8_t> unit) = 0;
-  /** First byte of every unit. */
+  /** The first byte of every unit. */
   virtual std::uint8_t FirstByte() const = 0;
 
   Port& port_;
@@ -46,13 +48,13 @@ class StreamEnd : public MessageEnd {
   EventServer::TimerId patience_ = 0;
 };
 
-/** Bare messages, one after the other, cut by the length that each code has. */
+/** Bare messages in sequence, cut by the length that belongs to each code. */
 class LanEnd : public StreamEnd {
  public:
   using StreamEnd::StreamEnd;
 
   void Send(std::span<const std::uint8_t> message) override { port_.Send(message); }
-  /** Tells how many payload bytes the later pack with that sequence byte has; negative if it is not known. */
+  /** `payload` returns the payload size of the later pack with that sequence byte; negative if unknown. */
   void set_pack_payload(std::function<int(std::uint8_t)> payload) { pack_payload_ = std::move(payload); }
 
  protected:
@@ -64,8 +66,10 @@ class LanEnd : public StreamEnd {
   std::function<int(std::uint8_t)> pack_payload_;
 };
 
-/** Packets as the relay server passes them on: 129 bytes each from the tool, a head of 8 bytes and the
- * message to it. */
+/**
+ * Packets as the relay server passes them on: 129 bytes each from the tool; a head of 8 bytes and the message
+ * to the tool.
+ */
 class ServerEnd : public StreamEnd {
  public:
   using StreamEnd::StreamEnd;

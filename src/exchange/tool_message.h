@@ -10,22 +10,24 @@
 
 namespace tarvok::exchange {
 
-/** Places in a message of the tool. */
+/** Offsets in a message of the tool. */
 inline constexpr std::size_t kCodeAt = 3;
 inline constexpr std::size_t kSequenceAt = 4;
-/** In the first pack of data: section number (or table and sector), 16 bits, then the size, 16 bits, low byte
- * first. */
+/**
+ * In the first pack of data: section number (or table and sector), 16 bits, then the size, 16 bits; low byte
+ * first.
+ */
 inline constexpr std::size_t kNumberAt = 5;
 inline constexpr std::size_t kSizeAt = 7;
 inline constexpr int kFirstPackHeader = 9;
-/** Most data bytes in the first and in a later pack. */
+/** Maximum number of data bytes in the first and in a later pack. */
 inline constexpr int kFirstPackData = kMaxMessage - kFirstPackHeader;
 inline constexpr int kLaterPackData = kSequencedPayload;
 
-/** What the exchange knows of a message that the tool can send. */
+/** A message that the tool can send, as the exchange knows it. */
 struct ToolMessage {
   std::uint8_t code = 0;
-  int size = 0;  // bytes; 0 for packs of data, whose size depends on what they carry
+  int size = 0;  // bytes; 0 for packs of data, whose size varies
   std::string_view name;
 };
 
@@ -54,7 +56,7 @@ constexpr const ToolMessage* FindToolMessage(std::uint8_t code) {
   return nullptr;
 }
 
-/** 16 bits, low byte first. The bytes must be there. */
+/** Reads 16 bits, low byte first. The bytes must exist. */
 inline int WordAt(std::span<const std::uint8_t> bytes, std::size_t at) {
   return bytes[at] + 256 * bytes[at + 1];
 }

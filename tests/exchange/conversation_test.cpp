@@ -7,7 +7,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(Conversation, AnswersMessagesByteForByte) {
+TEST(Conversation, RepliesByteForByte) {
   PracticeBench bench(Wire::kLan, 106);
   const std::pair<const char*, const char*> kDialogue[] = {
       {"12120000", "21000080"},                  // idle, through a link
@@ -32,15 +32,15 @@ TEST(Conversation, AnswersMessagesByteForByte) {
   EXPECT_EQ(HexText(*bench.memory.clock()), "123400221126");
 }
 
-TEST(Conversation, RefusesAndSaysWhy) {
+TEST(Conversation, RefusesWithAReason) {
   const std::tuple<const char*, const char*, const char*> kCases[] = {
-      // In no mode, or in one that is entered with a password.
+      // Without a mode, or in a mode that was entered with a password.
       {"", "12FF00", "too short"},
       {"", "13FF0000", "start no message"},
       {"", "12FF0077", "unknown code"},
       {"", "12FF0100", "byte 2 is not 0"},
       {"", "12FFFF00", "byte 2 is not 0"},
-      {"", "12FF0180", "byte 2 is not 0"},  // in an OK it may be FF where the address is
+      {"", "12FF0180", "byte 2 is not 0"},  // only in the address byte of an OK may it be FF
       {"", "1212FF80", "byte 2 is not 0"},
       {"", "12FF000A", "4 bytes, not 5"},
       {"", "12FF000000", "5 bytes, not 4"},
@@ -78,7 +78,7 @@ TEST(Conversation, OpensModesByLevel) {
   for (const auto& [level, digits] : {std::pair(1, "123456"), std::pair(2, "12345"), std::pair(3, "1234")}) {
     passwords.Set(level, PackPassword(digits).value());
   }
-  // Which of the modes 1, 2 and 4 the packed password opens.
+  // Which of modes 1, 2 and 4 the packed password permits.
   const std::pair<const char*, const char*> kCases[] = {
       {"123456", "124"}, {"F12345", "24"}, {"1234FF", "4"}, {"AAAAAA", ""}};
   for (const auto& [password, opened] : kCases) {
@@ -93,7 +93,7 @@ TEST(Conversation, OpensModesByLevel) {
   }
 }
 
-TEST(Conversation, KeepsAPasswordForItsModeOnly) {
+TEST(Conversation, PasswordHoldsForItsModeOnly) {
   PracticeBench bench;
   bench.Enter(1);
   EXPECT_EQ(bench.Ask("12FF000A01"), kOk);  // the same mode again
@@ -107,7 +107,7 @@ TEST(Conversation, KeepsAPasswordForItsModeOnly) {
   EXPECT_EQ(bench.Ask("12FF000C654321"), kOk);
 }
 
-TEST(Conversation, TakesALongSectionOverTheWrap) {
+TEST(Conversation, TakesLongSectionAcrossTheWrap) {
   PracticeBench bench;
   bench.Enter(1);
   const Bytes image = Pattern(27500);
@@ -115,7 +115,7 @@ TEST(Conversation, TakesALongSectionOverTheWrap) {
   ASSERT_EQ(packs.size(), 467U);
   for (std::size_t i = 0; i < packs.size(); ++i) {
     ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
-    // The lost answer: the pack comes again, and the enquiry names the pack behind it.
+    // Suppose the reply was lost: the pack comes again, and the enquiry is answered with the next number.
     if (i % 51 != 0) continue;
     ASSERT_EQ(bench.Ask(packs[i]), kOk) << i;
     ASSERT_EQ(bench.Ask("12FF000D"), "21000089" + HexText(Bytes{static_cast<std::uint8_t>(i + 1)})) << i;
@@ -125,11 +125,11 @@ TEST(Conversation, TakesALongSectionOverTheWrap) {
   EXPECT_THAT(bench.complaints, IsEmpty());
 }
 
-TEST(Conversation, KnowsALostPackFromALostAnswer) {
+TEST(Conversation, TellsLostPackFromLostReply) {
   PracticeBench bench;
   bench.Enter(1);
   const std::vector<Bytes> packs = PracticeBench::Packs(0x01, 1, Pattern(400));
-  EXPECT_EQ(bench.Ask("12FF000D"), "2100008900");  // the first pack was lost: it is due
+  EXPECT_EQ(bench.Ask("12FF000D"), "2100008900");  // the first pack was lost, so it is expected
   bench.Ask(packs[0]);
   bench.Ask(packs[1]);
   EXPECT_EQ(bench.Ask("12FF000D"), "2100008902");
@@ -146,7 +146,7 @@ TEST(Conversation, KnowsALostPackFromALostAnswer) {
                           HasSubstr("without a first")));
 }
 
-TEST(Conversation, GivesASectionPackByPackAndEnquiresWhenNoAnswerComes) {
+TEST(Conversation, SendsSectionInPacksAndEnquiresAfterSilence) {
   PracticeBench bench;
   bench.Enter(1);
   const Bytes image = Pattern(400);

@@ -36,7 +36,7 @@ TEST(ExchangeStore, WritesEachPartAndReadsItBack) {
     first.memory.set_clock(Hex("123400221126"));
     first.memory.set_mode(ExchangeMode::kBilling);
     EXPECT_THAT(files.files, IsEmpty());
-    first.events.Run(150);  // without the program's end
+    first.events.Run(150);  // without a proper end of the program
     EXPECT_EQ(files.Bytes("box/09.bin").size(), 100U);
     EXPECT_EQ(files.Bytes("box/billing/12.bin").size(), 517U);
     EXPECT_EQ(files.Bytes("box/minibar.bin").size(), 16384U);
@@ -60,10 +60,10 @@ TEST(ExchangeStore, RefusesFilesThatDoNotFit) {
       {"box/09.bin", "short", "section 9 has 5 bytes, not 100"},
       {"box/22.bin", "x", "no section 22"},
       {"box/minibar.bin", "", "512 records"},
-      {"box/mode", "3\n", "no mode"},
-      {"box/clock", "12345", "no clock"},
-      {"box/passwords", "4 1234FF\n", "no passwords"},
-      {"box/passwords", "1 12FF\n", "no passwords"},
+      {"box/mode", "3\n", "not a mode"},
+      {"box/clock", "12345", "not a clock"},
+      {"box/passwords", "4 1234FF\n", "not passwords"},
+      {"box/passwords", "1 12FF\n", "not passwords"},
   };
   for (const auto& [path, bytes, words] : kCases) {
     MemoryFiles files;
@@ -76,7 +76,7 @@ TEST(ExchangeStore, RefusesFilesThatDoNotFit) {
   }
 }
 
-TEST(ExchangeStore, SaysWhatCouldNotBeWritten) {
+TEST(ExchangeStore, ReportsWhatCouldNotBeWritten) {
   MemoryFiles files;
   Stored box(files);
   files.fail_at = 1;
@@ -87,7 +87,7 @@ TEST(ExchangeStore, SaysWhatCouldNotBeWritten) {
   EXPECT_FALSE(box.store.Flush().ok());
 }
 
-/** Keys that a decoder writes for an empty image just as for a full one. */
+/** Keys that a decoder writes even for an empty image. */
 bool SaysNothing(const IniText::Key& key) {
   const std::string value(key.value);
   if (key.name == "CCode") return value == "001";
@@ -100,7 +100,8 @@ TEST(BlankImages, LoadAsAnEmptyProject) {
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
     for (const Section* section : ReadPlan(version)) {
       const WireLayout* layout = section->LayoutAt(version, Direction::kLoad);
-      // The modes have a switch that is on, tenants may all call each other, a link table always has its way out.
+      // One of the modes is on by default, tenants may all call each other, and a link table always has a
+      // route.
       const bool has_defaults = section->number == 2 || section->number == 12 || section->number == 37;
       if (layout == nullptr || layout->decode == nullptr || has_defaults) continue;
       SCOPED_TRACE(section->number * 1000 + version);

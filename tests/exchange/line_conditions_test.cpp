@@ -8,7 +8,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(FaultPlan, ReadsAListAndSaysWhatIsWrong) {
+TEST(FaultPlan, ParsesListAndReportsErrors) {
   const FaultPlan plan =
       ParseFaultPlan("drop=0.25,flip=1,dup=0,error-reply=1e-3,delay=20,silent-after=7,hangup-after=0")
           .value();
@@ -24,7 +24,7 @@ TEST(FaultPlan, ReadsAListAndSaysWhatIsWrong) {
       {"probability", {"drop=1.5", "flip=nan", "flip=0.1x"}},
       {"milliseconds", {"delay=-1", "delay=60001", "delay=2.5"}},
       {"count", {"silent-after=", "hangup-after=99999999999"}},
-      {"is no fault", {"loss=1", "Drop=1"}}};
+      {"is not a fault", {"loss=1", "Drop=1"}}};
   for (const auto& [words, texts] : kWrong) {
     for (const char* text : texts) {
       const Result<FaultPlan> read = ParseFaultPlan(text);
@@ -34,7 +34,7 @@ TEST(FaultPlan, ReadsAListAndSaysWhatIsWrong) {
   }
 }
 
-TEST(FaultyPort, CutsTheLinkIntoUnits) {
+TEST(FaultyPort, CutsLinkBytesIntoUnits) {
   const std::pair<const char*, std::size_t> kCases[] = {{"", 0},
                                                         {"41", 1},
                                                         {"10", 0},
@@ -49,7 +49,7 @@ TEST(FaultyPort, CutsTheLinkIntoUnits) {
   for (const auto& [bytes, size] : kCases) EXPECT_EQ(LinkUnit(Hex(bytes)), size) << bytes;
 }
 
-/** What a tool hears that says "idle" a hundred times. */
+/** What a tool receives that sends "idle" a hundred times. */
 std::vector<std::string> Hundred(const LineConditions& conditions) {
   PracticeBench bench(Wire::kLan, 110, conditions);
   std::vector<std::string> answers;
@@ -57,18 +57,18 @@ std::vector<std::string> Hundred(const LineConditions& conditions) {
   return answers;
 }
 
-TEST(FaultyPort, DoesTheSameDamageForTheSameSeed) {
+TEST(FaultyPort, SameSeedDoesSameDamage) {
   for (const char* plan :
        {"drop=0.3", "flip=0.3", "dup=0.3", "drop=0.1,flip=0.1,dup=0.1", "error-reply=0.5"}) {
     EXPECT_EQ(Hundred(Faults(plan, 5)), Hundred(Faults(plan, 5))) << plan;
     EXPECT_NE(Hundred(Faults(plan, 5)), Hundred(Faults(plan, 6))) << plan;
   }
-  // The generator is a standard one, so the damage is the same on every machine.
+  // The generator is standardised, so the damage is the same on every machine.
   Chances chances(5489);
   EXPECT_EQ(chances.Pick(1'000'000), 14514284786278117030ULL % 1'000'000);
 }
 
-TEST(FaultyPort, FallsSilentOrHangsUpBehindACount) {
+TEST(FaultyPort, FallsSilentOrHangsUpAfterACount) {
   PracticeBench silent(Wire::kLan, 110, Faults("silent-after=2"));
   EXPECT_EQ(silent.Ask("12FF0000"), kOk);
   EXPECT_EQ(silent.Ask("12FF0000"), kOk);
@@ -83,7 +83,7 @@ TEST(FaultyPort, FallsSilentOrHangsUpBehindACount) {
   EXPECT_EQ(hung.exchange.calls(), 0U);
 }
 
-TEST(PacedPort, GivesEveryByteItsTimeWithoutDrift) {
+TEST(PacedPort, PacesBytesWithoutDrift) {
   for (const int speed : {300, 9600, 57600, 115200}) {
     SCOPED_TRACE(speed);
     VirtualEvents events;
@@ -107,9 +107,9 @@ TEST(PacedPort, GivesEveryByteItsTimeWithoutDrift) {
   }
 }
 
-TEST(PacedPort, PacesAnAnswerAndTellsTheEndBehindTheLastByte) {
+TEST(PacedPort, PacesRepliesAndReportsCloseAfterLastByte) {
   PracticeBench bench(Wire::kLan, 110, {.speed_bps = 9600});
-  EXPECT_EQ(bench.Ask("12FF0000", 4), "");  // four bytes take 4.17 ms to come, and as long to go
+  EXPECT_EQ(bench.Ask("12FF0000", 4), "");  // four bytes take 4.17 ms in each direction
   bench.events.Run(3);
   EXPECT_EQ(HexText(bench.came), "210000");
   bench.events.Run(3);

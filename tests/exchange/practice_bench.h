@@ -21,7 +21,7 @@ using testing::IsEmpty;
 inline constexpr const char* kOk = "21000080";
 inline constexpr const char* kError = "2100008F";
 
-/** Bytes that look like no others: position and seed make the value. */
+/** Distinctive bytes: position and seed determine the value. */
 inline Bytes Pattern(std::size_t size, unsigned seed = 7) {
   Bytes bytes(size);
   for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 31 + i / 256 + seed);
@@ -32,7 +32,7 @@ inline LineConditions Faults(std::string_view text, std::uint64_t seed = 1) {
   return {.faults = ParseFaultPlan(text).value(), .seed = seed};
 }
 
-/** A practice exchange with one tool on the line, of which the test is the tool. Time is virtual. */
+/** A practice exchange with one connected tool, played by the test. Time is virtual. */
 class PracticeBench {
  public:
   explicit PracticeBench(Wire wire = Wire::kLan, int version = 110, const LineConditions& conditions = {})
@@ -48,7 +48,7 @@ class PracticeBench {
     exchange.Accept(std::move(line_.exchange), wire, [this] { ended = true; });
   }
 
-  /** Sends the bytes and serves events for a while; what came meanwhile, as hexadecimal text. */
+  /** Sends the bytes, serves events for a while and returns what was received, as hexadecimal text. */
   std::string Ask(const Bytes& bytes, int wait_ms = 10) {
     came.clear();
     tool.Send(bytes);
@@ -57,7 +57,7 @@ class PracticeBench {
   }
   std::string Ask(std::string_view hex, int wait_ms = 10) { return Ask(Hex(hex), wait_ms); }
 
-  /** Sets the mode and gives the password, both good. */
+  /** Sets the mode and gives the password; both must be accepted. */
   void Enter(int mode, std::string_view password = "1234FF") {
     EXPECT_EQ(Ask("12FF000A0" + std::to_string(mode)), kOk);
     EXPECT_EQ(Ask("12FF000C" + std::string(password)), kOk);

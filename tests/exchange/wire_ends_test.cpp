@@ -9,7 +9,7 @@ namespace {
 
 const Bytes kIdle = {0x12, 0xFF, 0, 0};
 
-/** The reply as a frame of the exchange. */
+/** The reply as a frame from the exchange. */
 std::string Framed(std::string_view reply) {
   return HexText(BuildFrame(kExchangeAddress, Hex(reply)));
 }
@@ -21,12 +21,12 @@ constexpr const char* kEstablish = "100201100315";
 constexpr const char* kAck0FromTool = "103001";
 constexpr const char* kAck1FromTool = "103101";
 
-TEST(LinkEnd, AnswersBadBytesAsTheLinkWantsIt) {
+TEST(LinkEnd, AnswersInvalidBytes) {
   const std::tuple<const char*, const char*, const char*> kCases[] = {
       {"10020112FF0000100329", "101510", "bad check"},
       {"1002101012FF0000100338", "", "without the address 1"},
       {"100505", "", "without the address 1"},
-      {"100501", "103010", ""},  // Enq: the last Ack again
+      {"100501", "103010", ""},  // Enq: repeats the last Ack
       {"1003", "", "without its start"},
       {"1044", "", "means nothing"},
       {"103001", "", ""},  // an Ack for nothing
@@ -38,11 +38,11 @@ TEST(LinkEnd, AnswersBadBytesAsTheLinkWantsIt) {
     EXPECT_EQ(bench.Ask(sent), answer);
     EXPECT_EQ(bench.complaints.size(), *words == '\0' ? 0U : 1U);
     EXPECT_THAT(bench.complaints, ::testing::Each(HasSubstr(words)));
-    EXPECT_EQ(bench.Ask(FromTool("12FF0000")), "103110" + Framed("21000080"));  // and goes on
+    EXPECT_EQ(bench.Ask(FromTool("12FF0000")), "103110" + Framed("21000080"));  // and continues
   }
 }
 
-TEST(LinkEnd, WantsAnEstablishAndShortFrames) {
+TEST(LinkEnd, RequiresEstablishAndShortFrames) {
   PracticeBench bench(Wire::kLink);
   EXPECT_EQ(bench.Ask(FromTool("12FF0000")), "");
   bench.Ask(kEstablish);
@@ -54,17 +54,17 @@ TEST(LinkEnd, WantsAnEstablishAndShortFrames) {
                           HasSubstr("more than 64 bytes"), HasSubstr("without its start")));
 }
 
-TEST(LinkEnd, ChasesAFrameWithoutSendingItTwice) {
+TEST(LinkEnd, EnquiresInsteadOfRepeatingAFrame) {
   PracticeBench bench(Wire::kLink);
   bench.Ask(kEstablish);
   const std::string reply = Framed("21000080");
   bench.Ask(BuildFrame(kToolAddress, kIdle));
-  EXPECT_EQ(bench.Ask("101501"), reply);  // Nak: at once again
+  EXPECT_EQ(bench.Ask("101501"), reply);  // Nak: repeated at once
   bench.came.clear();
   bench.events.Run(300);
   EXPECT_EQ(HexText(bench.came), "100510");
-  EXPECT_EQ(bench.Ask(kAck1FromTool), reply);  // the Ack of the frame before: this one was lost
-  EXPECT_EQ(bench.Ask(kAck1FromTool), "");     // not chased now, so it says nothing
+  EXPECT_EQ(bench.Ask(kAck1FromTool), reply);  // the Ack of the previous frame: this one was lost
+  EXPECT_EQ(bench.Ask(kAck1FromTool), "");     // no enquiry is pending, so it means nothing
   bench.events.Run(300);
   EXPECT_EQ(bench.Ask(kAck0FromTool), "");  // only the Ack was lost
   bench.Ask(BuildFrame(kToolAddress, kIdle));
@@ -76,7 +76,7 @@ TEST(LinkEnd, ChasesAFrameWithoutSendingItTwice) {
   EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr("given up")));
 }
 
-TEST(LanEnd, CutsMessagesInAnySplit) {
+TEST(LanEnd, CutsMessagesHoweverTheyAreSplit) {
   std::string stream = "12FF000A01 12FF000C1234FF 12FF0009123400221126 ";
   for (const Bytes& pack : PracticeBench::Packs(0x01, 9, Pattern(100))) stream += HexText(pack);
   stream += "12FF000D 12FF00020900 12FFFF80 12FFFF80 12FF000A00";
@@ -92,7 +92,7 @@ TEST(LanEnd, CutsMessagesInAnySplit) {
   }
 }
 
-TEST(LanEnd, DropsWhatStartsNoMessageAndWaitsASecondForTheRest) {
+TEST(LanEnd, DropsInvalidStartAndWaitsASecondForTheRest) {
   PracticeBench bench;
   EXPECT_EQ(bench.Ask("55AA"), "");
   EXPECT_EQ(bench.Ask("12FF"), "");
@@ -102,7 +102,7 @@ TEST(LanEnd, DropsWhatStartsNoMessageAndWaitsASecondForTheRest) {
   EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr("start no message"), HasSubstr("4 bytes, not 5")));
 }
 
-TEST(ServerEnd, SpeaksInPackets) {
+TEST(ServerEnd, SendsAndReceivesPackets) {
   const auto packet = [](const std::string& start, const std::string& text, std::size_t size = 129) {
     Bytes bytes = Hex(start + text);
     bytes.resize(size);
@@ -114,7 +114,7 @@ TEST(ServerEnd, SpeaksInPackets) {
       {"2112000141", "12120000", "", "wrong head"},
       {"1212000104", "12120000", "", "start no message"},
       {"21FF000104", "12120000", "000000001100000421000080", "different addresses"},
-      {"2112000104", "1212000001", "000000001100000421000080", "behind its message"},
+      {"2112000104", "1212000001", "000000001100000421000080", "after its message"},
   };
   for (const auto& [head, message, answer, words] : kCases) {
     for (const std::size_t piece : {0U, 1U, 128U}) {
@@ -184,20 +184,20 @@ TEST(ModemEnd, AnswersCommands) {
   for (const auto& [command, answer] : kCases) EXPECT_EQ(bench.Say(command, 10), answer) << command;
 }
 
-TEST(ModemEnd, HangsUpAtACommandBehindSilenceOnly) {
+TEST(ModemEnd, HangsUpOnlyAtACommandAfterSilence) {
   ModemBench bench;
   bench.Dial();
   EXPECT_EQ(bench.SayHex("100201100315"), "103010");
-  EXPECT_EQ(bench.Say("ATH0", 2000), "");  // no silence before: it is data
+  EXPECT_EQ(bench.Say("ATH0", 2000), "");  // no silence before it: it is data
   EXPECT_EQ(bench.exchange.calls(), 1U);
   EXPECT_EQ(bench.Say("ATX", 2000), "");
-  EXPECT_EQ(bench.Say("ATH", 2000), "");  // never finished: it is data after all
+  EXPECT_EQ(bench.Say("ATH", 2000), "");  // never completed: it is data
   EXPECT_EQ(bench.exchange.calls(), 1U);
   bench.line.tool->set_piece(1);
   EXPECT_EQ(bench.Say("ATH0", 10), "\r\nOK\r\n");
   EXPECT_EQ(bench.exchange.calls(), 0U);
   bench.line.tool->set_piece(0);
-  bench.Dial();  // and can be called again
+  bench.Dial();  // and accepts another call
 }
 
 TEST(ModemEnd, ReportsThatTheExchangeHungUp) {
@@ -208,7 +208,7 @@ TEST(ModemEnd, ReportsThatTheExchangeHungUp) {
   EXPECT_EQ(rude.exchange.calls(), 0U);
 }
 
-TEST(ModemEnd, EndsTheCallWithTheLine) {
+TEST(ModemEnd, EndsCallWithTheLine) {
   ModemBench bench;
   bench.Dial();
   bench.line.tool->HangUp();
