@@ -32,7 +32,7 @@ constexpr char16_t ThaiLetter(std::size_t byte) {
   constexpr std::size_t kFirstGap = 0xDB;
   constexpr std::size_t kLastGap = 0xDE;
   constexpr std::size_t kSecondGap = 0xFC;
-  constexpr std::size_t kPrivate = 0xF8C1;  // the letters of the open bytes, one behind the other
+  constexpr std::size_t kPrivate = 0xF8C1;  // the letters of the undefined bytes, in sequence
   if (byte == 0xA0) return 0x00A0;
   if (byte >= kSecondGap)
     return static_cast<char16_t>(kPrivate + kLastGap - kFirstGap + 1 + byte - kSecondGap);
@@ -49,15 +49,17 @@ constexpr CodePage::UpperHalf MakeUpperHalf(const Specials& specials, char16_t (
 constexpr CodePage kOwnPages[] = {{"Windows-1252", MakeUpperHalf(kWestern, WesternLetter)},
                                   {"Windows-874", MakeUpperHalf(kThai, ThaiLetter)}};
 
-/** Pages that Qt may know, depending on how it was built. */
+/** Pages that Qt may support, depending on how it was built. */
 constexpr const char* kPagesOfQt[] = {"Windows-1250", "Windows-1251", "Windows-1253", "Windows-1254",
                                       "Windows-1255", "Windows-1256", "Windows-1257", "Windows-1258"};
 
-/** The page as Qt decodes it, a byte at a time; a byte that it leaves open gets a letter that nothing else has. */
+/**
+ * The page as Qt decodes it, byte by byte. A byte that Qt leaves undefined gets a letter that no other byte
+ * has.
+ */
 std::optional<CodePage> PageOfQt(const char* name) {
   constexpr char16_t kOpenLetters = 0xF800;
-  constexpr std::size_t kControls =
-      0xA0;  // the bytes below it stand for control characters where they are open
+  constexpr std::size_t kControls = 0xA0;  // if undefined, the bytes below it are control characters
   if (!QStringDecoder(name).isValid()) return std::nullopt;
   CodePage::UpperHalf half{};
   for (std::size_t i = 0; i < half.size(); ++i) {
@@ -135,7 +137,7 @@ const CodePage& CodePage::Of(SettingsStore& settings) {
 }
 
 const CodePage& CodePage::Find(std::string_view name) {
-  // A program that wears one of our own pages need not ask Qt for its own.
+  // If the program uses one of our own pages, there is no need to ask Qt.
   for (const CodePage& page : kOwnPages) {
     if (page.name() == name) return page;
   }

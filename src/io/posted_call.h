@@ -11,8 +11,10 @@
 
 namespace tarvok::io {
 
-/** A call that the loop makes once for any number of posts before it. Its death takes the post back; the call
- * itself may bring it about. */
+/**
+ * A call that the event loop makes once, however often it was posted. The destructor cancels a pending call;
+ * the call itself may destroy the object.
+ */
 class PostedCall : public QObject {
  public:
   explicit PostedCall(std::function<void()> call) : call_(std::move(call)) {}

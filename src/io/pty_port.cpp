@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/** Unsent bytes beyond this are lost: nobody listens. */
+/** Unsent bytes beyond this number are lost: nobody is listening. */
 constexpr std::size_t kMostUnsent = 65536;
 constexpr std::string_view kTerminals = "/dev/pts/";
 
@@ -60,7 +60,7 @@ bool PtyPort::Open() {
     return false;
   }
   watch_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-  // Without the watch everything works but the notice that the other program has gone.
+  // Without the watch, only the notice that the other program has gone is missing.
   if (watch_ >= 0) ::inotify_add_watch(watch_, device_.c_str(), IN_CLOSE);
   return true;
 }
@@ -69,8 +69,8 @@ bool PtyPort::MakeLink() {
   std::error_code failed;
   const fs::file_status there = fs::symlink_status(link_, failed);
   if (fs::exists(there)) {
-    // What a killed run left leads nowhere, or to the terminal that has its number now: ours. Another terminal that is
-    // there may be another program's line.
+    // A link left by a killed program dangles, or leads to the terminal that now has its number: ours. Any
+    // other terminal may be another program's line.
     const std::string target =
         fs::is_symlink(there) ? fs::read_symlink(link_, failed).string() : std::string();
     const bool left_over =
@@ -98,7 +98,7 @@ void PtyPort::OnReadable() {
   ssize_t got = 0;
   while ((got = ::read(master_, block.data(), block.size())) > 0) {
     Arrived({block.data(), static_cast<std::size_t>(got)});
-    // A program that is killed leaves its lock on the terminal, since this end keeps the terminal alive.
+    // A killed program leaves its lock on the terminal, because this end keeps the terminal alive.
     ::ioctl(slave_, TIOCNXCL);
   }
 }
@@ -123,12 +123,12 @@ void PtyPort::OnWatched() {
   alignas(inotify_event) std::array<char, 4096> events = {};
   while (::read(watch_, events.data(), events.size()) > 0) {
   }
-  // What it wrote last still counts; what it did not read is not for the next one.
+  // Take what the old program wrote last; what it did not read is not meant for the next one.
   OnReadable();
   unsent_.clear();
   ::tcflush(slave_, TCIFLUSH);
   ::ioctl(slave_, TIOCNXCL);
-  // Behind the bytes that were just read, and not inside the notifier.
+  // Report it after the bytes just read, and outside the notifier.
   tell_released_.Post();
 }
 
@@ -143,7 +143,7 @@ void PtyPort::Close() {
   if (state_ == PortState::kOpen) {
     state_ = PortState::kClosed;
     std::error_code failed;
-    // Another terminal may stand behind the link by now; then it is not ours to remove.
+    // By now the link may lead to another terminal; then it is not ours to remove.
     if (fs::read_symlink(link_, failed).string() == device_) fs::remove(link_, failed);
   }
   readable_.reset();

@@ -12,27 +12,29 @@
 namespace tarvok::io {
 
 /**
- * The far end of a pseudo terminal, with a symbolic link by which the other program finds its near end. It
- * outlives the other program: whoever opens the link next gets an empty line, without locks and leftovers of
- * the one before.
+ * The far end of a pseudo terminal, with a symbolic link through which another program finds the near end. It
+ * outlives that program: the next one that opens the link gets an empty line, without its predecessor's locks
+ * and leftover bytes.
  */
 class PtyPort : public QueuedPort {
  public:
-  /** Makes the terminal and the link. An existing link to a pseudo terminal or to nothing is replaced,
-   * anything else at that path is an error. */
+  /**
+   * Creates the terminal and the link. An existing link that dangles or leads to a pseudo terminal is
+   * replaced; anything else at that path is an error.
+   */
   explicit PtyPort(std::string link);
   ~PtyPort() override { PtyPort::Close(); }
 
   PortState state() const override { return state_; }
   std::string error() const override { return error_; }
-  /** What the near end does not read in time is lost, as on a line to which nobody listens. */
+  /** Bytes that the near end does not read in time are lost, as on a line without a listener. */
   bool Send(std::span<const std::uint8_t> bytes) override;
   PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
   void Discard() override;
   /** Removes the link. */
   void Close() override;
 
-  /** Called when the other program closed its end: the nearest thing to a control line that drops. */
+  /** Called when the other program closes its end: the closest equivalent to control lines that drop. */
   void set_on_released(std::function<void()> handler) { on_released_ = std::move(handler); }
 
  private:
@@ -46,7 +48,7 @@ class PtyPort : public QueuedPort {
   std::string link_;
   std::string device_;
   int master_ = -1;
-  int slave_ = -1;  // held open, so that the terminal lives on while nobody else has it open
+  int slave_ = -1;  // held open, so that the terminal remains while nobody else has it open
   int watch_ = -1;
   std::unique_ptr<QSocketNotifier> readable_;
   std::unique_ptr<QSocketNotifier> writable_;

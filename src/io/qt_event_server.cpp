@@ -54,7 +54,7 @@ void QtEventServer::timerEvent(QTimerEvent* event) {
   const auto found = by_qt_id_.find(event->timerId());
   if (found == by_qt_id_.end()) return;
   const TimerId id = found->second;
-  // The handler may stop its own timer, so it runs from a copy.
+  // The handler may stop its own timer, so run a copy.
   const std::function<void()> handler = timers_[id].handler;
   if (timers_[id].once) StopTimer(id);
   handler();
@@ -63,7 +63,7 @@ void QtEventServer::timerEvent(QTimerEvent* event) {
 bool QtEventServer::ServeUntil(const std::function<bool()>& done, std::int64_t timeout_ms) {
   const bool forever = timeout_ms < 0;
   const std::int64_t deadline_ms = Tick_ms() + timeout_ms;
-  // The deadline is an event like any other: it wakes the loop, which then looks at the clock.
+  // The deadline is an ordinary event: it wakes the loop, which then checks the clock.
   bool armed = false;
   TimerId alarm = 0;
   bool served_once = false;

@@ -12,8 +12,8 @@
 namespace tarvok::io {
 
 /**
- * Time and events by Qt's loop. An application object must exist. ServeUntil may nest; it sleeps until
- * something happens and wakes at once. A timer does not run again while its own handler serves events.
+ * Time and events from Qt's loop. An application object must exist. ServeUntil may be nested; it sleeps until
+ * something happens and then wakes at once. A timer does not fire again while its own handler serves events.
  */
 class QtEventServer : public QObject, public EventServer {
  public:
@@ -39,8 +39,8 @@ class QtEventServer : public QObject, public EventServer {
   TimerId Add(int interval_ms, bool once, std::function<void()> handler);
 
   QElapsedTimer clock_;
-  // Qt soon uses the ids of dead timers again, so a stale id could stop somebody else's. Ours are never used
-  // twice.
+  // Qt soon reuses the ids of dead timers, so a stale id could stop a different timer. Our ids are never
+  // reused.
   TimerId last_id_ = 0;
   std::map<TimerId, Timer> timers_;
   std::map<int, TimerId> by_qt_id_;

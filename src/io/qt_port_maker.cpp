@@ -9,7 +9,7 @@
 namespace tarvok::io {
 namespace {
 
-/** A port that does not open, for an index behind which there is no device. */
+/** A port that does not open, for a number without a device. */
 class NoPort : public Port {
  public:
   explicit NoPort(std::string error) : error_(std::move(error)) {}
@@ -25,7 +25,7 @@ class NoPort : public Port {
   std::string error_;
 };
 
-/** A file named from the working folder by its whole path; Qt would look for it in /dev. */
+/** Makes a device path absolute; Qt would look for a relative one in /dev. */
 std::string Absolute(const std::string& device) {
   std::error_code error;
   if (!std::filesystem::exists(device, error)) return device;

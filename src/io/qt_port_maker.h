@@ -10,21 +10,20 @@
 
 namespace tarvok::io {
 
-/** Per-user settings of the serial devices. */
+/** The settings group of the serial devices. */
 inline constexpr std::string_view kSerialPortsGroup = "Serial Ports";
-/** Serial ports are named by an index from 1. */
+/** Serial ports are numbered from 1. */
 inline constexpr int kSerialPorts = 8;
 
-/** The device behind serial port 1 to 8: the per-user setting `Com1` to `Com8`, else /dev/ttyS0 to
- * /dev/ttyS7. */
+/** The device of serial port 1 to 8: the setting `Com1` to `Com8`, by default /dev/ttyS0 to /dev/ttyS7. */
 std::string SerialDevice(SettingsStore& settings, int number);
-/** Name of that setting. */
+/** The name of that setting. */
 std::string SerialDeviceKey(int number);
 
-/** Real ports: serial devices and TCP connections on Qt's loop. */
+/** Creates real ports: serial devices and TCP connections on Qt's loop. */
 class QtPortMaker : public PortMaker {
  public:
-  /** `device` stands for every serial port during this run; empty for the devices of the settings. */
+  /** `device` is used for every serial port of this run; empty for the devices in the settings. */
   explicit QtPortMaker(SettingsStore& settings, std::string device = {})
       : settings_(settings), device_(std::move(device)) {}
 

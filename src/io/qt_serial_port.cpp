@@ -29,7 +29,7 @@ QSerialPort::StopBits QtStopBits(StopBits bits) {
   return QSerialPort::OneStop;
 }
 
-/** Errors behind which the device gives nothing more, only the same error again and again. */
+/** True for errors after which the device delivers nothing but the same error. */
 bool EndsDevice(QSerialPort::SerialPortError error) {
   return error == QSerialPort::ReadError || error == QSerialPort::WriteError ||
          error == QSerialPort::ResourceError;
@@ -60,8 +60,8 @@ void QtSerialPort::OnReadyRead() {
 
 void QtSerialPort::OnError(QSerialPort::SerialPortError error) {
   if (state_ != PortState::kOpen || !EndsDevice(error)) return;
-  // The signal would come again for ever while the device stays open, but it can't be closed inside its own
-  // signal.
+  // While the device stays open, the signal would repeat forever; but the device cannot be closed inside its
+  // own signal.
   QObject::disconnect(&port_, nullptr, &listener_, nullptr);
   state_ = PortState::kClosed;
   const std::string reason = port_.errorString().toStdString();
@@ -85,8 +85,7 @@ PortAnswer QtSerialPort::SetControlLines(bool dtr, bool rts) {
   const bool gone = EndsDevice(port_.error());
   port_.clearError();
   if (both) return PortAnswer::kDone;
-  // A pseudo terminal answers one of several error codes, none of which says more than that it has no such
-  // lines.
+  // A pseudo terminal reports one of several error codes, which only mean that it has no such lines.
   return gone ? PortAnswer::kFailed : PortAnswer::kUnsupported;
 }
 

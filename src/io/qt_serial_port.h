@@ -11,8 +11,8 @@
 namespace tarvok::io {
 
 /**
- * A serial device, named by its path. It is open, or in error, when the constructor returns. At the first
- * error of the device it closes itself and says so. Pseudo terminals work, but have no control lines.
+ * A serial device, identified by its path. When the constructor returns, it is open or in error. It closes
+ * itself at the first error of the device and reports it. Pseudo terminals work, but have no control lines.
  */
 class QtSerialPort : public QueuedPort {
  public:

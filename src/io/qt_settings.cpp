@@ -22,7 +22,7 @@ QtSettings::QtSettings()
 std::string QtSettings::Get(std::string_view group, std::string_view key) {
   const QVariant value = settings_.value(PathOf(group, key));
   if (value.typeId() == QMetaType::QByteArray) return value.toByteArray().toStdString();
-  // A comma in a value that a person wrote without quotes makes a list of it.
+  // A value with a comma that was written by hand without quotes is read as a list.
   if (value.typeId() == QMetaType::QStringList)
     return value.toStringList().join(QLatin1Char(',')).toStdString();
   return value.toString().toStdString();
@@ -31,11 +31,11 @@ std::string QtSettings::Get(std::string_view group, std::string_view key) {
 void QtSettings::Set(std::string_view group, std::string_view key, std::string_view value) {
   const QByteArray bytes(value.data(), static_cast<qsizetype>(value.size()));
   const QString text = QString::fromUtf8(bytes);
-  // Only text that gives the same bytes again is kept as text.
+  // Store as text only what yields the same bytes again.
   const QVariant kept = text.toUtf8() == bytes ? QVariant(text) : QVariant(bytes);
   const QString path = PathOf(group, key);
-  // A write waits for the disk: most of what is kept, such as the widths of columns, is as it was, and what is set
-  // together goes there together, with the next turn of the event loop or at the end.
+  // A write waits for the disk, so skip values that have not changed, as most have not (column widths, for
+  // instance). Values set together are written together, in the next turn of the event loop or at the end.
   if (settings_.contains(path) && settings_.value(path) == kept) return;
   settings_.setValue(path, kept);
 }

@@ -8,8 +8,8 @@
 namespace tarvok::io {
 
 /**
- * The per-user settings in the INI file `Tarvok config/Tarvok config.ini` of the user's configuration folder.
- * Values are bytes and come back as they went in: UTF-8 is stored as text that a person can edit, anything
+ * The per-user settings in the INI file `Tarvok config/Tarvok config.ini` in the user's configuration folder.
+ * Values are bytes and are read back unchanged: UTF-8 is stored as text that can be edited by hand, anything
  * else as Qt's byte array.
  */
 class QtSettings : public SettingsStore {

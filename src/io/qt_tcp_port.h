@@ -10,11 +10,15 @@
 
 namespace tarvok::io {
 
-/** A TCP connection. Small blocks leave at once, each Send in one write; what was sent before a Close still
- * arrives. */
+/**
+ * A TCP connection. Small blocks are sent immediately, each Send in one write. Bytes sent before a Close
+ * still arrive.
+ */
 class QtTcpPort : public QueuedPort {
  public:
-  /** Begins to connect. A port that is no number from 1 to 65535, or an empty host, is an error at once. */
+  /**
+   * Starts to connect. An empty host, or a port that is not a number from 1 to 65535, is an error at once.
+   */
   QtTcpPort(const std::string& host, const std::string& port);
   /** Takes over a connected socket. */
   explicit QtTcpPort(std::unique_ptr<QTcpSocket> socket);
@@ -24,7 +28,7 @@ class QtTcpPort : public QueuedPort {
   std::string error() const override { return error_; }
   bool Send(std::span<const std::uint8_t> bytes) override;
   PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
-  /** Bytes that were handed to the system can't be taken back. */
+  /** Bytes already handed to the system cannot be taken back. */
   void Discard() override;
   void Close() override;
 

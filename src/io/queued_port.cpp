@@ -31,7 +31,7 @@ void QueuedPort::Deliver() {
     return;
   }
   if (ended_) deliver_.Post();
-  // Nothing may be touched behind this call: the handler may have destroyed the port.
+  // Touch nothing after this call: the handler may have destroyed the port.
   const Bytes bytes = std::exchange(waiting_, {});
   GiveBytes(bytes);
 }

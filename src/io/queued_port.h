@@ -11,19 +11,19 @@
 namespace tarvok::io {
 
 /**
- * What the ports on Qt's loop share: bytes and the end of the stream reach the handlers from the loop, never
- * from within one of Qt's own signals. So a handler may serve events and still gets what comes meanwhile (Qt
- * raises no "ready to read" inside another), and it may destroy the port.
+ * Base class of the ports on Qt's loop. Bytes and the end of the stream are delivered from the loop, never
+ * from within one of Qt's signals. So a handler may serve events and still receives what arrives meanwhile
+ * (Qt does not raise "ready to read" recursively), and it may destroy the port.
  */
 class QueuedPort : public Port {
  protected:
-  /** Hands bytes over, behind those that wait. */
+  /** Queues received bytes for the handler. */
   void Arrived(std::span<const std::uint8_t> bytes);
-  /** Tells the end of the stream, behind the last byte. Only the first call counts. */
+  /** Reports the end of the stream after the last byte. Only the first call counts. */
   void Ended(std::string reason);
-  /** Forgets the bytes that wait. */
+  /** Discards the queued bytes. */
   void ForgetArrived() { waiting_.clear(); }
-  /** No handler is called from now on. */
+  /** No handler is called after this. */
   void Silence();
 
  private:

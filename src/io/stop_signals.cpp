@@ -10,7 +10,7 @@
 namespace tarvok::io {
 namespace {
 
-// A signal handler can reach nothing but a global; only this one descriptor is global.
+// A signal handler can only reach globals; this descriptor is the only one.
 volatile std::sig_atomic_t wake_end = -1;
 
 constexpr std::array kStopSignals = {SIGTERM, SIGINT, SIGHUP};
@@ -22,7 +22,7 @@ extern "C" void OnSignal(int) {
   errno = kept_error;
 }
 
-/** A signal that was ignored from the start (nohup does that to SIGHUP) stays ignored. */
+/** A signal that was ignored from the start (as nohup does with SIGHUP) stays ignored. */
 void SetHandlers(StopSignals::Actions& before) {
   struct sigaction action = {};
   action.sa_handler = OnSignal;

@@ -12,8 +12,8 @@
 namespace tarvok::io {
 
 /**
- * Turns SIGTERM, SIGINT and SIGHUP (the terminal went) into an event: the handler runs from the loop, where it
- * may do anything, not inside the signal. One object a program.
+ * Turns SIGTERM, SIGINT and SIGHUP (loss of the terminal) into an event: the handler runs from the loop,
+ * where it may do anything, not inside the signal handler. One object per program.
  */
 class StopSignals {
  public:
@@ -25,7 +25,7 @@ class StopSignals {
   StopSignals& operator=(const StopSignals&) = delete;
 
  private:
-  Actions before_ = {};  // by signal, put back at the end
+  Actions before_ = {};  // by signal; restored at the end
   std::function<void()> on_stop_;
   int read_end_ = -1;
   std::unique_ptr<QSocketNotifier> notifier_;

@@ -23,7 +23,7 @@ Status TcpListener::Listen(const std::string& address, int port) {
   const std::string where = address + ":" + std::to_string(port);
   QHostAddress host;
   if (!host.setAddress(QString::fromStdString(address))) {
-    return {ErrorKind::kBadData, "\"" + address + "\" is no address in numbers"};
+    return {ErrorKind::kBadData, "\"" + address + "\" is not a numeric address"};
   }
   if (!server_.listen(host, static_cast<quint16>(port))) {
     return {ErrorKind::kInputOutput, where + ": " + server_.errorString().toStdString()};

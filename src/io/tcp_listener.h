@@ -12,16 +12,16 @@
 
 namespace tarvok::io {
 
-/** Listens on an address and gives every connection as an open port. */
+/** Listens on an address and delivers every connection as an open port. */
 class TcpListener {
  public:
   using ConnectionHandler = std::function<void(std::unique_ptr<Port>)>;
 
   explicit TcpListener(ConnectionHandler on_connection);
 
-  /** `address` in numbers; port 0 takes a free one. */
+  /** `address` is numeric; port 0 picks a free one. */
   Status Listen(const std::string& address, int port);
-  /** The port it listens on. */
+  /** The port in use. */
   int port() const { return server_.serverPort(); }
 
  private:

@@ -1,6 +1,6 @@
 #pragma once
 
-// The floors whose names may be used here without saying where they come from. No other floor is known here.
+// Names of these floors may be used here without qualification. The folder knows no other floor.
 namespace tarvok::store {}
 namespace tarvok::link {}
 

@@ -7,7 +7,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(QtEventServer, ServesUntilItsFlagOrItsTime) {
+TEST(QtEventServer, ServesUntilFlagOrTimeout) {
   QtEventServer events;
   bool flag = false;
   events.CallLater(5, [&] { flag = true; });
@@ -17,17 +17,17 @@ TEST(QtEventServer, ServesUntilItsFlagOrItsTime) {
 
   bool served = false;
   events.CallLater(0, [&] { served = true; });
-  EXPECT_TRUE(events.ServeUntil([&] { return served; }, 0)) << "a wait of no time serves what is due";
+  EXPECT_TRUE(events.ServeUntil([&] { return served; }, 0)) << "a wait of zero length serves due events";
 }
 
-TEST(QtEventServer, DoesNotWakeWithoutAnEvent) {
+TEST(QtEventServer, SleepsUntilAnEvent) {
   QtEventServer events;
   int looks = 0;
   events.ServeUntil([&] { return ++looks < 0; }, 100);
   EXPECT_LT(looks, 20);
 }
 
-TEST(QtEventServer, NestsAndKeepsATimerOutOfItself) {
+TEST(QtEventServer, NestsWithoutReenteringATimer) {
   QtEventServer events;
   int depth = 0, deepest = 0, ticks = 0;
   bool inner_saw_later = false;
@@ -49,10 +49,10 @@ TEST(QtEventServer, NestsAndKeepsATimerOutOfItself) {
   EXPECT_EQ(ticks, stopped_at);
 }
 
-TEST(QtEventServer, StopsOnlyTheTimerItIsAskedToStop) {
+TEST(QtEventServer, StopsOnlyTheGivenTimer) {
   QtEventServer events;
   std::vector<EventServer::TimerId> old;
-  // The loop below uses up whatever ids are used again.
+  // Starting many timers would reuse any id that can be reused.
   for (int i = 0; i < 300; ++i) {
     bool done = false;
     old.push_back(events.CallLater(0, [&] { done = true; }));

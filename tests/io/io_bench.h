@@ -13,10 +13,10 @@ namespace tarvok::test {
 
 using testing::HasSubstr;
 
-/** Longest that a test waits for something that happens at once; it is never waited out when all is well. */
+/** Upper limit for waits of something that should happen at once; reached only if a test fails. */
 inline constexpr int kPatience_ms = 10'000;
 
-/** What a port gave its handlers. */
+/** What a port passed to its handlers. */
 struct Heard {
   explicit Heard(Port& port) {
     port.set_on_bytes(

@@ -6,8 +6,7 @@
 #include "tests/io/io_bench.h"
 
 int main(int argc, char** argv) {
-  // Qt looks for the user's settings once in a process, so all tests share a folder that stands in for the
-  // user's.
+  // Qt looks up the user's settings once per process, so all tests share one folder in place of the user's.
   const tarvok::test::TempFolder config;
   ::setenv("XDG_CONFIG_HOME", (config / "").c_str(), 1);
   const QCoreApplication application(argc, argv);

@@ -1,4 +1,4 @@
-// Ports over pseudo terminals and loopback.
+// Ports on pseudo terminals and the loopback interface.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -43,7 +43,7 @@ TEST_F(Serial, CarriesEveryByteBothWays) {
   EXPECT_EQ(near.state(), PortState::kOpen);
 }
 
-TEST_F(Serial, GivesTheNextProgramACleanLine) {
+TEST_F(Serial, NextProgramGetsCleanLine) {
   PtyPort far(link);
   Heard far_heard(far);
   int released = 0;
@@ -80,7 +80,7 @@ TEST_F(Serial, ClosesItselfOnceWhenTheOtherEndHangsUp) {
   EXPECT_FALSE(Send(near, "x"));
 }
 
-TEST_F(Serial, GivesBytesToANestedWaitAndSurvivesItsOwnHandler) {
+TEST_F(Serial, DeliversBytesToNestedWaitAndMayBeDestroyedByHandler) {
   PtyPort far(link);
   auto near = std::make_unique<QtSerialPort>(link, LineSettings());
   std::string heard;
@@ -98,7 +98,7 @@ TEST_F(Serial, GivesBytesToANestedWaitAndSurvivesItsOwnHandler) {
   EXPECT_TRUE(events.ServeUntil([&] { return gone; }, kPatience_ms));
 }
 
-TEST_F(Serial, ReplacesOnlyLinksThatAKilledRunLeft) {
+TEST_F(Serial, ReplacesOnlyLinksLeftByAKilledRun) {
   fs::create_symlink("/dev/pts/99999", link);
   {
     const PtyPort first(link);
@@ -116,7 +116,7 @@ TEST_F(Serial, ReplacesOnlyLinksThatAKilledRunLeft) {
   EXPECT_THAT(PtyPort(folder / "no/line").error(), HasSubstr("No such file"));
 }
 
-TEST_F(Serial, FindsTheDeviceBehindAnIndex) {
+TEST_F(Serial, FindsTheDeviceOfANumber) {
   QtSettings settings;
   const PtyPort far(link);
   settings.Set("Serial Ports", "Com3", link);
@@ -154,7 +154,7 @@ class Tcp : public ::testing::Test {
   TcpListener listener_;
 };
 
-TEST_F(Tcp, CarriesBytesAndTellsTheEndBehindTheLast) {
+TEST_F(Tcp, CarriesBytesAndReportsCloseAfterTheLast) {
   auto near = Connect();
   Heard near_heard(*near), far_heard(*far_);
   EXPECT_TRUE(Send(*near, "one"));
@@ -173,7 +173,7 @@ TEST_F(Tcp, CarriesBytesAndTellsTheEndBehindTheLast) {
   EXPECT_FALSE(Send(*far_, "x"));
 }
 
-TEST_F(Tcp, LosesNothingOfALargeBlockAtClose) {
+TEST_F(Tcp, DeliversLargeBlockBeforeClose) {
   auto near = Connect();
   Heard far_heard(*far_);
   const std::string large(8'000'000, 'x');
@@ -184,11 +184,11 @@ TEST_F(Tcp, LosesNothingOfALargeBlockAtClose) {
   EXPECT_EQ(far_heard.text.size(), large.size());
 }
 
-TEST_F(Tcp, SaysWhyItDoesNotConnect) {
+TEST_F(Tcp, ReportsWhyItDoesNotConnect) {
   for (const char* port : {"", "0", "65536", "-1", "80x", "99999999999"}) {
     const QtTcpPort bad("127.0.0.1", port);
     EXPECT_EQ(bad.state(), PortState::kError) << port;
-    EXPECT_THAT(bad.error(), HasSubstr("no port number")) << port;
+    EXPECT_THAT(bad.error(), HasSubstr("not a port number")) << port;
   }
   EXPECT_THAT(QtTcpPort("", "80").error(), HasSubstr("no host"));
 
@@ -204,7 +204,7 @@ TEST_F(Tcp, SaysWhyItDoesNotConnect) {
   EXPECT_EQ(refused.state(), PortState::kError);
   EXPECT_THAT(refused.error(), HasSubstr("refused"));
   EXPECT_THAT(TcpListener([](std::unique_ptr<Port>) {}).Listen("nowhere", 0).message(),
-              HasSubstr("no address"));
+              HasSubstr("not a numeric address"));
 }
 
 TEST_F(Tcp, MayBeDestroyedByItsHandler) {

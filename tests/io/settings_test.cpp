@@ -15,7 +15,7 @@ std::string SettingsFile() {
   return std::string(std::getenv("XDG_CONFIG_HOME")) + "/Tarvok config/Tarvok config.ini";
 }
 
-TEST(Settings, ChangeNoByte) {
+TEST(Settings, KeepEveryByte) {
   std::string all;
   for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
   const std::vector<std::string> kValues = {"",
@@ -43,7 +43,7 @@ TEST(Settings, ChangeNoByte) {
   EXPECT_TRUE(std::filesystem::exists(SettingsFile()));
 }
 
-TEST(Settings, WaitForTheDiskOnceForWhatChangesTogether) {
+TEST(Settings, WriteChangesTogether) {
   QtSettings settings;
   settings.Set("Columns", "frm", "1");
   QCoreApplication::processEvents();
@@ -60,7 +60,7 @@ TEST(Settings, WaitForTheDiskOnceForWhatChangesTogether) {
   EXPECT_FALSE(is_written_anew({"120", "121"}));
 }
 
-TEST(Settings, ReadWhatAPersonWrote) {
+TEST(Settings, ReadHandWrittenValues) {
   std::filesystem::create_directories(std::filesystem::path(SettingsFile()).parent_path());
   std::ofstream(SettingsFile()) << "[Serial Ports]\nCom1=/dev/ttyUSB0\nCom2 = /home/gr\xC3\xBC\xC3\x9F, "
                                    "x\n[Serial%20Ports]\nCom4=/dev/x\n";
