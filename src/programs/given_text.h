@@ -6,9 +6,12 @@
 
 namespace tarvok::programs {
 
-/** For an option that wants a text, "" or what is wrong with it: an empty one would count as not given. */
+/**
+ * Validator for an option that requires a text: returns "" or what is wrong. An empty text would count as not
+ * given.
+ */
 inline std::string IsGiven(const std::string& text) {
-  return text.empty() ? "an empty text names nothing" : std::string();
+  return text.empty() ? "must not be empty" : std::string();
 }
 
 }  // namespace tarvok::programs

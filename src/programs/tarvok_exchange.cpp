@@ -1,5 +1,5 @@
-// tarvok-exchange: the practice exchange. Plays an exchange on all five transports, so that the whole tool
-// can be learned, shown and tested without one.
+// tarvok-exchange: the practice exchange. Simulates an exchange on all five transports, so that the tool can
+// be learned, demonstrated and tested without a real one.
 
 #include <csignal>
 #include <filesystem>
@@ -32,34 +32,36 @@ constexpr int kFailed = 1;
 constexpr int kBadCommandLine = 2;
 
 constexpr const char* kAbout =
-    "The practice exchange: plays an exchange for Tarvok Setup, so that everything can be tried without "
-    "one.\n";
+    "The practice exchange: simulates an exchange for Tarvok Setup, so that everything can be tried without "
+    "a real one.\n";
 
 constexpr const char* kFooter = R"(
-Start one of these and let the tool connect to it:
+Start it in one of these ways and connect the tool to it:
   tarvok-exchange --version 110 --store ~/practice --lan 4001       the tool's "LAN" to 127.0.0.1, port 4001
   tarvok-exchange --version 110 --store ~/practice --serial ~/pbx   a serial port with the device ~/pbx
 
-When everything listens, one line is printed: "ready" and the addresses, such as
+When it is ready, it prints one line: "ready" and the addresses, such as
   ready lan=127.0.0.1:4001 serial=~/pbx
-What the exchange refuses is answered by an error reply, and one line on standard error says why.
-SIGTERM or Ctrl+C ends it; the store is written, exit status 0. Exit status 1: a port, link or file failed.
-Exit status 2: the command line is wrong.
+A message that the exchange refuses gets an error reply, and one line on standard error says why.
+SIGTERM or Ctrl+C ends the program: it writes the store and exits with status 0.
+Exit status 1: a port, link or file failed. Exit status 2: the command line is wrong.
 
-The store is a folder, made if it is missing: 01.bin to 46.bin hold the sections as they came, minibar.bin 512 records
-of 32 bytes, billing/N.bin the sectors of table N, mode the mode's number, clock the six bytes of the last time in
-hexadecimal, passwords a line "LEVEL BYTES" for each level. A section that never came loads as that of an empty project.
+The store is a folder, which is created if necessary. It contains 01.bin to 46.bin (the sections as received),
+minibar.bin (512 records of 32 bytes), billing/N.bin (the sectors of table N), mode (the number of the mode),
+clock (the six bytes of the last time, in hexadecimal) and passwords (a line "LEVEL BYTES" for each level).
+A section that was never sent loads as that of an empty project.
 
-Passwords: level 1 opens everything, level 2 the billing tables and the mini bar, level 3 the mini bar alone. Without
-any password, given or stored, every password passes.
+Passwords: level 1 permits everything, level 2 the billing tables and the mini bar, level 3 only the mini bar.
+If no password is given or stored, every password is accepted.
 
-Faults, a comma list. A unit is a frame of the link, a message of a LAN, a packet of a server; P runs from 0 to 1:
-  drop=P  flip=P  dup=P   a unit is lost, has one bit turned over, comes twice, in either direction
-  error-reply=P           a command is answered by an error and not carried out
-  delay=MS                what the exchange sends leaves so much later
-  silent-after=N          behind N units of the tool the line is dead
-  hangup-after=N          behind N units of the tool the exchange hangs up
-Each connection begins anew with the same --seed, and the same units then suffer the same.)";
+Faults are a comma-separated list. A unit is a frame of the link, a message of a LAN or a packet of a server;
+P is a probability from 0 to 1:
+  drop=P  flip=P  dup=P   a unit is lost, has one bit inverted, or is duplicated, in either direction
+  error-reply=P           a command gets an error reply and is not carried out
+  delay=MS                everything that the exchange sends is delayed by MS milliseconds
+  silent-after=N          the line goes dead after N units from the tool
+  hangup-after=N          the exchange hangs up after N units from the tool
+Each connection starts again with the same --seed, so that the same units are damaged in the same way.)";
 
 struct Options {
   int version = 0;
@@ -77,32 +79,32 @@ struct Options {
 
 void DescribeOptions(CLI::App& app, Options& options) {
   app.footer(kFooter);
-  app.add_option("--version", options.version, "The exchange's version in hundredths: 110 is 1.10")
+  app.add_option("--version", options.version, "Version of the exchange in hundredths: 110 is 1.10")
       ->required()
       ->check(CLI::Range(1, 65535));
-  app.add_option("--store", options.store, "Folder of what the exchange holds")->required()->check(IsGiven);
+  app.add_option("--store", options.store, "Folder for the data of the exchange")->required()->check(IsGiven);
   app.add_option("--password", options.passwords, "Passwords of level 1, 2 and 3, up to six digits each")
       ->expected(1, kPasswordLevels);
   const CLI::Range ports(0, 65535);
-  app.add_option("--lan", options.lan, "TCP port for \"LAN\"; 0 takes a free one")->check(ports);
+  app.add_option("--lan", options.lan, "TCP port for \"LAN\"; 0 picks a free one")->check(ports);
   app.add_option("--lan-serial", options.lan_serial, "TCP port for \"LAN to Serial\"")->check(ports);
   app.add_option("--server", options.server, "TCP port for \"Server\"")->check(ports);
   app.add_option("--listen", options.listen, "Address to listen on")->check(IsGiven)->capture_default_str();
   app.add_option("--serial", options.serial, "Link to a pseudo terminal for \"Serial\"")->check(IsGiven);
   app.add_option("--modem", options.modem, "Link to a pseudo terminal with a modem for \"Modem\"")
       ->check(IsGiven);
-  app.add_option("--faults", options.faults, "Damages the traffic, see below")->check(IsGiven);
-  app.add_option("--seed", options.conditions.seed, "Which damage the faults do")->capture_default_str();
-  app.add_option("--bps", options.conditions.speed_bps, "Paces the bytes as a line of so many bit/s would")
+  app.add_option("--faults", options.faults, "Damage the traffic, see below")->check(IsGiven);
+  app.add_option("--seed", options.conditions.seed, "Seed of the random faults")->capture_default_str();
+  app.add_option("--bps", options.conditions.speed_bps, "Pace the bytes like a line of this speed in bit/s")
       ->check(CLI::Range(50, 4'000'000));
 }
 
-/** "" if the texts among the options are good, else what is wrong; fills what is made of them. */
+/** Parses the texts among the options; returns "" or what is wrong. */
 std::string Interpret(Options& options, LevelPasswords& passwords) {
   int level = 0;
   for (const std::string& digits : options.passwords) {
     const std::optional<PackedPassword> packed = PackPassword(digits);
-    if (!packed) return "--password: one to six digits are wanted";
+    if (!packed) return "--password: one to six digits are required";
     if (++level > kPasswordLevels) return "--password: there are only three levels";
     passwords.Set(level, *packed);
   }
@@ -122,7 +124,7 @@ void Tell(std::string_view line) {
   std::cerr << "tarvok-exchange: " << line << std::endl;
 }
 
-/** The lines of one exchange: what listens, and what the "ready" line says of it. */
+/** The lines of an exchange: the open listeners and terminals, and the text of the "ready" line. */
 class Lines {
  public:
   explicit Lines(PracticeExchange& exchange) : exchange_(exchange) {}
@@ -142,7 +144,7 @@ class Lines {
     if (link.empty()) return {};
     auto terminal = std::make_unique<PtyPort>(link);
     if (terminal->state() != PortState::kOpen) return {ErrorKind::kInputOutput, terminal->error()};
-    // An exchange that hung up for practice must be there for the next try.
+    // An exchange that hung up for practice must accept the next attempt.
     exchange_.Accept(std::move(terminal), Wire::kLink, [this, link] {
       if (const Status again = OpenSerial(link); !again.ok()) Tell(again.message());
     });
@@ -193,7 +195,7 @@ int Run(const Options& options, const LevelPasswords& passwords) {
   }
   const InstanceLock lock(options.store + "/.lock");
   if (lock.held_elsewhere()) {
-    Tell(options.store + ": another practice exchange works with this folder");
+    Tell(options.store + ": another practice exchange is using this folder");
     return kFailed;
   }
   QtEventServer events;
@@ -213,7 +215,7 @@ int Run(const Options& options, const LevelPasswords& passwords) {
     Tell(opened.message());
     return kFailed;
   }
-  if (!(std::cout << lines.ready() << std::endl)) {  // somebody waits for it
+  if (!(std::cout << lines.ready() << std::endl)) {  // somebody waits for this line
     Tell("standard output could not be written");
     return kFailed;
   }
@@ -247,7 +249,7 @@ int Main(int argc, char** argv) {
 }  // namespace tarvok::programs
 
 int main(int argc, char** argv) {
-  // A reader of our output that goes away is no reason to die with the store unwritten.
+  // Do not die when the reader of our output goes away: the store must still be written.
   std::signal(SIGPIPE, SIG_IGN);
   return tarvok::programs::Main(argc, argv);
 }

@@ -1,4 +1,4 @@
-// tarvok-setup: the technician's program. Here, and only here, its parts are put together.
+// tarvok-setup: the technician's program. This file is the only place that puts its parts together.
 
 #include <clocale>
 #include <fontconfig/fontconfig.h>
@@ -34,14 +34,14 @@
 namespace tarvok::programs {
 namespace {
 
-/** The history, begun anew; where it can't be opened a session runs without one. */
+/** Opens the history, which starts empty; if that fails, sessions run without one. */
 SendLog::Sink OpenLog() {
   auto file = std::make_shared<LogFile>();
   if (!file->Open(ctl::DefaultLog()).ok()) return {};
   return [file](std::string_view text) { file->Write(text); };
 }
 
-/** The project to begin with, "" for none. */
+/** The project to open at the start; "" for none. */
 std::string ProjectArgument() {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Sets up a telephone exchange."));
@@ -54,7 +54,7 @@ std::string ProjectArgument() {
   return PathBytes(QDir::cleanPath(QDir().absoluteFilePath(arguments.constFirst())));
 }
 
-/** The form of every command: here alone they meet the frame. */
+/** The form of each command: the only place where forms and frame meet. */
 std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow& window) {
   std::map<std::string_view, FormFactory> forms = {
       {"connect", MakeTransferFactory(parts, ConnectKind(), &window)},
@@ -66,8 +66,10 @@ std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow&
   return forms;
 }
 
-/** Takes as long as reaching the display: side by side both are there sooner. The application sets the program's locale
- * meanwhile, so this thread has one of its own. */
+/**
+ * Takes as long as connecting to the display, so the two run in parallel. Meanwhile the application sets the
+ * program's locale, so this thread uses a locale of its own.
+ */
 void ReadFontSettings() {
   const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
   uselocale(plain);

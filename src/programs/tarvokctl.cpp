@@ -1,4 +1,4 @@
-// The command-line companion: scripts, backups and support work over the same code as the desktop program.
+// The command-line tool: scripts, backups and support work with the same code as the desktop program.
 
 #include <array>
 #include <functional>
@@ -27,7 +27,7 @@
 namespace tarvok::ctl {
 namespace {
 
-/** What the command line said; each command reads its own. */
+/** The parsed command line; each command reads its own part. */
 struct Arguments {
   std::string project;
   std::string other;  // the second file or folder
@@ -47,18 +47,18 @@ struct Arguments {
   SessionOptions session;
 };
 
-/** An option or argument that wants a text. */
+/** Adds an option or argument that requires a text. */
 CLI::Option* AddText(CLI::App* command, const char* name, std::string& text, const char* description) {
   return command->add_option(name, text, description)->check(IsGiven);
 }
 
-/** A number as people write it, and nothing that is one only to a programmer. */
+/** Accepts decimal numbers only, not hexadecimal or octal ones. */
 std::string IsDecimal(const std::string& text) {
   const bool decimal = text.find_first_not_of("0123456789") == std::string::npos;
-  return decimal ? std::string() : text + " is no whole number";
+  return decimal ? std::string() : text + " is not a whole number";
 }
 
-/** "Tarvok Setup" and the version, as the window's title has them. */
+/** "Tarvok Setup" and the version, as in the window's title. */
 std::string NameAndVersion() {
   constexpr std::string_view kFrame = " -=";
   const std::size_t first = kFrameTitle.find_first_not_of(kFrame);
@@ -77,9 +77,8 @@ class CommandLine {
     app_.footer(
         "Exit status: 0 done, 1 the operation failed (the reason on standard error), 2 the command line is "
         "wrong.\n"
-        "A reason is one line. Advice stands on lines of its own in front of it, which begin with "
-        "\"note:\".\n"
-        "The password is read from TARVOK_PASSWORD, from --password-file, or asked for on the terminal.");
+        "The reason is a single line. Advice comes before it, on lines that begin with \"note:\".\n"
+        "The password is read from TARVOK_PASSWORD or --password-file, or asked for on the terminal.");
     AddProjectCommands();
     AddImageCommands();
     AddSessionCommands();
@@ -128,29 +127,29 @@ class CommandLine {
       const QCoreApplication application(argc_, argv_);
       return New(store_, SystemFile(), arguments_.project, arguments_.force);
     });
-    AddText(make, "PROJECT", arguments_.project, "project file to make")->required();
+    AddText(make, "PROJECT", arguments_.project, "project file to create")->required();
     make->add_flag("--force", arguments_.force, "replace an existing file");
 
-    CLI::App* check = Command("check", "tell what no editor could have written and what points nowhere",
+    CLI::App* check = Command("check", "report invalid values and dangling references",
                               [this] { return Check(store_, arguments_.project); });
     AddText(check, "PROJECT", arguments_.project, "project file")->required();
 
-    CLI::App* diff = Command("diff", "tell what differs between two projects", [this] {
+    CLI::App* diff = Command("diff", "show the differences between two projects", [this] {
       return Diff(store_, arguments_.project, arguments_.other, arguments_.show_secrets);
     });
     AddText(diff, "A", arguments_.project, "project file")->required();
     AddText(diff, "B", arguments_.other, "project file to compare it with")->required();
-    diff->add_flag("--show-secrets", arguments_.show_secrets, "show passwords, not only that they changed");
+    diff->add_flag("--show-secrets", arguments_.show_secrets,
+                   "show passwords instead of only that they changed");
     diff->footer("Exit status: 0 same, 1 different, 2 not comparable.");
 
-    CLI::App* edit =
-        Command("edit", "drive an editor's rules with keys and clicks, without a window", [this] {
-          const QCoreApplication application(argc_, argv_);
-          return Edit(store_, SystemFile(), arguments_.project, arguments_.form, arguments_.script);
-        });
+    CLI::App* edit = Command("edit", "operate an editor with keys and clicks, without a window", [this] {
+      const QCoreApplication application(argc_, argv_);
+      return Edit(store_, SystemFile(), arguments_.project, arguments_.form, arguments_.script);
+    });
     AddText(edit, "PROJECT", arguments_.project, "project file")->required();
     AddText(edit, "FORM", arguments_.form, "name of the editor's form, such as frmAccount")->required();
-    AddText(edit, "--script", arguments_.script, "commands, one a line (default: standard input)");
+    AddText(edit, "--script", arguments_.script, "commands, one per line (default: standard input)");
     edit->footer(EditHelp());
 
     CLI::App* get = Command("get", "print a value, or KEY=VALUE lines of a section", [this] {
@@ -158,7 +157,7 @@ class CommandLine {
     });
     AddText(get, "PROJECT", arguments_.project, "project file")->required();
     AddText(get, "SECTION", arguments_.section_name, "section name")->required();
-    AddText(get, "KEY", arguments_.key, "key name; without it the whole section");
+    AddText(get, "KEY", arguments_.key, "key name (default: the whole section)");
 
     CLI::App* set = Command("set", "write one key", [this] {
       return Set(store_, arguments_.project, arguments_.section_name, arguments_.key, arguments_.value);
@@ -166,14 +165,14 @@ class CommandLine {
     AddText(set, "PROJECT", arguments_.project, "project file")->required();
     AddText(set, "SECTION", arguments_.section_name, "section name")->required();
     AddText(set, "KEY", arguments_.key, "key name")->required();
-    set->add_option("VALUE", arguments_.value, "its new value; \"\" writes an empty key")->required();
+    set->add_option("VALUE", arguments_.value, "new value; \"\" writes an empty key")->required();
 
-    TakeVersion(Command("sections", "what a send carries and a load asks for, by exchange version",
+    TakeVersion(Command("sections", "list what is sent and loaded, by exchange version",
                         [this] { return ListSections(arguments_.version); }));
   }
 
   void AddImageCommands() {
-    CLI::App* encode = Command("encode", "write wire images of a project", [this] {
+    CLI::App* encode = Command("encode", "write the wire images of a project", [this] {
       if (arguments_.all) return EncodeAll(store_, arguments_.project, arguments_.version, arguments_.other);
       if (arguments_.section == 0) return Misused("--section or --all is required");
       return Encode(store_, arguments_.project, arguments_.section, arguments_.version, arguments_.other);
@@ -188,7 +187,7 @@ class CommandLine {
       return Decode(store_, arguments_.other, arguments_.section, arguments_.version, arguments_.project);
     });
     AddText(decode, "IMAGE", arguments_.other, "image file, or with --all the folder of NN.bin")->required();
-    AddText(decode, "--into", arguments_.project, "project file; a missing one is made")->required();
+    AddText(decode, "--into", arguments_.project, "project file; created if missing")->required();
     TakeSectionOrAll(decode);
   }
 
@@ -196,11 +195,11 @@ class CommandLine {
     SessionOptions& session = arguments_.session;
     AddText(command, "--password-file", session.password_file, "file whose first line is the password");
     AddText(command, "--log", session.log_file, "history of the session (default: send.log)");
-    AddText(command, "--device", session.device, "serial device of this run, instead of the settings'");
-    command->add_flag("--trace", session.trace, "write every byte and frame to the history, too");
+    AddText(command, "--device", session.device, "serial device to use instead of those in the settings");
+    command->add_flag("--trace", session.trace, "also log every byte and frame");
   }
 
-  /** A command that needs Qt's loop. */
+  /** Adds a command that needs Qt's loop. */
   CLI::App* SessionCommand(const char* name, const char* description, std::function<int()> run) {
     CLI::App* command = Command(name, description, [this, run = std::move(run)] {
       const QCoreApplication application(argc_, argv_);
@@ -221,11 +220,12 @@ class CommandLine {
         });
     AddText(send, "PROJECT", arguments_.project, "project file; its connection settings are used")
         ->required();
-    // At most one of them. A group would say so in one line, but its parser never ends on an empty word too many.
+    // At most one of them. A CLI11 option group would say so in one line, but its parser loops forever on a
+    // surplus empty argument.
     const std::array parts = {
-        send->add_flag("--link-table", arguments_.link_table, "the PBX link table alone"),
-        send->add_flag("--ip", arguments_.ip, "the exchange's new IP address alone"),
-        send->add_flag("--minibar", arguments_.mini_bar, "the mini bar list alone"),
+        send->add_flag("--link-table", arguments_.link_table, "only the PBX link table"),
+        send->add_flag("--ip", arguments_.ip, "only the exchange's new IP address"),
+        send->add_flag("--minibar", arguments_.mini_bar, "only the mini bar list"),
         send->add_flag("--compare", arguments_.session.compare,
                        "read each section back and compare its bytes (from 1.09)")};
     for (CLI::Option* part : parts) {
@@ -241,10 +241,10 @@ class CommandLine {
       return Load(store_, arguments_.other, arguments_.project, arguments_.mini_bar, arguments_.force,
                   arguments_.session);
     });
-    AddText(load, "OUT", arguments_.other, "project file to make")->required();
+    AddText(load, "OUT", arguments_.other, "project file to create")->required();
     AddText(load, "--using", arguments_.project, "project whose connection settings are used")->required();
     load->add_flag("--minibar", arguments_.mini_bar,
-                   "the mini bar list alone, into a copy of the --using project");
+                   "only the mini bar list, into a copy of the --using project");
     load->add_flag("--force", arguments_.force, "replace an existing file");
 
     CLI::App* billing = SessionCommand(
@@ -253,7 +253,7 @@ class CommandLine {
     AddText(billing, "PROJECT", arguments_.project, "project whose connection settings are used")->required();
     AddText(billing, "FOLDER", arguments_.other, "folder with the tables")->required();
 
-    CLI::App* ping = SessionCommand("ping", "ask the exchange for a sign of life",
+    CLI::App* ping = SessionCommand("ping", "check that the exchange responds",
                                     [this] { return Ping(store_, arguments_.project, arguments_.session); });
     AddText(ping, "PROJECT", arguments_.project, "project whose connection settings are used")->required();
   }

@@ -7,18 +7,22 @@
 
 namespace tarvok::ctl {
 
-/** What `Diff` returns where one of the two files is no project. */
+/** Returned by `Diff` if one of the files is not a project. */
 inline constexpr int kNotComparable = 2;
 
-// The commands that judge projects. What they find goes to standard output, a line each, in UTF-8.
+// The commands that examine projects. They print one finding per line to standard output, in UTF-8.
 
-/** Tells every value that no editor could have written and every reference that points nowhere, as
- * `SECTION KEY FIELD: what is wrong`. Returns done without a word, or failed where there is any. */
+/**
+ * Prints every invalid value and every dangling reference as `SECTION KEY FIELD: what is wrong`. Returns done
+ * if there are none, otherwise failed.
+ */
 int Check(ProjectStore& store, const std::string& project);
 
-/** Tells what differs between two projects, as `ROW · FIELD: old → new`. Returns 0 where they mean the same,
- * 1 where they differ, kNotComparable where one is no project. Passwords only show that they changed unless
- * `show_secrets`. */
+/**
+ * Prints the differences between two projects as `ROW · FIELD: old → new`. Returns 0 if they are equivalent,
+ * 1 if they differ, kNotComparable if one is not a project. Of passwords only the fact that they changed is
+ * shown, unless `show_secrets` is set.
+ */
 int Diff(ProjectStore& store, const std::string& first, const std::string& second, bool show_secrets);
 
 }  // namespace tarvok::ctl

@@ -17,7 +17,7 @@
 namespace tarvok::ctl {
 namespace {
 
-/** Whether standard output and standard error are one terminal, file or pipe. */
+/** True if standard output and standard error are the same terminal, file or pipe. */
 bool OutputsAreOne() {
   struct stat output = {};
   struct stat error = {};
@@ -89,7 +89,7 @@ void ConsoleView::DrawBar() {
                     std::string(static_cast<std::size_t>(kWidth - filled), ' ') + "] " +
                     std::to_string(100 * value_ / end_) + " %, " + MinutesText(seconds_);
   if (!pace_.empty()) bar += ", " + pace_;
-  // A bar that wraps could not be taken away again.
+  // A bar that wraps could not be removed.
   winsize size = {};
   if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
     bar.resize(std::min<std::size_t>(bar.size(), size.ws_col - 1U));

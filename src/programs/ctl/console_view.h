@@ -10,20 +10,23 @@
 
 namespace tarvok::ctl {
 
-/** A session on a terminal or in a script: the log window's lines as they come, boxes and questions as lines
- * of their own, every question answered Yes, and on a terminal a progress bar below the log. */
+/**
+ * A session on a terminal or in a script: prints the lines of the log window as they come, boxes and
+ * questions on lines of their own, answers every question with Yes, and shows a progress bar below the log on
+ * a terminal.
+ */
 class ConsoleView : public SessionView {
  public:
-  /** Gives the password of the next try; nothing gives the log-in up. */
+  /** Returns the password for the next attempt; nullopt cancels the log-in. */
   using AskPassword = std::function<std::optional<std::string>()>;
 
-  /** `compare` checks the box "Compare Byte"; without it the box stays as the project has it. */
+  /** `compare` checks the box "Compare Byte"; otherwise the box stays as the project has it. */
   explicit ConsoleView(AskPassword ask_password, bool compare = false);
   ~ConsoleView() override;
 
-  /** Takes the bar away and ends a line that was left open. */
+  /** Removes the bar and ends an unfinished line. */
   void End();
-  /** Behind the end of a session that went well: how fast it was, on standard error. */
+  /** Call after a successful session: prints its speed to standard error. */
   void TellPace();
 
   void Log(std::string_view text) override;
@@ -46,10 +49,10 @@ class ConsoleView : public SessionView {
   AskPassword ask_password_;
   bool compare_;
   bool has_bar_;          // standard output is a terminal
-  bool outputs_are_one_;  // a note would go behind a line of the log that is still open
+  bool outputs_are_one_;  // a note would continue a log line that is not finished yet
   bool bar_shown_ = false;
   bool busy_ = false;
-  bool line_open_ = false;  // the log's last line waits for its end
+  bool line_open_ = false;  // the log's last line is not finished yet
   int value_ = 0;
   int end_ = 0;
   int seconds_ = 0;

@@ -20,7 +20,7 @@
 namespace tarvok::ctl {
 namespace {
 
-/** A line for the terminal; tabs stand between cells. */
+/** A line for the terminal; tabs between cells are kept. */
 std::string TerminalLine(std::string_view line) {
   std::string shown;
   for (std::size_t tab = line.find('\t'); tab != std::string_view::npos; tab = line.find('\t')) {
@@ -30,7 +30,7 @@ std::string TerminalLine(std::string_view line) {
   return shown + ToUtf8(line);
 }
 
-/** What a paste or a menu entry left out of the table, a line each on standard error. */
+/** Prints the cells that a paste or a menu entry left out, one line each, to standard error. */
 void TellRefused(EditorForm& form) {
   auto* table = dynamic_cast<TableForm*>(&form);
   if (table == nullptr) return;
@@ -42,7 +42,7 @@ void TellRefused(EditorForm& form) {
   table->Note({});
 }
 
-/** Runs the lines until one is wrong. */
+/** Runs the lines until one is invalid. */
 int RunScript(std::istream& lines, EditorForm& form, ScriptedQuestions& questions) {
   FormScript script(form, questions);
   std::string line;
@@ -57,7 +57,7 @@ int RunScript(std::istream& lines, EditorForm& form, ScriptedQuestions& question
   return kDone;
 }
 
-/** The whole file; false if it can't be read to its end. A pipe will do, too. */
+/** Reads the whole file; false on a read error. A pipe works, too. */
 bool ReadWhole(const std::string& path, std::stringstream& text) {
   std::ifstream file(path, std::ios::binary);
   std::array<char, 4096> piece{};

@@ -7,8 +7,10 @@
 
 namespace tarvok::ctl {
 
-/** Drives the rules of the editor `form` with the keys and clicks of a script, a command a line; from
- * standard input where `script` is empty. What the form says and asks comes out as lines. */
+/**
+ * Operates the editor `form` with the keys and clicks of a script, one command per line; reads standard input
+ * if `script` is empty. Prints what the form shows and asks.
+ */
 int Edit(ProjectStore& store, const std::string& system_file, const std::string& project,
          const std::string& form, const std::string& script);
 

@@ -10,17 +10,18 @@ std::string EditHelp() {
   for (const Editor* editor : Editors()) forms.append(forms.empty() ? "" : " ").append(editor->name.form);
   return "Forms: " + forms +
          "\n\n"
-         "Commands, one a line:\n"
-         "  go ROW COLUMN                   makes a cell the current one; a column by its title in quotes or "
-         "by number\n"
-         "  select ROW COLUMN ROW COLUMN    a rectangle\n"
-         "  type TEXT                       each character as a key press\n"
+         "Commands, one per line:\n"
+         "  go ROW COLUMN                   makes a cell current; the column is a title in quotes or a "
+         "number\n"
+         "  select ROW COLUMN ROW COLUMN    selects a rectangle\n"
+         "  type TEXT                       presses a key for each character\n"
          "  press KEY                       Backspace, Delete, Return, Escape, Tab, Up, Down, Left, Right\n"
-         "  pick TEXT                       that entry of the list; without a text the blank one\n"
-         "  focus CONTROL, set CONTROL VALUE, click CONTROL    a control by its name: cmdOK, Check1(3)\n"
+         "  pick TEXT                       chooses an entry of the list; the blank one without a text\n"
+         "  focus CONTROL, set CONTROL VALUE, click CONTROL    a control by name: cmdOK, Check1(3)\n"
          "  paste TEXT, copy, cut           the clipboard, with \\t and \\n in TEXT\n"
-         "  answer WORD ...                 what the next questions are answered: Yes, No\n"
-         "  list CONTROL, show, value CONTROL    print a list's entries, the table, a control's value";
+         "  answer WORD ...                 the answers to the next questions: Yes, No\n"
+         "  list CONTROL, show, value CONTROL    print the entries of a list, the table, the value of a "
+         "control";
 }
 
 }  // namespace tarvok::ctl

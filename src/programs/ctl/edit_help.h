@@ -6,7 +6,7 @@
 
 namespace tarvok::ctl {
 
-/** What the help of `edit` says behind its options: the forms, and the commands of a script. */
+/** The help of `edit` after its options: the forms, and the commands of a script. */
 std::string EditHelp();
 
 }  // namespace tarvok::ctl

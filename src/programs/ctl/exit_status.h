@@ -10,16 +10,18 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongCommandLine = 2;
 
-/** Says one line on standard error. */
+/** Prints one line to standard error. */
 void Tell(std::string_view line);
-/** Says on standard error, in one line that begins with "note:", what is to be known beside a result or in front of a
- * reason. */
+/**
+ * Prints a line that begins with "note:" to standard error: something to know in addition to a result, or
+ * before a reason.
+ */
 void Note(std::string_view line);
-/** Says the reason on standard error, one line, and returns the status of an operation that failed. */
+/** Prints the reason in one line to standard error, and returns the status of a failed operation. */
 int Fail(std::string_view reason);
-/** The same for a command line that is wrong. */
+/** Like Fail, for an invalid command line. */
 int Misused(std::string_view reason);
-/** The end of the program: `status`, or a failure where what it wrote on standard output did not get there. */
+/** Call at the end of the program: returns `status`, or failure if standard output could not be written. */
 int EndOutput(int status);
 
 }  // namespace tarvok::ctl

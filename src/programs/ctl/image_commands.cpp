@@ -25,14 +25,14 @@ std::string AsText(const std::vector<std::uint8_t>& bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
-/** The layout with a coder for the direction, or why there is none. */
+/** The layout with a coder for the direction, or the reason why there is none. */
 Result<const WireLayout*> CodedLayout(int number, int version, Direction direction) {
   const Section* section = FindSection(number);
   const WireLayout* layout = section == nullptr ? nullptr : section->LayoutAt(version, direction);
   const bool coded = layout != nullptr &&
                      (direction == Direction::kSend ? layout->encode != nullptr : layout->decode != nullptr);
   if (coded) return layout;
-  return Status(ErrorKind::kBadData, "section " + std::to_string(number) + " does not travel");
+  return Status(ErrorKind::kBadData, "section " + std::to_string(number) + " is not transferred");
 }
 
 Result<std::string> Encoded(const IniText& project, int section, int version) {
@@ -63,7 +63,7 @@ Result<DecodeStep> ReadStep(FileSystem& files, const std::string& file, int sect
   return DecodeStep{layout.value(), std::move(bytes).value()};
 }
 
-/** An image may not take the place of the project that it is made of. */
+/** True if an image would replace the project that it is made from. */
 bool ReplacesProject(ProjectStore& store, const std::string& file, const std::string& project) {
   return IsSameFile(store.files(), file, project);
 }
@@ -72,7 +72,7 @@ int MisusedForProject(const std::string& file) {
   return Misused("-o: " + file + " is the project itself");
 }
 
-/** All steps as one write, so that a project has all of them or none. */
+/** Performs all steps in one write, so that the project gets all of them or none. */
 int Run(ProjectStore& store, const std::vector<DecodeStep>& steps, const std::string& project) {
   const FileIdentity identity = store.files().Identify(project);
   const bool is_new = !identity.exists || identity.size == 0;
@@ -150,7 +150,7 @@ int DecodeAll(ProjectStore& store, const std::string& folder, int version, const
     if (!step.ok()) return Fail(step.status().message());
     steps.push_back(std::move(step).value());
   }
-  if (steps.empty()) return Fail(folder + ": there is no image of this version in the folder");
+  if (steps.empty()) return Fail(folder + ": the folder contains no image of this version");
   return Run(store, steps, project);
 }
 

@@ -21,7 +21,7 @@ bool IsPassword(std::string_view text) {
   return PackPassword(text).has_value();
 }
 
-/** The terminal with its echo off, as it was again at the end. */
+/** The terminal with its echo off; restored by the destructor. */
 class SilentTerminal {
  public:
   SilentTerminal() : fd_(::open(kTerminal, O_RDWR | O_CLOEXEC | O_NOCTTY)) {
@@ -39,7 +39,7 @@ class SilentTerminal {
 
   int fd() const { return fd_; }
   void Say(std::string_view text) const {
-    // A prompt that can't be shown is no reason to stop: the line is read all the same.
+    // Go on if the prompt cannot be shown: the line can still be read.
     [[maybe_unused]] const ssize_t written = ::write(fd_, text.data(), text.size());
   }
 
@@ -89,7 +89,7 @@ std::optional<std::string> PasswordSource::Next(EventServer& events, const std::
     });
     events.ServeUntil([&] { return readable || stopped(); }, EventServer::kForever);
     if (!readable) {
-      terminal.Say("\r\n");  // what is said of the end stands on a line of its own
+      terminal.Say("\r\n");  // messages about the end start on a new line
       return std::nullopt;
     }
     char buffer[256];

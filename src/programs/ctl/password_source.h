@@ -10,15 +10,19 @@
 
 namespace tarvok::ctl {
 
-/** Where the password of a session comes from: a file, the environment, or the terminal without echo. */
+/** Supplies the password of a session from a file, the environment, or the terminal without echo. */
 class PasswordSource {
  public:
-  /** `file` is the option's value, empty without the option. An error where a given password is none, or
-   * where there is no way to ask for one. */
+  /**
+   * `file` is the value of the option, empty if not given. An error if a given password is invalid, or if
+   * there is no way to ask for one.
+   */
   static Result<PasswordSource> Find(FileSystem& files, const std::string& file);
 
-  /** The password of the next try. A given one is the same each time; at the terminal the user is asked,
-   * events being served meanwhile, and nothing comes where he ends the input or `stopped` says true. */
+  /**
+   * The password for the next attempt. A given password is the same each time; on a terminal the user is
+   * asked, while events are served. nullopt at the end of input or when `stopped` returns true.
+   */
   std::optional<std::string> Next(EventServer& events, const std::function<bool()>& stopped);
 
  private:

@@ -59,7 +59,7 @@ std::string DefaultLog() {
   const QString state = configured != nullptr && *configured == '/' ? QFile::decodeName(configured)
                                                                     : QDir::homePath() + "/.local/state";
   const QString own = state + "/Tarvok config";
-  // If the folder cannot be made, the log cannot be opened either, and the session runs without one.
+  // If the folder cannot be created, the log cannot be opened either, and the session runs without one.
   [[maybe_unused]] const bool made = QDir().mkpath(own);
   return InFolder(Bytes(own), kLogName);
 }

@@ -7,23 +7,26 @@
 
 namespace tarvok::ctl {
 
-// Where the programs find and put their files. An application object must exist.
+// Locations of the programs' files. An application object must exist.
 
 /**
- * The system file: beside the program, then `tarvok/system.tvs` in the data folders of the user and of the
- * machine, then in `../share/tarvok`. The first that exists; if none does, the path beside the program.
+ * The system file: next to the program, then `tarvok/system.tvs` in the data folders of the user and of the
+ * machine, then in `../share/tarvok`. Returns the first that exists; if there is none, the path next to the
+ * program.
  */
 std::string SystemFile();
 /** "System file: PATH", and whether it is missing. */
 std::string SystemFileLine();
-/** Where each load makes a private folder for its project. */
+/** Where each load creates a private folder for its project. */
 std::string TemporaryFolder();
-/** `send.log` beside the program if the system file is there too and the folder can be written, otherwise in
- * the user's state folder. */
+/**
+ * `send.log` next to the program if the system file is there too and the folder is writable, otherwise in the
+ * user's state folder.
+ */
 std::string DefaultLog();
-/** A folder of this user's data, not made yet. */
+/** A folder for this user's data; it may not exist yet. */
 std::string DataFolder(std::string_view name);
-/** Makes a folder and its parents. */
+/** Creates a folder and its parents; false on failure. */
 bool MakeFolder(const std::string& folder);
 
 }  // namespace tarvok::ctl

@@ -18,7 +18,7 @@
 namespace tarvok::ctl {
 namespace {
 
-/** Whether a name can stand in the file and be found again. */
+/** True if the name can be stored in the file and found again. */
 bool IsName(std::string_view name, std::string_view forbidden) {
   const bool blank_at_end =
       !name.empty() && (std::string_view(" \t").find(name.front()) != std::string_view::npos ||
@@ -26,12 +26,12 @@ bool IsName(std::string_view name, std::string_view forbidden) {
   return !name.empty() && !blank_at_end && name.find_first_of(forbidden) == std::string_view::npos;
 }
 
-/** Whether the reader gives the value back as it was written. */
+/** True if the reader returns the value as it was written. */
 bool ReadsBack(const std::string& value) {
   return IniText("[s]\nk=" + value + "\n").Get("s", "k") == value;
 }
 
-/** An argument that the project's code page can't hold. */
+/** Reports an argument that the project's code page cannot represent. */
 int NotInPage(std::string_view argument, std::string_view text) {
   return Misused(std::string(argument) + ": \"" + std::string(text) +
                  "\" is not UTF-8, or has a letter that the project's code page lacks");
@@ -44,7 +44,7 @@ void PrintPlanRow(std::string_view kind, std::string_view step, std::string_view
   std::cout << section << '\t' << rest << '\n';
 }
 
-/** Adds the project to its earlier versions. A failure is only mentioned: the command goes on. */
+/** Adds the project to the history. A failure is only mentioned; the command continues. */
 void KeepVersion(ProjectStore& store, const std::string& project, std::string_view reason) {
   History history(store.files(), DataFolder("history"), MakeFolder);
   const Status kept = history.Keep(project, reason, std::time(nullptr));
@@ -65,12 +65,12 @@ Result<std::shared_ptr<const IniText>> OpenProject(ProjectStore& store, const st
 
 int New(ProjectStore& store, const std::string& system_file, const std::string& project, bool force) {
   if (!force && store.files().Identify(project).exists) {
-    return Fail(project + ": the file exists already; --force replaces it");
+    return Fail(project + ": the file already exists; --force replaces it");
   }
   if (IsSameFile(store.files(), system_file, project)) {
-    return Misused(project + ": is the system file, from which projects are made");
+    return Misused(project + ": is the system file, the template of all projects");
   }
-  // Nothing is added to the history unless the new project can be made.
+  // Add nothing to the history unless the new project can be created.
   const Status usable = ReadSystemFile(store, system_file).status();
   if (!usable.ok()) return Fail(usable.message());
   if (const Status writable = CanWriteWhole(store.files(), project); !writable.ok())
@@ -107,9 +107,9 @@ int Set(ProjectStore& store, const std::string& project, const std::string& sect
   if (!section_bytes) return NotInPage("SECTION", section);
   if (!key_bytes) return NotInPage("KEY", key);
   if (!value_bytes) return NotInPage("VALUE", value);
-  if (!IsName(*section_bytes, "]\r\n")) return Misused("SECTION: no name of a section: \"" + section + "\"");
+  if (!IsName(*section_bytes, "]\r\n")) return Misused("SECTION: not a section name: \"" + section + "\"");
   if (!IsName(*key_bytes, "=\r\n") || key.front() == ';' || key.front() == '[') {
-    return Misused("KEY: no name of a key: \"" + key + "\"");
+    return Misused("KEY: not a key name: \"" + key + "\"");
   }
   if (value_bytes->size() > kMaxIniValue) {
     return Fail("section " + section + ", key " + key + ": the value has " +
@@ -130,7 +130,7 @@ int ListSections(int version) {
   int step = 1;
   PrintPlanRow("send", std::to_string(step), "time",
                std::to_string(kTimeSize) + "\t" + std::string(kTimeProgress));
-  // A section that is sent twice has a step for each, and the steps of a version count on over those it
+  // A section that is sent twice has a step for each. Step numbers also count the sections that this version
   // leaves out.
   for (const Section& section : Sections()) {
     for (int i = 0; section.send_from != kNever && i < section.times_sent; ++i) {

@@ -8,19 +8,21 @@
 
 namespace tarvok::ctl {
 
-// The commands that work on a project file alone. Each returns the exit status. Arguments and output are UTF-8, the
-// project's text is bytes of the user's code page.
+// The commands that work only on a project file. Each returns the exit status. Arguments and output are
+// UTF-8; the text of the project is in the user's code page.
 
-/** `system_file` is the template. An existing project is refused without `force`. */
+/**
+ * Creates a project from the template `system_file`. Refuses to replace an existing project without `force`.
+ */
 int New(ProjectStore& store, const std::string& system_file, const std::string& project, bool force);
-/** One value, or all `KEY=VALUE` lines of the section where `key` is empty. */
+/** Prints one value, or all `KEY=VALUE` lines of the section if `key` is empty. */
 int Get(ProjectStore& store, const std::string& project, const std::string& section, const std::string& key);
 int Set(ProjectStore& store, const std::string& project, const std::string& section, const std::string& key,
         const std::string& value);
-/** The send rows and the read plan of an exchange version. */
+/** Prints the send rows and the read plan of an exchange version. */
 int ListSections(int version);
 
-/** The project's text, or an error that says why it is none. */
+/** The project's text, or an error that says why it is not a project. */
 Result<std::shared_ptr<const IniText>> OpenProject(ProjectStore& store, const std::string& project);
 
 }  // namespace tarvok::ctl

@@ -30,11 +30,11 @@ namespace {
 
 using Session = std::function<bool(Transfer&)>;
 
-/** What a command says of its session. */
+/** The session that a command runs. */
 struct Job {
   std::string project;
-  std::string load_target;  // empty for a session that loads nothing
-  std::string folder = {};  // whose files are sent
+  std::string load_target;  // empty if the session does not load
+  std::string folder = {};  // the folder whose files are sent
   bool may_replace = true;
   TransferForm form = TransferForm::kConnect;
   bool logs_in = true;
@@ -44,7 +44,7 @@ std::string_view FirstLogLine(TransferForm form) {
   return form == TransferForm::kBilling ? "Send Billing History" : "Send Config History...";
 }
 
-/** The history may replace nothing that the session reads or makes. */
+/** The history must not replace a file that the session reads or creates. */
 std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& options) {
   std::vector<std::string> all = {job.project, options.password_file, SystemFile(), job.load_target};
   if (!job.folder.empty()) {
@@ -61,16 +61,18 @@ std::string TakenByLog(FileSystem& files, const Job& job, const SessionOptions& 
   return {};
 }
 
-/** Opens the history. The default one is a convenience that may fail in silence, unless another session has it; one that
- * was asked for may not. */
+/**
+ * Opens the history. If the default one cannot be opened, the session silently goes on without, except that a
+ * note says when another session is using it. For a history that was asked for, any failure is an error.
+ */
 Status OpenLog(LogFile& file, const std::string& asked_for) {
   const Status opened = file.Open(asked_for.empty() ? DefaultLog() : asked_for);
   if (!asked_for.empty()) return opened;
-  if (opened.kind() == ErrorKind::kExists) Note(opened.message() + "; this one goes without");
+  if (opened.kind() == ErrorKind::kExists) Note(opened.message() + "; this one is not logged");
   return {};
 }
 
-/** Puts the parts of a session together, runs it, and says why it failed. */
+/** Puts the parts of a session together, runs it, and reports why it failed. */
 int Run(ProjectStore& store, const Job& job, const SessionOptions& options, const Session& session) {
   const Result<std::shared_ptr<const IniText>> text = OpenProject(store, job.project);
   if (!text.ok()) return Fail(text.status().message());
@@ -79,8 +81,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
 
   if (!options.log_file.empty()) {
     const std::string taken = TakenByLog(store.files(), job, options);
-    if (!taken.empty())
-      return Misused("--log: " + options.log_file + " is a file of this session's, " + taken);
+    if (!taken.empty()) return Misused("--log: " + options.log_file + " is a file of this session: " + taken);
   }
   LogFile file;
   if (const Status opened = OpenLog(file, options.log_file); !opened.ok()) return Fail(opened.message());
@@ -106,7 +107,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
                     job.form);
   stopped = [&] { return transfer.waits().aborted(); };
   const StopSignals signals([&] { transfer.Abort(); });
-  // A reader of our lines that goes away must not leave the exchange in the middle of a session.
+  // If the reader of our output goes away, the session with the exchange must still end properly.
   std::signal(SIGPIPE, SIG_IGN);
 
   const bool done = session(transfer);
@@ -114,7 +115,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
   transfer.Unload();
   view.End();
   if (!options.log_file.empty() && !file.status().ok())
-    Note("the history has a gap: " + file.status().message());
+    Note("the history is incomplete: " + file.status().message());
   if (done) {
     view.TellPace();
     return kDone;
@@ -144,12 +145,12 @@ int Load(ProjectStore& store, const std::string& out, const std::string& project
          const SessionOptions& options) {
   FileSystem& files = store.files();
   if (!force && files.Identify(out).exists) {
-    return Fail(out + ": the file exists already; --force replaces it");
+    return Fail(out + ": the file already exists; --force replaces it");
   }
   if (!options.password_file.empty() && IsSameFile(files, out, options.password_file)) {
-    return Misused(out + ": is the file of the password");
+    return Misused(out + ": is the password file");
   }
-  // Found now, not when all has come.
+  // Check now, not after everything has arrived.
   if (const Status writable = CanWriteWhole(files, out); !writable.ok()) return Fail(writable.message());
   const Job job = {.project = project,
                    .load_target = out,

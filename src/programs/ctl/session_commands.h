@@ -7,30 +7,32 @@
 
 namespace tarvok::ctl {
 
-/** What every session command takes. */
+/** The options of all session commands. */
 struct SessionOptions {
   std::string password_file;
   std::string log_file;  // empty for the default
-  std::string device;    // stands for every serial port of this run
+  std::string device;    // used for every serial port of this run
   bool compare = false;  // read every section back and compare it
   bool trace = false;    // the link layer writes to the log, too
 };
 
 // The commands that talk to an exchange. An application object must exist. Each returns the exit status.
 
-/** What a send carries. */
+/** What to send. */
 enum class SendPart { kConfiguration, kLinkTable, kIpAddress, kMiniBar };
 
-/** Sends the whole configuration, or one part alone. */
+/** Sends the whole configuration, or only one part. */
 int Send(ProjectStore& store, const std::string& project, SendPart part, const SessionOptions& options);
-/** Reads the exchange that the settings of `project` name into `out`: the configuration, or the mini bar list into a copy
- * of `project`. */
+/**
+ * Loads from the exchange that the settings of `project` specify into `out`: the configuration, or the mini
+ * bar list into a copy of `project`.
+ */
 int Load(ProjectStore& store, const std::string& out, const std::string& project, bool mini_bar, bool force,
          const SessionOptions& options);
 /** Sends the billing tables of a folder. */
 int SendBilling(ProjectStore& store, const std::string& project, const std::string& folder,
                 const SessionOptions& options);
-/** Asks the exchange for a sign of life. */
+/** Checks that the exchange responds. */
 int Ping(ProjectStore& store, const std::string& project, const SessionOptions& options);
 
 }  // namespace tarvok::ctl

@@ -28,13 +28,13 @@ std::string WithPictures(QString letters) {
     } else if (letter.unicode() == 0x7F) {
       letter = QChar(kDeletePicture);
     } else if (letter.unicode() >= 0x80 && letter.unicode() < 0xA0) {
-      letter = QChar(QChar::ReplacementCharacter);  // a byte that the page leaves open
+      letter = QChar(QChar::ReplacementCharacter);  // a byte that the page leaves undefined
     }
   }
   return letters.toStdString();
 }
 
-/** Nothing where the text is not UTF-8. */
+/** nullopt if the text is not UTF-8. */
 std::optional<QString> Letters(std::string_view text) {
   QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
   QString letters = utf8(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
