@@ -1,4 +1,4 @@
-"""The built programs as a user meets them: over loopback TCP and pseudo terminals, and at the command line."""
+"""The built programs as a user runs them: over loopback TCP and pseudo terminals, and on the command line."""
 
 import os
 import pathlib
@@ -32,7 +32,7 @@ class Programs(unittest.TestCase):
         self.work = pathlib.Path(folder.name)
 
     def exchange(self, *arguments):
-        """Starts a practice exchange; its addresses by name."""
+        """Starts a practice exchange and returns its addresses by name."""
         process = subprocess.Popen([BIN / "tarvok-exchange", "--store", self.work / "exchange", *map(str, arguments)],
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.addCleanup(process.communicate)
@@ -61,7 +61,7 @@ class Programs(unittest.TestCase):
         self.assertTrue((folder / "mode").exists())
 
     def wait_for(self, path, content=None):
-        """The exchange writes shortly after it answered."""
+        """Waits for a file: the exchange writes it shortly after its reply."""
         for _ in range(200):
             written = path.read_bytes().strip() if path.exists() else b""
             if written and content in (None, written):
@@ -77,19 +77,19 @@ class Programs(unittest.TestCase):
         return path
 
     def project_over(self, by, name, *options):
-        """A project that connects to an exchange of its own."""
+        """Creates a project that connects to an exchange of its own."""
         host, port = self.exchange("--version", 110, "--password", 1234, f"--{name}", 0, *options)[name].rsplit(":", 1)
         return self.project(By=by, IPHost=host, IPPort=port)
 
     def transfer(self, project, *options):
-        """Sends the project and loads it back; the images of both must be the same."""
+        """Sends the project and loads it back; both must have the same images."""
         log = self.work / "send.log"
         out, _ = ctl("send", project, "--log", log, *options)
         self.assertIn("Sending All Data Config Finished !!!", out)
         self.assertTrue(log.read_bytes().startswith(b"Send Config History...\r\n"))
         loaded = self.work / "loaded.tvk"
         ctl("load", loaded, "--using", project, "--log", log, "--force", *options, TMPDIR=self.work)
-        # Holidays come back as other text and blank rows of the route map not at all; all else as it went.
+        # Holidays come back as different text, and blank rows of the route map do not; the rest is unchanged.
         for name, source in (("sent", project), ("got", loaded)):
             ctl("encode", source, "--all", "--version", 110, "-o", self.work / name)
         for image in sorted((self.work / "sent").iterdir()):
@@ -170,7 +170,7 @@ class Programs(unittest.TestCase):
             self.wait_for(self.work / "exchange" / file)
         self.assertIn("for compare", ctl("send", project, "--compare", *log)[0])
         ctl("load", self.work / "bar.tvk", "--minibar", "--using", project, *log, TMPDIR=self.work)
-        # An editor closes a mini bar row with a pipe, a load does not.
+        # An editor ends a mini bar row with a pipe, a load does not.
         self.assertEqual(ctl("get", self.work / "bar.tvk", "MiniBar")[0], ctl("get", project, "MiniBar")[0].replace("|\n", "\n"))
         (self.work / "tbl10.bil").write_bytes(b"b" * 1000)
         self.assertIn("Sector ==> 1", ctl("send-billing", project, self.work, *log)[0])
@@ -197,7 +197,7 @@ class Programs(unittest.TestCase):
         secret.write_text("1234")
         one = ("--section", 2, "--version", 110)
         cases += [
-            # What is named as a place to write to, and must not become one.
+            # Output paths that must not be written to.
             (2, "project itself", ("encode", project, *one, "-o", project), {}),
             (1, "regular", ("encode", project, *one, "-o", fifo), {}),
             (1, "regular", ("new", fifo, "--force"), {}),
@@ -206,7 +206,7 @@ class Programs(unittest.TestCase):
             (1, "/proc: ", ("load", self.work / "o", "--using", project, *log), {"TMPDIR": "/proc"}),
             (2, "--log", ("send", project, "--log", project), {}),
             (2, "--log", ("send", project, "--password-file", secret, "--log", secret), {}),
-            # An empty text names nothing, and letters must have a byte.
+            # Texts must not be empty, and each letter must have a byte.
             (2, "--device", ("ping", project, "--device", ""), {}),
             (2, "KEY", ("get", project, "Name", ""), {}),
             (2, "VALUE", ("set", project, "Name", "001", "\u03a9"), {}),
@@ -235,7 +235,7 @@ class Programs(unittest.TestCase):
     def test_a_failed_session_has_one_line_and_no_pace(self):
         log = ("--log", self.work / "l")
         slow = self.project_over(4, "lan", "--bps", 230400)
-        ctl("set", slow, "Assign", "001", "101|300|001|F|F")  # which is found out after some seconds
+        ctl("set", slow, "Assign", "001", "101|300|001|F|F")  # fails after some seconds
         reason = "tarvokctl: Send Assign Number failed (RE)\n"
         self.assertEqual(ctl("send", slow, *log, status=1)[1], reason)
         written, shown = self.on_terminal("send", slow, *log, status=1)
@@ -249,9 +249,9 @@ class Programs(unittest.TestCase):
         written, shown = self.on_terminal("send", project, *log)
         bars = re.findall(r"(.{4})\[#* *\] \d+ %, \d:\d\d", written, re.DOTALL)
         self.assertGreater(len(bars), 40)
-        for before in bars:  # never behind a line that is still open
+        for before in bars:  # never after an unfinished line
             self.assertTrue(before.endswith(("\n", "\r\x1b[K")), before)
-        # What is left is what a file gets, but for how long it took.
+        # What remains is the same as in a file, except for the times.
         rate = r"(Average Transfer Rate :|tarvokctl: [\d,]+ bytes in).*\n"
         self.assertEqual(re.sub(rate, "", shown), re.sub(rate, "", ctl("send", project, *log)[0]))
 
@@ -267,7 +267,7 @@ class Programs(unittest.TestCase):
         self.assertRegex(shown, r"\.\.\.\nnote: The connection was closed")
 
     def on_terminal(self, *arguments, status=0, **environment):
-        """What a session writes on its user's terminal, and what is left there without the bars that it took away again."""
+        """What a session writes to the terminal, and what remains there after it has removed its bars."""
         master, terminal = pty.openpty()
         process = subprocess.Popen([BIN / "tarvokctl", *map(str, arguments)], stdout=terminal, stderr=subprocess.STDOUT,
                                    env={**os.environ, "TARVOK_PASSWORD": "1234", **environment})
@@ -313,7 +313,7 @@ class Programs(unittest.TestCase):
         repeated = "answer No\ngo 1 1\npaste 1234\\n1234\nclick cmdOK\n"
         self.assertIn("not saved", edit("frmAccount", repeated, status=1)[1])
         self.assertEqual(project.read_bytes(), saved)
-        # A cell that its column does not take is left out and told of; the others are saved.
+        # A cell that its column does not accept is left out and reported; the others are saved.
         self.assertIn("row 2, Name", edit("frmMiniBar", 'go 1 "Name"\npaste Tea\\n' + 30 * "x" + "\nclick cmdOK\n")[1])
         self.assertEqual(ctl("get", project, "MiniBar", "001")[0], "Tea|350|\n")
 
@@ -324,7 +324,7 @@ class Programs(unittest.TestCase):
         self.assertNotIn(b"[Country]", project.read_bytes())
         for version in range(100, 111):
             ctl("encode", project, "--all", "--version", version, "-o", self.work / str(version))
-            if version != 101:  # takes the short route map and gives the long one
+            if version != 101:  # receives the short route map and sends the long one
                 ctl("decode", self.work / str(version), "--all", "--version", version, "--into", self.work / "back.tvk")
 
     def test_example_is_what_its_source_says(self):

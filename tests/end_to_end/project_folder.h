@@ -21,7 +21,7 @@ namespace tarvok::test {
 
 namespace fs = std::filesystem;
 
-/** A project of about that many bytes that says `mark` at both ends. */
+/** A project of about `size` bytes with `mark` at both ends. */
 inline std::string ProjectOf(std::size_t size, const std::string& mark) {
   std::string text = "[Chk_Tarvok]\r\nChk=tarvok\r\nMark=" + mark + "\r\n[Name]\r\n";
   for (int row = 0; text.size() < size; ++row) text += std::to_string(row) + "=A guest room of the hotel\r\n";
@@ -33,18 +33,18 @@ inline void Mark(IniEdit& edit, const std::string& mark) {
   edit.Set("End", "Mark", mark);
 }
 
-/** The port maker of a session that never opens one. */
+/** The port maker of a session that opens no port. */
 class NoPorts : public PortMaker {
   std::unique_ptr<Port> OpenSerial(int, const LineSettings&) override { return nullptr; }
   std::unique_ptr<Port> ConnectTcp(const std::string&, const std::string&) override { return nullptr; }
 };
 
-/** The project store over the disk, anew for each process. */
+/** A project store on the disk, created separately in each process. */
 struct PosixStore : private PosixFileSystem, public ProjectStore {
   PosixStore() : ProjectStore(static_cast<PosixFileSystem&>(*this)) {}
 };
 
-/** A folder with a project in it, and everything that changes a project's bytes. */
+/** A folder with a project in it, and every operation that changes a project's bytes. */
 class ProjectFolder : public ::testing::Test {
  protected:
   std::string Path(const std::string& name) const { return folder_ / name; }
@@ -81,12 +81,14 @@ class ProjectFolder : public ::testing::Test {
     const std::string program = TARVOK_BIN_DIR "/tarvokctl";
     const int quiet = ::open("/dev/null", O_WRONLY);
     ::dup2(quiet, STDERR_FILENO);
-    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // the leak check can't run in a process that is watched
+    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // the leak check cannot run in a traced process
     ::execl(program.c_str(), program.c_str(), "set", Path("p.tvk").c_str(), "End", "Mark", "new", nullptr);
     return 99;
   }
 
-  /** Every way in which a project's bytes change, with a size, and which of its calls are worth a stop each. */
+  /**
+   * Every operation that changes a project's bytes, with a size, and the calls at which it is worth stopping.
+   */
   struct Change {
     const char* name;
     int (ProjectFolder::*make)() const;
@@ -101,7 +103,8 @@ class ProjectFolder : public ::testing::Test {
       {"a large save", &ProjectFolder::Save, kLarge, Calls::kOfFiles, Calls::kThatChange},
       {"a new project", &ProjectFolder::New, kSmall, Calls::kThatChange, Calls::kOfFiles},
       {"a large new project", &ProjectFolder::New, kLarge, Calls::kThatChange, Calls::kThatChange},
-      {"a load's replacement", &ProjectFolder::ReplaceByLoaded, kLarge, Calls::kOfFiles, Calls::kThatChange},
+      {"the replacement by a load", &ProjectFolder::ReplaceByLoaded, kLarge, Calls::kOfFiles,
+       Calls::kThatChange},
       {"the command line's set", &ProjectFolder::SetByCommand, kLarge, Calls::kThatChange,
        Calls::kThatChange},
   };
@@ -110,8 +113,10 @@ class ProjectFolder : public ::testing::Test {
   static constexpr std::size_t kChangeCount = std::size(kChanges);
 
  protected:
-  /** Stops at the first call, at the second, and so on. `stopped` gives the calls that counted, which are the result;
-   * -1 where processes can't be watched. */
+  /**
+   * Stops at the first call, at the second, and so on. `stopped` makes one such run and returns the number of
+   * calls that counted, or -1 if processes cannot be traced. Returns the last number.
+   */
   template <typename Stopped>
   int StoppedAtEach(Stop stop, Stopped&& stopped) {
     for (stop.call = 1; !HasFailure(); ++stop.call) {

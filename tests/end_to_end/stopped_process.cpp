@@ -39,7 +39,7 @@ bool Has(const Numbers& numbers, std::uint64_t number) {
 }
 
 bool Counts(Calls calls, std::uint64_t number) {
-  if (calls == Calls::kAll) return number != SYS_exit_group;  // behind it there is nothing left to stop
+  if (calls == Calls::kAll) return number != SYS_exit_group;  // after it there is nothing left to stop
   return Has(kChanging, number) || (calls == Calls::kOfFiles && Has(kNaming, number));
 }
 
@@ -47,7 +47,7 @@ bool CreatesFile(const __ptrace_syscall_info& info) {
   return info.entry.nr == SYS_openat && (info.entry.args[2] & O_CREAT) != 0;
 }
 
-/** One watched process between its start and its end. */
+/** A traced process, from its start to its end. */
 class Watched {
  public:
   Watched(pid_t pid, const Stop& stop) : pid_(pid), stop_(stop) {}
@@ -114,7 +114,7 @@ class Watched {
     refused_with_ = 0;
   }
 
-  /** Makes a call that does not exist of it; its exit gives the error. */
+  /** Turns the call into one that does not exist; sets the error when it returns. */
   void Refuse(int error) {
     refused_with_ = error;
 #ifdef __x86_64__

@@ -1,4 +1,5 @@
-// What stays whole whatever happens to the process that saves it, to its calls, or to the disk.
+// A project must stay whole whatever happens to the process that saves it, to its system calls, or to the
+// disk.
 
 #include <cerrno>
 #include <csignal>
@@ -21,8 +22,10 @@ namespace {
 
 class WholeProject : public ProjectFolder {
  protected:
-  /** Makes the change with one stop in it, and judges what is left. The calls that counted; -1 where it can't be
-   * watched. */
+  /**
+   * Makes the change, stopped once, and checks what is left. Returns the number of calls that counted, or -1
+   * if it cannot be traced.
+   */
   int Stopped(const Change& change, const Stop& stop, const std::string& after) {
     Prepare(change.size);
     const auto ended = RunStopped([&] { return (this->*change.make)(); }, stop);
@@ -33,7 +36,7 @@ class WholeProject : public ProjectFolder {
     if (ended->status >= 0) {
       EXPECT_EQ(ended->status == 0, bytes == after) << where << " ended " << ended->status;
     }
-    // Whatever was left behind, the next save works and leaves nothing beside.
+    // Whatever was left behind, the next save succeeds and leaves no other file.
     EXPECT_EQ(Save(), 0) << where;
     EXPECT_FALSE(fs::exists(Path("p.tvk.tmp"))) << where;
     return ended->calls;
@@ -44,7 +47,7 @@ class WholeProject : public ProjectFolder {
     return StoppedAtEach(stop, [&](const Stop& at) { return Stopped(change, at, after); });
   }
 
-  /** The bytes behind an undisturbed change. */
+  /** The bytes after an undisturbed change. */
   std::string After(const Change& change) {
     Prepare(change.size);
     const auto ended = RunStopped([&] { return (this->*change.make)(); }, {});
@@ -61,31 +64,32 @@ class EveryChange : public WholeProject, public testing::WithParamInterface<std:
 INSTANTIATE_TEST_SUITE_P(WholeProject, EveryChange,
                          testing::Range<std::size_t>(0, EveryChange::kChangeCount));
 
-TEST_P(EveryChange, KilledAtEverySystemCall) {
-  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind}) {
+TEST_P(EveryChange, SurvivesKillAtEverySystemCall) {
+  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledAfter}) {
     const int calls = StoppedAtEachCallOf(change(), {.fate = fate, .calls = change().killed_at});
-    if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+    if (calls < 0) GTEST_SKIP() << "processes cannot be traced here";
     EXPECT_GE(calls, 6) << change().name;
   }
 }
 
-TEST_P(EveryChange, EveryCallFailing) {
+TEST_P(EveryChange, SurvivesFailureOfEveryCall) {
   for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
     for (const bool no_new_files : {false, true}) {
-      // If the file is written in place because the folder takes no new one, a dead disk cannot get the old bytes back.
+      // If the folder accepts no new file, the project is written in place; then the old bytes cannot be restored on a
+      // failed disk.
       if (no_new_files && fate == Fate::kFailsForGood) continue;
       for (const int error : {ENOSPC, EACCES, EIO}) {
         const int calls = StoppedAtEachCallOf(
             change(),
             {.fate = fate, .error = error, .calls = change().failing, .no_new_files = no_new_files});
-        if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+        if (calls < 0) GTEST_SKIP() << "processes cannot be traced here";
         EXPECT_GE(calls, 4) << change().name;
       }
     }
   }
 }
 
-TEST_F(WholeProject, KilledAtRandomMoments) {
+TEST_F(WholeProject, SurvivesKillAtRandomMoments) {
   const char* asked = std::getenv("TARVOK_KILLS");
   const int kills = asked == nullptr ? 100 : std::atoi(asked);
   std::mt19937 random(1);
@@ -111,12 +115,12 @@ TEST_F(WholeProject, KilledAtRandomMoments) {
     ::kill(pid, SIGKILL);
     int status = 0;
     ::waitpid(pid, &status, 0);
-    EXPECT_TRUE(WIFSIGNALED(status)) << kill;  // no save failed
+    EXPECT_TRUE(WIFSIGNALED(status)) << kill;  // no save has failed
     ASSERT_TRUE(whole.contains(Read(Path("p.tvk")))) << kill;
   }
 }
 
-TEST_F(WholeProject, WritersAtOnceLoseNoKey) {
+TEST_F(WholeProject, ConcurrentWritersLoseNoKey) {
   constexpr int kWriters = 4;
   constexpr int kKeys = 25;
   Write(Path("p.tvk"), "");
@@ -150,8 +154,10 @@ class KeptVersions : public ProjectFolder {
     PosixFileSystem files;
     return Of(files).Keep(Path("p.tvk"), kBeforeLoad, 0);
   }
-  /** Keeps a project that was changed since its one version, with one stop, and judges what is left. The calls that counted; -1 where it can't
-   * be watched. */
+  /**
+   * Keeps a project that was changed since its only version, stopped once, and checks what is left. Returns
+   * the number of calls that counted, or -1 if it cannot be traced.
+   */
   int Stopped(const Stop& stop) {
     Prepare(kSmall);
     Write(Path("p.tvk"), kOlder);
@@ -171,9 +177,9 @@ class KeptVersions : public ProjectFolder {
       EXPECT_EQ(history.Read(Path("p.tvk"), version).value(), newer ? before_ : kOlder) << where;
     }
     if (ended->status == 0) {
-      EXPECT_EQ(versions.value().size(), 2U) << where << ": said that it was kept";
+      EXPECT_EQ(versions.value().size(), 2U) << where << ": reported as kept";
     }
-    // The next one is kept, and takes away what was left half written.
+    // The next one is kept and removes what was left half written.
     EXPECT_TRUE(Keep().ok()) << where;
     for (const auto& entry : fs::recursive_directory_iterator(Path("history"))) {
       EXPECT_FALSE(entry.path().string().ends_with(".tmp")) << where;
@@ -182,17 +188,17 @@ class KeptVersions : public ProjectFolder {
   }
   void ExpectWholeAtEach(const Stop& stop) {
     const int calls = StoppedAtEach(stop, [this](const Stop& at) { return Stopped(at); });
-    if (calls < 0) GTEST_SKIP() << "processes can't be watched here";
+    if (calls < 0) GTEST_SKIP() << "processes cannot be traced here";
     EXPECT_GE(calls, 4);
   }
 };
 
-TEST_F(KeptVersions, AreWholeWhereverTheirWriteIsKilled) {
-  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledBehind})
+TEST_F(KeptVersions, SurviveKillDuringTheirWrite) {
+  for (const Fate fate : {Fate::kKilledBefore, Fate::kKilledHalfway, Fate::kKilledAfter})
     ExpectWholeAtEach({.fate = fate, .calls = Calls::kThatChange});
 }
 
-TEST_F(KeptVersions, AreWholeWhicheverCallFails) {
+TEST_F(KeptVersions, SurviveFailureOfEveryCall) {
   for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
     for (const int error : {ENOSPC, EACCES, EIO}) {
       ExpectWholeAtEach({.fate = fate, .error = error, .calls = Calls::kOfFiles});
@@ -202,8 +208,10 @@ TEST_F(KeptVersions, AreWholeWhicheverCallFails) {
 
 class FullDisk : public ProjectFolder {
  protected:
-  /** A process of its own with the small disk mounted on the folder; what `work` returns, or nothing where the system
-   * mounts none. */
+  /**
+   * Runs `work` in a process of its own with a small disk mounted on the folder. Returns its result, or
+   * nullopt if no disk can be mounted.
+   */
   std::optional<int> OnSmallDisk(const std::function<int()>& work) const {
     constexpr int kNotAllowed = 77;
     const pid_t pid = ::fork();
@@ -226,7 +234,7 @@ class FullDisk : public ProjectFolder {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 98;
   }
 
-  /** Fills the disk to its last page. */
+  /** Fills the disk to the last page. */
   void Fill() const {
     const std::string page(4096, 'x');
     const int fd = ::open(Path("filler").c_str(), O_WRONLY | O_CREAT, 0600);
@@ -239,7 +247,7 @@ class FullDisk : public ProjectFolder {
   }
 };
 
-TEST_F(FullDisk, EveryPathThatWritesRefusesAndKeepsTheOldFile) {
+TEST_F(FullDisk, WritersReportFailureAndKeepOldFile) {
   constexpr std::size_t kProject = 14'000;
   const std::string images = fs::temp_directory_path() / ("tarvok-images-" + std::to_string(::getpid()));
   const std::string hotel = TARVOK_SOURCE_DIR "/examples/hotel.tvk";
@@ -247,16 +255,16 @@ TEST_F(FullDisk, EveryPathThatWritesRefusesAndKeepsTheOldFile) {
   const std::pair<const char*, std::function<bool()>> paths[] = {
       {"a save", [&] { return Save() != 0; }},
       {"a new project", [&] { return New() != 0; }},
-      {"a load's replacement", [&] { return ReplaceByLoaded() != 0; }},
+      {"the replacement by a load", [&] { return ReplaceByLoaded() != 0; }},
       {"a save in place",
        [&] {
          return !PosixFileSystem().Overwrite(Path("p.tvk"), before_ + std::string(kProject, 'y')).ok();
        }},
       {"the command line's set", [&] { return Run("set " + Path("p.tvk") + " End Mark new") == 1; }},
-      {"its new", [&] { return Run("new --force " + Path("p.tvk")) == 1; }},
-      {"its decoding",
+      {"the command line's new", [&] { return Run("new --force " + Path("p.tvk")) == 1; }},
+      {"the command line's decode",
        [&] { return Run("decode " + images + " --all --version 110 --into " + Path("p.tvk")) == 1; }},
-      {"its encoding",
+      {"the command line's encode",
        [&] { return Run("encode " + hotel + " --section 4 --version 110 -o " + Path("p.tvk")) == 1; }}};
   for (const auto& [name, refused] : paths) {
     const auto failed = OnSmallDisk([&] {
@@ -268,8 +276,7 @@ TEST_F(FullDisk, EveryPathThatWritesRefusesAndKeepsTheOldFile) {
       return Entries() == entries ? 0 : 3;
     });
     if (!failed) GTEST_SKIP() << "no disk can be mounted here";
-    EXPECT_EQ(*failed, 0) << name
-                          << " (1: said that it wrote, 2: changed the file, 3: left something beside)";
+    EXPECT_EQ(*failed, 0) << name << " (1: reported success, 2: changed the file, 3: left another file)";
   }
   fs::remove_all(images);
 }

@@ -85,7 +85,7 @@ bool SessionBench::Run(const std::function<bool(Transfer&)>& session, TransferFo
 
 std::unique_ptr<Port> SessionBench::OpenSerial(int number, const LineSettings& settings) {
   opened.push_back(settings);
-  EXPECT_FALSE(transfer != nullptr && transfer->line().line().IsOpen()) << "a device opens once";
+  EXPECT_FALSE(transfer != nullptr && transfer->line().line().IsOpen()) << "a device can be opened only once";
   return ConnectTcp(std::to_string(number), {});
 }
 

@@ -19,20 +19,20 @@ namespace tarvok::test {
 
 using Boxes = std::vector<std::string>;
 
-/** A view that keeps what it is told and answers as it was told. */
+/** A view that records what it is shown and gives prepared answers. */
 class RecordingView : public SessionView {
  public:
   std::string log;
   Boxes boxes;
-  std::string log_before_box;  // what the log window held when the last box came
+  std::string log_before_box;  // contents of the log window when the last box came
   std::vector<std::string> questions;
   std::vector<std::string> advice;
-  std::string pace;  // the last one that was shown
+  std::string pace;  // the latest one shown
   std::vector<int> bars;
-  std::vector<bool> answers;  // to questions in order; Yes behind the last
+  std::vector<bool> answers;  // to the questions in order; Yes after the last
   std::vector<std::string> save_names;
-  std::vector<std::string> passwords = {"1234"};  // of the tries in order, the last one again; "" cancels
-  std::function<void(PasswordForm&)> fill_form;   // what a user does beside typing the password
+  std::vector<std::string> passwords = {"1234"};  // by attempt, the last one repeated; "" cancels
+  std::function<void(PasswordForm&)> fill_form;  // what the user does besides typing the password
   bool compare = false;
   bool busy = false;
 
@@ -53,8 +53,8 @@ class RecordingView : public SessionView {
 };
 
 /**
- * A tool and a practice exchange in one process and one virtual clock, joined by whatever line the project
- * names. What crosses the line can be watched and damaged; a run repeats exactly.
+ * A tool and a practice exchange in one process with one virtual clock, connected by the line that the
+ * project specifies. The traffic can be recorded and damaged; a run repeats exactly.
  */
 class SessionBench : public PortMaker {
  public:
@@ -66,7 +66,10 @@ class SessionBench : public PortMaker {
   explicit SessionBench(int by, int version = 110, LineConditions conditions = {});
   ~SessionBench() override;
 
-  /** Opens a form, runs the session on it, and closes the form. What a form may not leave behind fails the test. */
+  /**
+   * Opens a form, runs the session on it and closes the form. The test fails if the form leaves anything
+   * behind.
+   */
   bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
   /** The project's text, and single values of it. */
   std::string Project() { return files.Bytes(kProject); }
@@ -89,17 +92,17 @@ class SessionBench : public PortMaker {
   ExchangeMemory memory;
   std::vector<std::string> complaints;
   PracticeExchange exchange;
-  std::vector<LineSettings> opened;                                  // serial ports asked for
-  PortState port_state = PortState::kOpen;                           // what the next port is like
-  std::function<std::unique_ptr<Port>(std::unique_ptr<Port>)> wrap;  // puts a port in front of the tool's
-  Transfer* transfer = nullptr;                                      // the open form's
+  std::vector<LineSettings> opened;                                  // serial ports that were requested
+  PortState port_state = PortState::kOpen;                           // the state of the next port
+  std::function<std::unique_ptr<Port>(std::unique_ptr<Port>)> wrap;  // wraps the tool's port
+  Transfer* transfer = nullptr;                                      // that of the open form
   int by;
 };
 
-/** What a project's "By" speaks. */
+/** The wire that belongs to a project's "By". */
 Wire WireOf(int by);
 
-/** The example hotel's file. */
+/** The text of the example hotel's file. */
 const std::string& HotelText();
 
 }  // namespace tarvok::test

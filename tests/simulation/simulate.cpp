@@ -1,4 +1,5 @@
-// Runs sessions by seed, on all cores, and prints a line for each that breaks a property. A seed repeats exactly.
+// Runs sessions by seed on all cores and prints a line for each one that breaks a property. A seed repeats
+// exactly.
 
 #include <algorithm>
 #include <atomic>
@@ -20,10 +21,10 @@
 namespace tarvok::test {
 namespace {
 
-/** The n-th run, whatever makes it. */
+/** Returns the n-th run. */
 using RunAt = std::function<SimulatedRun(std::uint64_t)>;
 
-/** What many runs came to. */
+/** The totals of many runs. */
 struct Tally {
   std::uint64_t done = 0;
   std::uint64_t broken = 0;
@@ -31,7 +32,7 @@ struct Tally {
   double took_s = 0;
 };
 
-/** Makes `count` runs on so many threads, and prints each that broke a property. */
+/** Makes `count` runs on `jobs` threads and prints each one that broke a property. */
 Tally RunAll(std::uint64_t count, unsigned jobs, const RunAt& run_at) {
   std::atomic<std::uint64_t> next{0};
   std::mutex telling;
@@ -56,7 +57,7 @@ Tally RunAll(std::uint64_t count, unsigned jobs, const RunAt& run_at) {
   return tally;
 }
 
-/** The same, told; whether none broke a property. */
+/** Like RunAll, and prints the totals; true if no run broke a property. */
 bool RunAndPrint(const std::string& what, std::uint64_t count, unsigned jobs, const RunAt& run_at) {
   constexpr double kHour_ms = 3'600'000;
   const Tally tally = RunAll(count, jobs, run_at);
@@ -71,8 +72,10 @@ bool RunSeeds(std::uint64_t from, std::uint64_t count, unsigned jobs) {
   return RunAndPrint(what, count, jobs, [&](std::uint64_t number) { return RunOf(from + number); });
 }
 
-/** Send, compare and load over a serial line, once for each frame and each acknowledgement, which is lost; or once for
- * each `step`-th. */
+/**
+ * Sends, compares and loads over a serial line, once for each frame and acknowledgement, which is lost; or
+ * only for every `step`-th.
+ */
 bool RunEveryLoss(std::uint64_t step, unsigned jobs) {
   bool whole = true;
   for (const auto kind : {SimulatedRun::kSend, SimulatedRun::kCompare, SimulatedRun::kLoad}) {
@@ -95,7 +98,7 @@ bool RunOne(std::uint64_t seed) {
   return outcome.broken.empty();
 }
 
-/** The first seed of the day, so that every day has its own. */
+/** The first seed of the day: every day has its own. */
 std::uint64_t SeedOfToday() {
   constexpr std::uint64_t kDaysApart = 1'000'000;
   constexpr std::time_t kSecondsADay = 86'400;
@@ -103,7 +106,7 @@ std::uint64_t SeedOfToday() {
 }
 
 int Main(int argc, char** argv) {
-  CLI::App app{"Runs sessions over troubled lines, in simulated time."};
+  CLI::App app{"Runs sessions over faulty lines, in simulated time."};
   std::uint64_t from = 1;
   std::uint64_t count = 1000;
   std::uint64_t one = 0;
@@ -113,12 +116,13 @@ int Main(int argc, char** argv) {
   bool every_loss = false;
   app.add_option("--seeds", count, "how many (1000)");
   CLI::Option* first = app.add_option("--from", from, "the first seed (1)");
-  app.add_flag("--today", today, "begin at the seed of the day")->excludes(first);
+  app.add_flag("--today", today, "start with today's seed")->excludes(first);
   app.add_flag("--every-loss", every_loss,
                "instead, lose every single frame and acknowledgement, one by one");
-  app.add_option("--step", step, "with that, only every n-th of them (1)")->check(CLI::Range(1, 1'000'000));
-  app.add_option("--jobs", jobs, "sessions at a time (one a core)")->check(CLI::Range(1, 256));
-  CLI::Option* seed = app.add_option("--seed", one, "run this one alone and print all that it says");
+  app.add_option("--step", step, "with --every-loss, only every n-th of them (1)")
+      ->check(CLI::Range(1, 1'000'000));
+  app.add_option("--jobs", jobs, "number of parallel sessions (one per core)")->check(CLI::Range(1, 256));
+  CLI::Option* seed = app.add_option("--seed", one, "run only this seed and print everything");
   CLI11_PARSE(app, argc, argv);
   const bool whole = *seed        ? RunOne(one)
                      : every_loss ? RunEveryLoss(step, jobs)

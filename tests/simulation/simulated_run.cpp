@@ -20,9 +20,9 @@ namespace tarvok::test {
 namespace {
 
 constexpr const char* kBillingFolder = "/b";
-constexpr std::string_view kArriving = "Getting ";  // begins the line of what is on its way
+constexpr std::string_view kArriving = "Getting ";  // begins the line about data that is arriving
 
-/** By kind: its name, what it is told by, and the form that it is started from. */
+/** By kind: its name, its function, and the form that it is started from. */
 struct NamedSession {
   const char* name;
   bool (*tell)(Transfer&);
@@ -41,7 +41,7 @@ constexpr NamedSession kSessions[SimulatedRun::kKinds] = {
     {"ping", PingExchange},
 };
 
-/** A section of the example hotel as a send to that version carries it, made once a thread. */
+/** A section of the example hotel as a send to that version carries it; created once per thread. */
 const Bytes& HotelImage(const Section& section, int version) {
   thread_local std::map<const WireLayout*, Bytes> images;
   const WireLayout* layout = section.LayoutAt(version, Direction::kSend);
@@ -50,7 +50,7 @@ const Bytes& HotelImage(const Section& section, int version) {
   return image;
 }
 
-/** The bench of a run, its exchange holding the example hotel where the session loads. */
+/** The bench of a run; its exchange has the example hotel if the session loads. */
 class Stage {
  public:
   explicit Stage(const SimulatedRun& run)
@@ -95,7 +95,8 @@ class Stage {
   }
 
   bool Session(SimulatedRun::Kind kind) {
-    // The one wait without a limit is left as a user leaves it, when nothing has passed for longer than anything is late.
+    // The only wait without a time limit ends as with a user: after nothing has passed for longer than
+    // anything can be late.
     constexpr int kPatience_ms = 600'000;
     int passed = -1;
     const auto patience = bench_.events.StartTimer(kPatience_ms, [this, &passed] {
@@ -126,14 +127,16 @@ class Stage {
     return run_.kind == SimulatedRun::kCompare && run_.version >= kLowestComparedVersion;
   }
 
-  /** The line has just died. The longest step that can be under way or begin now is a pack with its enquiries; a call
-   * waits for the modem's word. Only a section that has begun to arrive is waited for without a limit, and there advice
-   * comes. */
+  /**
+   * Called when the line has just gone dead. The longest step that can be in progress or begin now is a pack
+   * with its enquiries; a call waits for the modem. Only the rest of an arriving section is awaited without a
+   * limit, and then there is advice.
+   */
   void ExpectWords() {
     if (running_ == 0) return;
     constexpr int kPackWithEnquiries_ms = 4000 + 3 * 3000;
-    constexpr int kDial_ms = 3000 + 91'000;     // the modem is set up first
-    constexpr int kSilence_ms = 15'000 + 1000;  // it is measured by the second
+    constexpr int kDial_ms = 3000 + 91'000;     // preceded by the set-up of the modem
+    constexpr int kSilence_ms = 15'000 + 1000;  // measured in whole seconds
     constexpr int kGrace_ms = 1000;
     const auto quiet = [this, session = running_, boxes = bench_.view.boxes.size()] {
       return running_ == session && bench_.view.boxes.size() == boxes;
@@ -157,7 +160,7 @@ class Stage {
     boxes_at_cancel_ = bench_.view.boxes.size();
     bench_.transfer->Abort();
   }
-  /** The session has just ended. */
+  /** Called when the session has just ended. */
   void JudgeCancel() {
     constexpr int kAtOnce_ms = 200;
     if (!cancelled_ms_) return;
@@ -187,18 +190,21 @@ class Stage {
       Broken("a failure without a word");
   }
 
-  /** What nobody can see: bytes without a check, and numbers that are not what the other side sent. */
+  /**
+   * True for damage that cannot be detected: bytes without a check, and numbers that are not what the other
+   * side sent.
+   */
   bool Unseen() const {
     const Trouble& trouble = run_.trouble;
     return (trouble.flip > 0 && WireOf(run_.by) != Wire::kLink) || trouble.wrong_sequence > 0;
   }
-  /** The packs of a section have numbers, the answers to them have none. */
+  /** The packs of a section are numbered; the replies to them are not. */
   bool AnswersMoved() const {
     const Trouble& trouble = run_.trouble;
     return trouble.dup > 0 || trouble.reorder > 0 || trouble.echo > 0;
   }
 
-  /** Not the word about a line that fell silent for a while. */
+  /** Ignores the advice about a line that fell silent for a while. */
   bool AdvisedAtItsEnd() const {
     const std::vector<std::string>& advice = bench_.view.advice;
     return std::any_of(advice.begin(), advice.end(),
@@ -206,10 +212,10 @@ class Stage {
   }
 
   /**
-   * Done means that the exchange holds what the project says. Where nothing is read back that can't be promised on
-   * every line: an OK that comes twice, or behind its time limit, is taken for the next pack's, for nothing in it names
-   * its pack. Then the user is advised to compare. Where it is read back, only an exchange that lies about the
-   * section's size is believed.
+   * Done means that the exchange has what the project says. Without reading back, that cannot be promised on
+   * every line: an OK that is repeated or late counts as the OK to the next pack, because it does not name
+   * its pack. Then the user is advised to compare. With reading back, only a wrong section size reported by
+   * the exchange goes undetected.
    */
   void JudgeArrived() {
     if (ReadsBack() ? run_.trouble.wrong_size > 0 : Unseen() || AnswersMoved()) return;
@@ -220,7 +226,9 @@ class Stage {
     }
   }
 
-  /** A load that is done gives what one over a line without troubles gives, or the user is advised to load again. */
+  /**
+   * A completed load gives the same result as over a faultless line, or the user is advised to load again.
+   */
   void JudgeLoaded() {
     if (Unseen() || run_.trouble.wrong_size > 0 || AdvisedAtItsEnd()) return;
     Stage clean({.kind = run_.kind, .by = run_.by, .version = run_.version});
@@ -228,7 +236,7 @@ class Stage {
     if (clean.Project() != Project()) Broken("a load that is done gave another project");
   }
 
-  /** Whatever happened before, the next session over a mended line says what it says to a fresh exchange. */
+  /** Whatever happened before, the next session over a repaired line behaves as with a fresh exchange. */
   void JudgeAnother() {
     constexpr SimulatedRun::Kind kNext = SimulatedRun::kLinkTable;
     trouble_ = {};
@@ -250,7 +258,7 @@ class Stage {
   SimulatedOutcome outcome_;
   std::string before_;
   int sessions_ = 0;
-  int running_ = 0;  // which of them is under way, 0 for none
+  int running_ = 0;  // number of the one in progress; 0 for none
   std::optional<std::int64_t> cancelled_ms_;
   std::size_t boxes_at_cancel_ = 0;
   SessionBench bench_;

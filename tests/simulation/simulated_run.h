@@ -11,7 +11,7 @@
 
 namespace tarvok::test {
 
-/** One session over one line: which one, of which version, and what happens to it. */
+/** One session over one line: its kind, its version, and what happens to it. */
 struct SimulatedRun {
   enum Kind { kSend, kCompare, kLoad, kLinkTable, kIp, kMiniBar, kMiniBarLoad, kBilling, kPing, kKinds };
   Kind kind = kSend;
@@ -19,9 +19,9 @@ struct SimulatedRun {
   int version = 110;
   Trouble trouble = {};
   double error_reply = 0;                // commands that the exchange refuses
-  std::optional<int> cancel_at_ms = {};  // the user closes the form then
-  std::optional<int> failing_call = {};  // the call to the tool's files that fails, from 1
-  bool another_after = false;  // a session without troubles follows, and must be as one with a fresh exchange
+  std::optional<int> cancel_at_ms = {};  // when the user closes the form
+  std::optional<int> failing_call = {};  // which call to the tool's files fails, from 1
+  bool another_after = false;  // a faultless session follows and must behave as with a fresh exchange
   std::uint64_t seed = 1;
 };
 
@@ -30,17 +30,17 @@ struct SimulatedOutcome {
   std::vector<std::string> broken;  // the properties that did not hold
   std::int64_t simulated_ms = 0;
   std::size_t boxes = 0;
-  int units = 0;    // that went over the line, in both directions
+  int units = 0;    // that passed over the line, in both directions
   std::string log;  // what the user saw, and the history
 };
 
-/** What a seed makes of the session; the same for the same seed, always. */
+/** The session for a seed; always the same for the same seed. */
 SimulatedRun RunOf(std::uint64_t seed);
 
-/** In one line, for the reader of a failure. */
+/** The run in one line, for failure messages. */
 std::string Described(const SimulatedRun& run);
 
-/** Runs it and tests every property of every session. */
+/** Runs the session and checks every property of it. */
 SimulatedOutcome Simulate(const SimulatedRun& run);
 
 }  // namespace tarvok::test

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint8_t kStrangersAddress = 0x20;
 constexpr std::size_t kMostPause_ms = 900;
-constexpr std::uint8_t kStrangersByte = 0x02;  // where this exchange's messages have 0
+constexpr std::uint8_t kStrangersByte = 0x02;  // in place of the 0 of this exchange's messages
 
 constexpr std::uint8_t kCommands[] = {
     command::kIdle,     command::kConfig,  command::kGetConfig,  command::kBillingTable,
@@ -30,7 +30,7 @@ Bytes Framed(const Bytes& unit, const Bytes& message, Wire wire) {
   return packet;
 }
 
-/** Why no exchange could understand it; "" if one can. */
+/** Why no exchange could understand the unit; "" if it is valid. */
 std::string WrongOf(std::span<const std::uint8_t> unit, Wire wire) {
   if (wire == Wire::kLink && (unit.size() < 2 || unit[0] != kDle || unit[1] != kStx))
     return "";  // control, or modem text
@@ -100,7 +100,7 @@ bool TroubledPort::Send(std::span<const std::uint8_t> bytes) {
   return true;
 }
 
-/** What is still under way is lost, too. */
+/** Units still on the way are lost, too. */
 void TroubledPort::Die() {
   dead_ = true;
   StopTimers();
@@ -114,7 +114,7 @@ void TroubledPort::OnBytes(std::span<const std::uint8_t> bytes) {
 }
 
 void TroubledPort::Pass(Lane& lane, Bytes unit) {
-  // All chances are always drawn, so that a unit's fate does not depend on which troubles are asked for.
+  // Always draw all chances, so that what happens to a unit does not depend on which troubles are enabled.
   const bool drop = lane.chances.Happens(trouble_.drop);
   const bool flip = lane.chances.Happens(trouble_.flip);
   const bool dup = lane.chances.Happens(trouble_.dup);

@@ -17,34 +17,38 @@
 
 namespace tarvok::test {
 
-/** What a line does to its units: frames and control frames, messages, packets. Chances run from 0 to 1 and hold in both
- * directions, unless another is named. */
+/**
+ * What a line does to its units: frames and control frames, messages, packets. Probabilities are from 0 to 1
+ * and apply in both directions unless stated otherwise.
+ */
 struct Trouble {
   double drop = 0;
-  double flip = 0;  // one bit turned over
-  double cut = 0;   // one byte is gone; for lines with frames
+  double flip = 0;  // one bit is inverted
+  double cut = 0;   // one byte is lost; for lines with frames
   double dup = 0;
-  double reorder = 0;  // the unit comes behind the next one; for networks
-  double late = 0;     // the unit, and with it all behind it, comes up to late_ms later
+  double reorder = 0;  // the unit comes after the next one; for networks
+  double late = 0;     // the unit, and everything after it, is up to late_ms late
   int late_ms = 0;
-  double echo = 0;            // what the exchange says comes again up to 900 ms later, behind others
-  double torn = 0;            // what the exchange says breaks off, and comes whole up to 900 ms later
-  double wrong_sequence = 0;  // of what the exchange says, with a right check byte
+  double echo = 0;  // a unit from the exchange comes again up to 900 ms later, after others
+  double torn = 0;  // a unit from the exchange breaks off, and comes again complete up to 900 ms later
+  double wrong_sequence = 0;  // in a unit from the exchange, with a valid check byte
   double wrong_size = 0;
   double wrong_section = 0;
-  double stranger = 0;                   // something of another exchange comes in front of what this one says
+  double stranger = 0;                   // a unit of another exchange precedes one from this exchange
   std::optional<int> silent_after = {};  // units of the tool
   std::optional<int> hangup_after = {};
-  std::optional<int> lost = {};  // that unit alone, both directions counted together, from 0
+  std::optional<int> lost = {};  // only this unit, both directions counted together, from 0
 };
 
-/** The tool's port over a troubled line. It also judges each unit that the tool sends, before anything happens to it,
- * and adds each unit that either side sends to `passed`. */
+/**
+ * The tool's port on a faulty line. It also checks each unit that the tool sends, before anything happens to
+ * it, and adds each unit that either side sends to `passed`.
+ */
 class TroubledPort : public PortOnPort {
  public:
   struct Told {
     std::function<void(const std::string& what)> wrong;
-    std::function<void()> died;  // from now on nothing passes any more
+    std::function<void()> died;  // nothing passes any more
   };
 
   TroubledPort(EventServer& events, std::unique_ptr<Port> inner, const Trouble& trouble, std::uint64_t seed,
@@ -60,11 +64,11 @@ class TroubledPort : public PortOnPort {
   void OnBytes(std::span<const std::uint8_t> bytes) override;
 
  private:
-  /** One direction: its chances, the unit held back for the next, and when the last one comes out. */
+  /** One direction: its random numbers, the unit held back until the next, and when the last one arrives. */
   struct Lane {
     Chances chances;
     Chances cuts;
-    Chances again;  // of echoes and torn units
+    Chances again;  // for echoes and torn units
     std::function<void(const Bytes&)> give;
     Bytes held = {};
     std::int64_t last_due_ms = 0;
@@ -79,7 +83,7 @@ class TroubledPort : public PortOnPort {
   void StopTimers();
 
   EventServer& events_;
-  const Trouble& trouble_;  // may change while the line lives
+  const Trouble& trouble_;  // may change during the life of the line
   Wire wire_;
   Told told_;
   Lane out_;
@@ -91,7 +95,7 @@ class TroubledPort : public PortOnPort {
   std::set<EventServer::TimerId> timers_;
 };
 
-/** The message in a unit: in a link frame without its doubled bytes. Empty where there is none. */
+/** The message in a unit, without the doubled bytes of a link frame. Empty if there is none. */
 Bytes MessageIn(std::span<const std::uint8_t> unit, Wire wire, bool from_tool);
 
 }  // namespace tarvok::test

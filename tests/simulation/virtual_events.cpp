@@ -7,7 +7,7 @@
 namespace tarvok::test {
 namespace {
 
-/** Events of one moment beyond this are handlers that call each other for ever. */
+/** More events than this at one moment mean handlers that call each other endlessly. */
 constexpr int kMostEventsAtOnce = 2'000'000;
 
 }  // namespace
@@ -75,7 +75,7 @@ void VirtualEvents::RunTimer(TimerId id) {
     handler();
     return;
   }
-  // The handler may stop its own timer, so it runs from a copy and the timer is looked up again behind it.
+  // The handler may stop its own timer, so run a copy and look up the timer again afterwards.
   const std::function<void()> handler = found->second.handler;
   handler();
   const auto still = timers_.find(id);

@@ -11,16 +11,16 @@
 namespace tarvok::test {
 
 /**
- * An EventServer on a clock of its own, which stands still while handlers run and jumps to the next event
- * while somebody serves. Events of one moment run in the order in which they were asked for, so that a run
+ * An EventServer with a virtual clock, which stands still while handlers run and jumps to the next event
+ * while events are served. Events due at the same moment run in the order of their requests, so that a run
  * repeats exactly.
  *
- * As with Qt's loop, a timer does not run again while its own handler serves events, and ticks missed
- * meanwhile are not made up for.
+ * As with Qt's loop, a timer does not fire again while its own handler serves events, and ticks missed
+ * meanwhile are lost.
  */
 class VirtualEvents : public EventServer {
  public:
-  /** Virtual time after which a wait without limit gives up, so that a test can't hang. */
+  /** Virtual time after which a wait without a limit gives up, so that a test cannot hang. */
   static constexpr std::int64_t kDefaultLimit_ms = 24LL * 3600 * 1000;
 
   explicit VirtualEvents(std::int64_t limit_ms = kDefaultLimit_ms) : limit_ms_(limit_ms) {}
@@ -32,13 +32,15 @@ class VirtualEvents : public EventServer {
   void StopTimer(TimerId timer) override;
   bool ServeUntil(const std::function<bool()>& done, std::int64_t timeout_ms) override;
 
-  /** Serves events for that long. */
+  /** Serves events for the given time. */
   void Run(std::int64_t duration_ms) {
     ServeUntil([] { return false; }, duration_ms);
   }
   void set_now(const WallClock& now) { wall_clock_ = now; }
-  /** Whether a wait without limit outlived the limit or had nothing left to wait for, or handlers called each
-   * other for ever without time passing. */
+  /**
+   * True if a wait without a limit exceeded the limit or had nothing left to wait for, or if handlers called
+   * each other endlessly without time passing.
+   */
   bool gave_up() const { return gave_up_; }
 
  private:
@@ -61,7 +63,7 @@ class VirtualEvents : public EventServer {
   TimerId last_id_ = 0;
   std::uint64_t last_order_ = 0;
   std::map<TimerId, Timer> timers_;
-  std::map<std::pair<std::int64_t, std::uint64_t>, TimerId> queue_;  // by due time, then by order of asking
+  std::map<std::pair<std::int64_t, std::uint64_t>, TimerId> queue_;  // by due time, then by order of request
 };
 
 }  // namespace tarvok::test

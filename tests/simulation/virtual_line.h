@@ -17,8 +17,9 @@
 namespace tarvok::test {
 
 /**
- * One end of a line in memory. What is sent comes out of the other end with the next events, in order, in
- * the pieces asked for. Bytes under way survive a close of the sender, as on a real line, but not a Discard.
+ * One end of a line in memory. Bytes sent come out of the other end with the next events, in order, in pieces
+ * of the requested size. As on a real line, bytes on the way survive a Close by the sender, but not a
+ * Discard.
  */
 class VirtualPort : public Port {
  public:
@@ -57,7 +58,7 @@ class VirtualPort : public Port {
     if (const auto to = peer_.lock()) ++*(*to)->generation_;
   }
 
-  /** The other end learns of it behind the last byte under way. */
+  /** The other end is notified after the last byte on the way. */
   void Close() override {
     if (state_ == PortState::kClosed) return;
     const bool was_open = state_ == PortState::kOpen;
@@ -65,7 +66,7 @@ class VirtualPort : public Port {
     if (was_open) TellPeer("The other end closed the line.");
   }
 
-  /** The line breaks: both ends see it. */
+  /** Breaks the line: both ends are notified. */
   void HangUp(std::string_view reason = "The line broke.") {
     if (state_ != PortState::kOpen) return;
     TellPeer(std::string(reason));
@@ -76,12 +77,12 @@ class VirtualPort : public Port {
     state_ = state;
     error_ = std::move(error);
   }
-  /** Most bytes that come out at a time; 0 for each block whole. */
+  /** Maximum number of bytes delivered at a time; 0 delivers whole blocks. */
   void set_piece(std::size_t bytes) { piece_ = bytes; }
 
-  /** Every block that was sent, in order. */
+  /** Every block sent, in order. */
   const std::vector<Bytes>& writes() const { return writes_; }
-  /** All bytes that were sent. */
+  /** All bytes sent. */
   Bytes sent() const {
     Bytes all;
     for (const Bytes& block : writes_) all.insert(all.end(), block.begin(), block.end());
@@ -104,14 +105,14 @@ class VirtualPort : public Port {
   EventServer& events_;
   std::shared_ptr<VirtualPort*> self_;
   std::weak_ptr<VirtualPort*> peer_;
-  std::shared_ptr<int> generation_ = std::make_shared<int>(0);  // rises when bytes under way are forgotten
+  std::shared_ptr<int> generation_ = std::make_shared<int>(0);  // increases with each Discard
   PortState state_ = PortState::kOpen;
   std::string error_;
   std::size_t piece_ = 0;
   std::vector<Bytes> writes_;
 };
 
-/** Two ports joined to a line. Either end may be destroyed first. */
+/** Two ports connected by a line. Either one may be destroyed first. */
 struct VirtualLine {
   explicit VirtualLine(EventServer& events)
       : tool(std::make_unique<VirtualPort>(events)), exchange(std::make_unique<VirtualPort>(events)) {
