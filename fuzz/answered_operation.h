@@ -10,7 +10,7 @@
 
 namespace tarvok::fuzz {
 
-/** An operation that waits for the exchange, and what a good end of it has set. */
+/** An operation that waits for the exchange, and the condition that its success must have established. */
 struct Operation {
   bool (*run)(MessageLayer& messages);
   bool MessageState::*awaited;
@@ -39,9 +39,10 @@ inline constexpr Operation kOperations[] = {
 };
 
 /**
- * Runs an operation twice on a line whose other end answers with the input, a piece for each block that the tool sends, and
- * gives what is left of it afterwards. As in a session, something may still come in front of an operation. Bytes 0 to 2 say which operation and whether it is traced, how long the pieces are and how
- * late an answer comes.
+ * Runs an operation twice on a line whose other end answers with the input, one piece for each block that the
+ * tool sends, and delivers the rest afterwards. As in a session, something may arrive before the operation.
+ * Bytes 0 to 2 select the operation and whether it is traced, the length of the pieces, and the delay of the
+ * answers.
  */
 inline void RunAnswered(LinkMode mode, std::span<const std::uint8_t> input) {
   constexpr std::size_t kHead = 3;
@@ -49,7 +50,7 @@ inline void RunAnswered(LinkMode mode, std::span<const std::uint8_t> input) {
   if (input.size() < kHead) return;
   const Operation& operation = kOperations[input[0] % kTraced % std::size(kOperations)];
   const std::size_t piece = 1 + input[1] % 200;
-  const int delay_ms = input[2] * 20;  // an answer may be later than any wait
+  const int delay_ms = input[2] * 20;  // a reply may be later than any wait
   std::span<const std::uint8_t> rest = input.subspan(kHead);
 
   ToolLine line(mode, input[0] >= kTraced);

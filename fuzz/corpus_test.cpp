@@ -1,4 +1,4 @@
-// Every input that the fuzz targets start from, and every one that they ever found, runs through its target.
+// Runs every input of the corpus, the starting points and all inputs that ever failed, through its target.
 
 #include <cstdint>
 #include <filesystem>
@@ -11,7 +11,7 @@
 #include "tests/floors.h"
 
 using FuzzTarget = int(const std::uint8_t* data, std::size_t size);
-// Each target's one function under the target's name; the build names them so.
+// The function of each target, named after the target by the build.
 extern "C" {
 FuzzTarget command_line_fuzz;
 FuzzTarget exchange_command_line_fuzz;
@@ -34,7 +34,7 @@ FuzzTarget table_csv_fuzz;
 namespace tarvok::test {
 namespace {
 
-TEST(Fuzz, TheCorpusRuns) {
+TEST(Fuzz, RunsTheCorpus) {
   const std::pair<const char*, FuzzTarget*> targets[] = {
       {"command_line_fuzz", command_line_fuzz},
       {"exchange_command_line_fuzz", exchange_command_line_fuzz},

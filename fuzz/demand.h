@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-/** What has to hold for every input; where it does not, the fuzzer keeps the input. */
+/** States what must hold for every input. If it does not, the fuzzer reports the input. */
 inline void Demand(bool holds) {
   if (!holds) std::abort();
 }

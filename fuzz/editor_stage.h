@@ -13,7 +13,7 @@
 
 namespace tarvok::fuzz {
 
-/** An editor over a project in memory: what targets drive that put texts of a user into forms. */
+/** An editor on a project in memory, for targets that enter a user's texts into forms. */
 class EditorStage {
  public:
   static constexpr const char* kProject = "/p/hotel.tvk";
@@ -29,8 +29,10 @@ class EditorStage {
                                 .end_program = {}});
   }
 
-  /** The example hotel with the first rows of each section: whatever an editor does with a row costs as often as there are
-   * rows. */
+  /**
+   * The example hotel with only the first rows of each section: the cost of most operations grows with the
+   * number of rows.
+   */
   static const std::string& Hotel() {
     static const std::string text = FirstRows(16);
     return text;
@@ -59,7 +61,7 @@ class EditorStage {
   std::unique_ptr<EditorForm> form_;
 };
 
-/** `form` names an editor; a text that names none stands for one by its first byte. */
+/** The editor named `form`; any other text selects one by its first byte. */
 inline const Editor& EditorOf(std::string_view form) {
   static const std::vector<const Editor*> all = Editors();
   const Editor* editor = FindEditor(form);
@@ -67,7 +69,7 @@ inline const Editor& EditorOf(std::string_view form) {
   return *all[(form.empty() ? 0 : static_cast<std::uint8_t>(form[0])) % all.size()];
 }
 
-/** Cuts the first line off a text. */
+/** Removes the first line of a text and returns it. */
 inline std::string_view TakeLine(std::string_view& text) {
   const std::string_view line = text.substr(0, text.find('\n'));
   text.remove_prefix(line.size() < text.size() ? line.size() + 1 : line.size());

@@ -13,21 +13,25 @@
 
 namespace tarvok::fuzz {
 
-/** A port that a target feeds by hand and that shows what is sent through it. Whoever is under test owns it, so that the
- * target reaches it by its feeder alone. */
+/**
+ * A port that a target feeds by hand and that shows what is sent. It is owned by the code under test, so the
+ * target reaches it only through its feeder.
+ */
 class FedPort : public Port {
  public:
   using SentHandler = std::function<void(std::span<const std::uint8_t>)>;
 
-  /** The target's hand on the port; it may outlive the port. */
+  /** The target's access to the port; may outlive the port. */
   class Feeder {
    public:
     explicit Feeder(SentHandler on_sent = {}) : on_sent_(std::move(on_sent)) {}
     Feeder(const Feeder&) = delete;
     Feeder& operator=(const Feeder&) = delete;
 
-    /** Nothing happens on a port that is closed or gone. The bytes come in a block of their own, so that a read behind
-     * their end is seen. */
+    /**
+     * Does nothing if the port is closed or destroyed. The bytes are copied to a block of their own, so that
+     * reads past their end are detected.
+     */
     void Give(std::span<const std::uint8_t> bytes) {
       if (!open()) return;
       const Bytes block(bytes.begin(), bytes.end());
@@ -66,7 +70,7 @@ class FedPort : public Port {
   PortState state_ = PortState::kOpen;
 };
 
-/** Calls `take` with one piece of the bytes after the other. */
+/** Calls `take` with the bytes, one piece after another. */
 template <typename Take>
 void ForEachPiece(std::span<const std::uint8_t> bytes, std::size_t piece, Take take) {
   while (!bytes.empty()) {

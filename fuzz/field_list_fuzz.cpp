@@ -1,5 +1,5 @@
-// Any text as the value of a key: its fields are the same however they are read, and numbers, digits and codes in it stay
-// within what they can be.
+// Any text as the value of a key: its fields are the same however they are read, and numbers, digits and
+// codes in it stay within their limits.
 
 #include <cstdint>
 #include <string>
@@ -49,7 +49,7 @@ void JudgeCodes(const std::string& text) {
       Demand(UnpackDigits(packed, symbols, skipped).size() <= 2 * sizeof packed);
     }
   }
-  // Long numbers cost the square of their length, and none of the tool's is longer.
+  // The cost grows with the square of the length, and the tool has no longer numbers.
   constexpr std::size_t kLongNumber = 40;
   if (text.size() > kLongNumber) return;
   const std::string binary = ConvertBase(text, 16, 2, '.');

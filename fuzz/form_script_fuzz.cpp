@@ -1,5 +1,5 @@
-// Any lines of keys and clicks on the form that the first line names, or with " csv" behind the name any text as its table:
-// no editor falls over them, and none writes what nobody could have meant.
+// Any keys and clicks on the form named in the first line or, with " csv" after the name, any text as its
+// table: no editor fails, and none writes invalid data.
 
 #include <algorithm>
 #include <cstdint>
@@ -19,17 +19,22 @@ namespace {
 
 using namespace tarvok::fuzz;
 
-/** What a person may bring about with every editor at work as it should: rows named that are gone, numbers given twice,
- * a type taken from under its value. */
-constexpr std::string_view kMadeByPeople[] = {"points nowhere", "stands in row", "stands in this row",
-                                              "where nothing does", "which has another"};
+/**
+ * What a user can cause although every editor works correctly: references to removed rows, numbers given
+ * twice, a type that no longer fits its value.
+ */
+constexpr std::string_view kCausedByUsers[] = {"points nowhere", "stands in row", "stands in this row",
+                                               "where nothing does", "which has another"};
 
-/** Card and channel of a port are two digits, whatever they are. */
+/** Card and channel of a port may be any two digits. */
 bool IsPlaceOfPort(const Finding& finding) {
   return finding.section == "Port_Def" && (finding.field == "Card" || finding.field == "Channel");
 }
 
-/** Whether a project is one that was not judged yet: most scripts end in a few of them, and judging costs most. */
+/**
+ * True if the project has not been checked yet: many scripts end in the same projects, and checking is
+ * expensive.
+ */
 bool IsNew(const std::string& project) {
   constexpr std::size_t kMostKept = 200'000;
   static std::unordered_set<std::size_t> judged;
@@ -37,12 +42,12 @@ bool IsNew(const std::string& project) {
   return judged.insert(std::hash<std::string>()(project)).second;
 }
 
-/** What `check` says of a project and no person could have brought about. */
+/** The findings of `check` that no user could have caused. */
 std::set<std::string> FaultsOf(const std::string& project) {
   std::set<std::string> faults;
   for (const Finding& finding : CheckProject(IniText(project))) {
     const bool by_people =
-        std::any_of(std::begin(kMadeByPeople), std::end(kMadeByPeople),
+        std::any_of(std::begin(kCausedByUsers), std::end(kCausedByUsers),
                     [&](std::string_view words) { return finding.what.find(words) != std::string::npos; });
     if (!by_people && !IsPlaceOfPort(finding))
       faults.insert(finding.section + " " + finding.key + " " + finding.field + ": " + finding.what);
@@ -54,7 +59,7 @@ void RunLines(tarvok::fuzz::EditorStage& stage, std::string_view text) {
   constexpr int kMostLines = 60;
   FormScript script(stage.form(), stage.questions());
   for (int line = 0; line < kMostLines && !text.empty() && !stage.form().closed(); ++line) {
-    // A line that is wrong says so and changes nothing: the next one goes on.
+    // An invalid line is reported and changes nothing; continue with the next one.
     [[maybe_unused]] const std::string wrong = script.Run(tarvok::fuzz::TakeLine(text));
   }
 }

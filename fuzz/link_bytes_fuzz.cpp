@@ -1,5 +1,5 @@
-// Any bytes on a framed line, in any split, with any time between them: what the tool sends stays whole frames, no frame of
-// its own waits for ever, and a line that begins anew behind all that works.
+// Any bytes on a framed line, split anywhere, with any time between them: the tool only ever sends whole
+// frames, none of its frames waits forever, and a line that starts again afterwards works.
 
 #include <iterator>
 
@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fuzz::ToolLine line(LinkMode::kSerial, (data[0] & kTraced) != 0);
   constexpr std::uint8_t kIdle[] = {kFromTool, 0xFF, 0, command::kIdle};
   if ((data[0] & kSending) != 0) line.link().SendData(kIdle);
-  // While nothing waits for an answer a tick does nothing.
+  // A tick does nothing unless a reply is pending.
   const auto tick = [&](int times) {
     for (int i = 0; i < times && !line.link().send_done(); ++i) line.link().Poll();
   };

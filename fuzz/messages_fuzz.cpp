@@ -1,5 +1,5 @@
-// Any answers of an exchange to any operation, as messages in a stream of any split: an operation ends, says that it went
-// well only where its answer came, and what it sends is always a message.
+// Any replies of an exchange to any operation, as messages in a stream split anywhere: an operation ends,
+// reports success only if its reply came, and sends only valid messages.
 
 #include "fuzz/answered_operation.h"
 

@@ -1,5 +1,5 @@
-// Any text of a modem, in any split: its result is that of its last whole line and one that there is, and a line without an
-// end does not grow.
+// Any text from a modem, split anywhere: the result is that of the last complete line and a known one, and a
+// line without an end does not grow without limit.
 
 #include "fuzz/tool_line.h"
 #include "tests/floors.h"
@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand(line.link().ModemLine().size() <= kMostLine && reply.connect_text.size() <= kMostLine);
     Demand(reply.result >= ModemReply::kNone && reply.result <= ModemReply::kOk);
     Demand(reply.result != ModemReply::kConnect ||
-           reply.connect_text.find("CONNECT") == 1);  // behind the line feed
+           reply.connect_text.find("CONNECT") == 1);  // after the line feed
   });
   if (line.link().ModemLine().empty()) {
     constexpr std::string_view kBusy = "\nBUSY\r";

@@ -1,5 +1,5 @@
-// Any bytes from a tool, in any split, over every wire and through the modem: the practice exchange takes them without a
-// fault, and is there for the next tool.
+// Any bytes from a tool, split anywhere, over every wire and through the modem: the practice exchange takes
+// them without failing and serves the next tool.
 
 #include <cstdint>
 #include <span>
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace tarvok;
   using namespace tarvok::fuzz;
   if (size < 2) return 0;
-  constexpr int kPatience_ms = 7000;  // in which it gives up a frame that nobody answers
+  constexpr int kPatience_ms = 7000;  // enough for it to give up an unanswered frame
   VirtualEvents events;
   fuzz::FedPort::Feeder tool([](std::span<const std::uint8_t> bytes) { Demand(!bytes.empty()); });
   ExchangeMemory memory(kHighestVersion);

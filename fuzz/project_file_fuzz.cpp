@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const IniText changed(edit.Bytes());
   Demand(changed.Get("port_def", "001") == "1|2|3");
   Demand(!changed.HasKey("Assign", "001"));
-  // One key that is changed changes its line and no other.
+  // Changing one key changes only its line.
   if (!text.Sections().empty() && !text.Keys(text.Sections().front()).empty()) {
     const std::string section(text.Sections().front());
     const std::string name(text.Keys(section).front().name);

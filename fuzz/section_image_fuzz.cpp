@@ -1,5 +1,5 @@
-// Any image of any section: decoding writes a project that reads back. Where byte 1 says so, that project encodes without a
-// fault.
+// Any image of any section: decoding writes a project that reads back. If byte 1 says so, that project is
+// then encoded without a fault.
 
 #include <cstdint>
 #include <string>
@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const IniText project(edit.Bytes());
   for (const std::string_view name : project.Sections()) {
     for (const IniText::Key& key : project.Keys(name)) {
-      // A reader takes blanks and quotes off the ends and cuts what is too long; nothing else may differ.
+      // A reader strips blanks and quotes at the ends and cuts long values; nothing else may differ.
       Demand(edit.Get(name, key.name).find(key.value) != std::string::npos);
     }
   }

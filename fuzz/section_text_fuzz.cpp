@@ -1,4 +1,5 @@
-// Any project as what a section is made of: encoding fills an image of the section's size or says why it can't.
+// Any project as the source of a section: encoding fills an image of the section's size or reports why it
+// cannot.
 
 #include <cstdint>
 #include <string>
@@ -20,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   layout.encode(project, image);
   Demand(image.bytes().size() == static_cast<std::size_t>(layout.size));
   Demand(image.ok() || image.error().starts_with("section "));
-  // What was said of a project is said of it again.
+  // Encoding the same project again gives the same result.
   ImageWriter again(layout.size);
   layout.encode(project, again);
   Demand(again.bytes() == image.bytes() && again.error() == image.error());

@@ -1,4 +1,4 @@
-// The same as messages in packets of the relay server, in any split.
+// Like the messages target, but in packets of the relay server, split anywhere.
 
 #include "fuzz/answered_operation.h"
 

@@ -1,5 +1,5 @@
-// Any text where a setting is read: connection keys of a project, a serial line's settings, a practice line's faults, a
-// password, what the practice exchange keeps of itself. Nothing is believed that is out of range.
+// Any text in place of a setting: a project's connection keys, a serial line's settings, a practice line's
+// faults, a password, the practice exchange's own files. Values out of range are never accepted.
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
-// Any bytes as a stream of messages or of packets: what comes out in one piece is cut as it is in any other split, as far
-// as a message is never longer than the stream it came from, and nothing is held for ever.
+// Any bytes as a stream of messages or packets, split anywhere: no packet yields more than a message, and
+// the two readers together find no more bytes than they were fed.
 
 #include <cstdint>
 #include <cstdlib>

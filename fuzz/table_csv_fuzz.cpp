@@ -1,5 +1,5 @@
-// Any text as the table of an editor, whose name is the first line: it is taken as a whole or refused as a whole, as one
-// step that can be undone, and what is put out is taken in again.
+// Any text as the table of the editor named in the first line: it is imported or refused as a whole, in one
+// step that can be undone, and an export can be imported again.
 
 #include <algorithm>
 #include <cstdint>
@@ -32,8 +32,10 @@ bool HasRows(const TableEditor& table, const std::vector<TableRow>& rows) {
   });
 }
 
-/** A form that stays open over all inputs, since opening one costs a hundred imports: each input leaves it as it found it,
- * which is demanded. */
+/**
+ * A form that stays open for all inputs, because opening one costs as much as a hundred imports. Each input
+ * must leave it as it was.
+ */
 struct KeptForm {
   explicit KeptForm(const Editor& editor) : stage(editor) {
     if (stage.form().table() != nullptr) before = RowsOf(*stage.form().table());
@@ -50,7 +52,7 @@ KeptForm& KeptFormOf(const Editor& editor) {
   return *form;
 }
 
-/** Imports the text and leaves what it changed. */
+/** Imports the text and checks the changes. */
 void Judge(TableEditor& table, const std::vector<TableRow>& before, std::string_view text) {
   const Status taken = ImportCsv(table, text);
   Demand(table.Steps() <= (taken.ok() ? 1U : 0U) && !table.CanRedo());

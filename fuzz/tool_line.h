@@ -15,8 +15,10 @@
 
 namespace tarvok::fuzz {
 
-/** The tool's end of a line, fed by hand: no timer runs, and every block that it sends has to be one that an exchange can
- * read. */
+/**
+ * The tool's end of a line, fed by hand: no timer runs, and every block that it sends must be readable for an
+ * exchange.
+ */
 class ToolLine {
  public:
   /** `trace` writes the history as the debug switch does. */
@@ -29,9 +31,9 @@ class ToolLine {
   }
 
   void Give(std::span<const std::uint8_t> bytes) { feeder_.Give(bytes); }
-  /** Told behind each block that the tool sends. */
+  /** Called after each block that the tool sends. */
   void set_on_sent(std::function<void()> handler) { on_sent_ = std::move(handler); }
-  /** Blocks that the tool sent. */
+  /** The number of blocks that the tool has sent. */
   std::size_t sent() const { return sent_; }
 
   VirtualEvents& events() { return events_; }

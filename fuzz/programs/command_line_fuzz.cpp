@@ -1,5 +1,5 @@
-// Any words behind tarvokctl: one command runs with what it may be given, or none and the line is wrong. The commands
-// themselves are stood in for.
+// Any arguments to tarvokctl: one command runs with valid arguments, or none runs and the command line is
+// wrong. The commands themselves are replaced.
 
 #include "fuzz/demand.h"
 #include "fuzz/programs/words.h"
@@ -104,7 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ctl::commands = 0;
   ctl::CommandLine line(words.argc, words.argv());
   const int status = line.Run();
-  // Where nothing was wrong and nothing ran, the help was asked for.
+  // If nothing was wrong and nothing ran, the help was requested.
   Demand(status == ctl::kWrongCommandLine ? ctl::commands == 0 : status == ctl::kDone && ctl::commands <= 1);
   return 0;
 }

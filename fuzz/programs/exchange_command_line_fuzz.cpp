@@ -1,4 +1,5 @@
-// Any words behind tarvok-exchange: what it would begin with is within its ranges, or the line is wrong.
+// Any arguments to tarvok-exchange: the options it would start with are within their ranges, or the command
+// line is wrong.
 
 #include "fuzz/demand.h"
 #include "fuzz/programs/words.h"

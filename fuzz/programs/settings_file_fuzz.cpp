@@ -1,5 +1,5 @@
-// Any bytes as the per-user settings file: whatever stands in it, what is asked of it has an answer, and what is written
-// comes back. The first line is what is written.
+// Any bytes as the per-user settings file: reading any setting works, and what is written is read back. The
+// first line is the text to write.
 
 #include <cstdlib>
 #include <filesystem>
@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/** The folder of this process's settings, gone with it. */
+/** The folder of this process's settings, deleted at its end. */
 const fs::path& Folder() {
   static const fs::path folder = [] {
     fs::path made = fs::temp_directory_path() / ("settings_file_fuzz." + std::to_string(::getpid()));

@@ -10,14 +10,14 @@
 
 namespace tarvok::fuzz {
 
-/** The words of a command line, a word a line of the input, as a program's main gets them. */
+/** The arguments of a command line, one per line of the input, in the form that a program's main receives. */
 class Words {
  public:
   Words(const char* program, const std::uint8_t* data, std::size_t size) : words_{program} {
     std::string text(reinterpret_cast<const char*>(data), size);
     for (std::size_t start = 0; start < text.size();) {
       const std::size_t end = std::min(text.find('\n', start), text.size());
-      // A word ends at its first NUL, as everywhere in a process's arguments.
+      // An argument ends at its first NUL, as in any process.
       words_.emplace_back(text.substr(start, end - start).c_str());
       start = end + 1;
     }
@@ -34,7 +34,7 @@ class Words {
   std::vector<char*> pointers_;
 };
 
-/** What a program says goes nowhere while this lives. */
+/** Suppresses a program's output during the life of the object. */
 class Silence {
  public:
   Silence() : out_(std::cout.rdbuf(&nowhere_)), err_(std::cerr.rdbuf(&nowhere_)) {}
