@@ -1,4 +1,4 @@
-"""The place of one run: the built programs, and folders that go when it ends."""
+"""The built programs, and folders that are deleted at the end of a run."""
 
 import os
 import pathlib
@@ -9,7 +9,7 @@ import tempfile
 class Bench:
     def __init__(self, bin_folder):
         self.bin = pathlib.Path(bin_folder).resolve()
-        # Beside the programs: the folder for temporary files may be memory, where a save costs nothing.
+        # Next to the programs: the folder for temporary files may be in memory, where a save costs nothing.
         self.scratch = tempfile.TemporaryDirectory(dir=self.bin.parent, prefix="bench-")
         self.count = 0
 

@@ -1,10 +1,10 @@
-// The simplest program that can talk over a serial line: it writes what was once recorded, and waits by blocking reads for
-// as many bytes as had come in by then.
+// The simplest program that can talk over a serial line: it writes recorded bytes, and uses blocking reads to
+// wait for as many bytes as had arrived at that point of the recording.
 //
 //   blocking_peer DEVICE SCRIPT
 //
-// A script's lines are "HEX COUNT": bytes to write, then how many are to come in before the next line. "- COUNT" writes
-// nothing. Exit status 1 if the line stays silent for ten seconds.
+// A script's lines are "HEX COUNT": bytes to write, then the number of bytes to wait for before the next
+// line. "- COUNT" writes nothing. Exit status 1 if the line stays silent for ten seconds.
 
 #include <array>
 #include <cstdint>
@@ -46,7 +46,7 @@ bool Play(int line, const Round& round, long& ahead) {
   if (!round.out.empty() &&
       ::write(line, round.out.data(), round.out.size()) != static_cast<ssize_t>(round.out.size()))
     return false;
-  // What came early for one round is there for the next.
+  // Bytes that arrived too early for one round count for the next.
   for (ahead -= round.in; ahead < 0;) {
     pollfd ready = {line, POLLIN, 0};
     std::array<std::uint8_t, 4096> block = {};

@@ -1,4 +1,4 @@
-// Every section of the newest version to its image and back, the changes to a project on their own, and its check.
+// Encodes and decodes every section of the newest version, changes a project, and checks it.
 
 #include <vector>
 
@@ -17,7 +17,7 @@ namespace {
 
 using Images = std::vector<std::pair<const WireLayout*, std::vector<std::uint8_t>>>;
 
-/** Encodes what a send carries; the bytes of all images, and how many they are. */
+/** Encodes what a send carries; returns the total size, and the number of images in `images`. */
 std::size_t EncodeAll(const IniText& project, int* images = nullptr) {
   std::size_t total = 0;
   for (const Section* section : SendPlan(kHighestVersion)) {
@@ -32,7 +32,7 @@ std::size_t EncodeAll(const IniText& project, int* images = nullptr) {
   return total;
 }
 
-/** What a load brings: the images that the project makes, with the layouts that read them. */
+/** What a load receives: the images of the project, with the layouts that decode them. */
 Images LoadedImages(const IniText& project) {
   Images images;
   for (const Section* section : ReadPlan(kHighestVersion)) {
@@ -63,7 +63,7 @@ void Counted(benchmark::State& state, Work work) {
   for (auto _ : state) benchmark::DoNotOptimize(work());
 }
 
-/** Gives every row of a table a value: the free ones those of the rows in use, again and again. */
+/** Fills every row of a table: the free ones with the values of the used ones, repeatedly. */
 void FillTable(const IniText& hotel, const Table& table, IniEdit& full) {
   std::vector<std::string_view> used;
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
@@ -101,7 +101,7 @@ void Decode(benchmark::State& state) {
   state.counters["pieces"] = static_cast<double>(AllKeys(DecodeAll(images)).size());
 }
 
-/** New rows as a load brings them, without coders. */
+/** Writes new rows as a load does, but without decoding. */
 void Change(benchmark::State& state) {
   const IniText nothing;
   std::vector<std::string> keys;
@@ -114,14 +114,14 @@ void Change(benchmark::State& state) {
   state.counters["pieces"] = static_cast<double>(state.range(0));
 }
 
-/** What the overview does behind an open project. */
+/** The check that the overview runs after a project is opened. */
 void Check(benchmark::State& state) {
   const IniText project(ProjectOf(state));
   Counted(state, [&] { return CheckProject(project).size() + 1; });
   state.counters["pieces"] = static_cast<double>(AllKeys(project.bytes()).size());
 }
 
-/** The floor: bytes of that number are laid out and summed up. */
+/** The lower bound: as many bytes are written and summed up. */
 void Touch(benchmark::State& state) {
   const std::size_t size = EncodeAll(IniText(HotelText()));
   for (auto _ : state) {

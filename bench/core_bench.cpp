@@ -1,4 +1,5 @@
-// What can be measured inside one process. Benchmarks are named WHAT/WHO/SIZE; ../run-bench sets them in relation.
+// Everything that can be measured within one process. Benchmarks are named WHAT/WHO/SIZE; ../run-bench
+// compares them.
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>

@@ -1,4 +1,4 @@
-"""What is measured inside one process: reading, saving, coding, and a round on loopback."""
+"""Measurements within one process: reading, saving, coding, and a round trip on loopback."""
 
 import json
 import statistics
@@ -9,7 +9,7 @@ FULL, HOTEL = 198_000, 36_734
 
 
 def medians(bench):
-    """Name to the medians of its repetitions: the time in microseconds, and the counters."""
+    """Maps each name to the medians of its repetitions: the time in microseconds, and the counters."""
     text = bench.run("core_bench", "--benchmark_format=json", "--benchmark_repetitions=5", "--benchmark_min_time=0.1",
                      "--benchmark_enable_random_interleaving=true", cwd=bench.new_folder())
     found = {}
@@ -47,12 +47,12 @@ def rows(bench):
     for rows_, name in ((0, "the hotel"), (1, "every row in use")):
         encode, decode = found[f"code/encode/{rows_}"], found[f"code/decode/{rows_}"]
         yield Row(f"encode and decode all of 110, {name}", encode["us"] + decode["us"], "the limit set", 2000, "us", at_most=1)
-    # One for each image; a decoder's project needs room for its rows, so there it is fewer than rows that is wanted.
+    # One per image. A decoder's project needs memory for its rows, so its goal is fewer allocations than rows.
     for rows_, name in ((0, "the hotel"), (1, "every row in use")):
         encode, decode = found[f"code/encode/{rows_}"], found[f"code/decode/{rows_}"]
         yield Row(f"allocations of encode, {name}", encode["news"], "images", encode["pieces"], "", at_most=2)
         yield Row(f"allocations of decode, {name}", decode["news"], "rows and keys made", decode["pieces"], "", at_most=0.1)
-    # No project has 5,000 keys: those rows tell where it goes, without a limit.
+    # No project has 5,000 changed keys: this row shows the trend and has no limit.
     for what, name, low, high, most in (("decode", "decode, the hotel to every row", 0, 1, 1.3),
                                         ("check", "check behind the overview, the hotel to every row", 0, 1, 1.3),
                                         ("change", "500 to 5,000 changed keys of one section", 500, 5000, None)):
@@ -62,5 +62,5 @@ def rows(bench):
                       at_most=most)
     loop = found["round/loopback/iterations:5000"]
     yield Row("a round on loopback TCP, median", loop["ours_us"], "blocking calls", loop["floor_us"], "us")
-    # Often none: a loop that polls is woken sooner than a blocking call.
+    # Often zero: a polling loop wakes sooner than a blocking call.
     yield Row("what it takes beyond them", max(0, loop["ours_us"] - loop["floor_us"]), "the limit set", 100, "us", at_most=1)

@@ -6,7 +6,7 @@
 
 namespace tarvok::bench {
 
-/** How often this process has asked for memory so far, and for how many bytes. */
+/** The number of allocations of this process so far, and their total size in bytes. */
 std::int64_t NewsSoFar();
 std::int64_t BytesSoFar();
 

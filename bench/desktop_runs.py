@@ -1,4 +1,4 @@
-"""The desktop program as it stands, watched while it paints, beside windows that only Qt paints."""
+"""The desktop program as built, watched while it paints, compared with plain Qt windows."""
 
 import contextlib
 import itertools
@@ -11,7 +11,7 @@ import time
 from line_runs import HOTEL
 from table import Row
 
-RUNS = 18  # of the starts: three times each order of three
+RUNS = 18  # of the starts: each order of the three programs three times
 COMMAND_RUNS = 9
 
 
@@ -22,7 +22,7 @@ def new_home(bench):
 
 
 def painted(home, bench, program, *arguments, **environment):
-    """Starts a program and waits until it ended itself: from start to paint in milliseconds, and its other lines."""
+    """Runs a program to its end. Returns the milliseconds from start to paint, and its other lines."""
     environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", **environment, "QT_QPA_GENERIC_PLUGINS": "paint_watch",
                    "QT_PLUGIN_PATH": str(bench.bin / "plugins"), "HOME": str(home), "XDG_CONFIG_HOME": str(home / "config"),
                    "XDG_DATA_HOME": str(home / "data"), "XDG_RUNTIME_DIR": str(home)}
@@ -39,7 +39,7 @@ def memory_mb(lines):
 
 @contextlib.contextmanager
 def display():
-    """A display of its own, as the environment that leads there."""
+    """Starts a separate display and returns the environment for it."""
     number, ready = os.pipe()
     server = subprocess.Popen(["Xvfb", "-displayfd", str(ready), "-screen", "0", "1600x1000x24", "-nolisten", "tcp"],
                               pass_fds=[ready], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -57,8 +57,8 @@ def start_rows(bench, project):
                 "window with menu, tools, tree, text": ("plain_window", "dressed")}
     home = new_home(bench)
     with display() as place:
-        # In turns, since what the machine does besides should hit all of them, and each behind each of the others: a start
-        # finds in the caches what the one before it left there.
+        # In turns, so that other load on the machine affects all of them, and each after each of the others: a
+        # start finds in the caches what the previous one left there.
         runs = [{name: painted(home, bench, *programs[name], **place) for name in turn}
                 for turn in itertools.islice(itertools.cycle(itertools.permutations(programs)), RUNS)]
 
@@ -74,7 +74,7 @@ def start_rows(bench, project):
 
 def command_rows(bench, project):
     home, found, plain = new_home(bench), {}, {}
-    # The first run keeps what a first run keeps, such as widths, and tells the tables' sizes.
+    # The first run stores settings such as column widths, and reports the sizes of the tables.
     _, lines = painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")
     sizes = sorted({line[2] for line in lines if line[0] == "command" and line[2] != "0x0"})
     for _ in range(COMMAND_RUNS):  # in turns, as above

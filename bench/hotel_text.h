@@ -9,19 +9,22 @@
 
 namespace tarvok::bench {
 
-/** The example project. Ends the program if it can't be read. */
+/** The example project. Ends the program if it cannot be read. */
 std::string HotelText();
 
-/** Text of at least `size` bytes like that of the example: its sections again and again, each time under other names. */
+/** A text of at least `size` bytes like the example: its sections repeated under different names. */
 std::string TextOfSize(std::size_t size);
 
 /** Section and key of every value in a text, each once, in file order. */
 std::vector<std::pair<std::string, std::string>> AllKeys(const std::string& text);
 
-/** A file of the benchmark's own that goes with it. */
+/** A temporary file, deleted by the destructor. */
 class ScratchFile {
  public:
-  /** In the current folder, which ../run-bench makes on a real disk: a save to memory costs nothing. */
+  /**
+   * Creates the file in the current folder, which ../run-bench places on a real disk: a save to memory would
+   * cost nothing.
+   */
   explicit ScratchFile(const std::string& bytes);
   ~ScratchFile();
   ScratchFile(const ScratchFile&) = delete;

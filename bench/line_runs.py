@@ -11,16 +11,16 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 HOTEL = ROOT / "examples" / "hotel.tvk"
 PASSWORD = "1234"
 UNPACED = 4_000_000
-# A load waits so long before it asks for a section; no other turn of ours comes near.
+# A load pauses this long before it requests a section; no other turn of ours takes nearly as long.
 PAUSE_US = 100_000
-# Speed and delay one way in us of the lines that run alone: on the fastest ones a moment in which the machine is busy
-# counts, so they run in turns, so often, and it is the median of each.
+# Speed and one-way delay in us of the lines that run alone, and the number of runs: the fastest ones suffer from
+# any other load on the machine, so they run repeatedly, in turns, and the median counts.
 ALONE = {(115_200, 0): 3, (115_200, 500): 3, (57_600, 0): 1}
 SIDE_BY_SIDE = ((9_600, 0), (19_200, 0), (115_200, 10_000), (115_200, 50_000))
 
 
 class Line:
-    """A paced line with a log of all bytes; end B is the device of a program, or made."""
+    """A paced line with a log of all bytes; end B is the device of a program, or is created."""
 
     def __init__(self, bench, bps, delay_us, end_b=None):
         self.folder, self.bps, self.delay_us = bench.new_folder(), bps, delay_us
@@ -39,7 +39,7 @@ class Line:
 
 
 class Passed:
-    """What went over a line, from A's first byte to the last byte of all."""
+    """The traffic of a line, from A's first byte to the very last byte."""
 
     def __init__(self, events, bps, delay_us):
         self.events, self.fixed_us = events, 0
@@ -53,14 +53,14 @@ class Passed:
             if before[1] == "b" and event[1] == "A":
                 self.turns_us.append(event[0] - before[0])
         self.turns_us.sort()
-        # Every byte takes its time, and every change of direction the delay; nothing overlaps.
+        # Every byte takes its time, and every change of direction takes the delay; nothing overlaps.
         self.limit_us = self.bytes * 10_000_000 / bps + self.rounds * delay_us
 
     def pauses(self):
         return sum(turn >= 0.9 * PAUSE_US for turn in self.turns_us)
 
     def leave_out(self, pauses):
-        """The prescribed pauses are no matter of speed. What came in meanwhile has shortened them."""
+        """Excludes the prescribed pauses, which do not depend on speed, as far as no bytes arrived in them."""
         longest = self.turns_us[len(self.turns_us) - pauses:]
         self.fixed_us = sum(min(turn, PAUSE_US) for turn in longest)
 
@@ -73,7 +73,7 @@ class Passed:
         return self.turns_us[len(self.turns_us) // 2]
 
     def script(self):
-        """The same rounds for the blocking program: what to write, and how much comes in before the next line."""
+        """The same rounds as a script for the blocking program: what to write, and how many bytes to wait for."""
         rounds = []
         for _, direction, count, hexadecimal in self.events:
             if direction == "A":
@@ -87,7 +87,7 @@ class Passed:
 
 
 class Sessions:
-    """The hotel on its way to a practice exchange and back."""
+    """Sends the hotel to a practice exchange and loads it back."""
 
     def __init__(self, bench):
         self.bench = bench
@@ -106,7 +106,7 @@ class Sessions:
             self.store = self.store or store
 
     def run(self, kind, bps, delay_us, peer=False):
-        """One session over a line of its own with an exchange of its own; what passed, and the exchange's store."""
+        """Runs a session with its own line and exchange. Returns the traffic, and the exchange's store."""
         bench, folder = self.bench, self.bench.new_folder()
         store = folder / "store"
         if self.store:
@@ -131,29 +131,29 @@ class Sessions:
 
 
 def file_transfer(bench, sessions, bps, protocol):
-    """The images as one file by `sz` and `rz`; what passed."""
+    """Transfers the images as one file with `sz` and `rz`. Returns the traffic."""
     folder = bench.new_folder()
     (folder / "sent").write_bytes(b"".join(image.read_bytes() for image in sorted(sessions.images.iterdir())))
     line = Line(bench, bps, 0)
     options = ["--xmodem"] if protocol == "XMODEM" else ["--zmodem", "--binary"]
     names = ["got"] if protocol == "XMODEM" else []
     (folder / "in").mkdir()
-    # A new session: these programs look for a terminal of their own.
+    # In a new session, because these programs look for a controlling terminal.
     with open(line.a, "r+b", buffering=0) as a, open(line.b, "r+b", buffering=0) as b, open(folder / "words", "w") as words:
         receiver = subprocess.Popen(["rz", "-v", *options, *names], stdin=b, stdout=b, stderr=words, cwd=folder / "in",
                                     start_new_session=True)
         sender = subprocess.run(["sz", "-v", *options, folder / "sent"], stdin=a, stdout=a, stderr=words,
                                 start_new_session=True, timeout=120)
-        receiver.terminate()  # it has acknowledged all, and goes on waiting for another file
+        receiver.terminate()  # it has acknowledged everything and is waiting for another file
         receiver.wait()
     got = next((folder / "in").iterdir()).read_bytes()
-    # XMODEM fills its last block up.
+    # XMODEM pads its last block.
     assert sender.returncode == 0 and got.startswith((folder / "sent").read_bytes()), f"{protocol} lost bytes"
     return line.close()
 
 
 def together(jobs):
-    """Runs slow lines side by side: all of them together hardly load the machine."""
+    """Runs slow lines in parallel: even together they hardly load the machine."""
     results = {}
 
     def work(name, job):
@@ -214,7 +214,7 @@ def rows(bench):
 
 
 def slow_rows(bench):
-    """Slow and far lines, side by side."""
+    """Slow and distant lines, in parallel."""
     sessions = Sessions(bench)
     jobs = {}
     for bps, delay_us in SIDE_BY_SIDE:

@@ -1,4 +1,4 @@
-"""Measures what a user waits for, each figure beside a floor or a peer of the same run, and prints one table."""
+"""Measures what a user waits for, each figure with a lower bound or peer of the same run; prints a table."""
 
 import argparse
 import os
@@ -25,8 +25,8 @@ def machine():
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("bin", type=pathlib.Path, help="folder of the built programs")
-    parser.add_argument("--only", choices=PARTS, action="append", help="these parts alone; may be given several times")
-    parser.add_argument("--markdown", type=pathlib.Path, help="file to write machine and table to")
+    parser.add_argument("--only", choices=PARTS, action="append", help="only these parts; may be repeated")
+    parser.add_argument("--markdown", type=pathlib.Path, help="file for the machine and the table")
     options = parser.parse_args()
     bench = Bench(options.bin)
     rows = []

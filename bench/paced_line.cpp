@@ -1,11 +1,12 @@
-// A serial line between two programs: two pseudo terminals, every byte taking ten bits of the given speed, and on its way
-// for a given delay. Neither end does the pacing, so both ends of all runs meet the same line.
+// A serial line between two programs: two pseudo terminals; every byte takes ten bits at the given speed and
+// arrives after the given delay. Neither end does the pacing, so all runs use the same line at both ends.
 //
 //   paced_line BPS DELAY_US LINK_A END_B LOG
 //
-// LINK_A is made. END_B is the device of a program that has one; where there is none, a link is made like that of A.
-// Prints "ready", runs until its input ends, and then writes the log: a line "TIME_US DIRECTION COUNT HEX" for each piece
-// that came in, and "TIME_US direction COUNT" for each that went out at the other end; A and a are from A to B.
+// Creates LINK_A. END_B is the existing device of a program, or else a link that is created like LINK_A.
+// Prints "ready", runs until its input ends, and then writes the log: a line "TIME_US DIRECTION COUNT HEX"
+// for each piece received, and "TIME_US direction COUNT" for each piece delivered at the other end; A and a
+// are from A to B.
 
 #include <algorithm>
 #include <array>
@@ -39,7 +40,7 @@ struct Event {
   std::size_t count;  // of either
 };
 
-/** Opens a terminal that hands every byte through as it is. */
+/** Opens a terminal that passes every byte through unchanged. */
 int OpenRaw(const char* device) {
   const int terminal = ::open(device, O_RDWR | O_NOCTTY | O_NONBLOCK);
   termios settings = {};
@@ -49,12 +50,12 @@ int OpenRaw(const char* device) {
   return terminal;
 }
 
-/** Makes a pseudo terminal whose device has a link; our end of it. */
+/** Creates a pseudo terminal with a link to its device; returns our end. */
 int MakeTerminal(const char* link) {
   const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
   if (master < 0 || ::grantpt(master) != 0 || ::unlockpt(master) != 0) std::exit(1);
   const char* device = ::ptsname(master);
-  OpenRaw(device);  // and never closed, so that a program may come and go
+  OpenRaw(device);  // never closed, so that programs may come and go
   ::unlink(link);
   if (::symlink(device, link) != 0) std::exit(1);
   return master;
@@ -91,7 +92,7 @@ class Lane {
     log_.push_back({Now_ns(), static_cast<char>(name_ - 'A' + 'a'), {}, due.size()});
   }
 
-  /** Nanoseconds to the next byte, -1 if none is on its way. */
+  /** Nanoseconds until the next byte; -1 if none is on its way. */
   std::int64_t Wait_ns() const {
     if (on_the_way_.empty()) return -1;
     return std::max<std::int64_t>(on_the_way_.front().first - Now_ns(), 0);

@@ -1,13 +1,13 @@
-// Watches any Qt program from inside, as a plugin that Qt itself loads (QT_QPA_GENERIC_PLUGINS=paint_watch): when its
-// window is painted, how long each command of its tree takes to the paint of its form, and the most memory it had. The
-// programs know nothing of it, so what is measured is what a user gets.
+// Watches any Qt program from inside, as a plugin that Qt itself loads (QT_QPA_GENERIC_PLUGINS=paint_watch):
+// when its window has been painted, how long each command of its tree takes until its form is painted, and
+// its peak memory. The programs are not modified for it, so it measures what a user gets.
 //
 // Lines on standard output, times in microseconds:
-//   painted TIME            the monotonic clock when nothing was left to paint
-//   first TIME              the same of the first paint
-//   memory KB               most resident memory so far
-//   command TIME ROWSxCOLUMNS NAME     with BENCH_COMMANDS set: for every command, with the size of the table it shows
-//   table TIME WORK NAME    with BENCH_COMMANDS set: copy, paste, sort and scroll of the longest table
+//   painted TIME            monotonic time when nothing was left to paint
+//   first TIME              monotonic time of the first paint
+//   memory KB               peak resident memory so far
+//   command TIME ROWSxCOLUMNS NAME   with BENCH_COMMANDS set: for each command, with the size of its table
+//   table TIME WORK NAME             likewise: copy, paste, sort and scroll of the longest table
 // Then the program ends.
 
 #include <chrono>
@@ -29,7 +29,7 @@
 namespace tarvok::bench {
 namespace {
 
-constexpr int kQuiet_ms = 120;  // without any paint: it is done. Shorter than a cursor's blink
+constexpr int kQuiet_ms = 120;  // without a paint: it is done. Shorter than a cursor's blinking
 constexpr int kPages = 20;      // of a table that are scrolled
 
 std::int64_t Now_us() {
@@ -80,7 +80,7 @@ class PaintWatch : public QObject {
 
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() == QEvent::Paint && quiet_armed_) {
-      idle_.start(0);  // runs when this paint and all that came with it are through
+      idle_.start(0);  // runs when this paint and everything that came with it are done
       quiet_.start();
     }
     return false;
@@ -101,7 +101,7 @@ class PaintWatch : public QObject {
     NextCommand();
   }
 
-  /** The tree with commands below its first item. */
+  /** The tree whose first item has commands below it. */
   static QTreeWidget* CommandTree() {
     for (QWidget* widget : QApplication::allWidgets()) {
       auto* tree = qobject_cast<QTreeWidget*>(widget);
@@ -126,7 +126,7 @@ class PaintWatch : public QObject {
     ++command_;
   }
 
-  /** What a person does to a whole table, each time up to the paint. */
+  /** Does what a user does to a whole table, each time until it is painted. */
   void WorkOnTable(const QString& name) {
     QTableView* table = ShownTable();
     const auto timed = [&](const char* what, int times, const std::function<void()>& work) {
@@ -148,7 +148,7 @@ class PaintWatch : public QObject {
         table->viewport()->repaint();
       }
     });
-    // A question in the middle would wait for a person.
+    // A question would otherwise wait for the user.
     QTimer answer;
     connect(&answer, &QTimer::timeout, this, [] {
       if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
@@ -167,12 +167,12 @@ class PaintWatch : public QObject {
     QTreeWidgetItem* root = tree_->topLevelItem(0);
     while (command_ < root->childCount() && root->child(command_)->isDisabled()) ++command_;
     if (command_ >= root->childCount()) {
-      // Last of all, since a changed table asks before another takes its place.
+      // Comes last, because a changed table asks before another one replaces it.
       if (worked_ || most_rows_ == 0) return End();
       worked_ = true;
       command_ = longest_;
     }
-    // Behind this call, since a command with a modal window returns only when that is closed.
+    // Not within this call: a command with a modal window returns only when that is closed.
     QTimer::singleShot(kQuiet_ms, this, [this] {
       tree_->setFocus();
       tree_->setCurrentItem(tree_->topLevelItem(0)->child(command_));
@@ -195,7 +195,7 @@ class PaintWatch : public QObject {
   bool quiet_armed_ = true;
   bool started_ = false;
   std::int64_t last_paint_us_ = 0;
-  std::int64_t first_paint_us_ = 0;  // since a command was pressed, 0 before
+  std::int64_t first_paint_us_ = 0;  // since a command was pressed; 0 before
   std::int64_t start_us_ = 0;
   int command_ = 0;
   int most_rows_ = 0;

@@ -1,5 +1,6 @@
-// What Qt itself costs: an empty main window; with "dressed" one with menu, toolbar, tree, text and status bar, as programs
-// have them; or with sizes such as "500x12 96x4" a tree whose commands each show a plain table of that size.
+// What Qt itself costs: an empty main window; with "dressed", one with menu, toolbar, tree, text and status
+// bar, as programs usually have; with sizes such as "500x12 96x4", a tree whose commands each show a plain
+// table of that size.
 
 #include <QAction>
 #include <QApplication>
@@ -29,7 +30,7 @@ QTableWidget* PlainTable(int rows, int columns) {
   return table;
 }
 
-/** The same work as in the program, done in the plainest way. */
+/** The same work as in the program, done in the simplest way. */
 void AddWork(QTableWidget* table) {
   const auto add = [table](const char* name, auto work) {
     auto* action = new QAction(table);
@@ -86,7 +87,7 @@ void AddTables(QMainWindow& window, const QStringList& sizes) {
   auto* root = new QTreeWidgetItem(tree, {QStringLiteral("Tables")});
   for (const QString& size : sizes) new QTreeWidgetItem(root, {size});
   root->setExpanded(true);
-  // An empty pane would be a strip, and a table in it would paint a column or two.
+  // An empty pane would be a strip, and a table in it would paint only a column or two.
   splitter->setStretchFactor(1, 1);
   splitter->setSizes({kTreeWidth, window.width() - kTreeWidth});
   QObject::connect(tree, &QTreeWidget::itemActivated, pane, [pane](QTreeWidgetItem* item) {

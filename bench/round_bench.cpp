@@ -1,5 +1,5 @@
-// A round on loopback TCP: a command goes, its reply comes. Ours through message layer and Qt's loop, and the same bytes by
-// blocking calls, in turns and against the same answering thread.
+// A round trip on loopback TCP: a command and its reply. Ours goes through the message layer and Qt's loop,
+// the peer sends the same bytes with blocking calls; both take turns with the same answering thread.
 
 #include <algorithm>
 #include <arpa/inet.h>

@@ -1,4 +1,5 @@
-// Saving: 512 rows and one key, each time down to the disk, against the writes that durability itself costs.
+// Saving 512 rows, and saving one key, each time to the disk, compared with the writes that durability itself
+// requires.
 
 #include <algorithm>
 #include <chrono>
@@ -22,10 +23,10 @@ namespace {
 constexpr int kRows = 512;
 constexpr int kHotel = 36'734;
 constexpr int kFull = 198'000;
-/** Longer than a file counts as too fresh to be told by its time: a person saves no faster. */
+/** Longer than the time for which a file's time stamp proves nothing: no user saves faster. */
 constexpr std::chrono::milliseconds kBetweenSaves(25);
 
-/** Row `number` in a generation of its own: a save that changes nothing writes nothing. */
+/** Row `number`, different in each generation: a save that changes nothing writes nothing. */
 std::string Row(int number, int generation) {
   return std::to_string(2000 + number) + "|Room " + std::to_string(number) + "|1|F|" +
          std::to_string(generation);
@@ -39,7 +40,7 @@ Status SaveRows(ProjectStore& store, const std::string& path, int generation) {
   });
 }
 
-/** Write, fsync, rename, fsync of the folder: what a durable save can't do without. */
+/** Write, fsync, rename, fsync of the folder: the minimum for a durable save. */
 bool WriteDurably(const std::string& path, const std::string& bytes) {
   const std::string beside = path + ".floor";
   const int file = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
@@ -51,8 +52,10 @@ bool WriteDurably(const std::string& path, const std::string& bytes) {
   return good;
 }
 
-/** Both sides take turns in one benchmark: what the disk is doing at the moment hits both. `state.range(0)` is the
- * project's size. The counters are medians in microseconds. */
+/**
+ * Both sides take turns in one benchmark, so that other disk activity affects both. `state.range(0)` is the
+ * size of the project. The counters are medians in microseconds.
+ */
 template <typename Ours>
 void AgainstFloor(benchmark::State& state, Ours ours,
                   const std::function<void(const std::string& path)>& look = {}) {
@@ -88,7 +91,7 @@ void AgainstFloor(benchmark::State& state, Ours ours,
   state.counters["floor_us"] = median(floor_us);
 }
 
-/** By a program that has the project open, as an editor has. */
+/** Saves in a program that has the project open, as an editor does. */
 void SaveRowsBench(benchmark::State& state) {
   PosixFileSystem kept;
   ProjectStore store(kept);
@@ -100,7 +103,7 @@ void SaveRowsBench(benchmark::State& state) {
       [&](const std::string& path) { benchmark::DoNotOptimize(store.Snapshot(path)); });
 }
 
-/** A new store each time: the file is opened, parsed, changed at one key, and saved. */
+/** With a new store each time: the file is opened, parsed, changed at one key, and saved. */
 void OpenEditSave(benchmark::State& state) {
   AgainstFloor(state, [](FileSystem& files, const std::string& path, int generation) {
     ProjectStore store(files);

@@ -1,4 +1,4 @@
-// Reading a project and every key in it: ours, the least that anybody must do, and the libraries.
+// Reading a project and every key in it: ours, the least that anybody must do, and other libraries.
 
 #include <chrono>
 #include <fcntl.h>
@@ -9,7 +9,7 @@
 
 #include <QSettings>
 #include <benchmark/benchmark.h>
-#define SI_NO_CONVERSION  // bytes as they are, as we read them, too
+#define SI_NO_CONVERSION  // bytes unchanged, as we read them
 #include <SimpleIni.h>
 #include <glib.h>
 
@@ -24,7 +24,7 @@ namespace {
 constexpr int kFull = 198'000;  // bytes of a project with every row in use
 constexpr int kHotel = 36'734;
 
-/** The file, and what is read of it. */
+/** The file, and the keys to read. */
 struct Reading {
   explicit Reading(int size) : file(TextOfSize(static_cast<std::size_t>(size))) {
     keys = AllKeys(TextOfSize(static_cast<std::size_t>(size)));
@@ -37,7 +37,7 @@ int SizeOf(const benchmark::State& state) {
   return static_cast<int>(state.range(0));
 }
 
-/** The floor: the file's bytes come in, and each is looked at once. */
+/** The lower bound: the file is read, and each byte is looked at once. */
 void ReadScan(benchmark::State& state) {
   const Reading reading(SizeOf(state));
   for (auto _ : state) {
@@ -98,7 +98,7 @@ void ReadQSettings(benchmark::State& state) {
   for (const auto& [section, key] : reading.keys)
     names.push_back(QString::fromStdString(section + '/' + key));
   for (auto _ : state) {
-    // A second copy of the same file would come out of the library's own cache.
+    // The library would serve a second copy of the same file from its own cache.
     const ScratchFile fresh(TextOfSize(static_cast<std::size_t>(SizeOf(state))));
     const auto start = std::chrono::steady_clock::now();
     {

@@ -1,4 +1,4 @@
-"""The one table: what was measured, beside a floor or a peer of the same run, and whether that is what we want."""
+"""The table of results: each figure with a lower bound or peer of the same run, and its target."""
 
 import dataclasses
 
