@@ -60,6 +60,12 @@ FieldColumn TypedColumn(int field, std::string title, EntryRule rule) {
   return {.field = field, .column = {.title = std::move(title), .rule = rule, .overlay = "txtMask"}};
 }
 
+FieldColumn NumberColumn(int most) {
+  FieldColumn column = TypedColumn(1, "Number", DigitsRule(most));
+  column.shown = column.stored = [](std::string_view text) { return std::string(text); };
+  return column;
+}
+
 FieldColumn LimitedColumn(int field, std::string title, const Field& statement, EntryRule rule,
                           std::string overlay) {
   FieldColumn made = ChoiceColumn(field, std::move(title), statement, std::move(overlay));

@@ -67,6 +67,8 @@ FieldColumn ChoiceColumn(int field, std::string title, const Field& statement,
                          std::string overlay = "cmbMask");
 /** A column that is typed as it is stored. */
 FieldColumn TypedColumn(int field, std::string title, EntryRule rule);
+/** The one column of a table of numbers of at most `most` digits. A blank cell is stored as an empty value. */
+FieldColumn NumberColumn(int most);
 
 /** A column of numbers up to the statement's highest, with entries for its named ones. A larger number is
  * stored as the highest one, a blank by the statement's text for "not set". */

@@ -3,13 +3,16 @@
 #include "editors/editors.h"
 #include "editors/ports/account_editor.h"
 #include "editors/ports/boss_editor.h"
+#include "editors/ports/call_forward_editor.h"
+#include "editors/ports/dial_phone_editor.h"
 #include "editors/ports/hunt_group_editor.h"
-#include "editors/ports/number_editors.h"
+#include "editors/ports/link_trunk_editor.h"
 #include "editors/ports/port_config_editor.h"
 #include "editors/ports/port_define_editor.h"
-#include "editors/ports/port_fields_editor.h"
 #include "editors/ports/setup_key_editor.h"
 #include "editors/ports/setup_number_editor.h"
+#include "editors/ports/vm_call_back_editor.h"
+#include "editors/ports/voice_mail_box_editor.h"
 
 namespace tarvok::editors {
 

@@ -11,7 +11,6 @@ namespace {
 
 using namespace port_def;
 
-constexpr int kMostRingTime = 254;  // 255 is "not set" to the exchange
 constexpr int kNumberColumn = 3;
 
 const Field& StatementOf(int field) {
@@ -26,26 +25,10 @@ FieldColumn ReadOnlyColumn(int field) {
   return {.field = field, .column = {.title = TitleOf(field), .entry = Entry::kReadOnly}};
 }
 
-FieldColumn Typed(int field, EntryRule rule) {
-  return TypedColumn(field, TitleOf(field), rule);
-}
-
-FieldColumn Listed(int field, std::string overlay) {
-  return ChoiceColumn(field, TitleOf(field), StatementOf(field), std::move(overlay));
-}
-
 std::vector<FieldColumn> WithPort(std::vector<FieldColumn> columns) {
   std::vector<FieldColumn> all = {ReadOnlyColumn(kCard), ReadOnlyColumn(kChannel), ReadOnlyColumn(kNumber)};
   for (FieldColumn& column : columns) all.push_back(std::move(column));
   return all;
-}
-
-FieldColumn RingColumn() {
-  FieldColumn ring = Typed(kRingTime, ByteRule());
-  ring.stored = [](std::string_view cell) {
-    return Val(cell) > kMostRingTime ? std::to_string(kMostRingTime) : FieldText(cell);
-  };
-  return ring;
 }
 
 }  // namespace
@@ -54,6 +37,14 @@ PortFieldsEditor::PortFieldsEditor(const EditorContext& context, const FormName&
                                    std::vector<FieldColumn> columns)
     : FieldTableEditor(context, name, kTable, WithPort(std::move(columns)), {.sort_by = {{1}, {2}}}) {
   LayOut();
+}
+
+FieldColumn PortFieldsEditor::Typed(int field, EntryRule rule) {
+  return TypedColumn(field, TitleOf(field), rule);
+}
+
+FieldColumn PortFieldsEditor::Listed(int field, std::string overlay) {
+  return ChoiceColumn(field, TitleOf(field), StatementOf(field), std::move(overlay));
 }
 
 bool PortFieldsEditor::ShowPlace(std::string_view section, int row, int field) {
@@ -98,16 +89,5 @@ void PortFieldsEditor::Write(IniEdit& project) {
     project.Set(kTable.section, KeyOf(kTable, port.origin), value);
   }
 }
-
-CallForwardEditor::CallForwardEditor(const EditorContext& context, const FormName& name)
-    : PortFieldsEditor(context, name,
-                       {Listed(kDnd, "cmbMask"), Typed(kDisa, DigitsRule(12)), Typed(kCo, DigitsRule(12)),
-                        Typed(kExt, DigitsRule(12)), Typed(kBusy, DigitsRule(12)),
-                        Typed(kNoAns, DigitsRule(12)), RingColumn()}) {}
-
-VoiceMailBoxEditor::VoiceMailBoxEditor(const EditorContext& context, const FormName& name)
-    : PortFieldsEditor(context, name,
-                       {Listed(kVmUse, "cmbMask"), Typed(kGroup, LimitRule()), Typed(kLanguage, ByteRule()),
-                        Listed(kCallScreen, "cmbMask2"), Listed(kPersonalMsg, "cmbMask3")}) {}
 
 }  // namespace tarvok::editors

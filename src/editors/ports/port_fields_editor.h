@@ -22,20 +22,13 @@ class PortFieldsEditor : public FieldTableEditor {
   void Saved() override {}
 
  protected:
+  /** A column that takes what `rule` allows, under the field's own name. */
+  static FieldColumn Typed(int field, EntryRule rule);
+  /** A column that offers the field's choices, under the field's own name. */
+  static FieldColumn Listed(int field, std::string overlay);
+
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;
-};
-
-/** `frmCallFW`: do not disturb, and where calls go that a port does not take. */
-class CallForwardEditor : public PortFieldsEditor {
- public:
-  CallForwardEditor(const EditorContext& context, const FormName& name);
-};
-
-/** `frmVMBox`: what a port does with voice mail. */
-class VoiceMailBoxEditor : public PortFieldsEditor {
- public:
-  VoiceMailBoxEditor(const EditorContext& context, const FormName& name);
 };
 
 }  // namespace tarvok::editors

@@ -2,8 +2,10 @@
 
 #include "editors/editors.h"
 #include "editors/routing/ban_allow_editor.h"
+#include "editors/routing/ban_number_group_editor.h"
 #include "editors/routing/did_redirect_editor.h"
-#include "editors/routing/e1_editors.h"
+#include "editors/routing/e1_mapping_editor.h"
+#include "editors/routing/e1_numbering_editor.h"
 #include "editors/routing/group_out_editor.h"
 #include "editors/routing/incoming_list_editor.h"
 #include "editors/routing/pbx_link_editor.h"

@@ -8,8 +8,10 @@
 
 namespace tarvok::editors {
 
-/** `frmE1Map`: which ports an E1 link has. Rows that name a link follow it; those of a link that was emptied
- * name none any more. */
+/**
+ * "E1 Mapping" (`frmE1Map`): the ports of each E1 link. References to a link are updated when its row moves and
+ * cleared when the link is emptied.
+ */
 class E1MappingEditor : public FieldTableEditor {
  public:
   E1MappingEditor(const EditorContext& context, const FormName& name);
@@ -24,21 +26,6 @@ class E1MappingEditor : public FieldTableEditor {
   static std::vector<FieldColumn> Columns(E1MappingEditor* form);
 
   RowNames ports_;
-};
-
-/** `frmE1Numbering`: the numbers in front of those of a link. */
-class E1NumberingEditor : public FieldTableEditor {
- public:
-  E1NumberingEditor(const EditorContext& context, const FormName& name);
-
- protected:
-  void Prepare(const IniText& project) override;
-  bool IsRemoved(std::string_view /*value*/) const override { return false; }
-
- private:
-  static std::vector<FieldColumn> Columns(E1NumberingEditor* form);
-
-  std::vector<std::string> links_;
 };
 
 }  // namespace tarvok::editors

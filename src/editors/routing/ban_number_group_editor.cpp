@@ -1,0 +1,71 @@
+#include "editors/routing/ban_number_group_editor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editors/field_columns.h"
+#include "sections/routing/class_digit.h"
+#include "sections/routing/class_group.h"
+#include "sections/rows.h"
+#include "store/number_text.h"
+
+namespace tarvok::editors {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string ClassName(std::string_view stored) {
+  return std::string(class_digit::kBanTable.label).append(" ").append(std::to_string(Val(stored)));
+}
+
+std::string ClassOf(std::string_view name) {
+  const std::size_t number = class_digit::kBanTable.label.size();
+  return Padded(Val(name.substr(std::min(number, name.size()))), class_digit::kBanTable.rows.width);
+}
+
+}  // namespace
+
+std::vector<Column> BanNumberGroupEditor::Columns(BanNumberGroupEditor* form) {
+  return {{.title = std::string(class_group::kTable.fields[0].name),
+           .entry = Entry::kList,
+           .list_of = [form](int) { return form->offered_; },
+           .overlay = "cmbMask"}};
+}
+
+BanNumberGroupEditor::BanNumberGroupEditor(const EditorContext& context, const FormName& name)
+    : ClassEditor(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
+  AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
+}
+
+void BanNumberGroupEditor::Load(const IniText& project) {
+  offered_.clear();
+  for (int number = 1; number <= kClasses; ++number) {
+    if (!RowValue(project, class_digit::kBanTable, number).empty() ||
+        !RowValue(project, class_digit::kAllowTable, number).empty())
+      offered_.push_back(ClassName(std::to_string(number)));
+  }
+  std::vector<std::vector<Texts>> pages;
+  for (int number = 1; number <= kClassGroups; ++number) {
+    Texts names;
+    for (const std::string& stored : Classes(RowValue(project, class_group::kTable, number)))
+      names.push_back(ClassName(stored));
+    pages.push_back({std::move(names)});
+  }
+  FillPages(pages);
+}
+
+void BanNumberGroupEditor::Write(IniEdit& project) {
+  for (int number = 1; number <= kClassGroups; ++number) {
+    Texts classes;
+    for (const std::string& name : TextsOf(number - 1, 0)) classes.push_back(ClassOf(name));
+    StoreList(project, class_group::kTable, number, classes, Classes);
+  }
+  LeaveEmptyGroups(project);
+}
+
+bool BanNumberGroupEditor::ShowPlace(std::string_view section, int row, int field) {
+  return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
+}
+
+}  // namespace tarvok::editors
