@@ -9,27 +9,27 @@
 
 namespace tarvok::project {
 
-/** A step of the way that a call takes, in people's words, and the row that says so. */
+/** A step of a call's route as text, and the row that it comes from. */
 struct PathNode {
   std::string text;
-  Place place;                     // its form edits the step
-  std::vector<PathNode> children;  // where the call goes from here; several: in turn
+  Place place;                     // the row that defines the step
+  std::vector<PathNode> children;  // where the call goes next; if several, they are tried in turn
 };
 
 /**
- * The way out of a number that matches row `row` of the route map: its route list, the list's routes with their
- * conditions, each route's group out and the trunks of that.
+ * The outgoing path of a number that matches row `row` of the route map: its route list, the list's routes
+ * with their conditions, and each route's group out with its trunks.
  *
- * All of these are built from the references of the project alone; what a pattern's letters mean is the
- * exchange's own. A reference to nothing is said in words.
+ * All paths are built from the project's references alone; digit patterns are not interpreted. Missing
+ * targets are shown as text.
  */
 PathNode WayOut(const IniText& project, int row);
 
-/** The way in of a call on port `port`, by day and by night: the incoming list that the port names, its
- * destinations in turn, and where the numbers among them ring. */
+/** The path of an incoming call on port `port`, by day and by night: the port's incoming list, its
+ * destinations in turn, and the ports that they ring. */
 PathNode WayInOfPort(const IniText& project, int port);
 
-/** The way in of the DID numbers of row `row`: the E1 link on which they come, the range, and where it goes. */
+/** The path of incoming calls to the DID numbers of row `row`: their E1 link, the range and its target. */
 PathNode WayInOfDid(const IniText& project, int row);
 
 }  // namespace tarvok::project

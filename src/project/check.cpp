@@ -20,15 +20,15 @@ namespace {
 
 constexpr std::string_view kRow = "row";
 
-/** The table by which the counts of a section are judged, where its rows have several. */
+/** The table that decides the counts of a section, for sections with several tables of rows. */
 const Table* FirstRowsOf(std::string_view section) {
   const auto tables = Tables();
   return *std::find_if(tables.begin(), tables.end(),
                        [&](const Table* table) { return table->section == section && !table->single(); });
 }
 
-/** Judges the rows of one table. What needs all of them (the pool, what may stand only once, the counts) is
- * gathered on the way. */
+/** Checks the rows of one table. Collects on the way what depends on all rows: the pool, unique values,
+ * counts. */
 class TableCheck {
  public:
   TableCheck(const IniText& project, const Table& table, std::vector<Finding>& findings)
@@ -58,15 +58,15 @@ class TableCheck {
     CheckUnique(row);
   }
 
-  /** The number of fields, and that none is empty: the reader takes the next one for it. */
+  /** Checks the number of fields, and that none is empty: reading skips empty fields. */
   void CheckShape(const RowFields& row) {
-    if (row.has_gap()) Add(kRow, "has an empty field, so that those behind it move up");
+    if (row.has_gap()) Add(kRow, "has an empty field, so the fields after it move up");
     const int most = table_.repeats ? table_.members.most : static_cast<int>(table_.fields.size());
     const int fewest = !table_.repeats           ? (table_.fewest_fields > 0 ? table_.fewest_fields : most)
                        : table_.members.numbered ? most
                                                  : 0;
     if (row.count() >= fewest && (most == 0 || row.count() <= most)) return;
-    if (row.has_gap() && row.count() < fewest) return;  // said already
+    if (row.has_gap() && row.count() < fewest) return;  // reported as a gap
     Add(kRow, "has " + std::to_string(row.count()) + " fields, not " + std::to_string(most));
   }
 
@@ -83,13 +83,13 @@ class TableCheck {
     const Field* field = row.StatementOf(n);
     if (!row.IsSet(n)) {
       if (table_.repeats && !table_.members.numbered)
-        Add(NameOf(row, n), std::string(text) + " is no member");
+        Add(NameOf(row, n), std::string(text) + " is not a member");
       return;
     }
     if (field == nullptr) {
       const int decided_by = table_.fields[static_cast<std::size_t>(n) - 1].decided_by;
       Add(NameOf(row, n),
-          std::string(text) + " stands where nothing does with this " + NameOf(row, decided_by));
+          std::string(text) + " is set, but must be empty with this " + NameOf(row, decided_by));
       return;
     }
     if (text.empty()) {
@@ -99,7 +99,7 @@ class TableCheck {
     std::string wrong = WrongValue(*field, text);
     if (wrong.empty()) wrong = WrongTarget(project_, *field, text);
     if (wrong.empty()) return;
-    // What is wrong begins with the value, and may quote a character of it.
+    // The description quotes the value, so a secret one is hidden as a whole.
     Add(NameOf(row, n), field->secret ? std::string(kHiddenValue) + " is not valid" : std::move(wrong));
   }
 
@@ -111,7 +111,7 @@ class TableCheck {
       ++members_;
       const CodedParts parts = TakeApart(*row.StatementOf(n), row[n]);
       if (parts.entry != nullptr && parts.entry->once && !once.insert(row[n]).second) {
-        Add(NameOf(row, n), std::string(row[n]) + " stands in this row twice");
+        Add(NameOf(row, n), std::string(row[n]) + " is in this row twice");
       }
       const int before = pool_used_;
       pool_used_ += rules.packed ? static_cast<int>(row[n].size() + 1) / 2 + 1 : 1;
@@ -144,10 +144,10 @@ class TableCheck {
 
   void Claim(std::size_t index, const Unique& rule, const std::string& claimed) {
     const auto [first, is_new] = seen_[index].try_emplace(claimed, key_);
-    if (!is_new) Add(rule.name, claimed + " stands in row " + first->second + ", too");
+    if (!is_new) Add(rule.name, claimed + " is also in row " + first->second);
   }
 
-  /** Each row ends where or behind the one before it, and the rows in front of the last end are all there. */
+  /** Ends must not decrease, and every row before the last end must exist. */
   void CheckEnds() {
     std::int64_t highest = 1;
     for (int number = table_.rows.first; number <= table_.rows.last; ++number) {
@@ -156,8 +156,7 @@ class TableCheck {
       const std::int64_t end = std::max<std::int64_t>(Val(value), 1);
       if (end < highest) {
         Add(table_.fields.front().name, std::string(value.empty() ? "0" : value) +
-                                            " lies in front of the end before it, " +
-                                            std::to_string(highest));
+                                            " is before the previous end, " + std::to_string(highest));
       }
       highest = std::max(highest, end);
     }
@@ -166,7 +165,7 @@ class TableCheck {
       const bool is_there = !RowValue(project_, rows, number).empty();
       if (is_there == (number < highest)) continue;
       findings_.push_back({std::string(rows.section), KeyOf(rows, number), std::string(kRow),
-                           is_there ? "lies behind the last " + std::string(table_.row_name)
+                           is_there ? "is after the last " + std::string(table_.row_name)
                                     : "is missing in a " + std::string(table_.row_name)});
     }
   }
@@ -199,10 +198,10 @@ class TableCheck {
   int last_used_ = 0;
   int members_ = 0;
   int pool_used_ = 0;
-  std::vector<std::map<std::string, std::string>> seen_;  // by rule: what is claimed, and by which key
+  std::vector<std::map<std::string, std::string>> seen_;  // by rule: the key that claims each value
 };
 
-/** Values that are cut where they are read. */
+/** Reports values too long to be read in full. */
 void CheckLengths(const IniText& project, std::vector<Finding>& findings) {
   std::int32_t section = -1;
   for (const IniText::Line& line : project.lines()) {
@@ -219,11 +218,11 @@ void CheckLengths(const IniText& project, std::vector<Finding>& findings) {
     if (project.FindKey(project.FindSection(name), key.name) != line.key) continue;
     findings.push_back(
         {std::string(name), std::string(key.name), std::string(kRow),
-         "is longer than " + std::to_string(kMaxIniValue) + " characters, the rest is not read"});
+         "is longer than " + std::to_string(kMaxIniValue) + " characters; the rest is not read"});
   }
 }
 
-/** A key that a statement gives to the section. */
+/** True if a statement defines this key of the section. */
 bool IsStated(std::string_view section, std::string_view key) {
   if (FindRow(section, key)) return true;
   const auto tables = Tables();
@@ -240,13 +239,13 @@ void CheckNames(const IniText& project, std::vector<Finding>& findings) {
     if (SameName(section, kHeaderSection)) continue;
     const auto is_section = [section](const Table* table) { return SameName(table->section, section); };
     if (std::none_of(tables.begin(), tables.end(), is_section)) {
-      findings.push_back({std::string(section), "-", "section", "is no section of a project"});
+      findings.push_back({std::string(section), "-", "section", "is not a section of a project"});
       continue;
     }
     for (const IniText::Key& key : project.Keys(section)) {
       if (IsStated(section, key.name)) continue;
       findings.push_back(
-          {std::string(section), std::string(key.name), std::string(kRow), "is no row of this section"});
+          {std::string(section), std::string(key.name), std::string(kRow), "is not a row of this section"});
     }
   }
 }

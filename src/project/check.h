@@ -8,13 +8,13 @@
 
 namespace tarvok::project {
 
-/** Something in a project that no editor and no load from an exchange could have written, or that points
- * nowhere. All texts are bytes of the project's code page. */
+/** An invalid value or a dangling reference: something that no editor and no load from an exchange writes.
+ * All texts are in the project's code page. */
 struct Finding {
   std::string section;
   std::string key;
-  std::string field;  // as the user knows it; "row" for the row as a whole
-  std::string what;   // begins with the value
+  std::string field;  // the name shown to the user; "row" for the whole row
+  std::string what;   // starts with the value, if there is one
 };
 
 /** All findings in a project, in the order of its sections and rows. */

@@ -17,8 +17,8 @@ namespace key = connection_key;
 
 constexpr std::string_view kSetting = "setting";
 
-/** A key of the header and what it may hold beside nothing; any text without `judged`. The host and the number that is
- * dialled are texts for the system and the modem, the speed is what a list holds that takes any text. */
+/** A key of the header and its valid values. A blank is always valid; without `judged` any text is. The host
+ * and the phone number are up to the system and the modem, and the speed can be any text. */
 struct HeaderKey {
   std::string_view name;
   bool judged = false;
@@ -55,7 +55,7 @@ void CheckHeader(const IniText& project, std::vector<Finding>& findings) {
                                      [&](const HeaderKey& k) { return SameName(k.name, entry.name); });
     std::string wrong;
     if (known == std::end(kKeys)) {
-      wrong = "is a key that nobody reads";
+      wrong = "is an unknown key";
     } else if (const std::string_view value = Trim(entry.value); known->judged && !value.empty()) {
       wrong = WrongValue(known->field, value);
     }

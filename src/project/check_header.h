@@ -7,8 +7,8 @@
 
 namespace tarvok::project {
 
-/** Findings in the header section: a key that nobody reads, by which a setting that was meant stays as it was, and a
- * value with which no exchange is reached, or another one than it names. */
+/** Adds the findings in the header section: unknown keys, which are often misspelled settings, and values
+ * with which the exchange cannot be reached. */
 void CheckHeader(const IniText& project, std::vector<Finding>& findings);
 
 }  // namespace tarvok::project

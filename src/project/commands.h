@@ -7,23 +7,23 @@
 
 namespace tarvok::project {
 
-/** How a form is shown: beside the tree, which stays usable, or in front of everything until it is closed. */
+/** How a form is shown: next to the tree, which stays usable, or as a modal window. */
 enum class ShowMode { kChild, kModal };
 
 /** A command of the tree and the form that it opens. */
 struct Command {
   std::string_view text;           // of the node
-  std::string_view key;            // by which a node is told
-  std::string_view recorded;       // `ActiveFormName` that the form records on loading
-  std::string_view compared = {};  // what a click compares with that name; empty: the recorded one
+  std::string_view key;            // identifies the node
+  std::string_view recorded;       // `ActiveFormName` that the form sets when it loads
+  std::string_view compared = {};  // what a click compares with that name; empty: `recorded`
   ShowMode mode = ShowMode::kChild;
-  bool closed_by_name = true;  // CloseActiveForm knows the form
-  bool saved_on_close = true;  // CloseActiveForm has it save its changes first
+  bool closed_by_name = true;  // CloseActiveForm can close the form
+  bool saved_on_close = true;  // CloseActiveForm saves its changes first
   bool keeps_highlight = true;
   bool needs_system_file = false;
   bool needs_project = true;  // it reads the open project's file
 
-  /** The name that tells whether a click finds its form open already. */
+  /** A click finds its form already open if this is the active form's name. */
   constexpr std::string_view CompareName() const { return compared.empty() ? recorded : compared; }
 };
 
@@ -31,7 +31,7 @@ struct Command {
 inline constexpr std::array<Command, 33> kCommands = {{
     {"1 - Setup Number", "ext", "frmExtension"},
     {"2 - Port Define", "portdefine", "frmPortDef"},
-    // The form records another name than a click looks for, so a second click closes it and opens it anew.
+    // A click compares a different name from the recorded one, so a second click closes and reopens the form.
     {.text = "3 - Port Config",
      .key = "portconfig",
      .recorded = "frmPortConfigDefine",
@@ -83,7 +83,7 @@ inline constexpr std::array<Command, 33> kCommands = {{
      .mode = ShowMode::kModal,
      .saved_on_close = false,
      .keeps_highlight = false},
-    // No blank in front of this dash.
+    // There is no blank before this dash.
     {.text = "33- About",
      .key = "about",
      .recorded = "frmAbout",

@@ -43,7 +43,7 @@ class TableDifference {
         found_(found) {}
 
   void Run() {
-    TellMoves();
+    ReportMoves();
     const int last = table_.single() ? table_.rows.first : table_.rows.last;
     for (int number = table_.rows.first; number <= last; ++number) {
       CompareRow(number, rows_.SecondOf(number));
@@ -52,21 +52,21 @@ class TableDifference {
   }
 
  private:
-  /** Rows of a table that was sorted anew went each its own way: that is told as a whole. */
-  void TellMoves() {
+  /** Reports moved rows by runs; a re-sort is reported once. */
+  void ReportMoves() {
     constexpr std::size_t kMostRuns = 4;
     const std::vector<RowMatches::Run> runs = rows_.Runs();
     int rows = 0;
     for (const RowMatches::Run& run : runs) rows += run.rows;
     if (runs.size() > kMostRuns)
       return AddMove({runs.front().first, runs.back().last, rows, 0},
-                     InOrder(runs) ? " rows moved and keep their order" : " rows in another order");
+                     InOrder(runs) ? " rows moved and keep their order" : " rows in a different order");
     for (const RowMatches::Run& run : runs)
       AddMove(run, (run.by < 0 ? " rows moved up by " : " rows moved down by ") +
                        std::to_string(std::abs(run.by)));
   }
 
-  /** Whether the rows follow each other as before. */
+  /** True if the rows are still in their old order. */
   static bool InOrder(const std::vector<RowMatches::Run>& runs) {
     return std::is_sorted(runs.begin(), runs.end(), [](const RowMatches::Run& a, const RowMatches::Run& b) {
       return a.first + a.by < b.first + b.by;
@@ -85,7 +85,7 @@ class TableDifference {
     return {project, value, RowFields(table_, value)};
   }
 
-  /** A row of each project; 0 for none. */
+  /** Compares a row of each project; 0 means no such row. */
   void CompareRow(int of_first, int of_second) {
     const Side a = SideOf(first_, of_first);
     const Side b = SideOf(second_, of_second);
@@ -113,7 +113,7 @@ class TableDifference {
     found_.push_back({Kind::kField, row_, std::string(field), shown(before), shown(after)});
   }
 
-  /** What a row that only one project has is told by. */
+  /** Describes a row that only one project has. */
   std::string Contents(const Side& side) const {
     if (table_.repeats) {
       const std::string members = Members(side);
@@ -138,7 +138,7 @@ class TableDifference {
     return name;
   }
 
-  /** "" where it is not set. */
+  /** "" if the field is not set. */
   std::string ShownField(const Side& side, int n) const {
     if (!side.fields.IsSet(n)) return {};
     const Field* field = side.fields.StatementOf(n);
@@ -150,14 +150,14 @@ class TableDifference {
     return field != nullptr && field->secret && secrets_ == Secrets::kHidden;
   }
 
-  /** A reference is the same if it names the same row, whatever now stands there. */
+  /** What a field's value means. A reference means the row that it names, whatever that row now holds. */
   std::string MeaningOf(const Side& side, int n) const {
     if (!side.fields.IsSet(n)) return {};
     const Field* field = side.fields.StatementOf(n);
     return field == nullptr ? std::string(side.fields[n]) : Canonical(*field, side.fields[n]);
   }
 
-  /** What field n of the first project means in the second: a reference follows its row. */
+  /** What field n of the first project would be in the second one: references follow rows that moved. */
   std::string MeaningThere(const Side& a, int n) const {
     std::string meaning = MeaningOf(a, n);
     const Field* field = meaning.empty() ? nullptr : a.fields.StatementOf(n);
@@ -175,7 +175,7 @@ class TableDifference {
     const std::string after = ShownField(b, n);
     if (before == kShownSecret && before == after)
       return AddIfDifferent(NameOf(a, n), before, std::string(kShownOtherSecret));
-    const bool same_words = before == after;  // two rows that look alike: the numbers tell them apart
+    const bool same_words = before == after;  // rows that look alike: show their numbers
     AddIfDifferent(NameOf(a.fields.IsSet(n) ? a : b, n), same_words ? MeaningOf(a, n) : before,
                    same_words ? MeaningOf(b, n) : after);
   }
@@ -190,7 +190,7 @@ class TableDifference {
     return text;
   }
 
-  /** Each column of a matrix on its own; the leftmost character is the highest column. */
+  /** Compares the columns of a matrix one by one; the leftmost character is the highest column. */
   void CompareColumns(const Side& a, const Side& b) {
     const Field& field = table_.fields.front();
     if (a.value.size() != b.value.size()) {
@@ -215,7 +215,7 @@ class TableDifference {
   std::string row_;
 };
 
-/** Keys that no row or single key of a statement is, the counts of rows among them. */
+/** Compares the keys that are no row and no single key of a statement, such as row counts. */
 class OtherKeys {
  public:
   OtherKeys(const IniText& first, const IniText& second, Secrets secrets, std::vector<Difference>& found)
@@ -239,13 +239,13 @@ class OtherKeys {
  private:
   void CompareSection(const IniText& project, std::string_view section) {
     for (const IniText::Key& key : project.Keys(section)) {
-      if (!stated_[FoldName(section)].insert(FoldName(key.name)).second) continue;  // stated, or told already
+      if (!stated_[FoldName(section)].insert(FoldName(key.name)).second) continue;  // stated or reported
       const bool in_first = first_.HasKey(section, key.name);
       const bool in_second = second_.HasKey(section, key.name);
       const std::string before(first_.Get(section, key.name));
       const std::string after(second_.Get(section, key.name));
       if (before == after) continue;
-      // A row with a number too high holds its secrets like any other.
+      // A row whose number is too high may still hold secrets.
       const bool hidden =
           hidden_.contains(FoldName(section)) && !SameName(key.name, kMaxKey) && !SameName(key.name, kNowKey);
       found_.push_back(
@@ -262,7 +262,7 @@ class OtherKeys {
   const IniText& first_;
   const IniText& second_;
   std::vector<Difference>& found_;
-  std::map<std::string, std::set<std::string>> stated_;  // by section, all names folded
+  std::map<std::string, std::set<std::string>> stated_;  // by section; all names are case-folded
   std::set<std::string> hidden_;                         // sections whose unknown keys are not shown
 };
 

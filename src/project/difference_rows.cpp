@@ -13,7 +13,7 @@ namespace {
 
 using Rows = std::vector<int>;
 
-/** The rows that have all their marks, by these. */
+/** The rows that have all their identifying fields, by those fields. */
 std::map<std::string, Rows> RowsByMarks(const IniText& project, const Table& table) {
   std::map<std::string, Rows> rows;
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
@@ -30,7 +30,7 @@ std::map<std::string, Rows> RowsByMarks(const IniText& project, const Table& tab
   return rows;
 }
 
-/** Rows of one kind of marks that are in all equal go together and leave the lists. */
+/** Pairs the rows that are equal in every field and takes them out of both lists. */
 template <typename Pair>
 void PairEqualRows(Rows& of_first, Rows& of_second, const IniText& first, const IniText& second,
                    const Table& table, const Pair& pair) {
@@ -54,12 +54,12 @@ RowMatches::RowMatches(const IniText& first, const IniText& second, const Table&
   const auto count = static_cast<std::size_t>(table.rows.last) + 1;
   second_of_.resize(count);
   first_of_.resize(count);
-  told_.resize(count);
+  identified_.resize(count);
   bool moved = false;
   const auto pair = [&](int row, int other) {
     second_of_[static_cast<std::size_t>(row)] = other;
     first_of_[static_cast<std::size_t>(other)] = row;
-    told_[static_cast<std::size_t>(row)] = true;
+    identified_[static_cast<std::size_t>(row)] = true;
     moved = moved || row != other;
   };
   for (auto& [marks, rows] : of_first) {
@@ -80,9 +80,9 @@ RowMatches::RowMatches(const IniText& first, const IniText& second, const Table&
 
 std::vector<RowMatches::Run> RowMatches::Runs() const {
   std::vector<Run> runs;
-  bool goes_on = false;  // no row that stays lies in between
+  bool goes_on = false;  // no unmoved row lies in between
   for (int row = 1; row < static_cast<int>(second_of_.size()); ++row) {
-    if (!told_[static_cast<std::size_t>(row)]) continue;
+    if (!identified_[static_cast<std::size_t>(row)]) continue;
     const int by = SecondOf(row) - row;
     if (by != 0 && goes_on && runs.back().by == by) {
       runs.back().last = row;

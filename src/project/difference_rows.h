@@ -9,24 +9,26 @@
 namespace tarvok::project {
 
 /**
- * Which row of a second project a row of a first one is: a row that went elsewhere with the marks by which people
- * tell it is the same row. Of rows with the same marks those that are in all equal go together, and the others in their
- * order if there are as many in both. Any other row, such as one whose marks changed or of a table without marks, is the one
- * of the same number, if that is no other one.
+ * Matches the rows of one table in two projects: by identifying fields, then equality, then number.
+ *
+ * Rows with the same identifying fields are the same row, wherever they are. If several rows share them,
+ * equal rows are paired first, then the others in their order, provided that both projects have as many. Any
+ * other row, such as one whose identifying fields changed, matches the row with its number unless that row is
+ * already matched.
  */
 class RowMatches {
  public:
   RowMatches(const IniText& first, const IniText& second, const Table& table);
 
-  /** The number of the row in the other project; 0 where it is gone, or new. */
+  /** The number of the row in the other project; 0 if it does not exist there. */
   int SecondOf(int first) const { return At(second_of_, first); }
   int FirstOf(int second) const { return At(first_of_, second); }
-  /** Some row has another number. */
+  /** True if any row has a different number in the second project. */
   bool moved() const { return !second_of_.empty(); }
 
-  /** Rows that went the same way, one behind the other among those in use. */
+  /** Consecutive rows in use that moved by the same distance. */
   struct Run {
-    int first;  // their numbers in the first project
+    int first;  // number in the first project
     int last;
     int rows;
     int by;  // negative: up
@@ -38,10 +40,10 @@ class RowMatches {
     return row > 0 && row < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(row)] : row;
   }
 
-  // By row, from 1; empty where all rows stand where they stood.
+  // By row, from 1; empty if no row moved.
   std::vector<int> second_of_;
   std::vector<int> first_of_;
-  std::vector<bool> told_;  // the row's marks told where it is
+  std::vector<bool> identified_;  // the row was found by its identifying fields
 };
 
 }  // namespace tarvok::project

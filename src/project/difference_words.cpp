@@ -6,7 +6,7 @@ namespace {
 constexpr std::string_view kFieldSign = " \u00B7 ";
 constexpr std::string_view kChangeSign = " \u2192 ";
 
-/** "(card 3)" for a row that only one of the projects has; a key that no statement knows has no words. */
+/** For a row in only one project: which one, with the contents in brackets if there are any. */
 std::string OnlyIn(std::string_view which, const std::string& contents) {
   std::string text(": only in the ");
   text.append(which);

@@ -32,7 +32,7 @@ std::string TooLong(std::string_view text, int most) {
   return std::string(text).append(" has more than ").append(std::to_string(most)).append(" characters");
 }
 
-/** A whole number, padded as its field wants it. */
+/** For a whole number, padded to its field's width. */
 std::string WrongNumber(const Field& field, std::string_view text, std::int64_t low, std::int64_t high) {
   if (!HoldsOnly(text, kDecimal) || text.size() > kMostNumberDigits) {
     return std::string(text).append(" is not a number");
@@ -62,11 +62,11 @@ std::string WrongAmount(const Field& field, std::string_view text) {
 std::string WrongCharacter(std::string_view text, std::string_view characters) {
   const std::size_t at = text.find_first_not_of(characters);
   if (at == std::string_view::npos) return {};
-  return std::string(text).append(" holds the character ").append(text.substr(at, 1));
+  return std::string(text).append(" contains the character ").append(text.substr(at, 1));
 }
 
-/** A time box takes each digit by its place and does not ask for all four, so a part of a time can stand
- * there, too. */
+/** A part of a time is valid, too: a time box checks each digit as it is typed, but does not require all
+ * four. */
 std::string WrongTime(std::string_view text) {
   constexpr std::size_t kLength = 4;
   const auto digit = [&](std::size_t at) { return at < text.size() ? text[at] : '0'; };
@@ -78,7 +78,7 @@ std::string WrongTime(std::string_view text) {
 std::string WrongText(const Field& field, std::string_view text) {
   const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' '; };
   if (std::any_of(text.begin(), text.end(), is_control)) {
-    return std::string(text).append(" holds a control character");
+    return std::string(text).append(" contains a control character");
   }
   return TooLong(text, field.high);
 }
@@ -90,13 +90,13 @@ std::string WrongColumns(const Field& field, std::string_view text) {
 
 std::string WrongCoded(const Field& field, std::string_view text) {
   const CodedParts parts = TakeApart(field, text);
-  if (parts.entry == nullptr) return std::string(text).append(" has no code that is known");
+  if (parts.entry == nullptr) return std::string(text).append(" has an unknown code");
   std::string wrong = WrongValue(*parts.entry->argument, parts.argument);
   if (!wrong.empty() || parts.entry->behind_comma == nullptr) return wrong;
   return WrongValue(*parts.entry->behind_comma, parts.behind_comma);
 }
 
-/** The name of a field without which a row that holds others is none to refer to; "" for an empty row. */
+/** The name of a field that the row lacks but needs to be referred to; "" if none, and for an unused row. */
 std::string_view MissingNeed(const Table& table, std::string_view value) {
   if (IsUnused(table, value)) return {};
   const RowFields row(table, value);
@@ -146,7 +146,7 @@ std::string WrongValue(const Field& field, std::string_view text) {
     case FieldKind::kFlag:
       return text == "0" || text == "1" ? std::string() : std::string(text).append(" is neither 0 nor 1");
     case FieldKind::kChoice:
-      return std::string(text).append(" is none of its values");
+      return std::string(text).append(" is not one of its values");
     case FieldKind::kColumns:
       return WrongColumns(field, text);
     case FieldKind::kCoded:
@@ -181,7 +181,7 @@ std::string WrongTarget(const IniText& project, const Field& field, std::string_
   return std::string(text)
       .append(" points at ")
       .append(row)
-      .append(", which has another ")
+      .append(", which has a different ")
       .append(decisive.name);
 }
 

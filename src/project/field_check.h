@@ -9,13 +9,14 @@
 
 namespace tarvok::project {
 
-/** Why no editor and no load could have left this value in the field; "" where one could. "F" is no value. */
+/** Why no editor and no load writes this value into the field; "" if it is valid. The value must be set (not
+ * "F"). */
 std::string WrongValue(const Field& field, std::string_view text);
 
-/** Why the value points nowhere in this project; "" for a good reference, and for a value that is none. */
+/** Why the value is a dangling reference in this project; "" if it is not one. */
 std::string WrongTarget(const IniText& project, const Field& field, std::string_view text);
 
-/** What a coded value is made of: its entry and its two parts. The entry is nullptr where no code fits. */
+/** The entry of a coded value and its two parts. The entry is nullptr if the code is unknown. */
 struct CodedParts {
   const CodedValue* entry = nullptr;
   std::string_view argument;

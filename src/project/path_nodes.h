@@ -11,7 +11,7 @@
 
 namespace tarvok::project {
 
-/** A row of a table with its fields as people see them. The project must outlive it. */
+/** A row of a table with its fields as the user sees them. The project must outlive it. */
 class RowInWords {
  public:
   RowInWords(const IniText& project, const Table& table, int number)
@@ -20,17 +20,17 @@ class RowInWords {
   int number() const { return number_; }
   std::string_view value() const { return value_; }
   bool Has(int field) const { return fields_.StatementOf(field) != nullptr && fields_.IsSet(field); }
-  /** As it is shown; "" where it is not set. */
+  /** The field as shown to the user; "" if it is not set. */
   std::string Text(int field) const {
     return Has(field) ? Shown(project_, *fields_.StatementOf(field), fields_[field]) : std::string();
   }
-  /** The row of `target` that the field points at; 0 for none. */
+  /** The row of `target` that the field refers to; 0 if none. */
   int Target(int field, const Table& target) const {
     const bool points = Has(field) && fields_.StatementOf(field)->points_at == &target;
     const std::int64_t row = points ? Val(fields_[field]) : 0;
     return row >= target.rows.first && row <= target.rows.last ? static_cast<int>(row) : 0;
   }
-  /** A node that leads to this row. */
+  /** A node whose place is this row. */
   PathNode Node(std::string text) const {
     const std::string key = number_ > 0 ? KeyOf(table_, number_) : std::string();
     return {std::move(text), {std::string(table_.section), key, number_, 0}, {}};
@@ -50,7 +50,7 @@ class RowInWords {
   RowFields fields_;
 };
 
-/** Adds a part to a text of parts. */
+/** Appends a part to a comma-separated text. */
 inline void AddPart(std::string& text, std::string_view words, std::string_view what = {}) {
   if (!text.empty()) text += ", ";
   text.append(words).append(what.empty() ? "" : " ").append(what);

@@ -46,7 +46,7 @@ struct EditedBy {
   int last_field = 0;
 };
 
-/** A table that is not listed belongs to the first listed one of its section. */
+/** A table that is not listed is edited like the first listed table of its section. */
 constexpr EditedBy kEditedBy[] = {
     {&assign::kTable, "ext"},
     {&name::kTable, "ext"},
@@ -83,7 +83,7 @@ constexpr EditedBy kEditedBy[] = {
     {&key_dss::kDss, "setupkey"},
 };
 
-/** Index of a command by its key; the number of commands for a key that none has. */
+/** Index of the command with this key; the number of commands if there is none. */
 constexpr std::size_t IndexOf(std::string_view key) {
   std::size_t index = 0;
   while (index < kCommands.size() && kCommands[index].key != key) ++index;
@@ -93,7 +93,7 @@ constexpr std::size_t IndexOf(std::string_view key) {
 static_assert(std::all_of(std::begin(kEditedBy), std::end(kEditedBy),
                           [](const EditedBy& entry) { return IndexOf(entry.command) < kCommands.size(); }));
 
-/** The number of a row's key; -1 if the table has no such key. */
+/** The row number of a key; -1 if the table has no such key. */
 int RowOfKey(const Table& table, std::string_view key) {
   const RowKeys& rows = table.rows;
   if (key.size() <= rows.prefix.size() + rows.suffix.size()) return -1;

@@ -10,19 +10,19 @@
 
 namespace tarvok::project {
 
-/** The command whose form edits a field of a table, from 1, or its rows as such (0). This is the one list that
- * findings, references and searches jump by. nullptr for a section that no form edits. */
+/** The command whose form edits a field of a table, from 1, or whole rows (0). Findings, references and
+ * searches all use this to jump. nullptr for a section that no form edits. */
 const Command* CommandOf(const Table& table, int field = 0);
 
-/** The statement and the row number of a key; nothing for a key that no statement knows. */
+/** The statement and the row number of a key; FindRow returns nullopt for an unknown key. */
 struct StatedRow {
   const Table* table;
   int row;
 };
 std::optional<StatedRow> FindRow(std::string_view section, std::string_view key);
 
-/** The place of a field told by its name, as a finding tells it; a name that is no field's is the whole row.
- * The key need not be one that a statement knows. */
+/** The place of a field by its name, as in a Finding. An unknown name means the whole row, and an unknown key
+ * is allowed. */
 Place PlaceOf(std::string_view section, std::string_view key, std::string_view field_name);
 
 /** The command whose form shows the place; nullptr if none does. */

@@ -13,7 +13,7 @@
 namespace tarvok::project {
 namespace {
 
-/** The row that a plain reference names, 0 for none: not set, or a value with a name of its own. */
+/** The row that a plain reference names; 0 if it is not set or is a named value. */
 int TargetOf(const Field& field, std::string_view text) {
   const auto has_name = [&](const Choice& choice) { return choice.stored == text; };
   if (std::any_of(field.choices.begin(), field.choices.end(), has_name)) return 0;
@@ -28,13 +28,13 @@ bool PointsAt(const Field* field, const Table& target) {
   return field != nullptr && field->points_at != nullptr && field->points_at->section == target.section;
 }
 
-/** The row of `target` that a field of a row points at, 0 for none. */
+/** The row of `target` that a field of a row refers to; 0 if none. */
 int PlainTarget(const RowFields& row, int n, const Table& target) {
   const Field* field = row.StatementOf(n);
   return PointsAt(field, target) && row.IsSet(n) ? TargetOf(*field, row[n]) : 0;
 }
 
-/** The same for a value with a code in front of it. */
+/** The same for a coded value. */
 int CodedTarget(const RowFields& row, int n, const Table& target) {
   const Field* field = row.StatementOf(n);
   if (field == nullptr || field->codes.empty() || !row.IsSet(n)) return 0;
@@ -43,7 +43,7 @@ int CodedTarget(const RowFields& row, int n, const Table& target) {
   return TargetOf(*parts.entry->argument, parts.argument);
 }
 
-/** A statement of the table has references to rows of that section. */
+/** True if a field of the table can refer to rows of the target's section. */
 bool MayPointAt(const Table& table, const Table& target) {
   return std::any_of(table.fields.begin(), table.fields.end(), [&](const Field& field) {
     return PointsAt(&field, target) ||
@@ -67,7 +67,7 @@ std::string Moved(const RowFields& row, int n, int to) {
   return to > 0 ? Padded(to, row.StatementOf(n)->width) : std::string(kUnset);
 }
 
-/** The members that are left, in their order. */
+/** The list with its members renumbered, and without those whose rows are gone. */
 std::string MovedMembers(const Table& table, std::string_view value, const Table& moved,
                          const RowMoves& moves, bool& changed) {
   const RowFields row(table, value);

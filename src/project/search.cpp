@@ -24,7 +24,7 @@ bool IsNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/** "3-04" as "3/4", which is how a reference shows the marks of its row; "" for any other text. */
+/** "3-04" as "3/4", the form in which references show card and channel; "" for any other text. */
 std::string AsMarks(std::string_view text) {
   const std::size_t dash = text.find_first_of("-/");
   if (dash == std::string_view::npos) return {};
@@ -69,7 +69,7 @@ class Search {
   }
 
   void WalkRow(const Table& table, int number, const RowFields& row) {
-    std::string label;  // of a row with a hit
+    std::string label;  // set once the row has a hit
     const auto add = [&](Match match, int field, std::string_view name, std::string value) {
       if (label.empty()) label = RowLabel(project_, table, number);
       Place place{std::string(table.section), KeyOf(table, number), table.single() ? 0 : number, field};
@@ -97,7 +97,7 @@ class Search {
            field->kind != FieldKind::kColumns;
   }
 
-  /** By what people call the row, "Port 12", and by its marks, "3-4". */
+  /** Compares with the row's label ("Port 12") and its identifying fields ("3-4"). */
   Match CompareRow(const Table& table, int number, const RowFields& row) const {
     if (table.single()) return Compare(table.row_name);
     std::string marks;
@@ -110,7 +110,7 @@ class Search {
     label.append(" ");
     const Match padded = Compare(label + Padded(people, table.rows.width));
     const Match match = std::min(padded, Compare(label.append(std::to_string(people))));
-    // A bare number or half a name would find every row.
+    // A bare number or part of the label would find every row.
     return match == Match::kEqual ? match : Match::kNone;
   }
 

@@ -1,4 +1,4 @@
-// The way of a call into the exchange.
+// The path of an incoming call.
 
 #include <algorithm>
 
@@ -27,8 +27,8 @@ std::string PortText(const RowInWords& port) {
 
 PathNode NumberNode(const IniText& project, int row, bool with_members);
 
-/** What a number stands for. The members of a hunt group are numbers, too: they are named, not followed, since
- * a group may be a member of itself. */
+/** Adds what the number reaches. The members of a hunt group are numbers, too, but are not followed further,
+ * since a group may be a member of itself. */
 void AddMeaning(const IniText& project, const RowInWords& number, bool with_members, PathNode& node) {
   if (const int port = number.Target(assign::kValue, port_def::kTable)) {
     const RowInWords row(project, port_def::kTable, port);
@@ -49,7 +49,7 @@ void AddMeaning(const IniText& project, const RowInWords& number, bool with_memb
   } else if (number.Has(assign::kValue)) {
     node.text += " " + number.Text(assign::kValue);
   } else {
-    node.text += " stands for nothing";
+    node.text += " is not assigned to anything";
   }
 }
 
@@ -75,7 +75,7 @@ PathNode DidTarget(const IniText& project, const RowInWords& range) {
     const std::string none = routes.last < routes.first ? " has no route" : "";
     return RowInWords(project, route_list::kTable, list).Node(range.Text(did_redirect::kMapNumber) + none);
   }
-  // A type that needs a number, or a list, and has none.
+  // Either the type needs no target or the target is missing.
   const auto& meanings = did_redirect::kTable.fields[did_redirect::kMapNumber - 1].meanings;
   const std::string_view stored = GetField(range.value(), did_redirect::kMapType);
   const bool needs_one =
@@ -106,7 +106,7 @@ PathNode LinkNode(const IniText& project, int number) {
   return link.Node(std::move(text));
 }
 
-/** The link between whose ports a port lies, on their card; 0 for none. */
+/** The E1 link whose range of channels contains the port; 0 if none. */
 int LinkOfPort(const IniText& project, const RowInWords& port) {
   for (int number = 1; number <= kE1Links; ++number) {
     const RowInWords link(project, e1_map::kTable, number);
@@ -120,7 +120,7 @@ int LinkOfPort(const IniText& project, const RowInWords& port) {
   return 0;
 }
 
-/** DID: by the ranges of the link that the port belongs to. */
+/** Adds the DID ranges of the link that the port belongs to. */
 void AddRanges(const IniText& project, const RowInWords& port, PathNode& node) {
   const int number = LinkOfPort(project, port);
   if (number == 0) {
@@ -133,7 +133,7 @@ void AddRanges(const IniText& project, const RowInWords& port, PathNode& node) {
     if (range.Target(did_redirect::kLink, e1_map::kTable) != number) continue;
     PathNode step = RangeNode(project, range);
     step.text += ": " + step.children.front().text;
-    step.children.clear();  // the range has a picture of its own
+    step.children.clear();  // the range has a path of its own
     link.children.push_back(std::move(step));
   }
   if (link.children.empty()) AddPart(link.text, "no DID numbers");
@@ -157,8 +157,8 @@ PathNode IncomingNode(const IniText& project, const RowInWords& port, int field,
   const int number = port.Target(field, kTable);
   const std::string at(when);
   if (number == 0) {
-    return port.Node(at + (port.Has(field) ? ": the incoming list is none of this exchange's"
-                                           : ": no incoming list is set"));
+    return port.Node(at +
+                     (port.Has(field) ? ": the incoming list does not exist" : ": no incoming list is set"));
   }
   const RowInWords list(project, kTable, number);
   std::string text = at + ": Incoming List " + std::to_string(number);
@@ -194,10 +194,9 @@ PathNode WayInOfDid(const IniText& project, int row) {
   const RowInWords range(project, did_redirect::kTable, row);
   if (IsUnused(did_redirect::kTable, range.value())) return range.Node("Nothing is set in this row");
   const int link = range.Target(did_redirect::kLink, e1_map::kTable);
-  PathNode node = link > 0
-                      ? LinkNode(project, link)
-                      : range.Node(range.Has(did_redirect::kLink) ? "The E1 link is none of this exchange's"
-                                                                  : "No E1 link is set");
+  PathNode node = link > 0 ? LinkNode(project, link)
+                           : range.Node(range.Has(did_redirect::kLink) ? "The E1 link does not exist"
+                                                                       : "No E1 link is set");
   node.children.push_back(RangeNode(project, range));
   return node;
 }

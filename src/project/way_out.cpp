@@ -1,4 +1,4 @@
-// The way of a dialled number out of the exchange.
+// The path of an outgoing call.
 
 #include <algorithm>
 #include <vector>
@@ -13,13 +13,13 @@
 namespace tarvok::project {
 namespace {
 
-/** Ports beside each other on one card, as one step. */
+/** Adjacent ports of a card, shown as one step. */
 struct TrunkRun {
   int first;  // port rows
   int last;
 };
 
-/** The port follows the other one on its card. */
+/** True if the port comes right after the other one on the same card. */
 bool Continues(const RowInWords& port, const RowInWords& before) {
   return port.number() == before.number() + 1 && port.Text(port_def::kCard) == before.Text(port_def::kCard) &&
          port.Text(port_def::kType) == before.Text(port_def::kType) &&
@@ -41,15 +41,14 @@ PathNode TrunkNode(const IniText& project, const TrunkRun& run) {
               ? ", channel " + first.Text(port_def::kChannel)
               : ", channels " + first.Text(port_def::kChannel) + " to " + last.Text(port_def::kChannel);
   text += " (" + first.Text(port_def::kType) + ")";
-  if (!IsTrunk(first)) text += " is no trunk";
+  if (!IsTrunk(first)) text += " is not a trunk";
   return first.Node(std::move(text));
 }
 
 PathNode GroupNode(const IniText& project, const RowInWords& route) {
   const int number = route.Target(route::kGroup, group_out::kTable);
   if (number == 0) {
-    return route.Node(route.Has(route::kGroup) ? "The group out is none of this exchange's"
-                                               : "No group out is set");
+    return route.Node(route.Has(route::kGroup) ? "The group out does not exist" : "No group out is set");
   }
   const RowInWords group(project, group_out::kTable, number);
   std::vector<TrunkRun> runs;
@@ -99,7 +98,7 @@ PathNode ListNode(const IniText& project, const RowInWords& map) {
       std::any_of(named.begin(), named.end(), [&](const Choice& choice) { return choice.shown == name; });
   if (is_named) return map.Node(name);
   const int number = map.Target(route_map_digit::kRouteList, route_list::kTable);
-  if (number == 0) return map.Node("The route list is none of this exchange's");
+  if (number == 0) return map.Node("The route list does not exist");
   PathNode node = RowInWords(project, route_list::kTable, number).Node(name);
   const RouteRange range = RoutesOfList(project, number);
   for (int route = range.first; route <= range.last; ++route) {

@@ -1,4 +1,4 @@
-// What check, comparison and search tell of a project.
+// The output of check, comparison and search.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,15 +29,15 @@ std::string Lines(const IniText& project) {
   return lines;
 }
 
-TEST(Check, TellsEachFault) {
-  // A key, its field from 1 or 0 for the whole value, and the value; field and fault, or "" where an editor or a load
-  // could have written it.
+TEST(Check, ReportsEachFault) {
+  // A key, its field from 1 or 0 for the whole value, and the value; field and fault, or "" if the value is
+  // valid.
   const std::tuple<std::string, std::string, int, std::string, std::string> cases[] = {
       // Ranges, lengths, characters, choices, padding.
       {"Port_Def", "060", 6, "120", "Pickup Group: 120 is not between 1 and 99"},
-      {"Port_Def", "060", 3, "15", "Type: 15 is none of its values"},
+      {"Port_Def", "060", 3, "15", "Type: 15 is not one of its values"},
       {"Port_Def", "060", 10, "1234567890123", "Disa: 1234567890123 has more than 12 characters"},
-      {"Port_Def", "060", 12, "12*", "Ext: 12* holds the character *"},
+      {"Port_Def", "060", 12, "12*", "Ext: 12* contains the character *"},
       {"Port_Def", "060", 7, "3", "Incoming D: 3 is not padded as 003"},
       {"Port_Def", "060", 9, "0", ""},
       {"Account", "001", 3, "132", ""},
@@ -55,36 +55,36 @@ TEST(Check, TellsEachFault) {
       {"IP", "MAC", 1, "FF", "MAC 1: FF is not between 0 and 254"},
       {"IP", "MAC", 1, "G1", "MAC 1: G1 is not a hexadecimal number"},
       {"Tenan", "103", 0, "111", "Columns 16 to 1: 111 is not 16 digits 0 or 1"},
-      {"Key", "01", 1, "XX5", "Key 1: XX5 has no code that is known"},
-      {"Key", "01", 2, "ML1", "Key 2: ML1 stands in this row twice"},
+      {"Key", "01", 1, "XX5", "Key 1: XX5 has an unknown code"},
+      {"Key", "01", 2, "ML1", "Key 2: ML1 is in this row twice"},
       {"Key", "01", 4, "TR1234567,1", "Key 4: 1234567 has more than 6 characters"},
-      {"DSS", "01", 1, "GO1", "DSS 1: GO1 has no code that is known"},
+      {"DSS", "01", 1, "GO1", "DSS 1: GO1 has an unknown code"},
       {"Incoming_List", "01", 2, "2000", ""},
       {"Route_Map_Digit", "005", 5, "255", ""},
-      // Rows: their fields, and what is no row.
+      // Rows: their fields, and keys that are not rows.
       {"Port_Def", "060", 0, "5|10|14", "row: has 3 fields, not 23"},
-      {"BOSS", "01", 0, "051||052", "row: has an empty field, so that those behind it move up"},
+      {"BOSS", "01", 0, "051||052", "row: has an empty field, so the fields after it move up"},
       {"BOSS", "01", 0, "051|052|", ""},
       {"Route_Map_Digit", "005", 0, "0016X|0|04", ""},
       {"COR", "01", 0, "00900|", "Ban Number 2: is empty"},
       {"COR_Group", "01", 0, "01|02|03|04|05|06|07|01|02", "row: has 9 fields, not 8"},
-      {"Port_Def", "501", 0, "1|1|1", "row: is no row of this section"},
-      // The way to the exchange, and a key that was meant to be of it.
-      {"Chk_Tarvok", "IPort", 0, "4999", "setting: is a key that nobody reads"},
+      {"Port_Def", "501", 0, "1|1|1", "row: is not a row of this section"},
+      // Connection settings, one of them misspelled.
+      {"Chk_Tarvok", "IPort", 0, "4999", "setting: is an unknown key"},
       {"Chk_Tarvok", "By", 0, "7", "setting: 7 is not between 0 and 4"},
       {"Chk_Tarvok", "IPPort", 0, "99999", "setting: 99999 is not between 1 and 65535"},
       {"Chk_Tarvok", "PID", 0, "15", ""},
       {"Chk_Tarvok", "BPS", 0, "9600,n,8,1", ""},
-      {"Port_Deff", "-", 0, "1|1|1", "section: is no section of a project"},
-      // What stands only once.
-      {"Port_Def", "060", 2, "4", "card and channel: 5/4 stands in row 054, too"},
-      {"Port_Def", "060", 16, "123", "number: 123 stands in row 043, too"},
-      {"Assign", "003", 1, "101", "number: 101 stands in row 002, too"},
-      {"Assign", "003", 3, "083", "port: 83 stands in row 002, too"},
-      {"Account", "002", 1, "710510", "account: 710510 stands in row 001, too"},
+      {"Port_Deff", "-", 0, "1|1|1", "section: is not a section of a project"},
+      // Values that must be unique.
+      {"Port_Def", "060", 2, "4", "card and channel: 5/4 is also in row 054"},
+      {"Port_Def", "060", 16, "123", "number: 123 is also in row 043"},
+      {"Assign", "003", 1, "101", "number: 101 is also in row 002"},
+      {"Assign", "003", 3, "083", "port: 83 is also in row 002"},
+      {"Account", "002", 1, "710510", "account: 710510 is also in row 001"},
       {"Account", "002", 2, "24x8", "Password: (hidden) is not valid"},
       {"Group_Out", "04", 0, "036", ""},
-      {"Group_Out", "04", 0, "001", "port: 1 stands in row 01, too"},
+      {"Group_Out", "04", 0, "001", "port: 1 is also in row 01"},
       // References that point nowhere.
       {"HuntGroup", "01", 0, "123|124|499", "Member 3: 499 points nowhere: Number 499 is empty"},
       {"Route", "001", 1, "09", "Group: 09 points nowhere: Group Out 09 is empty"},
@@ -97,16 +97,16 @@ TEST(Check, TellsEachFault) {
       {"COR_Group", "01", 0, "09", "COR Number 1: 09 points nowhere: COR 09 is empty"},
       {"PortConfig", "01", 1, "09", "Class of Servrice Day: 09 points nowhere: COR Group 09 is empty"},
       {"Key", "02", 10, "GO9", "Key 10: 9 points nowhere: Group Out 09 is empty"},
-      {"E1Map", "01", 2, "031", "End: 031 points at Port 031, which has another Type"},
+      {"E1Map", "01", 2, "031", "End: 031 points at Port 031, which has a different Type"},
       {"DIDRedirect", "001", 1, "7", "E1: 7 points nowhere: E1 07 is empty"},
-      {"DIDRedirect", "002", 5, "123", "Map Number: 123 stands where nothing does with this Map Type"},
+      {"DIDRedirect", "002", 5, "123", "Map Number: 123 is set, but must be empty with this Map Type"},
       {"Port_Def", "060", 4, "19", ""},  // a profile of nothing but defaults has no row
       // Counts and ends.
       {"Assign", "Now", 0, "20", "row: is 20, but row 187 is in use"},
       {"HuntGroup", "Now", 0, "21", "row: is 21, but there are 22 members"},
       {"Group_Out", "Now", 0, "41", "row: is 41, but there are 40 members"},
-      {"Route_List", "08", 0, "9", "End: 9 lies in front of the end before it, 12"},
-      {"Route", "012", 0, "01|0|0|F|F|F|F|F|F", "row: lies behind the last List"},
+      {"Route_List", "08", 0, "9", "End: 9 is before the previous end, 12"},
+      {"Route", "012", 0, "01|0|0|F|F|F|F|F|F", "row: is after the last List"},
       {"Route", "005", 0, "", "row: is missing in a List"},
   };
   const IniText hotel(SourceFile("/examples/hotel.tvk"));
@@ -117,7 +117,7 @@ TEST(Check, TellsEachFault) {
   }
 }
 
-TEST(Check, SaysWhatIsMissingAndWhatIsTooLong) {
+TEST(Check, ReportsMissingFieldsAndLongValues) {
   EXPECT_THAT(Lines(IniText("[Chk_Tarvok]\nChk=TARVOK\n[E1Map]\n08=F|F|1\n[E1Number]\n01=08|1|2\n02=09|1|2\n"
                             "[BOSS]\n01=001|002\n[Port_Def]\n001=1|F|1\n")),
               testing::AllOf(HasSubstr("E1Number 01 E1: 08 points nowhere: E1 08 has no Start\n"),
@@ -128,7 +128,7 @@ TEST(Check, SaysWhatIsMissingAndWhatIsTooLong) {
   const std::string longest = "[Chk_Tarvok]\nChk=TARVOK\n[COR]\n01=" + std::string(1999, '1');
   EXPECT_EQ(Lines(IniText(longest + " \r\n")), "");
   EXPECT_EQ(Lines(IniText(longest + "2\r\n")),
-            "COR 01 row: is longer than 1999 characters, the rest is not read");
+            "COR 01 row: is longer than 1999 characters; the rest is not read");
   EXPECT_EQ(Lines(IniText(full)), "COR 11 Ban Number 1: " + std::string(186, '1') +
                                       " has no place in the pool that all classes share");
 }
@@ -147,8 +147,9 @@ std::string Lines(const IniText& first, const IniText& second) {
   return lines;
 }
 
-TEST(Difference, TellsEachChangeInWords) {
-  // A key, its field from 1 or 0 for the whole value, and the value; "" where it means the same as the example's.
+TEST(Difference, DescribesEachChange) {
+  // A key, its field from 1 or 0 for the whole value, and the value; "" if it means the same as in the
+  // example.
   const std::tuple<std::string, std::string, int, std::string, std::string> cases[] = {
       {"Port_Def", "054", 6, "9", "Port 054 (card 5, channel 4) . Pickup Group: 2 -> 9"},
       {"Port_Def", "054", 1, "15", "Port 054 (card 5, channel 4) . Card: 5 -> 15"},
@@ -223,8 +224,9 @@ TEST(Difference, ShowsPasswordsOnlyOnRequest) {
   EXPECT_THAT(SearchProject(after, "2468", 9).found, testing::IsEmpty());
 }
 
-TEST(Difference, ARowThatMovedIsComparedWithItself) {
-  // Names by row, a letter each and F for none; the row of the one that a number has; the same behind a change.
+TEST(Difference, ComparesMovedRowsWithThemselves) {
+  // Names by row, a letter each or F for none; the name row that the number refers to; both again after a
+  // change.
   const std::tuple<std::string, int, std::string, int, std::string> cases[] = {
       {"ABCD", 3, "ACD", 2, "Name 003 (C) to 004: 2 rows moved up by 1\nName 002 (B): only "},
       {"AB", 2, "XAB", 2,
@@ -232,8 +234,8 @@ TEST(Difference, ARowThatMovedIsComparedWithItself) {
       {"ABC", 1, "BC", 1,
        "Number 001 (100) . Name: A -> B\nName 002 (B) to 003: 2 rows moved up by 1\nName 001 (A): only "},
       {"AB", 1, "FBFA", 4, "Name 001 (A): now 004"},
-      {"ABCDEG", 2, "GEDCBA", 5, "Name 001 (A) to 006: 6 rows in another order"},
-      // Two have the same name.
+      {"ABCDEG", 2, "GEDCBA", 5, "Name 001 (A) to 006: 6 rows in a different order"},
+      // Two rows have the same name.
       {"ABA", 1, "AAB", 1, "Name 002 (B): now 003\nName 003 (A): now 002"},
       {"XABA", 2, "ABA", 1, "Name 002 (A) to 004: 3 rows moved up by 1\nName 001 (X): only "},
       {"1A2B3C4D5E", 2, "ABCDE", 1,
@@ -275,14 +277,14 @@ TEST(Search, FindsNumbersNamesPortsAndTexts) {
   FoldTable fold = AsciiFold();
   fold[0xC9] = 0xE9;
   EXPECT_THAT(SearchProject(project, "CAF\xC9", 9, fold).found,
-              SizeIs(2));  // the name, and the number that has it
+              SizeIs(2));  // the name and the number that uses it
   EXPECT_THAT(SearchProject(project, "CAF\xC9", 9).found, SizeIs(0));
   const SearchResult cut = SearchProject(project, "0", 2);
   EXPECT_THAT(cut.found, SizeIs(2));
   EXPECT_TRUE(cut.more);
 }
 
-TEST(Search, EveryFieldOfEveryTableHasAFormAndItsRowIsFoundAgain) {
+TEST(Search, EveryFieldHasAFormAndAPlace) {
   for (const Table* table : Tables()) {
     const int number = table->single() ? 0 : table->rows.last;
     const std::string key = KeyOf(*table, number);
@@ -302,7 +304,7 @@ TEST(Search, EveryFieldOfEveryTableHasAFormAndItsRowIsFoundAgain) {
   }
 }
 
-TEST(Search, PlacesOfFindings) {
+TEST(Search, FindsThePlaceOfAFinding) {
   const std::tuple<const char*, const char*, const char*, int, int, const char*> cases[] = {
       {"Port_Def", "012", "row", 12, 0, "portdefine"},  {"port_def", "012", "Busy", 12, 13, "callforward"},
       {"Port_Def", "9999", "row", 0, 0, "portdefine"},  {"HuntGroup", "01", "Member 3", 1, 3, "groupofhunt"},

@@ -64,7 +64,7 @@ TEST(CallPath, SaysInWordsWhatIsNotThere) {
       "002=F|F|F|F|9\n003=44|1|1|1|05\n004=1|F|F|0|003\n");
   EXPECT_THAT(Lines(WayOut(project, 1)), ElementsAre("Nothing is set in this row @Route_Map_Digit 001"));
   EXPECT_EQ(WayOut(project, 2).children[0].text, "List 2 has no route");
-  EXPECT_EQ(WayOut(project, 4).children[0].text, "The route list is none of this exchange's");
+  EXPECT_EQ(WayOut(project, 4).children[0].text, "The route list does not exist");
   EXPECT_EQ(WayOut(project, 5).children[0].text, "No route list is set");
   EXPECT_THAT(Lines(WayOut(project, 3)),
               ElementsAre("Digits 2, timeout No Limit @Route_Map_Digit 003", ">List 1 @Route_List 01",
@@ -73,7 +73,7 @@ TEST(CallPath, SaysInWordsWhatIsNotThere) {
                           ">>>Group Out 9 has no trunk @Group_Out 09", ">>Route 3 @Route 004",
                           ">>>Group Out 1 @Group_Out 01", ">>>>Card 2, channel 1 (TRUNK 16) @Port_Def 003",
                           ">>>>Port 499 has no card and channel @Port_Def 499",
-                          ">>>>Card 1, channel 1 (SLIC 16) is no trunk @Port_Def 001",
+                          ">>>>Card 1, channel 1 (SLIC 16) is not a trunk @Port_Def 001",
                           ">>>>Port 501 has no card and channel @Port_Def 501"));
   // A hunt group that is a member of itself is named, not followed.
   EXPECT_THAT(
@@ -90,10 +90,10 @@ TEST(CallPath, SaysInWordsWhatIsNotThere) {
        ">>Number, but none is set @DIDRedirect 001"},
       {"No E1 link is set @DIDRedirect 002", ">No DID numbers @DIDRedirect 002",
        ">>No target is set @DIDRedirect 002"},
-      {"The E1 link is none of this exchange's @DIDRedirect 003", ">DID 1 @DIDRedirect 003",
+      {"The E1 link does not exist @DIDRedirect 003", ">DID 1 @DIDRedirect 003",
        ">>List 5 has no route @Route_List 05"},
       {"E1 1 has no ports @E1Map 01", ">No DID numbers @DIDRedirect 004",
-       ">>Number 3 stands for nothing @Assign 003"}};
+       ">>Number 3 is not assigned to anything @Assign 003"}};
   for (int row = 1; row <= 4; ++row)
     EXPECT_THAT(Lines(WayInOfDid(project, row)),
                 ElementsAreArray(kRanges[static_cast<std::size_t>(row) - 1]));
