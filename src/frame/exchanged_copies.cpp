@@ -10,7 +10,7 @@ namespace {
 constexpr int kSerial = 1;
 constexpr int kModem = 2;
 
-/** The way to an exchange without what may change on it, such as the speed. */
+/** Identifies a connection; leaves out what may change on it, such as the speed. */
 std::string WayTo(const ConnectionSettings& connection) {
   std::string way;
   if (connection.by == kSerial) {

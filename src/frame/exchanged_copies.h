@@ -12,20 +12,20 @@
 namespace tarvok::frame {
 
 /**
- * What each exchange holds as far as this user's program knows: a copy of the project that was last sent to it,
- * or loaded from it, whole. An exchange is told by the way to it.
+ * Keeps, for each exchange, a copy of the project that was last sent to it or loaded from it as a whole. An
+ * exchange is identified by its connection.
  */
 class ExchangedCopies {
  public:
-  /** Makes a folder and those above it, if they are missing; false if that can't be. */
+  /** Creates a folder and its parents if they are missing; returns false on failure. */
   using MakeFolder = std::function<bool(const std::string& folder)>;
 
   ExchangedCopies(FileSystem& files, std::string folder, MakeFolder make_folder)
       : files_(files), folder_(std::move(folder)), make_folder_(std::move(make_folder)) {}
 
-  /** Takes the place of the copy before. */
+  /** Replaces the previous copy. */
   Status Keep(const ConnectionSettings& connection, std::string_view project);
-  /** kNotFound where nothing was sent or loaded yet. */
+  /** kNotFound if nothing has been sent or loaded yet. */
   Result<std::string> Find(const ConnectionSettings& connection);
 
  private:

@@ -10,7 +10,7 @@
 
 namespace tarvok::frame {
 
-/** Held while a command runs: boxes and modal forms serve events, and with them the next click. */
+/** Held while a command runs. Boxes and modal forms process events, so another click may come in. */
 class MainFrame::Running {
  public:
   explicit Running(bool& flag) : flag_(flag), first_(!std::exchange(flag, true)) {}
@@ -108,7 +108,7 @@ void MainFrame::ExitProgram() {
   if (MayEnd()) parts_.view.EndProgram();
 }
 
-/** A form that does not close by name (it closes by itself) must not lose its program either. */
+/** A form that cannot be closed by name keeps the program open until it closes by itself. */
 bool MainFrame::CloseOpenForm() {
   return CloseActiveForm(std::string(parts_.state.active_form_name)) && form_ == nullptr;
 }
@@ -129,7 +129,7 @@ bool MainFrame::LeaveForm(std::string_view name) {
       if (!form_->SaveFile()) return false;
       if (parts_.state.previous_node != 0) parts_.view.Highlight(parts_.state.previous_node, false);
     }
-    // A modal form goes by itself once its Show returns; until then it is still in its own waits.
+    // A modal form is destroyed once its Show returns; until then it may still be waiting for something.
     if (!form_->Unload() || command.mode == ShowMode::kModal) return false;
     DropForm();
     return true;
@@ -158,7 +158,7 @@ void MainFrame::RunCommand(int node) {
   } else if (OpenForm(*command)) {
     if (command->keeps_highlight && form_ != nullptr) parts_.view.Highlight(node, true);
   } else {
-    // The click is given up: what was marked is still open.
+    // The click had no effect: the previous form is still open.
     const Command* open = CommandOfNode(state.previous_node);
     if (form_ != nullptr && open != nullptr && open->keeps_highlight)
       parts_.view.Highlight(state.previous_node, true);
@@ -189,7 +189,7 @@ bool MainFrame::OpenForm(const Command& command) {
     parts_.view.CriticalBox(problem);
     return false;
   }
-  // A modal form comes up over what is shown without one; an editor takes the place of the other at once.
+  // A modal form is shown over the empty frame, while an editor replaces the previous one without a redraw.
   const bool over = command.mode == ShowMode::kModal;
   if (!active.empty() && !(over ? CloseActiveForm(active) : LeaveForm(active))) return false;
   ShowForm(command);
@@ -209,7 +209,7 @@ void MainFrame::ShowForm(const Command& command) {
     return;
   }
   state.active_form_name = form_->name();
-  parts_.view.SetBusyPointer(false);  // it is shown while a form loads, not while a modal one works
+  parts_.view.SetBusyPointer(false);  // busy only while a form loads, not while a modal form runs
   if (command.mode == ShowMode::kModal) {
     modal_ = true;
     form_->Show();

@@ -19,13 +19,13 @@ inline constexpr std::string_view kAlreadyLoaded = "Program already load !!!";
 inline constexpr std::string_view kProjectExtension = ".tvk";
 inline constexpr std::string_view kProjectFiles = "PBX Config File (*.tvk)";
 
-/** The name as a person typed it, with the project's extension behind one that has none. */
+/** The path as the user typed it, plus the project's extension if it has none. */
 std::string WithProjectExtension(const std::string& path);
 
 /**
- * The main frame's rules: at most one project is open and at most one form is shown; opening a form closes the
- * one before and has it save its changes without a question. Which forms there are is the program's matter: a
- * command without a factory is shown, and does nothing.
+ * The rules of the main frame: at most one project is open and at most one form is shown. Opening a form
+ * closes the previous one, which saves its changes without asking. The program supplies the forms: a command
+ * without a factory is shown but does nothing.
  */
 class MainFrame {
  public:
@@ -43,29 +43,29 @@ class MainFrame {
   MainFrame(const MainFrame&) = delete;
   MainFrame& operator=(const MainFrame&) = delete;
 
-  /** Another instance is told of and changes nothing. */
+  /** Warns if another instance is running, and starts anyway. */
   void Start(bool another_instance);
   void New();
   void Open();
-  /** Entry k of the recent files, from 1. The one way to change projects while one is open. */
+  /** Opens entry k of the recent files, from 1. The only way to switch projects while one is open. */
   void OpenRecent(int k);
-  /** False, and everything as it was, if the file has no valid tag. */
+  /** Returns false and changes nothing if the file has no valid tag. */
   bool OpenProject(const std::string& path);
-  /** `mnu_close` and CloseProject. False if the open form does not let itself be closed. */
+  /** `mnu_close` and CloseProject. False if the open form cannot be closed. */
   bool Close();
   /** `mnu_exit`. */
   void ExitProgram();
   /**
-   * Called before the window closes for any reason; changes are saved. False if the program cannot end yet. A modal form
-   * that is idle closes first, and the program ends by itself right after.
+   * Must be called before the window closes for any reason; saves changes. False if the program cannot end
+   * yet. An idle modal form is closed first, and the program then ends by itself.
    */
   bool MayEnd();
   void ClickNode(int node);
-  /** Opens the command's form as a click on its node does, or finds it open, and has it show the place. False
-   * if the form does not come up. */
+  /** Opens the command's form like a click on its node, unless it is open already, and shows the place in it.
+   * False if the form could not be opened. */
   bool GoTo(std::string_view command_key, const Place& place);
-  /** Saves and unloads the open form if it has that name, blanks and case aside, and is one of the 32 that
-   * close by name; any other name does nothing. False if that form stays open. */
+  /** Saves and unloads the open form if it has that name (ignoring blanks around it and case) and is one of
+   * the 32 that close by name; any other name does nothing. False if that form stays open. */
   bool CloseActiveForm(std::string_view name);
 
   bool IsOffered(const Command& command) const { return parts_.forms.contains(command.key); }
@@ -75,11 +75,11 @@ class MainFrame {
   class Running;
 
   void RunCommand(int node);
-  /** False if a form that is open did not give way, or the project's file did not stay. */
+  /** False if the open form cannot be closed or the project file is gone. */
   bool OpenForm(const Command& command);
   void ShowForm(const Command& command);
   bool CloseOpenForm();
-  /** CloseActiveForm up to what is shown then. */
+  /** CloseActiveForm without updating the view. */
   bool LeaveForm(std::string_view name);
   void FormClosed();
   void DropForm();
@@ -87,9 +87,9 @@ class MainFrame {
 
   Parts parts_;
   std::unique_ptr<Form> form_;
-  bool running_ = false;  // a command is at work; a second click in its middle is dropped
+  bool running_ = false;  // a command is running; further clicks are ignored
   bool modal_ = false;    // the open form is modal and shown
-  bool ends_ = false;     // the program was asked to end, and does once the modal form is closed
+  bool ends_ = false;     // the program ends once the modal form is closed
 };
 
 }  // namespace tarvok::frame

@@ -18,11 +18,11 @@ using testing::IsEmpty;
 
 constexpr const char* kSystem = "/prog/system.tvs";
 const std::string kTag = "[Chk_Tarvok]\nChk=TARVOK\n";
-const std::string kNoCountry = "[003]\nx=1\n[2]\ny=1\n";  // neither is counted, or written, as one
+const std::string kNoCountry = "[003]\nx=1\n[2]\ny=1\n";  // neither section is a country
 constexpr const char* kNoSystemBox =
     "box Cannot find system file !!\r\nPlease reinstall program and try again.";
 
-/** The frame with a view that writes down what it is told, and forms that do as the test wants. */
+/** The frame with a view that records every call, and forms controlled by the test. */
 class Bench : public MainFrameView {
  public:
   Bench() {
@@ -70,7 +70,7 @@ class Bench : public MainFrameView {
   MemorySettings settings;
   RecentFiles recent{settings};
   SharedState state;
-  std::optional<FormContext> context;  // what the last form was lent
+  std::optional<FormContext> context;  // passed to the last form
   FrameLook look;
   std::vector<std::string> recents;
   std::set<int> highlighted;
@@ -120,7 +120,7 @@ FrameLook Project(const std::string& path, bool editor = false) {
   return {path + " ::  --= Tarvok Setup 2.36 =-- ", true, false, true, editor};
 }
 
-TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
+TEST(MainFrame, ShowsTheStateOfProjectAndForm) {
   Bench bench;
   bench.frame->ClickNode(kFirstCommandNode);  // without a project there are no nodes
   EXPECT_EQ(bench.look, NoProject());
@@ -134,7 +134,7 @@ TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
   EXPECT_EQ(bench.state.active_form_name, "frmExtension");
   EXPECT_THAT(bench.highlighted, ElementsAre(2));
-  bench.chosen = "/b.tvk";  // New and Open are disabled now, and do nothing all the same
+  bench.chosen = "/b.tvk";  // New and Open are disabled and must do nothing
   bench.frame->New();
   bench.frame->Open();
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
@@ -149,7 +149,7 @@ TEST(MainFrame, StatesFollowTheProjectAndTheForm) {
   EXPECT_EQ(bench.look, NoProject());
 }
 
-TEST(MainFrame, NoFormButAboutOpensOverAProjectThatIsGone) {
+TEST(MainFrame, OnlyAboutOpensWhenTheProjectFileIsMissing) {
   Bench bench;
   bench.frame->OpenProject("/b.tvk");
   bench.ClickKey("ext");
@@ -157,14 +157,14 @@ TEST(MainFrame, NoFormButAboutOpensOverAProjectThatIsGone) {
   bench.Did();
   const auto gone = "box The project /b.tvk is missing.\nPut it back in its place and try again.";
   for (const char* key : {"boss", "connect"}) bench.ClickKey(key);
-  EXPECT_THAT(bench.Did(), ElementsAre(gone, gone));  // and the form before stays
+  EXPECT_THAT(bench.Did(), ElementsAre(gone, gone));  // and the previous form stays
   EXPECT_EQ(bench.state.active_form_name, "frmExtension");
   EXPECT_THAT(bench.highlighted, ElementsAre(2));
   bench.ClickKey("about");
   EXPECT_THAT(bench.Did(), ElementsAre("gone", "load frmAbout"));
 }
 
-TEST(MainFrame, NewAsksBeforeItReplaces) {
+TEST(MainFrame, NewAsksBeforeReplacingAFile) {
   const std::string ask = "ask File already exist, Do you want to replace?";
   const std::tuple<const char*, bool, bool, std::vector<std::string>, FrameLook> cases[] = {
       {"", true, true, {}, NoProject()},
@@ -189,7 +189,7 @@ TEST(MainFrame, NewAsksBeforeItReplaces) {
   }
 }
 
-TEST(MainFrame, RecentFilesChangeProjects) {
+TEST(MainFrame, RecentFilesSwitchProjects) {
   Bench bench;
   bench.files.Put("/dead.tvk", kTag);
   for (const char* path : {"/dead.tvk", "/b.tvk", "/a.tvk"}) bench.frame->OpenProject(path);
@@ -198,11 +198,11 @@ TEST(MainFrame, RecentFilesChangeProjects) {
   bench.state.data_changed = true;
   bench.Did();
 
-  bench.frame->OpenRecent(1);  // the open one: its form stays
+  bench.frame->OpenRecent(1);  // the open project: its form stays
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
   EXPECT_THAT(bench.Did(), IsEmpty());
 
-  bench.saves = false;  // the form's own question was answered No: all stays
+  bench.saves = false;  // the form's own question was answered No: nothing changes
   bench.frame->OpenRecent(2);
   EXPECT_EQ(bench.look, Project("/a.tvk", true));
   EXPECT_THAT(bench.recents, ElementsAre("/a.tvk", "/b.tvk", "/dead.tvk"));
@@ -213,7 +213,7 @@ TEST(MainFrame, RecentFilesChangeProjects) {
   EXPECT_THAT(bench.recents, ElementsAre("/b.tvk", "/a.tvk", "/dead.tvk"));
   EXPECT_THAT(bench.Did(), ElementsAre("save", "save", "gone"));
 
-  bench.frame->OpenRecent(3);  // a dead entry closes the project first, and stays in the list
+  bench.frame->OpenRecent(3);  // a missing file: the project is closed first, and the entry stays
   EXPECT_EQ(bench.look, NoProject());
   EXPECT_THAT(bench.Did(), ElementsAre("box File not found or File not correct."));
   EXPECT_THAT(bench.recents, ElementsAre("/b.tvk", "/a.tvk", "/dead.tvk"));
@@ -221,14 +221,14 @@ TEST(MainFrame, RecentFilesChangeProjects) {
   EXPECT_EQ(bench.look, NoProject());
 }
 
-TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
+TEST(MainFrame, AClickClosesThePreviousFormAndHighlightsItsNode) {
   Bench bench;
   bench.frame->OpenProject("/a.tvk");
   const std::tuple<const char*, std::vector<std::string>, std::set<int>> clicks[] = {
       {"ext", {"load frmExtension"}, {2}},
       {"ext", {}, {2}},
       {"portconfig", {"gone", "load frmPortConfigDefine"}, {4}},
-      {"portconfig", {"gone", "load frmPortConfigDefine"}, {4}},  // opened anew on purpose
+      {"portconfig", {"gone", "load frmPortConfigDefine"}, {4}},  // reopened on purpose
       {"minibar", {"gone", "load frmMiniBar"}, {}},
       {"connect", {"gone", "load frmConnect", "gone"}, {}},
       {"minibarconnect", {"load frmMiniBarCon", "gone"}, {}},
@@ -257,14 +257,14 @@ TEST(MainFrame, AClickClosesTheFormBeforeAndMarksItsOwn) {
   bench.ClickKey("ext");
   bench.state.data_changed = true;
   bench.Did();
-  bench.context->closed();  // whether it saved was its own matter
+  bench.context->closed();  // saving was up to the form
   EXPECT_THAT(bench.Did(), ElementsAre("gone"));
   EXPECT_EQ(bench.look, Project("/a.tvk"));
   EXPECT_FALSE(bench.state.data_changed);
   EXPECT_TRUE(bench.highlighted.empty());
 }
 
-TEST(MainFrame, LeavingAFormSavesWithoutAQuestionAndARefusalKeepsEverything) {
+TEST(MainFrame, LeavingAFormSavesWithoutAsking) {
   const std::vector<std::function<void(Bench&)>> ways = {
       [](Bench& bench) { bench.ClickKey("tenan"); },
       [](Bench& bench) { EXPECT_EQ(bench.frame->Close(), bench.saves); },
@@ -296,7 +296,7 @@ TEST(MainFrame, LeavingAFormSavesWithoutAQuestionAndARefusalKeepsEverything) {
   }
 }
 
-TEST(MainFrame, EveryFormButTheLoadOfTheMiniBarClosesByItsName) {
+TEST(MainFrame, AllButOneFormCloseByName) {
   Bench bench;
   bench.frame->OpenProject("/a.tvk");
   for (const Command& command : kCommands) {
@@ -307,15 +307,15 @@ TEST(MainFrame, EveryFormButTheLoadOfTheMiniBarClosesByItsName) {
   }
 }
 
-TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
+TEST(MainFrame, ClicksDuringAModalFormAreIgnored) {
   for (const char* key : {"connect", "minibarconnect"}) {
     Bench bench;
     bench.frame->OpenProject("/a.tvk");
     bench.ClickKey("boss");
     bench.Did();
     bench.while_modal = [&] {
-      bench.unloads = false;  // it is at work
-      EXPECT_EQ(bench.look, Project("/a.tvk")) << "the editor behind it is gone";
+      bench.unloads = false;  // it is working
+      EXPECT_EQ(bench.look, Project("/a.tvk")) << "the editor under it is gone";
       bench.ClickKey("ext");
       bench.frame->OpenRecent(1);
       EXPECT_FALSE(bench.frame->Close());
@@ -328,13 +328,13 @@ TEST(MainFrame, NothingHappensInTheMiddleOfAModalForm) {
     EXPECT_EQ(bench.did.size(), 3U) << key;  // the editor gone, then loaded and gone, once each
     EXPECT_EQ(bench.look, Project("/a.tvk"));
     bench.Did();
-    bench.while_modal = [&] { EXPECT_FALSE(bench.frame->MayEnd()) << "its own loop still runs"; };
+    bench.while_modal = [&] { EXPECT_FALSE(bench.frame->MayEnd()) << "its own loop is still running"; };
     bench.ClickKey(key);
     EXPECT_THAT(bench.Did(), ElementsAre("load " + std::string(CommandOf(key).recorded), "gone", "end"));
     bench.while_modal = {};
     bench.ClickKey("ext");
     EXPECT_EQ(bench.state.active_form_name, "frmExtension");
-    bench.unloads = false;  // a form with a wait of its own under way
+    bench.unloads = false;  // a form that is still waiting for something
     EXPECT_FALSE(bench.frame->MayEnd());
     EXPECT_EQ(bench.look, Project("/a.tvk", true));
     bench.unloads = true;
