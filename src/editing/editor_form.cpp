@@ -24,7 +24,7 @@ EditorForm::EditorForm(EditorContext context, FormName name)
 void EditorForm::Open() {
   const bool loading = std::exchange(context_.state.form_loading, true);
   const std::shared_ptr<const IniText> project = context_.store.Snapshot(project_file());
-  loaded_ = project;  // a form that writes while it loads puts a newer one in its place
+  loaded_ = project;  // replaced by a newer one if the form writes while it loads
   Load(*project);
   context_.state.form_loading = loading;
 }
@@ -55,7 +55,7 @@ bool EditorForm::Save() {
   if (!OthersLeftItAlone() || !FitsTheReader(*context_.store.Snapshot(project_file()))) return false;
   if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
   const Status written = context_.store.Update(project_file(), [this](IniEdit& project) {
-    if (IsProject(project.base())) Write(project);  // it may have gone behind the questions
+    if (IsProject(project.base())) Write(project);  // the file may have gone while a question was open
   });
   if (!written.ok()) {
     context_.questions.Box(written.message(), true);
@@ -79,7 +79,7 @@ bool EditorForm::OthersLeftItAlone() {
          context_.questions.AskToOverwrite(kChangedByOthers, *loaded_);
 }
 
-/** A value that its reader would cut is not written: a box names it. */
+/** Refuses, with a box, to write a value that would be cut when it is read. */
 bool EditorForm::FitsTheReader(const IniText& now) {
   IniEdit trial(now);
   Write(trial);

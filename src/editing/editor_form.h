@@ -20,7 +20,7 @@ inline constexpr std::string_view kDataWasChanged =
 inline constexpr std::string_view kDoYouWantToDelete = "Do you want to delete?";
 inline constexpr std::string_view kOverLimit = "Over limit data you cannot add. ";
 
-/** What an editor is called: by the code, by the frame while it is open, and by people. */
+/** The names of an editor: its form, the frame's `ActiveFormName`, and its title. */
 struct FormName {
   std::string_view form;
   std::string_view recorded;
@@ -33,15 +33,15 @@ struct EditorContext {
   SharedState& state;
   Questions& questions;
   std::string system_file;
-  /** Keeps the project as it is, before a save changes it; the reason is for people. */
+  /** Keeps a copy of the project before a save changes it; the reason is shown to the user. */
   std::function<void(std::string_view reason)> keep;
-  /** Ends the program: what some editors do that find no project open. */
+  /** Ends the program; some editors do this if no project is open. */
   std::function<void()> end_program;
 };
 
 /**
- * An editor of the command tree: its rules over a project, without a window. It loads from the project,
- * changes its controls, and writes back in one write.
+ * An editor of the command tree without its window. It loads its controls from the project and saves them in
+ * one write.
  */
 class EditorForm : public FormControls {
  public:
@@ -50,37 +50,38 @@ class EditorForm : public FormControls {
   const FormName& name() const { return name_; }
   std::string_view title() const override { return name_.title; }
 
-  /** Fills the form from the project; once, behind the constructor. */
+  /** Fills the form from the project. Must be called once, after construction. */
   void Open();
-  /** Shows a row, as its keys count, and a field of it, from 1 (0: the row), of a section that the form edits;
-   * false if the form shows no such place. */
+  /** Shows a place of a section that the form edits: a row, numbered like its key, and a field, from 1 (0:
+   * the whole row). False if the form has no such place. */
   virtual bool ShowPlace(std::string_view /*section*/, int /*row*/, int /*field*/) { return false; }
-  /** Writes the form. False where the user or a failure keeps it from it: the form stays. */
+  /** Saves the form. False if the user refuses or saving fails; the form then stays open. */
   bool SaveFile();
-  /** `cmdOK` or `cmdCancel` have ended the form; `on_closed` was told and may have destroyed it. */
+  /** True once `cmdOK` or `cmdCancel` has closed the form. `on_closed` is then called and may destroy it. */
   bool closed() const { return closed_; }
   std::function<void()> on_closed;
-  /** The last save was given up, by the user, a check or a failure. */
+  /** True if the user, a check or a failure stopped the last save. */
   bool save_refused() const { return save_refused_; }
 
  protected:
-  /** Fills the controls. Nothing that it does marks a change. */
+  /** Fills the controls. Does not count as a change. */
   virtual void Load(const IniText& project) = 0;
-  /** The editor's own checks; may ask. False gives the save up. */
+  /** The editor's own checks; may ask the user. False cancels the save. */
   virtual bool MaySave() { return true; }
-  /** Puts the form in the order in which it is written. */
+  /** Puts the rows in the order in which they are saved. */
   virtual void BeforeWrite() {}
-  /** Writes into the project as it is now. It may run more than once for one save. */
+  /** Writes the form into the current project. May be called more than once for one save. */
   virtual void Write(IniEdit& project) = 0;
-  /** Behind a good save. */
+  /** Called after a successful save. */
   virtual void Saved() {}
-  /** Whether a save without an open project ends the program. */
+  /** True if a save without an open project ends the program. */
   virtual bool EndsWithoutProject() const { return false; }
 
   void MarkChanged() override;
-  /** The form itself has just written to the project: that is no change by others. */
+  /** Call after the form itself has written to the project, so that this does not count as a change by
+   * others. */
   void NoteOwnWrite() { loaded_ = context_.store.Snapshot(project_file()); }
-  /** The two buttons at a form's end. */
+  /** The Save and Cancel buttons. */
   FormLayout OkAndCancel();
   const std::string& project_file() const { return context_.state.project_file; }
   EditorContext& context() { return context_; }

@@ -20,7 +20,7 @@ bool IsQuote(char key) {
   return key == '\'' || key == '"';
 }
 
-/** The reader of a project drops blanks in front and a pair of quotes around a value. */
+/** Reading a project drops leading blanks and a pair of quotes around a value. */
 bool FitsText(std::string_view text, char key) {
   if (text.empty()) return key != ' ';
   return !(IsQuote(key) && text.front() == key);
@@ -34,7 +34,8 @@ char Small(char key) {
   return key >= 'A' && key <= 'Z' ? static_cast<char>(key - 'A' + 'a') : key;
 }
 
-/** The text with one more key of a whole text behind it: no shorter, and in any case that the rule takes. */
+/** The text with one more character of a whole text, in whichever case the rule accepts; nullopt if
+ * neither. */
 std::optional<std::string> Longer(const EntryRule& rule, const std::string& text, char key) {
   for (const char each : {key, rule.upper ? Capital(key) : key, rule.upper ? Small(key) : key}) {
     for (const bool first : {false, true}) {
@@ -46,7 +47,7 @@ std::optional<std::string> Longer(const EntryRule& rule, const std::string& text
   return std::nullopt;
 }
 
-/** What a rule takes, each character once, as it goes in. */
+/** The characters that a rule accepts, each once, as they are stored. */
 std::string Taken(const EntryRule& rule) {
   std::string taken;
   for (const char key : rule.characters) {
@@ -56,23 +57,23 @@ std::string Taken(const EntryRule& rule) {
   return taken;
 }
 
-/** Why a key of a whole text can't stand behind `text`. */
+/** Why a character of a whole text is not accepted after `text`. */
 std::string WhyNot(const EntryRule& rule, std::string_view text, char key) {
-  if (!IsKept(rule, key)) return key == '|' ? "cannot hold \"|\"" : "cannot hold a control character";
+  if (!IsKept(rule, key)) return key == '|' ? "cannot contain \"|\"" : "cannot contain a control character";
   const auto takes = [&](std::string_view characters) {
     return Takes(characters, key) ||
            (rule.upper && (Takes(characters, Capital(key)) || Takes(characters, Small(key))));
   };
   if (!takes(rule.characters)) {
     if (!rule.first_characters.empty() && takes(rule.first_characters))
-      return std::string("can hold \"") + (rule.upper ? Capital(key) : key) + "\" at its beginning only";
-    return rule.characters == kDigits ? "may hold digits only" : "may hold only " + Taken(rule);
+      return std::string("can contain \"") + (rule.upper ? Capital(key) : key) + "\" only at the start";
+    return rule.characters == kDigits ? "may contain only digits" : "may contain only " + Taken(rule);
   }
   if (rule.most > 0 && text.size() >= static_cast<std::size_t>(rule.most))
     return "is too long: at most " + std::to_string(rule.most) +
            (rule.characters == kDigits ? " digits" : " characters");
-  if (rule.fits == FitsText) return text.empty() ? "cannot begin with a blank" : "cannot stand in quotes";
-  return rule.wants.empty() ? "is not taken by this column" : std::string(rule.wants);
+  if (rule.fits == FitsText) return text.empty() ? "cannot start with a blank" : "cannot be in quotes";
+  return rule.wants.empty() ? "is not accepted by this column" : std::string(rule.wants);
 }
 
 }  // namespace

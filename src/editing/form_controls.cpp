@@ -8,7 +8,7 @@
 namespace tarvok::editing {
 
 Control* FormControls::Find(const ControlId& id) {
-  // The numbers first: a form with a thousand controls of one name is searched often.
+  // Numbers are compared first: a form with a thousand controls of one name is searched often.
   const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) {
     return control.id.column == id.column && control.id.index == id.index && control.id.name == id.name;
   });
@@ -35,7 +35,7 @@ void FormControls::Press(Key key) {
     std::string text = box.text;
     if (key.code == KeyCode::kCharacter) {
       const auto typed = TypeCharacter(box.rule, box.text, box.selected, key.character, false);
-      if (typed) box.selected = false;  // also where the same text was typed over it
+      if (typed) box.selected = false;  // even if the same text was typed over it
       text = typed.value_or(box.text);
     } else if (key.code == KeyCode::kBackspace && !text.empty()) {
       box.selected ? text.clear() : text.pop_back();

@@ -15,9 +15,8 @@
 namespace tarvok::editing {
 
 /**
- * A form as a set of controls by name with their values, lists and states, one of which, or the table, has
- * the focus. What a person does comes in here, from a window, a key script or a test; what the form makes of
- * it is in the handlers of its controls.
+ * A form as a set of named controls, one of which, or the table, has the focus. A window, a key script or a
+ * test calls it for each user action; the handlers of the controls do the rest.
  */
 class FormControls {
  public:
@@ -28,37 +27,38 @@ class FormControls {
 
   virtual std::string_view title() const = 0;
 
-  /** nullptr for a control that the form does not have. */
+  /** nullptr if the form has no such control. */
   Control* Find(const ControlId& id);
   std::deque<Control>& controls() { return controls_; }
   const FormLayout& layout() const { return layout_; }
-  /** The form's table, nullptr for a form without. */
+  /** The form's table; nullptr if it has none. */
   virtual TableEditor* table() { return nullptr; }
-  /** The dialog that stands in front of the form and takes all that a person does; nullptr for none. */
+  /** The open dialog, which takes all user actions instead of the form; nullptr if none. */
   FormControls* dialog() { return dialog_.get(); }
 
-  // What a person does. Disabled and hidden controls take nothing.
+  // User actions. Disabled and hidden controls ignore them.
   void Focus(Control& control);
-  /** The table has the focus; it has it from the start. */
+  /** Gives the focus to the table, which has it initially. */
   void FocusTable() { focus_ = nullptr; }
   Control* focus() { return focus_; }
   void Press(Key key);
-  /** A button, a menu entry, a check box (turned over) or an option. */
+  /** For a button, a menu entry, a check box (toggles it) or an option. */
   void Click(Control& control);
-  /** An entry of a list, a combo or tabs, from 0 (kNoIndex: none); the value of a scroll bar. */
+  /** Chooses an entry of a list, a combo or tabs, from 0 (kNoIndex: none), or sets the value of a scroll
+   * bar. */
   void ChooseEntry(Control& control, int entry);
-  /** Many entries of a list at once. */
+  /** Chooses several entries of a list at once. */
   void ChooseEntries(Control& control, std::vector<int> entries);
   void Turn(Control& control, bool on);
-  /** The text of a box as a whole, edited by other means than keys; it has to pass the box's rule. */
+  /** Sets the whole text of a box other than by keys; false if the box's rule does not accept it. */
   bool EditText(Control& control, std::string_view text);
-  /** A text that the rule of its box would not take, made shorter: it may go on being wrong. */
+  /** Shortens a text that breaks the rule of its box; the result may still break it. */
   void ShortenText(Control& control, std::string_view text);
 
-  /** Behind everything that a person did to the form, and by its user behind what was done to its dialog:
-   * a dialog that closed itself goes, and what is shown is drawn anew. */
+  /** Call after every user action: destroys a dialog that has closed and reports the change. The form calls
+   * it for its own actions; its user must call it after actions on the dialog. */
   void Settle();
-  /** Called behind everything that may have changed what the form shows. */
+  /** Called after everything that may have changed what the form shows. */
   std::function<void()> shown_changed;
 
  protected:
@@ -74,9 +74,9 @@ class FormControls {
   void SetLayout(FormLayout layout) { layout_ = std::move(layout); }
 
   void OpenDialog(std::unique_ptr<FormControls> dialog) { dialog_ = std::move(dialog); }
-  /** For a handler of the dialog: it goes once the handler has returned. */
+  /** For handlers of the dialog, which is destroyed after the handler returns. */
   void CloseDialog() { dialog_closed_ = true; }
-  /** A change of the project was made. */
+  /** Called when the user has changed something. */
   virtual void MarkChanged() {}
 
  private:
@@ -89,7 +89,7 @@ class FormControls {
   bool dialog_closed_ = false;
 };
 
-/** The texts from `first` to `last` in turn: "1", "2", ... or padded to `width` digits behind `prefix`. */
+/** The numbers from `first` to `last` as texts, padded to `width` digits, each after `prefix`. */
 std::vector<std::string> NumberedEntries(int first, int last, int width = 0, std::string_view prefix = {});
 
 }  // namespace tarvok::editing

@@ -15,9 +15,9 @@ namespace {
 
 constexpr std::string_view kGrid = "mgTest";
 
-/** The next word, or what stands between two quotes; `rest` is what follows the blank behind it. */
+/** The next word, or the text between two quotes; `rest` becomes what follows it and a blank. */
 std::string_view NextWord(std::string_view& rest) {
-  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));  // a text may end in blanks
+  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));  // a text may end with blanks
   std::size_t end = rest.find(' ');
   std::string_view word = rest.substr(0, end);
   if (!rest.empty() && rest.front() == '"') {
@@ -32,7 +32,7 @@ std::string_view NextWord(std::string_view& rest) {
   return word;
 }
 
-/** A text that is wrapped in quotes as a whole stands for what is between them. */
+/** Removes a pair of quotes around the whole text. */
 std::string_view Unquoted(std::string_view text) {
   const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
   return quoted ? text.substr(1, text.size() - 2) : text;
@@ -82,7 +82,7 @@ std::optional<ControlId> ParseControl(std::string_view word) {
                    second.empty() ? kNoIndex : RowOf(second)};
 }
 
-/** Nothing for a word that says neither on nor off. */
+/** nullopt for a word that means neither. */
 std::optional<bool> OnOrOff(std::string_view value) {
   static constexpr std::pair<std::string_view, bool> kWords[] = {
       {"1", true},  {"on", true},   {"true", true},   {"yes", true},
@@ -167,7 +167,7 @@ std::string FormScript::Select(std::string_view rest) {
     return row >= 1 && row <= table->rows() && column >= 1 && column <= table->columns();
   };
   if (!inside(top, left) || !inside(bottom, right)) return "unknown cell";
-  // The corner that comes first stays the current cell.
+  // The top left corner becomes the current cell.
   table->GoTo(std::max(top, bottom), std::max(left, right));
   table->SelectTo(std::min(top, bottom), std::min(left, right));
   Front().FocusTable();
@@ -209,7 +209,7 @@ std::string FormScript::Pick(std::string_view rest) {
     return table != nullptr && table->Pick(entry) ? "" : "no entry " + std::string(entry);
   }
   const auto& entries = control->entries;
-  // A blank at an entry's end is one that the line has lost.
+  // The line has lost blanks at the end of an entry.
   const auto found = std::find_if(entries.begin(), entries.end(), [&](const std::string& shown) {
     return shown == entry || (!entry.empty() && Trim(shown) == entry);
   });
@@ -260,7 +260,7 @@ std::string FormScript::Set(std::string_view rest) {
       Front().ChooseEntry(*control, RowOf(value));
       return {};
     case ControlKind::kText:
-      return Front().EditText(*control, value) ? "" : "the control does not take " + std::string(value);
+      return Front().EditText(*control, value) ? "" : "the control does not accept " + std::string(value);
     case ControlKind::kCombo:
       if (by_text == kNoIndex && !value.empty()) return "no entry " + std::string(value);
       Front().ChooseEntry(*control, by_text);

@@ -11,7 +11,7 @@
 
 namespace tarvok::editing {
 
-/** Boxes and questions as lines, `box: TEXT` and `ask: TEXT -> Yes`, with answers given before. */
+/** Prints boxes and questions as lines, `box: TEXT` and `ask: TEXT -> Yes`, with prepared answers. */
 class ScriptedQuestions : public Questions {
  public:
   using Print = std::function<void(std::string_view line)>;
@@ -19,7 +19,7 @@ class ScriptedQuestions : public Questions {
   explicit ScriptedQuestions(Print print) : print_(std::move(print)) {}
 
   void Box(std::string_view text, bool critical) override;
-  /** The next answer; where none was given, Yes, or No before what others wrote. */
+  /** The next prepared answer. The default is Yes, or No if it would overwrite changes by others. */
   bool Ask(std::string_view question) override { return NextAnswer(question, true); }
   bool AskToOverwrite(std::string_view question, const IniText& /*loaded*/) override {
     return NextAnswer(question, false);
@@ -35,21 +35,21 @@ class ScriptedQuestions : public Questions {
 };
 
 /**
- * Drives a form with the keys and clicks that a person makes, one command a line:
+ * Drives a form with keys and clicks, one command per line:
  *
  *   go ROW COLUMN          select ROW COLUMN ROW COLUMN     type TEXT        press KEY
  *   pick TEXT              focus CONTROL                    set CONTROL VALUE
  *   click CONTROL          paste TEXT, copy, cut            answer WORD ...
  *   list CONTROL, show, value CONTROL
  *
- * A column is given by its title in quotes or by its number, a control by its name with an index in brackets
- * where it has one. Blank lines and lines that begin with "#" say nothing.
+ * A column is given by its title, in quotes if it has blanks, or by its number; a control by its name, with
+ * its index in brackets if it has one. Blank lines and lines that start with "#" are ignored.
  */
 class FormScript {
  public:
   FormScript(EditorForm& form, ScriptedQuestions& questions) : form_(form), questions_(questions) {}
 
-  /** "" or what is wrong with the line. */
+  /** Runs a line. Returns "" or what is wrong with it. */
   std::string Run(std::string_view line);
 
  private:
@@ -69,11 +69,11 @@ class FormScript {
   std::string Show(std::string_view rest);
   std::string Value(std::string_view rest);
 
-  /** What takes the commands: the form, or the dialog in front of it. */
+  /** What the commands act on: the open dialog, or else the form. */
   FormControls& Front();
   Control* FindControl(std::string_view& rest, std::string& error);
   std::string ClickMenu(const char* name);
-  /** The name is that of the table, or of the field or list over its cells. */
+  /** True if the name is that of the table, or of the field or list over its cells. */
   bool IsOverTable(std::string_view name);
 
   EditorForm& form_;

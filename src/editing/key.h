@@ -4,7 +4,7 @@
 
 namespace tarvok::editing {
 
-/** A key as an editor's rules see it. */
+/** The keys that editors handle. */
 enum class KeyCode { kCharacter, kBackspace, kDelete, kReturn, kEscape, kTab, kUp, kDown, kLeft, kRight };
 
 struct Key {

@@ -10,8 +10,8 @@
 namespace tarvok::editing {
 
 /**
- * How a form is laid out, without saying with what: a tree that a view draws. Labels, units and notes of a
- * form stand here and nowhere else.
+ * The layout of a form as a tree that any view can draw. It alone holds the labels, units and notes of a
+ * form.
  */
 struct FormLayout {
   enum class Kind {
@@ -19,19 +19,19 @@ struct FormLayout {
     kColumn,   // parts below each other
     kGroup,    // a frame with a title around parts below each other
     kGrid,     // parts in `columns` columns
-    kField,    // a label, a control, and what stands behind it
-    kControl,  // a control by itself: its caption says what it is
+    kField,    // a label, a control and its unit
+    kControl,  // a control that has its own caption
     kTable,    // the form's table
-    kNote,     // a text to read
-    kStretch,  // room
-    kPicture,  // a drawing that the view knows by its name, over the same controls
+    kNote,     // a line of text
+    kStretch,  // stretching space
+    kPicture,  // a drawing of the same controls, known to the view by name
   };
 
   Kind kind = Kind::kColumn;
   std::string text;                 // title, label or note; name of a picture
-  std::string unit;                 // behind a field's control
+  std::string unit;                 // after a field's control
   Control* control = nullptr;       // owned by the form
-  Control* unit_control = nullptr;  // a label that says the unit, where it changes
+  Control* unit_control = nullptr;  // a label with the unit, if the unit changes
   int columns = 0;
   std::vector<FormLayout> parts;
 };

@@ -7,15 +7,15 @@
 
 namespace tarvok::editing {
 
-/** What a form says and asks in boxes with the program's title. The window, the command line and the tests
- * each have one. A line break in a text is "\n". */
+/** Message boxes and questions of a form, with the program's title. Implemented by the window, the command
+ * line and the tests. A line break in a text is "\n". */
 class Questions {
  public:
   virtual ~Questions() = default;
   virtual void Box(std::string_view text, bool critical) = 0;
-  /** Yes and No; anything but Yes is false. */
+  /** Asks Yes or No; anything but Yes is false. */
   virtual bool Ask(std::string_view question) = 0;
-  /** The same where Yes destroys what somebody else wrote since the form read `loaded`: without an answer it is
+  /** The same, but Yes overwrites what others have written since the form read `loaded`, so the default is
    * No. */
   virtual bool AskToOverwrite(std::string_view question, const IniText& loaded) = 0;
 };

@@ -10,14 +10,14 @@
 
 namespace tarvok::editing {
 
-/** The frame in which a table editor shows the values that stand in it more than once. */
+/** Shows the values that occur more than once in a table editor. */
 class RepeatList {
  public:
-  /** Both are controls of the form. */
+  /** Both controls belong to the form. */
   RepeatList(Control& label, Control& list) : label_(label), list_(list) { list_.visible = false; }
 
-  /** Shows what stands more than once among the texts under `some`, or the text `none`; true if there are
-   * repeats. */
+  /** Lists the texts that occur more than once under the heading `some`, or shows `none`. True if there are
+   * any. */
   bool Show(std::vector<std::string> texts, std::string_view none, std::string_view some) {
     list_.entries = Repeats(std::move(texts));
     list_.current = kNoIndex;

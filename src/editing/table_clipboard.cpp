@@ -17,12 +17,12 @@ std::vector<std::string> Split(std::string_view text, char by) {
   }
 }
 
-/** What ends a cell of a copied text; a file may hold one inside of a value. */
+/** True for what ends a cell of copied text. An imported value may contain one. */
 bool IsBreak(char c) {
   return c == '\t' || c == '\n' || c == '\r';
 }
 
-/** Rows of cells: tabs between cells, a line break between rows, one behind the last row is none. */
+/** Splits text into rows at line breaks and into cells at tabs. A final line break adds no row. */
 std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
   std::string plain;
   for (const char c : text) {

@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 struct Line {
-  int number = 0;  // in the text, from 1; a cell may hold line breaks
+  int number = 0;  // of its first line in the text, from 1; a cell may contain line breaks
   std::vector<std::string> cells;
 };
 
@@ -23,7 +23,7 @@ std::string Quoted(const std::string& cell) {
   return quoted + '"';
 }
 
-/** Cuts a text into lines and cells. */
+/** Splits a text into lines and cells. */
 class CsvReader {
  public:
   explicit CsvReader(std::string_view text) : text_(text) {
@@ -41,7 +41,7 @@ class CsvReader {
       if (!ReadLine(line))
         return Status(ErrorKind::kBadData, "line " + std::to_string(line.number) + ": a quote is not closed");
       const bool blank = line.cells.size() == 1 && line.cells[0].empty();
-      // In a text of one column a blank line is a blank row.
+      // In a text with one column a blank line is a blank row.
       if (blank && (lines.empty() || lines.front().cells.size() > 1)) continue;
       lines.push_back(std::move(line));
       if (!blank) filled = lines.size();
@@ -88,7 +88,7 @@ class CsvReader {
   char separator_ = ',';
 };
 
-/** The table's column for each of the text's; an error for a title that none has. */
+/** The table's column for each column of the text; an error for an unknown title. */
 Result<std::vector<int>> ColumnsOf(const TableEditor& table, const Line& head) {
   std::vector<int> columns;
   for (const std::string& title : head.cells) {
@@ -107,7 +107,7 @@ Status Wrong(const Line& line, const std::string& title, const std::string& what
   return {ErrorKind::kBadData, "line " + std::to_string(line.number) + ", column \"" + title + "\": " + what};
 }
 
-/** Rows that hold something that an import could replace. */
+/** The number of rows with something that an import could replace. */
 int RowsFilled(const TableEditor& table) {
   int filled = 0;
   for (int row = 1; row <= table.rows(); ++row) {
@@ -138,7 +138,7 @@ Status TakeLine(TableEditor& table, int row, const Line& line, const std::vector
   return {};
 }
 
-/** All lines behind the first, and blanks behind them. */
+/** Imports all lines after the first, then blanks the remaining rows. */
 Status TakeLines(TableEditor& table, const std::vector<Line>& lines, const std::vector<int>& columns,
                  const CsvImport& import) {
   const std::vector<std::string>& titles = lines.front().cells;
@@ -146,7 +146,7 @@ Status TakeLines(TableEditor& table, const std::vector<Line>& lines, const std::
   while (room && table.rows() + 1 < static_cast<int>(lines.size())) room = table.Append();
   for (std::size_t i = 1; i < lines.size(); ++i) {
     const Line& line = lines[i];
-    if (line.cells.size() > columns.size()) return Wrong(line, titles.back(), "more cells stand behind it");
+    if (line.cells.size() > columns.size()) return Wrong(line, titles.back(), "more cells follow");
     if (static_cast<int>(i) > table.rows())
       return Wrong(line, titles.front(), "there is no room for this row");
     Status taken = TakeLine(table, static_cast<int>(i), line, columns, import);

@@ -8,12 +8,12 @@ namespace {
 
 constexpr std::string_view kNotInList = "is not in the list";
 constexpr std::string_view kReadOnly = "can't be changed here";
-/** The other end; the place itself where it is neither. */
+/** The opposite end of a range; `at` itself if it is at neither end. */
 int Across(int at, int first, int last) {
   return at == first ? last : at == last ? first : at;
 }
 
-constexpr std::string_view kReserved = "cannot stand alone: it means that nothing is set";
+constexpr std::string_view kReserved = "cannot be used alone: it means that nothing is set";
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void TableEditor::Load(TableRow row) {
 }
 
 void TableEditor::Renumber() {
-  undo_.Clear();  // an older step would bring older numbers back
+  undo_.Clear();  // undoing would restore the old numbers
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i].origin = static_cast<int>(i) + 1;
 }
 
@@ -90,7 +90,7 @@ void TableEditor::LeaveCell() {
   undo_.Part();
 }
 
-/** A text that is not taken as a whole was typed into the current cell: its keys count as dropped. */
+/** If the reserved text was typed into the current cell, treats its keys as dropped. */
 void TableEditor::DropReserved() {
   const UndoStep* step = undo_.Joined();
   if (step == nullptr || step->rows_before || row_ > rows()) return;
@@ -155,7 +155,7 @@ void TableEditor::End() {
   undo_.End();
 }
 
-/** Puts a text that a person gave into the current cell, which then holds nothing else. */
+/** Puts text from the user into the current cell and drops its unseen value. */
 void TableEditor::Write(std::string_view text) {
   if (open_) {
     open_->text = text;
@@ -178,7 +178,7 @@ void TableEditor::Change(int row, int column, std::string_view text) {
   if (stated.changed) stated.changed(row, before);
 }
 
-/** The current row as it was; the rules that answer a change have no say in that. */
+/** Restores the current row without calling the rules that respond to changes. */
 void TableEditor::PutBack(const TableRow& before) {
   for (int column = 1; column <= columns(); ++column) {
     const auto index = static_cast<std::size_t>(column) - 1;
@@ -186,7 +186,7 @@ void TableEditor::PutBack(const TableRow& before) {
   }
 }
 
-/** Changes a cell as part of the running step; false if it is no change. */
+/** Changes a cell as part of the current step; false if nothing changes. */
 bool TableEditor::Put(int row, int column, CellState state) {
   const CellState before{Cell(row, column), Unseen(row, column)};
   if (before == state) return false;
@@ -214,7 +214,7 @@ void TableEditor::Restore(const UndoStep& step, bool after) {
     }
   }
   MoveTo(std::clamp(step.row, 1, std::max(rows(), 1)), step.column);
-  // What is undone has to be seen.
+  // The user must see what was undone.
   if (!rows_.empty()) rows_[static_cast<std::size_t>(row_) - 1].in_sight = true;
 }
 
@@ -237,7 +237,7 @@ void TableEditor::TakeBack(std::size_t steps) {
 
 std::optional<std::string> TableEditor::Fitting(int row, int column, std::string_view text,
                                                 std::string& why) const {
-  if (text == Cell(row, column)) return std::string(text);  // a load may bring what nobody could type
+  if (text == Cell(row, column)) return std::string(text);  // a loaded value may break the rule
   const Column& stated = this->column(column);
   const Entry kind = EntryOf(row, column);
   if (kind == Entry::kReadOnly) {

@@ -17,7 +17,7 @@ namespace tarvok::editing {
 enum class Entry {
   kReadOnly,
   kText,      // typed
-  kList,      // picked from a closed list; every list has a blank entry, too
+  kList,      // picked from a closed list, which also has a blank entry
   kEditList,  // picked from a list or typed
 };
 
@@ -26,14 +26,14 @@ struct Column {
   std::string title;
   Entry entry = Entry::kText;
   EntryRule rule = {};
-  std::vector<std::string> list = {};                             // the same for every row
-  std::function<std::vector<std::string>(int row)> list_of = {};  // or made for the row
-  std::function<Entry(int row)> entry_of = {};  // where rows differ in how the cell is edited
-  std::string overlay = {};                     // name of the control that lies over the cell
-  std::function<void(int row, const std::string& before)> changed = {};  // its cell got another text
+  std::vector<std::string> list = {};                                    // the same for every row
+  std::function<std::vector<std::string>(int row)> list_of = {};         // or computed for the row
+  std::function<Entry(int row)> entry_of = {};                           // if it depends on the row
+  std::string overlay = {};                                              // name of the control over the cell
+  std::function<void(int row, const std::string& before)> changed = {};  // called after a change of a cell
 };
 
-/** What a text that came in by clipboard, search or file was refused for. */
+/** A rejected cell of a paste, a replacement or an import, and the reason. */
 struct Refusal {
   int row = 0;
   int column = 0;
@@ -51,45 +51,45 @@ struct Selection {
   bool operator==(const Selection&) const = default;
 };
 
-/** The keys of a sort, in turn. Whole numbers compare as numbers and stand before texts; blanks stand last
- * both ways. Equal rows keep their order. */
+/** A key of a sort. Whole numbers compare as numbers and come before texts; blanks come last in both
+ * directions. Equal rows keep their order. */
 struct SortKey {
   int column;                 // 0: the current one
-  std::string blank_as = {};  // what a blank counts as, instead of standing last
+  std::string blank_as = {};  // what a blank counts as, instead of coming last
 };
 
 /** Which row commands a table has. */
 enum class RowCommands {
-  kNone,   // every row has its place
-  kFixed,  // rows move, their count stays (above `most` it falls): what is pushed over the end has to be blank
-  kGrow,   // rows may come and go, up to `most`
+  kNone,   // rows cannot move
+  kFixed,  // rows shift, the count stays (above `most` it falls); only blank rows are pushed out
+  kGrow,   // rows can be added, up to `most`, and deleted
 };
 
 /**
  * The rules of a table editor: grid, selection, typing, lists, clipboard text, rows, sort, undo. Rows count
- * from 1. Nothing here knows a project, a window or a form.
+ * from 1. Independent of projects, windows and forms.
  */
 class TableEditor {
  public:
   struct Options {
     std::vector<Column> columns;
     RowCommands rows = RowCommands::kNone;
-    int most = 0;  // rows at most, for kGrow; for kFixed up to which deleted ones are filled up
-    std::vector<SortKey> sort_by;  // empty: the table has no sort
+    int most = 0;  // highest number of rows, for kGrow; for kFixed: deleted rows are refilled up to it
+    std::vector<SortKey> sort_by;  // empty: the table cannot be sorted
   };
 
   explicit TableEditor(Options options) : options_(std::move(options)) {}
 
-  /** Behind every change that a person made. */
+  /** Called after every change by the user. */
   std::function<void()> changed;
 
-  // Filling: no change, nothing to undo.
+  // Filling: does not count as a change and cannot be undone.
   void Clear();
-  /** A row with its number in the project, 0 for one that is not there. Missing cells are blank. */
+  /** Appends a row; `origin` is its number in the project, 0 if it is not there. Missing cells are blank. */
   void Load(TableRow row);
-  /** Rows at most from now on; those that are there stay. */
+  /** Changes the highest number of rows; existing rows stay. */
   void SetMost(int rows) { options_.most = rows; }
-  /** Row n of the table is row n of the project from now on. */
+  /** Makes row n of the table row n of the project. Clears the undo list. */
   void Renumber();
 
   int rows() const { return static_cast<int>(rows_.size()); }
@@ -97,70 +97,71 @@ class TableEditor {
   const Column& column(int column) const { return options_.columns[static_cast<std::size_t>(column) - 1]; }
   const Options& options() const { return options_; }
   const TableRow& row(int row) const { return rows_[static_cast<std::size_t>(row) - 1]; }
-  /** "" outside of the table. */
+  /** "" outside the table. */
   const std::string& Cell(int row, int column) const;
-  /** What a blank cell holds and can't show, "" for nothing. */
+  /** The value that a blank cell holds but cannot show; "" if none. */
   const std::string& Unseen(int row, int column) const;
-  /** The cell neither shows nor holds anything. */
+  /** True if the cell neither shows nor holds anything. */
   bool IsBlank(int row, int column) const { return Cell(row, column).empty() && Unseen(row, column).empty(); }
   bool IsBlank(int row) const { return this->row(row).IsBlank(); }
   std::vector<std::string> ListOf(int row, int column) const;
   Entry EntryOf(int row, int column) const;
 
   // Moving and selecting. Leaving a cell ends its editing.
-  /** False outside of the table. */
+  /** False outside the table. */
   bool GoTo(int row, int column);
-  /** Draws the selection on to this cell, which becomes the current one; the corner across stays. */
+  /** Extends the selection to this cell, which becomes the current one; the anchor corner stays. */
   void SelectTo(int row, int column);
-  /** Selects these cells however they were chosen; the current one need not be a corner of them. SelectTo goes on
-   * from the corner that it drew from before, or else from the one across from the current cell. */
+  /** Selects these cells; the current cell need not be a corner. SelectTo then extends the selection from its
+   * previous anchor, or else from the corner opposite the current cell. */
   void Select(const Selection& cells, int row, int column);
   int current_row() const { return row_; }
   int current_column() const { return column_; }
   const Selection& selection() const { return selected_; }
-  /** The cell from which SelectTo draws. */
+  /** The cell from which SelectTo extends the selection. */
   int anchor_row() const { return anchor_row_; }
   int anchor_column() const { return anchor_column_; }
   void LeaveCell();
-  /** To the first or the last row in sight, in the same column. */
+  /** Go to the first or last row in sight, in the same column. */
   void GoToTop() { GoTo(NextInSight(1, 1), column_); }
   void GoToBottom() { GoTo(NextInSight(rows(), -1), column_); }
 
-  // Rows in sight: all of them, unless a view filters. Keys and whatever acts on the selection pass the others
-  // over, and do nothing where none is in sight.
-  /** Leaves in sight the rows that match, and with `keep_current` the current one if it was. The current cell
-   * goes to the first of them where its own row is left out. Returns how many they are. */
+  // Rows in sight: all rows, unless a view filters them. Keys and commands on the selection skip all other
+  // rows, and do nothing if no row is in sight.
+  /** Filters the table to the matching rows and, with `keep_current`, the current row if it was in sight. If
+   * the current row is hidden, moves to the first row in sight. Returns the number of rows in sight. */
   int ShowRows(const std::function<bool(int row)>& matches, bool keep_current);
-  /** False outside of the table. */
+  /** False outside the table. */
   bool InSight(int row) const { return row >= 1 && row <= rows() && this->row(row).in_sight; }
 
   // Editing the current cell.
   void Press(Key key);
-  /** The field or list over the current cell is open. */
+  /** True if the field or list over the current cell is open. */
   bool open() const { return open_.has_value(); }
   /** What the open field shows. */
   std::string OpenText() const;
-  /** Opens the field or list over the current cell with its text; a read-only cell has none. */
+  /** Opens the field or list over the current cell with its text. Does nothing on a read-only cell. */
   void Open();
-  /** Chooses an entry of the current cell's list, "" for the blank one; false if it has no such entry. */
+  /** Picks an entry of the current cell's list, "" for the blank one; false if there is no such entry. */
   bool Pick(std::string_view entry);
-  /** Another text for the current cell, by other means than keys; false if its rule refuses it. */
+  /** Sets the text of the current cell other than by keys; false if its rule rejects it. */
   bool EditText(std::string_view text);
-  /** A change that a rule of the editor makes, as part of the step of the change that it answers. */
+  /** A change by a rule of the editor; belongs to the same undo step as the change that triggered it. */
   void SetCell(int row, int column, std::string_view text);
-  /** Empties a cell, also of what it can't show. */
+  /** Empties a cell, including a value that it cannot show. */
   void EraseCell(int row, int column);
   void SetHidden(int row, std::vector<std::string> hidden);
-  /** All changes up to End are one step. */
+  /** All changes until End are one undo step. */
   void Begin();
   void End();
 
   // The selection as a whole.
   std::string Copy() const;
   void ClearCell();
-  /** Puts a block of cells from the selection's corner on; a single cell fills the whole selection. */
+  /** Pastes a block of cells at the top left corner of the selection; a single cell fills the whole
+   * selection. */
   std::vector<Refusal> Paste(std::string_view text);
-  /** The first row of the selection goes into all of its rows below. */
+  /** Copies the first row of the selection into all others. */
   std::vector<Refusal> FillDown();
 
   // Rows.
@@ -170,16 +171,17 @@ class TableEditor {
   /** Deletes the selected rows that are in sight. */
   void DeleteRow();
   void Sort(bool ascending);
-  /** Puts rows into another order or number; one step. */
+  /** Replaces all rows, in one undo step. */
   void ReplaceRows(std::vector<TableRow> rows);
-  /** A blank row at the end; false if there is no room. Part of the running step. */
+  /** Adds a blank row at the end; false if there is no room. Part of the current undo step. */
   bool Append();
 
   // Search.
-  /** The next cell in sight behind the current one, around the end, whose text holds `text`; false if there is
+  /** Goes to the next cell in sight that contains `text`, wrapping around at the end; false if there is
    * none. */
   bool FindNext(std::string_view text);
-  /** Replaces it in every cell in sight that takes the result, as one step. Returns the number of cells changed. */
+  /** Replaces `text` in every cell in sight that accepts the result, in one undo step. Returns the number of
+   * changed cells. */
   int ReplaceAll(std::string_view text, std::string_view by, std::vector<Refusal>& refused);
 
   // Undo.
@@ -189,18 +191,18 @@ class TableEditor {
   void Redo();
   /** The number of steps that can be undone. */
   std::size_t Steps() const { return undo_.Count(); }
-  /** Undoes all steps behind the first `steps` as if they had never been. */
+  /** Undoes all steps after the first `steps` and forgets them. */
   void TakeBack(std::size_t steps);
 
-  /** What a text that comes as a whole becomes in a cell; nothing, with the reason, if the cell refuses it. */
+  /** The form in which a cell accepts a whole text; nullopt, with the reason in `why`, if it does not. */
   std::optional<std::string> Fitting(int row, int column, std::string_view text, std::string& why) const;
 
  private:
   /** The field or list over the current cell. */
   struct OpenField {
     std::string text;
-    TableRow before;          // the row when it was opened: a rule may answer in any of its cells
-    bool touched = false;     // until then the cell keeps its text
+    TableRow before;          // the row when it was opened; rules may change any of its cells
+    bool touched = false;     // false: the cell keeps its text
     std::string sought = {};  // keys typed into a closed list
   };
 
@@ -213,11 +215,11 @@ class TableEditor {
   void Move(int rows, int columns);
   void NextRow();
   void DropReserved();
-  /** The first row in sight from that one on, in steps of 1 or -1; 0 for none. */
+  /** The first row in sight starting at `from`, in steps of 1 or -1; 0 if none. */
   int NextInSight(int from, int step) const;
   std::vector<int> RowsInSight(int first, int last) const;
   bool HasCurrent() const { return InSight(row_); }
-  /** Makes this the current cell and the only one that is selected. */
+  /** Makes this the current cell and selects only it. */
   void MoveTo(int row, int column) {
     row_ = anchor_row_ = row;
     column_ = anchor_column_ = column;

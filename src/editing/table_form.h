@@ -9,28 +9,28 @@
 
 namespace tarvok::editing {
 
-/** An editor that is a table: the frame that all of them share, with its buttons and its menu. */
+/** An editor with a table, and the buttons and menu that all of them share. */
 class TableForm : public EditorForm {
  public:
   TableForm(EditorContext context, FormName name, TableEditor::Options table);
 
   TableEditor* table() override { return &table_; }
-  /** The text that `mnu_copy` and `mnu_cut` put out and `mnu_paste` takes in. */
+  /** The text that `mnu_copy` and `mnu_cut` write and `mnu_paste` reads. */
   std::string clipboard;
-  /** What the last paste, fill or replace refused, and why; for a line below the table. */
+  /** The cells that the last paste, fill or replacement rejected; for a line below the table. */
   const std::vector<Refusal>& refused() const { return refused_; }
-  /** Takes the place of the last note. */
+  /** Replaces `refused`. */
   void Note(std::vector<Refusal> refused) { refused_ = std::move(refused); }
-  /** `txtMask` or the list over the current cell, by the control's name; the first column that has it. */
+  /** The entries of a control over the cells, by its name, in the first column that uses it. */
   std::vector<std::string> OverlayEntries(std::string_view overlay) const;
-  /** A table of rows that the project counts from 1 was saved: row n is row n. */
+  /** By default row n of the table is now row n of the project. */
   void Saved() override { table_.Renumber(); }
 
  protected:
   TableEditor& grid() { return table_; }
   const TableEditor& grid() const { return table_; }
-  /** The table with what stands above it, what stands in front of it, and the buttons below it: the frame's,
-   * the form's own, and Save and Cancel. */
+  /** Lays out the table with the parts above it and next to it, and the buttons below it: the common ones,
+   * `buttons`, Save and Cancel. */
   void LayOut(std::vector<FormLayout> above = {}, std::vector<FormLayout> buttons = {},
               std::vector<FormLayout> beside = {});
   void Sort(bool ascending);
@@ -49,7 +49,7 @@ class TableForm : public EditorForm {
   bool next_ascending_ = true;
 };
 
-/** Every text that stands more than once among the non-empty ones, each once, sorted. */
+/** The non-empty texts that occur more than once, sorted. */
 std::vector<std::string> Repeats(std::vector<std::string> texts);
 
 }  // namespace tarvok::editing

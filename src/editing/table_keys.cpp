@@ -1,4 +1,4 @@
-// What keys do in a table.
+// Keys in a table.
 
 #include <algorithm>
 #include <utility>
@@ -75,8 +75,8 @@ void TableEditor::PressList(Key key) {
   }
 }
 
-/** A key in a closed list goes to the first entry that begins with what was typed since it opened, or else with
- * this key alone. */
+/** Goes to the first entry that starts with what was typed since the list opened, or else with this key
+ * alone. */
 void TableEditor::SeekEntry(char key) {
   const std::vector<std::string> list = ListOf(row_, column_);
   for (const std::string& sought : {open_->sought + key, std::string(1, key)}) {
@@ -90,8 +90,8 @@ void TableEditor::SeekEntry(char key) {
   }
 }
 
-/** The field opens with the key typed, or empty where the key is not taken: the cell then keeps its text
- * until something is typed. */
+/** Opens the field with the key, or empty if the key is not accepted; the cell then keeps its text until
+ * something is typed. */
 void TableEditor::OpenWith(char key) {
   const std::optional<std::string> typed = TypeCharacter(column(column_).rule, {}, false, key, true);
   open_ = OpenField{.before = row(row_)};
@@ -125,7 +125,7 @@ void TableEditor::PressOpen(Key key) {
   }
   const std::string& text = open_->text;
   const EntryRule& rule = column(column_).rule;
-  // An entry of the list that nobody could type is one thing: a part of it would mean nothing.
+  // A list entry that cannot be typed is edited as a whole: a part of it would be invalid.
   const bool whole = kind == Entry::kEditList && !TypeWhole(rule, text);
   if (key.code == KeyCode::kBackspace) {
     if (!text.empty()) Write(std::string(text, 0, whole ? 0 : text.size() - 1));

@@ -9,13 +9,13 @@
 
 namespace tarvok::editing {
 
-/** Pages of rows that one table shows in turn, as a list beside the table chooses them. Pages count from 0. */
+/** Pages of rows that share one table; a list next to the table chooses the page. Pages count from 0. */
 class TablePages {
  public:
-  /** The table shows at least `rows` rows, filled up with blank ones; a longer page is shown whole. */
+  /** Pages shorter than `rows` rows are shown with blank rows added; longer ones are shown in full. */
   TablePages(TableEditor& table, int rows) : table_(table), rows_(static_cast<std::size_t>(rows)) {}
 
-  /** Pages anew, none of them shown. */
+  /** Replaces all pages; none is shown. */
   void Fill(std::vector<std::vector<TableRow>> pages) {
     pages_ = std::move(pages);
     shown_ = -1;
@@ -24,7 +24,7 @@ class TablePages {
   int shown() const { return shown_; }
   std::vector<TableRow>& page(int page) { return pages_[static_cast<std::size_t>(page)]; }
 
-  /** Takes the table's rows into the page that it shows, blank ones left out. */
+  /** Stores the table's rows in the shown page, without blank ones. */
   void Keep() {
     if (shown_ < 0) return;
     std::vector<TableRow> kept;
@@ -33,7 +33,7 @@ class TablePages {
     }
     page(shown_) = std::move(kept);
   }
-  /** Shows a page; what the table showed is gone unless it was kept. */
+  /** Shows a page. What the table showed before is lost unless it was kept. */
   void Show(int page) {
     shown_ = page;
     table_.Clear();

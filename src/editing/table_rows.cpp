@@ -1,4 +1,4 @@
-// Rows added, inserted, deleted, sorted and left out of sight.
+// Adding, inserting, deleting, sorting and filtering rows.
 
 #include <algorithm>
 #include <utility>
@@ -8,7 +8,7 @@
 namespace tarvok::editing {
 namespace {
 
-/** A cell as a sort sees it. A number may have any number of digits: without zeros in front the longer one is the
+/** A cell for sorting. Numbers may have any number of digits: without leading zeros, the longer one is
  * greater. */
 struct SortText {
   std::string_view text;

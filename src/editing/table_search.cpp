@@ -8,7 +8,7 @@
 namespace tarvok::editing {
 namespace {
 
-/** Where a text stands in another, case aside; npos for nowhere. */
+/** The position of a text in another one, ignoring case; npos if it is not found. */
 std::size_t PlaceOf(std::string_view text, std::string_view in, std::size_t from = 0) {
   return FoldName(in).find(FoldName(text), from);
 }

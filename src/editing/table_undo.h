@@ -9,20 +9,19 @@
 
 namespace tarvok::editing {
 
-/** A row of a table: its cells, and what the editor keeps beside them, which moves with the row. */
+/** A row of a table: its cells, and hidden values of the editor that move with the row. */
 struct TableRow {
-  int origin = 0;  // its number in the project when it was loaded, 0 for a new one
+  int origin = 0;  // its number in the project when loaded; 0 for a new row
   std::vector<std::string> cells;
   std::vector<std::string> hidden = {};
-  std::vector<std::string> unseen =
-      {};                // by column from 0: what its cell holds and can't show, "" for nothing
-  bool in_sight = true;  // a filter does not leave it out
+  std::vector<std::string> unseen = {};  // by column from 0: a value that the cell cannot show; "" if none
+  bool in_sight = true;                  // not filtered out
 
   const std::string& Unseen(std::size_t column) const {
     static const std::string kNothing;
     return column < unseen.size() ? unseen[column] : kNothing;
   }
-  /** No cell shows or holds anything. */
+  /** True if no cell shows or holds anything. */
   bool IsBlank() const {
     const auto is_empty = [](const std::string& text) { return text.empty(); };
     return std::all_of(cells.begin(), cells.end(), is_empty) &&
@@ -30,7 +29,7 @@ struct TableRow {
   }
 };
 
-/** What a cell holds. A value that the table can't show stays until somebody gives the cell another one. */
+/** The contents of a cell. A value that the table cannot show stays until the cell is changed. */
 struct CellState {
   std::string text;
   std::string unseen = {};
@@ -45,7 +44,7 @@ inline void SetState(TableRow& row, int column, const CellState& state) {
   if (index < row.unseen.size()) row.unseen[index] = state.unseen;
 }
 
-/** One step of what can be undone. */
+/** A step that can be undone. */
 struct UndoStep {
   struct Cell {
     int row;
@@ -54,17 +53,17 @@ struct UndoStep {
     CellState after;
   };
   std::vector<Cell> cells;
-  std::optional<std::vector<TableRow>> rows_before;  // of a step that moved rows: all of them
+  std::optional<std::vector<TableRow>> rows_before;  // all rows, if the step moved rows
   std::vector<TableRow> rows_after;
-  int row = 1;  // where the person was
+  int row = 1;  // the current cell
   int column = 1;
 };
 
-/** The steps in order. Keys typed into one cell without leaving it are one step; between Begin and End all
- * changes are. */
+/** The undo steps in order. Keys typed into one cell without leaving it are one step, and so are all changes
+ * between Begin and End. */
 class UndoList {
  public:
-  /** The step that a change now belongs to; what was undone is forgotten. */
+  /** The step that the next change belongs to. Steps that were undone are forgotten. */
   UndoStep& Now(int row, int column) {
     steps_.resize(done_);
     if (!joined_ || steps_.empty()) {
@@ -76,7 +75,7 @@ class UndoList {
     joined_ = true;
     return steps_.back();
   }
-  /** The next change begins a step of its own, unless it stands between Begin and End. */
+  /** The next change starts a new step, unless it is between Begin and End. */
   void Part() {
     if (depth_ == 0) joined_ = false;
   }
@@ -87,7 +86,7 @@ class UndoList {
     --depth_;
     Part();
   }
-  /** The step that changes still join; nullptr for none. */
+  /** The step that further changes join; nullptr if none. */
   UndoStep* Joined() { return joined_ && done_ > 0 ? &steps_[done_ - 1] : nullptr; }
   void Clear() { *this = UndoList(); }
   std::size_t Count() const { return done_; }
@@ -97,7 +96,7 @@ class UndoList {
     joined_ = false;
     return steps_[--done_];
   }
-  /** What was undone can't be done again. */
+  /** Forgets the steps that were undone. */
   void Forget() { steps_.resize(done_); }
   const UndoStep& Redo() {
     joined_ = false;

@@ -14,7 +14,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/** Number, a list, a list that depends on it, a note that is read only, free text. */
+/** Columns: a number, a list, a read-only note, free text, and a list with typing. */
 TableEditor MakeTable(RowCommands rows = RowCommands::kGrow, int count = 4) {
   TableEditor table(
       {.columns = {{.title = "Number", .rule = DigitsRule(4)},
@@ -42,7 +42,7 @@ std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
   return cells;
 }
 
-TEST(TableEditor, KeysDoWhatTheColumnTakes) {
+TEST(TableEditor, TypesWhatTheColumnAccepts) {
   const std::tuple<int, const char*, const char*> cases[] = {
       {1, "12a345", "1234"}, {4, " 'It|s", "'Its"}, {4, "\"ab\"c", "\"abc"}, {3, "9", "x"},
       {2, "P", "Port"},      {5, "0123", "12"},     {5, "1x2", "12"}};
@@ -55,14 +55,14 @@ TEST(TableEditor, KeysDoWhatTheColumnTakes) {
   }
 }
 
-TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
+TEST(TableEditor, AListAcceptsOnlyItsEntries) {
   TableEditor table = MakeTable();
   table.GoTo(2, 2);
   EXPECT_TRUE(table.Pick("Hunt"));
   EXPECT_FALSE(table.Pick("Nothing"));
   EXPECT_EQ(table.Cell(2, 2), "Hunt");
   table.Press(Key::Of('x'));  // opens the list
-  EXPECT_EQ(table.Cell(2, 2), "Hunt") << "no entry begins with it";
+  EXPECT_EQ(table.Cell(2, 2), "Hunt") << "no entry starts with it";
   table.Press({KeyCode::kUp});
   EXPECT_EQ(table.Cell(2, 2), "Port");
   table.Press({KeyCode::kDelete});
@@ -70,7 +70,7 @@ TEST(TableEditor, AListTakesItsEntriesAloneAndMovesWithTheArrows) {
   EXPECT_FALSE(table.EditText("Hun"));
 }
 
-TEST(TableEditor, KeysInAListGoToTheFirstEntryThatBeginsWithThem) {
+TEST(TableEditor, KeysInAListFindTheFirstMatchingEntry) {
   TableEditor table(
       {.columns = {{.title = "List", .entry = Entry::kList, .list = {"1", "2", "12", "Extension", "12/3"}}}});
   const std::pair<const char*, const char*> cases[] = {{"e", "Extension"}, {"1", "1"},          {"12", "12"},
@@ -87,7 +87,7 @@ TEST(TableEditor, KeysInAListGoToTheFirstEntryThatBeginsWithThem) {
   }
 }
 
-TEST(TableEditor, ARefusalNamesWhatATextBreaks) {
+TEST(TableEditor, ARejectionGivesTheReason) {
   TableEditor table(
       {.columns = {{.title = "Digits", .rule = DigitsRule(4)},
                    {.title = "Name", .rule = TextRule(8)},
@@ -100,18 +100,18 @@ TEST(TableEditor, ARefusalNamesWhatATextBreaks) {
                     .list = {"Never"}}}});
   table.Load({.cells = {}});
   const std::tuple<int, const char*, const char*> cases[] = {
-      {1, "12x", "may hold digits only"},
+      {1, "12x", "may contain only digits"},
       {1, "12345", "is too long: at most 4 digits"},
-      {2, " Bar", "cannot begin with a blank"},
-      {2, "'Bar'", "cannot stand in quotes"},
+      {2, " Bar", "cannot start with a blank"},
+      {2, "'Bar'", "cannot be in quotes"},
       {2, "Sparkling", "is too long: at most 8 characters"},
-      {2, "a\x01", "cannot hold a control character"},
-      {2, "F", "cannot stand alone: it means that nothing is set"},
-      {3, "300", "has to be from 1 to 254"},
-      {4, "1z", "may hold only 12X"},
-      {4, "1p", "can hold \"P\" at its beginning only"},
+      {2, "a\x01", "cannot contain a control character"},
+      {2, "F", "cannot be used alone: it means that nothing is set"},
+      {3, "300", "must be from 1 to 254"},
+      {4, "1z", "may contain only 12X"},
+      {4, "1p", "can contain \"P\" only at the start"},
       {4, "p121", "is too long: at most 3 characters"},
-      {5, "2500", "is not in the list, and has to be a time from 0000 to 2359"}};
+      {5, "2500", "is not in the list, and must be a time from 0000 to 2359"}};
   for (const auto& [column, text, reason] : cases) {
     std::string why;
     EXPECT_EQ(table.Fitting(1, column, text, why), std::nullopt) << text;
@@ -122,14 +122,14 @@ TEST(TableEditor, ARefusalNamesWhatATextBreaks) {
   EXPECT_EQ(table.Fitting(1, 2, "Fo", why), "Fo");
 }
 
-/** "F" alone means that a name is not set: its key counts as dropped, unless more was typed behind it. */
-TEST(TableEditor, AReservedTextIsNotLeftInACell) {
+/** "F" alone means that a name is not set, so it is dropped unless more is typed after it. */
+TEST(TableEditor, AReservedTextIsDropped) {
   const std::pair<const char*, const char*> cases[] = {{"F", ""}, {"Fo", "Fo"}, {"f", "f"}};
   for (const auto& [keys, cell] : cases) {
     TableEditor table = MakeTable();
     table.GoTo(1, 4);
     Type(table, keys);
-    EXPECT_EQ(table.Cell(1, 4), keys) << "on the way";
+    EXPECT_EQ(table.Cell(1, 4), keys) << "while typing";
     table.Press({KeyCode::kReturn});
     EXPECT_EQ(table.Cell(1, 4), cell) << keys;
   }
@@ -137,22 +137,22 @@ TEST(TableEditor, AReservedTextIsNotLeftInACell) {
   loaded.Load({.cells = {"", "", "", "F"}});
   loaded.GoTo(5, 4);
   loaded.GoTo(1, 4);
-  EXPECT_EQ(loaded.Cell(5, 4), "F") << "nobody typed it";
+  EXPECT_EQ(loaded.Cell(5, 4), "F") << "it was not typed";
 }
 
-TEST(TableEditor, ASelectionGoesOnFromTheCornerAcross) {
+TEST(TableEditor, ASelectionExtendsFromTheOppositeCorner) {
   TableEditor table = MakeTable();
   table.Select({2, 1, 4, 3}, 2, 3);
   EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx");
   table.SelectTo(3, 4);
   EXPECT_EQ(table.selection(), (Selection{3, 1, 4, 4}));
   table.GoTo(3, 2);
-  table.Select({1, 1, 4, 3}, 2, 2);  // a whole column by its head: the current cell is no corner
+  table.Select({1, 1, 4, 3}, 2, 2);  // a whole column by its header: the current cell is not a corner
   table.SelectTo(3, 2);
   EXPECT_EQ(table.selection(), (Selection{2, 2, 3, 2}));
 }
 
-TEST(TableEditor, APastedBlockPassesEveryRuleAndIsOneStep) {
+TEST(TableEditor, PastingABlockChecksEveryRuleInOneStep) {
   TableEditor table = MakeTable();
   int changes = 0;
   table.changed = [&] { ++changes; };
@@ -174,7 +174,7 @@ TEST(TableEditor, APastedBlockPassesEveryRuleAndIsOneStep) {
   EXPECT_THAT(table.Paste(""), IsEmpty());
 }
 
-TEST(TableEditor, ACellFillsASelectionAndTheFirstRowFillsDown) {
+TEST(TableEditor, FillsASelectionWithACellOrTheFirstRow) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
   table.SelectTo(3, 1);
@@ -192,7 +192,7 @@ TEST(TableEditor, ACellFillsASelectionAndTheFirstRowFillsDown) {
   EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx\r\n\t\tx");
 }
 
-TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
+TEST(TableEditor, RowsKeepTheirOriginsThroughMovesAndUndo) {
   TableEditor table = MakeTable();
   const auto origins = [&] {
     std::vector<int> all;
@@ -205,7 +205,7 @@ TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
   Type(table, "A");
   table.Sort(true);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("4", "30", "30", ""));
-  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));  // the name decides, a blank stands last
+  EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));  // the name decides, blanks come last
   table.Sort(false);
   EXPECT_THAT(origins(), ElementsAre(4, 1, 3, 2));
   table.GoTo(2, 1);
@@ -220,7 +220,7 @@ TEST(TableEditor, RowsKeepWhatTheyWereThroughEveryMoveAndItsUndo) {
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
 }
 
-TEST(TableEditor, NumbersOfAnyLengthSortAsNumbers) {
+TEST(TableEditor, SortsNumbersOfAnyLength) {
   TableEditor table({.columns = {{.title = "Digits"}}, .sort_by = {{1}}});
   for (const char* digits :
        {"", "1*", "12345678901234567890", "0", "00000000000000000007", "1234567890123456", "8"})
@@ -230,7 +230,7 @@ TEST(TableEditor, NumbersOfAnyLengthSortAsNumbers) {
                                               "12345678901234567890", "1*", ""));
 }
 
-TEST(TableEditor, RowsOutOfSightAreLeftAlone) {
+TEST(TableEditor, CommandsSkipRowsOutOfSight) {
   using Numbers = std::vector<std::string>;
   const Numbers all = {"1", "2", "3", "4", "5"};
   std::vector<Refusal> refused;
@@ -263,7 +263,7 @@ TEST(TableEditor, RowsOutOfSightAreLeftAlone) {
     EXPECT_EQ(table.ShowRows([](int) { return false; }, false), 0);
     table.GoToBottom();
     act(table);
-    EXPECT_EQ(ColumnOf(table, 1), all) << "nothing is in sight";
+    EXPECT_EQ(ColumnOf(table, 1), all) << "no row is in sight";
   }
 }
 
@@ -272,20 +272,20 @@ TEST(TableEditor, TheCurrentCellStaysInSight) {
   table.Paste("1\n2\n3\n4\n5\n6");
   table.GoTo(2, 1);
   const auto above_3 = [&](int row) { return table.Cell(row, 1) > "3"; };
-  EXPECT_EQ(table.ShowRows(above_3, true), 4) << "what is being edited stays";
+  EXPECT_EQ(table.ShowRows(above_3, true), 4) << "the row being edited stays";
   EXPECT_EQ(table.ShowRows(above_3, false), 3);
   EXPECT_EQ(table.current_row(), 4);
   table.GoToBottom();
   table.DeleteRow();
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("1", "2", "3", "4", "5", ""));
-  EXPECT_EQ(table.current_row(), 5) << "not the blank row behind";
+  EXPECT_EQ(table.current_row(), 5) << "not the blank row after it";
 }
 
-TEST(TableEditor, RowsGrowToTheirLimitAndFixedOnesStay) {
+TEST(TableEditor, RowsGrowToTheLimitUnlessFixed) {
   TableEditor grows = MakeTable();
   for (int i = 0; i < 5; ++i) grows.AddRow();
   EXPECT_EQ(grows.rows(), 6);
-  grows.InsertRow();  // takes the place of the blank last one
+  grows.InsertRow();  // replaces the blank last row
   EXPECT_EQ(grows.rows(), 6);
   TableEditor fixed = MakeTable(RowCommands::kFixed);
   fixed.AddRow();
@@ -301,7 +301,7 @@ TEST(TableEditor, RowsGrowToTheirLimitAndFixedOnesStay) {
   EXPECT_FALSE(none.CanUndo());
 }
 
-TEST(TableEditor, ReplacingPassesTheRules) {
+TEST(TableEditor, ReplacingChecksTheRules) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
   table.Paste("110\n11\n5");
@@ -313,13 +313,13 @@ TEST(TableEditor, ReplacingPassesTheRules) {
   EXPECT_FALSE(table.FindNext("none"));
   EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
   EXPECT_THAT(refused, SizeIs(2));
-  EXPECT_EQ(refused[0].why, "may hold digits only");
+  EXPECT_EQ(refused[0].why, "may contain only digits");
   EXPECT_EQ(table.Cell(1, 4), "Bar x");
   EXPECT_EQ(table.ReplaceAll("1", "22", refused), 1);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("110", "2222", "5", ""));
 }
 
-TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
+TEST(TableEditor, CsvRoundTripsAndErrorsChangeNothing) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
   table.Paste("1\tPort\t\ta,\"b\n2");
@@ -347,11 +347,11 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   EXPECT_EQ(other.Cell(1, 2), "Port");
   const std::string before = ExportCsv(other);
   const auto no_x = [](const std::string& cell, std::string& why) {
-    why = "is none";
+    why = "is not valid";
     return cell == "X" ? std::nullopt : std::optional(cell);
   };
   EXPECT_THAT(ImportCsv(other, "Number,Name\n1,Y\n2,X\n", {.convert = no_x}).message(),
-              HasSubstr("line 3, column \"Name\": \"X\" is none"));
+              HasSubstr("line 3, column \"Name\": \"X\" is not valid"));
   std::vector<int> asked;
   const auto refuse = [&](int rows, int by, const std::vector<int>& columns) {
     asked = {rows, by, columns.front()};
@@ -369,10 +369,10 @@ TEST(TableEditor, CsvGoesRoundAndAnErrorChangesNothing) {
   EXPECT_THAT(ColumnOf(one, 1), ElementsAre("", "2", "", "", "")) << "a blank line is a blank row";
   TableEditor blank = MakeTable();
   EXPECT_TRUE(ImportCsv(blank, "Number\n1\n", {.may_replace = refuse}).ok());
-  EXPECT_EQ(blank.Cell(1, 1), "1") << "nobody is asked";
+  EXPECT_EQ(blank.Cell(1, 1), "1") << "no question is asked";
 }
 
-TEST(TableEditor, RepeatsStandEachOnce) {
+TEST(TableEditor, ListsEachRepeatOnce) {
   EXPECT_THAT(Repeats({"2", "", "1", "2", "3", "2", "1", ""}), ElementsAre("1", "2"));
 }
 

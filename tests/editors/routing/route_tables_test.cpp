@@ -39,7 +39,7 @@ TEST(FrmRouteMap, PatternsAreTakenInEitherCase) {
   EXPECT_EQ(digits(20), "P1");
   auto& form = dynamic_cast<TableForm&>(*bench.editor);
   ASSERT_EQ(form.refused().size(), 1U);
-  EXPECT_EQ(form.refused()[0].why, "can hold \"P\" at its beginning only");
+  EXPECT_EQ(form.refused()[0].why, "can contain \"P\" only at the start");
   table.GoTo(12, 1);
   table.SelectTo(13, 1);
   EXPECT_THAT(table.FillDown(), IsEmpty());
