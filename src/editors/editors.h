@@ -10,22 +10,22 @@
 
 namespace tarvok::editors {
 
-/** An editor of the command tree: by which key the tree opens it, what it is called, how it is made. */
+/** An editor of the command tree: its command key, its names and its factory. */
 struct Editor {
   std::string_view key;
   FormName name;
   std::unique_ptr<EditorForm> (*make)(const EditorContext& context, const FormName& name);
-  bool needs_system_file = false;  // it offers the countries that the system file lists
+  bool needs_system_file = false;  // it offers the countries of the system file
 };
 
 /** Every editor, in the order of the tree. */
 std::vector<const Editor*> Editors();
-/** By the form's name, case aside; nullptr for none. */
+/** Finds an editor by its form's name, ignoring case; nullptr if there is none. */
 const Editor* FindEditor(std::string_view form);
-/** Makes the editor, loaded. */
+/** Creates the editor and loads it. */
 std::unique_ptr<EditorForm> OpenEditor(const Editor& editor, const EditorContext& context);
 
-/** For an editor's row: makes a form of that class. */
+/** A factory for the table of editors. */
 template <typename Made>
 std::unique_ptr<EditorForm> Make(const EditorContext& context, const FormName& name) {
   return std::make_unique<Made>(context, name);

@@ -10,13 +10,14 @@
 namespace tarvok::editors {
 
 /**
- * What refers to a row of a table, `number` as its keys count, in the order of the project's sections: each
- * with its place to jump to, the row as people know it, the name of the field that refers, and as its value
- * what people see there.
+ * All references to row `number` (as in its key) of a table, in the order of the project's sections. Each has
+ * the place to jump to, the referring row's label, the name of the referring field, and its value as shown to
+ * the user.
  */
 std::vector<Found> UsedBy(const IniText& project, const Table& table, int number);
 
-/** The same for a row of an open form's grid, from 1; a row that the project does not have yet is not used. */
+/** The same for a row of an open form's grid, from 1. A row that is not in the project yet has no
+ * references. */
 std::vector<Found> UsedBy(const IniText& project, FieldTableEditor& form, int grid_row);
 
 }  // namespace tarvok::editors

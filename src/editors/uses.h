@@ -1,6 +1,6 @@
 #pragma once
 
-// The floors whose names may be used here without saying where they come from. No other floor is known here.
+// The floors whose names can be used here unqualified. Other floors must not be used.
 namespace tarvok::store {}
 namespace tarvok::editing {}
 namespace tarvok::sections {}

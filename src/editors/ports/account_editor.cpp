@@ -25,7 +25,7 @@ std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
   FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
   number.column.list_of = [form](int) { return form->offered_; };
   number.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
-  // A number that is deleted is none here from the next save on.
+  // A reference to a deleted number is cleared by the next save.
   number.names = [form](const auto& /*cells*/) {
     return NamedRows{&form->numbers_, kTable.fields[kNumber - 1].width, false};
   };

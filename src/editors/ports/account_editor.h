@@ -9,7 +9,7 @@
 
 namespace tarvok::editors {
 
-/** `frmAccount`: account codes with their passwords and what they allow. */
+/** "Account" (`frmAccount`): account codes with their passwords and permissions. */
 class AccountEditor : public FieldTableEditor {
  public:
   AccountEditor(const EditorContext& context, const FormName& name);
@@ -24,7 +24,7 @@ class AccountEditor : public FieldTableEditor {
 
   RepeatList repeats_;
   RowNames numbers_;
-  std::vector<std::string> offered_;  // the numbers that stand on a port, in the order of the ports
+  std::vector<std::string> offered_;  // the numbers of ports, in the order of the ports
 };
 
 }  // namespace tarvok::editors

@@ -5,8 +5,8 @@
 
 namespace tarvok::editors {
 
-/** `frmBoss`: pairs of a boss and a secretary. The project holds their ports; people know them by number. A
- * number that stands on no port is none. */
+/** "Boss and Secretary" (`frmBoss`): pairs of a boss and a secretary. The project stores their ports, the
+ * table shows their numbers. Only numbers of ports are accepted. */
 class BossEditor : public FieldTableEditor {
  public:
   BossEditor(const EditorContext& context, const FormName& name);

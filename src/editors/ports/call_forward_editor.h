@@ -5,7 +5,7 @@
 
 namespace tarvok::editors {
 
-/** "Call Forward" (`frmCallFW`): do not disturb, and where the calls go that a port does not take. */
+/** "Call Forward" (`frmCallFW`): do not disturb, and where calls go that a port does not answer. */
 class CallForwardEditor : public PortFieldsEditor {
  public:
   CallForwardEditor(const EditorContext& context, const FormName& name);

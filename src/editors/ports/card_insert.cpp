@@ -8,13 +8,13 @@
 namespace tarvok::editors {
 namespace {
 
-/** Codes in the order in which the grid and the insert list offer their types. */
+/** Codes in the order of the grid's list and of the insert list. */
 constexpr int kLabelOrder[] = {8, kMixedCard, 3, 14, 5, 6, 12, 1, 13, 7, 9, 10, 2, 11};
 constexpr int kInsertOrder[] = {kMixedCard, 3, 14, 8, 5, 6, 12, 1, 13, 7, 9, 10, 2, 11};
 
-/** Behind the rows of a card this many rows are looked through for what is left of it. */
+/** How many rows after a card are searched for remaining ports of the old card. */
 constexpr std::size_t kRowsOfOldCard = 57;
-/** Between the digital channels of the mixed card and the others there are four without a port. */
+/** Channels without a port between the digital and the other channels of the mixed card. */
 constexpr int kChannelGap = 4;
 
 const CardType* FindType(std::string_view insert_entry) {
@@ -28,10 +28,10 @@ void Empty(TableRow& row) {
   row.unseen.clear();
 }
 
-/** Fills in the n-th port of a card, from 1; every other cell becomes empty. */
+/** Fills a row with the n-th port of a card, from 1, and empties all other cells. */
 void PutPort(TableRow& row, std::string_view card, const CardType& type, int n) {
-  const bool behind_gap = type.code == kMixedCard && n > kLastDigitalChannel;
-  const int channel = behind_gap ? n + kChannelGap : n;
+  const bool after_gap = type.code == kMixedCard && n > kLastDigitalChannel;
+  const int channel = after_gap ? n + kChannelGap : n;
   Empty(row);
   row.cells[kCardCell] = card;
   row.cells[kChannelCell] = std::to_string(channel);
@@ -83,7 +83,7 @@ bool InsertCard(std::vector<TableRow>& rows, std::string_view card, std::string_
                 std::size_t columns, std::size_t& first) {
   const CardType* type = FindType(card_name);
   const std::size_t free = FindCard(rows, {});
-  // The last row of the table is never reached, and a card that replaces another needs room for itself, too.
+  // The last row is never used. A card that replaces another one also needs room of its own.
   if (type == nullptr || kPortRows - (static_cast<int>(free) + 1) < type->ports) return false;
 
   std::vector<TableRow> made = rows;

@@ -13,7 +13,7 @@ using hunt_group::kTable;
 
 constexpr std::string_view kPortType = "0";
 
-/** Number and name of a number row, as both lists show it; "" for a row without a number. */
+/** Number and name of a number row, as shown in both lists; "" if the row has no number. */
 std::string TextOf(const IniText& project, std::int64_t number) {
   if (number < 1 || number > kAssignRows) return {};
   const FieldList row(RowValue(project, assign::kTable, static_cast<int>(number)));

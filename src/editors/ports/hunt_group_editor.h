@@ -11,7 +11,8 @@
 
 namespace tarvok::editors {
 
-/** `frmGrpHunt`: the members of the hunt groups, in their order, and the numbers that may be added. */
+/** "Hunt Group" (`frmGrpHunt`): the members of each hunt group, in order, and the numbers that can be
+ * added. */
 class HuntGroupEditor : public EditorForm {
  public:
   HuntGroupEditor(const EditorContext& context, const FormName& name);
@@ -32,7 +33,7 @@ class HuntGroupEditor : public EditorForm {
   Control& numbers_;
   std::array<Control*, kHuntGroups> lists_{};
   std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
-  std::array<std::vector<std::string>, kHuntGroups> members_;  // as they are written, in list order
+  std::array<std::vector<std::string>, kHuntGroups> members_;  // as stored, in list order
   int total_ = 0;
 };
 

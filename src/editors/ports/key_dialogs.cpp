@@ -28,7 +28,7 @@ EntryRule RuleOf(const Field& digits) {
   return rule;
 }
 
-/** The parts in front of and behind the first comma. */
+/** The parts before and after the first comma. */
 std::pair<std::string_view, std::string_view> AtComma(std::string_view argument) {
   const std::size_t comma = argument.find(',');
   if (comma == std::string_view::npos) return {argument, {}};
@@ -127,7 +127,7 @@ const Field& KeyDialog::MapOf(std::string_view code) const {
 
 void KeyDialog::Fill(std::string_view label) {
   std::string text(label);
-  // An older group out is offered as what it would be today.
+  // An old-style group out is shown as a present-day one.
   if (label.find(kOldLabel) != std::string_view::npos)
     text = std::string(kGroupOut) + std::to_string(Val(ButtonField(label).substr(kOldGroupOut.size())));
   const std::string_view code = std::string_view(text).substr(0, kTelephone.size());
@@ -149,7 +149,7 @@ std::vector<Control*> KeyDialog::InputsOf(std::string_view code) {
   return {&number_};
 }
 
-/** The inputs of the chosen option can be used, the first one has the focus. */
+/** Enables the inputs of the chosen option and gives the focus to the first one. */
 void KeyDialog::ShowOption() {
   const std::vector<Control*> used = InputsOf(code());
   for (Control* input : inputs_) input->enabled = std::find(used.begin(), used.end(), input) != used.end();
@@ -225,7 +225,7 @@ std::vector<Control*> PhoneKeyDialog::InputsOf(std::string_view code) {
   return inputs;
 }
 
-/** A trunk's number is short where digits to map follow it; behind a longer one there is no place for them. */
+/** Limits a trunk's number if map digits follow; after a long number there is no room for them. */
 void PhoneKeyDialog::LimitTrunk() {
   if (code() != kTrunk) return;
   const Field& beside_map = ArgumentOf(kTrunk, true);

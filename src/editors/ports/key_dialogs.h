@@ -12,24 +12,24 @@
 
 namespace tarvok::editors {
 
-/** A button's field as its label shows it: an older group out by its name, everything else as it stands. */
+/** A button's field as shown in its label: an old-style group out by its name, anything else unchanged. */
 std::string ButtonLabel(std::string_view field);
-/** The field of a label. */
+/** The inverse of ButtonLabel. */
 std::string ButtonField(std::string_view label);
 
-/** What a button can do: its code, and what people call it. */
+/** A function of a button: its code and its caption. */
 struct ButtonCode {
   std::string_view code;
   const char* caption;
 };
 
 /**
- * The dialog behind a button: options for what it does, and a number. Its result is the button's field, ""
- * for a button that does nothing; a dialog in which nothing was touched has none.
+ * The dialog of a button: options for its function, and a number. Its result is the button's field, "" for a
+ * button without a function. There is no result if the user has changed nothing.
  */
 class KeyDialog : public FormControls {
  public:
-  /** What is done with the result, and how the dialog is closed. */
+  /** Called with the result, and to close the dialog. */
   struct Ends {
     std::function<void(const std::string& text)> done;
     std::function<void()> close;
@@ -40,18 +40,18 @@ class KeyDialog : public FormControls {
  protected:
   KeyDialog(std::span<const ButtonCode> codes, const Field& statement, Ends ends);
 
-  /** Splits the label of the button over the inputs. */
+  /** Fills the inputs from the label of the button. */
   void Fill(std::string_view label);
   virtual void FillInputs(std::string_view code, std::string_view argument);
-  /** Inputs that the option has, enabled in this order. */
+  /** The inputs of the option, in order. */
   virtual std::vector<Control*> InputsOf(std::string_view code);
   virtual std::string Text() const;
 
-  /** The input belongs to the dialog's keys: Tab goes on, Return is `cmdOK`, Escape is `cmdCancel`. */
+  /** Adds the dialog's keys to an input: Tab moves on, Return is `cmdOK`, Escape is `cmdCancel`. */
   Control& AddInput(Control& input);
   FormLayout Buttons();
   std::string_view code() const;
-  /** What follows a code, and what stands behind a comma in it. */
+  /** The field after a code, and the field after the comma in it. */
   const Field& ArgumentOf(std::string_view code, bool with_map = false) const;
   const Field& MapOf(std::string_view code) const;
   Control& number() { return number_; }
@@ -75,13 +75,13 @@ class KeyDialog : public FormControls {
   bool touched_ = false;
 };
 
-/** `frmInsertDss`: what a button of the console does. */
+/** The dialog of a console button (`frmInsertDss`). */
 class DssKeyDialog : public KeyDialog {
  public:
   DssKeyDialog(std::string_view label, Ends ends);
 };
 
-/** `frmInsertKey`: what a key of the telephone does; `lines` are those that no other key has. */
+/** The dialog of a telephone key (`frmInsertKey`). `lines` are the lines that no other key has. */
 class PhoneKeyDialog : public KeyDialog {
  public:
   PhoneKeyDialog(std::string_view label, std::vector<std::string> lines, Ends ends);

@@ -14,7 +14,7 @@ constexpr std::string_view kPortType = "0";
 constexpr int kRowWidth = 3;
 constexpr std::string_view kNoNumber = "F|F|F|F|F";
 
-/** The types of numbers that a port may name without being what they stand for: hunt groups and bosses. */
+/** Types of numbers that a port may name although they do not stand for it: hunt groups and bosses. */
 constexpr std::string_view kSharedTypes[] = {"1", "4", "5", "6", "7"};
 
 bool IsSet(std::string_view text) {
@@ -29,7 +29,7 @@ NumberLinks::NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& 
   for (int row = 1; row <= kAssignRows; ++row)
     rows_[static_cast<std::size_t>(row)] = project.Get(assign::kTable.section, KeyOf(assign::kTable, row));
   FindOwners(ports);
-  // What ports give up comes first, so that another port can take it over with all that refers to it.
+  // Numbers that ports give up come first, so that another port can take them over with all references.
   for (const int row : left) {
     if (!owned_.contains(row) && IsSet(Field(row, assign::kNumber))) gone_[row] = 0;
   }
@@ -50,13 +50,13 @@ std::string_view NumberLinks::Field(int row, int field) const {
   return GetField(rows_[static_cast<std::size_t>(row)], field);
 }
 
-/** The row stands for a port, or for nothing yet. */
+/** True if the row belongs to a port or to nothing yet. */
 bool NumberLinks::IsForPorts(int row) const {
   const std::string_view type = Field(row, assign::kType);
   return !IsSet(type) || type == kPortType;
 }
 
-/** Of two rows that both stand for a port the one that the port names belongs to it. */
+/** Finds the row of each port. If two rows refer to the same port, the one that the port names is its own. */
 void NumberLinks::FindOwners(const std::vector<LinkedPort>& ports) {
   std::map<int, const LinkedPort*> usable;
   for (const LinkedPort& port : ports) {
@@ -72,7 +72,7 @@ void NumberLinks::FindOwners(const std::vector<LinkedPort>& ports) {
   }
 }
 
-/** A number that a port had and people took away, or put the number of a group or a boss in place of. */
+/** Handles a number that the user removed from a port or replaced by the number of a group or a boss. */
 void NumberLinks::GiveUp(const LinkedPort& port) {
   const auto own = row_of_.find(port.row);
   if (own == row_of_.end() || own->second != port.named) return;
@@ -92,9 +92,9 @@ bool NumberLinks::Link(const LinkedPort& port) {
     number_of_[port.row] = own->second;
   } else if (as_before && !gone_.contains(port.named) &&
              (has_own || owned_.contains(port.named) || !IsForPorts(port.named))) {
-    number_of_[port.row] = port.named;  // nobody touched it
+    number_of_[port.row] = port.named;  // it was not edited
   } else if (const int shared = as_before ? 0 : FindShared(port.number); shared > 0) {
-    number_of_[port.row] = shared;  // the number of a hunt group or a boss stays what it is
+    number_of_[port.row] = shared;  // the number stays that of a hunt group or a boss
   } else if (!port.usable) {
     number_of_[port.row] = FindUnowned(port);
   } else if (has_own) {
@@ -116,7 +116,7 @@ int NumberLinks::FindShared(const std::string& number) const {
   return 0;
 }
 
-/** A row of that number that belongs to no port; the one that the port names comes first. */
+/** A row with that number that belongs to no port; the row that the port names is preferred. */
 int NumberLinks::FindUnowned(const LinkedPort& port) const {
   const auto fits = [&](int row) {
     return Field(row, assign::kNumber) == port.number && IsForPorts(row) && !owned_.contains(row);
@@ -140,7 +140,7 @@ void NumberLinks::Take(int row, const LinkedPort& port) {
   changed_.insert(row);
 }
 
-/** The first row without a number. What referred to a number that was there does not mean the new one. */
+/** Takes the first row without a number. References to a number that was in this row are cleared. */
 void NumberLinks::TakeFree(const LinkedPort& port) {
   for (int row = 1; row <= kAssignRows; ++row) {
     if (owned_.contains(row)) continue;

@@ -11,37 +11,37 @@
 
 namespace tarvok::editors {
 
-/** A port as the port editor leaves it. */
+/** A port as the port editor saves it. */
 struct LinkedPort {
-  int row = 0;          // its row from now on
-  int named = 0;        // the number row that it names in the project, 0 for none
-  bool usable = false;  // it is stored, so that a number can stand for it
-  std::string number;   // as people gave it, "" for none
+  int row = 0;          // its new row
+  int named = 0;        // the number row that it names in the project; 0 if none
+  bool usable = false;  // it is stored, so it can have a number
+  std::string number;   // as entered; "" if none
 };
 
 /**
- * Which row of `Assign` belongs to which port, once ports have got, lost or changed their numbers. A row that
- * belongs to a port stays with it and takes the number that the port has now, so that all that refers to the
- * row still reaches the same telephone.
+ * Finds out which row of `Assign` belongs to which port after ports have got, lost or changed numbers. A row
+ * stays with its port and takes the port's new number, so that all references to the row still reach the same
+ * telephone.
  */
 class NumberLinks {
  public:
-  /** `project` is one in which all that refers to ports has followed them already; `left` are the number rows
-   * of ports that are no more. */
+  /** In `project` all references to ports must already be updated; `left` are the number rows of removed
+   * ports. */
   NumberLinks(const IniEdit& project, const std::vector<LinkedPort>& ports, const std::vector<int>& left);
 
-  /** Row `number` stands for that port. */
+  /** True if number row `number` belongs to that port. */
   static bool BelongsTo(const IniText& project, int number, int port);
 
-  /** The number row of a port by the port's row, 0 for none. */
+  /** The number row of a port, by the port's row; 0 if none. */
   int NumberOf(int port) const;
-  /** The row holds another number than before. */
+  /** True if the row has been changed. */
   bool IsTaken(int row) const { return changed_.contains(row); }
-  /** The numbers that are no more. */
+  /** The removed number rows. */
   const RowMoves& gone() const { return gone_; }
-  /** Every number has found a row. */
+  /** True if there was a row for every number. */
   bool all_fit() const { return all_fit_; }
-  /** Writes the number rows that have changed. */
+  /** Writes the changed number rows. */
   void Write(IniEdit& project) const;
 
  private:
@@ -49,7 +49,7 @@ class NumberLinks {
   bool IsForPorts(int row) const;
   void FindOwners(const std::vector<LinkedPort>& ports);
   void GiveUp(const LinkedPort& port);
-  /** False for a port whose number needs a row of its own. */
+  /** False if the port's number needs a new row. */
   bool Link(const LinkedPort& port);
   int FindShared(const std::string& number) const;
   int FindUnowned(const LinkedPort& port) const;
@@ -57,9 +57,9 @@ class NumberLinks {
   void TakeFree(const LinkedPort& port);
 
   std::vector<std::string> rows_;  // by row, from 1
-  std::map<int, int> row_of_;      // by port: the row that belongs to it
-  std::set<int> owned_;            // the rows in it
-  std::map<int, int> number_of_;   // by port: what it names from now on
+  std::map<int, int> row_of_;      // by port: its own row
+  std::set<int> owned_;            // the rows in row_of_
+  std::map<int, int> number_of_;   // by port: the number row that it will name
   std::set<int> changed_;
   RowMoves gone_;
   bool all_fit_ = true;

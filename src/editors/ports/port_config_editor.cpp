@@ -16,16 +16,16 @@ constexpr std::string_view kOn = "1";
 constexpr std::string_view kOff = "0";
 constexpr std::string_view kMinute = "Minute";
 constexpr std::string_view kSecond = "Second";
-constexpr int kHighestGroup = 99;  // that its two digits can name
+constexpr int kHighestGroup = 99;  // highest with two digits
 
 enum class Kind { kService, kChoice, kTime, kDigits, kFlag, kReverse, kTrunk, kRing };
 
-/** How a field is edited; in the order of the fields. */
+/** How a field is edited. */
 struct FieldForm {
   const char* control;
-  std::string_view unset;  // what is written where the field is not set
+  std::string_view unset;  // stored if the field is not set
   Kind kind;
-  bool padded = false;         // written in two digits
+  bool padded = false;         // stored with two digits
   std::string_view unit = {};  // of the box
 };
 constexpr FieldForm kForms[] = {
@@ -59,7 +59,7 @@ std::string NameOf(std::size_t index) {
   return std::string(kTable.fields[index].name);
 }
 
-/** What the field's list offers, in its order. */
+/** The entries of the field's list. */
 std::vector<std::string> EntriesOf(std::size_t index) {
   const Field& statement = kTable.fields[index];
   std::vector<std::string> entries;
@@ -116,7 +116,7 @@ void PortConfigEditor::AddControls() {
         break;
       case Kind::kTime: {
         Control& box = AddText(id, NameOf(index), ByteRule());
-        box.entered = [&box] { box.selected = box.text == kOff; };  // a first digit takes its place
+        box.entered = [&box] { box.selected = box.text == kOff; };  // the first digit replaces it
         control = &box;
         break;
       }
@@ -197,7 +197,7 @@ void PortConfigEditor::ShowField(std::size_t index, const std::string& text) {
   chosen_[index] = false;
   switch (kForms[index].kind) {
     case Kind::kService:
-      // A group without classes is not offered, but a profile may name it.
+      // A group without classes is not offered, but a profile may refer to it.
       control.entries = groups_;
       control.ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
                                                                 : GroupText(static_cast<int>(number)));
@@ -244,7 +244,7 @@ void PortConfigEditor::TakeField(std::size_t index, std::string& text) const {
   const std::string chosen(control.Chosen());
   switch (kForms[index].kind) {
     case Kind::kService:
-      // A group beyond those with two digits can't be shown; it stays until another entry is chosen.
+      // A group with more than two digits cannot be shown; it stays until another entry is chosen.
       if (chosen.empty() && !chosen_[index] && Val(text) > kHighestGroup) return;
       text = chosen.empty() ? chosen : std::string(Trim(std::string_view(chosen).substr(chosen.size() - 2)));
       return;

@@ -10,8 +10,8 @@
 namespace tarvok::editors {
 
 /**
- * `frmPortConfig_Def`: the port profiles, one at a time. All of them are held as texts, "" for a field that is
- * not set, and the controls show one; leaving it takes the controls over.
+ * "Port Config" (`frmPortConfig_Def`): the port profiles. All are held as texts, "" for a field that is not
+ * set. The controls show one of them, which is updated when it is left.
  */
 class PortConfigEditor : public EditorForm {
  public:
@@ -36,14 +36,14 @@ class PortConfigEditor : public EditorForm {
   void TakeField(std::size_t index, std::string& text) const;
 
   std::array<std::array<std::string, kFields>, kPortConfigRows> profiles_;
-  std::vector<std::string> groups_;  // of classes, as they are offered
-  std::size_t shown_ = 0;            // index of the profile in the controls
+  std::vector<std::string> groups_;  // the groups of classes that are offered
+  std::size_t shown_ = 0;            // index of the profile shown in the controls
 
   Control& list_;
   Control& link_trunk_;
-  std::array<Control*, kFields> controls_{};  // by field from 0; that of the options is the first of them
+  std::array<Control*, kFields> controls_{};  // by field from 0; the first option for a group of options
   std::array<Control*, kReverseChoices> reverse_{};
-  std::array<bool, kFields> chosen_{};  // by field from 0: a person chose an entry since the profile is shown
+  std::array<bool, kFields> chosen_{};  // by field from 0: the user has chosen an entry in the shown profile
 };
 
 }  // namespace tarvok::editors

@@ -36,11 +36,11 @@ constexpr std::size_t kColumns = kExpandColumn;
 
 constexpr int kCards = 16;
 constexpr int kMostPickup = 99;
-constexpr int kRowWidth = 3;  // of a row number that another section holds
+constexpr int kRowWidth = 3;  // of a row number in another section
 constexpr std::string_view kNoRoom = "Cannot insert more card";
 constexpr std::string_view kNoPort = "F|F|F";
 
-/** A number of two digits that comes down to the highest one. */
+/** A number of two digits, clamped to `most` when it is stored. */
 FieldColumn ClampedColumn(int field, std::string title, EntryRule rule, int most) {
   FieldColumn column = TypedColumn(field, std::move(title), rule);
   column.stored = [most](std::string_view cell) {
@@ -109,7 +109,7 @@ void PortDefineEditor::Prepare(const IniText& project) {
   for (int row = 1; row <= lists.rows.last; ++row) {
     std::string name = CellText(GetField(RowValue(project, lists, row), incoming_list::kName));
     const bool has_name = !name.empty();
-    // A list without a name is none to choose, but a port may refer to it, and only what is seen can be cleared.
+    // A list without a name is not offered, but shown if a port refers to it, so that the user can clear it.
     incoming_.Add(row, has_name ? std::move(name) : "List " + std::to_string(row), has_name);
   }
 }
@@ -119,7 +119,7 @@ void PortDefineEditor::ShowRow(std::string_view value, TableRow& row) const {
   row.cells[kTypeColumn - 1] = TypeLabel(Val(fields[kType]), Val(fields[kChannel]));
 }
 
-/** Puts in all ports of a card at once. */
+/** Inserts all ports of the chosen card. */
 void PortDefineEditor::InsertChosenCard() {
   grid().LeaveCell();
   MarkChanged();
@@ -140,7 +140,7 @@ void PortDefineEditor::InsertChosenCard() {
   grid().GoTo(static_cast<int>(first) + 1, kCardColumn);
 }
 
-/** A field of a row as it is written: what has no column stays as it was. */
+/** A field of a row as stored; fields without a column stay as they were. */
 std::string PortDefineEditor::PortField(int row, int field) const {
   if (field == kNumber) return number_fields_[static_cast<std::size_t>(row) - 1];
   const auto& columns = field_columns();
@@ -170,8 +170,8 @@ bool PortDefineEditor::IsStored(int row) const {
          !grid().Cell(row, kTypeColumn).empty();
 }
 
-/** A group of lines asks for the card of a port, its number for no more than that the row is stored, all others for a
- * whole port. */
+/** Updates all references to ports. A group out needs the card of a port, a number only a stored row, and all
+ * others need a complete port. */
 void PortDefineEditor::FollowPorts(IniEdit& project) const {
   const RowMoves whole = Moves();
   const RowMoves stored = Moves([this](int row) { return IsStored(row); });
@@ -184,13 +184,13 @@ void PortDefineEditor::FollowPorts(IniEdit& project) const {
   }
 }
 
-/** The number row that a port of the project names, 0 for none. */
+/** The number row that a port of the project names; 0 if none. */
 int PortDefineEditor::NamedNumber(const IniText& project, int port) {
   const std::int64_t row = port > 0 ? Val(GetField(RowValue(project, kTable, port), kNumber)) : 0;
   return row >= 1 && row <= kAssignRows ? static_cast<int>(row) : 0;
 }
 
-/** In a project in which the references to ports have followed them. */
+/** In `project` the references to ports must already be updated. */
 NumberLinks PortDefineEditor::LinksFor(const IniEdit& project) const {
   std::vector<LinkedPort> ports;
   for (int row = 1; row <= grid().rows(); ++row) {
@@ -205,7 +205,7 @@ NumberLinks PortDefineEditor::LinksFor(const IniEdit& project) const {
   return {project, ports, left};
 }
 
-/** The row is stored, or has a number all the same. */
+/** True if the row is stored or at least has a number. */
 bool PortDefineEditor::IsRowKept(int row) const {
   return IsStored(row) || !grid().Cell(row, kNumberColumn).empty();
 }
@@ -231,7 +231,7 @@ void PortDefineEditor::Write(IniEdit& project) {
     number_fields_.push_back(number > 0 ? Padded(number, kRowWidth) : stays ? unseen : std::string(kUnset));
   }
   MoveAccounts(project);
-  // Rows that refer to a number refer to no port, so this can't undo what was repaired above.
+  // Rows that refer to numbers do not refer to ports, so this cannot undo the repairs above.
   if (!links.gone().empty()) RepairReferences(project, project.base(), assign::kTable, links.gone());
   WriteRows(project);
   project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
@@ -239,7 +239,7 @@ void PortDefineEditor::Write(IniEdit& project) {
   KeepLines(project);
 }
 
-/** The number of an account is compared with the ports' rows, although it names a row of numbers. */
+/** Moves account numbers as if they named port rows, although they name number rows. */
 void PortDefineEditor::MoveAccounts(IniEdit& project) const {
   const Table& accounts = account::kTable;
   const RowMoves moves = Moves();
@@ -255,7 +255,7 @@ void PortDefineEditor::MoveAccounts(IniEdit& project) const {
   }
 }
 
-/** A group of lines keeps only ports that are lines. */
+/** Removes ports that are not lines from the groups out. */
 void PortDefineEditor::KeepLines(IniEdit& project) const {
   const Table& groups = group_out::kTable;
   const auto lines = groups.fields[0].target.stored;

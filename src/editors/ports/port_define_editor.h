@@ -10,8 +10,8 @@
 namespace tarvok::editors {
 
 /**
- * `frmPortSys_Def`: which card sits in which slot, a row a port. A save puts the ports in the order of their
- * cards, so that they move; all that refers to them follows, and numbers are linked to them.
+ * "Port System Define" (`frmPortSys_Def`): the cards of the exchange, one row per port. Saving sorts the
+ * ports by card, updates all references to them, and links numbers to them.
  */
 class PortDefineEditor : public FieldTableEditor {
  public:
@@ -22,9 +22,9 @@ class PortDefineEditor : public FieldTableEditor {
   int RowsToShow(const IniText& project) const override { return RowsUpToNow(project, statement()); }
   void ShowRow(std::string_view value, TableRow& row) const override;
   std::string RowText(int row) const override;
-  /** Without card, channel and type a row is no port, whatever else it holds. */
+  /** A row without card, channel and type is not a port, whatever else it holds. */
   bool IsRemoved(std::string_view value) const override;
-  /** The row is a port that something can refer to. */
+  /** True if the row is a port that can be referenced. */
   bool KeepsReferences(int row) const override;
   bool MaySave() override;
   void BeforeWrite() override { Sort(true); }
@@ -46,7 +46,7 @@ class PortDefineEditor : public FieldTableEditor {
 
   RowNames incoming_;
   RowNames numbers_;
-  std::vector<std::string> number_fields_;  // by row from 0: the reference to its number, as it is written
+  std::vector<std::string> number_fields_;  // by row from 0: the stored reference to its number
   Control& card_;
   Control& type_;
 };

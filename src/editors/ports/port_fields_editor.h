@@ -9,22 +9,22 @@
 namespace tarvok::editors {
 
 /**
- * A table of the ports in use up to "Now", each under its own key, for fields of a port that the editor of the
- * ports leaves alone: card, channel and number to tell the port by, and the fields behind them. A save writes every
- * port with the fields that it has, those without a column as they were.
+ * The base of editors for fields of ports that "Port System Define" does not show. The table has a row for
+ * each port in use up to "Now": card, channel and number, which are read-only, then the editor's own fields.
+ * Saving writes every port under its key; fields without a column stay as they were.
  */
 class PortFieldsEditor : public FieldTableEditor {
  public:
   PortFieldsEditor(const EditorContext& context, const FormName& name, std::vector<FieldColumn> columns);
 
   bool ShowPlace(std::string_view section, int row, int field) override;
-  /** Rows stand closer here than in the project and keep their numbers. */
+  /** Rows keep their numbers, which may have gaps. */
   void Saved() override {}
 
  protected:
-  /** A column that takes what `rule` allows, under the field's own name. */
+  /** A typed column with the field's name as its title. */
   static FieldColumn Typed(int field, EntryRule rule);
-  /** A column that offers the field's choices, under the field's own name. */
+  /** A column of the field's choices with the field's name as its title. */
   static FieldColumn Listed(int field, std::string overlay);
 
   void Load(const IniText& project) override;

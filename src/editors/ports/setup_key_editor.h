@@ -10,8 +10,8 @@
 
 namespace tarvok::editors {
 
-/** `frmSetupKey`: the button layouts of key telephones, drawn as the telephone and its console. A click on a
- * button opens a dialog for what it does. */
+/** "Setup Key Config" (`frmSetupKey`): the button layouts of key telephones, drawn as the telephone and its
+ * console. A click on a button opens a dialog for its function. */
 class SetupKeyEditor : public EditorForm {
  public:
   SetupKeyEditor(const EditorContext& context, const FormName& name);
@@ -24,7 +24,8 @@ class SetupKeyEditor : public EditorForm {
   void Write(IniEdit& project) override;
 
  private:
-  /** Fields of a layout, "" for a button that is not set. A row that was longer keeps what it has. */
+  /** The fields of a layout; "" for a button that is not set. Rows that were longer keep their extra
+   * fields. */
   struct Buttons {
     std::vector<std::string> keys;
     std::vector<std::string> dss;
@@ -37,7 +38,7 @@ class SetupKeyEditor : public EditorForm {
   void Put(Control& label, const std::string& text);
 
   std::array<Buttons, kKeyLayouts> layouts_;
-  std::size_t shown_ = 0;  // index of the layout in the labels
+  std::size_t shown_ = 0;  // index of the layout shown in the labels
 
   Control& list_;
   std::array<Control*, kKeysOfLayout> keys_{};

@@ -20,16 +20,16 @@ enum ColumnOf : int { kNumberColumn = 1, kTypeColumn, kValueColumn, kCompanyColu
 constexpr int kMostCompany = 4;
 constexpr int kCallGroups = 99;
 constexpr char kPortSign = '/';  // between card and channel
-constexpr int kRowWidth = 3;     // of a row number that another section holds
+constexpr int kRowWidth = 3;     // of a row number in another section
 
-/** What the value of a type counts. */
+/** What the value of a type refers to. */
 enum class ValueKind { kNothing, kPort, kCallGroup, kHuntGroup, kBoss };
 
 struct NumberType {
   std::string_view code;
   ValueKind value;
 };
-/** In the order in which they are offered, which is not that of the codes. */
+/** In the order of the list, which differs from that of the codes. */
 constexpr NumberType kTypes[] = {
     {"0", ValueKind::kPort},      {"2", ValueKind::kCallGroup}, {"3", ValueKind::kCallGroup},
     {"1", ValueKind::kHuntGroup}, {"4", ValueKind::kHuntGroup}, {"5", ValueKind::kHuntGroup},
@@ -52,19 +52,19 @@ bool IsPortText(std::string_view text) {
   return text.find(kPortSign) != std::string_view::npos;
 }
 
-/** The row that a reference names, 0 for none. */
+/** The row that a reference names; 0 if none. */
 int RowNamed(std::string_view stored, const Table& table) {
   const std::int64_t row = Val(stored);
   return row >= 1 && row <= table.rows.last ? static_cast<int>(row) : 0;
 }
 
-/** The port of a number row as the project holds it, 0 for none. */
+/** The port of a number row in the project; 0 if none. */
 int StoredPort(const IniText& project, int number) {
   const FieldList row(RowValue(project, assign::kTable, number));
   return row[assign::kType] == kTypes[0].code ? RowNamed(row[assign::kValue], port_def::kTable) : 0;
 }
 
-/** The number row that a port names as its own, 0 for none. */
+/** The number row that a port names as its own; 0 if none. */
 int NumberOfPort(const IniText& project, int port) {
   const std::string_view row = RowValue(project, port_def::kTable, port);
   return RowNamed(GetField(row, port_def::kNumber), assign::kTable);
@@ -86,7 +86,7 @@ std::vector<FieldColumn> SetupNumberEditor::Columns(SetupNumberEditor* form) {
 
   FieldColumn value = TypedColumn(assign::kValue, "Value", DigitsRule(2));
   value.column.overlay = "cmbMask2";
-  value.column.entry = Entry::kEditList;  // what its rows take together
+  value.column.entry = Entry::kEditList;  // the most that any row allows
   value.column.entry_of = [form](int row) { return form->ValueEntry(row); };
   value.column.list_of = [form](int row) { return form->ValueList(row); };
   value.names = [form](const std::vector<std::string>& cells) {
@@ -99,7 +99,7 @@ std::vector<FieldColumn> SetupNumberEditor::Columns(SetupNumberEditor* form) {
     return Val(cell) > kMostCompany ? std::to_string(kMostCompany) : FieldText(cell);
   };
   FieldColumn name = TypedColumn(assign::kName, "Name", TextRule(name::kTable.fields[0].high));
-  name.column.rule.in_list = false;  // the row holds the name's number alone, put in when that is known
+  name.column.rule.in_list = false;  // the row only holds the name's number, which is known later
   name.stored = [](std::string_view) { return std::string(kUnset); };
   return {TypedColumn(assign::kNumber, "Number", DigitsRule(6)), std::move(type), std::move(value),
           std::move(company), std::move(name)};
@@ -156,7 +156,7 @@ std::vector<std::string> SetupNumberEditor::ValueList(int row) const {
   }
 }
 
-/** A port's place is a value of ports alone, and a port is nothing else. */
+/** Clears a value that the new type cannot have: only type Port has a port as its value. */
 void SetupNumberEditor::TypeChanged(int row) {
   const bool to_port = KindOf(grid().Cell(row, kTypeColumn)) == ValueKind::kPort;
   if (to_port || IsPortText(grid().Cell(row, kValueColumn))) grid().EraseCell(row, kValueColumn);
@@ -181,7 +181,7 @@ bool SetupNumberEditor::MaySave() {
   const bool ports = CheckPorts();
   const bool numbers = CheckNumbers();
   if (!numbers && !ports) return true;
-  if (!numbers) CheckPorts();  // the list that stays in view is one with repeats
+  if (!numbers) CheckPorts();  // leave a list with repeats in view
   const std::string_view what = numbers && ports ? "numbers and ports" : numbers ? "numbers" : "ports";
   return context().questions.Ask(
       std::string("There are repeat ").append(what).append(". Do you still want to save?"));
@@ -201,7 +201,7 @@ std::string SetupNumberEditor::RowText(int row) const {
                    name_texts_[static_cast<std::size_t>(row) - 1]);
 }
 
-/** Names stand without gaps, in the order of the numbers that have one. */
+/** Writes names without gaps, in the order of their numbers. */
 void SetupNumberEditor::WriteNames(IniEdit& project) {
   const Table& names = name::kTable;
   name_texts_.clear();
@@ -224,7 +224,7 @@ void SetupNumberEditor::Write(IniEdit& project) {
   FollowSecretaries(project);
 }
 
-/** A port names the number that stands for it. One whose number went to another port has none any more. */
+/** Makes each port name its number, and clears the number of ports whose number went to another one. */
 void SetupNumberEditor::LinkPorts(IniEdit& project) const {
   for (int row = 1; row <= grid().rows(); ++row) {
     const int origin = grid().row(row).origin;
@@ -239,11 +239,11 @@ void SetupNumberEditor::LinkPorts(IniEdit& project) const {
   }
 }
 
-/** A secretary is known by the number: the pair stays with it when it moves to another port. */
+/** A secretary is identified by its number: the pair follows the number to another port. */
 void SetupNumberEditor::FollowSecretaries(IniEdit& project) const {
   const Table& bosses = boss::kTable;
   const RowMoves moves = Moves();
-  std::map<int, int> row_of;  // of the number's row at loading
+  std::map<int, int> row_of;  // by the number's row when loaded
   for (int row = 1; row <= grid().rows(); ++row) row_of[grid().row(row).origin] = row;
   for (int number = 1; number <= kBossRows; ++number) {
     const std::string_view pair = RowValue(project.base(), bosses, number);
@@ -252,7 +252,7 @@ void SetupNumberEditor::FollowSecretaries(IniEdit& project) const {
     const int origin = NumberOfPort(project.base(), port);
     const std::string_view known_by =
         GetField(RowValue(project.base(), statement(), origin), assign::kNumber);
-    if (CellText(known_by).empty()) continue;  // there was none to follow
+    if (CellText(known_by).empty()) continue;  // there was no secretary to follow
     const auto move = moves.find(origin);
     std::string follows;
     if (move != moves.end() && move->second == 0) {

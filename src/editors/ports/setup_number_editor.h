@@ -10,14 +10,14 @@
 namespace tarvok::editors {
 
 /**
- * `frmExtension`: the numbering plan, the sections `Assign` and `Name` in one table. A save sorts the rows by
- * number, so that they move; all that refers to them follows.
+ * "Setup Number" (`frmExtension`): the numbering plan, with the sections `Assign` and `Name` in one table.
+ * Saving sorts the rows by number and updates all references to them.
  */
 class SetupNumberEditor : public FieldTableEditor {
  public:
   SetupNumberEditor(const EditorContext& context, const FormName& name);
 
-  /** A name is shown at the number that has it. */
+  /** A place in `Name` is shown at the number with that name. */
   bool ShowPlace(std::string_view section, int row, int field) override;
 
  protected:
@@ -25,7 +25,7 @@ class SetupNumberEditor : public FieldTableEditor {
   int RowsToShow(const IniText& project) const override { return RowsUpToNow(project, statement()); }
   void ShowRow(std::string_view value, TableRow& row) const override;
   std::string RowText(int row) const override;
-  /** A row without a number is none that anything can refer to. */
+  /** A row without a number cannot be referenced. */
   bool KeepsReferences(int row) const override;
   bool MaySave() override;
   void BeforeWrite() override { Sort(true); }
@@ -40,7 +40,7 @@ class SetupNumberEditor : public FieldTableEditor {
   Entry ValueEntry(int row) const;
   std::vector<std::string> ValueList(int row) const;
   void TypeChanged(int row);
-  /** The port that a row's number stands for, as it is written; 0 for none. */
+  /** The port of a row's number, as stored; 0 if none. */
   int PortOf(int row) const;
   void WriteNames(IniEdit& project);
   void LinkPorts(IniEdit& project) const;
@@ -49,7 +49,7 @@ class SetupNumberEditor : public FieldTableEditor {
   RepeatList repeats_;
   RowNames ports_;
   RowNames names_;
-  std::vector<std::string> name_texts_;  // by row from 0: the reference to its name, as it is written
+  std::vector<std::string> name_texts_;  // by row from 0: the stored reference to its name
 };
 
 }  // namespace tarvok::editors

@@ -13,8 +13,8 @@
 namespace tarvok::editors {
 
 /**
- * The base of the two editors of ban classes: a list of pages next to a table. Each column of the table is a list of
- * its own, without gaps.
+ * The base of the two editors of ban classes: a list of pages next to a table. Each column of the table is a
+ * list of its own, without gaps.
  */
 class ClassEditor : public TableForm {
  public:
@@ -24,11 +24,12 @@ class ClassEditor : public TableForm {
   void Saved() override {}
 
  protected:
-  /** The list and the table, the pages filled from `pages`. */
+  /** Adds the list of pages and lays out the form. Must be called by the constructor of the derived
+   * editor. */
   void AddPages(ControlId id, std::string caption, std::vector<std::string> entries);
-  /** Shows the first page of these: for each the texts of each column. */
+  /** Replaces all pages, given as the texts of each column of each page, and shows the first one. */
   void FillPages(const std::vector<std::vector<std::vector<std::string>>>& pages);
-  /** The texts of a column of a page, both from 0. */
+  /** The non-empty texts of a column of a page, both from 0. */
   std::vector<std::string> TextsOf(int page, int column);
   bool ShowPage(int page, int row);
   void BeforeWrite() override { KeepPage(); }
@@ -40,7 +41,8 @@ class ClassEditor : public TableForm {
   static void StoreList(IniEdit& project, const Table& table, int number,
                         const std::vector<std::string>& texts,
                         std::vector<std::string> (*read)(std::string_view list));
-  /** Unsets the day and night groups of each port profile that have no class. The group for a cut hold stays. */
+  /** Unsets the day and night groups of each port profile that have no class. The group for a cut hold
+   * stays. */
   static void LeaveEmptyGroups(IniEdit& project);
 
  private:

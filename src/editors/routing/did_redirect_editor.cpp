@@ -71,7 +71,7 @@ std::vector<std::string> DidRedirectEditor::MapNumbers(int row) const {
   return target.offered != nullptr ? *target.offered : std::vector<std::string>();
 }
 
-/** What the type before pointed at is nothing to point at for another one. */
+/** Clears a target that the new type cannot have. */
 void DidRedirectEditor::TypeChanged(int row) {
   const std::vector<std::string> offered = MapNumbers(row);
   if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())

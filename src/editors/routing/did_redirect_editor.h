@@ -8,8 +8,8 @@
 
 namespace tarvok::editors {
 
-/** `frmDIDRedirect`: where ranges of incoming numbers of a link go. What `Map Number` offers depends on the
- * row's `Map Type`. */
+/** "DID Redirect" (`frmDIDRedirect`): the targets of ranges of incoming numbers. What `Map Number` offers
+ * depends on the row's `Map Type`. */
 class DidRedirectEditor : public FieldTableEditor {
  public:
   DidRedirectEditor(const EditorContext& context, const FormName& name);
@@ -19,7 +19,7 @@ class DidRedirectEditor : public FieldTableEditor {
   void ShowRow(std::string_view value, TableRow& row) const override;
 
  private:
-  /** What a Map Type, as it is shown, points at. */
+  /** What a Map Type, as shown in its cell, can refer to. */
   struct Target {
     const RowNames* names = nullptr;
     const std::vector<std::string>* offered = nullptr;

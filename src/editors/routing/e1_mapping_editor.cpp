@@ -41,7 +41,7 @@ void E1MappingEditor::Prepare(const IniText& project) {
   ports_ = PortNames(project, statement().fields[e1_map::kStart - 1].target.stored[0]);
 }
 
-/** A link that was emptied here is none to name any more; one that was empty before is none less. */
+/** Emptied links cannot be referenced; links that were empty before do not change. */
 bool E1MappingEditor::KeepsReferences(int row) const {
   const bool is_empty = grid().IsBlank(row, e1_map::kStart) && grid().IsBlank(row, e1_map::kEnd);
   return !is_empty || IsUnused(statement(), StoredBefore(row));

@@ -9,8 +9,8 @@
 namespace tarvok::editors {
 
 /**
- * "E1 Mapping" (`frmE1Map`): the ports of each E1 link. References to a link are updated when its row moves and
- * cleared when the link is emptied.
+ * "E1 Mapping" (`frmE1Map`): the ports of each E1 link. References to a link are updated when its row moves
+ * and cleared when the link is emptied.
  */
 class E1MappingEditor : public FieldTableEditor {
  public:

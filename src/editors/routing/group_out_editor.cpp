@@ -69,7 +69,7 @@ void GroupOutEditor::Load(const IniText& project) {
   Show();
 }
 
-/** Fills both lists; what was chosen in them is not any more. */
+/** Fills both lists and clears their choices. */
 void GroupOutEditor::Show() {
   list_.current = std::max(list_.current, 0);
   for (Control* list : {&free_, &shown_}) {

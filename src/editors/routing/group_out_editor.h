@@ -11,8 +11,8 @@
 
 namespace tarvok::editors {
 
-/** `frmGroupOut`: the trunks of the groups out, in their order, and the trunks that are in no group. A route that
- * names a group without members names none any more once the form is saved. */
+/** "Group Out" (`frmGroupOut`): the trunks of each group out, in order, and the trunks that are in no group.
+ * Saving clears the references of routes to groups without members. */
 class GroupOutEditor : public EditorForm {
  public:
   GroupOutEditor(const EditorContext& context, const FormName& name);
@@ -24,7 +24,7 @@ class GroupOutEditor : public EditorForm {
   void Write(IniEdit& project) override;
 
  private:
-  /** The members of a group as they are written. Some may be no trunks any more: they stay, unseen. */
+  /** The stored members of a group. Those that are no longer trunks are kept but not shown. */
   using Group = std::vector<std::string>;
 
   Group& group() { return groups_[static_cast<std::size_t>(list_.current)]; }
@@ -36,9 +36,9 @@ class GroupOutEditor : public EditorForm {
   Control& free_;
   Control& shown_;
   RowNames trunks_;
-  std::vector<std::string> trunk_rows_;     // all trunks, as members are written
-  std::vector<std::string> free_rows_;      // what the free list shows
-  std::vector<std::size_t> shown_members_;  // places in the group of what the member list shows
+  std::vector<std::string> trunk_rows_;     // all trunks, as stored in members
+  std::vector<std::string> free_rows_;      // shown in the list of free trunks
+  std::vector<std::size_t> shown_members_;  // positions in the group of the shown members
   std::array<Group, kGroupsOut> groups_;
   int total_ = 0;
 };

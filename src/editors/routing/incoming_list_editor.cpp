@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
 
-/** "Max", as far as the section can hold it. */
+/** "Max", limited to the size of the section. */
 int MostRows(const IniText& project) {
   const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
   return most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
@@ -37,7 +37,7 @@ std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
       entries.insert(entries.end(), named.begin(), named.end());
       return entries;
     };
-    // A number that is deleted is none here from the next save on.
+    // A reference to a deleted number is cleared by the next save.
     number.names = [form, width = statement(field).width](const auto& /*cells*/) {
       return NamedRows{&form->numbers_, width, false};
     };
@@ -59,7 +59,7 @@ void IncomingListEditor::Prepare(const IniText& project) {
   grid().SetMost(MostRows(project));
 }
 
-/** Up to "Max", and never without a row that is in use. */
+/** "Max", or more if there are rows in use above it. */
 int IncomingListEditor::RowsToShow(const IniText& project) const {
   int rows = MostRows(project);
   for (int row = rows + 1; row <= kIncomingRows; ++row) {
@@ -68,7 +68,7 @@ int IncomingListEditor::RowsToShow(const IniText& project) const {
   return rows;
 }
 
-/** A row that was emptied here is none to name any more; one that was empty before is none less. */
+/** Emptied rows cannot be referenced; rows that were empty before do not change. */
 bool IncomingListEditor::KeepsReferences(int row) const {
   return !grid().IsBlank(row) || IsUnused(kTable, StoredBefore(row));
 }

@@ -8,8 +8,8 @@
 
 namespace tarvok::editors {
 
-/** `frmIncomingLst`: where incoming calls are offered. The rows are in the order of their names once they are
- * saved, and the ports that name a row follow it. */
+/** "Incoming List" (`frmIncomingLst`): the destinations of incoming calls. Saving sorts the rows by name and
+ * updates the ports that refer to them. */
 class IncomingListEditor : public FieldTableEditor {
  public:
   IncomingListEditor(const EditorContext& context, const FormName& name);

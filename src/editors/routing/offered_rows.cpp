@@ -13,7 +13,7 @@
 namespace tarvok::editors {
 namespace {
 
-/** The names of the rows up to the number under `count_key` that `offered` takes. */
+/** The names of the rows for which `offered` is true, up to the number under `count_key`. */
 template <typename Offered>
 std::vector<std::string> NamesUpTo(const IniText& project, const Table& table, std::string_view count_key,
                                    const RowNames& names, Offered offered) {

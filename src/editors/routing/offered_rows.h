@@ -8,11 +8,12 @@
 
 namespace tarvok::editors {
 
-/** The route lists that have routes of their own, by their names: each ends behind all lists in front of it. */
+/** The names of the route lists with routes of their own, which are those that end after all previous
+ * lists. */
 std::vector<std::string> OfferedLists(const IniText& project);
-/** The numbers of the E1 links that have both their ports. */
+/** The numbers of the E1 links with both ports set. */
 std::vector<std::string> OfferedLinks(const IniText& project);
-/** The groups out that have a member, by their names. */
+/** The names of the groups out with members. */
 std::vector<std::string> OfferedGroups(const IniText& project);
 /** The directory numbers up to "Now", in the order of their rows. */
 std::vector<std::string> OfferedNumbers(const IniText& project);

@@ -16,7 +16,7 @@ std::vector<std::string> NumbersOf(const Field& statement) {
   return NumberedEntries(statement.low, statement.high);
 }
 
-/** The entry that is the number; the first one where none is. */
+/** Chooses the entry with the number, or else the first one. */
 void ChooseNumber(Control& combo, std::string_view stored) {
   combo.Choose(std::to_string(Val(stored)));
   combo.current = std::max(combo.current, 0);

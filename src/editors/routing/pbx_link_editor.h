@@ -8,8 +8,8 @@
 
 namespace tarvok::editors {
 
-/** `frmSetRoute`: the link table of exchanges that form a network: what this one is, and by which card and device
- * it reaches each other one. */
+/** "PBX Link Table" (`frmSetRoute`): the links of networked exchanges: this exchange's ID, and the card and
+ * device that reach each of the others. */
 class PbxLinkEditor : public FieldTableEditor {
  public:
   PbxLinkEditor(const EditorContext& context, const FormName& name);

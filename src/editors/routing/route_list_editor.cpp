@@ -18,10 +18,10 @@ namespace {
 constexpr int kRoutesOfList = 40;
 constexpr int kMostTyped = 19;
 
-/** Behind a "P" stands its digit. */
+/** A "P" must be followed by a digit. */
 bool FitsPause(std::string_view text, char key) {
-  const bool behind_pause = !text.empty() && (text.back() == 'P' || text.back() == 'p');
-  return !behind_pause || (key >= '0' && key <= '9');
+  const bool after_pause = !text.empty() && (text.back() == 'P' || text.back() == 'p');
+  return !after_pause || (key >= '0' && key <= '9');
 }
 
 constexpr EntryRule kTimeRule = {.characters = "0123456789",
@@ -30,7 +30,7 @@ constexpr EntryRule kTimeRule = {.characters = "0123456789",
                                  .first_replaces = true,
                                  .fits = FitsTime,
                                  .wants = kWantsTime};
-constexpr std::string_view kWantsPause = "has to have a digit behind each P";
+constexpr std::string_view kWantsPause = "must have a digit after each P";
 constexpr EntryRule kSendRule = {.characters = "0123456789XxEeAaPp*#",
                                  .most = kMostTyped,
                                  .upper = true,
@@ -51,7 +51,7 @@ FieldColumn CountColumn(int field, std::string title) {
                      .overlay = "cmbMask3"}};
 }
 
-/** The number of a key of a route, 0 for another key. */
+/** The number of the route with this key; 0 if the key is not a route's. */
 int RouteOfKey(std::string_view key) {
   const std::int64_t number = Val(key);
   return number >= 1 && number <= kTable.rows.kept && KeyOf(kTable, static_cast<int>(number)) == key
@@ -110,7 +110,7 @@ void RouteListEditor::Load(const IniText& project) {
   pages_.Show(0);
 }
 
-/** The order in which a list is left is no change that anybody made. */
+/** Sorting a list when it is left does not count as a change by the user. */
 void RouteListEditor::KeepList() {
   const bool loading = std::exchange(context().state.form_loading, true);
   Sort(true);

@@ -10,8 +10,9 @@
 
 namespace tarvok::editors {
 
-/** `frmRoute`: the routes of each route list. The project holds those of all lists one behind the other; here a
- * list beside the table chooses whose are shown. A list is in order once it is left or saved. */
+/** "Route List" (`frmRoute`): the routes of each route list. The project stores the routes of all lists in
+ * one sequence; here a list next to the table selects whose routes are shown. A route list is sorted when it
+ * is left or saved. */
 class RouteListEditor : public FieldTableEditor {
  public:
   RouteListEditor(const EditorContext& context, const FormName& name);

@@ -10,7 +10,7 @@ namespace tarvok::editors {
 namespace {
 
 constexpr int kMostTyped = 19;
-/** The two sets differ: some letters are taken only as the first key on a cell, others only behind it. */
+/** The sets differ: some letters are accepted only as the first key on a cell, others only after it. */
 constexpr EntryRule kPatternRule = {.characters = "0123456789-xXzZnNcC*#Yy:uWwLl",
                                     .first_characters = "0123456789-xXpZnNcC*#YyUuWwLl",
                                     .most = kMostTyped,

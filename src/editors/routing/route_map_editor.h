@@ -8,8 +8,8 @@
 
 namespace tarvok::editors {
 
-/** `frmRouteMap`: the digit patterns and what is done with a number that matches. They are in order once they
- * are saved, and every row is written, a blank one too. */
+/** "Route Map Digit" (`frmRouteMap`): digit patterns and what happens to the numbers that match. Saving sorts
+ * them and writes every row, including blank ones. */
 class RouteMapEditor : public FieldTableEditor {
  public:
   RouteMapEditor(const EditorContext& context, const FormName& name);

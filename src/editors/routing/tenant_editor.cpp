@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kPages[] = {"Day", "Night"};
 constexpr std::string_view kPageWords[] = {"by day", "by night"};
-/** By page: the rows' lower columns, and the upper ones. */
+/** By page: the tables of the lower and the upper columns. */
 constexpr const Table* kHalves[][2] = {{&kDayTable, &kDayHighTable}, {&kNightTable, &kNightHighTable}};
 
 Control ScrollBar(std::string name, std::string caption, int high) {
@@ -79,7 +79,7 @@ void TenantEditor::SetCell(int row, int column, bool on) {
   cells_[r][c]->caption = Words(row, column);
 }
 
-/** The cells of a row or a column that are in the window: all on or all off, in turn. */
+/** Switches the cells of a row or column in the window all on or all off, alternately. */
 void TenantEditor::SetLine(bool is_row, int position) {
   bool& clears = line_clears_[is_row ? 1 : 0][static_cast<std::size_t>(position)];
   const bool on = !std::exchange(clears, !clears);
@@ -120,7 +120,8 @@ std::string TenantEditor::Words(int row, int column) const {
       .append(kPageWords[page]);
 }
 
-/** The last character of a value is the lowest column of its range, whatever the value's length. */
+/** The last character of a value is the lowest column of its range, even if the value is too short or too
+ * long. */
 void TenantEditor::Load(const IniText& project) {
   for (std::size_t page = 0; page < matrix_.size(); ++page) {
     for (std::size_t row = 0; row < kTenants; ++row) {

@@ -11,16 +11,16 @@
 namespace tarvok::editors {
 
 /**
- * `frmTenan`: who may call whom, by day and by night. All cells of a page are controls, `cell` by row and column
- * from 1, captioned in words; the buttons of rows and columns stand beside a window of 16 by 16 cells of which the two scroll bars
- * are the first row and column.
+ * "Tenan" (`frmTenan`): which tenant may call which, by day and by night. Each cell of a page is a control,
+ * `cell(row, column)` from 1. The buttons for rows and columns apply to a window of 16 by 16 cells; the two
+ * scroll bars set its first row and column.
  */
 class TenantEditor : public EditorForm {
  public:
   TenantEditor(const EditorContext& context, const FormName& name);
 
   bool ShowPlace(std::string_view section, int row, int field) override;
-  /** A cell in words: "tenant 3 may call tenant 17 by day". Row and column from 1. */
+  /** Describes a cell: "tenant 3 may call tenant 17 by day". Row and column from 1. */
   std::string Words(int row, int column) const;
 
  protected:

@@ -21,8 +21,8 @@ constexpr int kMostPlaces = 999;
 
 enum class Kind { kFlag, kPercent, kWhole, kAmount };
 
-/** A field's control: its index in `Check1`, `MaskEdNum` or `Text1`, and what stands behind it; "" for the
- * unit of the country. A percentage has a hidden `Text1` besides, in which the value to save is kept. */
+/** A field's control: its index in `Check1`, `MaskEdNum` or `Text1`, and its unit; "" for the country's unit.
+ * A percentage also has a hidden `Text1`, at index `kept`, with the value to save. */
 struct Place {
   int field;
   Kind kind;
@@ -77,7 +77,7 @@ ControlId IdOf(const Place& place) {
   return {name, place.index};
 }
 
-/** One point, and two digits behind it. */
+/** At most one point, and at most two digits after it. */
 bool FitsAmount(std::string_view text, char key) {
   const std::size_t point = text.find('.');
   if (key == '.') return point == std::string_view::npos;
@@ -99,7 +99,7 @@ EntryRule RuleOf(Kind kind) {
   return rule;
 }
 
-/** A label as it stands on the screen; what a percentage is has its sign behind the box. */
+/** A label as shown on the screen; a percentage has its sign after the box instead. */
 std::string ScreenLabel(int field) {
   std::string name(kTable.fields[static_cast<std::size_t>(field) - 1].name);
   if (name.ends_with(" %")) name.resize(name.size() - 2);
@@ -169,7 +169,7 @@ Control& BillingModeEditor::BoxOf(int field) {
   return *Find(IdOf(PlaceOf(field)));
 }
 
-/** The country's number; one that the system file does not have is the first, which is saved at once. */
+/** The country's number. If the system file does not have it, the first country is used and saved at once. */
 std::string BillingModeEditor::ValidCountry(const IniText& project) {
   std::string stored(KeyValue(project, kCountry));
   const std::string count = context().store.GetIniValue(context().system_file, kCountrySection, kCountKey);
@@ -201,7 +201,7 @@ std::string BillingModeEditor::CountryNumber() const {
   return country_->current < 0 ? loaded_country_ : numbers_[static_cast<std::size_t>(country_->current)];
 }
 
-/** The local codes and the unit of the country that is chosen. */
+/** Shows the local codes and the unit of the chosen country. */
 void BillingModeEditor::ShowCountry() {
   const std::shared_ptr<const IniText> system = context().store.Snapshot(context().system_file);
   const std::string section = CountryNumber();
@@ -245,7 +245,7 @@ std::string BillingModeEditor::LocalCode() const {
   return local_code_->current < 0 ? "0" : Padded(local_code_->current + 1, 2);
 }
 
-/** A box that holds what no send can carry keeps it, and the save is given up. */
+/** Refuses values that cannot be sent to an exchange; the boxes keep them. */
 bool BillingModeEditor::MaySave() {
   for (const Place& place : kPlaces) {
     if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
@@ -253,9 +253,9 @@ bool BillingModeEditor::MaySave() {
     const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
     std::string wrong;
     if (box.text == ".") {
-      wrong = " is no amount.";
+      wrong = " is not an amount.";
     } else if (place.kind == Kind::kPercent && ValHundredths(box.text) > statement.high) {
-      wrong = " is more than an exchange can hold; " + FormatHundredths(statement.high) + " is the most.";
+      wrong = " is more than an exchange can hold; the maximum is " + FormatHundredths(statement.high) + ".";
     }
     if (wrong.empty()) continue;
     context().questions.Box(std::string(statement.name).append(": ").append(box.text).append(wrong), true);

@@ -9,7 +9,8 @@
 
 namespace tarvok::editors {
 
-/** `frmBillingMode`: how calls are charged, with the country by which the local code and the unit are told. */
+/** "Billing Mode" (`frmBillingMode`): how calls are charged, and the country, which decides local codes and
+ * the unit. */
 class BillingModeEditor : public EditorForm {
  public:
   BillingModeEditor(const EditorContext& context, const FormName& name);
@@ -33,7 +34,7 @@ class BillingModeEditor : public EditorForm {
 
   Control* country_;
   Control* local_code_;
-  std::vector<std::string> numbers_;  // of each entry of the countries
+  std::vector<std::string> numbers_;  // by entry of the countries
   std::string loaded_country_;
   std::string shown_country_;
 };

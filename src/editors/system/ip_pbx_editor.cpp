@@ -8,7 +8,7 @@
 namespace tarvok::editors {
 namespace {
 
-// 255 and FF are what is not set on the wire; the exchange is never told them.
+// 255 and FF mean "not set" to the exchange and are never sent.
 constexpr int kHighestPart = 254;
 constexpr std::string_view kUnsetMac = "FF";
 constexpr std::string_view kHighestMac = "FE";

@@ -7,8 +7,8 @@
 
 namespace tarvok::editors {
 
-/** `frmSetIP`: the exchange's address, `txtIP_Port(0)` to (3), and the last bytes of its MAC address,
- * `txtRunScript(0)` and (1). A dot or Return goes on to the next box. */
+/** "IP PBX" (`frmSetIP`): the exchange's IP address, `txtIP_Port(0)` to (3), and the last bytes of its MAC
+ * address, `txtRunScript(0)` and (1). A dot or Return moves to the next box. */
 class IpPbxEditor : public EditorForm {
  public:
   IpPbxEditor(const EditorContext& context, const FormName& name);

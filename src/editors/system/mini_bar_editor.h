@@ -5,7 +5,8 @@
 
 namespace tarvok::editors {
 
-/** `frmMiniBar`: 512 items by the number under which a guest's use is noted. Its rows end in a pipe. */
+/** "Mini Bar" (`frmMiniBar`): 512 items, by the number under which a guest's consumption is recorded. Rows
+ * end with a pipe. */
 class MiniBarEditor : public FieldTableEditor {
  public:
   MiniBarEditor(const EditorContext& context, const FormName& name);

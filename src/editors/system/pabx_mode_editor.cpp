@@ -14,7 +14,7 @@ namespace {
 
 using namespace pabx_mode;
 
-/** The fields that are flags, and the indices of their boxes. */
+/** The flag fields and the indices of their boxes. */
 constexpr std::pair<int, int> kFlags[] = {
     {kPrintCallRecord, 1}, {kCheckCredit, 2},       {kManual, 3},         {kCheckBadCo, 4},
     {kWarningTone, 5},     {kPaperFeed, 6},         {kCheckDuplicate, 7}, {kRecordLastPerson, 8},

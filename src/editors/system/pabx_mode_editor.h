@@ -8,8 +8,8 @@
 
 namespace tarvok::editors {
 
-/** `frmPABXMode`: the switches that govern the exchange as a whole. `Check1` are the flags, `Option1(0)` and
- * (1) the manual mode, `Option1(2)` and (3) where a busy DID call goes. */
+/** "PABX Mode" (`frmPABXMode`): switches for the whole exchange. `Check1` are the flags, `Option1(0)` and (1)
+ * the manual mode, `Option1(2)` and (3) the target of busy DID calls. */
 class PabxModeEditor : public EditorForm {
  public:
   PabxModeEditor(const EditorContext& context, const FormName& name);
@@ -21,7 +21,7 @@ class PabxModeEditor : public EditorForm {
  private:
   void AddFlags();
   void FillNumbers(const IniText& project);
-  /** What depends on other switches shows itself or not. */
+  /** Shows or hides the controls that depend on other switches. */
   void Follow();
   Control& Flag(int field);
 
@@ -32,7 +32,7 @@ class PabxModeEditor : public EditorForm {
   Control* numbers_;  // cmbNum
   Control* limit_;    // txtT2T
   Control* revision_;
-  std::vector<std::string> ports_;  // of each entry of cmbNum, as its number row says
+  std::vector<std::string> ports_;  // by entry of cmbNum: the port of its number row
 };
 
 }  // namespace tarvok::editors

@@ -8,7 +8,7 @@
 
 namespace tarvok::editors {
 
-/** `frmRunScript`: the numbers of the scripts that run at seven events, `txtRunScript(0)` to (6). */
+/** "Run Script" (`frmRunScript`): the numbers of the scripts for seven events, `txtRunScript(0)` to (6). */
 class RunScriptEditor : public EditorForm {
  public:
   RunScriptEditor(const EditorContext& context, const FormName& name);

@@ -22,14 +22,14 @@ EntryRule TimeRule() {
   return rule;
 }
 
-/** A blank and the numbers that a field takes. */
+/** A blank and the numbers of the field's range. */
 std::vector<std::string> Numbers(const Table& table) {
   std::vector<std::string> entries = NumberedEntries(table.fields[0].low, table.fields[0].high);
   entries.insert(entries.begin(), std::string());
   return entries;
 }
 
-/** A holiday in the form in which the buttons make it, so that equal days are equal texts. */
+/** A holiday in the form that the buttons make, so that equal days are equal texts. */
 std::string HolidayOf(std::string_view stored) {
   const FieldList fields(stored);
   const auto text = [&](int field) {
@@ -107,7 +107,7 @@ FormLayout SystemConfigEditor::HolidayGroup() {
   list_->changed = [this] { ShowHoliday(); };
   month_ = &AddCombo({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
   day_ = &AddCombo({"cmbDay"}, "", NumberedEntries(1, 31, 2));
-  month_->data = day_->data = false;  // they only say what a button is to take
+  month_->data = day_->data = false;  // they are only input for the buttons
   month_->current = day_->current = 0;
   Control& add = AddButton("cmdHAdd", "A&dd", [this] { AddMember(); });
   Control& apply = AddButton("cmdHApply", "App&ly", [this] { ApplyMembers(); });

@@ -11,22 +11,22 @@
 
 namespace tarvok::editors {
 
-/** `frmSystemConfig`: when the day and the night begin, voice mail and record numbers, the music source, and
- * the holidays. */
+/** "System Configuration" (`frmSystemConfig`): when day and night start, the voice mail and record numbers,
+ * the music source, and the holidays. */
 class SystemConfigEditor : public EditorForm {
  public:
   SystemConfigEditor(const EditorContext& context, const FormName& name);
 
-  // The same holidays and times for a calendar and for bars over a day.
+  // The holidays and times, for views such as a calendar.
 
-  /** Month and day of every holiday, as far as its row holds numbers. */
+  /** Month and day of every holiday whose row holds numbers. */
   std::vector<std::pair<int, int>> Holidays() const;
-  /** Adds the day, or takes it out after the question, as the buttons do. */
+  /** Adds the day, or removes it after asking, like the buttons. */
   void TurnHoliday(int month, int day);
-  /** Day and night time of a weekday, Sunday 0, as typed. */
+  /** Day and night time of a weekday (0 is Sunday), as typed. */
   std::pair<std::string, std::string> Times(int weekday) const;
 
-  /** A holiday of the project, by the number of its key. */
+  /** Chooses a holiday of the project, by the number of its key. */
   bool ShowPlace(std::string_view section, int row, int field) override;
 
  protected:
@@ -63,8 +63,8 @@ class SystemConfigEditor : public EditorForm {
   Control* month_;
   Control* day_;
   std::array<Weekday, kWeekdays> week_;
-  int weekday_ = 0;                    // whose times are shown
-  std::vector<std::string> holidays_;  // each as HolidayText makes it
+  int weekday_ = 0;                    // the weekday whose times are shown
+  std::vector<std::string> holidays_;  // each as made by HolidayText
 };
 
 }  // namespace tarvok::editors

@@ -1,4 +1,4 @@
-// The editors of what belongs to the exchange as a whole.
+// The editors of settings of the exchange as a whole.
 
 #include "editors/editors.h"
 #include "editors/system/billing_mode_editor.h"

@@ -12,23 +12,23 @@
 
 namespace tarvok::editors {
 
-/** A field's name as a label in front of its control. */
+/** A field's name as the label of its control. */
 inline std::string LabelOf(const Table& table, int field) {
   return std::string(table.fields[static_cast<std::size_t>(field) - 1].name) + " :";
 }
 
-/** Digits of any number. */
+/** Any number of digits. */
 inline EntryRule AnyDigits() {
   return DigitsRule(0);
 }
 
-/** What is typed into a box, or the highest value that its field takes. Places behind the point count. */
+/** The text of a box, or `highest` if its value, decimals included, is at least that. */
 inline std::string AtMost(std::string_view typed, int highest) {
   constexpr std::int64_t kHundred = 100;
   return ValHundredths(typed) >= highest * kHundred ? std::to_string(highest) : std::string(typed);
 }
 
-/** "1" for a box that is set. */
+/** "1" if the box is on, "0" otherwise. */
 inline std::string_view FlagText(const Control& box) {
   return box.on ? "1" : "0";
 }
