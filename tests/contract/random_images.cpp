@@ -18,7 +18,7 @@ Images ImagesOf(int version, unsigned kind) {
                  kind == 1 ? 255 : 0);
     if (kind < 2 || image.empty()) continue;
     for (std::uint8_t& byte : image) {
-      const std::uint32_t choice = random() % 4;  // small numbers, bytes that are not set, and all others
+      const std::uint32_t choice = random() % 4;  // small numbers, bytes that are not set, or any byte
       byte = static_cast<std::uint8_t>(choice == 0   ? 255
                                        : choice == 1 ? 0
                                                      : random() % (choice == 2 ? 20 : 256));

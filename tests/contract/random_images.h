@@ -11,8 +11,8 @@ namespace tarvok::test {
 
 using Images = std::map<int, std::vector<std::uint8_t>>;  // by section
 
-/** Images for all sections of a version: all 0, all 255, or, behind these, random ones of which every third
- * are cut short. */
+/** Images for all sections of a version. Kind 0 is all 0, kind 1 is all 255, others are random, every third
+ * of them cut short. */
 Images ImagesOf(int version, unsigned kind);
 inline constexpr unsigned kConstantKinds = 2;
 inline constexpr unsigned kKinds = 5;

@@ -1,4 +1,4 @@
-// Walks the registry and the statements: what holds for every section at every version.
+// What must hold for every section in every version; covers the whole registry and all statements.
 
 #include <algorithm>
 #include <map>
@@ -17,7 +17,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-/** Calls `take(section, layout)` for each layout in which some version is sent a section. */
+/** Calls `take(section, layout)` for each layout in which a section is sent to any version. */
 template <typename Take>
 void ForEachSentLayout(Take take) {
   std::set<const WireLayout*> seen;
@@ -36,16 +36,16 @@ std::string NameOf(const Table& table, int n) {
   return std::string(table.section).append(" ").append(table.fields[index].name);
 }
 
-/** Sections whose rows share a pool, so that one row moves those behind it. */
+/** Sections whose rows share a pool, so that a row shifts those after it. */
 const std::set<int> kPools = {5, 6, 11, 15};
-/** A field that shares a byte with others of its row, and why. */
+/** Fields that share a byte with others of their row, and why. */
 const std::map<std::string, std::string> kSharedBytes = {
-    {"Port_Def DND", "one byte of flags says of five numbers whether they are there"},
+    {"Port_Def DND", "one byte of flags says which of five numbers are set"},
     {"SystemConfig DID Busy Transfer To", "one byte holds the switch and its target"},
     {"TblRoute Card ID", "one byte holds the card and the device"},
     {"DIDRedirect Map Type", "one word holds the type and the number"},
 };
-/** Fields that no version is sent. The link of an E1 goes out as the card and channel of its ports. */
+/** Fields that are sent to no version. An E1 link is sent as the cards and channels of its ports. */
 const Names kStayAtHome = {"Incoming_List Name",
                            "SystemConfig Check Duplicate Record",
                            "SystemConfig Time Expand In",
@@ -53,7 +53,7 @@ const Names kStayAtHome = {"Incoming_List Name",
                            "E1Map Start",
                            "E1Map End"};
 
-/** Full values of a section's single keys but for one: some go out only beside another. */
+/** Full values of all single keys of a section except one: some are only sent together with another. */
 std::string OtherKeys(int section, const Table& table) {
   std::string keys;
   for (const Table* other : TablesOf(section)) {
@@ -62,7 +62,7 @@ std::string OtherKeys(int section, const Table& table) {
   return keys;
 }
 
-/** The offsets at which two images of one size differ. */
+/** The offsets at which two images of the same size differ. */
 std::set<int> Changed(const ImageWriter& a, const ImageWriter& b) {
   std::set<int> changed;
   for (int at = 0; at < a.size(); ++at) {
@@ -72,8 +72,8 @@ std::set<int> Changed(const ImageWriter& a, const ImageWriter& b) {
   return changed;
 }
 
-/** Changes each field of the second of three full rows. The bytes that change are no other field's, and lie
- * in that row's record. */
+/** Changes each field of the second of three full rows. The changed bytes must belong to no other field and
+ * must be in that row's record. */
 void ExpectOwnBytes(const WireLayout& layout, const Table& table, const std::string& others,
                     Names& travelled) {
   const bool rows = !table.single();
@@ -100,7 +100,7 @@ void ExpectOwnBytes(const WireLayout& layout, const Table& table, const std::str
   }
 }
 
-TEST(SectionContract, AFieldChangesItsOwnBytesAlone) {
+TEST(SectionContract, AFieldChangesOnlyItsOwnBytes) {
   Names travelled;
   Names all;
   ForEachSentLayout([&](int section, const WireLayout& layout) {
@@ -113,16 +113,16 @@ TEST(SectionContract, AFieldChangesItsOwnBytesAlone) {
   for (const std::string& name : all) EXPECT_NE(travelled.contains(name), kStayAtHome.contains(name)) << name;
 }
 
-/** Numbers that are no error where they are far too large, and why. */
+/** Numbers for which a value that is far too large is not an error, and why. */
 const std::map<std::string, std::string> kNeverTooLarge = {
-    {"E1Map Start", "a port that is not there goes out as not set"},
-    {"E1Map End", "so does this one"},
-    {"TblRoute Gateway", "one that no byte holds is 1"},
-    {"SystemConfig Time Expand In", "it does not travel"},
-    {"SystemConfig Charge Expand In", "it does not travel"},
+    {"E1Map Start", "a port that does not exist is sent as not set"},
+    {"E1Map End", "as Start"},
+    {"TblRoute Gateway", "a value that does not fit into a byte is sent as 1"},
+    {"SystemConfig Time Expand In", "it is not sent"},
+    {"SystemConfig Charge Expand In", "it is not sent"},
 };
 
-TEST(SectionContract, ANumberThatIsTooLargeIsAnErrorOfItsField) {
+TEST(SectionContract, ReportsNumbersThatAreTooLarge) {
   const std::string kTooLarge = "70000";
   Names refused;
   Names numbers;
@@ -147,27 +147,26 @@ TEST(SectionContract, ANumberThatIsTooLargeIsAnErrorOfItsField) {
     EXPECT_NE(refused.contains(name), kNeverTooLarge.contains(name)) << name;
 }
 
-/** Sections in which rubbish from the wire does not go out again as it came in, not even at the second round
- * trip, and why. */
-const std::map<int, std::string> kUnstableRubbish = {
-    {4, "a voice mail use that is none comes back as 0, and with it the defaults of its fields change"},
-    {10, "a text loses blanks at its ends in the file, and a pipe in it is the end of a field"},
-    {11, "a group's members may be more than the file's reader gives of a value"},
+/** Sections in which garbage from the wire is not stable even after the second round trip, and why. */
+const std::map<int, std::string> kUnstableGarbage = {
+    {4, "an invalid voice mail use comes back as 0, which changes the defaults of its fields"},
+    {10, "a text loses its leading and trailing blanks in the file, and a pipe in it ends a field"},
+    {11, "a group may have more members than can be read from a value"},
     {13, "as section 38"},
     {15, "as section 11"},
-    {38, "two halves F of neighbouring bytes meet in a byte 255, which is no digit when it comes back"},
+    {38, "two neighbouring half bytes F make a byte 255, which is not a digit when it comes back"},
     {39, "as section 38"},
     {42, "as section 38"},
 };
-/** The same for whatever comes in. */
+/** The same for all data, not only garbage. */
 const std::map<int, std::string> kUnstable = {
-    {17, "a number without account and password goes out with a mark of its own, and comes back as not set"},
-    {19, "a digit check goes out as hexadecimal and comes back as decimal digits: 12, 18, 24"},
-    {26, "so do the month and the day of a holiday"},
+    {17, "a number without account and password is sent with a special mark and comes back as not set"},
+    {19, "a digit check is sent as hexadecimal and comes back as decimal digits: 12, 18, 24"},
+    {26, "so are the month and the day of a holiday"},
 };
 
-/** Encodes what a load from the version asks for. A layout that is sent otherwise than it is read is left
- * out. Rubbish may be an error where it may be unstable. */
+/** Encodes the sections that a load from the version requests, except layouts that are sent differently from
+ * how they are read. Where garbage may be unstable, it may also be an error. */
 Images Send(int version, const IniText& project) {
   Images images;
   for (const Section* section : ReadPlan(version)) {
@@ -177,7 +176,7 @@ Images Send(int version, const IniText& project) {
       continue;
     ImageWriter image(layout->size);
     layout->encode(project, image);
-    EXPECT_TRUE(image.ok() || kUnstableRubbish.contains(section->number) ||
+    EXPECT_TRUE(image.ok() || kUnstableGarbage.contains(section->number) ||
                 kUnstable.contains(section->number))
         << image.error() << ", version " << version;
     images[section->number] = image.bytes();
@@ -196,7 +195,7 @@ Names OwnKeys(int section) {
   return own;
 }
 
-TEST(SectionContract, ADecoderWritesItsOwnKeysAlone) {
+TEST(SectionContract, ADecoderWritesOnlyItsOwnKeys) {
   std::map<int, Names> own;
   for (const Section& section : Sections()) own[section.number] = OwnKeys(section.number);
   for (const int version : {100, 101, 104, 107, 110}) {
@@ -216,20 +215,20 @@ TEST(SectionContract, ADecoderWritesItsOwnKeysAlone) {
   }
 }
 
-/** What even a project of good values does not bring back at once, up to which version, and why. */
+/** Sections that lose valid values in the first round trip, up to which version, and why. */
 struct Loss {
   int last_version;
   std::string why;
 };
 const std::map<int, Loss> kNotTheSameAtOnce = {
-    {4, {107, "the mark of a boss is gone where bosses and secretaries do not travel"}},
-    {18, {kHighestVersion, "ports that are no E1 ports are not found again"}},
-    {27, {kHighestVersion, "a layout that is missing comes back as one of blank buttons"}},
+    {4, {107, "the mark of a boss is lost if bosses and secretaries are not sent"}},
+    {18, {kHighestVersion, "ports that are not E1 ports are not found again"}},
+    {27, {kHighestVersion, "a missing layout comes back as one of blank buttons"}},
     {37, {kHighestVersion, "a number that is not set comes back as 0"}},
-    {43, {kHighestVersion, "rows of the route map that are blank are gone, and their time limit with them"}},
+    {43, {kHighestVersion, "blank rows of the route map are lost, together with their time limit"}},
 };
 
-/** The fullest rows in the first and the last place of every table. */
+/** A project with the fullest values in the first and the last row of every table. */
 std::string FullProject() {
   const IniText nothing;
   IniEdit project(nothing);
@@ -244,7 +243,7 @@ std::string FullProject() {
   return project.Bytes();
 }
 
-TEST(SectionContract, RoundTripsChangeNothingMore) {
+TEST(SectionContract, RoundTripsAreStable) {
   const IniText hotel(SourceFile("/examples/hotel.tvk"));
   const IniText full(FullProject());
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
@@ -258,7 +257,7 @@ TEST(SectionContract, RoundTripsChangeNothingMore) {
         SCOPED_TRACE("section " + std::to_string(number) + ", version " + std::to_string(version) +
                      ", start " + std::to_string(i));
         const bool rubbish = i >= projects + kConstantKinds;
-        if (kUnstable.contains(number) || (rubbish && kUnstableRubbish.contains(number))) continue;
+        if (kUnstable.contains(number) || (rubbish && kUnstableGarbage.contains(number))) continue;
         EXPECT_EQ(twice.at(number), image);
         const auto loss = kNotTheSameAtOnce.find(number);
         const bool lost = loss != kNotTheSameAtOnce.end() && version <= loss->second.last_version;

@@ -48,7 +48,7 @@ ValuePair ValuesOf(const Field& field) {
     return {Padded(rows.last - rows.base, field.width), Padded(rows.first - rows.base, field.width)};
   }
   if (kind == FieldKind::kHex) return {"FE", "0"};
-  // One form has a byte for what two could hold, and 655.35 goes out as 0 in some places.
+  // Charge Expand has only one byte, and 655.35 is sent as 0 in some places.
   if (kind == FieldKind::kAmount)
     return {field.name == "Charge Expand" ? "255" : FormatHundredths(field.high - 1), "0"};
   if (kind == FieldKind::kDigits) return {std::string(std::min<std::size_t>(length, 20), '9'), "1"};

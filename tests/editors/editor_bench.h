@@ -21,21 +21,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/** A project and an editor over it, driven by a key script as a person would; what it says and asks comes out
- * as lines. */
+/** A project and an editor, driven by a key script. Boxes and questions are recorded as lines. */
 class EditorBench {
  public:
   static constexpr const char* kProject = "/p.tvk";
   static constexpr const char* kSystemFile = "/system.tvs";
 
-  /** `project` is a project's text without its header. */
+  /** `project` is the text of a project without its header. */
   explicit EditorBench(std::string_view project = {}) {
     files.Put(kProject, "[Chk_Tarvok]\nChk=TARVOK\n" + std::string(project));
     state.project_file = kProject;
   }
 
-  /** Opens the form and runs the script, a command a line; a line that is wrong fails the test. Returns what
-   * came out, a line each. A form that a script before left open is gone without a save. */
+  /** Opens the form and runs the script, one command per line; an invalid line fails the test. Returns the
+   * output lines. A form that is still open is dropped without saving. */
   std::vector<std::string> Run(std::string_view form, const std::string& script) {
     Open(form);
     return Go(script);
@@ -51,7 +50,7 @@ class EditorBench {
                                  .keep = {},
                                  .end_program = {}});
   }
-  /** Goes on with the open form. */
+  /** Runs a script on the open form. */
   std::vector<std::string> Go(const std::string& script) {
     lines.clear();
     FormScript runner(*editor, questions);
@@ -63,7 +62,7 @@ class EditorBench {
   std::string Get(std::string_view section, std::string_view key) {
     return store.GetIniValue(kProject, section, key);
   }
-  /** The cells of a row of the open form's table, from one column to another. */
+  /** The cells of a row of the open form's table, from column `first` to `last`. */
   std::vector<std::string> Cells(int row, int first, int last) const {
     std::vector<std::string> cells;
     for (int column = first; column <= last; ++column) cells.push_back(editor->table()->Cell(row, column));
@@ -80,7 +79,7 @@ class EditorBench {
   std::unique_ptr<EditorForm> editor;
 };
 
-/** Runs a script on a form over a project: what comes out, a line each, and the keys that it leaves. */
+/** Runs a script on a form and checks its output, line by line, and the resulting keys of the project. */
 inline void ExpectEdit(std::string_view form, std::string_view project, const std::string& script,
                        const std::string& said, const std::string& keys) {
   EditorBench bench(project);

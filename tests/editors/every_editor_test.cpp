@@ -10,19 +10,18 @@
 namespace tarvok::test {
 namespace {
 
-/** What a save changes although nothing was edited, by design: rows that the project lacked are written. On the
- * wire they are not the same as a missing one. */
+/** Changes that a save makes by design although nothing was edited: it writes rows that the project did not
+ * have. On the wire they differ from missing rows. */
 bool IsByDesign(std::string_view form, const Difference& difference) {
   static const std::multimap<std::string_view, std::string_view> kRows = {
-      {"frmSetRoute",
-       "PBX Link"},  // a missing entry is 0x10, a blank one 0x00; the gateway shows its first number
-      {"frmSetupKey", "Layout"},  // a missing layout is 0, one without keys 255
+      {"frmSetRoute", "PBX Link"},  // missing is 0x10, blank is 0x00; the gateway shows its first number
+      {"frmSetupKey", "Layout"},    // a missing layout is 0, one without keys is 255
   };
   const auto [first, last] = kRows.equal_range(form);
   return std::any_of(first, last, [&](const auto& row) { return difference.row.starts_with(row.second); });
 }
 
-/** The example, and a project as New makes it. */
+/** The example, and a new project. */
 const std::string kProjects[] = {SourceFile("/examples/hotel.tvk"), SourceFile("/data/system.tvs")};
 
 EditorBench BenchOf(const std::string& project) {
@@ -32,14 +31,14 @@ EditorBench BenchOf(const std::string& project) {
   return bench;
 }
 
-/** Opens a form and saves what it shows, whether something was changed or not. */
+/** Opens a form and forces a save without a change. */
 void SaveAll(EditorBench& bench, const Editor& editor) {
   bench.Run(editor.name.form, "");
   bench.state.data_changed = true;
   bench.Go("click cmdOK\n");
 }
 
-TEST(EveryEditor, OpenedAndLeftByOkChangesNoByte) {
+TEST(EveryEditor, OkWithoutAChangeKeepsEveryByte) {
   for (const std::string& project : kProjects) {
     for (const Editor* editor : Editors()) {
       EditorBench bench = BenchOf(project);
@@ -50,7 +49,7 @@ TEST(EveryEditor, OpenedAndLeftByOkChangesNoByte) {
   }
 }
 
-TEST(EveryEditor, ASaveOfWhatWasLoadedMeansTheSame) {
+TEST(EveryEditor, SavingUnchangedKeepsTheMeaning) {
   for (const std::string& project : kProjects) {
     for (const Editor* editor : Editors()) {
       EditorBench bench = BenchOf(project);
@@ -67,9 +66,9 @@ TEST(EveryEditor, ASaveOfWhatWasLoadedMeansTheSame) {
   }
 }
 
-/** Rows with too few fields, rubbish, references to nothing: no editor may fall over them. One that can't save
- * them says so. */
-TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
+/** Rows with too few fields, garbage and dangling references must not break any editor. An editor that cannot
+ * save them must say so. */
+TEST(EveryEditor, OpensAndSavesGarbage) {
   for (const char* value : {"", "F", "|", "||||", "999|999|999|999|999|999", "x", "F|x|F|x", "0", "-1|-1|-1",
                             "99999999999999999999|1|1|0|0", "|1", "1|", "|99999999999||F|-1|x|1|2|3|4|5|6"}) {
     std::string rubbish;
@@ -87,14 +86,14 @@ TEST(EveryEditor, OpensAndSavesAProjectOfRubbish) {
   }
 }
 
-/** What a table gives out comes back as a file, and by the clipboard, and changes nothing. */
+/** Importing the table's own export, or pasting its own copy, must change nothing. */
 void ExpectOwnTextBack(TableEditor& table) {
   const std::string csv = ExportCsv(table);
   const std::size_t steps = table.Steps();
   EXPECT_EQ(ImportCsv(table, csv).message(), "");
   EXPECT_EQ(ExportCsv(table), csv);
   EXPECT_EQ(table.Steps(), steps);
-  bool breaks = false;  // in a cell, where the clipboard has no place for them
+  bool breaks = false;  // in a cell: the clipboard cannot hold them
   for (int row = 1; row <= table.rows(); ++row) {
     for (const std::string& cell : table.row(row).cells)
       breaks = breaks || cell.find_first_of("\t\r\n") != std::string::npos;
@@ -111,7 +110,7 @@ void ExpectOwnTextBack(TableEditor& table) {
   EXPECT_EQ(table.Steps(), steps);
 }
 
-TEST(EveryEditor, ATableTakesItsOwnTextBack) {
+TEST(EveryEditor, ATableAcceptsItsOwnText) {
   std::map<std::string, std::string> projects = {{"hotel", kProjects[0]}, {"new", kProjects[1]}};
   for (const int version : {102, 110}) {
     for (unsigned kind = 0; kind < kKinds; ++kind) {
@@ -130,7 +129,7 @@ TEST(EveryEditor, ATableTakesItsOwnTextBack) {
       if (table == nullptr) continue;
       ++tables;
       ExpectOwnTextBack(*table);
-      for (Control& list : bench.editor->controls()) {  // the other pages of a table that has some
+      for (Control& list : bench.editor->controls()) {  // the other pages of a table, if there are any
         for (int page = 1; list.kind == ControlKind::kList && page < static_cast<int>(list.entries.size());
              page += 7) {
           bench.editor->ChooseEntry(list, page);
@@ -142,7 +141,7 @@ TEST(EveryEditor, ATableTakesItsOwnTextBack) {
   EXPECT_GT(tables, 100);
 }
 
-TEST(EveryEditor, AFindingInAHolidayChoosesThatOne) {
+TEST(EveryEditor, AFindingSelectsItsHoliday) {
   EditorBench bench("[SystemConfig]\nW01=01|01\nW03=12|24\n");
   bench.Open("frmSystemConfig");
   EXPECT_TRUE(bench.editor->ShowPlace("SystemConfig", 3, 1));

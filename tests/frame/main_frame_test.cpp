@@ -32,8 +32,8 @@ class Bench : public MainFrameView {
     std::map<std::string_view, FormFactory> forms;
     for (const Command& command : kCommands) {
       if (command.key == "vmbox") continue;  // not built yet
-      forms[command.key] = [this, &command](const FormContext& lent) {
-        context.emplace(lent);
+      forms[command.key] = [this, &command](const FormContext& passed) {
+        context.emplace(passed);
         did.push_back("load " + std::string(command.recorded));
         return std::make_unique<FakeForm>(*this, command);
       };

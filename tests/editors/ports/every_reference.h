@@ -9,15 +9,15 @@
 
 namespace tarvok::test {
 
-/** The value of a port row: card, channel and type, its number row, and with `forward` a hidden field. */
+/** The value of a port row. `place` is card, channel and type; `forward` is a field without a column. */
 inline std::string Port(std::string_view place, std::string_view number = "F",
                         std::string_view forward = "F") {
   return std::string(place) + "|F|F|F|F|F|F|" + std::string(forward) + "|F|F|F|F|F|" + std::string(number) +
          "|F|F|F|F|F|F|F";
 }
 
-/** A project with every kind of reference to ports and to numbers; neither stand in the order in which a save
- * puts them: ports 5, 4, 3, 1, 2 and numbers 2, 1, 3. */
+/** A project with every kind of reference to ports and numbers. A save reorders both: ports to 5, 4, 3, 1, 2
+ * and numbers to 2, 1, 3. */
 inline std::string EveryReference() {
   return "[Port_Def]\nMax=500\nNow=5\n001=" + Port("3|1|6") + "\n002=" + Port("3|2|6") +
          "\n003=" + Port("2|1|2") + "\n004=" + Port("1|2|1", "002") + "\n005=" + Port("1|1|1", "001", "77") +

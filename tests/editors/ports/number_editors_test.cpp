@@ -1,4 +1,4 @@
-// The forms of single numbers, of hunt groups and of profiles.
+// Tables of numbers, hunt groups and port profiles.
 
 #include "tests/editors/editor_bench.h"
 #include "tests/editors/ports/every_reference.h"
@@ -7,14 +7,14 @@
 namespace tarvok::test {
 namespace {
 
-TEST(NumberForms, ASortTakesTheProfilesOfALinkTrunkAlong) {
+TEST(NumberEditors, ProfilesFollowASortOfLinkTrunks) {
   ExpectEdit("frmLinkTrunk",
              "[LinkTrunk]\n01=9\n02=\n03=5\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|1|0|0|F|8\n",
              "click cmdSort\nclick cmdOK\n", "",
              "[LinkTrunk]\n01=5\n02=9\n[PortConfig]\n01=F|F|1|0|0|0|0|0|0|F|0|0|0|0|2|0|0|F|8\n");
 }
 
-TEST(NumberForms, LeavingAsksOnlyForChanges) {
+TEST(NumberEditors, LeavingAsksOnlyAfterChanges) {
   const std::string ask =
       "ask: Data was change if you closed this windows data may be lost.  Do you want to save? -> ";
   const std::string project = "[VMCallBack]\n01=12|F\n";
@@ -25,18 +25,18 @@ TEST(NumberForms, LeavingAsksOnlyForChanges) {
              "[VMCallBack]\n01=1|F\n02=F|F\n");
 }
 
-TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
+TEST(NumberEditors, StaysOpenAfterAFailedOrOutdatedSave) {
   EditorBench bench("[LinkTrunk]\n01=5\n");
   bench.Run("frmLinkTrunk", "go 2 1\ntype 7\n");
   bench.files.Put(EditorBench::kProject, "[Chk_Tarvok]\nChk=TARVOK\n[LinkTrunk]\n01=6\n");
-  EXPECT_THAT(bench.Go("click cmdOK\n"),  // without an answer
+  EXPECT_THAT(bench.Go("click cmdOK\n"),  // without a prepared answer
               ElementsAre("ask: The project was changed by another program. Yes overwrites what the other "
                           "program wrote to this table. Do you still want to save? -> No"));
   EXPECT_TRUE(!bench.editor->closed() && bench.editor->save_refused());
   bench.files.calls = 0;
   bench.files.fail_at = 1;
   EXPECT_THAT(bench.Go("answer Yes\nclick cmdOK\n"),
-              testing::SizeIs(2));  // asked again, and told why it failed
+              testing::SizeIs(2));  // a question, and the reason for the failure
   EXPECT_FALSE(bench.editor->closed());
   EXPECT_TRUE(bench.state.data_changed);
   bench.files.fail_at = 0;
@@ -44,8 +44,8 @@ TEST(NumberForms, ASaveThatFailsOrThatOthersOvertookLeavesTheFormOpen) {
   EXPECT_EQ(bench.Get("LinkTrunk", "02"), "7");
 }
 
-TEST(NumberForms, AProjectThatIsGoneIsNotMadeAnewByASave) {
-  const std::string gone = "box: The project /p.tvk is missing. Put it back in its place and try again.";
+TEST(NumberEditors, SavingDoesNotRecreateAMissingProject) {
+  const std::string gone = "box: The project /p.tvk is gone. Bring it back to that place and try again.";
   const std::string no_project = "box: /p.tvk File not found or File not correct.";
   for (const auto& [left, said] :
        {std::pair<const char*, std::string>{nullptr, gone}, {"[A]\nx=1\n", no_project}}) {
@@ -64,7 +64,7 @@ TEST(NumberForms, AProjectThatIsGoneIsNotMadeAnewByASave) {
   }
 }
 
-TEST(HuntGroups, MembersComeAndGoInTheirOrder) {
+TEST(HuntGroupEditor, AddsAndDeletesMembersInOrder) {
   ExpectEdit("frmGrpHunt",
              "[Assign]\nNow=4\n001=201|0|001|F|001\n002=300|1|1|F|F\n003=202|0|002|F|F\n004=F|0|F\n"
              "[Name]\nNow=1\n001=Bar\n[HuntGroup]\nNow=9\n01=003|002||F|777\n03=001\n",
@@ -76,7 +76,7 @@ TEST(HuntGroups, MembersComeAndGoInTheirOrder) {
              "[HuntGroup]\n01=003|777|001\n03=\n07=001\n20=\nNow=4\n");
 }
 
-TEST(HuntGroups, TheLastMemberThatFitsIsTheFiveHundredth) {
+TEST(HuntGroupEditor, AcceptsFiveHundredMembers) {
   std::string members = "001";
   for (int i = 1; i < 499; ++i) members += "|001";
   ExpectEdit("frmGrpHunt", "[Assign]\nNow=1\n001=201|0|001\n[HuntGroup]\n20=" + members + "\n",
@@ -84,7 +84,7 @@ TEST(HuntGroups, TheLastMemberThatFitsIsTheFiveHundredth) {
              "box: Over limit data you cannot add. ", "[HuntGroup]\n01=001\nNow=500\n");
 }
 
-TEST(Profiles, ControlsBecomeFields) {
+TEST(PortConfigEditor, StoresControlsInFields) {
   ExpectEdit("frmPortConfig_Def", "[COR_Group]\n02=01\n12=03|04\n",
              "list cmbClass_d\nlist cmbTransfer\nvalue txtSetCO\nvalue cmbOE\nclick lsPortConfig(4)\n"
              "focus cmbClass_d\npick COR Group 02\nfocus cmbClass_n\npick COR Group 12\nfocus cmbTransfer\n"
@@ -100,7 +100,7 @@ TEST(Profiles, ControlsBecomeFields) {
              "07=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n08=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|16\n");
 }
 
-TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
+TEST(PortConfigEditor, ShowsOldValuesAndStoresThemInTheControlsForm) {
   ExpectEdit(
       "frmPortConfig_Def",
       "[PortConfig]\n01=3|x|2|3|4|9|300|0|F|12|0|7|0|0|31|0|0|F|0\n02=F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|8\n"
@@ -115,7 +115,7 @@ TEST(Profiles, OldValuesAreShownAndStoredAsTheControlsSay) {
       "03=F|F|1|0|0|0|0|0|0|F|0|1|0|0|0|0|0|F|255\n04=05|F|F|1|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F\n-05\n");
 }
 
-TEST(Profiles, AGroupWithoutClassesIsShownAndKept) {
+TEST(PortConfigEditor, ShowsAndKeepsAGroupWithoutClasses) {
   const std::string project = "[PortConfig]\n01=5|07|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|6|8\n[COR_Group]\n03=01\n";
   ExpectEdit("frmPortConfig_Def", project,
              "list cmbClass_d\nvalue cmbHoldCOR\nset chkFAX 1\nfocus cmbClass_n\npick\nclick cmdOK\n",
@@ -123,7 +123,7 @@ TEST(Profiles, AGroupWithoutClassesIsShownAndKept) {
              "[PortConfig]\n01=05|F|1|0|0|0|0|0|0|F|0|0|1|0|0|0|0|06|8\n");
 }
 
-TEST(Profiles, WhatAnExchangeMayHoldBeyondTheListsStays) {
+TEST(PortConfigEditor, KeepsValuesOfAnExchangeBeyondTheLists) {
   ExpectEdit("frmPortConfig_Def",
              "[PortConfig]\n01=120|121|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|122|17\n"
              "02=F|F|1|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|254\n",

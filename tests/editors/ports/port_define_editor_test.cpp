@@ -5,7 +5,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(PortDefine, ASaveSortsAndEveryReferenceStaysOnItsPort) {
+TEST(PortDefineEditor, SavingSortsAndUpdatesEveryReference) {
   ExpectEdit(
       "frmPortSys_Def", EveryReference(),
       "click mnu_Sort_ZA\ngo 1 PSW\ntype 1\npress Backspace\nclick cmdOK\n", "",
@@ -17,8 +17,8 @@ TEST(PortDefine, ASaveSortsAndEveryReferenceStaysOnItsPort) {
       "[Account]\n001=11|22|004|F|F|F\n002=12|22|005|F|F|F\n");
 }
 
-TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
-  // A number goes with its port, but for one that the row still shows.
+TEST(PortDefineEditor, ClearsReferencesToRemovedPorts) {
+  // A number is removed with its port unless the row still shows it.
   const std::tuple<const char*, const char*> cases[] = {
       {"select 4 1 5 3\ncut\nselect 1 1 1 3\ncut\n",
        "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[HuntGroup]\n01=001|002\n"},
@@ -35,7 +35,7 @@ TEST(PortDefine, WhatReferredToAPortThatIsGoneIsGone) {
   }
 }
 
-TEST(PortDefine, ACardThatIsReplacedTakesTheNumbersOfItsPortsAlong) {
+TEST(PortDefineEditor, AReplacedCardKeepsTheNumbersOfItsPorts) {
   std::string project = "[Port_Def]\nNow=17\n";
   std::string numbers = "[Assign]\nNow=17\n";
   for (int row = 1; row <= 16; ++row) {
@@ -53,7 +53,7 @@ TEST(PortDefine, ACardThatIsReplacedTakesTheNumbersOfItsPortsAlong) {
              "[HuntGroup]\n01=017\nNow=1\n");
 }
 
-TEST(PortDefine, AnIncompletePortKeepsItsNumberAndItsGroup) {
+TEST(PortDefineEditor, AnIncompletePortKeepsItsNumberAndGroup) {
   ExpectEdit(
       "frmPortSys_Def",
       "[Port_Def]\n001=3|1|2|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\nNow=1\n[Group_Out]\n03=001\nNow=1\n["
@@ -63,37 +63,36 @@ TEST(PortDefine, AnIncompletePortKeepsItsNumberAndItsGroup) {
       "[BOSS]\n01=F|F\n");
 }
 
-TEST(PortDefine, AGroupKeepsLinesOnly) {
+TEST(PortDefineEditor, AGroupKeepsOnlyLines) {
   ExpectEdit("frmPortSys_Def", EveryReference(), "go 2 Type\npick SLIC 16\nclick cmdOK\n", "",
              "[Group_Out]\n01=003|004\n02=\nNow=2\n");
 }
 
-TEST(PortDefine, NumbersAreLinkedToTheirPorts) {
+TEST(PortDefineEditor, LinksNumbersToTheirPorts) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"a number that changes keeps its row", "go 5 Number\npress Delete\ntype 250\n",
+      {"a changed number keeps its row", "go 5 Number\npress Delete\ntype 250\n",
        "[Assign]\n001=250|0|001|2|002\n[Port_Def]\n001=1|1|1|F*6|77|F*5|001|F*7\n"},
-      {"a number that is taken away is gone with all that refers to it", "go 4 Number\npress Delete\n",
+      {"a removed number loses all references", "go 4 Number\npress Delete\n",
        "[Assign]\n002=F|F|F|F|F\n[Port_Def]\n002=1|2|1|F*20\n[HuntGroup]\n01=001\nNow=1\n"
        "[Incoming_List]\n01=Night|001|1000|F|20\n"},
-      {"a number that moves to another port takes its row along",
+      {"a number that moves to another port keeps its row",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
        "[Assign]\n002=200|0|003|F|F\n[Port_Def]\n002=1|2|1|F*20\n003=2|1|2|F*12|002|F*7\n[HuntGroup]\n02="
        "002\n"},
-      {"two ports change their numbers",
+      {"two ports swap their numbers",
        "go 4 Number\npress Delete\ntype 201\ngo 5 Number\npress Delete\ntype 200\n",
        "[Assign]\n001=200|0|001|2|002\n002=201|0|002|F|F\n"},
-      {"a new number takes the first free row, above the rows in use if need be",
-       "go 3 Number\ntype 1234567\n",
+      {"a new number takes the first free row, even above the rows in use", "go 3 Number\ntype 1234567\n",
        "[Assign]\n004=123456|0|003|F|F\nNow=4\n[Port_Def]\n003=2|1|2|F*12|004|F*7\n"},
-      {"a new number does not inherit what meant the old one",
+      {"a new number does not inherit references to the old one",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 999\n",
        "[Assign]\n002=999|0|003|F|F\n[HuntGroup]\n02=\n"},
-      {"a new number leaves the row of one that another port takes over",
+      {"a new number leaves its row to the port that takes over the old number",
        "go 5 Number\npress Delete\ntype 999\ngo 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
        "[Assign]\n001=999|0|001|2|002\n002=200|0|003|F|F\n[HuntGroup]\n01=001|002\n"},
-      {"the number of a group stays what it is", "go 3 Number\ntype 300\n",
+      {"the number of a group does not change", "go 3 Number\ntype 300\n",
        "[Assign]\n003=300|1|1|F|001\n[Port_Def]\n003=2|1|2|F*12|003|F*7\n"},
-      {"the number of a group takes the place of the port's own, which nobody could reach any more",
+      {"the number of a group replaces the port's own, which becomes unreachable",
        "go 4 Number\npress Delete\ntype 300\n",
        "[Assign]\n002=F|F|F|F|F\n003=300|1|1|F|001\n[Port_Def]\n002=1|2|1|F*12|003|F*7\n[HuntGroup]\n"
        "01=001\n02=\nNow=1\n"},
@@ -104,7 +103,7 @@ TEST(PortDefine, NumbersAreLinkedToTheirPorts) {
   }
 }
 
-TEST(PortDefine, TheNumberOfACallGroupIsNoneToShare) {
+TEST(PortDefineEditor, TheNumberOfACallGroupIsNotShared) {
   ExpectEdit("frmPortSys_Def",
              "[Port_Def]\nNow=3\n001=" + Port("1|1|1") + "\n002=" + Port("1|2|1", "001") +
                  "\n003=" + Port("1|3|1") + "\n[Assign]\nNow=2\n001=500|2|01|F|F\n002=600|7|1|F|F\n",
@@ -113,8 +112,8 @@ TEST(PortDefine, TheNumberOfACallGroupIsNoneToShare) {
              "[Assign]\n001=500|2|01|F|F\n002=600|7|1|F|F\n003=500|0|001|F|F\nNow=3\n");
 }
 
-TEST(PortDefine, ASaveKeepsWhatNobodyTouched) {
-  // Two groups of one number, a list that has lost its name, and one that is not there.
+TEST(PortDefineEditor, SavingKeepsWhatWasNotEdited) {
+  // Two groups with one number, a list without a name, and one that does not exist.
   ExpectEdit("frmPortSys_Def",
              "[Port_Def]\nNow=3\n001=1|1|1|F|F|F|001|002\n002=1|2|1|F|F|F|3|051|F|F|F|F|F|F|F|032\n"
              "003=1|3|1|F|F|F|001|003|F|F|F|F|F|F|F|033\n[Assign]\nNow=33\n031=500|1|1|F|F\n"
@@ -127,7 +126,7 @@ TEST(PortDefine, ASaveKeepsWhatNobodyTouched) {
              "003=1|3|1|F|F|F|F|F*8|033|F*7\n[Assign]\n033=500|0|003|F|F\n");
 }
 
-TEST(PortDefine, ANumberWithoutARowLeavesTheFormOpen) {
+TEST(PortDefineEditor, StaysOpenIfANumberFindsNoRow) {
   std::string project = "[Port_Def]\nNow=1\n001=" + Port("1|1|1") + "\n[Assign]\nNow=500\n";
   for (int row = 1; row <= 500; ++row) project += Padded(row, 3) + "=5|1|1\n";
   EditorBench bench(project);
@@ -138,7 +137,7 @@ TEST(PortDefine, ANumberWithoutARowLeavesTheFormOpen) {
   EXPECT_FALSE(bench.editor->closed());
 }
 
-TEST(PortDefine, KeysThatWouldPassTheLimitAreDropped) {
+TEST(PortDefineEditor, DropsKeysBeyondTheLimit) {
   ExpectEdit("frmPortSys_Def", "[Port_Def]\nNow=2\n",
              "go 1 Card\ntype 1a23\ngo 1 Channel\ntype 1\ngo 1 Config\ntype 0210\ngo 1 Tenan\ntype 035\n"
              "go 1 \"Pickup Group\"\ntype 991\ngo 1 PSW\ntype 12345\ngo 1 \"Expand T\"\npick USE\n"
@@ -148,7 +147,7 @@ TEST(PortDefine, KeysThatWouldPassTheLimitAreDropped) {
              "002=13|2|F|3|3|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
-TEST(PortDefine, OldAndBrokenRowsComeDownToTheirLimits) {
+TEST(PortDefineEditor, ClampsValuesOfOldAndBrokenRows) {
   ExpectEdit(
       "frmPortSys_Def",
       "[Port_Def]\nNow=3\n001=1|5|4|33|44|100|002|051|1|1|2|3|4|5|99\n002=1|3|4|F|F|F|F|F|F|F|F|F|F|F|F|700\n"
@@ -162,7 +161,7 @@ TEST(PortDefine, OldAndBrokenRowsComeDownToTheirLimits) {
       "003=1|6|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\n-004\n");
 }
 
-TEST(PortInsert, ListsStandInTheirOrder) {
+TEST(CardInsert, ListsAreInOrder) {
   ExpectEdit(
       "frmPortSys_Def", "", "list cmbType\nlist cmbMask3\n",
       "4 DIGITAL 8 Ext\n8 DIGITAL\n12 DIGITAL\nDISA / VM\nE & M\nE1 (1) 30\nE1 (2) 60\nSLIC 08\nSLIC 16\n"
@@ -187,7 +186,7 @@ std::string Rows(EditorBench& bench, int first, int last) {
   return rows;
 }
 
-TEST(PortInsert, TheMixedCardHasAGapAndIsOneStep) {
+TEST(CardInsert, TheMixedCardHasAGapAndIsOneStep) {
   EditorBench bench;
   EXPECT_THAT(bench.Run("frmPortSys_Def", Insert("2", "4 DIGITAL 8 Ext")), IsEmpty());
   EXPECT_EQ(Rows(bench, 4, 6), "2/4 4 DIGITAL, 2/9 SLIC 8 (4), 2/10 SLIC 8 (4)");
@@ -196,24 +195,24 @@ TEST(PortInsert, TheMixedCardHasAGapAndIsOneStep) {
   EXPECT_EQ(bench.editor->table()->rows(), 0);
 }
 
-TEST(PortInsert, ACardIsReplacedInItsPlace) {
+TEST(CardInsert, ReplacesACardInPlace) {
   EditorBench bench;
   const std::string two = Insert("1", "8 DIGITAL") + Insert("2", "SLIC 16");
   EXPECT_THAT(bench.Run("frmPortSys_Def", two + "answer No\n" + Insert("1", "SLIC 16")),
               ElementsAre("ask: Card \"1\" already inserted. Do you want to replace? -> No"));
   EXPECT_EQ(bench.editor->table()->rows(), 24);
-  bench.Go(Insert("1", "SLIC 16"));  // eight find their place, eight go behind the last row
+  bench.Go(Insert("1", "SLIC 16"));  // eight ports go into the old rows, eight after the last row
   EXPECT_EQ(Rows(bench, 8, 9), "1/8 SLIC 16, 2/1 SLIC 16");
   EXPECT_EQ(Rows(bench, 24, 25), "2/16 SLIC 16, 1/9 SLIC 16");
   EXPECT_EQ(bench.editor->table()->rows(), 32);
-  bench.Go(Insert("2", "8 DIGITAL"));  // the second half of the old card is empty
+  bench.Go(Insert("2", "8 DIGITAL"));  // the second half of the old card becomes empty
   EXPECT_EQ(Rows(bench, 16, 18), "2/8 8 DIGITAL, / , / ");
-  bench.Go(Insert("3", "12 DIGITAL"));  // its last ports go around the rows of card 1
+  bench.Go(Insert("3", "12 DIGITAL"));  // its last ports go after the rows of card 1
   EXPECT_EQ(Rows(bench, 24, 25), "3/8 12 DIGITAL, 1/9 SLIC 16");
   EXPECT_EQ(Rows(bench, 33, 36), "3/9 12 DIGITAL, 3/10 12 DIGITAL, 3/11 12 DIGITAL, 3/12 12 DIGITAL");
 }
 
-TEST(PortInsert, ACardThatHasNoRoomChangesNothing) {
+TEST(CardInsert, ChangesNothingWithoutRoom) {
   std::string project = "[Port_Def]\nNow=440\n";
   for (int row = 1; row <= 440; ++row) project += Padded(row, 3) + "=16|" + std::to_string(row) + "\n";
   EditorBench bench(project);

@@ -1,4 +1,4 @@
-// The tables of accounts, bosses, call forward and voice mail, and the keys.
+// Accounts, bosses, call forward, voice mail and keys.
 
 #include "tests/editors/ports/every_reference.h"
 #include "tests/floors.h"
@@ -6,7 +6,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(Accounts, WhatIsTypedAndPickedIsStored) {
+TEST(AccountEditor, StoresWhatIsTypedAndPicked) {
   ExpectEdit("frmAccount", EveryReference(),
              "list cmbMask\ngo 3 Account\ntype 12345678\ngo 3 Password\ntype 99999\ngo 3 Number\npick 201\n"
              "go 3 Config\npick 20\ngo 3 Tenan\npick 32\ngo 3 6\ntype 7200x1\ngo 1 Number\npick\n"
@@ -15,8 +15,8 @@ TEST(Accounts, WhatIsTypedAndPickedIsStored) {
              "[Account]\n001=11|22|F|F|F|F\n-002\n003=12|22|002|F|F|F\n004=123456|9999|001|20|32|7200\n");
 }
 
-TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
-  // The number stands twice; the row stays with the one that it had, and one that is not there is none.
+TEST(AccountEditor, AsksAboutRepeatsAndKeepsOldRows) {
+  // Two rows have the same number: a reference keeps the one that it had. A missing number is cleared.
   ExpectEdit(
       "frmAccount",
       "[Assign]\nNow=3\n001=5|0|001\n002=7|0|002\n003=7|0|003\n[Account]\n001=1|2|3|25|F|F\n002=1|2|9\n",
@@ -27,15 +27,15 @@ TEST(Accounts, RepeatsAreAskedAboutAndOldRowsKept) {
       "[Account]\n001=1|2|003|25|F|F\n002=11|2|F|F|F|F\n");
 }
 
-TEST(Bosses, AreKnownByTheirNumbers) {
+TEST(BossEditor, ShowsBossesByNumber) {
   ExpectEdit("frmBoss", EveryReference(),
              "go 1 1\ncopy\ngo 3 BOSS\ntype 200\ngo 3 SECRETARY\ntype 300\ngo 4 2\npick 201\ngo 1 2\npress "
              "Delete\nclick cmdOK\n",
              "", "[BOSS]\n01=005|F\n02=004|F\n03=004|F\n04=F|005\n20=F|F\n");
 }
 
-TEST(Bosses, APortThatShowsNoNumberStaysUntilItsCellIsEdited) {
-  // Port 2 has no number, port 499 is not there.
+TEST(BossEditor, KeepsAPortWithoutANumberUntilItsCellIsEdited) {
+  // Port 2 has no number, port 499 does not exist.
   const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|1|1", "001") + "\n002=" + Port("1|2|1") +
                               "\n[Assign]\nNow=1\n001=200|0|001\n[BOSS]\n01=001|002\n02=499|002\n";
   const std::tuple<const char*, const char*> cases[] = {
@@ -56,7 +56,7 @@ TEST(Bosses, APortThatShowsNoNumberStaysUntilItsCellIsEdited) {
   }
 }
 
-TEST(CallForward, RowsStandCloserThanTheirKeys) {
+TEST(CallForwardEditor, ShowsRowsWithoutGaps) {
   ExpectEdit("frmCallFW",
              "[Port_Def]\nNow=5\n001=1|1|1\n002=1|2|1|F|F|F|F|F|0|1|2|3|4|5|255|001|9|8|7|2|1|3|1\n005=" +
                  Port("2|1|1", "F", "77") + "\n[Assign]\nNow=1\n001=201|0|002\n",
@@ -69,7 +69,7 @@ TEST(CallForward, RowsStandCloserThanTheirKeys) {
              "005=2|1|1|F|F|F|F|F|1|771234567890|F|F|F|F|F|F|F|F|F|F|F|F|F\n");
 }
 
-TEST(CallForward, APortAboveNowIsNeitherShownNorWritten) {
+TEST(CallForwardEditor, IgnoresPortsAboveNow) {
   const std::string project = "[Port_Def]\nNow=1\n001=1|1|1\n002=1|2|1\n";
   for (const auto& [form, cell] :
        {std::pair("frmCallFW", "go 1 Disa"), std::pair("frmVMBox", "go 1 Group")}) {
@@ -81,7 +81,7 @@ TEST(CallForward, APortAboveNowIsNeitherShownNorWritten) {
   }
 }
 
-TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
+TEST(VoiceMailBoxEditor, WritesFieldsInTheirOwnOrder) {
   ExpectEdit(
       "frmVMBox",
       "[Port_Def]\nNow=3\n002=" + Port("1|2|1", "F", "77") +
@@ -93,19 +93,20 @@ TEST(VoiceMail, FieldsStandInAnotherOrderThanTheColumns) {
       "003=1|3|1|F|F|F|F|F|1|F|F|F|F|F|F|F|F|0|5|2|F|F|F\n");
 }
 
-TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
+TEST(SetupKeyEditor, TheDialogWritesTheFieldOfItsOption) {
   const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
       {"telephone number", "lblNum(1)", "F", "type *12#x3", "TE*12#3"},
       {"extension", "lblNum(1)", "TE5", "set Option1(2) 1\ntype 6*", "EX56"},
-      {"a number that another option does not take", "lblNum(1)", "TE*5", "set Option1(2) 1\ntype 6", "EX6"},
+      {"a number that another option does not accept", "lblNum(1)", "TE*5", "set Option1(2) 1\ntype 6",
+       "EX6"},
       {"trunk alone", "lblNum(1)", "F", "set Option1(1) 1\ntype 1234567890123456789012",
        "TR12345678901234567890"},
       {"trunk and map digit", "lblNum(1)", "F",
        "set Option1(1) 1\ntype 123456\npress Tab\ntype 123456789012345\nfocus txtNumber\ntype 7",
        "TR123456,12345678901234"},
-      {"no map digit behind a long trunk", "lblNum(1)", "F",
+      {"no map digit after a long trunk", "lblNum(1)", "F",
        "set Option1(1) 1\ntype 1234567\npress Tab\ntype 1", "TR1234567"},
-      {"map digit taken away", "lblNum(1)", "TR0,40", "press Tab\npress Backspace\npress Backspace", "TR0"},
+      {"map digit removed", "lblNum(1)", "TR0,40", "press Tab\npress Backspace\npress Backspace", "TR0"},
       {"group out", "lblNum(1)", "F", "set Option1(3) 1\npick Group Out 32\npress Tab\ntype 9", "GO32,9"},
       {"a group out that is not offered", "lblNum(1)", "GO40,1", "press Tab\ntype 2", "GO40,12"},
       {"group out without a group", "lblNum(1)", "GO5", "pick", ""},
@@ -130,7 +131,7 @@ TEST(Keys, TheDialogWritesTheFieldOfItsOption) {
   }
 }
 
-TEST(Keys, ALineStandsOnOneKeyOnly) {
+TEST(SetupKeyEditor, OffersALineForOneKeyOnly) {
   ExpectEdit(
       "frmSetupKey", "[Key]\n01=ML1|ML2|F|ML4|ML5|ML\n02=F\n",
       "click lblNum(1)\nlist cmbMulti\nvalue cmbMulti\nclick cmdCancel\nclick lblNum(2)\n"
@@ -139,7 +140,7 @@ TEST(Keys, ALineStandsOnOneKeyOnly) {
       "2\n3\n2\n\n1\n2\n3\n4\n5", "");
 }
 
-TEST(Keys, LayoutsAreWrittenWholeAndOldFormsKept) {
+TEST(SetupKeyEditor, WritesWholeLayoutsAndKeepsOldForms) {
   ExpectEdit("frmSetupKey", "[Key]\n01=C05|C7|Cx|EX1\n24=F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|EX9|EX10\n",
              "value lblNum(0)\nvalue lblNum(1)\nvalue lblNum(2)\nclick lsGrp(2)\nvalue lblNum(0)\n"
              "click lblDSS(0)\ntype 5\nclick cmdOK\nclick lsGrp(0)\nclick lblNum(0)\nvalue cmbGrpOut\n"

@@ -6,7 +6,7 @@
 namespace tarvok::test {
 namespace {
 
-TEST(Extension, ASaveSortsAndEveryReferenceStaysOnItsNumber) {
+TEST(SetupNumberEditor, SavingSortsAndUpdatesEveryReference) {
   ExpectEdit(
       "frmExtension", EveryReference(), "go 1 Company\npress Backspace\nclick cmdOK\n", "",
       "[Assign]\n001=200|0|004|F|F\n002=201|0|005|F|001\n003=300|1|1|F|002\n-004\nNow=4\n[Name]\nNow=2\n"
@@ -15,7 +15,7 @@ TEST(Extension, ASaveSortsAndEveryReferenceStaysOnItsNumber) {
       "01=Night|002|1000|001|20\n[DIDRedirect]\n001=1|0|9|0|002\n002=1|5|6|1|01\n[BOSS]\n01=005|004\n");
 }
 
-TEST(Extension, WhatReferredToADeletedNumberIsGone) {
+TEST(SetupNumberEditor, ClearsReferencesToDeletedNumbers) {
   for (const char* how : {"go 2 1\nclick cmdDelRow\n", "select 2 1 2 5\ncut\n"}) {
     ExpectEdit("frmExtension", EveryReference(), std::string(how) + "click cmdOK\n", "",
                "[Assign]\n001=201|0|005|2|001\n002=300|1|1|F|002\n-003\n[Port_Def]\n004=1|2|1|F*20\n"
@@ -24,13 +24,13 @@ TEST(Extension, WhatReferredToADeletedNumberIsGone) {
   }
 }
 
-TEST(Extension, ANumberOnAnotherPortTakesItsSecretaryAlong) {
+TEST(SetupNumberEditor, ASecretaryFollowsItsNumberToAnotherPort) {
   ExpectEdit("frmExtension", EveryReference(), "go 2 Value\npick 2/1\nclick cmdOK\n", "",
              "[Assign]\n001=200|0|003|F|F\n[Port_Def]\n003=2|1|2|F*12|001|F*7\n004=1|2|1|F*20\n"
              "[BOSS]\n01=005|003\n02=004|F\n");
 }
 
-TEST(Extension, RepeatsAreShownAndAskedAboutAndNoLeavesEverything) {
+TEST(SetupNumberEditor, ShowsAndAsksAboutRepeats) {
   EditorBench bench(EveryReference());
   const std::string before = bench.Bytes();
   EXPECT_THAT(
@@ -49,7 +49,7 @@ TEST(Extension, RepeatsAreShownAndAskedAboutAndNoLeavesEverything) {
              "[Assign]\n001=200|0|005|F|F\n");
 }
 
-TEST(Extension, TheValueIsWhatTheTypeCounts) {
+TEST(SetupNumberEditor, TheValueDependsOnTheType) {
   ExpectEdit("frmExtension", "[Port_Def]\nNow=1\n001=" + Port("7|12|1") + "\n[Assign]\nNow=4\n",
              "go 1 Number\ntype 1234567\ngo 1 Type\npick Port\ngo 1 Value\ntype 3\npick 7/12\ngo 2 1\n"
              "type 20\ngo 2 2\npick Call Group All\ngo 2 3\npick 07\ngo 3 1\ntype 30\ngo 3 2\n"
@@ -60,7 +60,7 @@ TEST(Extension, TheValueIsWhatTheTypeCounts) {
              "[Name]\n001=An |'old' name\n[Port_Def]\n001=7|12|1|F*12|004|F*7\n");
 }
 
-TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
+TEST(SetupNumberEditor, ANewTypeClearsAnInvalidValue) {
   ExpectEdit(
       "frmExtension", EveryReference(),
       "go 1 Type\npick Call Group\ngo 3 Type\npick Hunt Circular\ngo 2 Type\npick Boss Number\npick Port\n"
@@ -68,7 +68,7 @@ TEST(Extension, AnotherTypeClearsAValueThatItCannotHave) {
       "", "[Assign]\n001=200|0|F|F|F\n002=201|2|F|2|001\n003=300|4|1|F|002\n");
 }
 
-TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
+TEST(SetupNumberEditor, ShowsOldAndBrokenProjectsUnchanged) {
   ExpectEdit(
       "frmExtension",
       "[Assign]\nNow=2\n001=100|0|501|7|009\n002=101|9|f\n003=102|0|004|x|001\n500=\n[Name]\nNow=1\n001=A\n",
@@ -77,8 +77,8 @@ TEST(Extension, OldAndBrokenProjectsAreShownAsTheyStand) {
       "[Assign]\n001=100|0|501|4|F\n002=101|F|F|F|F\n003=1020|0|004|x|001\nNow=3\n");
 }
 
-TEST(Extension, ASaveKeepsWhatNobodyTouched) {
-  // A port without a channel has nothing to show, nor one that is not there, but a number may stand for it.
+TEST(SetupNumberEditor, SavingKeepsWhatWasNotEdited) {
+  // Ports that are incomplete or missing have no text, but a number may refer to them.
   const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|F|1") + "\n002=" + Port("1|2|1", "002") +
                               "\n[Assign]\nNow=4\n001=100|0|001|F|F\n002=F|0|002|1|F\n003=300|2|01|F|F\n"
                               "004=400|0|003|F|F\n[BOSS]\n01=001|002\n";
@@ -93,27 +93,27 @@ TEST(Extension, ASaveKeepsWhatNobodyTouched) {
              "[Assign]\n001=100|0|F|F|F\n003=400|0|F|F|F\n");
 }
 
-TEST(Extension, RowsGrowToTheLimit) {
+TEST(SetupNumberEditor, AddsRowsUpToTheLimit) {
   ExpectEdit("frmExtension", "[Assign]\nNow=499\n",
              "click mnu_AddRow\ntype 5\nclick mnu_AddRow\nclick cmdOK\n",
              "box: Over limit data you cannot add. ", "[Assign]\n001=5|F|F|F|F\nNow=500\n");
 }
 
-TEST(UsedBy, ListsWhatPointsAtANumberAndAtAPort) {
+TEST(UsedBy, ListsReferencesToANumberAndAPort) {
   EditorBench bench(EveryReference());
   bench.Open("frmExtension");
   const auto project = bench.store.Snapshot(EditorBench::kProject);
-  const auto told = [](const std::vector<Found>& uses) {
+  const auto lines_of = [](const std::vector<Found>& uses) {
     std::vector<std::string> lines;
     for (const Found& use : uses) lines.push_back(use.row + ", " + use.field + ": " + use.value);
     return lines;
   };
-  EXPECT_THAT(told(UsedBy(*project, dynamic_cast<FieldTableEditor&>(*bench.editor), 2)),
+  EXPECT_THAT(lines_of(UsedBy(*project, dynamic_cast<FieldTableEditor&>(*bench.editor), 2)),
               ElementsAre("Port 004 (card 1, channel 2), Number: 200", "Hunt Group 01, Member 2: 200",
                           "Hunt Group 02, Member 1: 200", "Account 002 (12), Number: 200",
                           "Incoming List 01 (Night), Num3: 200"));
   EXPECT_THAT(
-      told(UsedBy(*project, port_def::kTable, 5)),
+      lines_of(UsedBy(*project, port_def::kTable, 5)),
       ElementsAre(StartsWith("PABX Mode, Extention Number: "), StartsWith("Number 001 (201), Value: "),
                   StartsWith("Boss and Secretary 01, BOSS: ")));
 }

@@ -20,7 +20,7 @@ std::vector<std::string> Lines(const PathNode& node) {
   return lines;
 }
 
-TEST(CallPath, TheWayOutOfTheHotel) {
+TEST(CallPath, OutgoingCallsOfTheHotel) {
   const IniText hotel(SourceFile("/examples/hotel.tvk"));
   EXPECT_THAT(
       Lines(WayOut(hotel, 7)),
@@ -34,7 +34,7 @@ TEST(CallPath, TheWayOutOfTheHotel) {
               ElementsAre("Digits #9 @Route_Map_Digit 001", ">Extension @Route_Map_Digit 001"));
 }
 
-TEST(CallPath, TheWayInOfTheHotel) {
+TEST(CallPath, IncomingCallsOfTheHotel) {
   const IniText hotel(SourceFile("/examples/hotel.tvk"));
   const std::vector<std::string> reception = {
       "Number 100 Reception, Hunt Circular @Assign 001", ">Hunt Group 1 @HuntGroup 01",
@@ -54,7 +54,7 @@ TEST(CallPath, TheWayInOfTheHotel) {
   EXPECT_EQ(list.children[1].text, "Second: Number 100 Reception, Hunt Circular");
 }
 
-TEST(CallPath, SaysInWordsWhatIsNotThere) {
+TEST(CallPath, ShowsMissingTargetsAsText) {
   const IniText project(
       "[Route_Map_Digit]\n001=F|F|F|F|0\n002=1|F|02|F|0\n003=2|F|01|F|255\n004=3|F|77|F|0\n005=4\n"
       "[Route_List]\n01=5\n02=3\n[Route]\n001=F|F|1|9|2|08|F|F|F\n002=09|F|0|F|F|F|F|F|F\n"
@@ -99,7 +99,7 @@ TEST(CallPath, SaysInWordsWhatIsNotThere) {
                 ElementsAreArray(kRanges[static_cast<std::size_t>(row) - 1]));
 }
 
-TEST(CallPath, AnEmptyProjectAndRowsThatDoNotExist) {
+TEST(CallPath, AcceptsAnEmptyProjectAndMissingRows) {
   const IniText empty;
   for (const int row : {-1, 0, 1, 200, 5000}) {
     EXPECT_TRUE(WayOut(empty, row).children.empty());

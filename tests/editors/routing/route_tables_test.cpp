@@ -1,4 +1,4 @@
-// The tables of routing: routes, the route map, the incoming lists, E1 links and their numbers.
+// The routing editors with plain tables: routes, route map, incoming lists, E1 links and numbering.
 
 #include "editing/table_form.h"
 #include "tests/editors/editor_bench.h"
@@ -16,17 +16,17 @@ constexpr const char* kE1Ports =
     "[Port_Def]\nMax=500\nNow=500\n001=1|1|6|F|F|F|02|003|F\n002=1|2|6|F|F|F|001|000|F\n003=1|3|6\n004=2|1|"
     "2\n";
 
-TEST(FrmRouteMap, SavesEveryRowInOrder) {
+TEST(RouteMapEditor, SavesEveryRowInOrder) {
   ExpectEdit("frmRouteMap",
              std::string(kLists) +
                  "[Route_Map_Digit]\n001=9|7|04|5|300\n002=1X|0|101|F\n003=F|F|F|F|F\n004=20|1|07|1|255\n",
              "list cmbMask2\ngo 5 Digit\ntype 3\nclick cmdOK\n", "Extension\nList 1\nList 3\nList 6",
-             "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is offered no more
+             "[Route_Map_Digit]\n001=3|F|F|F|0\n002=9|F|04|0|254\n"  // a list that is no longer offered
              "003=20|1|07|1|255\n004=1X|0|101|F|0\n200=F|F|F|F|0\n");
 }
 
-/** Capitals that keys make come back by other ways, too: a pattern that was cut is not lost. */
-TEST(FrmRouteMap, PatternsAreTakenInEitherCase) {
+/** Pasted and replaced text is converted to capitals like typed text, so that no pattern is lost. */
+TEST(RouteMapEditor, AcceptsPatternsInEitherCase) {
   EditorBench bench("[Route_Map_Digit]\n001=5U2|F|F|F|0\n002=P1X|F|F|F|0\n003=CLZNW:|F|F|F|0\n");
   bench.Run(
       "frmRouteMap",
@@ -49,10 +49,10 @@ TEST(FrmRouteMap, PatternsAreTakenInEitherCase) {
   EXPECT_THAT(refused, IsEmpty());
   EXPECT_EQ(digits(6), "PU2");
   bench.Go("go 30 Digit\ntype U\ngo 31 Digit\ntype 5U2\n");
-  EXPECT_EQ(digits(30) + " " + digits(31), "U 52") << "keys are as they were";
+  EXPECT_EQ(digits(30) + " " + digits(31), "U 52") << "typing works as before";
 }
 
-TEST(FrmRouteMap, BlanksStandLastBothWays) {
+TEST(RouteMapEditor, SortsBlanksLastInBothDirections) {
   EditorBench bench("[Route_Map_Digit]\n001=F|0|F|F|0\n002=5|F|F|F|0\n003=XX|F|F|F|0\n004=40|F|F|F|0\n");
   bench.Run("frmRouteMap", "click cmdSort\nclick cmdSort\n");
   std::vector<std::string> digits;
@@ -60,30 +60,30 @@ TEST(FrmRouteMap, BlanksStandLastBothWays) {
   EXPECT_THAT(digits, ElementsAre("XX", "40", "5", "DID Grp"));
 }
 
-TEST(FrmIncomingLst, ASaveSortsAndThePortsFollow) {
+TEST(IncomingListEditor, SavingSortsAndUpdatesPorts) {
   ExpectEdit("frmIncomingLst",
              std::string(kNumbers) + kE1Ports +
                  "[Incoming_List]\nMax=50\nNow=50\n01=Zoo|004|1000|F|5\n02=Bar|002|2000|3000|F\n"
                  "03=F|003|F|F|254\n04=Abc|005|499|F|F\n",
              "list cmbMask\ngo 5 Name\ntype Cafe\nselect 2 1 2 5\nclick mnu_cut\nclick cmdOK\n",
              "100\n200\n100\nDID\nMap_Digit\nWait_Comp",
-             "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but there
+             "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but in use
              "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
-             "-04\n05=F|F|F|F|254\n"                   // what it pointed at has no number
+             "-04\n05=F|F|F|F|254\n"                   // its target has no number
              "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
 }
 
-TEST(FrmIncomingLst, RowsComeAndGoUpToTheMost) {
+TEST(IncomingListEditor, AddsAndDeletesRowsUpToTheLimit) {
   EditorBench bench("[Incoming_List]\nMax=3\nNow=3\n02=B|F|F|F|F\n04=D|F|F|F|F\n");
   bench.Run("frmIncomingLst", "");
-  EXPECT_EQ(bench.editor->table()->rows(), 4);  // a row in use is shown though it is above "Max"
+  EXPECT_EQ(bench.editor->table()->rows(), 4);  // rows in use above "Max" are shown
   bench.Go("go 1 1\nclick mnu_del_row\nclick mnu_AddRow\n");
   EXPECT_EQ(bench.lines, std::vector<std::string>{"box: Over limit data you cannot add. "});
   bench.Go("click mnu_del_row\nclick mnu_AddRow\ntype X\nclick cmdOK\n");
   bench.ExpectKeys("[Incoming_List]\nNow=3\n01=D|F|F|F|F\n02=X|F|F|F|F\n-04\n");
 }
 
-TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
+TEST(E1MappingEditor, ReferencesFollowMovedLinksAndLeaveEmptiedOnes) {
   ExpectEdit(
       "frmE1Map",
       std::string(kE1Ports) + kLinks +
@@ -92,16 +92,16 @@ TEST(FrmE1Map, RowsFollowALinkAndLeaveOneThatWasEmptied) {
       "go 2 Start\npress Delete\ngo 2 End\npress Delete\nclick cmdOK\n",
       "1/1\n1/2\n1/3",
       "[E1Map]\n01=002|003|2\n02=F|F|3\n10=F|F|0\nNow=10\n[E1Number]\n01=F|12|3\n02=01|5|F\n"
-      "[DIDRedirect]\n001=F|10|20|3|F\n002=1|1|2|F|F\n003=5|1|2|F|F\n");  // that link had been empty before
+      "[DIDRedirect]\n001=F|10|20|3|F\n002=1|1|2|F|F\n003=5|1|2|F|F\n");  // that link was empty before
 }
 
-TEST(FrmE1Numbering, OffersLinksWithBothPortsAndWritesEveryRow) {
+TEST(E1NumberingEditor, OffersLinksWithBothPortsAndWritesEveryRow) {
   ExpectEdit("frmE1Numbering", std::string(kE1Ports) + kLinks + "[E1Number]\n02=3|5|18\n",
              "go 1 1\nlist cmbMask\npick 1\nclick cmdOK\n", "1\n3",
              "[E1Number]\n01=01|F|F\n02=03|5|18\n20=F|F|F\n");
 }
 
-TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
+TEST(DidRedirectEditor, MapNumberDependsOnTheType) {
   EditorBench bench(
       std::string(kLists) + kNumbers + kE1Ports + kLinks +
       "[DIDRedirect]\n001=1|1|2|1|03\n002=9|3|4|0|004\n003=1|5|6|4|F\n004=1|7|8|1|02\n005=F|F|F|7|01\n");
@@ -119,7 +119,7 @@ TEST(FrmDIDRedirect, WhatMapNumberOffersIsByTheType) {
   bench.ExpectKeys("[DIDRedirect]\n001=1|1|2|3|F\n004=1|11|12|1|06\n005=9|3|4|0|004\n");
 }
 
-TEST(FrmDIDRedirect, ATypeThatIsTakenBackTakesNothingWithIt) {
+TEST(DidRedirectEditor, UndoingATypeChangeKeepsTheTarget) {
   for (const char* back : {"press Down\npress Escape\n", "press Down\npress Up\npress Down\npress Up\n"}) {
     ExpectEdit("frmDIDRedirect", std::string(kNumbers) + "[DIDRedirect]\n001=1|0012|99|0|001\n",
                std::string("go 1 4\npress Backspace\n") + back + "click cmdOK\n", "",
@@ -127,7 +127,7 @@ TEST(FrmDIDRedirect, ATypeThatIsTakenBackTakesNothingWithIt) {
   }
 }
 
-TEST(FrmSetRoute, SelectsByTextAndWritesEveryRow) {
+TEST(PbxLinkEditor, SelectsByTextAndWritesEveryRow) {
   ExpectEdit("frmSetRoute", "[TblRoute]\nPID=3\nGW=15\n01=0|1\n02=A|B\n03=4|F\n",
              "value cmbPID\nvalue cmbGW\ngo 3 Device\npick 0\nclick cmdOK\n", "3\n15",
              "[TblRoute]\nPID=3\nGW=15\n01=F|1\n02=A|B\n03=4|0\n16=F|F\n");
@@ -150,7 +150,7 @@ constexpr const char* kRoutes =
     "[Route]\nMax=200\n001=02|1|0|F|F|F|F|1|1\n002=01|0|2|9|12|0800|1759|P1|N\n003=02|F|0|F|F|F|F|3|3\n"
     "004=F|F|0|F|F|F|F|4|4\n[Group_Out]\nMax=32\n01=001\n02=002|003\n03=\n";
 
-/** Type Send of the routes that the table shows. */
+/** Type Send of the routes in the table. */
 std::vector<std::string> Shown(EditorBench& bench) {
   std::vector<std::string> shown;
   for (int row = 1; row <= bench.editor->table()->rows(); ++row) {
@@ -159,7 +159,7 @@ std::vector<std::string> Shown(EditorBench& bench) {
   return shown;
 }
 
-TEST(FrmRoute, UnpacksTheListsAndPacksThemInOrder) {
+TEST(RouteListEditor, UnpacksAndPacksTheLists) {
   EditorBench bench(Lists({0, 3, 3, 5}) + kRoutes);
   EXPECT_THAT(bench.Run("frmRoute", "list cmbMask\n"), ElementsAre("Group Out 1", "Group Out 2"));
   EXPECT_THAT(Shown(bench), IsEmpty());
@@ -167,19 +167,19 @@ TEST(FrmRoute, UnpacksTheListsAndPacksThemInOrder) {
   EXPECT_THAT(Shown(bench), ElementsAre("1", "P1"));
   bench.Go("go 3 8\ntype 7\nclick lsRoute(0)\ngo 1 Group\npick \"Group Out 2\"\nclick cmdOK\n");
   bench.ExpectKeys(
-      "[Route]\n001=02|F|0|F|F|F|F|F|F\n002=01|0|2|9|12|0800|1759|P1|N\n"  // sorted by group when it was left
-      "003=02|1|0|F|F|F|F|1|1\n004=F|F|0|F|F|F|F|7|F\n"  // without a group it stands last, and stays
+      "[Route]\n001=02|F|0|F|F|F|F|F|F\n002=01|0|2|9|12|0800|1759|P1|N\n"  // sorted by group
+      "003=02|1|0|F|F|F|F|1|1\n004=F|F|0|F|F|F|F|7|F\n"  // a route without a group comes last and is kept
       "005=02|F|0|F|F|F|F|3|3\n006=F|F|0|F|F|F|F|4|4\n[Route_List]\n01=2\n02=5\n50=7\n");
 }
 
-TEST(FrmRoute, ABlankRowInFrontOfOneWithoutAGroupLosesNothing) {
+TEST(RouteListEditor, KeepsARouteWithoutAGroupAfterABlankRow) {
   ExpectEdit("frmRoute", Lists({4}) + kRoutes,
              "select 1 1 1 9\nclick mnu_cut\nclick cmdSort\ngo 3 1\npress Delete\ngo 3 2\npress Delete\n"
              "click cmdOK\n",
              "", "[Route_List]\n01=3\n[Route]\n-003\n");
 }
 
-TEST(FrmRoute, AListThatIsEmptyIsNamedNoMore) {
+TEST(RouteListEditor, ClearsReferencesToEmptiedLists) {
   EditorBench bench(Lists({3, 5}) + kRoutes +
                     "[Route_Map_Digit]\n001=1|F|02|F|0\n002=2|F|101|F|0\n003=3|F|01|F\n"
                     "[DIDRedirect]\n001=1|1|2|1|02\n002=1|3|4|0|002\n");
@@ -191,7 +191,7 @@ TEST(FrmRoute, AListThatIsEmptyIsNamedNoMore) {
   bench.ExpectKeys("[Route_List]\n01=0\n50=0\n");
 }
 
-TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
+TEST(RouteListEditor, KeepsListsOfMoreThanFortyRoutes) {
   std::string project = Lists({46}) + "[Route]\nMax=40\n";
   for (int route = 1; route <= 45; ++route)
     project += (route < 10 ? "00" : "0") + std::to_string(route) + "=01|0|0|F|F|F|F|" +
@@ -208,7 +208,7 @@ TEST(FrmRoute, AListOfMoreThanFortyRoutesStaysWhole) {
   EXPECT_EQ(bench.editor->table()->rows(), 40);
 }
 
-TEST(FrmRoute, EndsOfAnyKindAreReadAsFarAsTheyGo) {
+TEST(RouteListEditor, ReadsInvalidEnds) {
   // The ends, and Type Send of the second list.
   const std::pair<std::vector<int>, std::vector<std::string>> cases[] = {
       {{5, 3}, {}}, {{3, 0}, {}}, {{3, 2000000000}, {"3", "4"}}, {{-4, 3}, {"1", "P1"}}};
