@@ -80,12 +80,12 @@ void TableForm::Sort(bool ascending) {
 }
 
 void TableForm::LayOut(std::vector<FormLayout> above, std::vector<FormLayout> buttons,
-                       std::vector<FormLayout> beside) {
+                       std::vector<FormLayout> next_to) {
   std::vector<FormLayout> row = std::move(frame_buttons_);
   for (FormLayout& button : buttons) row.push_back(std::move(button));
   for (FormLayout& part : OkAndCancel().parts) row.push_back(std::move(part));
-  beside.push_back(layout::Table());
-  above.push_back(beside.size() == 1 ? beside.front() : layout::Row(std::move(beside)));
+  next_to.push_back(layout::Table());
+  above.push_back(next_to.size() == 1 ? next_to.front() : layout::Row(std::move(next_to)));
   above.push_back(layout::Row(std::move(row)));
   SetLayout(layout::Column(std::move(above)));
 }

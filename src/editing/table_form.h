@@ -32,7 +32,7 @@ class TableForm : public EditorForm {
   /** Lays out the table with the parts above it and next to it, and the buttons below it: the common ones,
    * `buttons`, Save and Cancel. */
   void LayOut(std::vector<FormLayout> above = {}, std::vector<FormLayout> buttons = {},
-              std::vector<FormLayout> beside = {});
+              std::vector<FormLayout> next_to = {});
   void Sort(bool ascending);
   virtual bool sorts() const { return !table_.options().sort_by.empty(); }
 

@@ -105,11 +105,11 @@ class Search {
       if (row.IsSet(mark.field)) marks.append(marks.empty() ? "" : "/").append(row[mark.field]);
     }
     if (!marks_.empty() && AsMarks(marks) == marks_) return Match::kEqual;
-    const std::int64_t people = number - table.rows.base;
+    const std::int64_t shown_number = number - table.rows.base;
     std::string label(table.row_name);
     label.append(" ");
-    const Match padded = Compare(label + Padded(people, table.rows.width));
-    const Match match = std::min(padded, Compare(label.append(std::to_string(people))));
+    const Match padded = Compare(label + Padded(shown_number, table.rows.width));
+    const Match match = std::min(padded, Compare(label.append(std::to_string(shown_number))));
     // A bare number or part of the label would find every row.
     return match == Match::kEqual ? match : Match::kNone;
   }

@@ -198,15 +198,15 @@ PhoneKeyDialog::PhoneKeyDialog(std::string_view label, std::vector<std::string> 
 }
 
 void PhoneKeyDialog::FillInputs(std::string_view code, std::string_view argument) {
-  const auto [front, behind] = AtComma(argument);
+  const auto [front, map] = AtComma(argument);
   if (code == kTrunk) {
     number().text = front;
-    map_.text = behind;
+    map_.text = map;
   } else if (code == kGroupOut) {
     // A group that is not offered may come from an exchange.
     if (const std::int64_t group = Val(front); !front.empty() && group >= 0)
       group_.ChooseOrJoin(GroupText(group));
-    group_map_.text = behind;
+    group_map_.text = map;
   } else if (code == kMultiline) {
     line_.Choose(argument);
   } else {
@@ -228,9 +228,9 @@ std::vector<Control*> PhoneKeyDialog::InputsOf(std::string_view code) {
 /** Limits a trunk's number if map digits follow; after a long number there is no room for them. */
 void PhoneKeyDialog::LimitTrunk() {
   if (code() != kTrunk) return;
-  const Field& beside_map = ArgumentOf(kTrunk, true);
-  number().rule = RuleOf(map_.text.empty() ? ArgumentOf(kTrunk) : beside_map);
-  const bool room = number().text.size() <= static_cast<std::size_t>(beside_map.high);
+  const Field& with_digits = ArgumentOf(kTrunk, true);
+  number().rule = RuleOf(map_.text.empty() ? ArgumentOf(kTrunk) : with_digits);
+  const bool room = number().text.size() <= static_cast<std::size_t>(with_digits.high);
   map_.rule = RuleOf(MapOf(kTrunk));
   if (!room) map_.rule.fits = [](std::string_view, char) { return false; };
 }

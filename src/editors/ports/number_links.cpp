@@ -14,7 +14,7 @@ constexpr std::string_view kPortType = "0";
 constexpr int kRowWidth = 3;
 constexpr std::string_view kNoNumber = "F|F|F|F|F";
 
-/** Types of numbers that a port may name although they do not stand for it: hunt groups and bosses. */
+/** Types of numbers that a port may name although they belong to no port: hunt groups and bosses. */
 constexpr std::string_view kSharedTypes[] = {"1", "4", "5", "6", "7"};
 
 bool IsSet(std::string_view text) {
