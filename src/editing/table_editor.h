@@ -60,7 +60,7 @@ struct SortKey {
 
 /** Which row commands a table has. */
 enum class RowCommands {
-  kNone,   // rows cannot move
+  kNone,   // rows cannot be inserted or deleted
   kFixed,  // rows shift, the count stays (above `most` it falls); only blank rows are pushed out
   kGrow,   // rows can be added, up to `most`, and deleted
 };

@@ -19,7 +19,7 @@ class TableForm : public EditorForm {
   std::string clipboard;
   /** The cells that the last paste, fill or replacement rejected; for a line below the table. */
   const std::vector<Refusal>& refused() const { return refused_; }
-  /** Replaces `refused`. */
+  /** Sets `refused`. */
   void Note(std::vector<Refusal> refused) { refused_ = std::move(refused); }
   /** The entries of a control over the cells, by its name, in the first column that uses it. */
   std::vector<std::string> OverlayEntries(std::string_view overlay) const;

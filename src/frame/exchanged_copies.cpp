@@ -11,26 +11,26 @@ constexpr int kSerial = 1;
 constexpr int kModem = 2;
 
 /** Identifies a connection; leaves out what may change on it, such as the speed. */
-std::string WayTo(const ConnectionSettings& connection) {
-  std::string way;
+std::string ConnectionName(const ConnectionSettings& connection) {
+  std::string name;
   if (connection.by == kSerial) {
-    way = "com" + std::to_string(connection.port);
+    name = "com" + std::to_string(connection.port);
   } else if (connection.by == kModem) {
-    way = "tel " + connection.tel;
+    name = "tel " + connection.tel;
   } else {
-    way = connection.ip_host + " " + connection.ip_port;
+    name = connection.ip_host + " " + connection.ip_port;
   }
   if (!connection.direct()) {
-    way += " pbx" + std::to_string(connection.pbx_id) + " card" + std::to_string(connection.card_id);
+    name += " pbx" + std::to_string(connection.pbx_id) + " card" + std::to_string(connection.card_id);
   }
-  return way;
+  return name;
 }
 
 }  // namespace
 
 std::string ExchangedCopies::PathOf(const ConnectionSettings& connection) const {
-  const std::string way = WayTo(connection);
-  return InFolder(folder_, NameWithHash(way, way) + ".tvk");
+  const std::string name = ConnectionName(connection);
+  return InFolder(folder_, NameWithHash(name, name) + ".tvk");
 }
 
 Status ExchangedCopies::Keep(const ConnectionSettings& connection, std::string_view project) {

@@ -175,9 +175,9 @@ class TableDifference {
     const std::string after = ShownField(b, n);
     if (before == kShownSecret && before == after)
       return AddIfDifferent(NameOf(a, n), before, std::string(kShownOtherSecret));
-    const bool same_words = before == after;  // rows that look alike: show their numbers
-    AddIfDifferent(NameOf(a.fields.IsSet(n) ? a : b, n), same_words ? MeaningOf(a, n) : before,
-                   same_words ? MeaningOf(b, n) : after);
+    const bool same_text = before == after;  // rows that look alike: show their numbers
+    AddIfDifferent(NameOf(a.fields.IsSet(n) ? a : b, n), same_text ? MeaningOf(a, n) : before,
+                   same_text ? MeaningOf(b, n) : after);
   }
 
   std::string Members(const Side& side) const {

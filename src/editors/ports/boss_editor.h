@@ -6,7 +6,7 @@
 namespace tarvok::editors {
 
 /** "Boss and Secretary" (`frmBoss`): pairs of a boss and a secretary. The project stores their ports, the
- * table shows their numbers. Only numbers of ports are accepted. */
+ * table shows their numbers. Other numbers are stored as not set. */
 class BossEditor : public FieldTableEditor {
  public:
   BossEditor(const EditorContext& context, const FormName& name);

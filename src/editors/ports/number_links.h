@@ -35,7 +35,7 @@ class NumberLinks {
 
   /** The number row of a port, by the port's row; 0 if none. */
   int NumberOf(int port) const;
-  /** True if the row has been changed. */
+  /** True if the row now holds a different number. */
   bool IsTaken(int row) const { return changed_.contains(row); }
   /** The removed number rows. */
   const RowMoves& gone() const { return gone_; }

@@ -64,7 +64,7 @@ class SystemConfigEditor : public EditorForm {
   Control* day_;
   std::array<Weekday, kWeekdays> week_;
   int weekday_ = 0;                    // the weekday whose times are shown
-  std::vector<std::string> holidays_;  // each as made by HolidayText
+  std::vector<std::string> holidays_;  // each as "month|day"
 };
 
 }  // namespace tarvok::editors

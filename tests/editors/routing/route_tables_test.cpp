@@ -119,7 +119,7 @@ TEST(DidRedirectEditor, MapNumberDependsOnTheType) {
   bench.ExpectKeys("[DIDRedirect]\n001=1|1|2|3|F\n004=1|11|12|1|06\n005=9|3|4|0|004\n");
 }
 
-TEST(DidRedirectEditor, UndoingATypeChangeKeepsTheTarget) {
+TEST(DidRedirectEditor, RevertingATypeChangeKeepsTheTarget) {
   for (const char* back : {"press Down\npress Escape\n", "press Down\npress Up\npress Down\npress Up\n"}) {
     ExpectEdit("frmDIDRedirect", std::string(kNumbers) + "[DIDRedirect]\n001=1|0012|99|0|001\n",
                std::string("go 1 4\npress Backspace\n") + back + "click cmdOK\n", "",
