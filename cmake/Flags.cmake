@@ -1,12 +1,11 @@
-# One interface target carries the flags of every target of ours: warnings are errors, debug builds run under the
+# The interface target tarvok_flags has the flags of all our targets: warnings are errors, debug builds run with the
 # sanitizers, releases are hardened.
 add_library(tarvok_flags INTERFACE)
 target_compile_options(tarvok_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-# Designated initialisers leave out what keeps its default; that is what they are for.
+# Designated initialisers may omit members that keep their default.
 target_compile_options(tarvok_flags INTERFACE -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # This compiler sees overlaps inside std::string's operator+ that are not there, and at -O3 unset strings in aggregates
-  # that are made in place.
+  # False positives of GCC 12: overlaps in std::string's operator+, and at -O3 uninitialised strings in aggregates.
   target_compile_options(tarvok_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 target_include_directories(tarvok_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -27,8 +26,8 @@ if(TARVOK_SANITIZE_THREADS)
   target_link_options(tarvok_flags INTERFACE -fsanitize=thread)
 endif()
 
-# Releases: checked library calls and container accesses, guarded stacks and returns, programs at random addresses, and
-# nothing writable that is run or jumped through.
+# Releases: checked library calls and container accesses, protected stacks and returns, position-independent programs,
+# no executable stack, read-only relocations.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   include(CheckCXXCompilerFlag)
   include(CheckPIESupported)

@@ -1,4 +1,4 @@
-# What almost every file includes sooner or later. It is parsed once for each set of flags instead of once for each file.
+# Headers that almost every file includes. They are parsed once for each set of flags instead of once for each file.
 set(tarvok_common_headers <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <set> <span> <string>
                           <string_view> <utility> <vector>)
 
@@ -17,8 +17,7 @@ function(tarvok_precompile target key)
   endif()
 endfunction()
 
-# tarvok_floor(NAME [USES floors...] [QT modules...]) makes the library tarvok_NAME of src/NAME. The core is optimised a
-# little even under the sanitizers: the tests take a third of the time and the build hardly longer.
+# tarvok_floor(NAME [USES floors...] [QT modules...]) makes the library tarvok_NAME from src/NAME.
 function(tarvok_floor name)
   cmake_parse_arguments(floor "" "" "USES;QT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
@@ -37,8 +36,8 @@ function(tarvok_floor name)
   endif()
 endfunction()
 
-# tarvok_fast(NAME floors...) makes the library NAME of these floors at full speed. In a build with sanitizers, which make a
-# session eight times as long, that means a second build of them: in few large pieces, which takes a third of the time.
+# tarvok_fast(NAME floors...) makes the library NAME of these floors, optimised and without sanitizers. In a build with
+# sanitizers, which slow a session down 25 times, the floors are built a second time for it.
 function(tarvok_fast name)
   if(NOT TARVOK_SANITIZE)
     list(TRANSFORM ARGN PREPEND tarvok_ OUTPUT_VARIABLE floors)

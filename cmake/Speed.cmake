@@ -1,7 +1,7 @@
-# Faster builds by what happens to be installed: a compiler cache, and a faster linker.
+# Uses a compiler cache and a faster linker if they are installed.
 find_program(TARVOK_CCACHE ccache)
 if(TARVOK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Without these the cache passes over everything that uses precompiled headers.
+  # Without these ccache does not cache files that use precompiled headers.
   set(CMAKE_CXX_COMPILER_LAUNCHER
       ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
       ${TARVOK_CCACHE})

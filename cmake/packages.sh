@@ -1,10 +1,10 @@
-# What Debian and its kin call the things we build with. Sourced by ./run, ./test, ./lint and ./run-bench.
+# The packages we need on Debian and derivatives. Sourced by the scripts in the root.
 build_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev libfontconfig-dev)
 test_packages=(git python3 clang-format libgtest-dev libgmock-dev librapidcheck-dev)
 lint_packages=(clang-tidy)
 bench_packages=(python3 pkg-config libbenchmark-dev libsimpleini-dev libglib2.0-dev lrzsz xvfb)
 
-# Installs those of the named packages that are missing.
+# Installs the missing ones of the given packages.
 install_packages() {
   local missing=() package
   for package in "$@"; do

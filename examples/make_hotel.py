@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Writes hotel.tvk from hotel.toml, as somebody would have typed it into a new project.
+"""Writes hotel.tvk from hotel.toml, as if a user had typed it into a new project.
 
 A new project is the system file without its country table. Each function below fills one section with the
 rows that its editor would have saved: the same order, the same padding, "F" for a field that is not set.
-`make_hotel.py --check` writes nothing and ends with status 1 if hotel.tvk is not what it would write.
+`make_hotel.py --check` writes nothing and exits with status 1 if hotel.tvk is out of date.
 """
 
 import argparse
@@ -19,7 +19,7 @@ SYSTEM_FILE = HERE.parent / "data" / "system.tvs"
 TARGET = HERE / "hotel.tvk"
 CODE_PAGE = "latin-1"
 
-# A card by the name under which the editor inserts it: type code and channels. The mixed card has no 5 to 8.
+# Cards by their names in the editor: type code and channels. The mixed card has no channels 5 to 8.
 CARDS = {
     "SLIC 16": (1, range(1, 17)), "TRUNK 16": (2, range(1, 17)), "8 DIGITAL": (3, range(1, 9)),
     "4 DIGITAL 8 Ext": (4, [*range(1, 5), *range(9, 17)]), "E & M": (5, range(1, 5)),
@@ -28,7 +28,7 @@ CARDS = {
     "TRUNK 16 Long Loop": (11, range(1, 17)), "SLIC 08": (12, range(1, 9)),
     "SLIC 16 Long Loop": (13, range(1, 17)), "12 DIGITAL": (14, range(1, 13)),
 }
-# Lists of the editors in the order of their codes: the place in the list, from 0, is what the project stores.
+# Lists of the editors. The project stores the index in the list, from 0.
 TRANSPORTS = ["Server", "Serial", "Modem", "LAN to Serial", "LAN"]
 NUMBER_TYPES = ["Port", "Hunting Terminate", "Call Group", "Call Group All", "Hunt Circular",
                 "Hunt Group All", "Hunt ACD", "Boss Number"]
@@ -49,7 +49,7 @@ RUN_SCRIPTS = ["Off Hook Time Out", "Help", "Wake Up", "Busy", "No Number", "Ful
 RING_TRANSFERS = {"Default": 8, "16 Rings Disc": 255}
 INCOMING_TARGETS = {"DID": 1000, "Map_Digit": 2000, "Wait_Comp": 3000}
 NO_LIMIT, EXTENSION = {"No Limit": 255}, {"Extension": 101}
-# The fields of "Pbx" and "Billing" in order; what is no switch or value is filled in by name.
+# The fields of "Pbx" and "Billing" in order. The source does not use the lower-case names.
 PBX_FIELDS = [
     "Auto Print Call Record", "Check Credit", "Auto / Manual", "Check Bad CO", "Warning Tone Before Cut",
     "Paper Feed", "Check Duplicate Record", "Record Last Person Use", "manual", "time limit",
@@ -64,35 +64,35 @@ BILLING_FIELDS = [
     "Local Time Record", "Time Page", "Time Mobile", "Time Long Distance", "Time Oversea", "Print Mini Bar",
     "Area Percent Charge", "Expand All",
 ]
-LAYOUTS, LINK_TABLE_ROWS = 24, 16  # Their editors save every row, and the system file has none of them.
-EMPTY_PATTERN = "9C-9XXXXXXXX"  # What stands for an empty pattern when the route map is sorted.
+LAYOUTS, LINK_TABLE_ROWS = 24, 16  # Their editors save all rows, and the system file has none of them.
+EMPTY_PATTERN = "9C-9XXXXXXXX"  # Empty patterns are sorted as if they were this one.
 
 
 class SourceError(Exception):
-    """hotel.toml says something that no editor would have taken."""
+    """hotel.toml has something that no editor would accept."""
 
 
 def row(*fields):
-    """Fields joined as a row; None and the empty text are "not set"."""
+    """Joins fields to a row; None and the empty text are "not set"."""
     return "|".join("F" if field in (None, "") else str(field) for field in fields)
 
 
 def take(entry, names):
-    """A table of the source with these names, None for an absent one; any other name is a typing error."""
+    """Returns the named values of a source table, None for a missing one. Any other name is a typing error."""
     if unknown := entry.keys() - set(names.split()):
         raise SourceError(f"unknown {sorted(unknown)} in {entry}")
     return SimpleNamespace(**{name: entry.get(name) for name in names.split()})
 
 
 def code(labels, label):
-    """The place of a label in a list of an editor; None stays None."""
+    """Returns the index of a label in a list of an editor; None stays None."""
     if label is not None and label not in labels:
-        raise SourceError(f"{label!r} is none of {labels}")
+        raise SourceError(f"{label!r} is not one of {labels}")
     return None if label is None else labels.index(label)
 
 
 def text(value, most):
-    """A text of at most that many bytes; None stays None."""
+    """Checks that a text has at most that many bytes; None stays None."""
     if value is not None and len(value.encode(CODE_PAGE)) > most:
         raise SourceError(f"{value!r} is longer than {most}")
     return value
@@ -103,14 +103,14 @@ def padded(number, width=3):
 
 
 def filled(labels, values, default=0):
-    """The values in the order of their labels, the default where there is none."""
+    """Returns the values in the order of their labels, the default for missing ones."""
     if unknown := values.keys() - set(labels):
-        raise SourceError(f"{sorted(unknown)} are none of {labels}")
+        raise SourceError(f"{sorted(unknown)} are not in {labels}")
     return [values.get(label, default) for label in labels]
 
 
 def read_system_file():
-    """Sections of the system file in their order, each a table of its keys."""
+    """Returns the sections of the system file in order, each as a dictionary of its keys."""
     parser = configparser.RawConfigParser(delimiters="=", comment_prefixes=";")
     parser.optionxform = str
     parser.read_string(SYSTEM_FILE.read_bytes().decode(CODE_PAGE))
@@ -118,7 +118,7 @@ def read_system_file():
 
 
 class Hotel:
-    """The source, the sections under work, and what is worked out of the source once for all sections."""
+    """The source, the sections in progress, and what all sections need of the source."""
 
     def __init__(self, source, sections):
         self.source = source
@@ -132,10 +132,10 @@ class Hotel:
         self.numbers = self.make_numbers()
         self.number_rows = {entry["number"]: i for i, entry in enumerate(self.numbers, 1)}
         if len(self.number_rows) < len(self.numbers):
-            raise SourceError("a directory number stands there twice")
+            raise SourceError("a directory number is used twice")
 
     def make_ports(self):
-        """Every port of every card in card order, with what the source says of the telephone or line."""
+        """Returns the ports of all cards in card order, with the source's data of the telephone or line."""
         cards = sorted((int(slot), *CARDS[name]) for slot, name in self.source["cards"].items())
         ports = [{"card": slot, "channel": channel, "type": kind} for slot, kind, channels in cards
                  for channel in channels]
@@ -157,7 +157,7 @@ class Hotel:
         return ports
 
     def make_numbers(self):
-        """Every directory number with its type and value, ascending as the editor saves them."""
+        """Returns all directory numbers with type and value, ascending as the editor saves them."""
         numbers = [{**port, "type": "Port", "value": padded(i)} for i, port in enumerate(self.ports, 1)
                    if "number" in port]
         numbers += [{**hunt, "type": hunt["kind"], "value": i}
@@ -172,14 +172,14 @@ class Hotel:
         self.sections[section].update({key: str(value) for key, value in keys.items()})
 
     def put_rows(self, section, rows, width=2):
-        """Rows under their numbers from 1; there may be no more of them than the section has room for."""
+        """Puts rows under their numbers from 1; the section must have room for them."""
         room = int(self.sections[section].get("Max", len(rows)))
         if len(rows) > room:
             raise SourceError(f"{section}: {len(rows)} rows, room for {room}")
         self.put(section, {padded(i, width): value for i, value in enumerate(rows, 1)})
 
     def put_pool(self, section, groups):
-        """Groups of members that share one pool, whose total is "Now"."""
+        """Puts groups of members that share one pool; "Now" is the total number of members."""
         self.put_rows(section, ["|".join(members) for members in groups])
         self.put(section, {"Now": sum(map(len, groups))})
 
@@ -191,7 +191,7 @@ class Hotel:
         return [padded(self.port_rows[entry["card"], channel]) for channel in range(first, last + 1)]
 
     def place(self, table, name):
-        """The number, from 1, of the entry of that name in a table of the source; None stays None."""
+        """Returns the number, from 1, of the entry with that name in a source table; None stays None."""
         return None if name is None else 1 + code([entry["name"] for entry in self.source[table]], name)
 
 
@@ -265,7 +265,7 @@ def keys_and_consoles(hotel):
 
 
 def key_field(hotel, key):
-    """A button as stored; "GO" takes a group out by its name and perhaps digits behind a comma."""
+    """Returns a button as stored; "GO" has the name of a group out and optional digits after a comma."""
     kind, argument = key.split(" ", 1)
     if kind != "GO":
         return kind + argument
@@ -283,7 +283,7 @@ def small_number_tables(hotel):
 
 
 def route_map(hotel):
-    """The editor sorts by pattern and saves every row, the empty ones too."""
+    """The editor sorts by pattern and saves all rows, empty ones too."""
     rows = []
     for entry in hotel.source["route_map"]:
         e = take(entry, "digits send list release_co minutes")
@@ -296,10 +296,10 @@ def route_map(hotel):
 
 
 def route_lists(hotel):
-    """All routes stand in one table; a list keeps the number behind its last route."""
+    """All routes are in one table; a list stores the number after that of its last route."""
     ends, rows = [], []
     for entry in hotel.source["route_lists"]:
-        # The editor sorts a list by group and by the label of the seek before it saves it.
+        # Before a save the editor sorts a list by group, then by the label of the seek.
         routes = sorted(entry["routes"], key=lambda r: (hotel.place("groups_out", r["group"]), r["seek"]))
         rows += [route_row(hotel, route) for route in routes]
         ends.append(len(rows) + 1 if rows else 0)
@@ -329,7 +329,7 @@ def classes(hotel):
 
 
 def incoming_lists(hotel):
-    """Three destinations at most."""
+    """A list has three destinations at most."""
     rows = []
     for entry in hotel.source["incoming"]:
         e = take(entry, "name to seconds")
@@ -339,7 +339,7 @@ def incoming_lists(hotel):
 
 
 def tenants(hotel):
-    """Bit k of a row is column k + 1: columns 17 up in ranges 300 and 400, 16 down in 100 and 200."""
+    """Bit k of a row is column k + 1. Ranges 300 and 400 hold columns 17 to 32, ranges 100 and 200 columns 1 to 16."""
     keys = hotel.sections["Tenan"]
     for i, entry in enumerate(hotel.source["tenants"], 1):
         tenant = take(entry, "name barred_day barred_night")
@@ -380,7 +380,7 @@ def system(hotel):
     s = take(hotel.source["system"], "voice_mail recorder music holidays hours")
     for table, key in ((hotel.port_rows, (s.music["card"], s.music["channel"])),
                        (hotel.number_rows, s.voice_mail), (hotel.number_rows, s.recorder)):
-        table[key]  # Stops here where the port or number is not there.
+        table[key]  # Fails if the port or number does not exist.
     hotel.put("SystemConfig", {"port": s.music["channel"], "card": s.music["card"], "VMNum": s.voice_mail,
                                "RecNum": s.recorder})
     hotel.put("SystemConfig", {day: "|".join(times) for day, times in s.hours.items()})
@@ -419,7 +419,7 @@ def side_tables(hotel):
 
 
 def build():
-    """The bytes of hotel.tvk."""
+    """Returns the bytes of hotel.tvk."""
     hotel = Hotel(tomllib.loads(SOURCE.read_text(encoding="utf-8")), read_system_file())
     for fill in (connection, port_def, port_config, assign_and_name, accounts, keys_and_consoles,
                  small_number_tables, route_map, route_lists, pools, classes, incoming_lists, tenants,
