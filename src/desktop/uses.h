@@ -1,6 +1,6 @@
 #pragma once
 
-// The floors whose names may be used here without saying where they come from. No other floor is known here.
+// The floors whose names may be used here unqualified; desktop knows no others.
 namespace tarvok::store {}
 namespace tarvok::link {}
 namespace tarvok::io {}

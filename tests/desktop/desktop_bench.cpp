@@ -14,7 +14,7 @@ namespace {
 constexpr int kStep_ms = 5;
 constexpr int kMostTries = 2000;
 
-/** A form that only notes where it is sent. */
+/** A form that only records the places it is sent to. */
 class ShownForm : public PaneForm {
  public:
   ShownForm(PaneHost& host, std::vector<Place>& gone_to)
@@ -25,7 +25,7 @@ class ShownForm : public PaneForm {
   std::vector<Place>& gone_to_;
 };
 
-/** A control of that modal window that can be used, nullptr while there is none. */
+/** A usable control of the modal window with this name; nullptr while there is none. */
 template <typename Widget>
 Widget* ControlOf(const char* modal, const char* name) {
   QWidget* window = Modal(modal);
@@ -33,7 +33,7 @@ Widget* ControlOf(const char* modal, const char* name) {
   return control != nullptr && control->isEnabled() ? control : nullptr;
 }
 
-/** The log-in, the first section that is sent, and some packs of it that come back. */
+/** Bytes of the log-in, the first section sent, and some of its packs that are read back. */
 constexpr int kAnswersUntilReading = 16;
 
 LineConditions ConditionsOf(DesktopBench::Line line) {
@@ -124,7 +124,7 @@ DesktopBench::~DesktopBench() {
 }
 
 std::unique_ptr<Port> DesktopBench::OpenSerial(int, const LineSettings&) {
-  return std::make_unique<VirtualPort>(events);  // a line with nobody at its end
+  return std::make_unique<VirtualPort>(events);  // a line with nothing at its other end
 }
 
 std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const std::string& port) {
@@ -159,7 +159,7 @@ void DesktopBench::Do(std::string_view command, std::vector<Script::Step> steps)
 }
 
 void DesktopBench::Press(Qt::Key key) {
-  QApplication::setActiveWindow(window.get());  // offscreen nobody gives the focus back behind a modal window
+  QApplication::setActiveWindow(window.get());  // offscreen nothing gives the focus back after a modal window
   QTest::keyClick(window.get(), key, Qt::ControlModifier);
 }
 
@@ -175,7 +175,7 @@ Script::Step ClickIn(const char* modal, const char* control) {
   return [=] {
     auto* button = ControlOf<QAbstractButton>(modal, control);
     if (button == nullptr) return false;
-    // What a click starts may last: the script goes on meanwhile.
+    // What a click starts may take long: the script continues meanwhile.
     QTimer::singleShot(0, button, [button] {
       QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
     });
@@ -211,7 +211,7 @@ Script::Step ChooseFile(QString name) {
     if (dialog == nullptr) return false;
     auto* field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     EXPECT_EQ(field->text(), QString());
-    field->setCompleter(nullptr);  // its list would take the keys
+    field->setCompleter(nullptr);  // its list would swallow the keys
     QTest::keyClicks(field, name);
     QTest::keyClick(field, Qt::Key_Return);
     return true;

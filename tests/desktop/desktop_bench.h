@@ -30,7 +30,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/** Qt's loop with a clock that runs faster, so that waits of seconds are over at once. */
+/** Qt's event loop with a faster clock, so that waits of seconds end at once. */
 class FastEvents : public QtEventServer {
  public:
   static constexpr int kTimes = 40;
@@ -44,8 +44,8 @@ class FastEvents : public QtEventServer {
   }
 };
 
-/** What a user does while the program waits inside a modal loop: each step is tried again and again until it
- * says that it is done. A step that never is fails the test and closes everything. */
+/** What the user does while the program is inside a modal loop: each step is tried again until it returns
+ * true. A step that never does fails the test and closes all windows. */
 class Script {
  public:
   using Step = std::function<bool()>;
@@ -64,18 +64,18 @@ class Script {
   QTimer timer_;
 };
 
-/** The program's window on the example hotel, with a practice exchange on loopback or a line that leads
- * nowhere. Its serial ports are open, and nobody is there. */
+/** The program's window with the example hotel, and a practice exchange on loopback or a connection that does
+ * not answer. Serial ports are open, with nothing connected. */
 class DesktopBench : public PortMaker {
  public:
   enum class Line {
     kExchange,
     kSilent,
     kConnecting,
-    kModem,          // as the project is set: a serial port with nobody there
-    kLostInReading,  // nothing comes any more in the middle of a section that is read back
+    kModem,          // the project's own settings: a serial port with nothing connected
+    kLostInReading,  // the exchange goes silent while a section is read back
   };
-  /** What the test's own form of "1 - Setup Number" was asked to show. */
+  /** The places that the test's own form of "1 - Setup Number" was asked to show. */
   std::vector<Place> gone_to;
 
   explicit DesktopBench(Line line = Line::kExchange, const std::string& password = {});
@@ -89,9 +89,9 @@ class DesktopBench : public PortMaker {
     EXPECT_TRUE(store.SetIniValue(project, "Chk_Tarvok", key, value).ok());
   }
   void ClickCommand(std::string_view key);
-  /** Opens a modal form by its command and does the steps in it; they must leave it. */
+  /** Opens a modal form by its command and runs the steps in it; they must close it. */
   void Do(std::string_view command, std::vector<std::function<bool()>> steps);
-  /** A key with Ctrl, wherever the focus is. */
+  /** Presses Ctrl and a key, wherever the focus is. */
   void Press(Qt::Key key);
   template <typename Widget>
   Widget* Find(const char* name) {
@@ -112,8 +112,8 @@ class DesktopBench : public PortMaker {
   static bool MakeFolder(const std::string& path);
   History history{files, (folder / "data/history").string(), MakeFolder};
   ExchangedCopies copies{files, (folder / "data/exchanges").string(), MakeFolder};
-  std::vector<std::string> told;  // what the keeper could not keep
-  ProjectKeeper keeper{history, [this](const std::string& text) { told.push_back(text); }};
+  std::vector<std::string> warnings;  // warnings of the keeper
+  ProjectKeeper keeper{history, [this](const std::string& text) { warnings.push_back(text); }};
   DesktopParts parts;
   ExchangeMemory memory{110};
   PracticeExchange exchange;
@@ -135,16 +135,16 @@ class OpenedBench : public DesktopBench {
   }
 };
 
-/** The modal window in front, if it has that name; a message box without one is "box". */
+/** The active modal window if it has this name; message boxes without a name are "box". */
 QWidget* Modal(const char* name);
-/** A step: waits for that modal window and clicks a control of it by name. */
+/** A step: waits for the modal window with this name and clicks a control by name. */
 Script::Step ClickIn(const char* modal, const char* control);
-/** A step: waits for a message box, notes its text, and presses one of its buttons. */
+/** A step: waits for a message box, records its text, and presses one of its buttons. */
 Script::Step AnswerBox(QMessageBox::StandardButton button, std::vector<std::string>* texts = nullptr);
-/** A step: waits for that modal window and types into what has its focus. */
+/** A step: waits for the modal window with this name and types into its focused widget. */
 Script::Step TypeIn(const char* modal, const char* control, const char* keys);
 
-/** A step: waits for a file dialog, which begins without a name, types one and presses Enter. */
+/** A step: waits for a file dialog without a file name, types one and presses Enter. */
 Script::Step ChooseFile(QString name);
 
 }  // namespace tarvok::test

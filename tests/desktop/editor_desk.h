@@ -11,10 +11,10 @@
 
 namespace tarvok::test {
 
-/** The window on the hotel with every editor there is. */
+/** The window with the example hotel and all editors. */
 class EditorDesk : public DesktopBench {
  public:
-  /** `shared` is a project that is open elsewhere, too; without it the desk has its own. */
+  /** `shared`: a project that is also open elsewhere; without it the desk has its own copy. */
   explicit EditorDesk(const std::string& shared = {}) {
     if (!shared.empty()) project = shared;
     std::map<std::string_view, FormFactory> forms;
@@ -37,7 +37,7 @@ class EditorDesk : public DesktopBench {
   void GoTo(int row, int column) { Table()->setCurrentIndex(Table()->model()->index(row - 1, column - 1)); }
   void Click(const char* button) {
     QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
-    QTest::qWait(1);  // the form goes behind the click
+    QTest::qWait(1);  // the form is deleted after the click
   }
 };
 

@@ -39,7 +39,7 @@ TEST(EditorPage, CellsAreTypedPastedUndoneAndSaved) {
   EXPECT_FALSE(desk.history.Versions(desk.project).value().empty());
 }
 
-TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
+TEST(EditorPage, AClickOnAnotherCommandSavesTheOpenField) {
   EditorDesk desk;
   desk.ClickCommand("linktrunk");
   desk.GoTo(4, 1);
@@ -53,13 +53,13 @@ TEST(EditorPage, AnOpenFieldIsSavedWithAClickOnAnotherCommand) {
   EXPECT_EQ(desk.state.active_form_name, "frmDialPhone");
   EXPECT_EQ(desk.Find<EditorPage>("frmLinkTrunk"), nullptr);
   EXPECT_TRUE(QTest::qWaitFor([&] { return left == nullptr; }));
-  desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed behind what was there
+  desk.ExpectKeys("[LinkTrunk]\n04=755\n");  // typed after the old text
 }
 
-TEST(EditorPage, AnOpenFieldThatIsEmptiedEmptiesWhatItsCellCanNotShow) {
+TEST(EditorPage, EmptyingAFieldAlsoClearsAValueThatItsCellCannotShow) {
   EditorDesk desk;
   ASSERT_TRUE(
-      desk.store.SetIniValue(desk.project, "BOSS", "05", "499|499").ok());  // a port that is not there
+      desk.store.SetIniValue(desk.project, "BOSS", "05", "499|499").ok());  // a port that does not exist
   desk.ClickCommand("boss");
   ASSERT_NE(desk.Table(), nullptr);
   for (const int column : {1, 2}) {
@@ -80,13 +80,13 @@ TEST(EditorPage, AnOpenFieldThatIsEmptiedEmptiesWhatItsCellCanNotShow) {
 TEST(EditorPage, AClosingFormDoesNotCloseTheNextOne) {
   EditorDesk desk;
   desk.ClickCommand("linktrunk");
-  desk.Find<QPushButton>("cmdOK")->click();  // it goes behind this event
+  desk.Find<QPushButton>("cmdOK")->click();  // deletes it after this event
   desk.ClickCommand("dialphone");
   QTest::qWait(20);
   EXPECT_EQ(desk.state.active_form_name, "frmDialPhone");
 }
 
-TEST(EditorPage, CancelAsksAndTheTableMenuIsThatOfTheOpenPage) {
+TEST(EditorPage, CancelAsksAndTheTableMenuBelongsToTheOpenPage) {
   EditorDesk desk;
   auto* menu = desk.Find<QMenu>("mnu_edit");
   EXPECT_FALSE(menu->isEnabled());
@@ -122,13 +122,13 @@ TEST(EditorPage, CtrlSSavesUnlessTheProjectIsGone) {
   QTest::keyClick(desk.Table(), Qt::Key_Delete);
   std::filesystem::rename(desk.project, away);
   std::vector<std::string> texts;
-  Script told({AnswerBox(QMessageBox::Ok, &texts)});
+  Script script({AnswerBox(QMessageBox::Ok, &texts)});
   QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
-  EXPECT_TRUE(told.finished());
+  EXPECT_TRUE(script.finished());
   EXPECT_THAT(texts, ElementsAre(HasSubstr("is gone")));
   EXPECT_TRUE(desk.state.data_changed && !std::filesystem::exists(desk.project));
   std::filesystem::rename(away, desk.project);
-  QApplication::setActiveWindow(desk.window.get());  // the box took that with it
+  QApplication::setActiveWindow(desk.window.get());  // the box had taken the activation
   QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
   QTest::qWait(1);
   EXPECT_EQ(desk.state.active_form_name, "");
@@ -136,7 +136,7 @@ TEST(EditorPage, CtrlSSavesUnlessTheProjectIsGone) {
   desk.ExpectKeys("[LinkTrunk]\n01=\n");
 }
 
-TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
+TEST(EditorPage, RowsAreFilteredReplacedAndJumpToTheirReferences) {
   EditorDesk desk;
   desk.ClickCommand("ext");
   QTest::keyClick(desk.Table(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
@@ -186,10 +186,10 @@ TEST(EditorPage, RowsAreFilteredReplacedAndLeadToWhatRefersToThem) {
   QTest::qWait(1);
   EXPECT_EQ(desk.state.active_form_name, "frmPortDef");
   EXPECT_EQ(desk.Table()->currentIndex().row(), 82);  // room 101 is on card 8, channel 1
-  desk.ExpectKeys("[Name]\n002=Suite 101\n");         // the form that was left saved itself
+  desk.ExpectKeys("[Name]\n002=Suite 101\n");         // leaving a form saves it
 }
 
-/** The texts of a column, and the rows of it that are shown, from 0. */
+/** The texts of a column, and its visible rows from 0. */
 QStringList TextsOf(const QTableView& table, int column) {
   QStringList texts;
   for (int row = 0; row < table.model()->rowCount(); ++row)
@@ -204,7 +204,7 @@ std::vector<int> ShownOf(const QTableView& table) {
   return rows;
 }
 
-TEST(EditorPage, AFilterKeepsWhatItHidesFromEveryCommand) {
+TEST(EditorPage, NoCommandChangesRowsHiddenByAFilter) {
   EditorDesk desk;
   desk.ClickCommand("ext");
   QTableView& table = *desk.Table();
@@ -242,7 +242,7 @@ TEST(EditorPage, AFilterKeepsWhatItHidesFromEveryCommand) {
   EXPECT_EQ(QApplication::focusWidget(), filter);
 }
 
-TEST(EditorPage, LettersThatThePageLacksAreNamed) {
+TEST(EditorPage, LettersThatTheCodePageLacksAreReported) {
   EditorDesk desk;
   desk.ClickCommand("ext");
   const QStringList before = TextsOf(*desk.Table(), 5);
@@ -281,14 +281,14 @@ TEST(EditorPage, LettersThatThePageLacksAreNamed) {
   EXPECT_TRUE(desk.Find<QLabel>("Refused")->text().contains(QStringLiteral("\u0639\u0644\u06CC")));
 }
 
-TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {
+TEST(EditorPage, AStepInThePathOfACallOpensItsEditor) {
   EditorDesk desk;
   desk.ClickCommand("routemap");
   desk.GoTo(8, 1);
   auto* path = desk.Find<QWidget>("CallPath");
-  EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: Digits 011X, timeout No Limit");
+  EXPECT_EQ(path->accessibleName().toStdString(), "Path of the call: Digits 011X, timeout No Limit");
   QTest::keyClick(path, Qt::Key_Right);
-  EXPECT_EQ(path->accessibleName().toStdString(), "Way of the call: List 1");
+  EXPECT_EQ(path->accessibleName().toStdString(), "Path of the call: List 1");
   EXPECT_FALSE(desk.Find<QLabel>("AsSaved")->isVisible());
   QTest::keyClick(desk.Table(), Qt::Key_7);
   EXPECT_TRUE(desk.Find<QLabel>("AsSaved")->isVisible());
@@ -303,7 +303,7 @@ TEST(EditorPage, AStepOfACallsWayOpensItsEditor) {
   EXPECT_EQ(current(), "11 - Incoming List");
 }
 
-TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
+TEST(EditorPage, MouseAndKeysToggleTenantsInTheWholeMatrixAndInAPart) {
   EditorDesk desk;
   desk.ClickCommand("tenan");
   auto* matrix = desk.Find<QWidget>("TenantMatrix");
@@ -331,9 +331,9 @@ TEST(EditorPage, TenantsAreTurnedByMouseAndKeysInWholeAndInPart) {
   }
 }
 
-/** A head turns the 16 cells of its block, on at first and then off, in a window that shows one block and in one
- * that shows four. */
-TEST(EditorPage, AHeadOfTenantsTurnsSixteenCellsInAnyWindow) {
+/** A header sets the 16 cells of its block on the first click and clears them on the second, in a window with
+ * one block and in one with four. */
+TEST(EditorPage, ATenantHeaderTogglesSixteenCellsInAnyWindow) {
   for (const bool wide : {true, false}) {
     SCOPED_TRACE(wide);
     EditorDesk desk;
@@ -354,17 +354,17 @@ TEST(EditorPage, AHeadOfTenantsTurnsSixteenCellsInAnyWindow) {
     };
     const int room = std::min(matrix->width() - 8, matrix->height() - 30);
     const int cell = wide ? room / 34 : std::max(15, room / 17);
-    const auto click = [&](int row, int column) {  // counted in cells and heads
+    const auto click = [&](int row, int column) {  // in cells, headers included
       QTest::mouseClick(matrix, Qt::LeftButton, {}, QPoint(column, row) * cell + QPoint(cell / 2, cell / 2));
     };
     struct Head {
-      int at_row, at_column;                   // in cells and heads
-      int row, column, last_row, last_column;  // what it turns
+      int at_row, at_column;                   // in cells, headers included
+      int row, column, last_row, last_column;  // the cells that it toggles
     };
     std::vector<Head> heads = {{2, 0, 2, 1, 2, 16}, {0, 16, 1, 16, 16, 16}};
     if (wide)
       heads.insert(heads.end(), {{2, 17, 2, 17, 2, 32}, {18, 0, 17, 1, 17, 16}, {17, 33, 17, 32, 32, 32}});
-    std::map<int, bool> clears;  // by the button's place
+    std::map<int, bool> clears;  // by the position of the button
     for (const Head& head : heads) {
       std::vector<std::pair<int, int>> turned;
       for (int row = head.row; row <= head.last_row; ++row) {
@@ -386,7 +386,7 @@ TEST(EditorPage, AHeadOfTenantsTurnsSixteenCellsInAnyWindow) {
   }
 }
 
-TEST(EditorPage, AKeyInAListGoesToTheFirstEntryThatBeginsWithIt) {
+TEST(EditorPage, AKeySelectsTheFirstListEntryThatBeginsWithIt) {
   EditorDesk desk;
   desk.ClickCommand("routemap");
   const std::tuple<int, const char*, const char*> cases[] = {
@@ -403,7 +403,7 @@ TEST(EditorPage, AKeyInAListGoesToTheFirstEntryThatBeginsWithIt) {
   }
 }
 
-TEST(EditorPage, TwoWindowsOnOneProjectLoseNoKeyOfEachOther) {
+TEST(EditorPage, TwoWindowsOnOneProjectKeepEachOthersKeys) {
   EditorDesk first;
   EditorDesk second(first.project);
   const IniText before(first.store.Snapshot(first.project)->bytes());

@@ -1,4 +1,4 @@
-// What holds for every editor's page.
+// Tests of every editor's page.
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,7 +14,7 @@
 namespace tarvok::test {
 namespace {
 
-/** Types into the first column that takes text, or takes another entry of the last row's list. */
+/** Types into the first column that accepts text, or chooses another list entry in the last row. */
 void ChangeCell(EditorDesk& desk, const TableEditor& rules) {
   QTableView* table = desk.Table();
   int column = 1;
@@ -40,7 +40,7 @@ void ChangeCell(EditorDesk& desk, const TableEditor& rules) {
   QTest::qWait(1);
 }
 
-/** Makes an extension 77 of the last key in its dialog. */
+/** Makes the last key extension 77 in its dialog. */
 void ChangeKey(EditorDesk& desk, EditorPage& page) {
   QTest::keyClick(page.findChild<QWidget*>(QStringLiteral("lblNum(19)")), Qt::Key_Space);
   ASSERT_NE(page.form().dialog(), nullptr);
@@ -64,7 +64,8 @@ Widget* FirstOf(const EditorPage& page) {
   return nullptr;
 }
 
-/** One thing of a page with real keys: of its table, its fields, its boxes, or the first that a key turns over. */
+/** Changes one thing of a page with real keys: in its table, fields or check boxes, or whatever a key
+ * toggles. */
 void ChangeByKeys(EditorDesk& desk, EditorPage& page) {
   if (desk.Table() != nullptr) return ChangeCell(desk, *page.form().table());
   if (desk.Find<QWidget>("lblNum(19)") != nullptr) return ChangeKey(desk, page);
@@ -84,7 +85,7 @@ void ChangeByKeys(EditorDesk& desk, EditorPage& page) {
   }
 }
 
-/** Counts what comes up as a window of its own. */
+/** Counts the widgets that are shown as windows. */
 class WindowCount : public QObject {
  public:
   WindowCount() { qApp->installEventFilter(this); }
@@ -96,7 +97,7 @@ class WindowCount : public QObject {
   int windows = 0;
 };
 
-/** The letters that Alt reaches in the window, each as often as it stands there. */
+/** The Alt letters of the window, with duplicates. */
 std::string AltLetters(MainWindow& window) {
   QStringList texts;
   for (const QAction* menu : window.menuBar()->actions()) texts += menu->text();
@@ -115,7 +116,7 @@ std::string AltLetters(MainWindow& window) {
   return letters;
 }
 
-TEST(EveryPage, StaysInASmallWindowAndNoLetterWithAltStandsTwiceThere) {
+TEST(EveryPage, FitsASmallWindowAndUsesEachAltLetterOnce) {
   EditorDesk desk;
   const QSize small(800, 600);
   desk.window->resize(small);
@@ -138,8 +139,8 @@ TEST(EveryPage, StaysInASmallWindowAndNoLetterWithAltStandsTwiceThere) {
   }
 }
 
-/** Every editor there is: opened by its command, one thing changed, saved, reopened, found. */
-TEST(EveryPage, TakesAChangeByKeys) {
+/** Opens every editor by its command, changes one thing, saves, reopens, and finds the change. */
+TEST(EveryPage, SavesAChangeMadeWithKeys) {
   EditorDesk desk;
   const auto bytes = [&] { return desk.store.Snapshot(desk.project)->bytes(); };
   for (const Editor* editor : Editors()) {
@@ -150,7 +151,7 @@ TEST(EveryPage, TakesAChangeByKeys) {
     const std::string before = bytes();
     ChangeByKeys(desk, *page);
     EXPECT_TRUE(desk.state.data_changed);
-    Script answers({AnswerBox(QMessageBox::Yes)});  // a repeat is asked about
+    Script answers({AnswerBox(QMessageBox::Yes)});  // editors ask about duplicates
     desk.Click("cmdOK");
     const std::string after = bytes();
     EXPECT_NE(after, before);

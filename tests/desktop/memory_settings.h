@@ -8,7 +8,7 @@
 
 namespace tarvok::test {
 
-/** Per-user settings that nobody but the test sees. */
+/** Per-user settings in memory. */
 class MemorySettings : public SettingsStore {
  public:
   std::map<std::string, std::string> values;  // by GROUP/KEY

@@ -14,7 +14,7 @@
 namespace tarvok::test {
 namespace {
 
-/** What a list shows, a line each, cells apart by a bar. */
+/** The lines of a list, with cells separated by a bar. */
 std::vector<std::string> Lines(const QAbstractItemView* view) {
   std::vector<std::string> lines;
   for (int row = 0; row < view->model()->rowCount(); ++row) {
@@ -27,7 +27,7 @@ std::vector<std::string> Lines(const QAbstractItemView* view) {
   return lines;
 }
 
-/** A step: notes what a label and a list of the modal window show. */
+/** A step: records what a label and a list of the modal window show. */
 Script::Step Note(const char* modal, const char* list, std::vector<std::string>& lines, std::string& count) {
   return [=, &lines, &count] {
     const QWidget* window = Modal(modal);
@@ -38,7 +38,7 @@ Script::Step Note(const char* modal, const char* list, std::vector<std::string>&
   };
 }
 
-/** A step: any password, which an exchange without one takes. */
+/** A step: types any password, which an exchange without one accepts. */
 Script::Step Password() {
   return TypeIn("frmPassword2", "Text1", "1\r");
 }
@@ -55,7 +55,7 @@ class ProjectTools : public testing::Test {
   DesktopBench bench;
 };
 
-TEST_F(ProjectTools, ALoadKeepsTheProjectAndItComesBack) {
+TEST_F(ProjectTools, ALoadKeepsTheProjectWhichCanBeBroughtBack) {
   bench.Do("connect", {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes), Password(),
                        AnswerBox(QMessageBox::Ok), ClickIn("frmConnect", "cmdCancel")});
   EXPECT_THAT(Text("LastTransfer"), HasSubstr("Send Data Config, to the exchange, finished, "));
@@ -82,10 +82,10 @@ TEST_F(ProjectTools, ALoadKeepsTheProjectAndItComesBack) {
   EXPECT_EQ(kept.value().front().reason, kBeforeBringBack);
   bench.frame->Close();
   EXPECT_FALSE(bench.Find<QAction>("mnu_versions")->isEnabled());
-  EXPECT_THAT(bench.told, ElementsAre());
+  EXPECT_THAT(bench.warnings, ElementsAre());
 }
 
-TEST_F(ProjectTools, ALoadThatIsRefusedOrGivenUpIsNoTransfer) {
+TEST_F(ProjectTools, ALoadThatIsRefusedOrCancelledIsNotATransfer) {
   const std::string before = Bytes();
   const auto give_up = [] {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
@@ -110,22 +110,22 @@ TEST_F(ProjectTools, ALoadThatIsRefusedOrGivenUpIsNoTransfer) {
   EXPECT_EQ(Bytes(), before);
 }
 
-TEST_F(ProjectTools, AHistoryThatCannotBeWrittenIsToldOnceAndStopsNobody) {
+TEST_F(ProjectTools, AnUnwritableHistoryIsReportedOnceAndStopsNothing) {
   std::filesystem::create_directories(bench.folder / "data");
   ASSERT_TRUE(
       bench.files.WriteNew((bench.folder / "data/history").string(), "rubbish", "", Flush::kLater).ok());
   bench.parts.keep(bench.project, kBeforeLoad);
   bench.parts.keep(bench.project, kBeforeLoad);
-  EXPECT_THAT(bench.told, ElementsAre(HasSubstr("can't be kept")));
+  EXPECT_THAT(bench.warnings, ElementsAre(HasSubstr("could not be kept")));
 }
 
-TEST_F(ProjectTools, WhatWillChangeComparesWithWhatTheExchangeGotLast) {
+TEST_F(ProjectTools, WhatWillChangeComparesWithTheLastTransfer) {
   std::vector<std::string> lines[3];
   std::string counts[3];
   for (int i = 0; i < 3; ++i) {
     if (i == 2) {
       Put("Name", "002", "Suite");
-      Put("MiniBar", "001", "Beer|2.00|");  // does not travel with this send
+      Put("MiniBar", "001", "Beer|2.00|");  // this send does not carry it
     }
     std::vector<Script::Step> steps = {ClickIn("frmConnect", "cmdWrite"), ClickIn("frmMsgBox", "cmdChanges"),
                                        Note("WhatWillChange", "Differences", lines[i], counts[i]),
@@ -140,7 +140,7 @@ TEST_F(ProjectTools, WhatWillChangeComparesWithWhatTheExchangeGotLast) {
     bench.Do("connect", steps);
   }
   EXPECT_THAT(counts[0], HasSubstr("nothing to compare with"));
-  EXPECT_THAT(counts[1], HasSubstr("has this configuration already"));
+  EXPECT_THAT(counts[1], HasSubstr("already has this configuration"));
   EXPECT_EQ(counts[2], "1 difference");
   EXPECT_THAT(lines[2], ElementsAre(HasSubstr("Room 101 \u2192 Suite")));
 }
@@ -164,7 +164,7 @@ TEST_F(ProjectTools, FindGoesToTheRow) {
 
   bench.Press(Qt::Key_F);
   QApplication::setActiveWindow(find);
-  EXPECT_EQ(text->selectedText(), "hunt group 2");  // typed over at once
+  EXPECT_EQ(text->selectedText(), "hunt group 2");  // selected, ready to be replaced
   QTest::keyClicks(text, "127");
   QTest::keyClick(text, Qt::Key_Down);
   EXPECT_EQ(list->indexOfTopLevelItem(list->currentItem()), 1);
@@ -178,7 +178,7 @@ TEST_F(ProjectTools, FindGoesToTheRow) {
 }
 
 TEST_F(ProjectTools, FindingsLeadToTheirForms) {
-  EXPECT_THAT(Text("FindingsText"), HasSubstr("All is well"));
+  EXPECT_THAT(Text("FindingsText"), HasSubstr("Nothing to report"));
   EXPECT_TRUE(bench.Find<QListWidget>("Findings")->isHidden());
   Put("HuntGroup", "02", "127|777");
   Put("BOSS", "01", "900|F");
@@ -191,18 +191,18 @@ TEST_F(ProjectTools, FindingsLeadToTheirForms) {
     list->setCurrentItem(items.front());
     QTest::keyClick(list, Qt::Key_Return);
   };
-  enter("900");  // its form is not among those of this bench
+  enter("900");  // this bench does not have its form
   EXPECT_EQ(bench.state.active_form_name, "");
   enter("Hunt Group 02 \u00B7 Member 2: 777");
   EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 2}));
 }
 
-TEST_F(ProjectTools, ThePracticeExchangeRunsAndTheProjectConnectsToIt) {
+TEST_F(ProjectTools, TheProjectConnectsToThePracticeExchange) {
   bench.frame->Close();
   auto* start = bench.Find<QAbstractButton>("StartPractice");
   const std::string program = std::exchange(bench.parts.practice_program, "/nowhere/tarvok-exchange");
   QTest::mouseClick(start, Qt::LeftButton);
-  EXPECT_THAT(Text("PracticeText"), HasSubstr("there is no /nowhere/tarvok-exchange"));
+  EXPECT_THAT(Text("PracticeText"), HasSubstr("/nowhere/tarvok-exchange does not exist"));
   bench.parts.practice_program = program;
   bench.frame->OpenProject(bench.project);
   Put(kHeaderSection, "By", "1");
@@ -217,7 +217,7 @@ TEST_F(ProjectTools, ThePracticeExchangeRunsAndTheProjectConnectsToIt) {
   EXPECT_EQ(bench.history.Versions(bench.project).value().size(), 1U);
   EXPECT_TRUE(std::filesystem::exists(bench.folder / "practice"));
   bench.frame.reset();
-  bench.window.reset();  // it ends with the program
+  bench.window.reset();  // the practice exchange ends with the program
   EXPECT_TRUE(QTest::qWaitFor([&] { return line->state() != PortState::kOpen; }, 20'000));
 }
 

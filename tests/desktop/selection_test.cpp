@@ -1,4 +1,4 @@
-// What is shown as selected in a table is what a command acts on, however it was selected.
+// A command acts on the cells that are shown as selected, however they were selected.
 
 #include <algorithm>
 #include <random>
@@ -14,12 +14,12 @@
 namespace tarvok::test {
 namespace {
 
-constexpr int kRows = 30;  // filled, of the accounts' table
+constexpr int kRows = 30;  // filled rows of the accounts' table
 constexpr int kColumns = 6;
 
 using Cells = std::vector<QStringList>;
 
-/** Accounts 1 to 30 with cells that differ all over, and the mouse and the keyboard of a person over them. */
+/** Accounts 1 to 30, in which all cells differ, with the user's mouse and keyboard. */
 class AccountDesk : public EditorDesk {
  public:
   AccountDesk() {
@@ -37,7 +37,7 @@ class AccountDesk : public EditorDesk {
     QTest::qWait(1);
   }
 
-  /** All columns are in sight, and the first rows. */
+  /** Makes all columns and the first rows visible. */
   void LayOutTable(int column_width = 110) {
     for (int column = 0; column < kColumns; ++column) Table()->setColumnWidth(column, column_width);
     Table()->scrollTo(Table()->model()->index(0, 0));
@@ -65,7 +65,7 @@ class AccountDesk : public EditorDesk {
     Press(at, keys);
     Release(at, keys);
   }
-  /** Through the middles of these cells, from the first to the last. */
+  /** Drags the mouse through the centres of these cells. */
   void Drag(const std::vector<std::pair<int, int>>& way) {
     Press(At(way.front().first, way.front().second));
     for (std::size_t i = 1; i < way.size(); ++i) Move(At(way[i].first, way[i].second));
@@ -84,7 +84,7 @@ class AccountDesk : public EditorDesk {
     }
     return texts;
   }
-  /** Top, left, bottom, right of the cells that are shown as selected, from 1; they have to be all of those. */
+  /** Top, left, bottom and right of the cells shown as selected, from 1; they must fill the rectangle. */
   std::vector<int> Shown() {
     int top = 9999;
     int left = 9999;
@@ -263,12 +263,12 @@ const Gesture kGestures[] = {
        closes_menu.start(1);
        QTest::mousePress(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
        QTest::mouseRelease(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
-       QApplication::setActiveWindow(desk.window.get());  // the menu took that with it
+       QApplication::setActiveWindow(desk.window.get());  // the menu had taken the activation
      },
      {3, 1, 6, 2}},
 };
 
-/** The table with the text of each shown cell replaced. */
+/** The expected table: the text of each selected cell replaced. */
 Cells Replaced(Cells cells, const std::vector<int>& shown, const std::function<QString(int column)>& by) {
   for (int row = shown[0]; row <= shown[2]; ++row) {
     for (int column = shown[1]; column <= shown[3]; ++column)
@@ -277,7 +277,7 @@ Cells Replaced(Cells cells, const std::vector<int>& shown, const std::function<Q
   return cells;
 }
 
-/** Where two tables differ, a cell each; "" for nowhere. */
+/** The cells in which two tables differ; "" for none. */
 std::string Unlike(const Cells& found, const Cells& wanted) {
   std::string unlike = found.size() == wanted.size() ? "" : "another number of rows";
   for (std::size_t row = 0; row < std::min(found.size(), wanted.size()); ++row) {
@@ -298,7 +298,7 @@ QString TextOf(const Cells& cells, const std::vector<int>& shown) {
   return lines.join(QStringLiteral("\r\n"));
 }
 
-TEST(TableSelection, ACommandActsOnExactlyTheCellsThatAreShown) {
+TEST(TableSelection, ACommandChangesExactlyTheCellsShownAsSelected) {
   AccountDesk desk;
   const Cells before = desk.Texts();
   const auto with_ctrl = [&](Qt::Key key) { desk.Keys(key, 1, Qt::ControlModifier); };
@@ -339,7 +339,7 @@ TEST(TableSelection, ACommandActsOnExactlyTheCellsThatAreShown) {
   }
 }
 
-TEST(TableSelection, EveryCellIsSelectedByOneKey) {
+TEST(TableSelection, OneKeySelectsEveryCell) {
   AccountDesk desk;
   desk.ClickAt(desk.At(2, 2));
   desk.Keys(Qt::Key_A, 1, Qt::ControlModifier);
@@ -348,7 +348,7 @@ TEST(TableSelection, EveryCellIsSelectedByOneKey) {
   for (const QStringList& row : desk.Texts()) EXPECT_EQ(row.join(QString()), QString());
 }
 
-TEST(TableSelection, AColumnIsSelectedByItsHeadWhereverTheTableStands) {
+TEST(TableSelection, AHeaderSelectsItsColumnWhereverTheTableIsScrolled) {
   AccountDesk desk;
   Cells wanted = desk.Texts();
   for (QStringList& row : wanted) row[1].clear();
@@ -359,8 +359,8 @@ TEST(TableSelection, AColumnIsSelectedByItsHeadWhereverTheTableStands) {
   EXPECT_EQ(Unlike(desk.Texts(), wanted), "");
 }
 
-/** Whatever is pressed, dragged or typed: behind every event the rules have selected what is shown. */
-TEST(TableSelection, TheRulesFollowAnySequenceOfEvents) {
+/** After any press, drag or key the editor's selection is the one that is shown. */
+TEST(TableSelection, TheEditorFollowsAnySequenceOfEvents) {
   constexpr Qt::Key kKeys[] = {Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,  Qt::Key_Right,
                                Qt::Key_Home,   Qt::Key_End,      Qt::Key_Tab,   Qt::Key_PageUp,
                                Qt::Key_Return, Qt::Key_PageDown, Qt::Key_Space, Qt::Key_7,
@@ -375,7 +375,7 @@ TEST(TableSelection, TheRulesFollowAnySequenceOfEvents) {
   std::mt19937 random(7);
   const auto any = [&](std::size_t count) { return static_cast<std::size_t>(random()) % count; };
   const auto cell = [&] {
-    desk.LayOutTable();  // what is clicked is in sight
+    desk.LayOutTable();  // the clicked cells must be visible
     return desk.At(1 + static_cast<int>(any(20)), 1 + static_cast<int>(any(3)));
   };
   const auto expect_same = [&](const std::string& what) {
@@ -417,8 +417,8 @@ TEST(TableSelection, TheRulesFollowAnySequenceOfEvents) {
   }
 }
 
-/** A number typed into one port and filled down leaves the ports' cards, channels and types alone. */
-TEST(TableSelection, FillDownBehindArrowsKeepsToTheColumn) {
+/** Filling a typed number down must not change cards, channels and types of the ports. */
+TEST(TableSelection, FillDownAfterArrowsChangesOneColumn) {
   EditorDesk desk;
   desk.ClickCommand("portdefine");
   QTableView& table = *desk.Table();

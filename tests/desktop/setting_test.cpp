@@ -32,14 +32,14 @@ class Settings : public testing::Test {
   std::unique_ptr<SettingDialog> dialog;
 };
 
-TEST_F(Settings, FieldsDropWhatTheyDoNotTake) {
+TEST_F(Settings, FieldsDropCharactersThatTheyDoNotAccept) {
   bench.Put("IPHost", "box");
   Open();
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"txtTel", "0-12,x3#", "012,3"}, {"txtHost", "1 0.a7", "10.7"}, {"txtPort", "4x0.01", "4001"}};
   auto* host = Get<QLineEdit>("txtHost");
   QTest::keyClick(host, Qt::Key_Backspace);
-  EXPECT_EQ(host->text(), QStringLiteral("bo"));  // what was stored can be edited
+  EXPECT_EQ(host->text(), QStringLiteral("bo"));  // a stored text can be edited
   dialog.reset();
   bench.Put("IPHost", "");
   Open();
@@ -54,7 +54,7 @@ TEST_F(Settings, FieldsDropWhatTheyDoNotTake) {
   }
 }
 
-TEST_F(Settings, TheWheelChangesOnlyWhatHasTheFocus) {
+TEST_F(Settings, TheWheelChangesOnlyTheFocusedWidget) {
   Open();
   Click("Option1(1)");
   Click("Option2(1)");
@@ -90,8 +90,8 @@ TEST_F(Settings, OptionsShowTheirFrames) {
   EXPECT_TRUE(Get<QWidget>("fraInputID")->isVisible());
 }
 
-/** What a field does not take, but held when it was filled, may stay and come back; there is never more of it. */
-TEST_F(Settings, AFieldKeepsACharacterThatItHeldAndTakesNoMoreOfIt) {
+/** A character that a field does not accept may stay if it was there at first, but never more of it. */
+TEST_F(Settings, AFieldKeepsAnInitialCharacterAndAcceptsNoMoreOfIt) {
   bench.Put("IPHost", "pbx.x");
   Open();
   Click("Option1(0)");
@@ -111,7 +111,7 @@ TEST_F(Settings, AFieldKeepsACharacterThatItHeldAndTakesNoMoreOfIt) {
   EXPECT_EQ(field->text().toStdString(), "b9");
 }
 
-TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
+TEST_F(Settings, ApplyWritesChangesAndKeepsTheRest) {
   const std::tuple<const char*, const char*, const char*> keys[] = {{"Port", "", "1"},
                                                                     {"PortM", "9", "9"},
                                                                     {"BPS", "9600,n,8,1", "9600,n,8,1"},
@@ -151,7 +151,7 @@ TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   EXPECT_EQ(bench.Value("Port"), "2");
   EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/pbx");
 
-  // Serial line and modem are both on Com2, and the modem's hidden list still shows the device from before.
+  // Serial line and modem both use Com2, and the hidden list of the modem still shows the old device.
   bench.Put("PortM", "2");
   Open();
   Get<QComboBox>("cmbPortDevice")->setEditText(QStringLiteral("/dev/other"));
@@ -159,7 +159,7 @@ TEST_F(Settings, ApplyWritesWhatWasChangedAndKeepsTheRest) {
   EXPECT_EQ(bench.settings.values["Serial Ports/Com2"], "/dev/other");
 }
 
-/** Rights are asked of the real user. A test that runs as root lends that place to nobody. */
+/** Access is checked for the real user. A test that runs as root becomes the user nobody for that time. */
 class SomebodyElse {
  public:
   SomebodyElse() { Become(kNobody); }
@@ -175,11 +175,12 @@ class SomebodyElse {
   }
 };
 
-TEST_F(Settings, ADeviceThatMayNotBeOpenedIsExplained) {
+TEST_F(Settings, ADeviceWithoutPermissionIsExplained) {
   const std::string device = (bench.folder / "ttyUSB0").string();
   Write(device, "");
   std::filesystem::permissions(device, std::filesystem::perms::none);
-  std::filesystem::permissions(bench.folder, std::filesystem::perms{0755});  // else it can't even be seen
+  std::filesystem::permissions(bench.folder,
+                               std::filesystem::perms{0755});  // else the device is not even visible
   const SomebodyElse user;
   Open();
   Click("Option1(1)");
@@ -190,24 +191,24 @@ TEST_F(Settings, ADeviceThatMayNotBeOpenedIsExplained) {
     QTest::keyClicks(field->lineEdit(), QString::fromStdString(path));
     QStringList shown;
     for (const auto* label : field->parentWidget()->findChildren<QLabel*>()) shown += label->text();
-    EXPECT_EQ(shown.join(QString()), field->accessibleDescription());  // seen and read out alike
+    EXPECT_EQ(shown.join(QString()), field->accessibleDescription());  // the same for screen readers
     return shown.join(QString()).toStdString();
   };
   const std::string group = ::getgrgid(::getegid())->gr_name;
-  EXPECT_EQ(explained(device), "You may not open this device. It belongs to the group \"" + group +
-                                   "\"; ask for membership and log in again.");
+  EXPECT_EQ(explained(device), "To open this device, join its group \"" + group +
+                                   "\": ask the administrator, and log in again.");
   EXPECT_EQ(explained(device + "0"), "This device is not present on this computer.");
   EXPECT_EQ(explained("/dev/null"), "");
 }
 
-TEST(CodePage, GoesThereAndBackAndAgreesWithQt) {
+TEST(CodePage, ConvertsBothWaysLikeQt) {
   std::string all;
   for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
   for (const CodePage& page : CodePage::All()) {
     const QString letters = page.ToLetters(all);
     EXPECT_EQ(page.ToBytes(letters), all) << page.name();
     QStringDecoder qt(page.name().data());
-    if (!qt.isValid()) continue;  // a Qt without other code pages
+    if (!qt.isValid()) continue;  // this Qt lacks the code page
     const QString theirs = qt(QByteArray::fromStdString(all));
     for (int i = 0; i < 256; ++i) {
       const bool open_byte =

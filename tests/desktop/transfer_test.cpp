@@ -13,12 +13,12 @@ std::string LogOf(const char* form) {
   return window == nullptr ? "" : window->findChild<QPlainTextEdit*>("Text1")->toPlainText().toStdString();
 }
 
-/** A step: waits until the log window holds the text. */
+/** A step: waits until the log window contains the text. */
 Script::Step LogHas(const char* form, const char* text) {
   return [=] { return LogOf(form).find(text) != std::string::npos; };
 }
 
-/** A step: closes the form by its window button; whether it is gone then. */
+/** A step: closes the form by its window button; true if that closed it. */
 Script::Step CloseWindow(const char* form) {
   return [=] {
     if (Modal(form) == nullptr) return false;
@@ -74,12 +74,12 @@ TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
   EXPECT_THAT(bench.log, testing::StartsWith("Send Config History...\r\n"));
 }
 
-TEST(Transfer, NewPasswordsTravelWithTheLogIn) {
+TEST(Transfer, NewPasswordsAreSentWithTheLogIn) {
   OpenedBench bench(DesktopBench::Line::kExchange, "1234");
   std::vector<std::string> boxes;
   bench.Do("connect", {ClickIn("frmConnect", "cmdSendIP"), AnswerBox(QMessageBox::Yes),
                        ClickIn("frmPassword2", "chkPSW"), ClickIn("frmPassword2", "chkLV(1)"),
-                       TypeIn("frmPassword2", "Text1", "1234\r"),  // leads to the new one
+                       TypeIn("frmPassword2", "Text1", "1234\r"),  // goes to the new password
                        TypeIn("frmPassword2", "txtPSW(1,0)", "111111"), ClickIn("frmPassword2", "Command1"),
                        AnswerBox(QMessageBox::Ok, &boxes), TypeIn("frmPassword2", "txtPSW(1,1)", "111111\r"),
                        AnswerBox(QMessageBox::Ok, &boxes), ClickIn("frmConnect", "cmdCancel")});
@@ -87,9 +87,9 @@ TEST(Transfer, NewPasswordsTravelWithTheLogIn) {
   EXPECT_EQ(bench.memory.passwords().Get(1), PackPassword("111111"));
 }
 
-TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
+TEST(Transfer, ClosingAbortsOnlySessionsThatMayBeAborted) {
   using Line = DesktopBench::Line;
-  // What the log window ends with when the form is closed, and whether that gives the session up; else it is ignored.
+  // The end of the log window when the form is closed, and whether that aborts the session or is ignored.
   const std::tuple<Line, const char*, const char*, const char*, bool> cases[] = {
       {Line::kConnecting, "frmConnect", "cmdWrite", "### Send Data Config by LAN ###", true},
       {Line::kConnecting, "frmConnect", "cmdIdle", "PING?", true},
@@ -114,11 +114,11 @@ TEST(Transfer, ClosingInAWaitGivesUpWhatMayBeGivenUp) {
     EXPECT_EQ(boxes,
               goes ? std::vector<std::string>() : std::vector<std::string>{"Change to set mode failed (RE)"});
     EXPECT_EQ(bench.state.active_form_name, "");
-    bench.Do(command, {ClickIn(form, "cmdCancel")});  // the next form is alive at once
+    bench.Do(command, {ClickIn(form, "cmdCancel")});  // the next form works at once
   }
 }
 
-TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
+TEST(Transfer, ClosingDuringACompareClosesTheForm) {
   OpenedBench bench(DesktopBench::Line::kLostInReading);
   bench.Put("compare", "1");
   bench.Do("connect", {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes),
@@ -127,29 +127,28 @@ TEST(Transfer, ClosingWhileASectionIsReadBackEndsTheForm) {
   EXPECT_EQ(bench.state.active_form_name, "");
   const ConnectionSettings exchange =
       ReadConnection(*bench.store.Snapshot(bench.project), EmptySpeed::kShownOnly);
-  EXPECT_FALSE(bench.copies.Find(exchange).ok());  // nobody knows what it holds now
+  EXPECT_FALSE(bench.copies.Find(exchange).ok());  // its contents are unknown now
 }
 
-TEST(Transfer, ClosingWithThePasswordOpenEndsBoth) {
+TEST(Transfer, ClosingWithThePasswordFormOpenClosesBoth) {
   OpenedBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.Do("connect",
-           {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
-              if (Modal("frmPassword2") == nullptr) return false;
-              bench.Find<QDialog>("frmConnect")->close();  // as the desktop does when its user logs out
-              return true;
-            }});
+  bench.Do("connect", {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
+                         if (Modal("frmPassword2") == nullptr) return false;
+                         bench.Find<QDialog>("frmConnect")->close();  // as at a logout
+                         return true;
+                       }});
   EXPECT_EQ(bench.state.active_form_name, "");
   EXPECT_EQ(bench.Value("Chk"), "TARVOK");
 }
 
-/** SIGTERM and a logout close the main window; a person presses Ctrl+Q. */
-TEST(Transfer, TheProgramEndsFromAnIdleFormAndStaysDuringASession) {
+/** SIGTERM and a logout close the main window; the user presses Ctrl+Q. */
+TEST(Transfer, TheProgramEndsWithAnIdleFormButNotDuringASession) {
   const auto exit = [](OpenedBench& bench, bool by_key) -> Script::Step {
     return [&bench, by_key] {
       QWidget* form = Modal("frmConnect");
       if (form == nullptr) form = Modal("frmSetting");
       if (form == nullptr || !form->isVisible()) return false;
-      QApplication::setActiveWindow(form);  // shortcuts want an active window
+      QApplication::setActiveWindow(form);  // shortcuts need an active window
       if (by_key) QTest::keyClick(form, Qt::Key_Q, Qt::ControlModifier);
       if (!by_key) bench.window->close();
       return true;
@@ -179,7 +178,7 @@ TEST(Transfer, TheProgramEndsFromAnIdleFormAndStaysDuringASession) {
   EXPECT_FALSE(bench.window->isVisible());
 }
 
-TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
+TEST(Transfer, TheDebugWordCountsOnlyInTheFirstNineKeys) {
   const std::pair<const char*, bool> cases[] = {
       {"TRACELY7", true}, {"tracely7", false}, {"xTRACELY7", false}};
   for (const auto& [typed, on] : cases) {
@@ -188,7 +187,7 @@ TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
     const auto type = [&] {
       auto* form = Modal("frmMiniBarCon");
       if (form == nullptr) return false;
-      QTest::keyClicks(form->findChild<QPushButton*>("cmdLoad"), "TR");  // another button's presses
+      QTest::keyClicks(form->findChild<QPushButton*>("cmdLoad"), "TR");  // keys on another button
       QTest::keyClicks(form->findChild<QPushButton*>("cmdWrite"), typed);
       title = form->windowTitle();
       return true;
@@ -198,7 +197,7 @@ TEST(Transfer, TheDebugWordCountsInTheFirstNinePressesOnly) {
   }
 }
 
-TEST(Transfer, BillingKeepsItsFolder) {
+TEST(Transfer, BillingRemembersItsFolder) {
   OpenedBench bench;
   bench.Put("LastBil", "/here");
   std::vector<std::string> boxes;

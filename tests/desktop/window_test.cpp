@@ -10,7 +10,7 @@
 namespace tarvok::test {
 namespace {
 
-/** What the window shows of the frame's state: the title, the commands of the tree, what menu and toolbar offer, the pane. */
+/** The visible state of the window: title, commands of the tree, enabled actions, pane. */
 std::string Look(DesktopBench& bench) {
   const QList<QAction*> bar = bench.Find<QToolBar>("Toolbar1")->actions();
   QStringList captions;
@@ -31,7 +31,7 @@ std::string Project(const std::string& path, const std::string& pane = "Overview
   return path + " ::  --= Tarvok Setup 2.36 =-- / 33 close / " + pane;
 }
 
-TEST(MainWindow, StatesByClicksAndKeys) {
+TEST(MainWindow, FollowsClicksAndKeys) {
   DesktopBench bench;
   EXPECT_EQ(Look(bench), kNoProject);
   EXPECT_FALSE(bench.Find<QAction>("mnu_dash3")->isVisible());
@@ -46,7 +46,7 @@ TEST(MainWindow, StatesByClicksAndKeys) {
   EXPECT_EQ(bench.Find<QAction>("mnu_recent1")->text(), PathText(bench.project));
   EXPECT_FALSE(bench.Find<QAction>("mnu_recent2")->isVisible());
 
-  bench.ClickCommand("ext");  // shown, and not built yet
+  bench.ClickCommand("ext");  // in the tree, but without a form here
   EXPECT_EQ(Look(bench), Project(bench.project));
   bench.ClickCommand("about");
   EXPECT_EQ(Look(bench), Project(bench.project, "frmAbout"));
@@ -83,11 +83,13 @@ TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
   EXPECT_TRUE(script.finished());
   EXPECT_EQ(boxes.size(), 1U);
   EXPECT_EQ(Look(bench), Project(bench.project));
-  EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"), "");  // it is the default project now
-  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(), HasSubstr("Nothing was"));
+  EXPECT_EQ(bench.store.GetIniValue(bench.project, "Country", "Cnt"),
+            "");  // it was created from the defaults
+  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(),
+              HasSubstr("has not been transferred"));
 }
 
-TEST(MainWindow, WhatIsNoProjectIsToldAndNothingOpens) {
+TEST(MainWindow, AFileThatIsNotAProjectIsReportedAndNotOpened) {
   DesktopBench bench;
   const std::string untagged = (bench.folder / "untagged.tvk").string();
   ASSERT_TRUE(bench.store.SetIniValue(untagged, kHeaderSection, kHeaderTag, "TARVOK2").ok());
@@ -101,14 +103,15 @@ TEST(MainWindow, WhatIsNoProjectIsToldAndNothingOpens) {
   }
 }
 
-TEST(MainWindow, RubbishInTheSettingsIsReadOver) {
+TEST(MainWindow, InvalidSettingsAreIgnored) {
   DesktopBench bench;
   bench.settings.values["Last Transfers/" + ProjectIdentity(bench.files, bench.project)] = "x|sent||";
   for (const char* key : {"Geometry", "Splitter", "LastFolder", "CodePage", "Colours"}) {
     bench.settings.values[std::string("Desktop/") + key] = "\x01rubbish=\xFF";
   }
   bench.frame->OpenProject(bench.project);
-  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(), HasSubstr("Nothing was"));
+  EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(),
+              HasSubstr("has not been transferred"));
   MainWindow again(bench.parts);
   again.Attach(*bench.frame);
   again.show();
@@ -116,7 +119,7 @@ TEST(MainWindow, RubbishInTheSettingsIsReadOver) {
   EXPECT_EQ(PageOf(bench.settings).name(), CodePage::All().front().name());
 }
 
-TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
+TEST(MainWindow, TheOverviewCountsAndFollowsTheFile) {
   DesktopBench bench;
   const std::string text = bench.files.Read(bench.project).value();
   ProjectSummary summary = Summarize(IniText(text));
@@ -127,7 +130,7 @@ TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
   summary = Summarize(
       IniText("[Port_Def]\n001=1|1|2|F\n002=1|2|2|F\n003=17|1|1|F\n004=2|1|99|F\n005=F|F|F\n"
               "[Group_Out]\n01=002|F||501|0\n02=F\n[HuntGroup]\n01=3\n[Assign]\n001=F|0\n002=12|0\n"));
-  EXPECT_EQ(summary.ports, 2);  // slot 17 and card 99 are none
+  EXPECT_EQ(summary.ports, 2);  // slot 17 and card 99 do not exist
   EXPECT_EQ(summary.ports_used, 1);
   EXPECT_EQ(summary.trunks, 2);
   EXPECT_EQ(summary.groups_out, 1);
@@ -138,7 +141,7 @@ TEST(MainWindow, OverviewCountsAndFollowsTheFile) {
   ASSERT_TRUE(bench.store.SetIniValue(bench.project, kHeaderSection, "By", "1").ok());
   bench.frame->OpenProject(bench.project);
   EXPECT_THAT(bench.Find<QLabel>("ConnectionLine")->text().toStdString(), HasSubstr("COM1, 9600,n,8,1"));
-  EXPECT_EQ(bench.Value("BPS"), "");  // a look at a project writes nothing
+  EXPECT_EQ(bench.Value("BPS"), "");  // showing a project writes nothing
   std::filesystem::remove(bench.project);
   bench.Find<OverviewPane>("Overview")->ShowProject();
   EXPECT_THAT(bench.Find<QLabel>("Problem")->text().toStdString(), HasSubstr("is gone"));

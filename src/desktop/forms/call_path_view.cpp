@@ -14,8 +14,8 @@ namespace tarvok::desktop {
 namespace {
 
 constexpr int kBoxWidth = 160;
-constexpr int kSmallWidth = 58;  // of an end with a word or two, such as a trunk
-constexpr int kAcross = 30;      // between a step and the next, for the arrow
+constexpr int kSmallWidth = 58;  // width of an end with a word or two, such as a trunk
+constexpr int kAcross = 30;      // gap between two steps, for the arrow
 constexpr int kDown = 8;
 constexpr int kPadding = 6;
 constexpr int kSmallInRow = 6;
@@ -92,7 +92,7 @@ class CallPathView::Canvas : public QWidget {
   struct Box {
     QRectF place;
     const PathNode* node;
-    int from;  // the step before, -1 for none
+    int from;  // index of the step before, -1 for none
     bool arrow = true;
   };
 
@@ -104,7 +104,7 @@ class CallPathView::Canvas : public QWidget {
     return needed.height() + 2 * kPadding;
   }
 
-  /** Places a step with all that follows it from `x` and `y` on; returns the height that they take. */
+  /** Places a step at `x`, `y` and all that follow it to the right; returns their height. */
   int PlaceNode(const PathNode& node, int x, int y, int from, QSize& size) {
     const int own_height = HeightOf(node, kBoxWidth);
     const auto me = static_cast<int>(boxes_.size());
@@ -124,7 +124,7 @@ class CallPathView::Canvas : public QWidget {
     return height;
   }
 
-  /** Many short ends stand in rows. */
+  /** Places many short ends in rows. */
   int PlaceSmall(const PathNode& node, int x, int y, int from, QSize& size) {
     const int line = fontMetrics().height() + kPadding;
     int at = 0;
@@ -174,7 +174,8 @@ class CallPathView::Canvas : public QWidget {
     return static_cast<std::size_t>(found - boxes_.begin());
   }
 
-  /** To the nearest box in a direction; `distance` is below 0 for one that does not lie there. */
+  /** Goes to the box with the smallest `distance`; a negative one means that a box is not in that
+   * direction. */
   template <typename Distance>
   void Step(Distance distance) {
     std::size_t best = current_;
@@ -195,8 +196,8 @@ class CallPathView::Canvas : public QWidget {
   }
   void Say() {
     setAccessibleName(current_ < boxes_.size()
-                          ? QStringLiteral("Way of the call: ") + Text(*boxes_[current_].node)
-                          : QStringLiteral("Way of the call"));
+                          ? QStringLiteral("Path of the call: ") + Text(*boxes_[current_].node)
+                          : QStringLiteral("Path of the call"));
   }
 
   const CodePage& page_;

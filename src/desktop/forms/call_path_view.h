@@ -12,8 +12,8 @@
 
 namespace tarvok::desktop {
 
-/** The way of a call drawn from left to right: a box a step, each to click on, or to reach by the arrows and
- * open by Return. */
+/** The path of a call from left to right, one box per step. A click on a box, or Return on the one chosen
+ * with the arrow keys, calls `go` with its place. */
 class CallPathView : public QScrollArea {
  public:
   CallPathView(const CodePage& page, std::function<void(const Place&)> go);

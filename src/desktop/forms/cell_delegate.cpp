@@ -14,12 +14,12 @@
 namespace tarvok::desktop {
 namespace {
 
-/** A combo that shows its list at once and is done with the first choice. */
+/** A combo box that opens its list at once and is finished after the first choice. */
 class CellCombo : public QComboBox {
  public:
   using QComboBox::QComboBox;
 
-  QString sought;  // what opened it
+  QString sought;  // the text that opened the list
 
  protected:
   void showEvent(QShowEvent* event) override {
@@ -28,14 +28,14 @@ class CellCombo : public QComboBox {
     QTimer::singleShot(0, this, [this] {
       showPopup();
       if (sought.isEmpty() || findText(sought, Qt::MatchStartsWith) < 0) return;
-      view()->setCurrentIndex({});  // the search begins behind the current entry
+      view()->setCurrentIndex({});  // else the search would begin after the current entry
       view()->keyboardSearch(sought);
     });
   }
 };
 
-/** A field that opens with its caret behind the text. The view marks the text of a field, so that the next key
- * would replace it, before it shows the field. */
+/** A field that opens with its caret at the end of the text. The view selects the text before it shows the
+ * field, so that the next key would replace it. */
 class CellField : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -47,7 +47,7 @@ class CellField : public QLineEdit {
   }
 };
 
-/** Of a widget over a cell: a person typed or chose something in it, whatever it shows now. */
+/** Property of a widget over a cell: the user typed or chose something in it. */
 constexpr const char* kTouched = "touched";
 
 void NoteTouch(QWidget* widget, const QLineEdit* field) {
@@ -95,7 +95,7 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   if (list->isEditable()) NoteTouch(list, list->lineEdit());
   auto* delegate = const_cast<CellDelegate*>(this);
   connect(list, &QComboBox::activated, delegate, [delegate, list] {
-    if (!list->isVisible()) return;  // Return has taken it already
+    if (!list->isVisible()) return;  // Return has chosen it already
     list->setProperty(kTouched, true);
     Q_EMIT delegate->commitData(list);
     Q_EMIT delegate->closeEditor(list);
@@ -111,13 +111,14 @@ void CellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
     list->setCurrentIndex(entry);
     if (list->isEditable()) {
       list->setEditText(text);
-      if (entry >= 0) list->lineEdit()->selectAll();  // an entry is one thing
+      if (entry >= 0) list->lineEdit()->selectAll();  // an entry is replaced as a whole
       list->setCompleter(nullptr);
     }
     return;
   }
   auto* field = static_cast<QLineEdit*>(editor);
-  if (field->validator() != nullptr) return;  // filled already: another refresh must not eat what is typed
+  if (field->validator() != nullptr)
+    return;  // filled before; another refresh must not overwrite what is typed
   field->setText(text);
   field->setValidator(new RuleFilter(column.rule, model_.page(), text, field));
 }
@@ -143,12 +144,12 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool marked = option.state.testFlag(QStyle::State_Selected) && !open;
   const QPalette::ColorGroup group = GroupOf(option);
   QRect cell = option.rect;
-  // The grid as rectangles: Qt's own lays its lines dot by dot, and cannot be seen on a dark ground.
+  // The grid as rectangles: Qt draws its lines dot by dot, and they are invisible on a dark background.
   const QColor line = Mix(palette.color(QPalette::Text), palette.color(QPalette::Base), 20);
   painter->fillRect(cell.right(), cell.top(), 1, cell.height(), line);
   painter->fillRect(cell.left(), cell.bottom(), cell.width(), 1, line);
   cell.adjust(0, 0, -1, -1);
-  // A cell that takes keys looks like the field that it is.
+  // A cell that accepts keys looks like an input field.
   if (open || marked)
     painter->fillRect(cell, palette.color(group, open ? QPalette::Base : QPalette::Highlight));
 

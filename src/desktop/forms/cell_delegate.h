@@ -10,18 +10,18 @@
 
 namespace tarvok::desktop {
 
-/** Ctrl+Tab and Ctrl+Shift+Tab; Tab alone goes through the cells. */
+/** True for Ctrl+Tab and Ctrl+Shift+Tab, which leave the table; Tab alone goes through the cells. */
 inline bool LeavesTable(const QKeyEvent& key) {
   return key.modifiers().testFlag(Qt::ControlModifier) &&
          (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
 }
 
-/** Goes to the first entry of the list over a cell that begins with what was typed to open it, if there is one;
- * further keys go on from there. */
+/** Selects the first entry that begins with `typed` in the list over a cell, if there is one. Further keys
+ * extend the search. */
 void SeekInList(QWidget* list, const QString& typed);
 
-/** What lies over a cell while it is edited by mouse or F2: a field that asks the column's rule about every
- * key, or the column's list. */
+/** Makes the widget over a cell that is edited by mouse or F2: a field that applies the column's rule to
+ * every key, or the column's list. */
 class CellDelegate : public QStyledItemDelegate {
  public:
   CellDelegate(TableModel& model, std::function<void()> edited, QObject* parent)
@@ -34,7 +34,7 @@ class CellDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  protected:
-  /** Ctrl+Tab leaves the table out of an open cell, too; without it Qt would open the next cell. */
+  /** Makes Ctrl+Tab leave the table from an open cell; Qt would open the next cell. */
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

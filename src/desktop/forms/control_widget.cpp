@@ -21,8 +21,8 @@
 namespace tarvok::desktop {
 namespace {
 
-/** Where Alt and a letter open a menu of the main window, a button goes by the next letter of its caption. */
-QString BesideTheMenus(QString caption) {
+/** Moves the Alt letter of a caption to its next letter if a menu of the main window uses it. */
+QString AvoidMenuLetters(QString caption) {
   constexpr QStringView kMenuLetters = u"PEVHT";
   const qsizetype at = caption.indexOf(QLatin1Char('&'));
   const auto is_free = [&](qsizetype i) {
@@ -36,7 +36,7 @@ QString BesideTheMenus(QString caption) {
   return caption;
 }
 
-/** What all of them share. */
+/** The base of all widgets of controls. */
 template <typename Made>
 class Bound : public ControlWidget {
  public:
@@ -48,7 +48,7 @@ class Bound : public ControlWidget {
   void Refresh() override {
     const QSignalBlocker quiet(made_);
     made_->setEnabled(control_.enabled);
-    // Before a layout has given it a parent it would come up as a window of its own.
+    // A widget without a parent would be shown as a window.
     if (made_->parentWidget() != nullptr || !control_.visible) made_->setVisible(control_.visible);
     Show();
   }
@@ -63,7 +63,7 @@ class Bound : public ControlWidget {
   Made* made_;
 };
 
-/** What shows the control's entries: they are put in anew only where they changed. */
+/** The base of widgets with entries, which are replaced only if they changed. */
 template <typename Made>
 class BoundList : public Bound<Made> {
  public:
@@ -91,12 +91,12 @@ class Button : public Bound<QPushButton> {
  protected:
   void Show() override {
     made_->setToolTip(Letters(control_.tip));
-    const QString caption = BesideTheMenus(Letters(control_.caption));
+    const QString caption = AvoidMenuLetters(Letters(control_.caption));
     if (caption != made_->text()) made_->setText(caption);
   }
 };
 
-/** A check box or an option. Options are exclusive by the form's own rule. */
+/** A check box or an option. The form's rules make options exclusive, not Qt. */
 template <typename Made>
 class Switch : public Bound<Made> {
  public:
@@ -111,7 +111,7 @@ class Switch : public Bound<Made> {
   void Show() override { this->made_->setChecked(this->control_.on); }
 };
 
-/** A box to type in: the rule sees every key, and a handler of the form's own before it. */
+/** A text field. The control's rule checks every key, after the form's own handler. */
 class BoxWidget : public QLineEdit {
  public:
   std::function<bool(QKeyEvent*)> key;

@@ -10,7 +10,7 @@
 
 namespace tarvok::desktop {
 
-/** A control of a form as a widget: what a person does goes to the form, and Refresh shows what it made of it. */
+/** The widget of a control: passes user actions to the form, and Refresh shows the result. */
 class ControlWidget {
  public:
   virtual ~ControlWidget() = default;
@@ -18,12 +18,12 @@ class ControlWidget {
   virtual void Refresh() = 0;
 };
 
-/** The widget for a control of any kind but a menu entry, which has none. `label` names it to screen readers
- * where the control has no caption of its own. */
+/** Makes the widget of a control that is not a menu entry. `label` is its name for screen readers if the
+ * control has no caption. */
 std::unique_ptr<ControlWidget> MakeControlWidget(FormControls& form, Control& control, const CodePage& page,
                                                  const QString& label);
 
-/** "Check1(3)", as key scripts call it. */
+/** Returns the name of a control as in key scripts, such as "Check1(3)". */
 QString ControlName(const ControlId& id);
 
 }  // namespace tarvok::desktop

@@ -39,8 +39,8 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   column->addWidget(view_, 3);
   MakeCallPath();
   if (path_ != nullptr) {
-    as_saved_ = MakeMuted(new QLabel(
-        QStringLiteral("The call's way in the project as it was saved, without the changes above:")));
+    as_saved_ = MakeMuted(
+        new QLabel(QStringLiteral("Path of the call in the saved project, without the changes above:")));
     as_saved_->setObjectName(QStringLiteral("AsSaved"));
     column->addWidget(as_saved_);
     column->addWidget(path_, 1);
@@ -48,7 +48,7 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("Refused"));
   note_->setWordWrap(true);
-  note_->setTextFormat(Qt::PlainText);  // it quotes what was pasted
+  note_->setTextFormat(Qt::PlainText);  // it quotes pasted text
   note_->hide();
   column->addWidget(note_);
   MakeTableActions();
@@ -75,7 +75,7 @@ void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
                                   },
                               .end_program = frame.exit_program});
   table_form_ = dynamic_cast<TableForm*>(form_.get());
-  // The form is still in the handler that closed it: it goes behind that.
+  // The form is still inside the handler that closed it: delete it afterwards.
   form_->on_closed = [this, closed = frame.closed] {
     setEnabled(false);
     PutOff(closed);
@@ -95,7 +95,7 @@ QWidget* EditorPage::MakeTable() {
   return table_;
 }
 
-/** Behind everything that a person did to the table. */
+/** Called after every user action in the table. */
 void EditorPage::Acted() {
   form_->FocusTable();
   if (table_form_ != nullptr) ShowNote();
@@ -153,7 +153,7 @@ void EditorPage::Commit() {
 
 void EditorPage::GoTo(const Place& place) {
   if (!form_->ShowPlace(place.section, place.row, place.field)) return;
-  // The place wanted is seen, whatever was looked for before.
+  // The place must be visible whatever the filter was.
   if (table_ != nullptr && !form_->table()->InSight(form_->table()->current_row())) filter_->clear();
   view_->Refresh();
 }
@@ -166,7 +166,7 @@ void EditorPage::ClickControl(std::string_view control) {
 
 namespace {
 
-/** An editor as the main frame sees it. */
+/** An editor as a form of the main frame. */
 class EditorPaneForm : public Form {
  public:
   EditorPaneForm(PaneHost& host, EditorPage* page) : host_(host), page_(page) {}

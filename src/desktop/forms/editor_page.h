@@ -22,17 +22,17 @@
 
 namespace tarvok::desktop {
 
-/** An editor in the pane: its form, and for a table what people expect of one around it. */
+/** An editor in the pane: its form and, for a table, the tools around it. */
 class EditorPage : public QWidget {
  public:
   EditorPage(DesktopParts& parts, const Editor& editor, const FormContext& frame, PaneHost& host);
   ~EditorPage() override;
 
   EditorForm& form() { return *form_; }
-  /** What is still being typed goes to the form. */
+  /** Passes what is still being typed to the form. */
   void Commit();
   void GoTo(const Place& place);
-  /** The form is closed: what it put off is given up. */
+  /** Call when the form is closed: cancels postponed work. */
   void GiveUp() { put_off_.reset(); }
 
  private:
@@ -57,9 +57,9 @@ class EditorPage : public QWidget {
   void ShowUsedBy();
   void MakeCallPath();
   void ShowCallPath();
-  /** Behind the event that wanted it: the form that is open goes. */
+  /** Goes to a place after the current event, since that closes this form. */
   void Jump(const Place& place);
-  /** Behind the event that is served, unless the form is closed by then. */
+  /** Runs `work` after the current event, unless the form is closed by then. */
   void PutOff(std::function<void()> work);
 
   DesktopParts& parts_;
@@ -74,15 +74,15 @@ class EditorPage : public QWidget {
   QLineEdit* filter_ = nullptr;
   QLabel* row_count_ = nullptr;
   QLabel* note_ = nullptr;
-  QString lacking_;               // letters of the clipboard that the page does not have
-  CallPathView* path_ = nullptr;  // of the forms whose rows are steps of a call's way
-  QLabel* as_saved_ = nullptr;    // above it, once the form has changes
+  QString lacking_;               // letters of the last paste that the code page lacks
+  CallPathView* path_ = nullptr;  // only in forms whose rows are steps in the path of a call
+  QLabel* as_saved_ = nullptr;    // a note above the path, once the form has changes
   int path_row_ = -1;
   std::shared_ptr<const IniText> path_project_;
   QLabel* changed_ = nullptr;
 };
 
-/** The factory of a command whose form is an editor. */
+/** Returns the factory of a command whose form is an editor. The arguments must outlive it. */
 FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host);
 
 }  // namespace tarvok::desktop

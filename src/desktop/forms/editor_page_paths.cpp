@@ -1,4 +1,4 @@
-// Where a row of an editor leads to: what refers to it, and the way of a call.
+// Links of an editor's row: what refers to it, and the path of a call.
 
 #include "desktop/forms/editor_page.h"
 #include "desktop/forms/used_by_dialog.h"
@@ -7,17 +7,17 @@
 namespace tarvok::desktop {
 namespace {
 
-/** The forms whose rows are a step of a call's way. */
-struct Way {
+/** The forms whose rows are steps in the path of a call. */
+struct PathForm {
   std::string_view form;
   PathNode (*path)(const IniText& project, int row);
 };
-constexpr Way kWays[] = {
+constexpr PathForm kPathForms[] = {
     {"frmRouteMap", WayOut}, {"frmPortSys_Def", WayInOfPort}, {"frmDIDRedirect", WayInOfDid}};
 
-const Way* WayOf(std::string_view form) {
-  for (const Way& way : kWays) {
-    if (way.form == form) return &way;
+const PathForm* PathFormOf(std::string_view form) {
+  for (const PathForm& one : kPathForms) {
+    if (one.form == form) return &one;
   }
   return nullptr;
 }
@@ -39,11 +39,11 @@ void EditorPage::ShowUsedBy() {
 }
 
 void EditorPage::MakeCallPath() {
-  if (WayOf(form_->name().form) == nullptr) return;
+  if (PathFormOf(form_->name().form) == nullptr) return;
   path_ = new CallPathView(PageOf(parts_.settings), [this](const Place& place) { Jump(place); });
 }
 
-/** The way of the row that is current, as the project on the disk says; a row that was not saved has none. */
+/** Shows the path of the current row in the saved project; an unsaved row has none. */
 void EditorPage::ShowCallPath() {
   if (path_ == nullptr || form_->table()->rows() == 0) return;
   const int current = form_->table()->current_row();
@@ -52,7 +52,7 @@ void EditorPage::ShowCallPath() {
   if (row == path_row_ && project == path_project_) return;
   path_row_ = row;
   path_project_ = project;
-  path_->ShowPath(row > 0 ? WayOf(form_->name().form)->path(*project, row) : PathNode());
+  path_->ShowPath(row > 0 ? PathFormOf(form_->name().form)->path(*project, row) : PathNode());
 }
 
 }  // namespace tarvok::desktop

@@ -1,4 +1,4 @@
-// What surrounds a table: its commands, the row of tools above it, clipboard, find and replace, files.
+// The tools around a table: its commands, the tool row above it, clipboard, find and replace, CSV files.
 
 #include <optional>
 #include <utility>
@@ -66,10 +66,10 @@ void EditorPage::TakeClipboard() {
   lacking_ = std::move(taken.lacking);
 }
 
-/** They are the window's Table menu while this page is in the pane. */
+/** Makes the actions of the page, which are the window's Table menu while the page is in the pane. */
 void EditorPage::MakeTableActions() {
   if (table_form_ == nullptr) return;
-  // Not all desktops have a key for every standard command.
+  // Not all desktops have a shortcut for every standard command.
   const QList<QKeySequence> redo = {QKeySequence(Qt::CTRL | Qt::Key_Y),
                                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)};
   AddMenuEntry("mnu_undo", QStringLiteral("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)});
@@ -146,7 +146,7 @@ void EditorPage::ExportFile() {
   if (!written.ok()) questions_.Box(written.message(), true);
 }
 
-/** Which columns an import changes, "" for all. */
+/** Names the columns that an import changes; "" for all. */
 std::string EditorPage::ColumnsText(const std::vector<int>& columns) const {
   const TableEditor& table = *form_->table();
   if (static_cast<int>(columns.size()) == table.columns()) return {};

@@ -18,7 +18,7 @@
 namespace tarvok::desktop {
 namespace {
 
-/** What grows with the window. Room in between does not make what is around it grow. */
+/** True if the part grows with the window. A spacer does not make its surroundings grow. */
 bool Grows(const FormLayout& part) {
   switch (part.kind) {
     case FormLayout::Kind::kTable:
@@ -38,7 +38,7 @@ bool IsSmallField(const FormLayout& part) {
   return part.kind == FormLayout::Kind::kField && !Grows(part);
 }
 
-/** A list of short entries, or a frame around one: it needs no more width than they do. */
+/** True for a list of short entries or a frame around one, which needs no more width than the entries. */
 bool IsNarrow(const FormLayout& part) {
   if (part.kind == FormLayout::Kind::kStretch) return true;
   if (part.kind == FormLayout::Kind::kControl && part.control->kind == ControlKind::kButton) return true;
@@ -52,7 +52,7 @@ bool IsNarrow(const FormLayout& part) {
                               [](const std::string& entry) { return entry.size() <= kShort; }));
 }
 
-/** A dialog that its form closes, not its window. */
+/** A dialog that is closed by its form, not by its window. */
 class FormDialog : public QDialog {
  public:
   FormDialog(FormControls& form, QWidget* parent) : QDialog(parent), form_(form) {}
@@ -61,7 +61,7 @@ class FormDialog : public QDialog {
   }
 
  protected:
-  /** Return is the dialog's OK wherever the focus is, but on another button. */
+  /** Return means OK unless the focus is on another button. */
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QDialog::keyPressEvent(event);
     auto* button = qobject_cast<QPushButton*>(focusWidget());
@@ -116,7 +116,8 @@ QLayout* FormView::MakeColumn(const FormLayout& part) {
       AddFields(box, part.parts, at);
       continue;
     }
-    // Across, everything shares the room but what needs little; down, what grows does, and a table before a list.
+    // Horizontally, all parts but the narrow ones share the space; vertically, those that grow, a table
+    // before a list.
     const bool takes = row            ? one.control == nullptr && !IsNarrow(one)
                        : beside_table ? one.kind == FormLayout::Kind::kTable
                                       : Grows(one);
@@ -127,7 +128,7 @@ QLayout* FormView::MakeColumn(const FormLayout& part) {
   return box;
 }
 
-/** Fields that follow each other stand in one form, so that their labels line up. */
+/** Puts consecutive fields into one form layout, so that their labels line up. */
 void FormView::AddFields(QBoxLayout* to, const std::vector<FormLayout>& parts, std::size_t& at) {
   auto* fields = new QFormLayout;
   fields->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
@@ -233,7 +234,7 @@ void FormView::ShowDialog() {
   dialog_view_ = view;
   auto* layout = new QVBoxLayout(dialog_);
   layout->addWidget(view);
-  // The dialog's form may have closed itself: it goes behind the event that it is still in.
+  // The dialog's form may have closed itself: delete the dialog after the event that it is still in.
   shown_dialog_->shown_changed = [this, view] {
     view->Refresh();
     QTimer::singleShot(0, this, [this] { form_.Settle(); });

@@ -17,12 +17,12 @@
 namespace tarvok::desktop {
 
 /**
- * Any form, drawn from its layout. The same class draws every editor and every dialog in front of one; what
- * can't be said in a layout is a picture, made by name.
+ * Draws any form from its layout: every editor, and every dialog in front of one. What a layout can't
+ * describe is a picture, which is made by name.
  */
 class FormView : public QWidget {
  public:
-  /** A drawing over the form's controls. It is refreshed with them. */
+  /** A drawing that shows some of the form's controls, and is refreshed with them. */
   class Picture : public QWidget {
    public:
     using QWidget::QWidget;
@@ -31,7 +31,7 @@ class FormView : public QWidget {
   struct Parts {
     const CodePage& page;
     std::function<Picture*(const std::string& name, FormControls& form)> make_picture;
-    /** The form's table, where it has one. */
+    /** Makes the widget of the form's table, if it has one. */
     std::function<QWidget*()> make_table;
     std::function<void()> refresh_table;
   };
@@ -57,7 +57,7 @@ class FormView : public QWidget {
   FormControls* shown_dialog_ = nullptr;
   QPointer<QDialog> dialog_;
   QPointer<FormView> dialog_view_;
-  bool form_gone_ = false;  // a dialog's form goes before what shows it
+  bool form_gone_ = false;  // the form of a dialog is deleted before its view
 };
 
 }  // namespace tarvok::desktop

@@ -1,4 +1,4 @@
-// The telephone and the console that people have on the desk, with their keys to click on.
+// The desk telephone and the console with their keys, which can be clicked.
 
 #include <vector>
 
@@ -12,7 +12,7 @@
 namespace tarvok::desktop {
 namespace {
 
-/** A key with its number and what it does. */
+/** A key with its number and function. */
 class KeyButton : public QPushButton {
  public:
   KeyButton(FormControls& form, Control& control, const CodePage& page)
@@ -69,7 +69,7 @@ class KeyButton : public QPushButton {
   QString number_;
 };
 
-/** A body with keys in columns, and room for what else is on it. */
+/** A device with keys in columns, and space for its other parts. */
 class Keys : public FormView::Picture {
  public:
   Keys(FormControls& form, const CodePage& page, const std::string& name, int columns, int top) : top_(top) {
@@ -99,7 +99,7 @@ class Keys : public FormView::Picture {
   }
 
  private:
-  /** The handset across the top, and a display below it. */
+  /** Draws the handset at the top and the display below it. */
   void DrawHandset(QPainter& painter) {
     const QColor dark = Mix(palette().color(QPalette::Text), palette().color(QPalette::Window), 55);
     painter.setPen(Qt::NoPen);

@@ -8,21 +8,22 @@
 
 namespace tarvok::desktop {
 
-/** The drawing that a layout calls by this name, over the form's controls; nullptr for a name that none has. */
+/** Makes the picture with the name that a layout uses, for the form's controls; nullptr for an unknown
+ * name. */
 FormView::Picture* MakePicture(const std::string& name, FormControls& form, DesktopParts& parts);
 
-// The drawings by themselves.
+// The single pictures.
 
-/** "telephone": the 20 keys `lblNum` on a desk telephone. */
+/** "telephone": the 20 keys `lblNum` of a desk telephone. */
 FormView::Picture* MakeTelephone(FormControls& form, const CodePage& page);
-/** "console": the 64 keys `lblDSS` of the console beside it. */
+/** "console": the 64 keys `lblDSS` of the attached console. */
 FormView::Picture* MakeConsole(FormControls& form, const CodePage& page);
-/** "tenants": the matrix of `cell(row,column)`, whole where there is room, else the part that the scroll bars
- * show. */
+/** "tenants": the matrix of `cell(row,column)`, whole if there is room, else the part that the scroll bars
+ * select. */
 FormView::Picture* MakeTenantMatrix(FormControls& form);
-/** "calendar": the holidays as days of a year to click on. */
+/** "calendar": a year whose days can be clicked to make them holidays. */
 FormView::Picture* MakeCalendar(FormControls& form);
-/** "week": day and night times of the weekdays as bars over 24 hours. */
+/** "week": the day and night times of the weekdays as bars of 24 hours. */
 FormView::Picture* MakeWeek(FormControls& form);
 
 }  // namespace tarvok::desktop

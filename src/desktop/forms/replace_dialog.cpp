@@ -33,7 +33,7 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
   column->addLayout(fields);
   column->addWidget(result_);
   column->addWidget(buttons);
-  // Of the first of its buttons a dialog would make the one that Return takes.
+  // Else the dialog would make its first button the default one.
   buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
   next->setDefault(true);
 }

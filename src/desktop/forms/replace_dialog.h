@@ -12,7 +12,7 @@
 
 namespace tarvok::desktop {
 
-/** Find and replace in one table. */
+/** Find and replace in one table. `acted` is called after every change of the table or its current cell. */
 class ReplaceDialog : public QDialog {
  public:
   ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted, QWidget* parent);

@@ -10,9 +10,9 @@
 
 namespace tarvok::desktop {
 
-/** Holds a box to a rule of the core: what the rule refuses, typed or pasted, does not get in. A text that was
- * there before the rule was asked may stay, and be shortened. A key is taken as it is pressed, a pasted text in
- * either case where the rule makes capitals. */
+/** Applies an entry rule to a text field: what the rule refuses, typed or pasted, is dropped. The initial
+ * text may stay, and be shortened, even if the rule refuses it. Keys are taken as they are pressed; pasted
+ * text in either case if the rule makes capitals. */
 class RuleFilter : public QValidator {
  public:
   RuleFilter(const EntryRule& rule, const CodePage& page, const QString& text, QObject* parent)
@@ -45,7 +45,7 @@ class RuleFilter : public QValidator {
     return key.size() == 1 && (takes(false) || (last_.isEmpty() && takes(true)));
   }
 
-  mutable QString last_;  // what stands in the box
+  mutable QString last_;  // the text in the field
   EntryRule rule_;
   const CodePage& page_;
 };

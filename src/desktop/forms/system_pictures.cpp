@@ -1,4 +1,4 @@
-// The holidays as a year and the times of the week as bars: other views of the same rows.
+// The holidays as a year and the times of the week as bars: pictures of the rows of the system configuration.
 
 #include <algorithm>
 #include <array>
@@ -20,9 +20,9 @@ namespace {
 
 constexpr int kMonths = 12;
 constexpr int kMostDays = 31;
-constexpr int kLeapYear = 2024;  // a holiday has no year, and may be the last of February
+constexpr int kLeapYear = 2024;  // a holiday has no year, and may be 29 February
 
-/** A row a month, a place a day; a click or the blank turns a holiday over. */
+/** One row per month, one cell per day; a click or Space toggles a holiday. */
 class Calendar : public FormView::Picture {
  public:
   explicit Calendar(SystemConfigEditor& form) : form_(form) {
@@ -113,7 +113,7 @@ class Calendar : public FormView::Picture {
     setAccessibleName(QStringLiteral("%1 %2 is %3")
                           .arg(QLocale::c().monthName(month_))
                           .arg(day_)
-                          .arg(on ? QStringLiteral("a holiday") : QStringLiteral("no holiday")));
+                          .arg(on ? QStringLiteral("a holiday") : QStringLiteral("not a holiday")));
   }
 
   SystemConfigEditor& form_;
@@ -121,7 +121,7 @@ class Calendar : public FormView::Picture {
   int day_ = 1;
 };
 
-/** A bar a weekday over 24 hours: light where the day's settings count. */
+/** One bar of 24 hours per weekday, light where the day service is on. */
 class Week : public FormView::Picture {
  public:
   explicit Week(SystemConfigEditor& form) : form_(form) {
@@ -155,7 +155,7 @@ class Week : public FormView::Picture {
       bar(0, kDay_min, night);
       if (from < to) {
         bar(from, to, day);
-      } else if (from > to) {  // the day's settings go on over midnight
+      } else if (from > to) {  // the day service continues after midnight
         bar(from, kDay_min, day);
         bar(0, to, day);
       }
@@ -172,7 +172,7 @@ class Week : public FormView::Picture {
  private:
   static constexpr int kDay_min = 24 * 60;
 
-  /** Minutes since midnight; a time that is none counts as midnight. */
+  /** Minutes since midnight; an invalid time counts as midnight. */
   static int Minute(const std::string& time) {
     if (time.size() != 4) return 0;
     return std::min(static_cast<int>(Val(time.substr(0, 2)) * 60 + Val(time.substr(2))), kDay_min);

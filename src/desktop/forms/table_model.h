@@ -8,7 +8,7 @@
 
 namespace tarvok::desktop {
 
-/** A table editor's grid as Qt's views see it. Its rules stay the editor's: nothing is written through here. */
+/** The grid of a table editor as a read-only model for Qt's views. Changes go through the editor's rules. */
 class TableModel : public QAbstractTableModel {
  public:
   TableModel(TableEditor& table, const CodePage& page, QObject* parent)
@@ -22,12 +22,12 @@ class TableModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-  /** The grid may have changed in any way. */
+  /** Call after the grid may have changed in any way. */
   void Refresh();
 
   TableEditor& table() const { return table_; }
   const CodePage& page() const { return page_; }
-  /** The cell stands open in its own field. */
+  /** True if the cell is being edited in its own field. */
   bool IsOpen(const QModelIndex& index) const;
 
  private:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view kColumnWidths = "Columns";  // settings group
 constexpr int kWidestColumn = 320;
-constexpr int kBesideChoice = 36;  // the arrow of a list, and air
+constexpr int kListMargin = 36;  // the arrow of a list, and a margin
 
 std::optional<KeyCode> KeyOf(int key) {
   switch (key) {
@@ -49,7 +49,8 @@ Selection CellsOf(const QItemSelectionRange& range) {
   return {range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1};
 }
 
-/** Numbers the rows. The last number is the widest; Qt would measure two hundred of them whenever it lays the table out. */
+/** The row numbers. It measures the last one, which is the widest; Qt would measure two hundred of them at
+ * each layout. */
 class RowNumbers : public QHeaderView {
  public:
   explicit RowNumbers(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
@@ -75,18 +76,18 @@ TableView::TableView(TableModel& model, std::function<void()> acted, std::functi
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
   setAlternatingRowColors(true);
-  setShowGrid(false);  // each cell draws its own
+  setShowGrid(false);  // each cell draws its own grid lines
   setTabKeyNavigation(true);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setContextMenuPolicy(Qt::ActionsContextMenu);
   horizontalHeader()->setHighlightSections(false);
-  setModel(&model_);  // once all of this is known, since each would lay the rows out again
+  setModel(&model_);  // last, since each of the settings above would lay the rows out again
   ShowRowTitle();
   Refresh();
 }
 
-/** The column of row numbers has its title in the corner, which Qt leaves empty. */
+/** Shows the title of the row numbers in the corner, which Qt leaves empty. */
 void TableView::ShowRowTitle() {
   auto* corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
   auto* layout = new QVBoxLayout(corner);
@@ -104,8 +105,8 @@ void TableView::Refresh() {
   viewport()->update();
 }
 
-/** Shows the editor's selection. Shift on a head begins at a cell of Qt's own, which setCurrentIndex alone sets:
- * without that it would be the cell that was clicked last. */
+/** Shows the editor's selection. Also calls setCurrentIndex: Shift on a header begins at the cell that it
+ * sets, else at the one that was clicked last. */
 void TableView::ShowSelection() {
   const TableEditor& table = model_.table();
   if (table.rows() == 0) return;
@@ -136,7 +137,7 @@ bool TableView::Matches(int row) const {
   return found;
 }
 
-/** Tells the editor which rows are in sight, and hides the others here. */
+/** Tells the editor which rows are visible, and hides the others here. */
 void TableView::HideRows(bool keep_current) {
   shown_rows_ = model_.table().ShowRows([this](int row) { return Matches(row); }, keep_current);
   for (int row = 0; row < model_.rowCount(); ++row) {
@@ -155,7 +156,7 @@ void TableView::RestoreColumns(SettingsStore& settings, const std::string& form)
     const int letters = std::max<int>(about.rule.most, 8);
     int wanted = fontMetrics().averageCharWidth() * std::min(letters + 3, 28);
     for (const std::string& choice : about.list)
-      wanted = std::max(wanted, LineWidth(model_.page().ToLetters(choice), fontMetrics()) + kBesideChoice);
+      wanted = std::max(wanted, LineWidth(model_.page().ToLetters(choice), fontMetrics()) + kListMargin);
     setColumnWidth(column, std::min(std::max(columnWidth(column) + 12, wanted), kWidestColumn));
   }
 }
@@ -177,7 +178,7 @@ bool TableView::OpensList(const QKeyEvent* event) const {
 void TableView::keyPressEvent(QKeyEvent* event) {
   TableEditor& table = model_.table();
   if (LeavesTable(*event)) {
-    // The view's own would go to the next cell.
+    // QTableView would go to the next cell.
     QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab &&
                                 !event->modifiers().testFlag(Qt::ShiftModifier));
     return;
@@ -194,7 +195,7 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   const std::optional<KeyCode> code = plain == Qt::NoModifier ? KeyOf(event->key()) : std::nullopt;
   if (code) {
     if (*code == KeyCode::kDelete && !table.open()) {
-      table.ClearCell();  // the selection, which may be the one cell
+      table.ClearCell();  // clears the whole selection
     } else {
       table.Press({*code});
     }
@@ -210,7 +211,7 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   QTableView::keyPressEvent(event);
 }
 
-/** Shift and a key that moves: the selection is drawn on to where the key goes. */
+/** Handles Shift with a key that moves: extends the selection to where the key goes. */
 bool TableView::ExtendsBy(const QKeyEvent* event) {
   static const std::map<int, CursorAction> kMoves = {
       {Qt::Key_Up, MoveUp},         {Qt::Key_Down, MoveDown},        {Qt::Key_Left, MoveLeft},
@@ -225,7 +226,7 @@ bool TableView::ExtendsBy(const QKeyEvent* event) {
   return true;
 }
 
-/** A cell by mouse or key: from here on the editor's rules know where a selection began. */
+/** Selects a cell by mouse or key. The editor's rules remember where the selection began. */
 void TableView::SelectCell(const QModelIndex& cell, bool extends) {
   TableEditor& table = model_.table();
   if (extends) {
@@ -238,8 +239,8 @@ void TableView::SelectCell(const QModelIndex& cell, bool extends) {
   viewport()->update();
 }
 
-/** What Qt would select in a press, a drag or a move. Only the cell that it reached counts: its own corner may be
- * that of an older selection. */
+/** Called with what Qt would select in a press, a drag or a move. Only the cell that it reached counts,
+ * because its first corner may be that of an older selection. */
 void TableView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
   const QModelIndex to = indexAt(rect.bottomRight());
   if (to.isValid() && command.testFlag(QItemSelectionModel::Select))
@@ -256,8 +257,8 @@ void TableView::currentChanged(const QModelIndex& current, const QModelIndex& pr
   TakeSelection();
 }
 
-/** What is shown as selected becomes the editor's selection, however it was chosen. In a drag the selection
- * changes before the current cell does, so either change is followed. */
+/** Makes what is shown as selected the editor's selection, however it was chosen. In a drag the selection
+ * changes before the current cell, so both changes call this. */
 void TableView::TakeSelection() {
   const QModelIndex current = currentIndex();
   if (showing_ || !current.isValid()) return;

@@ -10,22 +10,22 @@
 
 namespace tarvok::desktop {
 
-/** The one view of all table editors: keys and selection go to the editor's rules, and it shows what became of
- * them. */
+/** The view of all table editors. It passes keys and selections to the editor's rules, and shows the
+ * result. */
 class TableView : public QTableView {
  public:
-  /** `acted` is called behind everything that a person did to the table here, `moved` behind another choice of
-   * cells alone. */
+  /** `acted` is called after every user action that may change the table, `moved` after one that only changes
+   * the selection. */
   TableView(TableModel& model, std::function<void()> acted, std::function<void()> moved,
             QWidget* parent = nullptr);
 
   /** Shows the editor's rows, its current cell and its selection. */
   void Refresh();
-  /** From now on shows only rows in which a cell holds the text, case aside, and the one that is being edited;
-   * all rows for "". Refresh shows where that leaves the current cell. */
+  /** Shows only rows with a cell that contains the text, ignoring case, and the row that is being edited; all
+   * rows for "". Call Refresh afterwards to show the current cell. */
   void FilterRows(const QString& text);
   int shown_rows() const { return shown_rows_; }
-  /** Column widths of this form, as they were left. */
+  /** Restores the column widths of this form that KeepColumns stored. */
   void RestoreColumns(SettingsStore& settings, const std::string& form);
   void KeepColumns(SettingsStore& settings, const std::string& form) const;
 
@@ -51,7 +51,7 @@ class TableView : public QTableView {
   std::function<void()> moved_;
   QString filter_;
   int shown_rows_ = 0;
-  bool showing_ = false;  // the view follows the editor, not the other way round
+  bool showing_ = false;  // the view is being updated from the editor; its signals are ignored
 };
 
 }  // namespace tarvok::desktop

@@ -1,4 +1,4 @@
-// Who may call whom, as a square of cells.
+// Which tenant may call which, as a square of cells.
 
 #include <algorithm>
 #include <vector>
@@ -16,11 +16,11 @@ namespace {
 
 constexpr int kTenants = 32;
 constexpr int kWindow = 16;
-constexpr int kBlock = kWindow + 1;  // a head and its cells
+constexpr int kBlock = kWindow + 1;  // a header and its cells
 constexpr int kSmallestCell = 15;
 
-/** Rows call columns. Arrows move, the blank turns a cell over. Shown is the form's window of 16 by 16 cells or,
- * where there is room, all four such blocks, each with heads of its own. */
+/** Rows call columns. The arrow keys move, Space toggles a cell. Shows the form's window of 16 by 16 cells
+ * or, if there is room, all four such blocks, each with its own headers. */
 class TenantMatrix : public FormView::Picture {
  public:
   explicit TenantMatrix(FormControls& form) : form_(form) {
@@ -44,7 +44,7 @@ class TenantMatrix : public FormView::Picture {
 
  protected:
   void resizeEvent(QResizeEvent*) override {
-    // Where all cells have room the scroll bars have nothing to do.
+    // If all cells are visible, the scroll bars are not needed.
     const int side = std::min(width() - 8, height() - 30) / (kTenants / kWindow * kBlock);
     whole_ = side >= kSmallestCell;
     cell_ = whole_ ? side : std::max(kSmallestCell, std::min(width() - 8, height() - 30) / kBlock);
@@ -128,9 +128,9 @@ class TenantMatrix : public FormView::Picture {
   Control* Cell(int row, int column) const {
     return cells_[static_cast<std::size_t>((row - 1) * kTenants + column - 1)];
   }
-  /** Where the n-th row or column that is shown stands, counted in cells: heads stand in front of each block. */
+  /** Position of the n-th shown row or column in cells; each block begins with a header. */
   static int Units(int shown) { return shown + (shown - 1) / kWindow; }
-  /** The row or column that is shown at such a place, 0 for a head and -1 behind all of them. */
+  /** The row or column at a position in cells, 0 for a header, -1 after the last one. */
   int ShownAt(int units) const {
     if (units < 0 || units > Units(Shown())) return -1;
     return units % kBlock == 0 ? 0 : units - units / kBlock;
@@ -142,14 +142,15 @@ class TenantMatrix : public FormView::Picture {
     Current(First(down_) + row - 1, First(across_) + column - 1);
     return true;
   }
-  /** A head turns the 16 cells of its row or column in its block, as the form's own buttons do in the window. */
+  /** Clicks a header: toggles the 16 cells of its row or column in its block, as the form's buttons do in the
+   * window. */
   void ClickHead(QPoint point) {
     const int row = ShownAt(point.y() / cell_);
     const int column = ShownAt(point.x() / cell_);
     const bool of_row = column == 0;
     const int at = of_row ? row : column;
     if (at < 1 || (of_row ? column : row) != 0) return;
-    if (whole_ && down_ != nullptr && across_ != nullptr) {  // the block becomes the window
+    if (whole_ && down_ != nullptr && across_ != nullptr) {  // moves the window to the block
       down_->current = point.y() / cell_ / kBlock * kWindow;
       across_->current = point.x() / cell_ / kBlock * kWindow;
       down_->changed();

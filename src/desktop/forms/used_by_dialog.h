@@ -11,12 +11,12 @@
 
 namespace tarvok::desktop {
 
-/** What refers to a row, a line each; accepted with the one to go to. */
+/** Lists what refers to a row. Accepted when the user chooses a line to go to. */
 class UsedByDialog : public QDialog {
  public:
   UsedByDialog(std::vector<Found> found, int row, const CodePage& page, QWidget* parent);
 
-  /** Where the chosen line stands. */
+  /** The place of the chosen line. */
   const Place& place() const { return found_[static_cast<std::size_t>(list_->currentRow())].place; }
 
  private:

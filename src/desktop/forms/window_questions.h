@@ -11,7 +11,7 @@
 
 namespace tarvok::desktop {
 
-/** Boxes and questions of a form in front of its window. */
+/** Shows the boxes and questions of a form in front of its window. */
 class WindowQuestions : public Questions {
  public:
   WindowQuestions(DesktopParts& parts, QWidget* form) : parts_(parts), form_(form) {}
@@ -27,7 +27,7 @@ class WindowQuestions : public Questions {
     const auto show_changes = [&](QWidget* box) {
       auto* list = new DifferenceList(
           PageOf(parts_.settings), {.first = "project as it was", .second = "file as it is now"},
-          QStringLiteral("Nothing that a form shows: the files differ in blanks, comments or order alone."));
+          QStringLiteral("No form shows a difference: the files differ only in blanks, comments or order."));
       list->ShowDifferences(CompareProjects(loaded, *parts_.store.Snapshot(parts_.state.project_file)));
       ShowInDialog(list, QStringLiteral("WhatChanged"), QStringLiteral("What Changed"), box);
     };

@@ -55,7 +55,7 @@ void ApplyColours(SettingsStore& settings) {
     QApplication::setPalette(QApplication::style()->standardPalette());
     return;
   }
-  // Of the styles that come with Qt this one follows a palette to the last frame.
+  // The only style of Qt that uses the palette for everything it draws.
   QApplication::setStyle(new PlainStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
   QApplication::setPalette(light ? LightPalette() : DarkPalette());
 }

@@ -10,16 +10,17 @@
 
 namespace tarvok::desktop {
 
-/** Whose colours the program wears: the system's, or light or dark ones of its own. */
+/** The colours that the program uses: those of the system, or its own light or dark ones. */
 inline constexpr std::string_view kColourChoices[] = {"system", "light", "dark"};
 
-/** Dresses the whole program by the user's choice; at the start, and again when the choice changes. */
+/** Applies the colours of the user's choice to the whole program. Call it at the start and after the choice
+ * changes. */
 void ApplyColours(SettingsStore& settings);
 
 bool IsDark(const QPalette& palette);
-/** A colour between two, `part` of 100 of the first. */
+/** Mixes two colours, with `part` percent of the first. */
 QColor Mix(const QColor& first, const QColor& second, int part);
-/** Text that steps back behind the other. */
+/** The colour of muted text. */
 QColor MutedText(const QPalette& palette);
 
 }  // namespace tarvok::desktop

@@ -8,8 +8,8 @@
 
 namespace tarvok::desktop {
 
-/** Draws the edge of a rectangle inside of it, one pixel wide. A pen would cost thirty times as much, since Qt makes a path of
- * it first. */
+/** Draws a border one pixel wide inside a rectangle. Drawing with a pen is thirty times slower: Qt makes a
+ * path first. */
 inline void PaintEdge(QPainter& painter, const QRect& whole, const QColor& colour) {
   painter.fillRect(whole.x(), whole.y(), whole.width(), 1, colour);
   painter.fillRect(whole.x(), whole.bottom(), whole.width(), 1, colour);

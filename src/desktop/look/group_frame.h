@@ -6,8 +6,8 @@
 
 namespace tarvok::desktop {
 
-/** A group of fields with its title. Its ground is painted as a plain rectangle: the style stretches a picture, for which Qt
- * wakes threads, and that takes longer than all that is in the group. */
+/** A group of fields with a title. Its background is a plain rectangle: the style scales a picture, for which
+ * Qt wakes threads, and that takes longer than painting everything in the group. */
 class GroupFrame : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;

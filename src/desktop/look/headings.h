@@ -6,7 +6,7 @@
 
 namespace tarvok::desktop {
 
-/** A label in larger, heavier letters; `scale` of the usual size. */
+/** Makes the text of a label bold and `scale` times as large; returns the label. */
 inline QLabel* MakeHeading(QLabel* label, double scale) {
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * scale);
@@ -15,7 +15,7 @@ inline QLabel* MakeHeading(QLabel* label, double scale) {
   return label;
 }
 
-/** A label that steps back behind the others, in light and dark. */
+/** Makes the text of a label muted, with light and dark colours; returns the label. */
 inline QLabel* MakeMuted(QLabel* label) {
   label->setForegroundRole(QPalette::PlaceholderText);
   return label;

@@ -11,10 +11,10 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr double kGrid = 16;  // the pictures are drawn on a grid of so many points a side
+constexpr double kGrid = 16;  // width and height of the grid on which the pictures are drawn
 constexpr double kLine = 1.2;
 
-/** What of a picture has a face, which is tinted, and what is lines alone. */
+/** The parts of a picture: areas, which are tinted, and lines. */
 struct Drawing {
   QPainterPath face;
   QPainterPath lines;

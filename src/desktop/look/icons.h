@@ -6,7 +6,8 @@
 
 namespace tarvok::desktop {
 
-/** The program's own pictures: lines in the colour of the text, so that they follow light and dark and every scale. */
+/** The program's own pictures: lines in the colour of the text, for light and dark colours and every
+ * scale. */
 enum class Picture { kNewProject, kOpenProject, kCloseProject, kExit, kComputer, kMore, kClear };
 
 QIcon IconOf(Picture picture);

@@ -11,7 +11,7 @@
 namespace tarvok::desktop {
 namespace {
 
-/** A Latin letter's width, asked once for each font that follows another. */
+/** Width of a Latin letter; cached until it is asked for another font. */
 int LetterWidth(QChar letter, const QFontMetrics& metrics) {
   static QFontMetrics known = metrics;
   static std::array<std::optional<int>, 0x100> widths;

@@ -8,17 +8,18 @@
 
 namespace tarvok::desktop {
 
-/** Paints one line of text from the left, in the middle of `room`'s height, with dots where it is too long. It is laid out
- * once, where Qt's delegate does so three times. */
+/** Paints one line of text, left-aligned and vertically centred in `room`; a text that is too long ends with
+ * dots. The text is laid out once; Qt's delegate does so three times. */
 void PaintLine(QPainter& painter, const QRect& room, const QString& text, const QFontMetrics& metrics);
 
-/** How wide a line is. Latin letters are added one by one, kerning aside, which is cheaper than laying them out. */
+/** Width of a line. Adds the widths of Latin letters without kerning, which is cheaper than laying them
+ * out. */
 int LineWidth(const QString& text, const QFontMetrics& metrics);
 
-/** The distance of an item's text from its edges. */
+/** Distance between the text of an item and its edges. */
 int TextMargin();
 
-/** The rows of a tree or a list that are a line of text each, without pictures and marks. */
+/** Paints the rows of a tree or a list that are one line of text each, without icons or check boxes. */
 class LineDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -27,7 +28,7 @@ class LineDelegate : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 
-/** The colours of an item in its state. */
+/** The colour group for the state of an item. */
 QPalette::ColorGroup GroupOf(const QStyleOption& option);
 
 }  // namespace tarvok::desktop

@@ -12,10 +12,11 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kBesideCaption = 24;  // of a button, both sides together
-constexpr int kHandleEdge = 3;      // between a handle and the sides of its bar
+constexpr int kCaptionMargins = 24;  // space at both sides of a button's caption together
+constexpr int kHandleEdge = 3;       // between a handle and the sides of its scroll bar
 
-/** An arrow head in the middle of a button, pointing along (1, 0) or (0, 1) or against it. */
+/** Draws an arrow head in the middle of a button, pointing in the direction (1, 0), (0, 1) or the
+ * opposite. */
 void DrawArrow(QPainter& painter, const QRect& button, QPointF to, const QColor& colour) {
   constexpr double kHalf = 2;
   const QPointF middle = QRectF(button).center();
@@ -44,7 +45,7 @@ void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
   painter.fillRect(button.rect.adjusted(1, 1, -1, -1), Mix(ink, ground, shade));
 }
 
-/** The edge of what can be typed into or switched. */
+/** The border colour of fields, check boxes and options. */
 QColor EdgeColour(const QStyleOption& option) {
   if ((option.state & QStyle::State_HasFocus) != 0) return option.palette.color(QPalette::Highlight);
   const QColor ink = option.palette.color(QPalette::Active, QPalette::WindowText);
@@ -52,7 +53,7 @@ QColor EdgeColour(const QStyleOption& option) {
   return Mix(ink, option.palette.color(QPalette::Window), shade);
 }
 
-/** The edge around a list or a table. */
+/** Draws the border of a list or a table. */
 void DrawFrame(const QStyleOption& option, QPainter& painter) {
   const QColor ground = option.palette.color(QPalette::Window);
   PaintEdge(painter, option.rect, Mix(option.palette.color(QPalette::WindowText), ground, 20));
@@ -74,7 +75,7 @@ void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
   painter.restore();
 }
 
-/** Round, and its dot is as dark as a text. */
+/** Draws an option: round, with a dot in the colour of text. */
 void DrawOption(const QStyleOption& option, QPainter& painter) {
   const QPalette& colours = option.palette;
   QRectF circle = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
@@ -115,7 +116,7 @@ QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option
                                    const QWidget* widget) const {
   const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type != CT_PushButton || !IsQtsOwn()) return size;
-  return {std::max(size.width(), contents.width() + kBesideCaption), size.height()};
+  return {std::max(size.width(), contents.width() + kCaptionMargins), size.height()};
 }
 
 void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -148,7 +149,7 @@ void PlainStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter,
   const auto part = [&](SubControl which) {
     return proxy()->subControlRect(CC_ScrollBar, &bar, which, widget);
   };
-  // How much of the ink a part shows: more of it under the pointer, and more still under its button.
+  // How dark a part is, in percent of the text colour: darker under the pointer, and more so when pressed.
   const auto shade = [&](SubControl which, int rest) {
     if ((bar.activeSubControls & which) == 0) return Mix(ink, ground, rest);
     return Mix(ink, ground, rest + ((bar.state & State_Sunken) != 0 ? 24 : 12));

@@ -10,18 +10,18 @@
 
 namespace tarvok::desktop {
 
-/** A path as people see it, and back. */
+/** Converts a path to text for the user, and back. */
 QString PathText(const std::string& path);
 std::string PathBytes(const QString& text);
 
-/** A folder for people: their own stands as "~". */
+/** A folder as text for the user, with "~" for the home folder. */
 QString FolderText(const QString& folder);
 
-/** A text of the program itself: ASCII, or UTF-8. */
+/** A text of the program itself, which is ASCII or UTF-8. */
 QString Words(std::string_view text);
 
-/** A message that may quote a path or a value of the project: UTF-8 where it is that, else letters of the
- * page. Line ends become single ones. */
+/** A message that may quote a path or a value of a project: valid UTF-8 is read as such, anything else in the
+ * code page. Line ends become "\n". */
 QString MessageText(std::string_view text, const CodePage& page);
 
 }  // namespace tarvok::desktop

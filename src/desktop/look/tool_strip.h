@@ -6,8 +6,8 @@
 
 namespace tarvok::desktop {
 
-/** The tool bar above the panes: a line parts it from them, and nothing moves it. Its style blends the bar's edges over the
- * ground, for which Qt wakes threads and waits. */
+/** The tool bar above the panes, fixed, with a line below it. It is painted here because the style blends its
+ * edges with the background, for which Qt wakes threads and waits. */
 class ToolStrip : public QToolBar {
  public:
   using QToolBar::QToolBar;

@@ -7,8 +7,8 @@
 
 namespace tarvok::desktop {
 
-/** Keeps the mouse wheel from changing the value of a list that has not the focus: who scrolls a page would
- * change what the pointer happens to come over. The page gets the wheel instead. */
+/** Keeps the mouse wheel from changing the value of a widget without the focus, which would happen by
+ * accident while the user scrolls a page. The page gets the wheel event instead. */
 class WheelNeedsFocus : public QObject {
  public:
   static void Set(QWidget* widget) {

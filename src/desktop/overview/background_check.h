@@ -10,8 +10,8 @@
 
 namespace tarvok::desktop {
 
-/** Checks a project beside what the window does meanwhile: one that the program starts with is checked by the time the
- * window is made. */
+/** Checks a project on another thread. The project that the program is started with is thus checked while the
+ * window is being created. */
 class BackgroundCheck {
  public:
   void Begin(std::shared_ptr<const IniText> project) {
@@ -19,9 +19,10 @@ class BackgroundCheck {
     findings_ = std::async(std::launch::async, [project = begun_] { return CheckProject(*project); });
   }
 
-  /** The findings of a project; at once, or as soon as they are there where the check of that very state was begun. */
+  /** Returns the findings of a project. Waits for the check on the other thread if it was begun with the same
+   * state of the project, else checks it now. */
   std::vector<Finding> Findings(const std::shared_ptr<const IniText>& project) {
-    // What was begun is asked for once, and no state of a project is kept for it any longer.
+    // The result is used once; afterwards the state of the project need not be kept.
     const bool is_begun = std::exchange(begun_, nullptr) == project;
     return findings_.valid() && is_begun ? findings_.get() : CheckProject(*project);
   }

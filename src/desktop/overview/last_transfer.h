@@ -13,23 +13,23 @@ namespace tarvok::desktop {
 
 enum class TransferEnd { kDone, kFailed, kNotTaken, kCancelled };
 
-/** How the last transfer of a project went; kept per project in the per-user settings. */
+/** The result of a project's last transfer. It is kept for each project in the per-user settings. */
 struct LastTransfer {
-  std::int64_t time_s = 0;  // of its end, in seconds since 1970
-  bool loaded = false;      // from the exchange; else sent to it
+  std::int64_t time_s = 0;  // when it ended, in seconds since 1970
+  bool loaded = false;      // true for a load, false for a send
   TransferEnd end = TransferEnd::kFailed;
-  std::string what;  // as its button says, "Send Data Config"
+  std::string what;  // the text of its button, "Send Data Config"
 };
 
-/** "finished": the end in a sentence. */
+/** The end as part of a sentence: "finished". */
 std::string_view EndText(TransferEnd end);
 void KeepLastTransfer(SettingsStore& settings, FileSystem& files, const std::string& project_path,
                       const LastTransfer& transfer);
-/** Nothing for a project without one, and where somebody wrote rubbish. */
+/** nullopt if the project had no transfer or the settings are invalid. */
 std::optional<LastTransfer> FindLastTransfer(SettingsStore& settings, FileSystem& files,
                                              const std::string& project_path);
 
-/** The project at that path is another one from now on. */
+/** Call when another project takes this path. */
 void ForgetLastTransfer(SettingsStore& settings, FileSystem& files, const std::string& project_path);
 
 }  // namespace tarvok::desktop

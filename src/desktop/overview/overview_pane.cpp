@@ -19,10 +19,10 @@ namespace tarvok::desktop {
 namespace {
 
 constexpr int kMargin = 24;
-/** Of the usual letters, for all that is large: each further size is a font to load. */
+/** The scale of all large texts. One size for all: each further size is a font to load. */
 constexpr double kLarge = 1.4;
 
-/** What a count is called, the count in large letters, and what stands behind it. */
+/** Makes a tile: its title, the count in large letters, and the text after it. */
 QWidget* MakeTile(const QString& title, OverviewPane::Tile& shown) {
   auto* tile = new QFrame;
   tile->setFrameShape(QFrame::StyledPanel);
@@ -33,18 +33,18 @@ QWidget* MakeTile(const QString& title, OverviewPane::Tile& shown) {
   layout->setSpacing(2);
   shown.number = MakeHeading(new QLabel, kLarge);
   shown.number->setAccessibleName(title);
-  shown.behind = new QLabel;
-  for (QLabel* label : {shown.number, shown.behind}) label->setTextFormat(Qt::PlainText);
+  shown.after = new QLabel;
+  for (QLabel* label : {shown.number, shown.after}) label->setTextFormat(Qt::PlainText);
   auto* line = new QHBoxLayout;
   line->setSpacing(6);
   line->addWidget(shown.number, 0, Qt::AlignBaseline);
-  line->addWidget(shown.behind, 1, Qt::AlignBaseline);
+  line->addWidget(shown.after, 1, Qt::AlignBaseline);
   layout->addWidget(MakeMuted(new QLabel(title)));
   layout->addLayout(line);
   return tile;
 }
 
-/** A spot of a family's colour, which follows light and dark. */
+/** A spot in the colour of a card family, which adapts to light and dark colours. */
 class Spot : public QWidget {
  public:
   explicit Spot(CardFamily family) : family_(family) { setFixedSize(10, 10); }

@@ -17,31 +17,31 @@
 
 namespace tarvok::desktop {
 
-/** The pane of an open project while no editor is shown: its rack, what it amounts to, how it
- * connects, how its last transfer went, and what the check finds in it. */
+/** The pane of an open project while no editor is shown: the rack, totals, connection, last transfer, and the
+ * findings of the check. */
 class OverviewPane : public QScrollArea {
  public:
   struct Commands {
     std::function<void()> open_transfer;
     std::function<void()> use_practice;
-    std::function<bool(const Place&)> is_offered;  // there is a form that shows the place
+    std::function<bool(const Place&)> is_offered;  // whether a form shows the place
     std::function<void(const Place&)> go;
   };
 
-  /** A count that people look for. */
+  /** A count with its title. */
   struct Tile {
     QLabel* number = nullptr;
-    QLabel* behind = nullptr;
+    QLabel* after = nullptr;
 
     void Show(int count, const QString& text) {
       number->setText(QString::number(count));
-      behind->setText(text);
+      after->setText(text);
     }
   };
 
   OverviewPane(DesktopParts& parts, Commands commands);
 
-  /** Reads the open project afresh; one that went away meanwhile is told in its place. */
+  /** Reads the open project again and shows it; shows a problem if its file is gone. */
   void ShowProject();
 
  private:
@@ -56,7 +56,7 @@ class OverviewPane : public QScrollArea {
 
   DesktopParts& parts_;
   Commands commands_;
-  std::shared_ptr<const IniText> shown_;  // the state of the project that counts and findings are of
+  std::shared_ptr<const IniText> shown_;  // the state of the project that the counts and findings belong to
   std::vector<Place> places_;             // of the findings
   QLabel* name_ = nullptr;
   QLabel* folder_ = nullptr;

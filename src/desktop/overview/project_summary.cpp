@@ -51,7 +51,7 @@ bool IsTrunk(CardFamily family) {
   return family == CardFamily::kTrunk || family == CardFamily::kEAndM || family == CardFamily::kE1;
 }
 
-/** Calls `take` with each member of a list of row numbers; how many rows have any. */
+/** Calls `take` for each member of the rows; returns the number of rows with members. */
 template <typename Take>
 int WalkLists(const IniText& project, const Table& table, int rows, Take take) {
   int used = 0;

@@ -9,26 +9,26 @@
 
 namespace tarvok::desktop {
 
-/** The exchange's rack has so many card slots. */
+/** The number of card slots in the exchange's rack. */
 inline constexpr int kSlots = 16;
 
-/** What a card is good for, as far as a picture tells it. */
+/** The kinds of cards that the rack distinguishes. */
 enum class CardFamily { kSlic, kDigital, kTrunk, kEAndM, kE1, kVoiceMail };
 
 std::string_view FamilyName(CardFamily family);
 
 /** A card in its slot. A port is used if it has a number or belongs to a group out. */
 struct CardSummary {
-  std::string_view label;  // of the card type; "" in an empty slot
+  std::string_view label;  // name of the card type; "" for an empty slot
   CardFamily family = CardFamily::kSlic;
-  std::vector<bool> used;  // one entry a port, in channel order of the rows
+  std::vector<bool> used;  // one entry per port, in the order of the rows
 
   bool empty() const { return used.empty(); }
   int ports() const { return static_cast<int>(used.size()); }
   int ports_used() const;
 };
 
-/** What a project amounts to, counted from its rows. */
+/** The totals of a project, counted from its rows. */
 struct ProjectSummary {
   std::array<CardSummary, kSlots> slots;
   int ports = 0;
@@ -39,7 +39,7 @@ struct ProjectSummary {
   int hunt_groups = 0;  // with at least one member
 };
 
-/** Rows that make no sense (a slot that the rack does not have, an unknown card) are passed over. */
+/** Counts the rows of a project. Invalid rows (a slot that does not exist, an unknown card) are skipped. */
 ProjectSummary Summarize(const IniText& project);
 
 }  // namespace tarvok::desktop

@@ -13,14 +13,14 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr double kFrame = 10;  // the rack's own rim
+constexpr double kFrame = 10;  // border of the rack
 constexpr double kGap = 4;     // between two slots
-constexpr double kHead = 20;   // the slot's number
-constexpr int kFoot = 22;      // used and all ports
-constexpr int kStripe = 4;     // the family's colour across the card
-constexpr int kLampPitch = 9;  // across; down the card they share its height
+constexpr double kHead = 20;   // height of the slot's number
+constexpr int kFoot = 22;      // height of "used / all ports"
+constexpr int kStripe = 4;     // height of the stripe in the family's colour
+constexpr int kLampPitch = 9;  // horizontal distance; vertically the lamps share the height of the card
 constexpr int kLamp = 6;
-constexpr int kLampRows = 16;  // more ports than two columns hold take more columns
+constexpr int kLampRows = 16;  // more ports than in two columns take more columns
 
 }  // namespace
 
@@ -137,7 +137,7 @@ void RackView::PaintCard(QPainter& painter, const QRect& body, const CardSummary
                    QStringLiteral("%1/%2").arg(card.ports_used()).arg(card.ports()));
 }
 
-/** One lamp, painted once for all of its kind. */
+/** Paints one lamp, which is drawn for all lamps of its kind. */
 QPixmap RackView::Lamp(const QColor& colour, bool used) const {
   const double scale = devicePixelRatioF();
   QPixmap pixmap(QSize(kLamp, kLamp) * scale);

@@ -7,13 +7,14 @@
 
 namespace tarvok::desktop {
 
-/** The rack from its front: 16 slots, each card with its type and a lamp for each port, lit if it is used. */
+/** The front of the rack: 16 slots, each card with its type and a lamp per port, which is lit if the port is
+ * used. */
 class RackView : public QWidget {
  public:
   explicit RackView(QWidget* parent = nullptr);
 
   void ShowSummary(const ProjectSummary& summary);
-  /** The colour in which cards of a family are drawn. */
+  /** The colour of a card family. */
   static QColor FamilyColour(CardFamily family, const QPalette& palette);
 
   QSize sizeHint() const override;

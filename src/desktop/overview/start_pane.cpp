@@ -12,8 +12,8 @@ namespace tarvok::desktop {
 namespace {
 
 constexpr int kMargin = 32;
-constexpr int kColumn = 560;     // wider lines are hard to read
-constexpr int kTextIndent = 36;  // below the texts of the buttons
+constexpr int kColumn = 560;     // width of the column; wider lines are hard to read
+constexpr int kTextIndent = 36;  // aligns texts with those of the buttons
 
 QCommandLinkButton* MakeButton(const QString& text, const QString& description, Picture picture) {
   auto* button = new QCommandLinkButton(text, description);
@@ -50,7 +50,7 @@ void StartPane::Make() {
                           Picture::kOpenProject);
   practice_ =
       MakeButton(QStringLiteral("Start a practice exchange"),
-                 QStringLiteral("To try everything without a real one; it runs on this computer alone"),
+                 QStringLiteral("Try everything without a real exchange; it runs on this computer only"),
                  Picture::kComputer);
   practice_->setObjectName(QStringLiteral("StartPractice"));
   connect(practice_, &QCommandLinkButton::clicked, this, [this] { commands_.start_practice(); });
@@ -71,7 +71,7 @@ void StartPane::Make() {
   practice_text_->setContentsMargins(kTextIndent, 0, 0, 0);
   layout->addWidget(practice_text_);
   layout->addSpacing(20);
-  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Opened last")), 1.2));
+  layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Recent projects")), 1.2));
   none_ = MakeMuted(new QLabel(QStringLiteral("Projects that you open are listed here.")));
   layout->addWidget(none_);
   recent_ = new QWidget;
@@ -102,7 +102,7 @@ void StartPane::ShowRecentFiles(const std::vector<std::string>& paths) {
 
 void StartPane::ListRecentFiles() {
   none_->setVisible(paths_.empty());
-  // A click on an entry rebuilds the list while that entry's own signal is still on its way.
+  // A click on an entry rebuilds the list while the entry is still emitting its signal.
   for (QCommandLinkButton* old : recent_->findChildren<QCommandLinkButton*>()) {
     old->setObjectName({});
     old->hide();

@@ -13,8 +13,8 @@
 
 namespace tarvok::desktop {
 
-/** The pane while no project is open: the projects opened last, New and Open. It is made when it is first seen, which
- * a start with a project never does. */
+/** The pane while no project is open: recent projects, New and Open. Its widgets are created when it is first
+ * shown, so that a start with a project does not need them. */
 class StartPane : public QScrollArea {
  public:
   struct Commands {
@@ -26,7 +26,7 @@ class StartPane : public QScrollArea {
 
   explicit StartPane(Commands commands);
 
-  /** What is to be said of the practice exchange; whether it can be started. */
+  /** Shows the state of the practice exchange, and whether it can be started. */
   void ShowPractice(const QString& text, bool can_start);
 
   void ShowRecentFiles(const std::vector<std::string>& paths);

@@ -10,9 +10,9 @@
 
 namespace tarvok::desktop {
 
-/** Drops the characters that a field does not take, typed or pasted, without a word. What stood in the field
- * when it was filled may stay, and come back after it was deleted: editing next to it must not eat it. There are
- * never more of such a character than there were. */
+/** Silently drops characters that a field does not accept, typed or pasted. Characters of the initial text
+ * may stay, and be entered again, so that editing next to them does not remove them; but never more of each
+ * than there were. */
 class CharacterFilter : public QValidator {
  public:
   using Accepts = std::function<bool(QChar)>;
@@ -20,23 +20,23 @@ class CharacterFilter : public QValidator {
   CharacterFilter(QLineEdit* field, Accepts accepts)
       : QValidator(field), accepts_(std::move(accepts)), kept_(field->text()), last_(kept_) {}
 
-  /** Gives a field its filter; call it once the field is filled. */
+  /** Gives a field its filter. Call it after the field has its initial text. */
   static void Set(QLineEdit* field, Accepts accepts) {
     field->setValidator(new CharacterFilter(field, std::move(accepts)));
   }
 
   State validate(QString& input, int& cursor) const override {
     const qsizetype shorter = qMin(input.size(), last_.size());
-    // What is new ends at the cursor.
+    // The new text ends at the cursor.
     const qsizetype tail = qMin<qsizetype>(shorter, input.size() - cursor);
-    qsizetype behind = 0;
-    while (behind < tail && input[input.size() - 1 - behind] == last_[last_.size() - 1 - behind]) ++behind;
+    qsizetype end = 0;
+    while (end < tail && input[input.size() - 1 - end] == last_[last_.size() - 1 - end]) ++end;
     qsizetype front = 0;
-    while (front < shorter - behind && input[front] == last_[front]) ++front;
+    while (front < shorter - end && input[front] == last_[front]) ++front;
     QString passed = input.left(front);
-    const QString rest = input.right(behind);
+    const QString rest = input.right(end);
     qsizetype before_cursor = qMin<qsizetype>(cursor, front);
-    for (qsizetype i = front; i < input.size() - behind; ++i) {
+    for (qsizetype i = front; i < input.size() - end; ++i) {
       const QChar each = input[i];
       if (!accepts_(each) && passed.count(each) + rest.count(each) >= kept_.count(each)) continue;
       passed += each;
@@ -53,7 +53,7 @@ class CharacterFilter : public QValidator {
  private:
   Accepts accepts_;
   QString kept_;
-  mutable QString last_;  // what stands in the field
+  mutable QString last_;  // the text in the field
 };
 
 }  // namespace tarvok::desktop

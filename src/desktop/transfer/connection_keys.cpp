@@ -16,7 +16,7 @@ struct KeyOfMember {
   std::string ConnectionKeys::*text;
 };
 
-/** In the order in which they are written. */
+/** The keys in the order in which they are written. */
 constexpr std::array<KeyOfMember, 12> kKeys = {{{key::kPort, &ConnectionKeys::port},
                                                 {key::kBps, &ConnectionKeys::bps},
                                                 {key::kPortModem, &ConnectionKeys::port_modem},
@@ -31,13 +31,13 @@ constexpr std::array<KeyOfMember, 12> kKeys = {{{key::kPort, &ConnectionKeys::po
                                                 {key::kCompare, &ConnectionKeys::compare}}};
 
 constexpr std::string_view kFirstPort = "1";
-constexpr std::int64_t kLastWay = 4;
+constexpr std::int64_t kLastTransport = 4;
 
 }  // namespace
 
-int ConnectionKeys::Way() const {
-  const std::int64_t way = Val(by);
-  return way >= 1 && way <= kLastWay ? static_cast<int>(way) : 0;
+int ConnectionKeys::Transport() const {
+  const std::int64_t transport = Val(by);
+  return transport >= 1 && transport <= kLastTransport ? static_cast<int>(transport) : 0;
 }
 
 bool ConnectionKeys::IsLinked() const {

@@ -7,7 +7,7 @@
 
 namespace tarvok::desktop {
 
-/** The connection keys of a project as `frmSetting` edits them: texts as they are stored. */
+/** The connection keys of a project as texts, as they are stored and as `frmSetting` edits them. */
 struct ConnectionKeys {
   std::string port;
   std::string bps;
@@ -22,16 +22,16 @@ struct ConnectionKeys {
   std::string cut;
   std::string compare;  // the dialog has no control for it and writes back what it read
 
-  /** Index of the way's option: 1 serial, 2 modem, 3 LAN to serial, 4 LAN, 0 server, as anything else is. */
-  int Way() const;
+  /** The transport: 1 serial, 2 modem, 3 LAN to serial, 4 LAN, 0 server or anything else. */
+  int Transport() const;
   bool IsLinked() const;
 };
 
 /** Reads the keys with the dialog's defaults: "1" for an empty port, which is written back at once, and a
- * whole settings text for an empty speed. The write's failure is returned; the keys hold all the same. */
+ * whole settings text for an empty speed. Returns the error of that write; `keys` is valid all the same. */
 Status ReadConnectionKeys(ProjectStore& store, const std::string& project, ConnectionKeys& keys);
 
-/** Writes all keys, in one write. */
+/** Writes all keys at once. */
 Status WriteConnectionKeys(ProjectStore& store, const std::string& project, const ConnectionKeys& keys);
 
 }  // namespace tarvok::desktop

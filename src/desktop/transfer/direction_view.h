@@ -7,12 +7,13 @@
 
 namespace tarvok::desktop {
 
-/** Computer and exchange, and between them arrows that run the way the data goes while a session works. */
+/** Computer and exchange, with arrows between them that move in the direction of the data during a
+ * session. */
 class DirectionView : public QWidget {
  public:
   explicit DirectionView(QWidget* parent = nullptr);
 
-  /** `to_exchange`: a send, else a load. */
+  /** `to_exchange`: true for a send, false for a load. */
   void Start(bool to_exchange);
   void Stop();
 

@@ -26,7 +26,7 @@ std::string SentPart(const IniText& project) {
 void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent) {
   auto* list = new DifferenceList(
       PageOf(parts.settings), kSides,
-      QStringLiteral("Nothing: the exchange has this configuration already, as far as this program knows."));
+      QStringLiteral("Nothing: as far as this program knows, the exchange already has this configuration."));
   const Result<std::string> copy = parts.copies.Find(connection);
   if (copy.ok()) {
     const std::shared_ptr<const IniText> project = parts.store.Snapshot(parts.state.project_file);

@@ -10,12 +10,12 @@
 
 namespace tarvok::desktop {
 
-/** The project's text without what a send of the whole configuration leaves alone: the header and the sections
- * that travel by themselves. */
+/** The text of a project without what a send of the whole configuration does not carry: the header and the
+ * sections that are sent alone. */
 std::string SentPart(const IniText& project);
 
-/** Shows what a send of the open project would change in the exchange: compared with what was last sent to it
- * or loaded from it. */
+/** Shows what a send of the open project would change in the exchange, compared with what was last sent to or
+ * loaded from it. */
 void ShowWhatWillChange(DesktopParts& parts, const ConnectionSettings& connection, QWidget* parent);
 
 }  // namespace tarvok::desktop

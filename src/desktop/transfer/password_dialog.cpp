@@ -48,7 +48,7 @@ PasswordDialog::PasswordDialog(PasswordForm& form, std::function<bool()> given_u
   cancel_ = buttons->button(QDialogButtonBox::Cancel);
   ok_->setObjectName(QStringLiteral("Command1"));
   cancel_->setObjectName(QStringLiteral("Command2"));
-  for (QPushButton* button : {ok_, cancel_}) button->setAutoDefault(false);  // Enter has a rule of its own
+  for (QPushButton* button : {ok_, cancel_}) button->setAutoDefault(false);  // the field handles Enter
 
   auto* entry = new QFormLayout;
   entry->addRow(QStringLiteral("&Enter Password"), password_);
@@ -90,7 +90,7 @@ QWidget* PasswordDialog::MakeLevel(int level) {
   return page;
 }
 
-/** Qt makes OK the default button whatever it is told, and Enter would press it behind the field's own rule. */
+/** Qt makes OK the default button in any case, and Enter would press it after the field handled Enter. */
 void PasswordDialog::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QDialog::keyPressEvent(event);
   if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button != nullptr) button->click();
@@ -133,7 +133,7 @@ void PasswordDialog::reject() {
   Follow();
 }
 
-/** The form may close itself or clear its field on its own, when an error reply comes late. */
+/** Called repeatedly: the form may close itself or clear its field when an error reply comes late. */
 void PasswordDialog::Follow() {
   if (busy_) return;
   if (form_.open() && given_up_()) form_.Cancel();

@@ -15,16 +15,16 @@
 
 namespace tarvok::desktop {
 
-/** `frmPassword2` on the screen: fills the form's fields, calls its handlers, and goes when the form has
- * closed itself. */
+/** Shows `frmPassword2`: fills the form's fields, calls its handlers, and closes when the form has closed
+ * itself. */
 class PasswordDialog : public QDialog {
  public:
-  /** `given_up`: the session's own form is closing, and this one with it. */
+  /** `given_up` returns true if the form of the session is closing; then this dialog closes too. */
   PasswordDialog(PasswordForm& form, std::function<bool()> given_up, QWidget* parent);
 
-  /** Closing the window is "Cancel"; in the middle of a try it does nothing. */
+  /** Closing the window means "Cancel"; during a try it does nothing. */
   void reject() override;
-  /** The user ended it, not the exchange. */
+  /** True if the user ended the dialog, not the exchange. */
   bool cancelled() const { return cancelled_; }
 
  protected:
@@ -54,7 +54,7 @@ class PasswordDialog : public QDialog {
   QTimer follow_;
   bool busy_ = false;
   bool cancelled_ = false;
-  bool tried_ = false;  // the form holds a password that it clears when it is wrong
+  bool tried_ = false;  // the form holds a password, and clears it if it is wrong
 };
 
 }  // namespace tarvok::desktop

@@ -10,7 +10,7 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kUsualPort = 4001;  // that of the example project
+constexpr int kUsualPort = 4001;  // the port of the example project
 constexpr int kAnyPort = 0;
 constexpr int kPatience_ms = 10'000;
 constexpr int kFarewell_ms = 3'000;
@@ -44,7 +44,7 @@ void PracticeProcess::Start() {
   const QString program = PathText(parts_.practice_program);
   if (!QFileInfo(program).isExecutable()) {
     Change(State::kOff, 0,
-           QStringLiteral("The practice exchange is not installed beside this program: there is no %1.")
+           QStringLiteral("The practice exchange is not installed next to this program: %1 does not exist.")
                .arg(program));
     return;
   }
@@ -65,7 +65,7 @@ void PracticeProcess::Stop() {
   patience_.stop();
   if (process_.state() == QProcess::NotRunning) return;
   const QSignalBlocker quiet(process_);
-  process_.terminate();  // it writes what it holds
+  process_.terminate();  // it writes its memory before it ends
   if (!process_.waitForFinished(kFarewell_ms)) process_.kill();
   process_.waitForFinished(kFarewell_ms);
   Change(State::kOff, 0, {});
@@ -84,7 +84,7 @@ void PracticeProcess::Ended() {
   patience_.stop();
   const QString said = QString::fromLocal8Bit(process_.readAllStandardError()).trimmed();
   if (state_ == State::kStarting && asked_port_ == kUsualPort) {
-    Run(kAnyPort);  // somebody else listens on the usual port
+    Run(kAnyPort);  // another program listens on the usual port
     return;
   }
   Change(State::kOff, 0, QStringLiteral("The practice exchange ended. %1").arg(said).trimmed());

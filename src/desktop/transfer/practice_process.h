@@ -12,7 +12,7 @@
 
 namespace tarvok::desktop {
 
-/** The practice exchange as a program of its own, on loopback. It ends with this object. */
+/** Runs the practice exchange as a separate program on the loopback address. It ends with this object. */
 class PracticeProcess : public QObject {
  public:
   enum class State { kOff, kStarting, kReady };
@@ -21,16 +21,16 @@ class PracticeProcess : public QObject {
   explicit PracticeProcess(const DesktopParts& parts);
   ~PracticeProcess() override;
 
-  /** Starts it, if it does not run; how that goes is told by `on_change`. */
+  /** Starts it if it is not running. The result is reported by `on_change`. */
   void Start();
   void Stop();
   State state() const { return state_; }
   /** TCP port for "LAN"; 0 unless ready. */
   int port() const { return port_; }
-  /** Why it does not run, for people; "" if nothing went wrong. */
+  /** Why it is not running, as text for the user; "" if nothing went wrong. */
   const QString& problem() const { return problem_; }
 
-  /** Called after each change of what the above say. */
+  /** Sets the function that is called after each change of state, port or problem. */
   void set_on_change(std::function<void()> on_change) { on_change_ = std::move(on_change); }
 
  private:

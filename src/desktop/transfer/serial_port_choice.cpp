@@ -19,7 +19,7 @@ SerialPortChoice::SerialPortChoice(const QString& combo_name, SettingsStore& set
   for (int number = 1; number <= kSerialPorts; ++number) port_->addItem(Words(SerialDeviceKey(number)));
   device_ = new QComboBox;
   device_->setObjectName(combo_name + QStringLiteral("Device"));
-  device_->setAccessibleName(QStringLiteral("Device behind the port on this computer"));
+  device_->setAccessibleName(QStringLiteral("Device of this port on this computer"));
   device_->setToolTip(device_->accessibleName());
   device_->setEditable(true);
   device_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -88,14 +88,13 @@ void SerialPortChoice::ExplainDevice() {
   const QFileInfo device(DevicePath());
   QString hint;
   if (port_->currentIndex() < 0) {
-    hint = QStringLiteral("The project names a port that there is not; choose one.");
+    hint = QStringLiteral("The project uses a port that does not exist; choose one.");
   } else if (!device.exists()) {
     hint = QStringLiteral("This device is not present on this computer.");
   } else if (!device.isReadable() || !device.isWritable()) {
-    hint = QStringLiteral(
-               "You may not open this device. It belongs to the group \"%1\"; ask for membership and log "
-               "in again.")
-               .arg(device.group().isEmpty() ? QStringLiteral("dialout") : device.group());
+    hint =
+        QStringLiteral("To open this device, join its group \"%1\": ask the administrator, and log in again.")
+            .arg(device.group().isEmpty() ? QStringLiteral("dialout") : device.group());
   }
   hint_->setText(hint);
   device_->setAccessibleDescription(hint);

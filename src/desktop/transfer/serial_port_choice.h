@@ -9,18 +9,18 @@
 
 namespace tarvok::desktop {
 
-/** A serial port of a project, Com1 to Com8, and beside it the device that stands behind it on this computer:
- * one of those present, or a typed path. Says why a device can't be opened. */
+/** A serial port of a project, Com1 to Com8, and next to it the device of this port on this computer: one of
+ * those present, or a typed path. Says why a device can't be opened. */
 class SerialPortChoice : public QWidget {
  public:
-  /** `combo_name` is the name of the port's list (`cmbPort`). */
+  /** `combo_name` is the object name of the list of ports (`cmbPort`). */
   SerialPortChoice(const QString& combo_name, SettingsStore& settings);
 
-  /** Selects the port of a project's key; one outside of 1 to 8 selects none. */
+  /** Selects the port with the number in a project's key; none if it is not 1 to 8. */
   void Select(const std::string& port);
-  /** The port's number; `stored` while none is selected. */
+  /** The number of the selected port; `stored` if none is selected. */
   std::string Selected(const std::string& stored) const;
-  /** Keeps the device behind the selected port, if it was changed. */
+  /** Stores the device of the selected port in the settings, if the user changed it. */
   void KeepDevice();
 
  private:

@@ -18,9 +18,9 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr const char* kWayTexts[] = {"Send data by server", "Send data by serial", "Send data by Modem",
-                                     "Send data by LAN to Serail", "Send data by LAN"};
-constexpr int kWayOrder[] = {1, 2, 3, 4, 0};
+constexpr const char* kTransportTexts[] = {"Send data by server", "Send data by serial", "Send data by Modem",
+                                           "Send data by LAN to Serail", "Send data by LAN"};
+constexpr int kTransportOrder[] = {1, 2, 3, 4, 0};
 constexpr const char* kLinkTexts[] = {"Direct to CPU Card", "Link PBX"};
 constexpr const char* kSpeeds[] = {"9600", "19200", "38400", "57600", "115200"};
 constexpr int kLastId = 14;
@@ -39,7 +39,7 @@ QComboBox* MakeIdList(const QString& name) {
   return list;
 }
 
-/** An id that the list has not (15, or none) selects nothing and stays as it is stored. */
+/** Selects an id. One that is not in the list (15, or none) selects nothing and stays as it is stored. */
 void SelectId(QComboBox* list, const std::string& stored) {
   list->setCurrentIndex(stored.empty() ? -1 : list->findText(QString::number(Val(stored))));
 }
@@ -54,12 +54,12 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
   setWindowTitle(QStringLiteral("Setting Program"));
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(12);
-  layout->addWidget(MakeWays());
-  layout->addWidget(MakeWayFrames());
+  layout->addWidget(MakeTransports());
+  layout->addWidget(MakeTransportFrames());
   layout->addWidget(MakeLink());
   layout->addStretch();
   layout->addWidget(MakeButtons());
-  // Only a button that stands in its dialog can become the one that Enter presses.
+  // Only a button that is in its dialog can become the default button.
   findChild<QPushButton*>(QStringLiteral("cmdCancel"))->setAutoDefault(false);
   findChild<QPushButton*>(QStringLiteral("cmdApply"))->setDefault(true);
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
@@ -69,26 +69,26 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
   Fill();
   SetFilters();
   ShowDependent();
-  ways_[static_cast<std::size_t>(keys_.Way())]->setFocus();
+  transports_[static_cast<std::size_t>(keys_.Transport())]->setFocus();
   if (!written_back.ok()) {
     ShowBox(parent, QMessageBox::Critical, MessageText(written_back.message(), PageOf(parts_.settings)));
   }
 }
 
-QWidget* SettingDialog::MakeWays() {
+QWidget* SettingDialog::MakeTransports() {
   auto* group = new GroupFrame(QStringLiteral("Connection"));
   auto* layout = new QVBoxLayout(group);
-  for (const int way : kWayOrder) {
-    auto* option = new QRadioButton(QString::fromLatin1(kWayTexts[way]));
-    option->setObjectName(QStringLiteral("Option1(%1)").arg(way));
+  for (const int transport : kTransportOrder) {
+    auto* option = new QRadioButton(QString::fromLatin1(kTransportTexts[transport]));
+    option->setObjectName(QStringLiteral("Option1(%1)").arg(transport));
     connect(option, &QRadioButton::toggled, this, [this] { ShowDependent(); });
-    ways_[static_cast<std::size_t>(way)] = option;
+    transports_[static_cast<std::size_t>(transport)] = option;
     layout->addWidget(option);
   }
   return group;
 }
 
-QWidget* SettingDialog::MakeWayFrames() {
+QWidget* SettingDialog::MakeTransportFrames() {
   frames_ = new QStackedWidget;
   frames_->addWidget(MakeSerialFrame());
   frames_->addWidget(MakeModemFrame());
@@ -180,7 +180,7 @@ QWidget* SettingDialog::MakeButtons() {
 
 void SettingDialog::Fill() {
   const CodePage& page = PageOf(parts_.settings);
-  ways_[static_cast<std::size_t>(keys_.Way())]->setChecked(true);
+  transports_[static_cast<std::size_t>(keys_.Transport())]->setChecked(true);
   links_[keys_.IsLinked() ? 1 : 0]->setChecked(true);
   serial_->Select(keys_.port);
   modem_->Select(keys_.port_modem);
@@ -200,10 +200,10 @@ void SettingDialog::SetFilters() {
 }
 
 void SettingDialog::ShowDependent() {
-  if (ways_[1] == nullptr || ids_ == nullptr) return;
-  constexpr int kModemWay = 2;
-  const bool serial = ways_[1]->isChecked();
-  const bool modem = ways_[kModemWay]->isChecked();
+  if (transports_[1] == nullptr || ids_ == nullptr) return;
+  constexpr int kModemTransport = 2;
+  const bool serial = transports_[1]->isChecked();
+  const bool modem = transports_[kModemTransport]->isChecked();
   frames_->setCurrentIndex(serial ? 0 : (modem ? 1 : 2));
   ids_->setVisible(links_[1]->isChecked());
 }
@@ -212,16 +212,16 @@ void SettingDialog::Apply() {
   const CodePage& page = PageOf(parts_.settings);
   const std::string problem = WhyNoProject(parts_.store, parts_.state.project_file);
   if (!problem.empty()) return ShowBox(this, QMessageBox::Critical, MessageText(problem, page));
-  for (std::size_t way = 0; way < ways_.size(); ++way) {
-    const bool changed = static_cast<int>(way) != keys_.Way() || keys_.by.empty();
-    if (ways_[way]->isChecked() && changed) keys_.by = std::to_string(way);
+  for (std::size_t transport = 0; transport < transports_.size(); ++transport) {
+    const bool changed = static_cast<int>(transport) != keys_.Transport() || keys_.by.empty();
+    if (transports_[transport]->isChecked() && changed) keys_.by = std::to_string(transport);
   }
   const bool linked = links_[1]->isChecked();
   if (linked != keys_.IsLinked() || keys_.dcpu.empty()) keys_.dcpu = linked ? "1" : "0";
   keys_.port = serial_->Selected(keys_.port);
   keys_.port_modem = modem_->Selected(keys_.port_modem);
   keys_.bps = page.ToBytes(speed_->currentText().trimmed());
-  // A size of pieces that somebody entered by hand stays while the box is left alone.
+  // A chunk size that was entered by hand stays unless the user changes the box.
   if (slowly_->isChecked() != (keys_.cut == kOn) || keys_.cut.empty()) {
     keys_.cut = slowly_->isChecked() ? kOn : "0";
   }
@@ -233,7 +233,7 @@ void SettingDialog::Apply() {
   const Status written = WriteConnectionKeys(parts_.store, parts_.state.project_file, keys_);
   if (!written.ok()) {
     ShowBox(this, QMessageBox::Critical, MessageText(written.message(), page));
-    return;  // what was entered is not lost
+    return;  // the dialog stays open with what was entered
   }
   serial_->KeepDevice();
   modem_->KeepDevice();

@@ -23,10 +23,10 @@ class SettingDialog : public QDialog {
   SettingDialog(DesktopParts& parts, QWidget* parent);
 
  private:
-  static constexpr int kWays = 5;
+  static constexpr int kTransports = 5;
 
-  QWidget* MakeWays();
-  QWidget* MakeWayFrames();
+  QWidget* MakeTransports();
+  QWidget* MakeTransportFrames();
   QWidget* MakeSerialFrame();
   QWidget* MakeModemFrame();
   QWidget* MakeServerFrame();
@@ -39,7 +39,7 @@ class SettingDialog : public QDialog {
 
   DesktopParts& parts_;
   ConnectionKeys keys_;
-  std::array<QRadioButton*, kWays> ways_{};
+  std::array<QRadioButton*, kTransports> transports_{};
   std::array<QRadioButton*, 2> links_{};
   QStackedWidget* frames_ = nullptr;
   QWidget* ids_ = nullptr;

@@ -61,15 +61,15 @@ void TransferDialog::Run(const TransferAction& action) {
   began_ = false;
   not_taken_ = cancelled_ = false;
   const std::shared_ptr<const IniText> before = parts_.store.Snapshot(parts_.state.project_file);
-  // How it ended stands in the log window and its boxes.
+  // The log window and the boxes show how it ended.
   const bool done = action.run(*transfer_, folder);
   running_ = nullptr;
   if (began_ && action.carries != Carries::kNothing) Remember(action, done, *before);
   if (close_wanted_) Leave();
 }
 
-/** What the exchange holds now is known after a whole send or load. A project that somebody changed while it
- * was being sent went in pieces of either state. */
+/** Remembers the result. After a complete send or load it is known what the exchange holds, unless the
+ * project changed while it was being sent: then the exchange has parts of both states. */
 void TransferDialog::Remember(const TransferAction& action, bool done, const IniText& before) {
   const std::string& project = parts_.state.project_file;
   KeepLastTransfer(parts_.settings, parts_.store.files(), project,
@@ -89,8 +89,8 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
   if (!kept.ok()) log_.Line(kept.message());
 }
 
-/** A load, a call that is being dialled, and whatever waits without a limit can be given up. A send that talks
- * to the exchange can't: it would leave half a configuration behind. */
+/** True for a load, a call that is being dialled, and a wait without a limit. A send that talks to the
+ * exchange can't be given up, because it would leave half a configuration there. */
 bool TransferDialog::MayGiveUp() const {
   return running_->loads || events_.waits_for_ever() || transfer_->calling();
 }
@@ -149,7 +149,7 @@ void TransferDialog::Box(BoxKind kind, std::string_view text) {
 
 bool TransferDialog::Ask(std::string_view question) {
   const bool replaces = question == kReplaceQuestion;
-  // Closing that one would throw away what was loaded.
+  // Closing it would lose what was loaded.
   if (!AskYesNo(this, Letters(question), {.must_be_answered = replaces})) return false;
   if (replaces) parts_.keep(parts_.state.project_file, kBeforeLoad);
   return true;
@@ -164,7 +164,7 @@ std::optional<std::string> TransferDialog::AskSaveName() {
   const std::string name = dialogs_.ChooseNewFile(this, QStringLiteral("Save loaded config"));
   not_taken_ = name.empty();
   if (not_taken_) return std::nullopt;
-  parts_.keep(name, kBeforeLoad);  // the name of another project may be chosen
+  parts_.keep(name, kBeforeLoad);  // the user may choose the name of another project
   return name;
 }
 
@@ -207,7 +207,7 @@ void TransferDialog::SetBusy(bool busy) {
 void TransferDialog::OpenSettings() {
   if (running_ != nullptr || leaving_) return;
   if (SettingDialog(parts_, this).exec() != Accepted) return;
-  // The line of the old settings says its last words before another takes its place.
+  // The connection of the old settings says its last words before a new one replaces it.
   leaving_ = true;
   transfer_->Unload();
   leaving_ = false;
@@ -234,8 +234,8 @@ void TransferDialog::Browse() {
   KeepFolder();
 }
 
-/** With the first button focused the first nine presses may spell the word that turns the link's diagnostics
- * on; any press that does not complete it turns them off. */
+/** Turns the diagnostics of the link on when the first keys pressed on the first button spell the debug word,
+ * and off at the next key. */
 void TransferDialog::WatchDebugWord(const QString& typed) {
   if (typed.isEmpty()) return;
   if (debug_word_.size() < kDebugPresses) debug_word_ += typed;

@@ -23,12 +23,12 @@
 namespace tarvok::desktop {
 
 /**
- * A transfer form: `frmConnect`, `frmMiniBarCon` or `frmBilling`. It holds the connection while it is open and
- * lends its log window, bar and boxes to the session that runs.
+ * A transfer form: `frmConnect`, `frmMiniBarCon` or `frmBilling`. It holds the connection while it is open,
+ * and shows the log, progress and boxes of the running session.
  *
- * It never goes from within a session's own wait. While a send talks to the exchange closing it is ignored; in
- * a load, and in the waits without a limit, closing gives the session up, which unwinds, and then the form
- * goes.
+ * It is never closed from within a wait of the session. Closing it is ignored while a send talks to the
+ * exchange. In a load, and in waits without a limit, closing it aborts the session; the form closes after the
+ * session has ended.
  */
 class TransferDialog : public QDialog, public SessionView, public Form {
  public:
@@ -38,7 +38,8 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   std::string_view name() const override { return kind_.name; }
   void Show() override { exec(); }
   bool SaveFile() override { return true; }
-  /** Refused during a session, with a line that says so; an idle form closes, along with a dialog open over it. */
+  /** Closes an idle form and any dialog over it. During a session it refuses, with a line in the log
+   * window. */
   bool Unload() override;
 
   void Log(std::string_view text) override;
@@ -84,11 +85,11 @@ class TransferDialog : public QDialog, public SessionView, public Form {
   SendLog log_;
   std::unique_ptr<Transfer> transfer_;
   const TransferAction* running_ = nullptr;
-  bool began_ = false;         // the session went on behind its first question
-  bool not_taken_ = false;     // what was loaded went nowhere, as the user said
-  bool cancelled_ = false;     // at the password
-  bool leaving_ = false;       // the last words to the exchange are being said
-  bool close_wanted_ = false;  // the session unwinds, then the form goes
+  bool began_ = false;         // the session continued after its first question
+  bool not_taken_ = false;     // the user did not keep what was loaded
+  bool cancelled_ = false;     // by the user, at the password
+  bool leaving_ = false;       // the connection is being closed with its last messages
+  bool close_wanted_ = false;  // close the form after the session has ended
   QString debug_word_;
 
   QLabel* summary_ = nullptr;

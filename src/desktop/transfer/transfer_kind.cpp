@@ -19,7 +19,7 @@ bool Plain(Transfer& transfer, const std::string&) {
 
 constexpr std::string_view kConfigLogHead = "Send Config History...";
 constexpr TransferAction kPing = {
-    "cmdIdle", "&Ping Test",      "Asks the exchange for an answer; changes nothing",
+    "cmdIdle", "&Ping Test",      "Checks that the exchange responds; changes nothing",
     false,     Carries::kNothing, Plain<PingExchange>};
 
 }  // namespace

@@ -15,35 +15,37 @@
 
 namespace tarvok::desktop {
 
-/** How much of a project a session carries. */
+/** How much of a project a session transfers. */
 enum class Carries { kNothing, kPart, kAll };
 
-/** A button of a transfer form and the session behind it. */
+/** A button of a transfer form and the session that it starts. */
 struct TransferAction {
   std::string_view control;  // `cmdWrite`
   std::string_view text;
   std::string_view tip;
   bool loads;
   Carries carries;
-  /** `folder` is what stands in the form's folder field, "" without one. */
+  /** `folder` is the text of the form's folder field, "" if there is none. Returns whether the session
+   * succeeded. */
   bool (*run)(Transfer& transfer, const std::string& folder);
 };
 
-/** In what one transfer form differs from the others. */
+/** What distinguishes the transfer forms. */
 struct TransferKind {
   TransferForm form;
   std::string_view name;  // `frmConnect`
   std::string_view title;
   std::string_view log_head;  // first line of `send.log`
   std::vector<TransferAction> actions;
-  bool has_folder = false;  // the billing form's, kept in the project
+  bool has_folder = false;  // a folder field, stored in the project: the billing form
 };
 
 const TransferKind& ConnectKind();
 const TransferKind& MiniBarKind();
 const TransferKind& BillingKind();
 
-/** The factory of a transfer form, shown in front of `window`. The parts must outlive it. */
+/** Returns the factory of a transfer form, which is shown in front of `window`. The arguments must outlive
+ * it. */
 FormFactory MakeTransferFactory(DesktopParts& parts, const TransferKind& kind, QWidget* window);
 
 }  // namespace tarvok::desktop

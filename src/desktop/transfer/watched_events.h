@@ -8,8 +8,8 @@
 
 namespace tarvok::desktop {
 
-/** Passes everything on and knows whether the innermost wait has a limit: a wait without one is where a form
- * that is closed must be able to leave. */
+/** Passes everything on, and knows whether the innermost wait has a time limit. In a wait without one the
+ * user must be able to close the form. */
 class WatchedEvents : public EventServer {
  public:
   explicit WatchedEvents(EventServer& events) : events_(events) {}

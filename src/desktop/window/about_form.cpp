@@ -11,8 +11,8 @@ namespace tarvok::desktop {
 namespace {
 
 constexpr const char* kText =
-    "Made by a small team of engineers for the people who set exchanges up.\n"
-    "Nothing here calls home; a project is a file of yours.\n"
+    "Made by a small team of engineers for everybody who configures exchanges.\n"
+    "The program never calls home; your projects are your files.\n"
     "\n"
     "Version History :\n"
     "2.36  All five transports, sending with a comparison of bytes, practice exchange.\n";

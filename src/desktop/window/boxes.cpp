@@ -33,8 +33,8 @@ class Question : public QMessageBox {
   YesNo how_;
 };
 
-/** A button of the question that looks at something and leaves the question open. Any other button of a message
- * box closes it. */
+/** Adds a button that calls `look` and leaves the question open. All other buttons of a message box close
+ * it. */
 void AddLook(Question& box, const QString& text, const QString& tip,
              const std::function<void(QWidget* box)>& look) {
   QPushButton* button = box.addButton(text, QMessageBox::HelpRole);
@@ -60,7 +60,7 @@ bool AskToOverwriteChanges(QWidget* parent, const QString& question,
                            const std::function<void(QWidget* box)>& show_changes) {
   Question box(parent, question, {.enter = QMessageBox::No});
   AddLook(box, QStringLiteral("&What changed?"),
-          QStringLiteral("Compares the project as this form read it with what is in the file now"),
+          QStringLiteral("Compares the project as this form read it with the file as it is now"),
           show_changes);
   return box.exec() == QMessageBox::Yes;
 }
@@ -74,7 +74,8 @@ bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
   check->setChecked(compare);
   box.setCheckBox(check);
   AddLook(box, QStringLiteral("&What will change?"),
-          QStringLiteral("Compares the project with what the exchange got or gave last"), show_changes);
+          QStringLiteral("Compares the project with what was last sent to or loaded from the exchange"),
+          show_changes);
   if (box.exec() != QMessageBox::Yes) return false;
   compare = check->isChecked();
   return true;

@@ -9,20 +9,22 @@
 
 namespace tarvok::desktop {
 
-/** A message with OK, titled as all of them are. */
+/** Shows a modal message with OK. */
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text);
+
 struct YesNo {
-  QMessageBox::StandardButton enter = QMessageBox::Yes;  // the button that Return takes
-  bool must_be_answered = false;  // Esc and the window's X do nothing; else they are No
+  QMessageBox::StandardButton enter = QMessageBox::Yes;  // the button that Return presses
+  bool must_be_answered = false;  // Esc and closing the window do nothing instead of meaning No
 };
 
+/** Asks a modal question; true for Yes. */
 bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how = {});
-/** The question in front of a save over what another program wrote: Return and Esc are No. `show_changes` is
- * behind a button of the box, which stays open over it. */
+/** Asks before a save overwrites what another program wrote; Return and Esc mean No. One button of the box
+ * calls `show_changes` with the box as parent; the box stays open. */
 bool AskToOverwriteChanges(QWidget* parent, const QString& question,
                            const std::function<void(QWidget* box)>& show_changes);
-/** `frmMsgBox`: the question in front of a send, with the box "Compare Byte". `show_changes` is behind a button
- * of the box, which stays open over it. */
+/** `frmMsgBox`: asks before a send, with the check box "Compare Byte". True for Yes; only then `compare` gets
+ * the state of the check box. One button calls `show_changes` with the box as parent; the box stays open. */
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
                        const std::function<void(QWidget* box)>& show_changes);
 

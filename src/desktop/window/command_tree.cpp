@@ -108,7 +108,7 @@ void CommandTree::focusOutEvent(QFocusEvent* event) {
   PaintCurrent();
 }
 
-/** Only the current line shows who has the keyboard, for which Qt's own tree would paint every line anew. */
+/** Repaints the current line, the only one that shows the focus. Qt's tree would repaint all lines. */
 void CommandTree::PaintCurrent() {
   const QRect line = visualRect(currentIndex());
   viewport()->update(0, line.top(), viewport()->width(), line.height());

@@ -11,21 +11,21 @@
 namespace tarvok::desktop {
 
 /** The command tree: the root alone, or the root with the 33 commands below it. A command that is not offered
- * is shown and can't be chosen. */
+ * is shown disabled. */
 class CommandTree : public QTreeWidget {
  public:
   using NodeHandler = std::function<void(int node)>;
   using IsOffered = std::function<bool(const Command&)>;
 
-  /** `on_node`: a click, or Enter or Space on a node. */
+  /** `on_node` is called after a click, or Enter or Space, on a node. */
   explicit CommandTree(NodeHandler on_node);
 
-  /** UpdateTree; without commands only the root. What is shown already stays as it is. */
+  /** Shows the root with or without the commands. Does nothing if that is what the tree shows already. */
   void ShowCommands(bool shown, const IsOffered& is_offered);
   void Highlight(int node, bool on);
-  /** The keys go on from there. */
+  /** Makes the node the current one, where the arrow keys continue. */
   void SetCurrent(int node) { setCurrentItem(ItemOf(node)); }
-  /** Digits find the command with that number, other characters the text, as everywhere. */
+  /** Digits select the command with that number; other characters search the texts, as in any tree. */
   void keyboardSearch(const QString& search) override;
 
  protected:
@@ -42,7 +42,7 @@ class CommandTree : public QTreeWidget {
 
   NodeHandler on_node_;
   int row_height_ = 0;
-  QString digits_;  // typed one behind the other
+  QString digits_;  // typed in quick succession
   QElapsedTimer since_digit_;
 };
 

@@ -18,7 +18,7 @@
 
 namespace tarvok::desktop {
 
-/** What a program lends to the window and its forms. */
+/** What the program passes to the window and its forms. All references must outlive the window. */
 struct DesktopParts {
   EventServer& events;
   PortMaker& ports;
@@ -26,13 +26,13 @@ struct DesktopParts {
   SettingsStore& settings;
   SharedState& state;
   std::string system_file;
-  std::string temp_folder;                  // where a load makes a private folder for its project
-  std::function<SendLog::Sink()> open_log;  // starts the log anew; no sink where that can't be
+  std::string temp_folder;                  // where each load creates a private folder for its project
+  std::function<SendLog::Sink()> open_log;  // starts a new log; returns no sink if that fails
   History& history;
   ExchangedCopies& copies;
-  KeepProject keep;              // before whatever replaces or saves a project
+  KeepProject keep;              // call before a project is replaced or saved
   std::string practice_program;  // path of the practice exchange
-  std::string practice_folder;   // what it holds
+  std::string practice_folder;   // its memory
   BackgroundCheck check = {};
 };
 
@@ -46,7 +46,7 @@ inline constexpr std::string_view kCodePage = kCodePageKey;
 inline constexpr std::string_view kColours = "Colours";
 }  // namespace desktop_key
 
-/** The page in which this user's projects are written. */
+/** The code page of this user's projects. */
 inline const CodePage& PageOf(SettingsStore& settings) {
   return CodePage::Of(settings);
 }

@@ -12,14 +12,14 @@
 
 namespace tarvok::desktop {
 
-/** The differences of two projects, a line each, below a line that counts them or says that there are none. */
+/** The differences between two projects, one per line, below their count or a text if there are none. */
 class DifferenceList : public QWidget {
  public:
-  /** `nothing` stands in the place of the list where nothing differs. */
+  /** `nothing` is shown if nothing differs. `page` must outlive the list. */
   DifferenceList(const CodePage& page, SideNames names, QString nothing);
 
   void ShowDifferences(const std::vector<Difference>& differences);
-  /** A text in the place of the list. */
+  /** Shows a text instead of the list. */
   void ShowText(const QString& text);
 
  private:
@@ -30,7 +30,8 @@ class DifferenceList : public QWidget {
   QListWidget* list_ = nullptr;
 };
 
-/** Shows the list in a modal window of that name until it is closed; the window takes the list over. */
+/** Shows the list in a modal window with that object name, and returns when it is closed. Takes ownership of
+ * the list. */
 void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent);
 
 }  // namespace tarvok::desktop

@@ -11,8 +11,8 @@
 namespace tarvok::desktop {
 
 /**
- * The project file dialogs. They open in the folder used last, begin without a name and ask nothing about
- * existing files: the commands ask that themselves. "" is a cancelled dialog.
+ * The dialogs for project files. They open in the last used folder, without a file name, and do not ask about
+ * existing files: the commands do. They return "" if the user cancels.
  */
 class FileDialogs {
  public:

@@ -16,12 +16,12 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr std::size_t kMostShown = 300;  // nobody reads on; a longer text finds less
+constexpr std::size_t kMostShown = 300;  // nobody reads more; type more to narrow the search
 constexpr int kRowColumn = 300;
 constexpr int kFieldColumn = 140;
 constexpr int kValueColumn = 170;
 
-/** Large and small letters of the page are the same. */
+/** Maps upper and lower case letters of the page to the same byte. */
 FoldTable FoldOf(const CodePage& page) {
   FoldTable fold{};
   for (std::size_t i = 0; i < fold.size(); ++i) {
@@ -34,8 +34,8 @@ FoldTable FoldOf(const CodePage& page) {
 
 }  // namespace
 
-FindDialog::FindDialog(DesktopParts& parts, Ways ways, QWidget* parent)
-    : QDialog(parent), parts_(parts), ways_(std::move(ways)) {
+FindDialog::FindDialog(DesktopParts& parts, Commands commands, QWidget* parent)
+    : QDialog(parent), parts_(parts), commands_(std::move(commands)) {
   setObjectName(QStringLiteral("Find"));
   setWindowTitle(QStringLiteral("Find Anywhere"));
   text_ = new QLineEdit;
@@ -58,7 +58,7 @@ FindDialog::FindDialog(DesktopParts& parts, Ways ways, QWidget* parent)
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   auto* go = buttons->addButton(QStringLiteral("&Go There"), QDialogButtonBox::ActionRole);
   go->setObjectName(QStringLiteral("cmdGo"));
-  // Enter goes there from the text and from the list, and is no press of a button.
+  // Enter in the text or the list goes to the place; it must not press a button.
   for (QAbstractButton* button : buttons->buttons()) static_cast<QPushButton*>(button)->setAutoDefault(false);
   auto* form = new QFormLayout;
   form->addRow(QStringLiteral("&Find"), text_);
@@ -98,7 +98,8 @@ void FindDialog::Search() {
     auto* item = new QTreeWidgetItem({page.ToLetters(found.row), page.ToLetters(found.field),
                                       page.ToLetters(found.value),
                                       command == nullptr ? QString() : Words(command->text)});
-    if (!ways_.is_offered(found.place)) item->setForeground(3, palette().brush(QPalette::PlaceholderText));
+    if (!commands_.is_offered(found.place))
+      item->setForeground(3, palette().brush(QPalette::PlaceholderText));
     items += item;
   }
   list_->addTopLevelItems(items);
@@ -108,11 +109,12 @@ void FindDialog::Search() {
 
 void FindDialog::ShowCount(bool more) {
   if (text_->text().trimmed().isEmpty()) {
-    count_->setText(QStringLiteral("Type what you look for."));
+    count_->setText(QStringLiteral("Type what you are looking for."));
   } else if (found_.empty()) {
-    count_->setText(QStringLiteral("Nothing in this project is called that."));
+    count_->setText(QStringLiteral("Nothing found in this project."));
   } else if (more) {
-    count_->setText(QStringLiteral("The first %1 places; a longer text finds less.").arg(found_.size()));
+    count_->setText(
+        QStringLiteral("The first %1 places; type more to narrow the search.").arg(found_.size()));
   } else {
     count_->setText(found_.size() == 1 ? QStringLiteral("1 place")
                                        : QStringLiteral("%1 places").arg(found_.size()));
@@ -123,15 +125,15 @@ void FindDialog::Go() {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   if (row < 0) return;
   const Place place = found_[static_cast<std::size_t>(row)].place;
-  if (!ways_.is_offered(place)) {
-    count_->setText(QStringLiteral("This program has no form for that place."));
+  if (!commands_.is_offered(place)) {
+    count_->setText(QStringLiteral("No form of this program shows that place."));
     return;
   }
   hide();
-  if (!ways_.go(place)) show();
+  if (!commands_.go(place)) show();
 }
 
-/** The arrows move in the list while the text keeps the focus. */
+/** The arrow keys move in the list while the text has the focus. */
 bool FindDialog::eventFilter(QObject* watched, QEvent* event) {
   if (watched == text_ && event->type() == QEvent::KeyPress) {
     switch (static_cast<QKeyEvent*>(event)->key()) {

@@ -14,18 +14,18 @@
 
 namespace tarvok::desktop {
 
-/** Finds numbers, names, ports and texts anywhere in the open project while they are typed. Enter, or a double
- * click, goes there. */
+/** Finds numbers, names, ports and texts anywhere in the open project as the user types. Enter or a double
+ * click goes to the selected place. */
 class FindDialog : public QDialog {
  public:
-  struct Ways {
-    std::function<bool(const Place&)> is_offered;  // there is a form that shows the place
-    std::function<bool(const Place&)> go;          // false if the form does not come up
+  struct Commands {
+    std::function<bool(const Place&)> is_offered;  // whether a form shows the place
+    std::function<bool(const Place&)> go;          // shows the place; false if its form does not open
   };
 
-  FindDialog(DesktopParts& parts, Ways ways, QWidget* parent);
+  FindDialog(DesktopParts& parts, Commands commands, QWidget* parent);
 
-  /** Shows the dialog with what was typed last, ready to be typed over. */
+  /** Shows the dialog with the last text selected. */
   void Ask();
 
  protected:
@@ -37,7 +37,7 @@ class FindDialog : public QDialog {
   void ShowCount(bool more);
 
   DesktopParts& parts_;
-  Ways ways_;
+  Commands commands_;
   std::vector<Found> found_;
   QLineEdit* text_ = nullptr;
   QTreeWidget* list_ = nullptr;

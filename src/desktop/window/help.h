@@ -8,8 +8,8 @@
 
 namespace tarvok::desktop {
 
-/** Shows what a form is for, by its name (`frmConnect`); "" shows the general help, any other
- * name that of the editors. */
+/** Shows the help of a form by its name (`frmConnect`): general help for "", that of the editors for unknown
+ * names. */
 void ShowHelp(QWidget* parent, std::string_view form_name);
 
 }  // namespace tarvok::desktop

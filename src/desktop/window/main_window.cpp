@@ -33,7 +33,7 @@ MainWindow::MainWindow(DesktopParts& parts) : parts_(parts), dialogs_(parts.sett
 }
 
 void MainWindow::Show(const FrameLook& look) {
-  // Qt reads "[*]" as a place for its own mark of changes.
+  // Qt replaces "[*]" in titles by its mark of unsaved changes; doubled it is shown.
   setWindowTitle(PathText(look.title).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
   new_->setEnabled(look.can_open);
   open_->setEnabled(look.can_open);
@@ -41,7 +41,7 @@ void MainWindow::Show(const FrameLook& look) {
   versions_->setEnabled(look.has_commands);
   find_action_->setEnabled(look.has_commands);
   letters_->setEnabled(!look.has_editor);
-  // An open form has read its texts with the letters of before.
+  // An open form has read its texts with the current code page.
   const QString why =
       look.has_editor ? QStringLiteral("Close the open form to change the letters") : QString();
   letters_->setToolTip(why);
@@ -97,7 +97,7 @@ void MainWindow::New() {
   const bool was_open = !parts_.state.project_file.empty();
   frame_->New();
   if (was_open || parts_.state.project_file.empty()) return;
-  // Another project may have had that name.
+  // An older project may have had that name.
   ForgetLastTransfer(parts_.settings, parts_.store.files(), parts_.state.project_file);
   overview_->ShowProject();
 }
@@ -130,7 +130,7 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::ShowInPane(QWidget* widget) {
   pane_->addWidget(widget);
   pane_->setCurrentWidget(widget);
-  tree_->SetCurrent(parts_.state.clicked_node);  // a jump opens it without a click there
+  tree_->SetCurrent(parts_.state.clicked_node);  // a jump opens a form without a click in the tree
   widget->setFocus(Qt::OtherFocusReason);
   DropClosed();
 }
@@ -143,8 +143,8 @@ void MainWindow::RemoveFromPane(QWidget* widget) {
 
 void MainWindow::DropClosed() {
   if (closed_ == nullptr) return;
-  // Inside the window its place would be painted once more when it dies.
-  closed_->setParent(&dying_);
+  // If it were deleted as a child of the pane, its area would be painted again.
+  closed_->setParent(&to_delete_);
   QTimer::singleShot(kAfterPaint, closed_.data(), &QObject::deleteLater);
   closed_.clear();
 }

@@ -27,12 +27,13 @@
 
 namespace tarvok::desktop {
 
-/** `MDIForm1`: the window over the main frame's rules. It shows what they say and passes clicks on. */
+/** `MDIForm1`: the main window. It shows what the rules of the main frame say, and passes clicks on to
+ * them. */
 class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
  public:
   explicit MainWindow(DesktopParts& parts);
 
-  /** The rules behind the window; once, before it is shown. They must outlive its last event. */
+  /** Sets the rules; call once, before the window is shown. They must outlive the window's last event. */
   void Attach(MainFrame& frame) { frame_ = &frame; }
 
   void Show(const FrameLook& look) override;
@@ -82,7 +83,7 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void ShowPractice();
   void UsePractice();
   void ConnectToPractice();
-  /** Takes the closed form's widget out of the pane, now that another is shown. */
+  /** Takes the widget of the closed form out of the pane, once another one is shown. */
   void DropClosed();
   void RestoreLayout();
   void KeepLayout();
@@ -100,17 +101,17 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QAction* letters_ = nullptr;  // the menu of code pages
   std::array<QAction*, RecentFiles::kCount> recent_{};
   QAction* dash3_ = nullptr;
-  QMenu* table_menu_ = nullptr;  // of the form in the pane
+  QMenu* table_menu_ = nullptr;  // has the actions of the form in the pane
   QSplitter* splitter_ = nullptr;
   CommandTree* tree_ = nullptr;
   QStackedWidget* pane_ = nullptr;
-  QPointer<QWidget> closed_;  // its form is closed; it is shown until another is
-  QWidget dying_;             // never shown
+  QPointer<QWidget> closed_;  // of a closed form; stays visible until another one is shown
+  QWidget to_delete_;         // never shown; parent of widgets that will be deleted
   StartPane* start_ = nullptr;
-  OverviewPane* overview_ = nullptr;  // made for the first project
-  FindDialog* find_ = nullptr;        // made when it is first asked for
+  OverviewPane* overview_ = nullptr;  // created for the first project
+  FindDialog* find_ = nullptr;        // created when it is first needed
   PracticeProcess practice_;
-  bool wants_practice_ = false;  // the open project is to connect to it as soon as it is ready
+  bool wants_practice_ = false;  // connect the open project to it as soon as it is ready
   std::string new_file_;         // chosen last
   bool ending_ = false;
   bool busy_ = false;

@@ -1,4 +1,5 @@
-// What the main window does around the frame's own commands: going to a place, earlier versions, practice.
+// Commands of the main window besides those of the frame: going to a place, earlier versions, practice
+// exchange.
 
 #include "desktop/look/shown_text.h"
 #include "desktop/window/boxes.h"
@@ -41,7 +42,7 @@ void MainWindow::Find() {
 }
 
 void MainWindow::EarlierVersions() {
-  // An open form would write its older rows over what is brought back: it is saved and closed first.
+  // Save and close an open form first: it would write its older rows over the restored version.
   if (!parts_.state.active_form_name.empty() &&
       !frame_->CloseActiveForm(std::string(parts_.state.active_form_name))) {
     return;
@@ -60,9 +61,9 @@ void MainWindow::ShowPractice() {
       break;
     case State::kReady:
       start_->ShowPractice(
-          QStringLiteral(
-              "A practice exchange runs until this program ends. It listens on %1, port %2, and takes "
-              "every password. Open a project and press Use Practice Exchange, and it connects there.")
+          QStringLiteral("The practice exchange runs until you close this program. It listens on %1, port "
+                         "%2, and accepts "
+                         "any password. To connect to it, open a project and press Use Practice Exchange.")
               .arg(QString::fromLatin1(PracticeProcess::kHost))
               .arg(practice_.port()),
           false);
@@ -80,7 +81,7 @@ void MainWindow::ShowPractice() {
 void MainWindow::UsePractice() {
   if (!AskYesNo(this, QStringLiteral(
                           "Do you want this project to connect to a practice exchange on this computer?\n"
-                          "Its own connection settings are replaced."))) {
+                          "This replaces its connection settings."))) {
     return;
   }
   if (practice_.state() == PracticeProcess::State::kReady) {

@@ -12,21 +12,21 @@
 
 namespace tarvok::desktop {
 
-/** Where a child form shows itself: the pane beside the tree. */
+/** The pane next to the tree, where child forms are shown. */
 class PaneHost {
  public:
   virtual ~PaneHost() = default;
-  /** The pane shows this widget, and owns it. */
+  /** Shows the widget in the pane, which takes ownership. */
   virtual void ShowInPane(QWidget* widget) = 0;
-  /** The widget goes as soon as the pane shows another, and dies behind the paint of that, and so behind the event that
-   * closed its form: a button of its own may do that. */
+  /** Removes the widget as soon as the pane shows another one, and deletes it after that one was painted. A
+   * form may thus be closed from an event of its own widget, such as a click on its button. */
   virtual void RemoveFromPane(QWidget* widget) = 0;
-  /** Opens the form that edits a place of the project and shows it there; the form in the pane is saved and
-   * goes. False if none does, or if the form in the pane stays. */
+  /** Saves and closes the form in the pane, opens the form that edits the place, and shows it there. False if
+   * no form edits it, or if the form in the pane can't be closed. */
   virtual bool GoTo(const Place& place) = 0;
 };
 
-/** A child form made of a widget. */
+/** A child form that consists of a widget. */
 class PaneForm : public Form {
  public:
   PaneForm(PaneHost& host, std::string name, QWidget* widget)
@@ -39,7 +39,7 @@ class PaneForm : public Form {
 
   std::string_view name() const override { return name_; }
   void Show() override { host_.ShowInPane(widget_); }
-  /** A form that only shows has nothing to save. */
+  /** A form without input has nothing to save. */
   bool SaveFile() override { return true; }
   bool Unload() override { return true; }
 
@@ -49,7 +49,7 @@ class PaneForm : public Form {
   QPointer<QWidget> widget_;
 };
 
-/** `frmAbout`, with a line that says which system file is in use. */
+/** Makes `frmAbout`; `system_file_line` says which system file is in use. */
 std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
                                     const std::string& system_file_line);
 

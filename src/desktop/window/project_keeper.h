@@ -10,20 +10,20 @@
 
 namespace tarvok::desktop {
 
-/** Keeps a project in the history, with the time. What goes wrong there is no reason to refuse a save: the
- * user is told once a run, and the save goes on. */
+/** Keeps projects in the history with the current time. A failure is not a reason to refuse a save: the user
+ * is warned once per run, and the save continues. */
 class ProjectKeeper {
  public:
-  /** `tell` shows a text to the user and returns when he has read it. */
-  ProjectKeeper(History& history, std::function<void(const std::string& text)> tell)
-      : history_(history), tell_(std::move(tell)) {}
+  /** `warn` shows a text to the user and returns when it has been closed. */
+  ProjectKeeper(History& history, std::function<void(const std::string& text)> warn)
+      : history_(history), warn_(std::move(warn)) {}
 
   void Keep(const std::string& project_path, std::string_view reason);
 
  private:
   History& history_;
-  std::function<void(const std::string&)> tell_;
-  bool told_ = false;
+  std::function<void(const std::string&)> warn_;
+  bool warned_ = false;
 };
 
 }  // namespace tarvok::desktop

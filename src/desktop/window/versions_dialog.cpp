@@ -14,7 +14,7 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr SideNames kSides = {"earlier version", "present project"};
+constexpr SideNames kSides = {"earlier version", "current project"};
 
 QString TimeText(std::int64_t time_s) {
   return QLocale().toString(QDateTime::fromSecsSinceEpoch(time_s), QLocale::ShortFormat);
@@ -33,11 +33,11 @@ VersionsDialog::VersionsDialog(DesktopParts& parts, QWidget* parent) : QDialog(p
   list_->setUniformRowHeights(true);
   list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   difference_ = new DifferenceList(PageOf(parts_.settings), kSides,
-                                   QStringLiteral("This version is the same as the present project."));
+                                   QStringLiteral("This version is the same as the current project."));
   auto* below = new QWidget;
   auto* below_layout = new QVBoxLayout(below);
   below_layout->setContentsMargins(0, 8, 0, 0);
-  below_layout->addWidget(MakeHeading(new QLabel(QStringLiteral("From then to now")), 1.1));
+  below_layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Changes since then")), 1.1));
   below_layout->addWidget(difference_, 1);
   auto* halves = new QSplitter(Qt::Vertical);
   halves->setChildrenCollapsible(false);
@@ -47,7 +47,7 @@ VersionsDialog::VersionsDialog(DesktopParts& parts, QWidget* parent) : QDialog(p
   bring_back_ = buttons->addButton(QStringLiteral("&Bring Back"), QDialogButtonBox::ActionRole);
   bring_back_->setObjectName(QStringLiteral("cmdBringBack"));
   bring_back_->setToolTip(
-      QStringLiteral("Makes this version the project again; the present state is kept first"));
+      QStringLiteral("Replaces the project by this version; the current one is kept first"));
   connect(bring_back_, &QPushButton::clicked, this, [this] { BringBack(); });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(list_, &QTreeWidget::currentItemChanged, this, [this] { ShowDifference(); });
@@ -55,7 +55,7 @@ VersionsDialog::VersionsDialog(DesktopParts& parts, QWidget* parent) : QDialog(p
   layout->setContentsMargins(16, 16, 16, 16);
   layout->setSpacing(12);
   auto* intro = MakeMuted(new QLabel(QStringLiteral("The project is kept before every save of a form and "
-                                                    "before a load replaces it; the last %1 versions stay.")
+                                                    "before a load replaces it; the last %1 versions remain.")
                                          .arg(History::kMostVersions)));
   intro->setWordWrap(true);
   layout->addWidget(intro);
@@ -79,7 +79,7 @@ void VersionsDialog::Fill() {
     item->setText(1, Words(version.reason));
   }
   if (versions_.empty()) {
-    difference_->ShowText(QStringLiteral("Nothing was kept of this project yet."));
+    difference_->ShowText(QStringLiteral("There are no earlier versions of this project yet."));
   } else {
     list_->setCurrentItem(list_->topLevelItem(0));
     list_->setFocus();

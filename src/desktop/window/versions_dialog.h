@@ -12,8 +12,8 @@
 
 namespace tarvok::desktop {
 
-/** The earlier versions of the open project: when and why each was kept, what differs from now, and a way
- * back. Accepted once a version was brought back. */
+/** The earlier versions of the open project: when and why each was kept, how it differs from the current one,
+ * and a button to bring it back. Accepted after a version was brought back. */
 class VersionsDialog : public QDialog {
  public:
   VersionsDialog(DesktopParts& parts, QWidget* parent);

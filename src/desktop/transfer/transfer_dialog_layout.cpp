@@ -1,4 +1,4 @@
-// What a transfer form is made of.
+// The layout of a transfer form.
 
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -100,7 +100,7 @@ QLayout* TransferDialog::MakeLogColumn() {
   log_window_->setTabChangesFocus(true);
   log_window_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   log_window_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  log_window_->setPlaceholderText(QStringLiteral("What a transfer does is written here."));
+  log_window_->setPlaceholderText(QStringLiteral("The log of a transfer appears here."));
   bar_ = new QProgressBar;
   bar_->setAccessibleName(QStringLiteral("Progress"));
   bar_->setRange(0, 1);

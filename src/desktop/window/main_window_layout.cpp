@@ -1,4 +1,4 @@
-// What the main window is made of: actions, menus, toolbar, status bar and panes.
+// The layout of the main window: actions, menus, tool bar, status bar and panes.
 
 #include <QDateTime>
 #include <QLocale>
@@ -19,7 +19,7 @@ namespace {
 constexpr int kSecond_ms = 1000;
 constexpr int kNarrowestTree = 150;
 
-/** Of its pages only the one that is shown says how much room there must be. */
+/** A stack whose minimum size is that of the visible page alone. */
 class Pane : public QStackedWidget {
  public:
   QSize minimumSizeHint() const override {
@@ -34,7 +34,7 @@ QAction* MainWindow::MakeAction(const QString& name, const QString& text, const 
   auto* action = new QAction(icon, text, this);
   action->setObjectName(name);
   action->setShortcuts(keys);
-  addAction(action);  // its keys work wherever the focus is
+  addAction(action);  // its shortcuts work wherever the focus is
   connect(action, &QAction::triggered, this, run);
   return action;
 }
@@ -76,7 +76,7 @@ void MainWindow::MakeMenus() {
   dash3_ = menu->addSeparator();
   dash3_->setObjectName(QStringLiteral("mnu_dash3"));
   menu->addAction(exit_);
-  // What the form in the pane has, which is there before its menu is looked at.
+  // Filled with the actions of the form in the pane when it is opened.
   table_menu_ = menuBar()->addMenu(QStringLiteral("Table"));
   table_menu_->setObjectName(QStringLiteral("mnu_edit"));
   table_menu_->setEnabled(false);
@@ -121,7 +121,7 @@ void MainWindow::MakeViewMenu() {
   letters_ = letters->menuAction();
   view->setToolTipsVisible(true);
   auto* letter_group = new QActionGroup(letters);
-  // Asking Qt for its pages takes time that the start need not wait for.
+  // Asking Qt for its code pages takes time; do it when the menu is opened, not at the start.
   connect(letters, &QMenu::aboutToShow, this, [this, letters, letter_group] {
     if (!letters->isEmpty()) return;
     for (const CodePage& page : CodePage::All()) {
@@ -179,7 +179,7 @@ void MainWindow::MakePanes() {
   practice_.set_on_change([this] { ShowPractice(); });
   pane_->addWidget(start_);
   splitter_->addWidget(tree_);
-  auto* scroll = new QScrollArea;  // for a window that is smaller than the form
+  auto* scroll = new QScrollArea;  // for windows smaller than the form
   scroll->setObjectName(QStringLiteral("PaneScroll"));
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setFocusPolicy(Qt::NoFocus);
@@ -189,7 +189,7 @@ void MainWindow::MakePanes() {
     const QWidget* shown = pane_->currentWidget();
     const bool has_table = shown != nullptr && !shown->actions().isEmpty();
     table_menu_->setEnabled(has_table);
-    // Grey it would still keep its letter from what is in the pane.
+    // Even a disabled menu would take its Alt letter from the form in the pane.
     table_menu_->setTitle(has_table ? QStringLiteral("&Table") : QStringLiteral("Table"));
     scroll->horizontalScrollBar()->setValue(0);
     scroll->verticalScrollBar()->setValue(0);

@@ -1,4 +1,4 @@
-// The lower half of the overview: connection, last transfer and findings.
+// The lower half of the overview: connection, last transfer, and findings.
 
 #include <QDateTime>
 #include <QHBoxLayout>
@@ -54,7 +54,7 @@ QWidget* OverviewPane::MakeConnection() {
   }
   auto* practice = new QPushButton(QStringLiteral("&Use Practice Exchange"));
   practice->setObjectName(QStringLiteral("cmdPractice"));
-  practice->setToolTip(QStringLiteral("Lets this project connect to a practice exchange on this computer"));
+  practice->setToolTip(QStringLiteral("Connects this project to a practice exchange on this computer"));
   connect(practice, &QPushButton::clicked, this, [this] { commands_.use_practice(); });
   auto* transfer = new QPushButton(QStringLiteral("&Transfer Config..."));
   transfer->setObjectName(QStringLiteral("cmdTransfer"));
@@ -98,7 +98,7 @@ void OverviewPane::ShowConnection(const IniText& project) {
   const std::optional<LastTransfer> last =
       FindLastTransfer(parts_.settings, parts_.store.files(), parts_.state.project_file);
   last_transfer_->setText(last ? LastTransferText(*last)
-                               : QStringLiteral("Nothing was transferred with this project yet."));
+                               : QStringLiteral("This project has not been transferred yet."));
 }
 
 void OverviewPane::ShowFindings(const std::shared_ptr<const IniText>& project) {
@@ -112,14 +112,14 @@ void OverviewPane::ShowFindings(const std::shared_ptr<const IniText>& project) {
     places_.push_back(PlaceOf(finding.section, finding.key, finding.field));
     auto* item = new QListWidgetItem(FindingText(*project, finding, page), findings_);
     if (commands_.is_offered(places_.back())) {
-      item->setToolTip(QStringLiteral("Enter, or a double click, goes there"));
+      item->setToolTip(QStringLiteral("Enter or a double click goes there"));
     }
   }
   const auto count = findings.size();
   findings_text_->setText(!IsProject(*project) ? QStringLiteral("There is no project to check.")
                           : count == 0
-                              ? QStringLiteral("All is well: every value is in its range, and whatever "
-                                               "points at something finds it.")
+                              ? QStringLiteral("Nothing to report: all values are valid, and all references "
+                                               "lead to something.")
                           : count == 1 ? QStringLiteral("1 thing to look at:")
                                        : QStringLiteral("%1 things to look at:").arg(count));
   findings_->setVisible(count > 0);
@@ -136,9 +136,9 @@ void OverviewPane::GoToFinding(const QListWidgetItem* item) {
   if (commands_.is_offered(place)) {
     commands_.go(place);
   } else if (place.section == kHeaderSection) {
-    commands_.open_transfer();  // the settings are behind it
+    commands_.open_transfer();  // the connection settings are opened from it
   } else {
-    findings_text_->setText(QStringLiteral("This program has no form for that place."));
+    findings_text_->setText(QStringLiteral("No form of this program shows that place."));
   }
 }
 
