@@ -19,10 +19,12 @@ namespace {
 
 using namespace tarvok::fuzz;
 
-/** What a person may bring about with every editor at work as it should: rows named that are gone, numbers given twice,
- * a type taken from under its value. */
-constexpr std::string_view kMadeByPeople[] = {"points nowhere", "is also in row", "is in this row twice",
-                                              "must be empty with this", "which has a different"};
+/**
+ * What a user can cause although every editor works correctly: references to removed rows, numbers given
+ * twice, a type that no longer fits its value.
+ */
+constexpr std::string_view kCausedByUsers[] = {"points nowhere", "is also in row", "is in this row twice",
+                                               "must be empty with this", "which has a different"};
 
 /** Card and channel of a port may be any two digits. */
 bool IsPlaceOfPort(const Finding& finding) {

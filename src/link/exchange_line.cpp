@@ -50,9 +50,9 @@ void ExchangeLine::Receive(std::span<const std::uint8_t> bytes) {
   const std::int64_t tick_ms = waits_.events().Tick_ms();
   if (line_.mode() == LinkMode::kLan) {
     if (log_.debug()) log_.Line("Recv: " + HexDump(bytes));
-    if (!lan_reader_.Feed(bytes, tick_ms, take)) ++statistics_.BrokenOff;
+    if (!lan_reader_.Feed(bytes, tick_ms, take)) ++statistics_.broken_off;
   } else if (!server_reader_.Feed(bytes, tick_ms, take)) {
-    ++statistics_.BrokenOff;
+    ++statistics_.broken_off;
   }
 }
 

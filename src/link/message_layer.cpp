@@ -112,7 +112,7 @@ bool MessageLayer::GetMiniBar(int number) {
   if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;
   if (earlier_mini_bars_ == 0) return false;
   // Every reply carried an earlier number: this exchange does not number its records.
-  parts_.statistics.PacksOutOfStep -= earlier_mini_bars_;
+  parts_.statistics.packs_out_of_step -= earlier_mini_bars_;
   first_mini_bar_ = kNotNumbered;
   constexpr int kOnce = 1;  // either it replies at once or the line is already dead
   return SendMessage(payload, command::kGetMiniBar, awaited, false, kOnce);

@@ -122,7 +122,7 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   if (IsEarlierMiniBar(number)) {
     // Late or repeated: accepting it would shift this record and all later ones by a row.
     ++earlier_mini_bars_;
-    ++parts_.statistics.PacksOutOfStep;
+    ++parts_.statistics.packs_out_of_step;
     RespondOk();
     return;
   }
@@ -185,7 +185,7 @@ void MessageLayer::CountOutOfStep(std::uint8_t sequence) {
   std::optional<std::uint8_t>& learnt = before < 0 ? first_step_ : next_step_;
   const bool repeat = before >= 0 && step == 0;  // the step cannot be learnt from it
   if (!learnt && !repeat) learnt = step;
-  if (repeat || step != *learnt) ++parts_.statistics.PacksOutOfStep;
+  if (repeat || step != *learnt) ++parts_.statistics.packs_out_of_step;
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {

@@ -16,11 +16,11 @@ struct TransferStatistics {
   std::int64_t bytes_taken = 0;      // section bytes that arrived, each counted once
   std::int64_t frames_damaged = 0;   // Naks, in either direction
   // Messages that broke off: the only damage that can be detected without frames.
-  std::int64_t BrokenOff = 0;
+  std::int64_t broken_off = 0;
   // Repeats requested by the link of either side, and messages sent again.
   std::int64_t late_answers = 0;
   // Packs of a section that are out of sequence, and mini bar records with an earlier number.
-  std::int64_t PacksOutOfStep = 0;
+  std::int64_t packs_out_of_step = 0;
   std::int64_t send_ms = 0;  // total duration of section and mini bar sends
 };
 

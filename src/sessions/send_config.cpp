@@ -88,12 +88,12 @@ void ShowStatistics(Transfer& transfer) {
 void AdviseCompare(Transfer& transfer, std::int64_t refused) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t late = counted.late_answers + counted.enquiry_count;
-  if (counted.frames_damaged == 0 && counted.BrokenOff == 0 && late == 0 && refused == 0) return;
+  if (counted.frames_damaged == 0 && counted.broken_off == 0 && late == 0 && refused == 0) return;
   const std::string why =
       counted.frames_damaged > 0 ? "The line damaged " + std::to_string(counted.frames_damaged) +
                                        " frames; about one in 256 damaged frames passes the check. "
-      : counted.BrokenOff > 0 ? std::to_string(counted.BrokenOff) +
-                                    " replies broke off, and nothing checks the bytes of the others. "
+      : counted.broken_off > 0 ? std::to_string(counted.broken_off) +
+                                     " replies broke off, and nothing checks the bytes of the others. "
       : late > 0 ? std::to_string(late) + " replies came late, and a repeated reply counts as the next one. "
                  : "The exchange refused " + std::to_string(refused) +
                        " messages, and not all of them were sent again. ";

@@ -66,7 +66,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
 void AdviseAnotherLoad(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t faults =
-      counted.frames_damaged + counted.BrokenOff + counted.late_answers + counted.PacksOutOfStep;
+      counted.frames_damaged + counted.broken_off + counted.late_answers + counted.packs_out_of_step;
   if (faults == 0) return;
   transfer.view().Advise("The line damaged, lost or repeated something " + std::to_string(faults) +
                          " times, and not every such fault is detected. Load again and compare the two.");

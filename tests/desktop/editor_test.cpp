@@ -125,7 +125,7 @@ TEST(EditorPage, CtrlSSavesUnlessTheProjectIsGone) {
   Script script({AnswerBox(QMessageBox::Ok, &texts)});
   QTest::keyClick(desk.Table(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(script.finished());
-  EXPECT_THAT(texts, ElementsAre(HasSubstr("is gone")));
+  EXPECT_THAT(texts, ElementsAre(HasSubstr("is missing")));
   EXPECT_TRUE(desk.state.data_changed && !std::filesystem::exists(desk.project));
   std::filesystem::rename(away, desk.project);
   QApplication::setActiveWindow(desk.window.get());  // the box had taken the activation

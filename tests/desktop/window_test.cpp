@@ -144,7 +144,7 @@ TEST(MainWindow, TheOverviewCountsAndFollowsTheFile) {
   EXPECT_EQ(bench.Value("BPS"), "");  // showing a project writes nothing
   std::filesystem::remove(bench.project);
   bench.Find<OverviewPane>("Overview")->ShowProject();
-  EXPECT_THAT(bench.Find<QLabel>("Problem")->text().toStdString(), HasSubstr("is gone"));
+  EXPECT_THAT(bench.Find<QLabel>("Problem")->text().toStdString(), HasSubstr("is missing"));
   EXPECT_EQ(bench.Find<QLabel>("FindingsText")->text(), QStringLiteral("There is no project to check."));
 }
 

@@ -45,7 +45,7 @@ TEST(Conversation, RefusesWithAReason) {
       {"", "12FF000A", "4 bytes, not 5"},
       {"", "12FF000000", "5 bytes, not 4"},
       {"", "12FF000A03", "there is no mode 3"},
-      {"", "12FF000C1234FF", "before a mode is set"},
+      {"", "12FF000C1234FF", "before a mode was set"},
       {"", "12FF0009123400221126", "needs mode 1, not 0"},
       {"4", "12FF00021500", "needs mode 1, not 4"},
       {"1", "12FF0012FF01", "needs mode 4, not 1"},

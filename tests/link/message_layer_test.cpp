@@ -156,9 +156,9 @@ TEST_F(Messages, ReceivesSectionWithinBounds) {
   EXPECT_EQ(statistics.bytes_received, 64 + 9);  // the declared size, and the later pack a second time
   layer.ReceiveMessage(Hex("21 00 00 0D"));
   EXPECT_EQ(layer.sent.back(), Hex("12 12 00 89 01"));
-  EXPECT_EQ(statistics.PacksOutOfStep, 0);
+  EXPECT_EQ(statistics.packs_out_of_step, 0);
   layer.ReceiveMessage(Hex("21 00 00 8E 01 02*9"));
-  EXPECT_EQ(statistics.PacksOutOfStep, 1);
+  EXPECT_EQ(statistics.packs_out_of_step, 1);
 
   // A section other than the requested one is refused, and its packs are dropped.
   layer.replies = {"21 00 00 82 00 05 00 40 00 01*55", "", ""};
@@ -201,7 +201,7 @@ TEST_F(Messages, CountsPacksOutOfSequence) {
         fresh.ReceiveMessage(message);
       }
     }
-    EXPECT_EQ(statistics.PacksOutOfStep, out_of_step) << what;
+    EXPECT_EQ(statistics.packs_out_of_step, out_of_step) << what;
   }
 }
 
@@ -235,7 +235,7 @@ TEST_F(Messages, RequestsMiniBarRecordAgainIfNumberDiffers) {
   EXPECT_TRUE(layer.GetMiniBar(260));
   EXPECT_EQ(layer.state().mini_bar_name, "B");
   EXPECT_EQ(layer.sent.size(), 4U);  // two requests, and an OK to each reply
-  EXPECT_EQ(statistics.PacksOutOfStep, 1);
+  EXPECT_EQ(statistics.packs_out_of_step, 1);
   layer.ReceiveMessage(Hex(before));
   EXPECT_EQ(layer.state().mini_bar_count, 8);
 
@@ -254,7 +254,7 @@ TEST_F(Messages, RequestsMiniBarRecordAgainIfNumberDiffers) {
       EXPECT_EQ(layer.sent.size(), 2 * requests) << number << " " << record;
     }
   }
-  EXPECT_EQ(statistics.PacksOutOfStep, 0);
+  EXPECT_EQ(statistics.packs_out_of_step, 0);
 }
 
 TEST_F(Messages, DropsInvalidMessages) {

@@ -45,7 +45,7 @@ TEST(NumberEditors, StaysOpenAfterAFailedOrOutdatedSave) {
 }
 
 TEST(NumberEditors, SavingDoesNotRecreateAMissingProject) {
-  const std::string gone = "box: The project /p.tvk is gone. Bring it back to that place and try again.";
+  const std::string gone = "box: The project /p.tvk is missing. Put it back in its place and try again.";
   const std::string no_project = "box: /p.tvk File not found or File not correct.";
   for (const auto& [left, said] :
        {std::pair<const char*, std::string>{nullptr, gone}, {"[A]\nx=1\n", no_project}}) {
