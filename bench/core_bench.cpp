@@ -1,4 +1,4 @@
-// Everything that can be measured within one process. Benchmarks are named WHAT/WHO/SIZE; ../run-bench
+// Everything that can be measured within one process. Benchmarks are named WHAT/WHO/SIZE; .scripts/run-bench
 // compares them.
 
 #include <QCoreApplication>

@@ -22,7 +22,7 @@ std::vector<std::pair<std::string, std::string>> AllKeys(const std::string& text
 class ScratchFile {
  public:
   /**
-   * Creates the file in the current folder, which ../run-bench places on a real disk: a save to memory would
+   * Creates the file in the current folder, which .scripts/run-bench places on a real disk: a save to memory would
    * cost nothing.
    */
   explicit ScratchFile(const std::string& bytes);

@@ -20,6 +20,12 @@ if(TARVOK_FUZZ)
   target_compile_options(tarvok_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(TARVOK_WHOLE)
+  # Two types of one name, or a function declared in two ways, show only when the linker sees everything.
+  target_compile_options(tarvok_flags INTERFACE -O1 -flto -Wodr)
+  target_link_options(tarvok_flags INTERFACE -O1 -flto=auto -Wodr -Wlto-type-mismatch -Werror)
+endif()
+
 option(TARVOK_SANITIZE_THREADS "Build with the thread sanitizer instead" OFF)
 if(TARVOK_SANITIZE_THREADS)
   target_compile_options(tarvok_flags INTERFACE -O1 -fsanitize=thread -fno-omit-frame-pointer)

@@ -1,4 +1,4 @@
-# The packages we need on Debian and derivatives. Sourced by the scripts in the root.
+# The packages we need on Debian and derivatives. Sourced by ./run, ./test and the scripts in scripts/
 build_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev libfontconfig-dev)
 test_packages=(git python3 clang-format libgtest-dev libgmock-dev librapidcheck-dev)
 lint_packages=(clang-tidy)
