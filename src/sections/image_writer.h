@@ -11,9 +11,9 @@
 namespace tarvok::sections {
 
 /**
- * The wire image of a section while an encoder fills it. It has its final size from the start, all bytes 0.
- * Writes outside of it and values that a byte or pool can't hold are errors; the first one is kept and is
- * what the user reads.
+ * The wire image of a section that an encoder fills. It has its final size from the start, with all bytes 0.
+ * Writing outside the image, or a value that a byte or pool can't hold, is an error. The first error is kept
+ * and shown to the user.
  */
 class ImageWriter {
  public:
@@ -24,9 +24,10 @@ class ImageWriter {
   /** 16 bits, low byte first. */
   void Word(int at, int value);
   void Fill(int at, int count, int value);
-  /** Packed digits over `count` bytes; false if a used character is no hexadecimal digit. */
+  /** Writes packed digits to `count` bytes. False if a character that would be written is not a hexadecimal
+   * digit. */
   [[nodiscard]] bool Digits(int at, int count, std::string_view number, DialSymbols symbols);
-  /** The text's bytes, 0 behind its end, cut at `count`. */
+  /** Writes the text's bytes, cut at `count` or padded with 0. */
   void Text(int at, int count, std::string_view text);
 
   /** Keeps the first error as "section X, row Y, field Z: value V, why". */

@@ -15,23 +15,23 @@
 
 namespace tarvok::sections {
 
-/** The key of row `number`; of a table of one key that key, whatever the number. */
+/** The key of row `number`. A single-key table ignores the number. */
 inline std::string KeyOf(const Table& table, int number) {
   if (table.single()) return std::string(table.key);
   return std::string(table.rows.prefix).append(Padded(number, table.rows.width)).append(table.rows.suffix);
 }
 
-/** The trimmed value of row `number`, "" for an unused row. Valid as long as the project text. */
+/** The trimmed value of row `number`, or "" if the key is missing. Valid as long as `project`. */
 inline std::string_view RowValue(const IniText& project, const Table& table, int number) {
   return Trim(project.Get(table.section, KeyOf(table, number)));
 }
 
-/** The trimmed value of a table of one key. */
+/** The trimmed value of a single-key table. */
 inline std::string_view KeyValue(const IniText& project, const Table& table) {
   return Trim(project.Get(table.section, table.key));
 }
 
-/** Writes a row, or removes its key where the value is one of the table's empty rows. */
+/** Writes a row, or removes its key if the value is one of the table's empty rows. */
 inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
   const auto& empty = table.empty_rows;
   if (std::find(empty.begin(), empty.end(), value) != empty.end()) {
@@ -41,7 +41,7 @@ inline void StoreRow(IniEdit& project, const Table& table, int number, std::stri
   }
 }
 
-/** Writes "Max", the number of rows a section can hold. */
+/** Writes "Max", the number of rows that the section can hold. */
 inline void StoreMax(IniEdit& project, const Table& table) {
   project.Set(table.section, kMaxKey, std::to_string(table.rows.last));
 }
@@ -52,16 +52,16 @@ inline void StoreRowCounts(IniEdit& project, const Table& table, int now) {
   project.Set(table.section, kNowKey, std::to_string(now));
 }
 
-/** Records of one size, one a row. That of an unused row is `unset_count` bytes of 255 from `unset_at`, all
- * else 0. */
+/** Records of one size, one per row. The record of an unused row has `unset_count` bytes of 255 from
+ * `unset_at` and is 0 elsewhere. */
 struct RecordShape {
   int size;
   int unset_at = 0;
   int unset_count = 0;
 };
 
-/** Walks a table's rows beside the records that they fill from the image's start, and encodes each one in use
- * with `encode(RecordWriter&)`. A row is unused if its key is missing or empty, or if it is above `last`. */
+/** Encodes a table's rows into consecutive records from the image's start, calling `encode(RecordWriter&)`
+ * for each row in use. A row is unused if its key is missing or empty, or if its number is above `last`. */
 template <typename EncodeRow>
 void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table, ImageWriter& image,
                   RecordShape shape, EncodeRow encode) {
@@ -78,15 +78,15 @@ void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table,
   }
 }
 
-/** The same for all rows of the table. */
+/** Like EncodeRowsTo, for all rows of the table. */
 template <typename EncodeRow>
 void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, RecordShape shape,
                 EncodeRow encode) {
   EncodeRowsTo(table.rows.last, project, table, image, shape, encode);
 }
 
-/** Walks a table's rows beside the records of `size` bytes, and stores what `decode(const ImageReader&, RowText&)`
- * makes of each; the row is empty before. */
+/** Decodes consecutive records of `size` bytes into a table's rows. `decode(const ImageReader&, RowText&)`
+ * gets each record and an empty row to fill, which is then stored. */
 template <typename DecodeRow>
 void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size, DecodeRow decode) {
   RowText row;
@@ -96,8 +96,8 @@ void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, 
   }
 }
 
-/** Calls `take` with each member of a list that stands for something: empty pieces, "F" and numbers below 1
- * take no place in a pool. */
+/** Calls `take` for each real member of a list. Empty pieces, "F" and numbers below 1 take no place in a
+ * pool. */
 template <typename Take>
 void ForEachMember(std::string_view list, Take take) {
   ForEachField(list, [&](std::string_view member) {

@@ -7,8 +7,8 @@
 
 namespace tarvok::sections {
 
-/** Every statement of rows and fields, in the order of a project's sections: the one list that check and
- * difference walk. The header section is not among them. */
+/** All tables, in the order of a project's sections. Checks and differences go through this list. The header
+ * section is not in it. */
 std::span<const Table* const> Tables();
 
 }  // namespace tarvok::sections

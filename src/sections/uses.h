@@ -1,6 +1,6 @@
 #pragma once
 
-// The floors whose names may be used here without saying where they come from. No other floor is known here.
+// The namespaces of lower layers whose names are used here unqualified. This layer uses no others.
 namespace tarvok::store {}
 
 namespace tarvok::sections {

@@ -4,7 +4,7 @@
 
 namespace tarvok::sections {
 
-/** What stands on the wire for a value that is not set, in one byte and in 16 bits. */
+/** The wire values that mean "not set", in one byte and in 16 bits. */
 inline constexpr int kUnsetByte = 255;
 inline constexpr int kUnsetWord = 65535;
 
