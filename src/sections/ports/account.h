@@ -9,7 +9,7 @@
 
 namespace tarvok::sections {
 
-/** Account codes with their passwords and what they allow. */
+/** Account codes with their passwords and permissions. */
 inline constexpr int kAccountRows = 200;
 
 namespace account {
@@ -21,17 +21,18 @@ extern const Table kTable;
 }  // namespace account
 
 /**
- * Section 17, from version 101: 5,500 bytes, the size of 500 records of 11 bytes. Only the first 200 are
- * filled, the other 3,300 bytes are always 0. An unused row is 11 bytes of 255.
+ * Section 17, from version 101: 5,500 bytes, enough for 500 records of 11 bytes. Only the first 200 are
+ * used; the other 3,300 bytes are always 0. An unused row is 11 bytes of 255.
  *
  *  0 Account, 3 bytes of packed digits     5 Number -1, 16 bits     8 Tenan -1
  *  3 Password, 2 bytes of packed digits    7 Config -1              9 Time (sec), 16 bits, not minus 1
  *
- * Number is 254, 255 for a row that has no number, or has one without both account and password; it is
- * 255, 255 only where all three are not set.
+ * Number is sent only if the row has both account and password. Otherwise it is 255, 255 if none of the three
+ * is set, and 254, 255 if any is.
  */
 void EncodeAccount(const IniText& project, ImageWriter& image);
-/** Both of the marks above come back as "F". Number is written without padding, unlike the editor's. */
+/** Both special values of Number come back as "F". Number is not padded here, unlike in the
+ * editor. */
 void DecodeAccount(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

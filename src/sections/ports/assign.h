@@ -9,12 +9,12 @@
 
 namespace tarvok::sections {
 
-/** The numbering plan: directory numbers and what each stands for. */
+/** The numbering plan: directory numbers and what each one reaches. */
 inline constexpr int kAssignRows = 500;
 
 namespace assign {
 
-/** Fields of a number row, from 1. What `Value` counts depends on `Type`. */
+/** Fields of a number row, from 1. `Type` decides what `Value` refers to. */
 enum FieldNumber : int { kNumber = 1, kType, kValue, kCompany, kName };
 
 extern const Table kTable;
@@ -28,7 +28,7 @@ extern const Table kTable;
  *  0 Number, 3 bytes of packed digits    3 Type    4 Value -1, 16 bits    6 Company    7 Name -1, 16 bits
  */
 void EncodeAssign(const IniText& project, ImageWriter& image);
-/** A number byte 0 reads "0" here and ends the number; `Value` is padded by the row's type. */
+/** A byte 0 in Number is read as "0" and ends the number. The row's type decides how `Value` is padded. */
 void DecodeAssign(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -21,12 +21,12 @@ extern const Table kTable;
 }  // namespace boss
 
 /**
- * Section 45, from version 108: 20 records of 4 bytes, 80 bytes. What is not set is 255, 255.
+ * Section 45, from version 108: 20 records of 4 bytes, 80 bytes. A field that is not set is 255, 255.
  *
  *  0 Boss, port -1, 16 bits     2 Secretary, port -1, 16 bits
  */
 void EncodeBoss(const IniText& project, ImageWriter& image);
-/** Every row is written, an empty one as "F|F". The mark in the port's own record is not touched. */
+/** Every row is written, an empty one as "F|F". The boss byte of the port's own record is not changed. */
 void DecodeBoss(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

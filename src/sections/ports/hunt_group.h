@@ -15,7 +15,7 @@ inline constexpr int kHuntMembers = 500;
 
 namespace hunt_group {
 
-/** A row is a list of number rows; an empty value is a group without members. */
+/** A row is a list of references to number rows; an empty value is a group without members. */
 extern const Table kTable;
 
 }  // namespace hunt_group
@@ -26,12 +26,12 @@ extern const Table kTable;
  *   0  20 running totals, 16 bits: the members of groups 1 to g
  *  40  500 member slots, 16 bits: number row -1 in group order without gaps, 65,535 behind the last
  *
- * A lone member has no pipe and counts all the same. Pieces that are empty, "F" or no positive number are no
- * members. More than 500 members in all are an error.
+ * A single member, without a pipe, counts too. Pieces that are empty, "F" or not a positive number are
+ * skipped. More than 500 members in total are an error.
  */
 void EncodeHuntGroup(const IniText& project, ImageWriter& image);
-/** "Now" becomes the last total as it was received, even where it lies beyond the pool. A slot of 65,535
- * below a total is no member. A group without members is written as an empty key. */
+/** "Now" becomes the last total as received, even if it is larger than the pool. A slot of 65,535 below a
+ * total is skipped. A group without members is written as an empty key. */
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,23 +9,23 @@
 
 namespace tarvok::sections {
 
-/** Button layouts of key telephones: the keys of the telephone itself and the buttons of its console. */
+/** Button layouts of key telephones: the telephone's own keys and the buttons of its console. */
 inline constexpr int kKeyLayouts = 24;
 inline constexpr int kKeysOfLayout = 20;
 inline constexpr int kDssOfLayout = 64;
-/** Each line of a layout stands on one button at most. */
+/** Each line of a layout is on at most one button. */
 inline constexpr int kLinesOfLayout = 5;
 
 namespace key_dss {
 
-/** Both tables' rows are lists of buttons. A button is "F" or a code of two letters with its argument: TE
+/** The rows of both tables are lists of buttons. A button is "F" or a two-letter code with its argument: TE
  * number, TR number[,map digits], EX number, GO group out[,map digits], ML line. */
 inline constexpr std::string_view kTelephone = "TE";
 inline constexpr std::string_view kTrunk = "TR";
 inline constexpr std::string_view kExtension = "EX";
 inline constexpr std::string_view kGroupOut = "GO";
 inline constexpr std::string_view kMultiline = "ML";
-/** An older group out: no dialog writes it any more, but a button keeps it. */
+/** An older form of group out: no dialog writes it any more, but existing buttons keep it. */
 inline constexpr std::string_view kOldGroupOut = "C";
 
 extern const Table kKeys;
@@ -46,12 +46,12 @@ extern const Table kDss;
  *       0 others   10 bytes of 0
  *       0 "F"      10 bytes of 255
  *
- * A missing `Key` row is 220 bytes of 0, not of entries "F"; a missing `DSS` row is 0 as well. A console TR
- * goes out as type 3 and so comes back as EX.
+ * A missing `Key` row is 220 bytes of 0, not a list of "F" entries; a missing `DSS` row is 0, too. A console
+ * TR is sent as type 3 and so comes back as EX.
  */
 void EncodeKeyDss(const IniText& project, ImageWriter& image);
-/** All rows are written. An ML without a line of its own takes the lowest line that is free in its layout; a
- * sixth one stays without. A TR of more than six digits gets a comma behind the sixth. */
+/** All rows are written. An ML without a line gets the lowest free line of its layout, if there is one. A TR
+ * of more than six digits gets a comma after the sixth. */
 void DecodeKeyDss(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

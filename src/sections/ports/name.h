@@ -18,11 +18,10 @@ extern const Table kTable;
 
 }  // namespace name
 
-/** Section 14, every version: 500 records of 15 bytes, 7,500 bytes: the name's bytes, 0 behind its end, cut
- * at 15 without a terminator. Rows above "Now" are 0. */
+/** Section 14, every version: 500 records of 15 bytes, 7,500 bytes. A record is the name's bytes, padded with
+ * 0 or cut at 15 without a terminator. Rows above "Now" are 0. */
 void EncodeName(const IniText& project, ImageWriter& image);
-/** "Now" counts the records that hold anything but blanks, so records of 0 count too and leave an empty key.
- */
+/** "Now" counts the records that are not all blanks. A record of 0 counts too and gives an empty key. */
 void DecodeName(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,8 +9,8 @@
 
 namespace tarvok::sections {
 
-/** Two tables whose rows are one telephone number each: link trunks, to which port profiles refer, and the
- * numbers that a key telephone dials. A row's value is the number alone. */
+/** Two tables with one telephone number per row: link trunks, which port profiles refer to, and the numbers
+ * that a key telephone dials. The row's value is the number itself. */
 inline constexpr int kLinkTrunks = 30;
 inline constexpr int kDialPhones = 24;
 
@@ -29,7 +29,7 @@ extern const Table kTable;
  */
 void EncodeLinkTrunk(const IniText& project, ImageWriter& image);
 void EncodeDialPhone(const IniText& project, ImageWriter& image);
-/** Every row is written, without a number as an empty key. Bytes of 0 and 255 are skipped. */
+/** Every row is written; one without a number becomes an empty key. Bytes 0 and 255 are skipped. */
 void DecodeLinkTrunk(const ImageReader& image, IniEdit& project);
 void DecodeDialPhone(const ImageReader& image, IniEdit& project);
 

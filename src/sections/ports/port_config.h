@@ -14,7 +14,8 @@ inline constexpr int kPortConfigRows = 20;
 
 namespace port_config {
 
-/** Fields of a profile, from 1. A load writes 16 or 17 of them, a second section adds the last two. */
+/** Fields of a profile, from 1. A load of section 1 writes the first 16 or 17; section 42 adds the last
+ * two. */
 enum FieldNumber : int {
   kServiceDay = 1,
   kServiceNight,
@@ -51,24 +52,24 @@ extern const Table kTable;
  *  3 Transfer line      8 Override               15 Do not print
  *  4 CID                9 Hotline, 3 (B: 255)    16 Link trunk
  *
- * Layout A goes to versions below 106 and holds a hotline of 6 digits; from 106 layout B sends 255 there,
- * whatever the profile says, because the hotline travels with 12 digits in section 42.
+ * Layout A is for versions below 106 and has a hotline of 6 digits. From 106 on, layout B always sends 255
+ * there, because section 42 has the hotline with 12 digits.
  */
 void EncodePortConfigA(const IniText& project, ImageWriter& image);
 void EncodePortConfigB(const IniText& project, ImageWriter& image);
-/** A profile that equals the layout's defaults is removed. Layout B never has a hotline. */
+/** A profile that equals the layout's defaults is removed. Layout B never gives a hotline. */
 void DecodePortConfigA(const ImageReader& image, IniEdit& project);
 void DecodePortConfigB(const ImageReader& image, IniEdit& project);
 
 /**
- * Section 42, from version 106: 20 records of 20 bytes, 400 bytes. An unused profile is 0 with 255 at offset
- * 6, and so 0 at offset 7, where a used one without a value has 8.
+ * Section 42, from version 106: 20 records of 20 bytes, 400 bytes. An unused profile is 0, with 255 at offset
+ * 6. A used profile without a ring transfer value has 8 at offset 7.
  *
  *  0 Hotline, 6 bytes of packed digits     6 Hold Cut COR -1     7 Ring transfer     8 twelve bytes of 0
  */
 void EncodePortConfig2(const IniText& project, ImageWriter& image);
-/** Merges into the profiles that section 1 left. A profile that it removed stays away, its hotline with it.
- */
+/** Merges into the profiles that section 1 wrote. A profile that section 1 removed stays removed, with its
+ * hotline. */
 void DecodePortConfig2(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -14,7 +14,7 @@ namespace tarvok::sections {
 /** The ports of the exchange. A row's number is the port index by which all other sections refer to it. */
 inline constexpr int kPortRows = 500;
 
-/** The card types by their code, the text of field `Type`, as the grid shows them. */
+/** The card types, as the grid shows them. The stored value is the card's code in field `Type`. */
 inline constexpr std::array<Choice, 14> kCardLabels = {{
     {"1", "SLIC 16"},
     {"2", "TRUNK 16"},
@@ -32,7 +32,7 @@ inline constexpr std::array<Choice, 14> kCardLabels = {{
     {"14", "12 DIGITAL"},
 }};
 
-/** A card that can be inserted: its type's code, its entry in the list of cards, and the ports that it brings. */
+/** A card that can be inserted: its type code, its entry in the list of cards, and how many ports it adds. */
 struct CardType {
   int code;
   std::string_view insert_entry;
@@ -41,8 +41,8 @@ struct CardType {
   constexpr std::string_view label() const { return kCardLabels[static_cast<std::size_t>(code) - 1].shown; }
 };
 
-/** All cards. Code 4 is the mixed card: its channels up to 4 are digital, the others (9 to 16) are SLIC ports; the gap
- * of four channels is the card's own. */
+/** All cards. Code 4 is the mixed card: channels 1 to 4 are digital ports and channels 9 to 16 are SLIC
+ * ports. It has no channels 5 to 8. */
 inline constexpr std::array<CardType, 15> kCardTypes = {{
     {1, "SLIC 16", 16},
     {2, "TRUNK 16", 16},
@@ -106,12 +106,12 @@ extern const Table kTable;
  *  6 Tenan -1         14 Ring T.               46 PSW, 2      53 Expand T
  *  7 Pickup Group -1  15 Disa, 6 bytes
  *
- * Flags: bit 0 is DND, bits 1 to 5 say that Disa to NoAns are present. Byte 54 is the first `BOSS` row whose
- * boss is this port; the secretary is not marked.
+ * Flags: bit 0 is DND; bits 1 to 5 are set if Disa to NoAns are present. Byte 54 is the first `BOSS` row
+ * whose boss is this port. A secretary's port is not marked.
  */
 void EncodePortDef(const IniText& project, ImageWriter& image);
 /** Bytes 3, 4, 45 and 54 are not read. DND that was not set comes back as "0". A row without card, channel
- * and type is removed, whatever else it holds. */
+ * and type is removed, even if other fields are set. */
 void DecodePortDef(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

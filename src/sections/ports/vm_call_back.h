@@ -21,14 +21,14 @@ extern const Table kTable;
 }  // namespace vm_call_back
 
 /**
- * Section 41, from version 105: 10 records of 8 bytes, 80 bytes. What is not set is 0.
+ * Section 41, from version 105: 10 records of 8 bytes, 80 bytes. A field that is not set is 0.
  *
  *  0 Check digit, 4 characters     4 Insert digit, 4 characters
  *
- * These are plain characters, not packed digits.
+ * The digits are plain characters, not packed.
  */
 void EncodeVMCallBack(const IniText& project, ImageWriter& image);
-/** Every row is written, an empty one as "F|F". Bytes of 0 and 255 are no characters. */
+/** Every row is written, an empty one as "F|F". Bytes 0 and 255 are skipped. */
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections
