@@ -27,7 +27,7 @@ void ImageWriter::Fill(int at, int count, int value) {
 
 bool ImageWriter::Digits(int at, int count, std::string_view number, DialSymbols symbols) {
   Fill(at, count, 0);
-  if (!ok()) return true;  // the error that is kept says it
+  if (!ok()) return true;  // the error is already kept
   return PackDigits(number, symbols,
                     std::span(bytes_).subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(count)));
 }

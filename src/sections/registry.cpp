@@ -34,7 +34,7 @@ namespace {
 
 constexpr int kAll = kLowestVersion;
 
-/** A section with one layout of its own that a send and a load both carry from the same version on. */
+/** A section with a single layout that is both sent and loaded from the same version on. */
 constexpr Section One(int number, int size, int from, std::string_view name, std::string_view progress,
                       std::string_view send_failed, Encoder encode = nullptr, Decoder decode = nullptr) {
   Section section{number, name, progress, send_failed, from, from};
@@ -57,7 +57,7 @@ constexpr Section WithoutBar(Section section) {
   return section;
 }
 
-/** A section that a send of the configuration leaves out: it has a session of its own. */
+/** A section that is left out of a full send, because it has a session of its own. */
 constexpr Section SentAlone(Section section, int load_from) {
   section.send_from = kNever;
   section.load_from = load_from;
@@ -89,8 +89,8 @@ constexpr std::array kSections = {
         "Send Class of Digit Allow failed (RE)", EncodeClassAllow, DecodeClassAllow),
     One(7, 120, kAll, "Class of Service", "Sending Class of Service...", "Send Class of Service failed (RE)",
         EncodeClassGroup, DecodeClassGroup),
-    // A send changes the layout at 102, a load already at 101: an exchange 1.01 takes the short one and gives
-    // the long.
+    // An exchange 1.01 accepts the short layout but answers with the long one, so a load changes at 101 and a
+    // send at 102.
     WithLayouts(One(8, 4400, kAll, "Route Map Digit", "Sending Route Map Digit...",
                     "Send Route Map Digit failed (RE)"),
                 {{{4400, 0, 0, EncodeRouteMapDigit22, DecodeRouteMapDigit22},
@@ -158,7 +158,7 @@ constexpr std::array kSections = {
 }  // namespace
 
 std::string Section::GetFailedText() const {
-  // The sections that came with later versions are told without the last word.
+  // For the sections added by later versions the text lacks the last word.
   constexpr int kFirstLater = 33;
   const std::string shown(number == 1 ? "port config" : name);
   return "Get " + shown + (number < kFirstLater ? " failed" : "");

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kOn = "on";
 constexpr std::string_view kOff = "off";
 
-/** All pieces between pipes, empty ones too; none of an empty text. */
+/** All pieces between pipes, including empty ones. An empty text has none. */
 std::vector<std::string_view> Pieces(std::string_view value) {
   std::vector<std::string_view> pieces;
   while (!value.empty()) {
@@ -27,7 +27,7 @@ std::vector<std::string_view> Pieces(std::string_view value) {
   return pieces;
 }
 
-/** A text that its kind of number can be read from to its end. */
+/** True if the text has only these characters and is neither empty nor too long for a number. */
 bool IsMadeOf(std::string_view characters, std::string_view text) {
   constexpr std::size_t kMostDigits = 15;
   return !text.empty() && text.size() <= kMostDigits &&
@@ -38,16 +38,16 @@ bool IsWholeNumber(std::string_view text) {
   return IsMadeOf("0123456789", text);
 }
 
-/** The row of a list of running ends has rows of its own: it ends behind every list in front of it. */
+/** True if the list of row `number` is not empty, that is, if it ends after all lists before it. */
 bool EndsHigher(const IniText& project, const Table& table, int number) {
-  std::int64_t highest = 1;  // the end of a list in front of which there is no row
+  std::int64_t highest = 1;  // where an empty first list ends
   for (int row = table.rows.first; row < number; ++row) {
     highest = std::max(highest, Val(RowValue(project, table, row)));
   }
   return Val(RowValue(project, table, number)) > highest;
 }
 
-bool HoldsItsNeeds(const Table& table, std::string_view value) {
+bool HasNeededFields(const Table& table, std::string_view value) {
   if (IsUnused(table, value)) return false;
   const RowFields row(table, value);
   return std::all_of(table.needs.begin(), table.needs.end(), [&](int field) { return row.IsSet(field); });
@@ -80,7 +80,7 @@ RowFields::RowFields(const Table& table, std::string_view value) : table_(table)
   }
   texts_ = Pieces(value);
   if (table.members.every_piece) return;
-  if (!texts_.empty() && texts_.back().empty()) texts_.pop_back();  // a closing pipe is read over everywhere
+  if (!texts_.empty() && texts_.back().empty()) texts_.pop_back();  // a closing pipe is always ignored
   has_gap_ = std::erase(texts_, std::string_view()) > 0;
 }
 
@@ -127,7 +127,7 @@ bool IsRowInUse(const IniText& project, const Table& table, int number) {
     if (candidate->section != table.section || row < candidate->rows.first || row > candidate->rows.last)
       continue;
     if (candidate->ends_of != nullptr ? EndsHigher(project, *candidate, row)
-                                      : HoldsItsNeeds(*candidate, RowValue(project, *candidate, row)))
+                                      : HasNeededFields(*candidate, RowValue(project, *candidate, row)))
       return true;
   }
   return false;

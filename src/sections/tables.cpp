@@ -82,7 +82,7 @@ constexpr const Table* kTables[] = {
     &tbl_route::kPidTable,
     &tbl_route::kGatewayTable,
     &tbl_route::kTable,
-    // Scripts, and what has a session of its own
+    // Scripts, and sections with a session of their own
     &run_script::kTable,
     &mini_bar::kTable,
     &pbx_ip::kAddress,

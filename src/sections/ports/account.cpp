@@ -67,7 +67,7 @@ void DecodeRow(const ImageReader& record, RowText& row) {
   const int seconds = record.Word(9);
   row.Add(record.Digits(0, kAccountBytes));
   row.Add(record.Digits(3, kPasswordBytes));
-  row.Add(record.PlusOneWord(5));  // 254, 255 is not set, too: its high byte says so
+  row.Add(record.PlusOneWord(5));  // 254, 255 means not set too, because of its high byte
   row.Add(record.PlusOne(7));
   row.Add(record.PlusOne(8));
   row.Add(seconds == kUnsetWord ? std::string(kUnset) : std::to_string(seconds));

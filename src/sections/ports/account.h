@@ -31,8 +31,7 @@ extern const Table kTable;
  * is set, and 254, 255 if any is.
  */
 void EncodeAccount(const IniText& project, ImageWriter& image);
-/** Both special values of Number come back as "F". Number is not padded here, unlike in the
- * editor. */
+/** Both special values of Number come back as "F". Number is not padded, unlike in the editor. */
 void DecodeAccount(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -58,14 +58,14 @@ void EncodeNumber(RecordWriter& row) {
   row.MinusOneWord(7, kName);
 }
 
-/** Digits of the stored value, by the number's type: a port, a call group, anything else. */
+/** How many digits the stored value is padded to, by the number's type. */
 int ValueWidth(int type) {
   if (type == 0) return 3;
   return type == 2 || type == 3 ? 2 : 0;
 }
 
 void DecodeNumber(const ImageReader& record, RowText& row) {
-  // Unlike in a port row a byte 0 ends the number.
+  // Unlike in a port row, a byte 0 ends the number.
   row.AddDigits(record.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::k255);
   row.Add(record.Plain(3));
   row.Add(record.PlusOneWord(4, ValueWidth(record.Byte(3))));

@@ -64,7 +64,7 @@ constexpr int kLayout = kDssStart + kDssOfLayout * kDssEntry;
 constexpr int kTrunkBytes = 3;
 constexpr std::string_view kLines = "12345";
 
-/** A button's text taken apart. */
+/** A button's text, split into its parts. */
 struct Button {
   std::string_view code;      // the first two characters
   std::string_view argument;  // the rest
@@ -73,7 +73,7 @@ struct Button {
   bool has_map = false;
 };
 
-Button TakeApart(std::string_view text) {
+Button Split(std::string_view text) {
   Button button;
   button.code = text.substr(0, 2);
   button.argument = text.substr(button.code.size());
@@ -93,7 +93,7 @@ void EncodeKey(ImageWriter& image, int at, std::string_view text, ValueWriter va
     image.Fill(at + 1, kKeyBytes, 255);
     return;
   }
-  const Button key = TakeApart(text);
+  const Button key = Split(text);
   if (key.code == kTelephone) {
     image.Byte(at, 1);
     value.Digits(at + 1, kKeyBytes, key.argument, DialSymbols::kDigitsStarHash);
@@ -115,19 +115,19 @@ void EncodeKey(ImageWriter& image, int at, std::string_view text, ValueWriter va
   } else if (key.code == kMultiline) {
     image.Byte(at, 5);
     value.Byte(at + 1, Val(key.argument));
-  }  // any other code is an entry of zeros
+  }  // an entry with any other code is all 0
 }
 
 void EncodeDss(ImageWriter& image, int at, std::string_view text, ValueWriter value) {
   if (IsUnset(text)) return;
-  const Button button = TakeApart(text);
-  // A trunk is no type of its own on the console, and any code that is not known goes out as a number.
+  const Button button = Split(text);
+  // Trunks are sent as extensions, and unknown codes as telephone numbers.
   image.Byte(at, button.code == kTrunk || button.code == kExtension ? 3 : 1);
   value.Digits(at + 1, kDssBytes, button.argument,
                button.code == kTelephone ? DialSymbols::kDigitsStarHash : DialSymbols::kDigits);
 }
 
-/** Walks the buttons of a layout, those behind the end of its row included. A missing row stays 0. */
+/** Encodes all buttons of a layout, including those past the end of its row. A missing row stays 0. */
 void EncodeButtons(const IniText& project, ImageWriter& image, const Table& table, int layout, int start,
                    int count, int entry, void (*encode)(ImageWriter&, int, std::string_view, ValueWriter)) {
   const std::string key = KeyOf(table, layout);
@@ -140,21 +140,21 @@ void EncodeButtons(const IniText& project, ImageWriter& image, const Table& tabl
   }
 }
 
-/** Adds the digits of the bytes; bytes 0 are skipped. 255 is nothing special here: a button that is not set has
- * its own type. */
+/** Adds the digits of the bytes, skipping bytes 0. 255 is not special here, because an unset button has its
+ * own type. */
 void AddDigits(std::string& text, const ImageReader& entry, int at, int count,
                DialSymbols symbols = DialSymbols::kDigits) {
   AppendDigits(entry.Bytes(at, count), symbols, SkippedBytes::kZero, text);
 }
 
-/** The same behind a comma; nothing where there are none. */
+/** Adds a comma and the digits, or nothing if there are no digits. */
 void AddMap(std::string& text, const ImageReader& entry, int at, int count) {
   text += ',';
   AddDigits(text, entry, at, count);
   if (text.back() == ',') text.pop_back();
 }
 
-/** Adds the line that the entry's first digit names, if that is one. */
+/** Adds the line given by the entry's first digit, if that is a valid line. */
 void AddLine(std::string& key, const ImageReader& entry) {
   for (const std::uint8_t byte : entry.Bytes(1, kKeyBytes)) {
     if (byte == 0) continue;
@@ -202,8 +202,8 @@ std::string DecodeDss(const ImageReader& entry) {
   return button == code ? std::string(kUnset) : button;
 }
 
-/** Gives each "ML" without a line the lowest free one. The list of lines in use ends the search at five
- * entries, also where a line stands in it twice. */
+/** Gives each "ML" without a line the lowest free one, until five lines are in use. A line that is used twice
+ * counts twice. */
 void NumberMultilines(std::array<std::string, kKeysOfLayout>& keys) {
   std::string lines;
   for (const std::string& key : keys) {

@@ -42,9 +42,9 @@ constexpr Field kFields[] = {
     RowOf("Hold Cut COR", class_group::kTable, 2).LoadedUnpadded(),
     Number("Ring Transfer Timeout", 0, 16).Named(kRingChoices).UnsetAs("8"),
 };
-constexpr int kFieldsOfALoad = 16;  // of one below version 106, where section 42 adds nothing
+constexpr int kFewestLoadedFields = 16;  // below version 106, where there is no section 42
 
-/** Profiles of nothing but defaults, as the two loads and the editor spell them. */
+/** Profiles that hold only defaults, as written by the two loads and the editor. */
 constexpr std::string_view kDefaultA = "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0";
 constexpr std::string_view kDefaultB = "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0";
 constexpr std::string_view kEmptyRows[] = {
@@ -62,7 +62,7 @@ const Table kTable = {.section = "PortConfig",
                       .rows = {1, kPortConfigRows, 2},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,
-                      .fewest_fields = kFieldsOfALoad,
+                      .fewest_fields = kFewestLoadedFields,
                       .now = NowCounts::kRows};
 
 namespace {
@@ -71,7 +71,7 @@ constexpr int kRecord = 20;
 constexpr int kHotlineBytesA = 3;
 constexpr int kHotlineBytes2 = 6;
 
-/** What both layouts of section 1 share. */
+/** The part that both layouts of section 1 share. */
 void EncodeCommon(RecordWriter& profile) {
   profile.Plain(0, kConnect, 0);
   profile.MinusOne(1, kServiceDay);
@@ -82,7 +82,7 @@ void EncodeCommon(RecordWriter& profile) {
   profile.Plain(6, kCoTimeout, 0);
   profile.Plain(7, kCoTimeoutIncoming, 0);
   profile.Plain(8, kOverride, 0);
-  for (int i = 0; i < 6; ++i) profile.Plain(12 + i, kHook + i, 0);  // Hook to Warning stand in field order
+  for (int i = 0; i < 6; ++i) profile.Plain(12 + i, kHook + i, 0);  // Hook to Warning are in field order
 }
 
 void EncodeA(RecordWriter& profile) {
@@ -100,7 +100,7 @@ void Encode2(RecordWriter& profile) {
   constexpr int kDefaultRings = 8;
   profile.Digits(0, kHotlineBytes2, kHotline);
   profile.MinusOne(6, kHoldCut);
-  // "16 Rings Disc" is stored as 255; an older spelling of it was 256.
+  // "16 Rings Disc" is stored as 255, formerly as 256.
   if (profile.Get(kRingTransfer) == "256") {
     profile.Byte(7, 255);
   } else {
@@ -116,7 +116,7 @@ void DecodeProfile(const ImageReader& profile, bool layout_a, RowText& row) {
   row.Add(profile.PlusOne(1, 2)).Add(profile.PlusOne(2, 2));
   row.Add(ZeroForUnset(profile, 3)).Add(ZeroForUnset(profile, 4)).Add(ZeroForUnset(profile, 0));
   row.Add(ZeroForUnset(profile, 5));
-  for (int at = 6; at <= 8; ++at) row.Add(std::to_string(profile.Byte(at)));  // 255 is a time like any other
+  for (int at = 6; at <= 8; ++at) row.Add(std::to_string(profile.Byte(at)));  // here 255 is an ordinary value
   row.Add(layout_a ? profile.Digits(9, kHotlineBytesA) : std::string(kUnset));
   for (int at = 12; at <= 17; ++at) row.Add(ZeroForUnset(profile, at));
   if (!layout_a) row.Add(std::to_string(profile.Byte(18)));

@@ -44,7 +44,7 @@ constexpr Field kFields[] = {
     OneOf("Expand T", kUseChoices),
 };
 
-/** An unused row as the editor and as a load leaves it. */
+/** Unused rows, as left by the editor and by a load. */
 constexpr std::string_view kEmptyRows[] = {
     "F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
     "F|F|F|F|F|F|F|F|0|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
@@ -75,7 +75,7 @@ constexpr int kPasswordBytes = 2;
 constexpr int kForwards = 5;  // Disa to NoAns
 constexpr int kNoBoss = 255;
 
-/** The bosses by `BOSS` row: the port index as written there, "" for none. */
+/** The boss of each `BOSS` row: the port index as written there, or "" for none. */
 std::array<std::string, kBossRows> ReadBosses(const IniText& project) {
   std::array<std::string, kBossRows> bosses;
   for (int row = 1; row <= kBossRows; ++row) {
@@ -103,7 +103,7 @@ int VmUseByte(std::string_view use) {
 void EncodePort(RecordWriter& port, int boss_row) {
   std::int64_t flags = port.Value(kDnd);
   for (int i = 0; i < kForwards; ++i) flags += port.IsSet(kDisa + i) ? 2 << i : 0;
-  // Of a port that uses voice mail the fields left open are 0, of any other they are not there at all.
+  // If the port uses voice mail, unset values in bytes 48 to 51 are sent as 0, otherwise as 255.
   const int vm_default = port.Value(kVmUse) > 0 ? 0 : 255;
 
   port.MinusOne(0, kCard);
@@ -146,7 +146,7 @@ std::string VmUseText(int byte) {
 }
 
 void DecodePort(const ImageReader& port, RowText& row) {
-  // A high byte of 255 makes the whole word 65,535, so all flags are on then.
+  // A high byte of 255 makes the whole word 65,535, which sets all flags.
   const int flags = port.Word(12);
   row.Add(port.PlusOne(0));
   row.Add(port.PlusOne(1));
@@ -185,12 +185,12 @@ void EncodePortDef(const IniText& project, ImageWriter& image) {
 
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
   using namespace port_def;
-  constexpr std::string_view kNothingThere = "F|F|F";
+  constexpr std::string_view kNoPlaceOrType = "F|F|F";
   StoreRowCounts(project, kTable, kPortRows);
   RowText row;
   for (int number = 1; number <= kPortRows; ++number) {
     DecodePort(image.Record(number - 1, kRecord), row.Clear());
-    if (row.str().starts_with(kNothingThere)) {
+    if (row.str().starts_with(kNoPlaceOrType)) {
       project.DeleteKey(kTable.section, KeyOf(kTable, number));
     } else {
       project.Set(kTable.section, KeyOf(kTable, number), row.str());
