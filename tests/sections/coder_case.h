@@ -17,7 +17,7 @@
 
 namespace tarvok::test {
 
-/** The image of a project given as INI text; the encoder's error, if any, is in the writer. */
+/** Encodes a project given as INI text. The encoder's error, if any, is in the result. */
 inline ImageWriter Encoded(Encoder encode, int size, const std::string& project) {
   const IniText text(project);
   ImageWriter image(size);
@@ -25,12 +25,12 @@ inline ImageWriter Encoded(Encoder encode, int size, const std::string& project)
   return image;
 }
 
-/** `count` bytes of the image from `at`. */
+/** The `count` bytes of the image from offset `at`. */
 inline std::vector<std::uint8_t> Part(const ImageWriter& image, int at, int count) {
   return {image.bytes().begin() + at, image.bytes().begin() + at + count};
 }
 
-/** What a decoder makes of an image in a project given as INI text. */
+/** Decodes an image into a project given as INI text and returns the changed project. */
 inline IniText Decoded(Decoder decode, const std::vector<std::uint8_t>& image,
                        const std::string& project = {}) {
   const IniText base(project);
@@ -39,21 +39,20 @@ inline IniText Decoded(Decoder decode, const std::vector<std::uint8_t>& image,
   return IniText(edit.Bytes());
 }
 
-/** So many copies of a text. */
 inline std::string Repeated(const std::string& text, int count) {
   std::string all;
   for (int i = 0; i < count; ++i) all += text;
   return all;
 }
 
-/** An image with other bytes from one place on. */
+/** The image with the bytes from `at` replaced by `part`. */
 inline std::vector<std::uint8_t> With(std::vector<std::uint8_t> image, int at,
                                       const std::vector<std::uint8_t>& part) {
   std::copy(part.begin(), part.end(), image.begin() + at);
   return image;
 }
 
-/** An image of one byte everywhere but for a part. */
+/** An image filled with one byte, except for `part` at `at`. */
 inline std::vector<std::uint8_t> ImageWith(int size, std::uint8_t fill, int at,
                                            const std::vector<std::uint8_t>& part) {
   return With(std::vector<std::uint8_t>(static_cast<std::size_t>(size), fill), at, part);

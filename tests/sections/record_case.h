@@ -8,20 +8,20 @@ namespace tarvok::test {
 inline const std::string kTooLarge = " is more than its place on the wire can hold";
 inline const std::string kNegative = " is negative";
 inline const std::string kNotDialled = " holds a character that can't be dialled";
-/** A key that is there and has no value. */
+/** Stands for a key that exists but has no value. */
 inline const std::string kEmpty = "(empty)";
 
 enum Way { kBothWays, kOut, kBack };
 
-/** A row and its record. Out, a row "" is a missing one; back, a key that is gone. Instead of a record there may be the
- * error of an encoder: the field, and the value with what is wrong. */
+/** A row and its record. The row "" is a missing key in the project to encode, or a key removed by decoding.
+ * Instead of a record there may be an encoder's error: "field: value V, why" as ImageWriter words it. */
 struct CoderCase {
   std::string row;
   std::string record;
   Way way = kBothWays;
 };
 
-/** One record of a section's image, its row and the coders between them. */
+/** Where a record is in a section's image, its row, and the coders that convert between them. */
 struct Place {
   Encoder encode;
   Decoder decode;
@@ -29,7 +29,7 @@ struct Place {
   std::string key;
   int size;
   int at;
-  std::string project = {};  // what else there is
+  std::string project = {};  // other keys, as INI text
 
   std::string Project(const std::string& row) const {
     const IniText others(project);
@@ -39,7 +39,8 @@ struct Place {
   }
 };
 
-/** A row makes its record and touches no other byte; a record, in an image of 255s, makes its row. */
+/** Expects that encoding a row gives its record and changes no other byte, and that decoding the record, in
+ * an image of 255s, gives the row. */
 inline void ExpectCoded(const Place& place, const std::vector<CoderCase>& cases) {
   for (const CoderCase& c : cases) {
     SCOPED_TRACE(c.row + " / " + c.record);

@@ -7,8 +7,8 @@
 
 namespace tarvok::test {
 
-/** Expects the bytes `expected` at `at` in the image of a project, or the error that an encoder gives in
- * their place: an expectation that begins with "section". */
+/** Expects the bytes `expected` at `at` in the image of a project, or the encoder's error if `expected`
+ * begins with "section ". */
 inline void ExpectImage(Encoder encode, int size, const std::string& project, int at,
                         const std::string& expected) {
   SCOPED_TRACE(project);
@@ -22,7 +22,7 @@ inline void ExpectImage(Encoder encode, int size, const std::string& project, in
   EXPECT_EQ(Part(image, at, static_cast<int>(bytes.size())), bytes);
 }
 
-/** The same for keys of one section, each with what it makes. */
+/** Calls ExpectImage for each pair of keys, added to `before`, and the expected result. */
 inline void ExpectImages(Encoder encode, int size, const std::string& before, int at,
                          const std::vector<std::pair<std::string, std::string>>& cases) {
   for (const auto& [keys, expected] : cases) ExpectImage(encode, size, before + keys, at, expected);

@@ -12,13 +12,13 @@ namespace {
 constexpr int kHuntSize = 1040;
 constexpr int kPool = 40;
 
-TEST(HuntGroup, ImageOfGroups) {
+TEST(HuntGroup, EncodesGroups) {
   const std::string full = "02=" + Repeated("001|", 499);
   ExpectImages(EncodeHuntGroup, kHuntSize, "[HuntGroup]\n", 0,
                {{"", "00*40 FF*1000"},
                 {"01=001|002|500\n02=\n03=300|256",
                  "03 00 03 00 " + Repeated("05 00 ", 18) + "00 00 01 00 F3 01 2B 01 FF 00 FF*990"},
-                // A lone member has no pipe. What is no number, "F", 0 or nothing at all is no member.
+                // A single member has no pipe. Pieces that are not numbers, "F", 0 or empty are skipped.
                 {"20=007", "00*38 01 00 06 00 FF*998"},
                 {"20=|F|0||x|-3|008|", "00*38 01 00 07 00 FF*998"},
                 {"21=007\n1=007\nNow=9", "00*40 FF*1000"},
@@ -28,14 +28,14 @@ TEST(HuntGroup, ImageOfGroups) {
                  "all groups share"}});
 }
 
-TEST(HuntGroup, GroupsOfAnImage) {
+TEST(HuntGroup, DecodesGroups) {
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {"03 00 03 00 05 00*33 05 00", "00 00 01 00 F3 01 2B 01 FF 00",
        "01=001|002|500\n02=\n03=300|256\nNow=5\n"},
       {"01 00 00*38", "06 00", "01=007\n02=\n03=\nNow=0\n"},
-      // Unset slots below a total are skipped; a high byte of 255 alone unsets none.
+      // Unset slots below a total are skipped. A high byte of 255 alone does not mean unset.
       {"04 00*37 04 00", "FF FF 02 00 FF FF 05 FF", "01=003|65286\n02=\n03=\nNow=4\n"},
-      // A total that falls back gives an empty group, one beyond the pool ends with the pool.
+      // A total that decreases gives an empty group; a total past the pool is cut at its end.
       {"02 00 01 00 FF FF 00*32 10 27", "02 00 03 00 04 00", "01=003|004\n02=\n03=005\nNow=10000\n"},
       {"FF*40", "", "01=\n02=\n03=\nNow=65535\n"},
       {"00*40", "01 00", "01=\n02=\n03=\nNow=0\n"},
@@ -52,7 +52,7 @@ constexpr int kKeySize = 11424;
 constexpr int kSecond = 476;  // the second layout
 constexpr int kDss = kSecond + 220;
 
-TEST(KeyDss, ImageOfAKey) {
+TEST(KeyDss, EncodesKeys) {
   const std::string error = "section Key, row 02, field Key 2: value ";
   ExpectImages(EncodeKeyDss, kKeySize, "[key]\n02=F|", kSecond + 11,
                {{"F", "00 FF*10"},
@@ -73,12 +73,12 @@ TEST(KeyDss, ImageOfAKey) {
                 {"ML-1", error + "ML-1" + kNegative},
                 {"EX1*", error + "EX1*" + kNotDialled},
                 {"TR1,2,3", error + "TR1,2,3" + kNotDialled}});
-  // A missing row is zeros, missing fields of a row that is there are "F".
+  // A missing row is all 0; missing fields of an existing row are "F".
   ExpectImage(EncodeKeyDss, kKeySize, "[Key]\n02=ML1", 0, "00*476 05 01 00*9 00 FF*10 00 FF*10");
   ExpectImage(EncodeKeyDss, kKeySize, "[Key]\n02=ML1", kSecond + 19 * 11, "00 FF*10 00*256 00*476");
 }
 
-TEST(KeyDss, ImageOfAConsoleButton) {
+TEST(KeyDss, EncodesConsoleButtons) {
   ExpectImages(EncodeKeyDss, kKeySize, "[DSS]\n02=EX1|", kDss + 4,
                {{"F", "00*4"},
                 {"TE*1#", "01 B1 C0 00"},
@@ -91,14 +91,14 @@ TEST(KeyDss, ImageOfAConsoleButton) {
   ExpectImage(EncodeKeyDss, kKeySize, "[DSS]\n02=EX1", 0, "00*696 03 10 00 00 00*252");
 }
 
-TEST(KeyDss, KeysOfAnImage) {
+TEST(KeyDss, DecodesKeys) {
   const std::pair<std::string, std::string> cases[] = {
       {"01 B1 2C 00*8 02 12 00 00 34 50 00*5 02 12 34 56 70 00*6", "TE*12#|TR12,345|TR123456,7"},
       {"03 1A A0 00*8 04 03 00*9 04 20 1A 50 00*7 04 FF 00*9 04 00*10", "EX100|GO3|GO32,105|GO255|GO0"},
       {"00 FF*10 06 12*10 FF*11 01 00*10 02 00*3 90 00*6", "F|F|F|TE|TR,9"},
-      // Bytes of 0 are skipped, a low half of 0 ends the number, 255 is two letters.
+      // Bytes 0 are skipped, a low half of 0 ends the number, 255 gives two letters.
       {"03 12 00 34 50 67 00*5 03 FF 1F 00*8", "EX12345|EXFF1F"},
-      // Lines that are taken, numbers that are none, and the lowest free line for those without.
+      // Valid lines are kept; keys without a line or with an invalid one get the lowest free line.
       {"05 02 00*9 05 00*10 05 09 00*9 05 00 30 00*8", "ML2|ML1|ML4|ML3"},
       {"05 00*10 05 00*10 05 00*10 05 00*10 05 00*10 05 00*10", "ML1|ML2|ML3|ML4|ML5|ML"},
       {"05 01 00*9 05 01 00*9 05 01 00*9 05 00*10 05 00*10 05 00*10", "ML1|ML1|ML1|ML2|ML3|ML"},
@@ -112,7 +112,7 @@ TEST(KeyDss, KeysOfAnImage) {
   }
 }
 
-TEST(KeyDss, ConsoleButtonsOfAnImage) {
+TEST(KeyDss, DecodesConsoleButtons) {
   const IniText project = Decoded(
       DecodeKeyDss,
       ImageWith(kKeySize, 255, kDss,
@@ -123,10 +123,10 @@ TEST(KeyDss, ConsoleButtonsOfAnImage) {
 constexpr int kProfilesSize = 400;
 constexpr int kLast = 380;
 
-TEST(PortConfig, ProfilesAndRecordsInThreeForms) {
+TEST(PortConfig, EncodesAndDecodesThreeLayouts) {
   const std::string unset = "F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F";
   const std::string zeros = "0|00|0|0|0|0|0|0|0|1234567|0|0|0|0|0|0|0|0|256";
-  // Each field with a value of its own shows where it goes.
+  // Mostly different values, to show where each field goes.
   const std::string full = "01|15|1|2|3|4|255|7|9|10203040506070|1|2|1|0|30|1|90|03|255";
   const std::string full_record = "03 00 0E 01 02 04 FF 07 09 1A 2A 3A 01 02 01 00 1E 01 5A 00";
   ExpectCoded({EncodePortConfigA, DecodePortConfigA, "PortConfig", "20", kProfilesSize, kLast},
@@ -159,7 +159,7 @@ TEST(PortConfig, ProfilesAndRecordsInThreeForms) {
   ExpectKeys(Decoded(DecodePortConfigB, {}), "[PortConfig]\nNow=20\n");
 }
 
-TEST(PortConfig, SecondSectionMergesIntoWhatTheFirstLeft) {
+TEST(PortConfig, SecondSectionMergesIntoFirst) {
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {"01|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0", "1A 2A 3A 4A 5A 6A 02 FF 00*12",
        "01|F|0|0|0|0|0|0|0|102030405060|0|0|0|0|0|0|0|3|255"},
