@@ -9,15 +9,15 @@
 
 namespace tarvok::sections {
 
-/** Classes of digit: lists of the numbers that a class may not dial, and of those that it may. */
+/** Classes of digit. Each has a list of numbers that it may not dial and a list of numbers that it may. */
 inline constexpr int kClasses = 20;
 
 namespace class_digit {
 
-/** A row is a list of this field. */
+/** A row is a list; every item of it is this field. */
 enum FieldNumber : int { kNumber = 1 };
 
-/** The two lists of a class stand in one project section, the allow list under a key with "A" behind. */
+/** Both lists of a class are in the same project section; the key of the allow list ends in "A". */
 extern const Table kBanTable;
 extern const Table kAllowTable;
 
@@ -30,12 +30,12 @@ extern const Table kAllowTable;
  * 40 the pool of 1,024 bytes: packed digits of each number ("*" is B, "#" is C) and a byte 0 behind it; 0
  *    behind the last
  *
- * An empty piece between two pipes, or behind a closing one, is a number too and costs its byte 0.
+ * An empty piece between two pipes, or after a trailing one, counts as a number too and takes its byte 0.
  */
 void EncodeClassBan(const IniText& project, ImageWriter& image);
 void EncodeClassAllow(const IniText& project, ImageWriter& image);
-/** An end with a high byte of 255 counts 0. Numbers without digits are dropped; digits that no byte 0 ends
- * are kept as they stand. All keys are written, those of empty lists too. */
+/** An end whose high byte is 255 counts as 0. Numbers without digits are dropped; a number at the
+ * end of its class is kept even without its byte 0. All keys are written, including those of empty lists. */
 void DecodeClassBan(const ImageReader& image, IniEdit& project);
 void DecodeClassAllow(const ImageReader& image, IniEdit& project);
 

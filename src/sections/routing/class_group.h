@@ -15,17 +15,17 @@ inline constexpr int kClassesOfGroup = 8;
 
 namespace class_group {
 
-/** A row is a list of this field. */
+/** A row is a list; every item of it is this field. */
 enum FieldNumber : int { kClass = 1 };
 
 extern const Table kTable;
 
 }  // namespace class_group
 
-/** Section 7, every version: 15 records of 8 bytes, 120 bytes: the classes -1 in the order of the row, and
- * 255 in the free places behind. A ninth class is an error. */
+/** Section 7, every version: 15 records of 8 bytes, 120 bytes. A record has the classes -1 in row order, then
+ * 255 in its free places. A ninth class is an error. */
 void EncodeClassGroup(const IniText& project, ImageWriter& image);
-/** Free places between classes close up. The keys of empty groups are written too. */
+/** Skips free places between classes. The keys of empty groups are written too. */
 void DecodeClassGroup(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

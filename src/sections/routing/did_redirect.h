@@ -9,12 +9,12 @@
 
 namespace tarvok::sections {
 
-/** Where ranges of incoming DID numbers of an E1 link go. */
+/** Targets for ranges of incoming DID numbers of an E1 link. */
 inline constexpr int kDidRows = 400;
 
 namespace did_redirect {
 
-/** Fields of a row, from 1. What `Map Number` counts depends on `Map Type`: a number row, a route list, or
+/** Fields of a row, from 1. `Map Type` decides what `Map Number` refers to: a number row, a route list, or
  * nothing. */
 enum FieldNumber : int { kLink = 1, kDidStart, kDidEnd, kMapType, kMapNumber };
 
@@ -27,13 +27,13 @@ extern const Table kTable;
  *
  *  0 DID Start, 16 bits    2 DID End, 16 bits    4 E1 -1    5 target, 16 bits
  *
- * The target is by Map Type: 0 the number row -1, below A000; 1 the list -1 + A000, below B000; 2 is B000, 3
- * is C000, 4 is D000; all others 255, 255. A Map Number that would reach into the next type's range is an
- * error. DID numbers travel as numbers, so leading zeros are lost.
+ * The target depends on Map Type: 0 is the number row -1, below A000; 1 is the list -1 + A000, below B000;
+ * 2 is B000, 3 is C000, 4 is D000; any other type is 255, 255. A Map Number that would reach into the next
+ * type's range is an error. DID numbers are sent in binary, so leading zeros are lost.
  */
 void EncodeDIDRedirect(const IniText& project, ImageWriter& image);
-/** A high byte of 255 makes a whole word unset. Every target from D000 on is type 4, from C000 on type 3, and
- * so on down. */
+/** A word whose high byte is 255 is unset. Targets from D000 up are type 4, from C000 up type 3, and so
+ * on down. */
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,7 +9,7 @@
 
 namespace tarvok::sections {
 
-/** E1 links: runs of ports of an E1 card. */
+/** E1 links: ranges of ports of an E1 card. */
 inline constexpr int kE1Links = 10;
 
 namespace e1_map {
@@ -27,13 +27,13 @@ extern const Table kTable;
  *
  *  0 card of the start port -1    1 channel of the start port -1    2 channel of the end port -1    3 Mode
  *
- * The project names ports, the exchange cards and channels, so both directions read `Port_Def`. The end
- * port's card does not travel: a link lies on one card. A port without a card gives 255. Modes 2 and 3 travel
- * as 10 and 11 hexadecimal, every other but 1 as 0.
+ * The project refers to ports, the exchange to cards and channels, so both directions read `Port_Def`. The
+ * end port's card is not sent, because a link is on one card. A missing card or channel is sent as 255. Modes
+ * 2 and 3 are sent as 10 and 11 hexadecimal, mode 1 as 1, any other as 0.
  */
 void EncodeE1Map(const IniText& project, ImageWriter& image);
-/** Looks the card and channel up in the `Port_Def` of the same project, among E1 ports; one that is not there
- * gives "F". Every row is written, unused ones as "F|F|F". */
+/** Looks up card and channel among the E1 ports in the project's `Port_Def`; the port is "F" if there is no
+ * match. Every row is written, unused ones as "F|F|F". */
 void DecodeE1Map(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

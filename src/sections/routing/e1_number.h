@@ -26,12 +26,12 @@ extern const Table kTable;
  *
  *  0 Numbering, 10 bytes of packed digits with "*" and "#"    10 Digit Check    11 E1 -1
  *
- * Digit Check is read as hexadecimal on its way out and comes back in decimal: 12 goes out as 12 hexadecimal
- * and returns as 18.
+ * Digit Check is encoded as hexadecimal but decoded as decimal: "12" is sent as 12 hexadecimal and comes back
+ * as "18".
  */
 void EncodeE1Number(const IniText& project, ImageWriter& image);
-/** Every row is written, unused ones as "F|F|F". Bytes of 255 are digits here, and one of 0 ends the number
- * even at its start, so that a number can come back empty. */
+/** Every row is written, unused ones as "F|F|F". Bytes of 255 are digits here. A byte 0 ends the number
+ * even at its start, so a number can come back empty. */
 void DecodeE1Number(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

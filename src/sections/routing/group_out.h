@@ -9,14 +9,14 @@
 
 namespace tarvok::sections {
 
-/** Groups of trunk ports through which the exchange seizes an outgoing line, and the members that all of them
- * can have together. */
+/** Groups of trunk ports from which the exchange seizes an outgoing line, and the most members that all
+ * groups can have together. */
 inline constexpr int kGroupsOut = 32;
 inline constexpr int kGroupOutMembers = 1024;
 
 namespace group_out {
 
-/** A row is a list of this field. */
+/** A row is a list; every item of it is this field. */
 enum FieldNumber : int { kMember = 1 };
 
 extern const Table kTable;
@@ -30,8 +30,8 @@ extern const Table kTable;
  * 64 1,024 members of 16 bits in group order: the port -1, and 255, 255 behind the last
  */
 void EncodeGroupOut(const IniText& project, ImageWriter& image);
-/** A last end of 65,535 means that there are no groups at all. Otherwise "Now" is the last end as it came,
- * while the groups stop where the pool does; a member 65,535 is none. */
+/** A last end of 65,535 means that there are no groups. Otherwise "Now" is the last end as received, even if
+ * it is beyond the pool, where the groups stop. A member of 65,535 is skipped. */
 void DecodeGroupOut(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -17,7 +17,7 @@ namespace incoming_list {
 /** Fields of a row, from 1. A destination is a number row or one of three special targets. */
 enum FieldNumber : int { kName = 1, kNum1, kNum2, kNum3, kTimeOut };
 
-/** A destination that is no number: the DID numbers decide. */
+/** The special target for calls that the DID numbers route; not a number row. */
 inline constexpr std::string_view kDidTarget = "1000";
 
 extern const Table kTable;
@@ -29,12 +29,12 @@ extern const Table kTable;
  *
  *  0 Num1 -1, 16 bits    2 Num2 -1, 16 bits    4 Num3 -1, 16 bits    6 Time Out
  *
- * The special targets travel as A001, B001 and E000, but only in Num1: in the others they go out as plain
- * numbers minus 1. The name does not travel.
+ * The special targets are sent as A001, B001 and E000, but only in Num1; in Num2 and Num3 they are sent as
+ * plain numbers minus 1. The name is not sent.
  */
 void EncodeIncomingList(const IniText& project, ImageWriter& image);
-/** The three codes are recognised in every destination. A row with a destination is named "Incom" and its
- * number, one with a time limit alone has the name "F". */
+/** The three codes are recognised in every destination. A row with a destination is named "Incom" plus its
+ * number; a row with only a time limit is named "F". */
 void DecodeIncomingList(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

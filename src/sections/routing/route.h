@@ -9,7 +9,7 @@
 
 namespace tarvok::sections {
 
-/** The routes of all lists, one list behind the other. */
+/** The routes of all lists, one list after the other. */
 inline constexpr int kRouteRows = 200;
 
 namespace route {
@@ -38,12 +38,12 @@ extern const Table kTable;
  *  0 Group -1     2 Day -1    4 Month                7 End Time, 2 bytes          29 Type Save, 20 characters
  *  1 Type Seek    3 Date      5 Start Time, 2 bytes  9 Type Send, 20 characters
  *
- * Date, month and times are packed decimal: each pair of digits of the text is read as hexadecimal, "31" is
- * 31 hexadecimal. "*" and "#" are characters like all others here.
+ * Date, month and times are packed decimal: each pair of digits is read as hexadecimal, so "31" is sent as 31
+ * hexadecimal. "*" and "#" are ordinary characters here.
  */
 void EncodeRoute(const IniText& project, ImageWriter& image);
-/** A row without a group is removed, whatever else it holds. Date and month come back as hexadecimal text
- * without a leading zero, so a byte 0A is "A"; one byte of 255 clears a whole time; no day is "0". */
+/** A row without a group is removed, whatever else is in it. Date and month become hexadecimal text without a
+ * leading zero, so a byte 0A is "A". A time with a byte of 255 is unset. An unset day is "0". */
 void DecodeRoute(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,32 +9,34 @@
 
 namespace tarvok::sections {
 
-/** Where each route list ends in the one table of routes that they share. */
+/** Where each route list ends in the table of routes that all lists share. */
 inline constexpr int kRouteLists = 50;
 
 namespace route_list {
 
-/** The one field of a list: the number behind its last route, "0" as long as no list up to it has one. */
+/** The only field of a list: the number after its last route, or "0" if neither it nor an earlier list has a
+ * route. */
 enum FieldNumber : int { kEnd = 1 };
 
 extern const Table kTable;
 
 }  // namespace route_list
 
-/** The routes of a list, from the first to the last; none where the last is in front of the first. */
+/** The routes of a list, both ends included. Empty if `last` is less than `first`. */
 struct RouteRange {
   int first;
   int last;
 };
-/** List n has the routes from where list n - 1 ends up to its own end. Ends that a hand has written may run
- * backwards, or beyond the routes that an editor can have written; those are left out. */
+/** Returns the routes of `list`, which start at the end of the list before it and stop before its own end.
+ * Ends edited by hand may decrease or lie beyond the last row that the editor can write; the range is then
+ * empty or cut off there. */
 RouteRange RoutesOfList(const IniText& project, int list);
 
-/** Section 9, every version: 50 values of 16 bits, 100 bytes: the end minus 1, and 0 for an end of "0". An
+/** Section 9, every version: 50 values of 16 bits, 100 bytes: the end minus 1, or 0 for an end of "0". An
  * end above 65,536 is an error. */
 void EncodeRouteList(const IniText& project, ImageWriter& image);
-/** The value plus 1, "0" for 65,535. So an end of "0" comes back as "1", which means the same to a list
- * scan. */
+/** Stores the value plus 1, or "0" for 65,535. An end of "0" therefore comes back as "1", which gives the
+ * same ranges. */
 void DecodeRouteList(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,12 +9,12 @@
 
 namespace tarvok::sections {
 
-/** The first step of routing: digit patterns and what is done with a number that matches. */
+/** The first step of routing: digit patterns, and what happens to a number that matches. */
 inline constexpr int kRouteMapRows = 200;
 
 namespace route_map_digit {
 
-/** Fields of a row, from 1. A load writes the first three or four, section 43 adds the last. */
+/** Fields of a row, from 1. Section 8 loads the first three or four; section 43 adds the last. */
 enum FieldNumber : int { kDigit = 1, kSendNumber, kRouteList, kReleaseCo, kTimeout };
 
 extern const Table kTable;
@@ -26,21 +26,23 @@ extern const Table kTable;
  *
  *  0 Digit, 20 characters    20 Send Number    21 Route List -1, 101 stays 101    22 Release CO
  *
- * The short layout has 22 bytes a record, 4,400 in all, and no Release CO; it is sent below version 102 and
- * answered by version 100. The long one has 23 bytes, 4,600 in all; it is sent from 102 on but answered from
- * 101 on. It alone carries "*" as 3B and "#" as 3C. A Send Number that is missing, not "F", is sent as 0.
+ * The short layout has 22 bytes per record, 4,400 in all, and no Release CO. It is sent to versions below 102
+ * and received from version 100. The long layout has 23 bytes per record, 4,600 in all. It is sent to
+ * versions from 102 on but received from 101 on. Only the long layout has "*" as 3B and "#" as 3C. A missing
+ * Send Number is sent as 0, "F" as 255.
  */
 void EncodeRouteMapDigit22(const IniText& project, ImageWriter& image);
 void EncodeRouteMapDigit23(const IniText& project, ImageWriter& image);
-/** Rows come back with three or four fields; one without any value is removed. Bytes 0 between digits close
- * up. In the long layout 3B and 3C are always "*" and "#", though ";" and "<" are sent by the same bytes. */
+/** Rows are stored with three or four fields; a row without any value is removed. Bytes of 0 between digits
+ * are dropped. In the long layout 3B and 3C always become "*" and "#", although ";" and "<" are sent as the
+ * same bytes. */
 void DecodeRouteMapDigit22(const ImageReader& image, IniEdit& project);
 void DecodeRouteMapDigit23(const ImageReader& image, IniEdit& project);
 
 /** Section 43, from version 107: the time limit of each row, 200 bytes. 255 for an unused row, 0 for a row
- * without a limit of its own; "255" is no limit and goes out as 255 too. */
+ * without a limit of its own; "255" means no limit and is sent as 255 too. */
 void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image);
-/** Adds a field to each row that section 8 left; a row that it removed stays away. */
+/** Adds the limit to each row that section 8 stored. Rows that it removed are not created again. */
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -9,7 +9,7 @@
 
 namespace tarvok::sections {
 
-/** The way to the other exchanges of a network: one's own number, a gateway, and 16 destinations. */
+/** Links to the other exchanges of a network: the exchange's own number, a gateway, and 16 destinations. */
 inline constexpr int kLinkRows = 16;
 
 namespace tbl_route {
@@ -24,16 +24,16 @@ extern const Table kTable;
 }  // namespace tbl_route
 
 /**
- * Section 37: 18 bytes. It has a send of its own, and every load from version 101 on asks for it.
+ * Section 37: 18 bytes. It is sent on its own; every load from version 101 on requests it.
  *
  *  0 PBX ID    1 Gateway, a stored "0" or one above 255 is 1    2 16 destinations: device high, card low
  *
- * A missing destination is 10 hexadecimal, but "F|F" is 0, so that opening and saving the table changes it. A
- * card or device that does not fit into its half of the byte is an error.
+ * A missing destination is sent as 10 hexadecimal, but "F|F" as 0, so opening and saving the table changes
+ * what is sent. A card or device that does not fit in its four bits is an error.
  */
 void EncodeTblRoute(const IniText& project, ImageWriter& image);
-/** A number from 15 on, or a gateway from 16 on, loads as "0". Halves above 9 come back as letters, which
- * count 0 when they are sent again. */
+/** A PBX ID of 15 or more and a gateway of 16 or more become "0". A card or device above 9 becomes a letter,
+ * which counts as 0 when it is sent again. */
 void DecodeTblRoute(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

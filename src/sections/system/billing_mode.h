@@ -11,7 +11,7 @@ namespace tarvok::sections {
 
 namespace billing_mode {
 
-/** Fields of how calls are charged, from 1. */
+/** Fields of the billing mode, from 1. */
 enum FieldNumber : int {
   kLocalCode = 1,
   kSaveIntercom,
@@ -41,13 +41,13 @@ enum FieldNumber : int {
 };
 
 extern const Table kTable;
-/** The country by which the local code is told; one key with its number. */
+/** One key with the number of the country, which decides what the local code means. */
 extern const Table kCountry;
 
 }  // namespace billing_mode
 
 /**
- * Section 3: 40 bytes. Form 1 goes to versions below 106, form 2 to 106 alone, form 3 to those above. An
+ * Section 3: 40 bytes. Form 1 is for versions below 106, form 2 for 106 only, form 3 for those above. An
  * empty key is 40 bytes of 255.
  *
  *   0 Local Code, 16 bits              15 Incoming Rate x 100        27 Print Mini Bar (2, 3)
@@ -56,17 +56,18 @@ extern const Table kCountry;
  *  12 three charges                    21 five times                 31 nine bytes of 0
  *                                      26 country
  *
- * Form 3 has Time Expand and Charge Expand at 19, a byte each. Amounts times 100 are 16 bits. What stands
- * behind 26 is 0 in the forms that do not hold it.
+ * Form 3 has Time Expand and Charge Expand at 19, one byte each. Amounts times 100 are 16 bits. Bytes after
+ * 26 that a form does not use are 0.
  *
- * The rates, the area percent and the 16-bit Charge Expand go out as 0 from 655.35 on; the three percents are
- * errors above it. Fields 16 and 17 never travel, field 14 only in form 3. A byte that is "F" is 255.
+ * The rates, the area percent and the 16-bit Charge Expand are sent as 0 from 655.35 up; the three percents
+ * are errors above it. Fields 16 and 17 are never sent, field 14 only in form 3. A one-byte field that is "F"
+ * is sent as 255.
  */
 void EncodeBilling1(const IniText& project, ImageWriter& image);
 void EncodeBilling2(const IniText& project, ImageWriter& image);
 void EncodeBilling3(const IniText& project, ImageWriter& image);
-/** 25 fields always, "0" for those that the form does not hold. An amount of 255, 255 is "655.35"; only the
- * local code and bytes can be "F". The country's number is written as it is, also 255. */
+/** Always stores 25 fields, "0" for those that the form does not have. An amount of 255, 255 is "655.35";
+ * only the local code and one-byte fields can be "F". The country number is stored as received, even 255. */
 void DecodeBilling1(const ImageReader& image, IniEdit& project);
 void DecodeBilling2(const ImageReader& image, IniEdit& project);
 void DecodeBilling3(const ImageReader& image, IniEdit& project);

@@ -11,7 +11,7 @@ namespace tarvok::sections {
 
 namespace pabx_mode {
 
-/** Fields of the switches that govern the exchange as a whole, from 1. */
+/** Fields of the settings of the exchange as a whole, from 1. */
 enum FieldNumber : int {
   kPrintCallRecord = 1,
   kCheckCredit,
@@ -40,8 +40,8 @@ extern const Table kTable;
 }  // namespace pabx_mode
 
 /**
- * Section 2, every version: 20 bytes. Fields do not stand in their order. An empty key is 11 bytes of 0 and
- * nine of 255.
+ * Section 2, every version: 20 bytes. The fields are not in order. An empty key is 11 bytes of 0 and nine
+ * of 255.
  *
  *  0 0                    5 Auto / Manual         10 Trunk to trunk limit     15 Print wakeup call
  *  1 Print call record    6 Warning tone          11 VM check map digit       16 transfer port -1, 16 bits
@@ -49,10 +49,10 @@ extern const Table kTable;
  *  3 Day or night         8 Power revision        13 On CO when "X"           19 Use intrusion tone
  *  4 Check bad CO         9 Record last person    14 busy transfer: 0 off, 1 message, 2 number
  *
- * "F" goes out as 0 in bytes 1 to 10. Check Duplicate Record has no place here.
+ * "F" is sent as 0 in bytes 1 to 10. Check Duplicate Record is not sent.
  */
 void EncodePabxMode(const IniText& project, ImageWriter& image);
-/** Byte 8 fills two fields: Power Revision as a flag, and Check Duplicate Record with its value. */
+/** Byte 8 sets two fields: Check Duplicate Record to its value, and Power Revision to "1" or "0". */
 void DecodePabxMode(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections

@@ -6,7 +6,7 @@
 
 namespace tarvok::sections {
 
-/** The project section whose keys hold what belongs to the exchange as a whole. */
+/** The project section with the settings of the exchange as a whole. */
 inline constexpr std::string_view kSystemConfig = "SystemConfig";
 
 }  // namespace tarvok::sections

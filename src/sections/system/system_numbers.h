@@ -11,7 +11,7 @@ namespace tarvok::sections {
 
 namespace system_numbers {
 
-/** Tables of one key that holds one value. */
+/** Tables with one key and one value each. */
 extern const Table kVoiceMail;
 extern const Table kRecord;
 extern const Table kMusicCard;
@@ -20,14 +20,14 @@ extern const Table kMusicPort;
 }  // namespace system_numbers
 
 /** Section 21, every version (voice mail), and section 46, from version 109 (record): 3 bytes of packed
- * digits, 0 for an empty key. "*" and "#" have no code here. */
+ * digits, 0 for an empty key. "*" and "#" cannot be encoded. */
 void EncodeVMNumber(const IniText& project, ImageWriter& image);
 void EncodeRecordNumber(const IniText& project, ImageWriter& image);
-/** No byte is skipped: a byte 0 ends the number. Nothing but zeros leaves the key empty. */
+/** No byte is skipped; a byte 0 ends the number. Three bytes of 0 leave the key empty. */
 void DecodeVMNumber(const ImageReader& image, IniEdit& project);
 void DecodeRecordNumber(const ImageReader& image, IniEdit& project);
 
-/** Section 40, from version 104: 2 bytes, card and port of the music source, not minus 1; 255 is not set. */
+/** Section 40, from version 104: 2 bytes, the card and port of the music source as they are; 255 is unset. */
 void EncodeCardPortVM(const IniText& project, ImageWriter& image);
 void DecodeCardPortVM(const ImageReader& image, IniEdit& project);
 

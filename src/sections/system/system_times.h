@@ -16,12 +16,12 @@ inline constexpr int kHolidayRows = 50;
 
 namespace system_times {
 
-/** Fields of a weekday, four digits each: hour and minute at which the day and the night begin. */
+/** Fields of a weekday: when the day and the night begin, two digits each for hour and minute. */
 enum WeekdayField : int { kDayTime = 1, kNightTime };
 /** Fields of a holiday, two digits each. */
 enum HolidayField : int { kMonth = 1, kDay };
 
-/** One table for each weekday's key, Sunday first, as on the wire. */
+/** One table per weekday, Sunday first, as on the wire. */
 extern const std::array<Table, kWeekdays> kWeekdayTables;
 extern const Table kHolidays;
 
@@ -32,23 +32,23 @@ extern const Table kHolidays;
  *
  *  0  0, 0     2  seven pairs from Sunday to Saturday: hour, minute
  *
- * The decimal digits go out as hexadecimal ones: 17:30 is 0x17, 0x30. The hour is the first two characters of
- * the time, the minute the last two, whatever its length. A time that is not there is 0, 0; "F" is 255, 255.
+ * The decimal digits are sent as hexadecimal ones: 17:30 is 0x17, 0x30. The hour is the first two characters
+ * of the time, the minute the last two, whatever its length. A missing time is 0, 0; "F" is 255, 255.
  */
 void EncodeDayTime(const IniText& project, ImageWriter& image);
 void EncodeNightTime(const IniText& project, ImageWriter& image);
-/** Leaves each weekday with its day time alone. */
+/** Stores only the day time of each weekday and drops its night time. */
 void DecodeDayTime(const ImageReader& image, IniEdit& project);
-/** Adds the night times to the day times that the project holds by then, "0000" where it holds none. */
+/** Adds the night times to the day times already in the project. A missing day time becomes "0000". */
 void DecodeNightTime(const ImageReader& image, IniEdit& project);
 
 /**
- * Section 26, every version: 50 records of 2 bytes, 100 bytes: day, month; the project holds them the other
- * way round. The digits go out as hexadecimal ones. A free place is 0, 0; a field "F" is 255.
+ * Section 26, every version: 50 records of 2 bytes, 100 bytes: day, month; the project has them the other
+ * way round. The digits are sent as hexadecimal ones. An empty row is 0, 0; a field "F" is 255.
  */
 void EncodeWeekend(const IniText& project, ImageWriter& image);
-/** Reads the bytes as decimal numbers, so that month 12 comes back as "18": that is how exchanges in the
- * field are served, and neither direction may be put right alone. A place of 0, 0 or 255, 255 is emptied. */
+/** Reads the bytes as decimal numbers, so month 12 comes back as "18". Exchanges in the field rely on this;
+ * do not correct one direction alone. A record of 0, 0 or 255, 255 empties its row. */
 void DecodeWeekend(const ImageReader& image, IniEdit& project);
 
 }  // namespace tarvok::sections
