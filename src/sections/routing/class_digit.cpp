@@ -11,7 +11,7 @@ namespace tarvok::sections {
 namespace class_digit {
 namespace {
 
-/** A number has no limit of its own, only what a value of the project can hold. */
+/** A number has no limit of its own; only the size of a project value limits it. */
 constexpr int kMostDigits = static_cast<int>(kMaxIniValue);
 constexpr Field kBanFields[] = {Digits("Ban Number", kMostDigits, "*#")};
 constexpr int kMostNumbers = 20;
@@ -41,8 +41,8 @@ namespace {
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
 
-/** Calls `take` with each piece of the list, empty ones too. A list without a pipe is one piece, an empty one
- * none. */
+/** Calls `take` with each piece of the list, including empty ones. A list without a pipe is one piece; an
+ * empty list has none. */
 template <typename Take>
 void ForEachPiece(std::string_view list, Take take) {
   if (list.empty()) return;
@@ -54,8 +54,8 @@ void ForEachPiece(std::string_view list, Take take) {
   take(list.substr(start));
 }
 
-/** Packs one number. "F" is a digit code here like the other letters, not a number that is not set; the value
- * writer, which would take it so, only tells the error. */
+/** Packs one number. "F" is a digit code here like the other letters. ValueWriter would take it as unset,
+ * so it is used only to report the error. */
 void EncodeNumber(ImageWriter& image, const Table& table, std::string_view key, std::string_view digits,
                   int at, int bytes) {
   if (image.Digits(at, bytes, digits, DialSymbols::kDigitsStarHash)) return;
@@ -79,8 +79,8 @@ void EncodeLists(const IniText& project, const Table& table, ImageWriter& image)
   }
 }
 
-/** The list of a class: the pool from `next` up to `end`. Padding is cut off while "0" is still the code A, so
- * the zeros of a number survive. A number that the end of the class leaves open ends there. */
+/** Decodes the list of a class: the pool from `next` up to `end`. Padding is cut off while the digit 0 is
+ * still the code A, so the zeros of a number survive. A number without its byte 0 ends with the class. */
 void DecodeList(const ImageReader& image, int& next, int end, std::string& codes) {
   codes.clear();
   for (; next < end; ++next) {

@@ -46,7 +46,7 @@ constexpr int kRouteDigit = 0xB000;
 constexpr int kNotExist = 0xC000;
 constexpr int kAutoAnswer = 0xD000;
 
-/** The number row or the list -1 in its range, which ends in front of `limit`. */
+/** Writes the number row or list -1 into the range from `base` up to, but not including, `limit`. */
 void EncodeMapNumber(RecordWriter& row, int base, int limit) {
   const std::int64_t number = row.Value(kMapNumber);
   if (number > limit - base) {
@@ -78,7 +78,7 @@ std::string WordText(int word) {
   return word == kUnsetWord ? std::string(kUnset) : std::to_string(word);
 }
 
-/** Map Type and Map Number, tested from the top down. */
+/** Map Type and Map Number for a target. */
 std::string TargetText(int word) {
   if (word == kUnsetWord) return "F|F";
   if (word >= kAutoAnswer) return "4|F";

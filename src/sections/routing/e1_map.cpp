@@ -23,7 +23,7 @@ constexpr Field kFields[] = {
     OneOf("Mode", kModeChoices),
 };
 
-/** An unused link as a load and as the editor writes it; neither removes the key. */
+/** An unused link as written by a load and by the editor; neither removes the key. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|0"};
 constexpr int kNeeds[] = {kStart, kEnd};
 
@@ -60,7 +60,7 @@ std::string ModeText(const ImageReader& record) {
   }
 }
 
-/** The port row that a field names, "" if there is none. */
+/** Returns the row of port `number`, or "" if there is none. */
 std::string_view PortOf(const IniText& project, std::int64_t number) {
   if (number < 1 || number > kPortRows) return {};
   return RowValue(project, port_def::kTable, static_cast<int>(number));
@@ -74,7 +74,7 @@ void EncodeLink(const IniText& project, ImageWriter& image, int link) {
     row.Fill(0, kRecord, kUnsetByte);
     return;
   }
-  // The ports' own rows are read here, so an error in one names it and not the link.
+  // These writers read the ports' own rows, so an error names the port and not the link.
   const Table& ports = port_def::kTable;
   RecordWriter start(image, at, ports, row.Get(kStart), PortOf(project, row.Value(kStart)));
   RecordWriter end(image, at, ports, row.Get(kEnd), PortOf(project, row.Value(kEnd)));
@@ -84,7 +84,7 @@ void EncodeLink(const IniText& project, ImageWriter& image, int link) {
   row.Byte(3, ModeByte(row.Get(kMode)));
 }
 
-/** "card/channel" of each E1 port by row from 1, "" for all others. */
+/** Returns "card/channel" of each E1 port, indexed by row number; "" for all other rows. */
 std::vector<std::string> E1Ports(const IniEdit& project) {
   const Table& table = port_def::kTable;
   const auto rows = std::clamp<std::int64_t>(Val(project.Get(table.section, kMaxKey)), 0, kPortRows);

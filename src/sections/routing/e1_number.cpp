@@ -15,7 +15,7 @@ constexpr Field kFields[] = {
     Number("Digit Check", 0, 99),
 };
 
-/** An unused row as a load and the editor write it; neither removes the key. */
+/** An unused row as written by a load and by the editor; neither removes the key. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F"};
 
 }  // namespace

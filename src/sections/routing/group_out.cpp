@@ -10,7 +10,7 @@ namespace tarvok::sections {
 namespace group_out {
 namespace {
 
-/** The card types that are lines: TRUNK, E & M and E1. */
+/** The card types with outside lines: TRUNK, E & M and E1. */
 constexpr std::string_view kLineTypes[] = {"2", "5", "6", "9", "10", "11"};
 constexpr Field kFields[] = {RowOf("Member", port_def::kTable, 3).Only({port_def::kType, kLineTypes})};
 constexpr std::string_view kMaxMembersKey = "Max_Group_Out";

@@ -12,12 +12,12 @@ namespace {
 
 constexpr Choice kTargets[] = {{kDidTarget, "DID"}, {"2000", "Map_Digit"}, {"3000", "Wait_Comp"}};
 
-/** A number row, or one of the targets that have a name of their own. */
+/** A number row or one of the special targets. */
 constexpr Field Destination(std::string_view name) {
   return RowOf(name, assign::kTable, 3).Named(kTargets);
 }
 
-/** The name has no limit of its own, only what a value of the project can hold. */
+/** The name has no limit of its own; only the size of a project value limits it. */
 constexpr Field kFields[] = {
     Text("Name", static_cast<int>(kMaxIniValue)),
     Destination("Num1"),

@@ -27,7 +27,7 @@ constexpr Field kFields[] = {
     Digits("Type Save", kTextBytes, "*#AENPX"),
 };
 
-/** What the editor numbers through: 50 lists of 40 routes. */
+/** The last row that the editor can write: 50 lists of 40 routes. */
 constexpr int kMostRoutes = 2000;
 constexpr std::string_view kEmptyRows[] = {"F|F|0|F|F|F|F|F|F"};
 
@@ -43,7 +43,7 @@ namespace {
 
 constexpr int kRecord = 49;
 
-/** The first two characters and the last two, each pair read as hexadecimal. */
+/** Writes the first two and the last two characters, each pair read as hexadecimal. */
 void EncodeTime(RecordWriter& row, int at, int field) {
   if (!row.IsSet(field)) {
     row.Fill(at, 2, kUnsetByte);

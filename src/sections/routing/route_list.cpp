@@ -10,7 +10,7 @@ namespace tarvok::sections {
 namespace route_list {
 namespace {
 
-/** The editor numbers 50 lists of 40 routes through, although only the first 200 routes travel. */
+/** The editor has 50 lists of 40 routes, although only the first 200 routes are sent. */
 constexpr Field kFields[] = {Number("End", 0, 2001)};
 
 }  // namespace

@@ -25,11 +25,11 @@ constexpr Field kFields[] = {
     Number("Timeout", 1, 254).Named(kTimeoutChoices).UnsetAs("0"),
 };
 
-/** Rows of nothing as the two loads and the editor spell them. The editor keeps the last one, which makes a
- * difference in section 43 alone. */
+/** Unused rows as the two layouts and the editor write them. The editor keeps the last one, which matters
+ * only in section 43. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|F|F", "F|F|F|F|F", "F|F|F|F|0"};
 constexpr Mark kMarks[] = {{kDigit, ""}};
-constexpr int kFieldsOfALoad = 3;  // of one in the short layout
+constexpr int kFieldsInShortLayout = 3;
 
 }  // namespace
 
@@ -38,7 +38,7 @@ const Table kTable = {.section = "Route_Map_Digit",
                       .rows = {1, kRouteMapRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,
-                      .fewest_fields = kFieldsOfALoad,
+                      .fewest_fields = kFieldsInShortLayout,
                       .marks = kMarks};
 
 namespace {
@@ -49,7 +49,7 @@ constexpr int kExtensionByte = 101;
 constexpr char kStarByte = 0x3B;
 constexpr char kHashByte = 0x3C;
 
-/** What both layouts share, the pattern given as it travels. */
+/** Writes the fields that both layouts have. `pattern` is the digits as sent. */
 void EncodeRow(RecordWriter& row, std::string_view pattern) {
   row.Text(0, kMostDigits, pattern);
   row.Plain(20, kSendNumber, row.Get(kSendNumber) == kUnset ? kUnsetByte : 0);

@@ -11,9 +11,9 @@ namespace tbl_route {
 namespace {
 
 constexpr Field kPidFields[] = {Number("PBX ID", 0, 14)};
-/** 0 is not set: it stands in a loaded file. */
+/** 0 means unset; a load writes it. */
 constexpr Field kGatewayFields[] = {Number("Gateway", 1, 15).UnsetAs("0")};
-/** Card 0 is no card: a load writes it for a destination that is not there. */
+/** Card 0 means no card; a load writes it for a missing destination. */
 constexpr Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"), Number("Device", 0, 1).UnsetAs("0")};
 
 }  // namespace

@@ -16,7 +16,7 @@ constexpr Field Columns(std::string_view name, int low) {
 constexpr Field kLowFields[] = {Columns("Columns 16 to 1", 1)};
 constexpr Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1)};
 
-/** The rows behind `base`. */
+/** The table whose rows start at `base` + 1. */
 constexpr Table HalfOf(std::string_view name, int base, std::span<const Field> fields) {
   return {.section = "Tenan",
           .row_name = name,
@@ -36,7 +36,7 @@ namespace {
 constexpr int kMask = 2;
 constexpr std::string_view kTooWide = "has more than 16 columns";
 
-/** The 16 bits of row `row` of the matrix, from 1, at `at`. */
+/** Writes the 16 bits of matrix row `row`, from 1, at offset `at`. A missing row is written as `missing`. */
 void EncodeMask(const IniText& project, const Table& table, int row, int missing, ImageWriter& image,
                 int at) {
   const int number = table.rows.first + row - 1;
@@ -61,7 +61,8 @@ void StoreTenants(IniEdit& project, int count) {
   project.Set(kDayTable.section, kMaxKey, std::to_string(count));
 }
 
-/** Where row `row` of a half stands in a layout of `rows` rows of `masks` times 16 bits. */
+/** Offset of row `row` in the day half (0) or night half (1). A half has `rows` rows of `masks` times 16
+ * bits. */
 int PlaceOf(int half, int row, int rows, int masks) {
   return (half * rows + row - 1) * masks * kMask;
 }

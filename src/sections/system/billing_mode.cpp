@@ -14,7 +14,7 @@ constexpr Field Amount(std::string_view name, int high_hundredths) {
   return {name, FieldKind::kAmount, 0, high_hundredths};
 }
 
-constexpr int kMostPercent = 65535;  // hundredths, as those below
+constexpr int kMostPercent = 65535;  // in hundredths, like kMostRate
 constexpr int kMostRate = 65500;
 constexpr int kMost = 254;
 
@@ -59,14 +59,14 @@ namespace {
 constexpr int kForm1 = 1;
 constexpr int kForm2 = 2;
 constexpr int kForm3 = 3;
-constexpr int kTooMuch = 65535;  // hundredths, from which on some amounts go out as 0
+constexpr int kTooMuch = 65535;  // in hundredths; some amounts are sent as 0 from here up
 
-/** Puts a field's amount times 100 as 16 bits. */
+/** Writes a field's amount times 100 as 16 bits. */
 void PutAmount(RecordWriter& billing, int at, int field) {
   billing.CheckedWord(at, field, ValHundredths(billing.Get(field)));
 }
 
-/** The same, but what 16 bits can't hold goes out as 0. */
+/** Like PutAmount, but leaves the 16 bits 0 from kTooMuch up. */
 void PutCappedAmount(RecordWriter& billing, int at, int field) {
   if (ValHundredths(billing.Get(field)) < kTooMuch) PutAmount(billing, at, field);
 }
@@ -109,7 +109,7 @@ void EncodeBilling(const IniText& project, ImageWriter& image, int form) {
   billing.Plain(30, kExpandAll, kUnsetByte);
 }
 
-/** An amount's high byte of 255 is a value like any other: 655.00 is 65,500. */
+/** An amount whose high byte is 255 is not unset: 655.00 is 65,500. */
 std::string AmountAt(const ImageReader& image, int at) {
   return FormatHundredths(image.RawWord(at));
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
 
-/** Rows without data: as the editor writes them, with a closing pipe, and as an exchange tells them. */
+/** Rows without data: as the editor writes them, with a trailing pipe, and as received from an exchange. */
 constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
 constexpr Mark kMarks[] = {{kName, ""}};
 
@@ -45,7 +45,7 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project) {
   using namespace mini_bar;
   RowText row;
-  // Each of these would end the field or the row, or be cut off its front.
+  // Each of these would end the field or the row, or be trimmed from its start.
   row.AddCharacters({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, "|\t\r\n");
   row.Add(price >= kUnsetPrice ? std::string(kUnset) : std::to_string(price));
   StoreRow(project, kTable, number, row.str());

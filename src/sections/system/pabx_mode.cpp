@@ -45,7 +45,7 @@ const Table kTable = {.section = kSystemConfig, .row_name = "PABX Mode", .key = 
 
 namespace {
 
-// What byte 14 says about a DID call that finds its number busy.
+// Byte 14: where a DID call to a busy number is transferred.
 constexpr int kToMessage = 1;
 constexpr int kToNumber = 2;
 
@@ -76,7 +76,7 @@ void EncodeMode(RecordWriter& mode) {
   mode.Byte(19, mode.Value(kIntrusionTone) == 1 ? 1 : 0);
 }
 
-/** The last fields that byte 14 decides: what a busy call goes to, and the number. */
+/** The fields that byte 14 decides: whether a call to a busy number is transferred, and where to. */
 struct BusyTransfer {
   std::string on;
   std::string target;

@@ -32,7 +32,7 @@ const Table kHolidays = {.section = kSystemConfig,
 
 namespace {
 
-constexpr int kPairs = 2;  // where the first weekday stands
+constexpr int kPairs = 2;  // offset of the first weekday
 constexpr int kPair = 2;
 
 void EncodeTimes(const IniText& project, ImageWriter& image, int field) {
