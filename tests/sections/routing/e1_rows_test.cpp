@@ -1,4 +1,4 @@
-// E1 links, their numbers, and what a number from outside goes to.
+// E1 links, their numbers, and the targets of DID numbers.
 
 #include "sections/routing/did_redirect.h"
 #include "sections/routing/e1_map.h"
@@ -13,7 +13,7 @@ constexpr const char* kPorts =
     "[Port_Def]\nMax=500\n001=5|1|6\n002=5|2|6\n030=5|30|6|F|\n031=6|1|2\n032=7|F|6\n500=16|60|6\n";
 const Place kLink = {EncodeE1Map, DecodeE1Map, "E1Map", "02", 40, 4, kPorts};
 
-TEST(E1Map, LinksAndRecordsAgainstThePorts) {
+TEST(E1Map, EncodesAndDecodesLinksByPort) {
   ExpectCoded(kLink, {{"", "FF FF FF FF", kOut},
                       {"F|F|0", "FF FF FF FF", kOut},
                       {"001|F|1", "FF FF FF FF", kOut},
@@ -24,11 +24,11 @@ TEST(E1Map, LinksAndRecordsAgainstThePorts) {
                       {"500|500|3", "0F 3B 3B 11"},
                       {"001|002|F", "04 00 01 00", kOut},
                       {"002|002|F", "04 01 01 FF", kBack},
-                      // The ports' type is not asked. A port without card or channel, or none at all, is 255.
+                      // The type of the port does not matter. A missing port, card or channel is 255.
                       {"031|032|7", "05 00 FF 00", kOut},
                       {"032|499|1", "06 FF FF 01", kOut},
                       {"999|0|1", "FF FF FF 01", kOut},
-                      // Not an E1 port, or on no card of the project.
+                      // Not an E1 port, or not in the project.
                       {"F|F|1", "05 00 00 01", kBack},
                       {"F|001|2", "04 05 00 02", kBack},
                       {"001|F|5", "04 00 FF 05", kBack},
@@ -36,18 +36,18 @@ TEST(E1Map, LinksAndRecordsAgainstThePorts) {
                       {"F|F|F", "00 FF 00 01", kBack}});
   EXPECT_EQ(Encoded(EncodeE1Map, 40, "[Port_Def]\n001=257|1|6\n[E1Map]\n01=001|001|0").error(),
             "section Port_Def, row 001, field Card: value 257" + kTooLarge);
-  // "Max" of the ports bounds the search.
+  // The search ends at the "Max" of the ports.
   Place bounded = kLink;
   bounded.project = "[Port_Def]\nMax=1\n001=5|1|6\n002=5|2|6\n";
   ExpectCoded(bounded, {{"001|F|0", "04 00 01 00", kBack}});
   ExpectKeys(Decoded(DecodeE1Map, Hex("FF*40")), "[E1Map]\n10=F|F|F\nNow=10\n");
 }
 
-TEST(E1Number, RowsAndRecords) {
+TEST(E1Number, EncodesAndDecodesRows) {
   ExpectCoded({EncodeE1Number, DecodeE1Number, "E1Number", "20", 240, 228},
               {{"", "00*10 FF FF", kOut},
                {"F|F|F", "00*10 FF FF"},
-               // Out as hexadecimal, back in decimal.
+               // Encoded as hexadecimal, decoded as decimal.
                {"01|12*|12", "12 B0 00*8 12 00", kOut},
                {"1|12*|18", "12 B0 00*8 12 00", kBack},
                {"10|01234567890123456789#|99", "A1 23 45 67 89 A1 23 45 67 89 99 09", kOut},
@@ -62,7 +62,7 @@ TEST(E1Number, RowsAndRecords) {
   EXPECT_EQ(Decoded(DecodeE1Number, {}).Get("E1Number", "Max"), "20");
 }
 
-TEST(DidRedirect, RowsAndRecords) {
+TEST(DidRedirect, EncodesAndDecodesRows) {
   ExpectCoded({EncodeDIDRedirect, DecodeDIDRedirect, "DIDRedirect", "400", 2800, 399 * 7},
               {{"", "FF*7"},
                {"F|F|F|F|F", "FF*7", kOut},
@@ -79,7 +79,7 @@ TEST(DidRedirect, RowsAndRecords) {
                {"10|65279|F|4|F", "FF FE FF FF 09 FF FE", kBack},
                {"1|0|0|0|001", "00*7"},
                {"", "05 FF 00 FF FF 05 FF", kBack},
-               // A number or list that is not there.
+               // A missing number or list.
                {"1|1|1|0|F", "01 00 01 00 00 FF FF", kOut},
                {"1|1|1|1|0", "01 00 01 00 00 FF FF", kOut},
                {"1|1|1|1", "01 00 01 00 00 FF FF", kOut},

@@ -1,4 +1,4 @@
-// The sections of routes whose rows have a record each.
+// Routing sections with one record per row.
 
 #include "sections/routing/incoming_list.h"
 #include "sections/routing/route.h"
@@ -11,8 +11,8 @@
 namespace tarvok::test {
 namespace {
 
-TEST(RouteList, EndsBothWays) {
-  // Back, a high byte of 255 alone is an end like any other.
+TEST(RouteList, EncodesAndDecodesEnds) {
+  // When decoding, a high byte of 255 alone does not mean unset.
   ExpectCoded({EncodeRouteList, DecodeRouteList, "Route_List", "50", 100, 98},
               {{"", "00 00", kOut},
                {"0", "00 00", kOut},
@@ -28,7 +28,7 @@ TEST(RouteList, EndsBothWays) {
   EXPECT_EQ(Decoded(DecodeRouteList, {}).Get("Route_List", "Max"), "50");
 }
 
-TEST(Route, RowsAndRecords) {
+TEST(Route, EncodesAndDecodesRows) {
   ExpectCoded(
       {EncodeRoute, DecodeRoute, "Route", "008", 9800, 7 * 49},
       {{"", "FF*9 00*40"},
@@ -40,10 +40,10 @@ TEST(Route, RowsAndRecords) {
        // In a time of three digits the pairs overlap; one digit is both pairs.
        {"0|F|F|A|1F|830|7", "FF FF FF 0A 1F 83 30 07 07 00*40", kOut},
        {"02", "01 FF*8 00*40", kOut},
-       // Without a group nothing else counts.
+       // A row without a group is removed.
        {"", "FF 01 02 03 04 05 06 07 08 31*40", kBack},
        {"32|F|0|F|F|F|F|1|;1", "1F FF FF FF FF FF 30 08 FF 20 00 31 20 00*16 00 3B 00 31 00*16", kBack},
-       // What would cut the row or shift its fields does not come in.
+       // Characters that would end the row or shift its fields are dropped.
        {"01|0|1|0|0|0000|0000|12|F", "00*9 0D 31 7C 0A 32 09 20 00*13 7C 1F 20 00*17", kBack},
        {"01|4|8|A|31|0A0B|0000|F|F", "00 04 07 0A 31 0A 0B 00 00 00*40"},
        {"01|0|1|0|0|0000|0000|F|F", "00*49"},
@@ -53,7 +53,7 @@ TEST(Route, RowsAndRecords) {
 
 constexpr const char* kSection = "Route_Map_Digit";
 
-TEST(RouteMapDigit, RowsAndRecordsInThreeForms) {
+TEST(RouteMapDigit, EncodesAndDecodesEachLayout) {
   const std::string twenty = "31 32 33 34 35 36 37 38 39 30 31 32 33 34 35 36 37 38 39 30";
   ExpectCoded({EncodeRouteMapDigit22, DecodeRouteMapDigit22, kSection, "200", 4400, 199 * 22},
               {{"", "00*20 FF FF"},
@@ -76,14 +76,14 @@ TEST(RouteMapDigit, RowsAndRecordsInThreeForms) {
                {"9NX:;<|0|101|0|255", "39 4E 58 3A 3B 3C 00*14 00 65 00", kOut},
                {"F|1|x|x|F", "00*20 01 FF 00", kOut},
                {"1|F|50", "31 00*19 FF 31 FF", kOut},
-               // A gap between digits closes up, blanks at the ends go.
+               // Gaps between digits are closed and blanks at the ends are dropped.
                {"12|F|50|F", "00 20 31 00 32 20 00*14 FF 31 FF", kBack},
                {"", "20*20 FF FF FF", kBack},
                {"*1#|F|50|F", "7C 3B 0D 31 0A 7C 3C 00*13 FF 31 FF", kBack},
                {"F|F|F|0", "00*20 FF FF 00"},
                {"F|2|255|254", "00*20 02 FE FE"},
                {"1|1|1|-1", "Release CO: value -1" + kNegative}});
-  // Rows without a limit are 0, unused ones 255; an old exchange leaves three fields.
+  // Rows without a limit are 0, unused rows 255. An old exchange gives three fields.
   ExpectCoded({EncodeRouteTimeLimit, DecodeRouteTimeLimit, kSection, "200", 200, 199},
               {{"", "FF", kOut},
                {"F|F|F|F|0", "00", kOut},
@@ -94,13 +94,13 @@ TEST(RouteMapDigit, RowsAndRecordsInThreeForms) {
   EXPECT_EQ(Decoded(DecodeRouteMapDigit23, {}).Get(kSection, "Max"), "200");
 }
 
-TEST(RouteMapDigit, TimeLimitsGoToTheRowsThatAreThere) {
+TEST(RouteMapDigit, AddsTimeLimitsToExistingRowsOnly) {
   const IniText project = Decoded(DecodeRouteTimeLimit, Hex("00 FF 07"),
                                   "[Route_Map_Digit]\n001=1|F|F|F\n002=2|F|F|F\n004=4|F|F|F");
   ExpectKeys(project, "[Route_Map_Digit]\n001=1|F|F|F|0\n002=2|F|F|F|255\n-003\n004=4|F|F|F|0\n-200\n");
 }
 
-TEST(IncomingList, RowsAndRecords) {
+TEST(IncomingList, EncodesAndDecodesRows) {
   ExpectCoded({EncodeIncomingList, DecodeIncomingList, "Incoming_List", "07", 350, 42},
               {{"", "FF*7"},
                {"Reception|F|F|F|F", "FF*7", kOut},
@@ -112,13 +112,13 @@ TEST(IncomingList, RowsAndRecords) {
                {"A|x|-1", "FF*7", kOut},
                {"F|F|F|F|5", "FF*6 05"},
                {"Incom7|1000|2000|3000|254", "01 A0 01 B0 00 E0 FE", kBack},
-               // A high byte of 255 alone is a number like any other.
+               // A high byte of 255 alone does not mean unset.
                {"Incom7|1000|65535|65286|0", "E7 03 FE FF 05 FF 00", kBack},
                {"Incom7|001|001|001|0", "00*7"}});
   ExpectKeys(Decoded(DecodeIncomingList, Hex("FF*350")), "[Incoming_List]\nMax=50\nNow=50\n");
 }
 
-TEST(TblRoute, KeysAndBytes) {
+TEST(TblRoute, EncodesAndDecodesKeys) {
   EXPECT_EQ(Encoded(EncodeTblRoute, 18, "").bytes(), Hex("00 00 10*16"));
   ExpectCoded({EncodeTblRoute, DecodeTblRoute, "TblRoute", "PID", 18, 0},
               {{"", "00", kOut},
@@ -138,7 +138,7 @@ TEST(TblRoute, KeysAndBytes) {
                {"0", "00", kBack},
                {"0", "FF", kBack},
                {"-1", "Gateway: value -1" + kNegative}});
-  // Letters are a load's spelling of 10 to 15 and count 0. A card of 16 would become one of the device's bits.
+  // Loads write 10 to 15 as letters, which count as 0. A card of 16 would set a bit of the device.
   ExpectCoded({EncodeTblRoute, DecodeTblRoute, "TblRoute", "04", 18, 5},
               {{"", "10", kOut},
                {"F|F", "00", kOut},

@@ -16,7 +16,7 @@ void EncodeFirstItem(const IniText& project, ImageWriter& image) {
   EncodeMiniBarRecord(project, 1, image);
 }
 
-TEST(SystemKeys, Images) {
+TEST(SystemKeys, EncodesKeys) {
   const std::tuple<Encoder, int, std::string, std::string> cases[] = {
       {EncodeVMNumber, 3, "", "00*3"},
       {EncodeVMNumber, 3, "[SystemConfig]\nVMNum=1203\nRecNum=9", "12 A3 00"},
@@ -42,7 +42,7 @@ TEST(SystemKeys, Images) {
   for (const auto& [encode, size, project, image] : cases) ExpectImage(encode, size, project, 0, image);
 }
 
-TEST(SystemKeys, KeysOfAnImage) {
+TEST(SystemKeys, DecodesKeys) {
   const std::tuple<Decoder, std::string, std::string> cases[] = {
       {DecodeVMNumber, "12 A3 00", "[SystemConfig]\r\nVMNum=1203\r\n"},
       {DecodeVMNumber, "00*3", "[SystemConfig]\r\nVMNum=\r\n"},
@@ -59,7 +59,7 @@ TEST(SystemKeys, KeysOfAnImage) {
     EXPECT_EQ(Decoded(decode, Hex(image)).bytes(), keys) << image;
 }
 
-TEST(SystemKeys, MiniBarRecordsOfAnExchange) {
+TEST(SystemKeys, StoresReceivedMiniBarRecords) {
   const std::tuple<std::string, int, std::string> cases[] = {
       {"Cola", 0, "Cola|0"}, {"Cola", 65535, "Cola|F"},  {"", 5, "F|5"},   {"", 0, ""},
       {"", 65535, ""},       {" A|B\r\nC ", 5, "ABC|5"}, {"  ", 5, "F|5"}, {"|\t", 0, ""}};
@@ -71,12 +71,12 @@ TEST(SystemKeys, MiniBarRecordsOfAnExchange) {
   }
 }
 
-TEST(SystemTimes, ImageOfWeekdays) {
+TEST(SystemTimes, EncodesWeekdays) {
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {"", "00*16", "00*16"},
       {"Mon=0800|1730", "00*4 08 00 00*10", "00*4 17 30 00*10"},
       {"Sun=2359|0001\nSat=1200|1234", "00 00 23 59 00*10 12 00", "00 00 00 01 00*10 12 34"},
-      // Short times are taken as they come; one that is not there is 0, "F" is unset.
+      // Short times are read as they are; a missing one is 0, "F" is unset.
       {"Sun=800|2\nMon=0800\nTue=F|F", "00 00 80 00 08 00 FF FF 00*8", "00 00 02 02 00 00 FF FF 00*8"},
       {"Sun=zz9a|12:30", "00 00 00 9A 00*12", "00 00 12 30 00*12"},
   };
@@ -87,7 +87,7 @@ TEST(SystemTimes, ImageOfWeekdays) {
   }
 }
 
-TEST(SystemTimes, DayThenNightMerge) {
+TEST(SystemTimes, AddsNightTimesToDayTimes) {
   const IniText day =
       Decoded(DecodeDayTime, Hex("11 22 23 59 08 05 FF 0A 00*8"), "[SystemConfig]\nMon=0700|2200\nPbx=1\n");
   ExpectKeys(day, "[SystemConfig]\nSun=2359\nMon=0805\nTue=FF0A\nSat=0000\nPbx=1\n");
@@ -97,7 +97,7 @@ TEST(SystemTimes, DayThenNightMerge) {
   ExpectKeys(Decoded(DecodeNightTime, Hex("00 00 19"), both.bytes()), "[SystemConfig]\nSun=2359|1900\n");
 }
 
-TEST(SystemTimes, HolidaysGoOutHexadecimalAndComeBackDecimal) {
+TEST(SystemTimes, EncodesHolidaysAsHexadecimalAndDecodesThemAsDecimal) {
   ExpectCoded({EncodeWeekend, DecodeWeekend, "SystemConfig", "W50", 100, 98, "[SystemConfig]\nW51=1|1\n"},
               {{"", "00 00", kOut},
                {kEmpty, "00 00", kBack},
