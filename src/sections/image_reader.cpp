@@ -56,8 +56,7 @@ std::string ImageReader::RawPlusOneWord(int at, int width) const {
 }
 
 std::string ImageReader::Digits(int at, int count) const {
-  const std::string number =
-      UnpackDigits(Bytes(at, count), DialSymbols::kDigits, SkippedBytes::kZeroAnd255);
+  const std::string number = UnpackDigits(Bytes(at, count), DialSymbols::kDigits, SkippedBytes::kZeroAnd255);
   return number.empty() ? std::string(kUnset) : number;
 }
 

@@ -15,7 +15,8 @@ namespace tarvok::sessions {
 namespace {
 
 constexpr std::string_view kCannotSend = "Cannot send data (RE)";
-constexpr LogInWords kBillingWords = {.mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
+constexpr LogInWords kBillingWords = {
+    .mode = ExchangeMode::kBilling, .password_first = true, .lowest_version = 0};
 constexpr int kMostSectors = 256;  // the sector number is a byte
 
 /** A table's file; its index in the list is the table's number on the wire. */

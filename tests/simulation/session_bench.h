@@ -32,7 +32,7 @@ class RecordingView : public SessionView {
   std::vector<bool> answers;  // to the questions in order; Yes after the last
   std::vector<std::string> save_names;
   std::vector<std::string> passwords = {"1234"};  // by attempt, the last one repeated; "" cancels
-  std::function<void(PasswordForm&)> fill_form;  // what the user does besides typing the password
+  std::function<void(PasswordForm&)> fill_form;   // what the user does besides typing the password
   bool compare = false;
   bool busy = false;
 
