@@ -18,6 +18,9 @@ Result<std::shared_ptr<const IniText>> ProjectStore::Load(const std::string& fil
     return bytes.status();
   }
   cached.identity = identity;
+  // A file that was only touched, or is too recent to be trusted, keeps its text: callers that keep the
+  // pointer then know that nothing has changed.
+  if (cached.text != nullptr && cached.text->bytes() == bytes.value()) return cached.text;
   cached.text = std::make_shared<const IniText>(std::move(bytes).value());
   return cached.text;
 }

@@ -37,7 +37,7 @@ class ProjectStore {
 
   /**
    * The file as it is now, for reading many keys from one consistent state. Empty if the file is missing or
-   * unreadable.
+   * unreadable. As long as the file's bytes are the same, so is the pointer.
    */
   std::shared_ptr<const IniText> Snapshot(const std::string& file);
   /** Writes all changes that `change` makes at once. A file that exists but cannot be read is left alone. */

@@ -26,6 +26,10 @@ TEST(ProjectStore, SeesChangesByOthersAndParsesOnce) {
   const int reads = files.reads;
   EXPECT_EQ(store.GetIniValue(kHotel, "a", "k"), "1");
   EXPECT_EQ(files.reads, reads);
+  const auto text = store.Snapshot(kHotel);
+  ++files.files[kHotel].modified;
+  EXPECT_EQ(store.Snapshot(kHotel), text) << "a file that was only touched is still the same text";
+  EXPECT_EQ(files.reads, reads + 1);
   files.Put(kHotel, "[a]\nk=2\n");
   EXPECT_EQ(store.GetIniValue(kHotel, "a", "k"), "2");
   EXPECT_TRUE(store.SetIniValue(kHotel, "a", "j", "3").ok());
@@ -153,6 +157,8 @@ TEST_F(HistoryTest, ListsNewestFirstAndStoresEqualContentsOnce) {
   ASSERT_TRUE(Keep("a", "Before saving Setup Port", kNoon_s).ok());
   ASSERT_TRUE(Keep("b", "100 % ../\xE4", kNoon_s - 90'000).ok());  // the clock was set back meanwhile
   EXPECT_THAT(Kept(), ElementsAre("100 % ../\xE4@-90000:b", "Before saving Setup Port@0:a"));
+  const std::string folder = "/data/history/" + ProjectIdentity(files, kProject);
+  EXPECT_THAT(files.List(folder).value(), testing::Contains(testing::EndsWith(" 100 %25 ..%2F%E4.tvk")));
   ASSERT_TRUE(Keep("a", kBeforeLoad, kNoon_s + 60).ok());
   EXPECT_THAT(Kept(), ElementsAre("Before a load@60:a", "100 % ../\xE4@-90000:b"));
   for (int i = 0; i < 60; ++i) ASSERT_TRUE(Keep("n" + std::to_string(i), "Before").ok());
