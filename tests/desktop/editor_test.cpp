@@ -187,6 +187,13 @@ TEST(EditorPage, RowsAreFilteredReplacedAndJumpToTheirReferences) {
   EXPECT_EQ(desk.state.active_form_name, "frmPortDef");
   EXPECT_EQ(desk.Table()->currentIndex().row(), 82);  // room 101 is on card 8, channel 1
   desk.ExpectKeys("[Name]\n002=Suite 101\n");         // leaving a form saves it
+
+  filter = desk.Find<QLineEdit>("Filter");
+  filter->setText(QStringLiteral("no row has this"));
+  desk.Find<EditorPage>("frmPortSys_Def")->GoTo({"Port_Def", "010", 10, 0});
+  EXPECT_EQ(filter->text(), QString());
+  EXPECT_EQ(desk.Table()->currentIndex().row(), 9);
+  EXPECT_FALSE(desk.Table()->isRowHidden(9));
 }
 
 /** The texts of a column, and its visible rows from 0. */
@@ -324,6 +331,10 @@ TEST(EditorPage, MouseAndKeysToggleTenantsInTheWholeMatrixAndInAPart) {
     press(Qt::Key_Right, 1);
     press(Qt::Key_Space, 1);
     EXPECT_NE(cell->on, before);
+    const QImage current = matrix->grab().toImage();
+    matrix->clearFocus();
+    EXPECT_NE(matrix->grab().toImage(), current) << "the current cell has a frame";
+    matrix->setFocus();
     EXPECT_TRUE(matrix->accessibleName().startsWith(QStringLiteral("tenant 1 ")));
     press(Qt::Key_Right, 40);
     press(Qt::Key_Space, 1);

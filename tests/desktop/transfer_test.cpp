@@ -35,6 +35,7 @@ TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
   int bar = 0;
   const auto look_while_busy = [&] {
     if (Modal("frmPassword2") == nullptr) return false;
+    EXPECT_EQ(bench.Find<QDialog>("frmConnect")->focusWidget()->objectName(), "Text1");
     for (const auto* button : bench.Find<QDialog>("frmConnect")->findChildren<QPushButton*>()) {
       if (button->parentWidget()->objectName() == "frmConnect" && button->isEnabled()) {
         enabled.push_back(button->objectName().toStdString());

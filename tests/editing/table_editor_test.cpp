@@ -311,6 +311,7 @@ TEST(TableEditor, ReplacingChecksTheRules) {
   EXPECT_TRUE(table.FindNext("BAR"));
   EXPECT_EQ(table.current_column(), 4);
   EXPECT_FALSE(table.FindNext("none"));
+  EXPECT_FALSE(table.FindNext(""));
   EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
   EXPECT_THAT(refused, SizeIs(2));
   EXPECT_EQ(refused[0].why, "may contain only digits");

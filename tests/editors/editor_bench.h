@@ -48,7 +48,7 @@ class EditorBench {
                                  .questions = questions,
                                  .system_file = kSystemFile,
                                  .keep = {},
-                                 .end_program = {}});
+                                 .end_program = [this] { ++programs_ended; }});
   }
   /** Runs a script on the open form. */
   std::vector<std::string> Go(const std::string& script) {
@@ -74,6 +74,7 @@ class EditorBench {
   MemoryFiles files;
   ProjectStore store{files};
   SharedState state;
+  int programs_ended = 0;
   std::vector<std::string> lines;
   ScriptedQuestions questions{[this](std::string_view line) { lines.emplace_back(line); }};
   std::unique_ptr<EditorForm> editor;

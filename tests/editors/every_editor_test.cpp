@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "editing/table_csv.h"
 #include "project/difference.h"
@@ -139,6 +140,47 @@ TEST(EveryEditor, ATableAcceptsItsOwnText) {
     }
   }
   EXPECT_GT(tables, 100);
+}
+
+TEST(EveryEditor, SavingWithoutAProjectIsRefusedAndEndsTheProgramInFourForms) {
+  std::set<std::string_view> ended;
+  for (const Editor* one : Editors()) {
+    SCOPED_TRACE(one->name.form);
+    EditorBench bench;
+    bench.files.Put(EditorBench::kSystemFile, SourceFile("/data/system.tvs"));
+    bench.Open(one->name.form);
+    bench.state.project_file.clear();
+    bench.state.data_changed = true;
+    EXPECT_THAT(bench.Go("click cmdOK\n"), ElementsAre(StartsWith("box: ")));
+    EXPECT_FALSE(bench.editor->closed());
+    if (bench.programs_ended > 0) ended.insert(one->name.form);
+  }
+  EXPECT_THAT(ended, ElementsAre("frmExtension", "frmPortSys_Def", "frmRoute", "frmRouteMap"));
+}
+
+TEST(FormScript, NamesWhatItCannotDo) {
+  EditorBench bench = BenchOf(kProjects[0]);
+  const std::tuple<const char*, const char*, const char*> kLines[] = {
+      {"frmGrpHunt", "click Nothing", "unknown control Nothing"},
+      {"frmGrpHunt", "click lsGroup(abc)", "unknown control lsGroup(abc)"},
+      {"frmGrpHunt", "click lsGroup(1", "unknown control lsGroup(1"},
+      {"frmGrpHunt", "click lsGroup(99)", "unknown control lsGroup(99)"},
+      {"frmGrpHunt", "set lsGroup 99", "no entry 99"},
+      {"frmGrpHunt", "go 1 1", "the form has no table"},
+      {"frmGrpHunt", "dance", "unknown command dance"},
+      {"frmGrpHunt", "answer Perhaps", "unknown answer Perhaps"},
+      {"frmTenan", "set HScroll1 x", "no value x"},
+      {"frmAccount", "go 0 1", "unknown cell 0 1"},
+      {"frmAccount", "go 1 Name", "unknown cell 1 Name"},
+      {"frmAccount", "select 1 1 999 1", "unknown cell"},
+      {"frmAccount", "pick 7", "no entry 7"},
+      {"frmBillingMode", "set Check1(5) maybe", "neither on nor off: maybe"},
+  };
+  for (const auto& [form, line, error] : kLines) {
+    bench.Open(form);
+    EXPECT_EQ(FormScript(*bench.editor, bench.questions).Run(line), error) << line;
+    EXPECT_FALSE(bench.state.data_changed) << line;
+  }
 }
 
 TEST(EveryEditor, AFindingSelectsItsHoliday) {

@@ -260,6 +260,11 @@ TEST_F(FullDisk, WritersReportFailureAndKeepOldFile) {
        [&] {
          return !PosixFileSystem().Overwrite(Path("p.tvk"), before_ + std::string(kProject, 'y')).ok();
        }},
+      {"a new file",
+       [&] {
+         const Status full = PosixFileSystem().WriteNew(Path("n.tvk"), before_, {}, Flush::kNow);
+         return full.message() == Path("n.tvk") + ": No space left on device";
+       }},
       {"the command line's set", [&] { return Run("set " + Path("p.tvk") + " End Mark new") == 1; }},
       {"the command line's new", [&] { return Run("new --force " + Path("p.tvk")) == 1; }},
       {"the command line's decode",

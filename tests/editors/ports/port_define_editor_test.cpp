@@ -202,12 +202,14 @@ TEST(CardInsert, ReplacesACardInPlace) {
               ElementsAre("ask: Card \"1\" already inserted. Do you want to replace? -> No"));
   EXPECT_EQ(bench.editor->table()->rows(), 24);
   bench.Go(Insert("1", "SLIC 16"));  // eight ports go into the old rows, eight after the last row
+  EXPECT_EQ(bench.editor->table()->current_row(), 1) << "on the first port of the card";
   EXPECT_EQ(Rows(bench, 8, 9), "1/8 SLIC 16, 2/1 SLIC 16");
   EXPECT_EQ(Rows(bench, 24, 25), "2/16 SLIC 16, 1/9 SLIC 16");
   EXPECT_EQ(bench.editor->table()->rows(), 32);
   bench.Go(Insert("2", "8 DIGITAL"));  // the second half of the old card becomes empty
   EXPECT_EQ(Rows(bench, 16, 18), "2/8 8 DIGITAL, / , / ");
   bench.Go(Insert("3", "12 DIGITAL"));  // its last ports go after the rows of card 1
+  EXPECT_EQ(bench.editor->table()->current_row(), 17);
   EXPECT_EQ(Rows(bench, 24, 25), "3/8 12 DIGITAL, 1/9 SLIC 16");
   EXPECT_EQ(Rows(bench, 33, 36), "3/9 12 DIGITAL, 3/10 12 DIGITAL, 3/11 12 DIGITAL, 3/12 12 DIGITAL");
 }

@@ -86,9 +86,10 @@ TEST(SystemEditors, BillingBoxesEnforceLimits) {
   bench.Run("frmBillingMode",
             "set Text1(16) 300\nset Text1(3) 254\nset Text1(4) \"\"\nset Text1(6) 700\nset Text1(7) 654.99\n"
             "focus Text1(9)\ntype .5.12x\nfocus Text1(8)\ntype .1\nfocus MaskEdNum(2)\npress Backspace\n"
-            "press Backspace\ntype 5\nset MaskEdNum(3) 655.35\nset Check1(5) 1\nclick cmdOK\n");
+            "press Backspace\npress Backspace\npress Backspace\ntype 1234\nset MaskEdNum(3) 655.35\nset "
+            "Check1(5) 1\nclick cmdOK\n");
   EXPECT_EQ(bench.Get("SystemConfig", "Billing"),
-            "02|1|0|1|0|1.50|0.5|2.25|254|0|5|655|654.99|61|0.30|7|8|9|10|11|12|254|1|655.35|1");
+            "02|1|0|1|0|1.50|123|2.25|254|0|5|655|654.99|61|0.30|7|8|9|10|11|12|254|1|655.35|1");
 }
 
 TEST(SystemEditors, BillingRefusesValuesThatCannotBeSent) {
