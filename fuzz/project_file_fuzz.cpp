@@ -3,17 +3,32 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "fuzz/demand.h"
 #include "store/ini_edit.h"
 #include "tests/floors.h"
 
+namespace {
+
+/** The bytes before the first section, and all lines of all sections. */
+std::vector<std::string> LinesOf(const tarvok::store::IniText& text) {
+  std::vector<std::string> lines = {std::string(text.head())};
+  for (std::int32_t section = 0; section < text.section_count(); ++section) {
+    for (const tarvok::store::IniText::Line& line : text.lines(section)) lines.emplace_back(line.text);
+  }
+  return lines;
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarvok;
   using namespace tarvok::fuzz;
   const IniText text(std::string(reinterpret_cast<const char*>(data), size));
+  const std::vector<std::string> lines = LinesOf(text);
   std::string joined;
-  for (const IniText::Line& line : text.lines()) joined += line.text;
+  for (const std::string& line : lines) joined += line;
   Demand(joined == text.bytes());
 
   IniEdit edit(text);
@@ -30,9 +45,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     IniEdit one(text);
     one.Set(section, name, "another value");
     const IniText after(one.Bytes());
-    std::size_t differing = after.lines().size() == text.lines().size() ? 0 : 2;
-    for (std::size_t i = 0; i < std::min(after.lines().size(), text.lines().size()); ++i) {
-      differing += after.lines()[i].text == text.lines()[i].text ? 0 : 1;
+    const std::vector<std::string> lines_after = LinesOf(after);
+    std::size_t differing = lines_after.size() == lines.size() ? 0 : 2;
+    for (std::size_t i = 0; i < std::min(lines_after.size(), lines.size()); ++i) {
+      differing += lines_after[i] == lines[i] ? 0 : 1;
     }
     Demand(differing <= 1);
   }

@@ -203,22 +203,23 @@ class TableCheck {
 
 /** Reports values too long to be read in full. */
 void CheckLengths(const IniText& project, std::vector<Finding>& findings) {
-  std::int32_t section = -1;
-  for (const IniText::Line& line : project.lines()) {
-    section += line.header ? 1 : 0;
-    if (line.key < 0 || line.text.size() <= kMaxIniValue) continue;
-    std::string_view value = line.text.substr(line.text.find('=') + 1);
-    value = value.substr(0, value.find_last_not_of("\r\n\t ") + 1);
-    value.remove_prefix(std::min(value.find_first_not_of("\t "), value.size()));
-    const bool quoted =
-        value.size() >= 2 && value.front() == value.back() && (value[0] == '\'' || value[0] == '"');
-    if (value.size() <= kMaxIniValue + (quoted ? 2 : 0)) continue;
-    const std::string_view name = project.section_name(section);
-    const IniText::Key& key = project.key(line.key);
-    if (project.FindKey(project.FindSection(name), key.name) != line.key) continue;
-    findings.push_back(
-        {std::string(name), std::string(key.name), std::string(kRow),
-         "is longer than " + std::to_string(kMaxIniValue) + " characters; the rest is not read"});
+  for (const std::string_view name : project.Sections()) {
+    const std::int32_t section = project.FindSection(name);
+    if (project.section_text(section).size() <= kMaxIniValue) continue;
+    for (const IniText::Line& line : project.lines(section)) {
+      if (line.key < 0 || line.text.size() <= kMaxIniValue) continue;
+      std::string_view value = line.text.substr(line.text.find('=') + 1);
+      value = value.substr(0, value.find_last_not_of("\r\n\t ") + 1);
+      value.remove_prefix(std::min(value.find_first_not_of("\t "), value.size()));
+      const bool quoted =
+          value.size() >= 2 && value.front() == value.back() && (value[0] == '\'' || value[0] == '"');
+      if (value.size() <= kMaxIniValue + (quoted ? 2 : 0)) continue;
+      const IniText::Key& key = project.key(section, line.key);
+      if (project.FindKey(section, key.name) != line.key) continue;
+      findings.push_back(
+          {std::string(name), std::string(key.name), std::string(kRow),
+           "is longer than " + std::to_string(kMaxIniValue) + " characters; the rest is not read"});
+    }
   }
 }
 

@@ -15,8 +15,8 @@ std::string_view LineEndOf(std::string_view line) {
 
 /** The line end of the file's first line; CR LF for a file without any. */
 std::string_view LineEndOf(const IniText& text) {
-  if (text.lines().empty()) return kNewLine;
-  const std::string_view end = LineEndOf(text.lines().front().text);
+  const std::string_view all = text.bytes();
+  const std::string_view end = LineEndOf(all.substr(0, all.find('\n') + 1));
   return end.empty() ? kNewLine : end;
 }
 
@@ -74,7 +74,7 @@ std::string_view IniEdit::View(std::string_view section, std::string_view key) c
   if (const auto found = edit->keys.find(key); found != edit->keys.end())
     return found->second.value.substr(0, kMaxIniValue);
   const std::int32_t kept = base_.FindKey(edit->in_base, key);
-  return kept < 0 ? std::string_view() : base_.key(kept).value;
+  return kept < 0 ? std::string_view() : base_.key(edit->in_base, kept).value;
 }
 
 void IniEdit::Set(std::string_view section, std::string_view key, std::string_view value) {
@@ -124,19 +124,19 @@ void IniEdit::AppendNewKeys(const SectionEdit& edit, std::string_view line_end, 
   }
 }
 
-void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit* edit, std::string& out) const {
-  if (edit == nullptr || line.key < 0) {
+void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit& edit, std::string& out) const {
+  if (line.key < 0) {
     out.append(line.text);
     return;
   }
-  const IniText::Key& key = base_.key(line.key);
-  const auto found = edit->keys.find(key.name);
-  if (found == edit->keys.end()) {
+  const IniText::Key& key = base_.key(edit.in_base, line.key);
+  const auto found = edit.keys.find(key.name);
+  if (found == edit.keys.end()) {
     out.append(line.text);
   } else if (!found->second.deleted) {
     // Only the first key of a name is read, so only that one changes. A value that reads the same stays as it
     // is.
-    const bool is_first = base_.FindKey(edit->in_base, key.name) == line.key;
+    const bool is_first = base_.FindKey(edit.in_base, key.name) == line.key;
     if (!is_first || key.value == found->second.value) {
       out.append(line.text);
     } else {
@@ -145,23 +145,28 @@ void IniEdit::AppendLine(const IniText::Line& line, const SectionEdit* edit, std
   }
 }
 
+void IniEdit::AppendSection(std::int32_t section, std::string_view line_end, std::string& out) const {
+  const SectionEdit* edit = FindEdit(base_.section_name(section));
+  // Only the first section of a name is read, so only that one changes; a deletion applies to all.
+  if (edit != nullptr && edit->deleted) return;
+  if (edit == nullptr || edit->in_base != section) {
+    out.append(base_.section_text(section));
+    return;
+  }
+  const std::vector<IniText::Line>& lines = base_.lines(section);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    AppendLine(lines[i], *edit, out);
+    if (base_.last_key_line(section) == i) AppendNewKeys(*edit, line_end, out);
+  }
+}
+
 std::string IniEdit::Bytes() const {
   const std::string_view line_end = LineEndOf(base_);
-  const std::vector<IniText::Line>& lines = base_.lines();
   std::string out;
   out.reserve(base_.bytes().size() + 1024);
-  std::int32_t section = -1;
-  const SectionEdit* edit = nullptr;  // for that section; nullptr if it keeps its lines
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (lines[i].header) {
-      edit = FindEdit(base_.section_name(++section));
-      // Only the first section of a name is read, so only that one changes; a deletion applies to all.
-      if (edit != nullptr && !edit->deleted && edit->in_base != section) edit = nullptr;
-    }
-    if (edit != nullptr && edit->deleted) continue;
-    AppendLine(lines[i], edit, out);
-    if (edit != nullptr && base_.last_key_line(section) == i) AppendNewKeys(*edit, line_end, out);
-  }
+  out.append(base_.head());
+  for (std::int32_t section = 0; section < base_.section_count(); ++section)
+    AppendSection(section, line_end, out);
   for (const SectionEdit* made : order_) {
     const bool has_keys =
         std::any_of(made->order.begin(), made->order.end(), [](const KeyEdit* key) { return !key->deleted; });

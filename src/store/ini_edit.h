@@ -75,7 +75,8 @@ class IniEdit {
   const SectionEdit* FindEdit(std::string_view section) const;
   KeyEdit& ChangeOf(SectionEdit& edit, std::string_view key);
   static void AppendNewKeys(const SectionEdit& edit, std::string_view line_end, std::string& out);
-  void AppendLine(const IniText::Line& line, const SectionEdit* edit, std::string& out) const;
+  void AppendSection(std::int32_t section, std::string_view line_end, std::string& out) const;
+  void AppendLine(const IniText::Line& line, const SectionEdit& edit, std::string& out) const;
 
   const IniText& base_;
   bool changed_ = false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <memory>
 #include <utility>
 
 namespace tarvok::store {
@@ -31,6 +32,12 @@ std::string_view TrimBlanks(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
   return text;
+}
+
+std::string_view WithoutLineEnd(std::string_view line) {
+  if (line.ends_with('\n')) line.remove_suffix(1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
 }
 
 std::string_view ValueAsRead(std::string_view raw) {
@@ -65,71 +72,83 @@ std::size_t NameHash::operator()(std::string_view name) const {
 }
 
 IniText::IniText(std::string bytes) : bytes_(std::move(bytes)) {
-  Parse();
+  const std::string_view all = bytes_;
+  // A header is a line that begins with a bracket. Brackets are rare, so this looks for them, not for lines.
+  std::size_t begin = std::string_view::npos;
+  const auto add_section = [&](std::size_t end) {
+    if (begin == std::string_view::npos) return;
+    const std::string_view text = all.substr(begin, end - begin);
+    // A header without its closing bracket still begins a section, so that its keys do not fall into the one
+    // before.
+    std::string_view name = TrimBlanks(WithoutLineEnd(text.substr(0, text.find('\n'))));
+    name.remove_prefix(1);
+    name = TrimBlanks(name.substr(0, name.find(']')));
+    first_of_name_.emplace(name, section_count());
+    sections_.emplace_back(name, text);
+  };
+  for (std::size_t at = all.find('['); at != std::string_view::npos; at = all.find('[', at + 1)) {
+    std::size_t line = at;
+    while (line > 0 && IsBlank(all[line - 1])) --line;
+    if (line > 0 && all[line - 1] != '\n') continue;
+    add_section(line);
+    begin = line;
+  }
+  add_section(all.size());
 }
 
-void IniText::Parse() {
+IniText::~IniText() {
+  for (const Section& section : sections_) delete section.contents.load(std::memory_order_relaxed);
+}
+
+std::string_view IniText::head() const {
   const std::string_view all = bytes_;
-  lines_.reserve(static_cast<std::size_t>(std::count(all.begin(), all.end(), '\n')) + 1);
-  keys_.reserve(lines_.capacity());
-  std::size_t at = 0;
-  while (at < all.size()) {
-    const std::size_t newline = all.find('\n', at);
-    const std::size_t end = newline == std::string_view::npos ? all.size() : newline + 1;
-    Line line;
-    line.text = all.substr(at, end - at);
-    std::string_view text = line.text;
-    if (!text.empty() && text.back() == '\n') text.remove_suffix(1);
-    if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
-    text = TrimBlanks(text);
-    if (!text.empty() && text.front() == '[') {
-      AddHeader(text, line);
-    } else if (!text.empty() && text.front() != ';' && !sections_.empty()) {
-      if (const std::size_t equals = text.find('='); equals != std::string_view::npos)
-        AddKey(text, equals, line);
+  return sections_.empty()
+             ? all
+             : all.substr(0, static_cast<std::size_t>(sections_.front().text.data() - all.data()));
+}
+
+IniText::Contents::Contents(std::string_view text) {
+  const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+  lines.reserve(count);
+  keys.reserve(count);
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t newline = text.find('\n', at);
+    const std::size_t end = newline == std::string_view::npos ? text.size() : newline + 1;
+    Line line{text.substr(at, end - at)};
+    const std::string_view shown = TrimBlanks(WithoutLineEnd(line.text));
+    const std::size_t equals = shown.find('=');
+    if (at > 0 && equals != std::string_view::npos && shown.front() != ';') {
+      line.key = static_cast<std::int32_t>(keys.size());
+      last_key_line = lines.size();
+      keys.push_back({TrimBlanks(shown.substr(0, equals)), ValueAsRead(shown.substr(equals + 1))});
     }
-    lines_.push_back(line);
+    lines.push_back(line);
     at = end;
   }
-  IndexLastSection();
-}
-
-void IniText::AddHeader(std::string_view text, Line& line) {
-  IndexLastSection();
-  line.header = true;
-  // A header without its closing bracket still begins a section, so that its keys do not fall into the one
-  // before.
-  text.remove_prefix(1);
-  const std::string_view name = TrimBlanks(text.substr(0, text.find(']')));
-  sections_.push_back({.name = name, .last_key_line = lines_.size(), .first_key = keys_.size()});
-  first_of_name_.emplace(name, static_cast<std::int32_t>(sections_.size()) - 1);
-}
-
-void IniText::AddKey(std::string_view text, std::size_t equals, Line& line) {
-  line.key = static_cast<std::int32_t>(keys_.size());
-  sections_.back().last_key_line = lines_.size();
-  keys_.push_back({TrimBlanks(text.substr(0, equals)), ValueAsRead(text.substr(equals + 1))});
-}
-
-void IniText::IndexLastSection() {
-  if (sections_.empty()) return;
-  Section& section = sections_.back();
-  section.first_slot = slots_.size();
-  section.slots = std::bit_ceil(2 * (keys_.size() - section.first_key) + 1);
-  slots_.resize(slots_.size() + section.slots, -1);
-  for (std::size_t key = section.first_key; key < keys_.size(); ++key) {
-    std::int32_t& slot = slots_[SlotOf(section, keys_[key].name)];
+  slots.assign(std::bit_ceil(2 * keys.size() + 1), -1);
+  for (std::size_t key = 0; key < keys.size(); ++key) {
+    std::int32_t& slot = slots[SlotOf(keys[key].name)];
     if (slot < 0) slot = static_cast<std::int32_t>(key);  // the first key of a name counts
   }
 }
 
-std::size_t IniText::SlotOf(const Section& section, std::string_view key) const {
-  const std::size_t mask = section.slots - 1;
+std::size_t IniText::Contents::SlotOf(std::string_view key) const {
+  const std::size_t mask = slots.size() - 1;
   std::size_t at = NameHash()(key) & mask;
-  for (;; at = (at + 1) & mask) {
-    const std::int32_t there = slots_[section.first_slot + at];
-    if (there < 0 || SameName(this->key(there).name, key)) return section.first_slot + at;
-  }
+  while (slots[at] >= 0 && !SameName(keys[static_cast<std::size_t>(slots[at])].name, key))
+    at = (at + 1) & mask;
+  return at;
+}
+
+const IniText::Contents& IniText::Read(std::int32_t section) const {
+  const Section& one = At(section);
+  const Contents* contents = one.contents.load(std::memory_order_acquire);
+  if (contents != nullptr) return *contents;
+  auto read = std::make_unique<const Contents>(one.text);
+  // Another thread may have been faster; then its result is used.
+  if (one.contents.compare_exchange_strong(contents, read.get(), std::memory_order_acq_rel))
+    contents = read.release();
+  return *contents;
 }
 
 std::int32_t IniText::FindSection(std::string_view section) const {
@@ -138,12 +157,15 @@ std::int32_t IniText::FindSection(std::string_view section) const {
 }
 
 std::int32_t IniText::FindKey(std::int32_t section, std::string_view key) const {
-  return section < 0 ? -1 : slots_[SlotOf(sections_[static_cast<std::size_t>(section)], key)];
+  if (section < 0) return -1;
+  const Contents& contents = Read(section);
+  return contents.slots[contents.SlotOf(key)];
 }
 
 std::string_view IniText::Get(std::string_view section, std::string_view key) const {
-  const std::int32_t found = FindKey(FindSection(section), key);
-  return found < 0 ? std::string_view() : this->key(found).value;
+  const std::int32_t index = FindSection(section);
+  const std::int32_t found = FindKey(index, key);
+  return found < 0 ? std::string_view() : this->key(index, found).value;
 }
 
 bool IniText::HasKey(std::string_view section, std::string_view key) const {
@@ -154,18 +176,17 @@ std::vector<IniText::Key> IniText::Keys(std::string_view section) const {
   std::vector<Key> found;
   const std::int32_t index = FindSection(section);
   if (index < 0) return found;
-  const auto next = static_cast<std::size_t>(index) + 1;
-  const std::size_t end = next < sections_.size() ? sections_[next].first_key : keys_.size();
-  for (std::size_t i = sections_[next - 1].first_key; i < end; ++i) {
-    if (FindKey(index, keys_[i].name) == static_cast<std::int32_t>(i)) found.push_back(keys_[i]);
+  const std::vector<Key>& keys = Read(index).keys;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (FindKey(index, keys[i].name) == static_cast<std::int32_t>(i)) found.push_back(keys[i]);
   }
   return found;
 }
 
 std::vector<std::string_view> IniText::Sections() const {
   std::vector<std::string_view> names;
-  for (std::size_t i = 0; i < sections_.size(); ++i) {
-    if (FindSection(sections_[i].name) == static_cast<std::int32_t>(i)) names.push_back(sections_[i].name);
+  for (std::int32_t i = 0; i < section_count(); ++i) {
+    if (FindSection(section_name(i)) == i) names.push_back(section_name(i));
   }
   return names;
 }

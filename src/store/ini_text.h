@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,6 +34,9 @@ inline constexpr std::size_t kMaxIniValue = 1999;
  * values are dropped, then one pair of matching quotes around a value. A line that starts with ";" is a
  * comment; a line without "=" is skipped. Lines end with LF or CR LF. No input is an error: garbage simply
  * has no keys. Views stay valid as long as the object lives.
+ *
+ * The sections are found at once, but the lines of each are read only when they are first asked for: most
+ * programs need a few keys of a large file. Several threads may read one object.
  */
 class IniText {
  public:
@@ -40,14 +45,14 @@ class IniText {
     std::string_view value;  // trimmed and unquoted, as Get returns it
   };
 
-  /** A line of the file, including its line end. Each header begins the next section. */
+  /** A line of a section, including its line end. */
   struct Line {
     std::string_view text;
-    std::int32_t key = -1;  // index into the keys; -1 if the line is not a key
-    bool header = false;
+    std::int32_t key = -1;  // index into the section's keys; -1 if the line is not a key
   };
 
   explicit IniText(std::string bytes = {});
+  ~IniText();
   IniText(const IniText&) = delete;
   IniText& operator=(const IniText&) = delete;
 
@@ -61,45 +66,52 @@ class IniText {
   std::vector<std::string_view> Sections() const;
 
   const std::string& bytes() const { return bytes_; }
-  const std::vector<Line>& lines() const { return lines_; }
-  /** Index of the first section of that name, -1 if there is none. */
+  /** The bytes before the first section. */
+  std::string_view head() const;
+
+  // Each header begins a section; sections are numbered from 0. A number must be valid.
+  std::int32_t section_count() const { return static_cast<std::int32_t>(sections_.size()); }
+  /** Number of the first section of that name, -1 if there is none. */
   std::int32_t FindSection(std::string_view section) const;
-  /** Index of the first key of that name in a section, -1 if there is none. */
+  std::string_view section_name(std::int32_t section) const { return At(section).name; }
+  /** The bytes of a section with its header. */
+  std::string_view section_text(std::int32_t section) const { return At(section).text; }
+  /** The lines of a section; the first one is its header. */
+  const std::vector<Line>& lines(std::int32_t section) const { return Read(section).lines; }
+  /** Index of a section's last line with a key; 0, its header, if it has no keys. */
+  std::size_t last_key_line(std::int32_t section) const { return Read(section).last_key_line; }
+  const Key& key(std::int32_t section, std::int32_t index) const {
+    return Read(section).keys[static_cast<std::size_t>(index)];
+  }
+  /** Index of the first key of that name; -1 if there is none, or if the section is -1. */
   std::int32_t FindKey(std::int32_t section, std::string_view key) const;
-  const Key& key(std::int32_t index) const { return keys_[static_cast<std::size_t>(index)]; }
-  std::string_view section_name(std::int32_t index) const {
-    return sections_[static_cast<std::size_t>(index)].name;
-  }
-  /** Index of a section's last line with a key, or of its header if it has no keys. */
-  std::size_t last_key_line(std::int32_t section) const {
-    return sections_[static_cast<std::size_t>(section)].last_key_line;
-  }
 
  private:
-  /**
-   * A header and the keys after it, up to the next header. The keys of a section are contiguous, and so are
-   * its slots: reading through one section touches little memory, however large the file is.
-   */
-  struct Section {
-    std::string_view name;
+  /** What is known of a section once its lines have been read. */
+  struct Contents {
+    explicit Contents(std::string_view text);
+    std::size_t SlotOf(std::string_view key) const;
+
+    std::vector<Line> lines;
+    std::vector<Key> keys;
+    std::vector<std::int32_t> slots;  // open addressing over the keys, -1 if free; a power of two
     std::size_t last_key_line = 0;
-    std::size_t first_key = 0;
-    std::size_t first_slot = 0;
-    std::size_t slots = 0;  // a power of two, greater than the number of keys
+  };
+  struct Section {
+    Section(std::string_view section_name, std::string_view section_text)
+        : name(section_name), text(section_text) {}
+
+    std::string_view name;
+    std::string_view text;
+    mutable std::atomic<const Contents*> contents = nullptr;  // owned
   };
 
-  void Parse();
-  void AddHeader(std::string_view text, Line& line);
-  void AddKey(std::string_view text, std::size_t equals, Line& line);
-  void IndexLastSection();
-  std::size_t SlotOf(const Section& section, std::string_view key) const;
+  const Section& At(std::int32_t section) const { return sections_[static_cast<std::size_t>(section)]; }
+  const Contents& Read(std::int32_t section) const;
 
   std::string bytes_;
-  std::vector<Line> lines_;
-  std::vector<Section> sections_;
+  std::deque<Section> sections_;
   std::unordered_map<std::string_view, std::int32_t, NameHash, NameEqual> first_of_name_;
-  std::vector<Key> keys_;
-  std::vector<std::int32_t> slots_;  // of each section in turn: open addressing over its keys, -1 if free
 };
 
 }  // namespace tarvok::store
