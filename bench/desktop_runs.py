@@ -8,11 +8,13 @@ import statistics
 import subprocess
 import time
 
+from bench import run_for
 from line_runs import HOTEL
-from table import Row
+from table import NotMeasured, Row, measured
 
 RUNS = 18  # of the starts: each order of the three programs three times
 COMMAND_RUNS = 9
+LIMIT_S = 60  # for one run of a program
 
 
 def new_home(bench):
@@ -27,10 +29,30 @@ def painted(home, bench, program, *arguments, **environment):
                    "QT_PLUGIN_PATH": str(bench.bin / "plugins"), "HOME": str(home), "XDG_CONFIG_HOME": str(home / "config"),
                    "XDG_DATA_HOME": str(home / "data"), "XDG_RUNTIME_DIR": str(home)}
     start = time.clock_gettime(time.CLOCK_MONOTONIC)
-    run = subprocess.run([bench.bin / program, *arguments], env=environment, capture_output=True, text=True, timeout=300)
-    lines = [line.split(" ") for line in run.stdout.splitlines()]
-    assert run.returncode == 0 and lines and lines[0][0] == "painted", f"{program}: {run.stdout[-300:]}{run.stderr[-300:]}"
+    lines = [line.split(" ") for line in run_for(LIMIT_S, [bench.bin / program, *arguments], env=environment).splitlines()]
+    if not lines or lines[0][0] != "painted":
+        raise NotMeasured(f"{program} painted nothing")
     return int(lines[0][1]) / 1000 - start * 1000, lines
+
+
+class Turns:
+    """Runs of several programs in turns. One that fails is not started again, and has no median."""
+
+    def __init__(self):
+        self.runs, self.failed = {}, {}
+
+    def add(self, name, run):
+        if name in self.failed:
+            return
+        try:
+            self.runs.setdefault(name, []).append(run())
+        except NotMeasured as problem:
+            self.failed[name] = problem
+
+    def median(self, name, value):
+        if name in self.failed:
+            raise self.failed[name]
+        return statistics.median(value(run) for run in self.runs[name])
 
 
 def memory_mb(lines):
@@ -55,48 +77,62 @@ def display():
 def start_rows(bench, project):
     programs = {"ours": ("tarvok-setup", project), "empty Qt window": ("plain_window",),
                 "window with menu, tools, tree, text": ("plain_window", "dressed")}
-    home = new_home(bench)
+    home, turns = new_home(bench), Turns()
     with display() as place:
         # In turns, so that other load on the machine affects all of them, and each after each of the others: a
         # start finds in the caches what the previous one left there.
-        runs = [{name: painted(home, bench, *programs[name], **place) for name in turn}
-                for turn in itertools.islice(itertools.cycle(itertools.permutations(programs)), RUNS)]
+        for turn in itertools.islice(itertools.cycle(itertools.permutations(programs)), 6 if bench.quick else RUNS):
+            for name in turn:
+                turns.add(name, lambda name=name: painted(home, bench, *programs[name], **place))
+    for peer in ("empty Qt window",) if bench.quick else ("empty Qt window", "window with menu, tools, tree, text"):
+        for what, value, unit in (("start to painted window with the hotel", lambda run: run[0], "ms"),
+                                  ("memory of it", lambda run: memory_mb(run[1]), "MB")):
+            yield from measured(what, lambda: Row(what, turns.median("ours", value), peer, turns.median(peer, value), unit,
+                                                  at_most=1.5))
 
-    def median(name, value):
-        return statistics.median(value(run[name]) for run in runs)
 
-    for peer, at_most in (("empty Qt window", 1.5), ("window with menu, tools, tree, text", 1.5)):
-        yield Row("start to painted window with the hotel", median("ours", lambda run: run[0]), peer,
-                  median(peer, lambda run: run[0]), "ms", at_most=at_most)
-        yield Row("memory of it", median("ours", lambda run: memory_mb(run[1])), peer,
-                  median(peer, lambda run: memory_mb(run[1])), "MB", at_most=at_most)
+def command_times(lines):
+    """Maps each command and each work on the longest table to its size and milliseconds."""
+    return {(kind, size, " ".join(name)): int(time_us) / 1000
+            for kind, time_us, size, *name in (line for line in lines if line[0] in ("command", "table"))}
 
 
 def command_rows(bench, project):
-    home, found, plain = new_home(bench), {}, {}
+    home, turns = new_home(bench), Turns()
     # The first run stores settings such as column widths, and reports the sizes of the tables.
     _, lines = painted(home, bench, "tarvok-setup", project, BENCH_COMMANDS="1")
-    sizes = sorted({line[2] for line in lines if line[0] == "command" and line[2] != "0x0"})
-    for _ in range(COMMAND_RUNS):  # in turns, as above
-        for runs, program in ((found, ("tarvok-setup", project)), (plain, ("plain_window", *sizes))):
-            _, lines = painted(home, bench, *program, BENCH_COMMANDS="1")
-            for kind, time_us, size, *name in (line for line in lines if line[0] in ("command", "table")):
-                key = (kind, size) if runs is plain else (kind, size, " ".join(name))
-                runs.setdefault(key, []).append(int(time_us) / 1000)
-    for (kind, size, name), times in found.items():
-        ours = statistics.median(times)
+    first = command_times(lines)
+    sizes = sorted({size for kind, size, _ in first if kind == "command" and size != "0x0"})
+    for _ in range(COMMAND_RUNS):
+        for name, program in (("ours", ("tarvok-setup", project)), ("plain Qt table", ("plain_window", *sizes))):
+            turns.add(name, lambda: command_times(painted(home, bench, *program, BENCH_COMMANDS="1")[1]))
+
+    def plain(kind, size):  # its rows have no names
+        return turns.median("plain Qt table", lambda run: next(run[key] for key in run if key[:2] == (kind, size)))
+
+    for key in first:
+        kind, size, name = key
+
+        def ours():
+            return turns.median("ours", lambda run: run[key])
+
         if kind == "table":
-            yield Row(f"{size}, {name}", ours, "plain Qt table", statistics.median(plain[kind, size]), "ms")
-        elif size == "0x0":
-            yield Row(f"first paint, {name}", ours, "the limit set", 50, "ms", at_most=1)
-        else:
-            yield Row(f"first paint, {name}, {size}", ours, "the limit set", 50, "ms", at_most=1)
-            yield Row(f"the same", ours, f"plain Qt table {size}", statistics.median(plain["command", size]), "ms",
-                      at_most=1.5)
+            yield from measured(f"{size}, {name}", lambda: Row(f"{size}, {name}", ours(), "plain Qt table", plain(kind, size), "ms"))
+            continue
+        what = f"first paint, {name}" + (f", {size}" if size != "0x0" else "")
+        yield from measured(what, lambda: Row(what, ours(), "the limit set", 50, "ms", at_most=1))
+        if size != "0x0":
+            yield from measured(what, lambda: Row(what, ours(), f"plain Qt table {size}", plain(kind, size),
+                                                                 "ms", at_most=1.5))
 
 
 def rows(bench):
     project = bench.new_folder() / "hotel.tvk"
     shutil.copy(HOTEL, project)
     yield from start_rows(bench, project)
-    yield from command_rows(bench, project)
+    if bench.quick:
+        return
+    try:
+        yield from command_rows(bench, project)
+    except NotMeasured as problem:
+        yield Row("first paint of each command", 0, "", 0, "", why=str(problem))

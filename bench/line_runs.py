@@ -1,22 +1,32 @@
 """Sends and loads over paced lines: ours, a minimal blocking program with the same rounds, and XMODEM and ZMODEM."""
 
 import pathlib
+import select
 import shutil
 import subprocess
 import threading
 
-from table import Row
+from bench import run_for
+from table import NotMeasured, Row, measured
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 HOTEL = ROOT / "examples" / "hotel.tvk"
 PASSWORD = "1234"
 UNPACED = 4_000_000
+READY_S = 30
 # A load pauses this long before it requests a section; no other turn of ours takes nearly as long.
 PAUSE_US = 100_000
 # Speed and one-way delay in us of the lines that run alone, and the number of runs: the fastest ones suffer from
 # any other load on the machine, so they run repeatedly, in turns, and the median counts.
 ALONE = {(115_200, 0): 3, (115_200, 500): 3, (57_600, 0): 1}
 SIDE_BY_SIDE = ((9_600, 0), (19_200, 0), (115_200, 10_000), (115_200, 50_000))
+
+
+def wait_until_ready(process):
+    readable, _, _ = select.select([process.stdout], [], [], READY_S)
+    if not readable or not process.stdout.readline().startswith("ready"):
+        process.kill()
+        raise NotMeasured(f"{pathlib.Path(process.args[0]).name} is not ready after {READY_S} s")
 
 
 class Line:
@@ -27,10 +37,14 @@ class Line:
         self.a, self.b = self.folder / "a", end_b or self.folder / "b"
         self.process = subprocess.Popen([bench.bin / "paced_line", str(bps), str(delay_us), self.a, self.b, self.folder / "log"],
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        assert self.process.stdout.readline() == "ready\n"
+        wait_until_ready(self.process)
+
+    def stop(self):
+        if self.process.poll() is None:
+            self.process.communicate()
 
     def close(self):
-        self.process.communicate()
+        self.stop()
         events = []
         for line in (self.folder / "log").read_text().splitlines():
             time_us, direction, count, *hexadecimal = line.split()
@@ -43,7 +57,9 @@ class Passed:
 
     def __init__(self, events, bps, delay_us):
         self.events, self.fixed_us = events, 0
-        first = next(i for i, event in enumerate(events) if event[1] == "A")
+        first = next((i for i, event in enumerate(events) if event[1] == "A"), None)
+        if first is None:
+            raise NotMeasured("nothing was sent over the line")
         self.total_us = events[-1][0] - events[first][0]
         self.bytes = sum(count for _, direction, count, _ in events[first:] if direction in "AB")
         self.turns_us, self.rounds = [], 0
@@ -99,6 +115,7 @@ class Sessions:
         bench.ctl("encode", self.project, "--all", "--version", "110", "-o", self.images)
         self.payload = sum(image.stat().st_size for image in self.images.iterdir())
         self.scripts, self.pauses, self.store = {}, {"send": 0, "load": 0}, None
+        self.bytes = 2 * self.payload  # of a session over a line, both ways, at most
         for kind in ("send", "load"):
             passed, store = self.run(kind, UNPACED, 0)
             self.scripts[kind], self.pauses[kind] = folder / kind, passed.pauses()
@@ -113,14 +130,20 @@ class Sessions:
             shutil.copytree(self.store, store)
         exchange = subprocess.Popen([bench.bin / "tarvok-exchange", "--version", "110", "--store", store, "--password", PASSWORD,
                                      "--serial", folder / "exchange"], stdout=subprocess.PIPE, text=True)
+        # A line that moves its bytes and rounds at half the speed is not waited for.
+        limit_s = 60 + 2 * (self.bytes * 10 / bps + self.bytes / 100 * delay_us / 1e6)
         try:
-            assert exchange.stdout.readline().startswith("ready")
+            wait_until_ready(exchange)
             line = Line(bench, bps, delay_us, folder / "exchange")
-            if peer:
-                subprocess.run([bench.bin / "blocking_peer", line.a, self.scripts[kind]], check=True)
-            else:
-                what = [self.project] if kind == "send" else [folder / "loaded.tvk", "--using", self.project]
-                bench.ctl(kind, *what, "--device", line.a, "--log", folder / "history", TMPDIR=folder, TARVOK_PASSWORD=PASSWORD)
+            try:
+                if peer:
+                    run_for(limit_s, [bench.bin / "blocking_peer", line.a, self.scripts[kind]])
+                else:
+                    what = [self.project] if kind == "send" else [folder / "loaded.tvk", "--using", self.project]
+                    bench.ctl(kind, *what, "--device", line.a, "--log", folder / "history", limit_s=limit_s, TMPDIR=folder,
+                              TARVOK_PASSWORD=PASSWORD)
+            finally:
+                line.stop()
             passed = line.close()
             if not peer:
                 passed.leave_out(self.pauses[kind])
@@ -140,16 +163,41 @@ def file_transfer(bench, sessions, bps, protocol):
     (folder / "in").mkdir()
     # In a new session, because these programs look for a controlling terminal.
     with open(line.a, "r+b", buffering=0) as a, open(line.b, "r+b", buffering=0) as b, open(folder / "words", "w") as words:
-        receiver = subprocess.Popen(["rz", "-v", *options, *names], stdin=b, stdout=b, stderr=words, cwd=folder / "in",
-                                    start_new_session=True)
-        sender = subprocess.run(["sz", "-v", *options, folder / "sent"], stdin=a, stdout=a, stderr=words,
-                                start_new_session=True, timeout=120)
-        receiver.terminate()  # it has acknowledged everything and is waiting for another file
-        receiver.wait()
-    got = next((folder / "in").iterdir()).read_bytes()
+        try:
+            receiver = subprocess.Popen(["rz", "-v", *options, *names], stdin=b, stdout=b, stderr=words, cwd=folder / "in",
+                                        start_new_session=True)
+        except OSError as problem:
+            raise NotMeasured(f"rz: {problem.strerror}") from problem
+        try:
+            sender = subprocess.run(["sz", "-v", *options, folder / "sent"], stdin=a, stdout=a, stderr=words,
+                                    start_new_session=True, timeout=120, check=False)
+        except (OSError, subprocess.TimeoutExpired) as problem:
+            raise NotMeasured(f"sz: {problem}") from problem
+        finally:
+            receiver.kill()  # it has acknowledged everything and is waiting for another file
+            receiver.wait()
+    got = [path.read_bytes() for path in (folder / "in").iterdir()]
     # XMODEM pads its last block.
-    assert sender.returncode == 0 and got.startswith((folder / "sent").read_bytes()), f"{protocol} lost bytes"
+    if sender.returncode != 0 or not got or not got[0].startswith((folder / "sent").read_bytes()):
+        raise NotMeasured(f"{protocol} lost bytes")
     return line.close()
+
+
+class Failed:
+    """Stands for the traffic of a run that failed: whoever uses it gets the reason."""
+
+    def __init__(self, problem):
+        self.problem = problem
+
+    def __getattr__(self, _):
+        raise self.problem
+
+
+def attempt(job):
+    try:
+        return job()
+    except NotMeasured as problem:
+        return Failed(problem)
 
 
 def together(jobs):
@@ -157,15 +205,14 @@ def together(jobs):
     results = {}
 
     def work(name, job):
-        results[name] = job()
+        results[name] = attempt(job)
 
     threads = [threading.Thread(target=work, args=item) for item in jobs.items()]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
-    assert len(results) == len(jobs), "a line failed, see above"
-    return results
+    return {name: results.get(name, Failed(NotMeasured("the measurement itself failed, see above"))) for name in jobs}
 
 
 def session_rows(sessions, bps, delay_us, results):
@@ -176,14 +223,18 @@ def session_rows(sessions, bps, delay_us, results):
         def rate(time_us):
             return sessions.payload * 1e6 / time_us
 
-        yield Row(f"{kind} at {where}", rate(ours.net_us), "blocking program", rate(peer.net_us), "B/s", at_least=0.98)
-        yield Row("the same", rate(ours.net_us), "stop-and-wait limit", rate(ours.limit_us), "B/s")
-        yield Row("the same, share of the line", 100 * rate(ours.net_us) * 10 / bps, "blocking program",
-                  100 * rate(peer.net_us) * 10 / bps, "%")
-        yield Row("our turn of a round, median", ours.turn_us, "blocking program", peer.turn_us, "us")
+        yield from measured(
+            f"{kind} at {where}",
+            lambda: Row(f"{kind} at {where}", rate(ours.net_us), "blocking program", rate(peer.net_us), "B/s", at_least=0.98),
+            lambda: Row(f"{kind} at {where}", rate(ours.net_us), "stop-and-wait limit", rate(ours.limit_us), "B/s"),
+            lambda: Row(f"{kind} at {where}, share of the line", 100 * rate(ours.net_us) * 10 / bps, "blocking program",
+                        100 * rate(peer.net_us) * 10 / bps, "%"),
+            lambda: Row(f"{kind} at {where}, our turn of a round", ours.turn_us, "blocking program", peer.turn_us, "us"))
         if sessions.pauses[kind]:
-            yield Row(f"{sessions.pauses[kind]} prescribed pauses in it, left out above", ours.fixed_us / 1e6, "whole session",
-                      ours.total_us / 1e6, "s")
+            yield from measured(
+                f"pauses of a {kind} at {where}",
+                lambda: Row(f"{kind} at {where}, {sessions.pauses[kind]} prescribed pauses, left out above", ours.fixed_us / 1e6,
+                            "whole session", ours.total_us / 1e6, "s"))
 
 
 def speed_jobs(sessions, bps, delay_us):
@@ -197,26 +248,53 @@ def rows_of(sessions, results):
                                 {key[2:]: passed for key, passed in results.items() if key[:2] == (bps, delay_us)})
 
 
-def rows(bench):
-    """Fast lines, one after the other."""
+def middle(runs):
+    """The run with the median time, or the first one that failed."""
+    failed = [run for run in runs if isinstance(run, Failed)]
+    return failed[0] if failed else sorted(runs, key=lambda passed: passed.net_us)[len(runs) // 2]
+
+
+def fast_rows(bench, alone):
     sessions = Sessions(bench)
     results = {}
-    for (bps, delay_us), times in ALONE.items():
-        runs = [{name: job() for name, job in speed_jobs(sessions, bps, delay_us).items()} for _ in range(times)]
-        for name in runs[0]:
-            results[name] = sorted((run[name] for run in runs), key=lambda passed: passed.net_us)[times // 2]
+    for (bps, delay_us), times in alone.items():
+        jobs, runs = speed_jobs(sessions, bps, delay_us), {}
+        for _ in range(times):
+            for name, job in jobs.items():
+                if not any(isinstance(run, Failed) for run in runs.get(name, [])):
+                    runs.setdefault(name, []).append(attempt(job))
+        results |= {name: middle(done) for name, done in runs.items()}
     yield from rows_of(sessions, results)
+    if bench.quick:
+        return
     ours = results[115_200, 0, "send", "ours"]
     for protocol in ("XMODEM", "ZMODEM"):
-        passed = file_transfer(bench, sessions, 115_200, protocol)
-        yield Row("send at 115,200 bit/s", sessions.payload * 1e6 / ours.net_us, f"{protocol} of lrzsz",
-                  sessions.payload * 1e6 / passed.total_us, "B/s")
+        yield from measured(
+            f"send at 115,200 bit/s, {protocol}",
+            lambda: Row("send at 115,200 bit/s", sessions.payload * 1e6 / ours.net_us, f"{protocol} of lrzsz",
+                        sessions.payload * 1e6 / file_transfer(bench, sessions, 115_200, protocol).total_us, "B/s"))
+
+
+def or_the_reason(what, make):
+    """The rows, or one that says why there are none."""
+    try:
+        yield from make()
+    except NotMeasured as problem:
+        yield Row(what, 0, "", 0, "", why=str(problem))
+
+
+def rows(bench):
+    """Fast lines, one after the other."""
+    yield from or_the_reason("fast lines", lambda: fast_rows(bench, {(115_200, 0): 1} if bench.quick else ALONE))
 
 
 def slow_rows(bench):
     """Slow and distant lines, in parallel."""
-    sessions = Sessions(bench)
-    jobs = {}
-    for bps, delay_us in SIDE_BY_SIDE:
-        jobs |= speed_jobs(sessions, bps, delay_us)
-    yield from rows_of(sessions, together(jobs))
+    def make():
+        sessions = Sessions(bench)
+        jobs = {}
+        for bps, delay_us in SIDE_BY_SIDE:
+            jobs |= speed_jobs(sessions, bps, delay_us)
+        yield from rows_of(sessions, together(jobs))
+
+    yield from or_the_reason("slow and distant lines", make)

@@ -215,4 +215,3 @@ class PaintWatchPlugin : public QGenericPlugin {
 }  // namespace tarvok::bench
 
 #include "paint_watch.moc"
-#include "tests/floors.h"
