@@ -163,6 +163,13 @@ struct Members {
   bool every_piece = false;  // an empty piece or "F" is a member too
 };
 
+/** Fields of a row that a form of their own edits. */
+struct EditedElsewhere {
+  int first;
+  int last;
+  std::string_view command;  // as Table::command
+};
+
 /** What the key "Now" counts. */
 enum class NowCounts { kNothing, kRows, kMembers };
 
@@ -186,9 +193,11 @@ inline constexpr std::string_view kCountKeys[] = {kMaxKey, kNowKey};
 
 /** The rows of a project section, or a single key of it, and the fields of each. */
 struct Table {
-  std::string_view section;   // project section
-  std::string_view row_name;  // what the user calls a row: "Port"
-  RowKeys rows = {};          // if last is below first, the table is the single key `key`
+  std::string_view section;       // project section
+  std::string_view row_name;      // what the user calls a row: "Port"
+  std::string_view command = {};  // key of the command whose form edits the rows; empty: no form does
+  std::span<const EditedElsewhere> edited_elsewhere = {};
+  RowKeys rows = {};  // if last is below first, the table is the single key `key`
   std::string_view key = {};
   std::span<const Field> fields = {};
   bool repeats = false;  // the last field repeats to the end of the row

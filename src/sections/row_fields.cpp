@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "sections/registry.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 #include "store/value_code.h"

@@ -31,7 +31,4 @@ std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const
 std::string WithValue(const IniText& project, const std::string& section, const std::string& key, int field,
                       const std::string& value);
 
-/** The tables whose keys the coders of a section read and write. */
-std::vector<const Table*> TablesOf(int section);
-
 }  // namespace tarvok::test

@@ -29,6 +29,7 @@ constexpr Unique kUnique[] = {{kAccountField, "account"}};
 
 const Table kTable = {.section = "Account",
                       .row_name = "Account",
+                      .command = "account",
                       .rows = {1, kAccountRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

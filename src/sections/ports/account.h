@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -33,5 +28,14 @@ extern const Table kTable;
 void EncodeAccount(const IniText& project, ImageWriter& image);
 /** Both special values of Number come back as "F". Number is not padded, unlike in the editor. */
 void DecodeAccount(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kAccountSection = {.number = 17,
+                                            .name = "Account",
+                                            .progress = "Sending Account...",
+                                            .send_failed = "Send Account failed (RE)",
+                                            .send_from = 101,
+                                            .load_from = 101,
+                                            .layouts = {{5500, EncodeAccount, DecodeAccount}},
+                                            .tables = {&account::kTable}};
 
 }  // namespace tarvok::sections

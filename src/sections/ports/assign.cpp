@@ -37,6 +37,7 @@ constexpr Unique kUnique[] = {{kNumberField, "number"}, {kValueField, "port", kT
 
 const Table kTable = {.section = "Assign",
                       .row_name = "Number",
+                      .command = "ext",
                       .rows = {1, kAssignRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -30,5 +25,12 @@ extern const Table kTable;
 void EncodeAssign(const IniText& project, ImageWriter& image);
 /** A byte 0 in Number is read as "0" and ends the number. The row's type decides how `Value` is padded. */
 void DecodeAssign(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kAssignSection = {.number = 13,
+                                           .name = "Assign Number",
+                                           .progress = "Sending Assign Number...",
+                                           .send_failed = "Send Assign Number failed (RE)",
+                                           .layouts = {{4500, EncodeAssign, DecodeAssign}},
+                                           .tables = {&assign::kTable}};
 
 }  // namespace tarvok::sections

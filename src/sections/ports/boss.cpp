@@ -17,6 +17,7 @@ constexpr int kNeeds[] = {kBoss};
 
 const Table kTable = {.section = "BOSS",
                       .row_name = "Boss and Secretary",
+                      .command = "boss",
                       .rows = {1, kBossRows, 2},
                       .fields = kFields,
                       .needs = kNeeds};

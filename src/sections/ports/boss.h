@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -28,5 +23,15 @@ extern const Table kTable;
 void EncodeBoss(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". The boss byte of the port's own record is not changed. */
 void DecodeBoss(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kBossSection = {.number = 45,
+                                         .name = "Boss and secretary",
+                                         .progress = "Sending setup boss and secretary...",
+                                         .send_failed = "Send Setup Boss and Secretary Failed (RE)",
+                                         .send_from = 108,
+                                         .load_from = 108,
+                                         .moves_bar = false,
+                                         .layouts = {{80, EncodeBoss, DecodeBoss}},
+                                         .tables = {&boss::kTable}};
 
 }  // namespace tarvok::sections

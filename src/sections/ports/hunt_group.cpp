@@ -16,6 +16,7 @@ constexpr Field kFields[] = {RowOf("Member", assign::kTable, 3)};
 
 const Table kTable = {.section = "HuntGroup",
                       .row_name = "Hunt Group",
+                      .command = "groupofhunt",
                       .rows = {1, kHuntGroups, 2},
                       .fields = kFields,
                       .repeats = true,

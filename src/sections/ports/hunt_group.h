@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -33,5 +28,12 @@ void EncodeHuntGroup(const IniText& project, ImageWriter& image);
 /** "Now" becomes the last total as received, even if it is larger than the pool. A slot of 65,535 below a
  * total is skipped. A group without members is written as an empty key. */
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kHuntGroupSection = {.number = 15,
+                                              .name = "Hunt",
+                                              .progress = "Sending Hunt Group...",
+                                              .send_failed = "Send Hunting Group failed (RE)",
+                                              .layouts = {{1040, EncodeHuntGroup, DecodeHuntGroup}},
+                                              .tables = {&hunt_group::kTable}};
 
 }  // namespace tarvok::sections

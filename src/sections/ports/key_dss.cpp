@@ -41,6 +41,7 @@ constexpr Field kDssFields[] = {Coded("DSS", kDssCodes)};
 
 const Table kKeys = {.section = "Key",
                      .row_name = "Layout",
+                     .command = "setupkey",
                      .rows = {1, kKeyLayouts, 2},
                      .fields = kKeyFields,
                      .repeats = true,
@@ -48,6 +49,7 @@ const Table kKeys = {.section = "Key",
                      .missing_differs = true};
 const Table kDss = {.section = "DSS",
                     .row_name = "Layout",
+                    .command = "setupkey",
                     .rows = {1, kKeyLayouts, 2},
                     .fields = kDssFields,
                     .repeats = true,

@@ -17,6 +17,7 @@ constexpr Mark kMarks[] = {{1, ""}};
 
 const Table kTable = {.section = "Name",
                       .row_name = "Name",
+                      .command = "ext",
                       .rows = {1, kNameRows, 3},
                       .fields = kFields,
                       .marks = kMarks,

@@ -59,6 +59,7 @@ constexpr std::string_view kEmptyRows[] = {
 
 const Table kTable = {.section = "PortConfig",
                       .row_name = "Profile",
+                      .command = "portconfig",
                       .rows = {1, kPortConfigRows, 2},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

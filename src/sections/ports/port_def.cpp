@@ -50,6 +50,7 @@ constexpr std::string_view kEmptyRows[] = {
     "F|F|F|F|F|F|F|F|0|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
 };
 
+constexpr EditedElsewhere kEditedElsewhere[] = {{kDnd, kRingTime, "callforward"}, {kGroup, kVmUse, "vmbox"}};
 constexpr Mark kMarks[] = {{kCard, "card"}, {kChannel, "channel"}};
 constexpr int kPlace[] = {kCard, kChannel};
 constexpr int kNumberField[] = {kNumber};
@@ -59,6 +60,8 @@ constexpr Unique kUnique[] = {{kPlace, "card and channel"}, {kNumberField, "numb
 
 const Table kTable = {.section = "Port_Def",
                       .row_name = "Port",
+                      .command = "portdefine",
+                      .edited_elsewhere = kEditedElsewhere,
                       .rows = {1, kPortRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

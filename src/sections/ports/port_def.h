@@ -2,12 +2,7 @@
 
 #include <array>
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -113,5 +108,12 @@ void EncodePortDef(const IniText& project, ImageWriter& image);
 /** Bytes 3, 4, 45 and 54 are not read. DND that was not set comes back as "0". A row without card, channel
  * and type is removed, even if other fields are set. */
 void DecodePortDef(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kPortDefSection = {.number = 4,
+                                            .name = "Port",
+                                            .progress = "Sending Port...",
+                                            .send_failed = "Send Port failed (RE)",
+                                            .layouts = {{27500, EncodePortDef, DecodePortDef}},
+                                            .tables = {&port_def::kTable}};
 
 }  // namespace tarvok::sections

@@ -16,8 +16,11 @@ constexpr Field kFields[] = {
 
 }  // namespace
 
-const Table kTable = {
-    .section = "VMCallBack", .row_name = "VM Call Back", .rows = {1, kVmCallBackRows, 2}, .fields = kFields};
+const Table kTable = {.section = "VMCallBack",
+                      .row_name = "VM Call Back",
+                      .command = "vmcallback",
+                      .rows = {1, kVmCallBackRows, 2},
+                      .fields = kFields};
 
 namespace {
 

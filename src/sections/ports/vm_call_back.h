@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -30,5 +25,14 @@ extern const Table kTable;
 void EncodeVMCallBack(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". Bytes 0 and 255 are skipped. */
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kVmCallBackSection = {.number = 41,
+                                               .name = "VM Call Back",
+                                               .progress = "Sending VM Call Back...",
+                                               .send_failed = "Send VM Call Back failed (RE)",
+                                               .send_from = 105,
+                                               .load_from = 105,
+                                               .layouts = {{80, EncodeVMCallBack, DecodeVMCallBack}},
+                                               .tables = {&vm_call_back::kTable}};
 
 }  // namespace tarvok::sections

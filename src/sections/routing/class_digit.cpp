@@ -23,6 +23,7 @@ constexpr Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
 const Table kBanTable = {.section = "COR",
                          .row_name = "COR",
+                         .command = "digitcor",
                          .rows = {1, kClasses, 2},
                          .fields = kBanFields,
                          .repeats = true,
@@ -30,6 +31,7 @@ const Table kBanTable = {.section = "COR",
                          .label = "COR"};
 const Table kAllowTable = {.section = "COR",
                            .row_name = "COR",
+                           .command = "digitcor",
                            .rows = {1, kClasses, 2, "A"},
                            .fields = kAllowFields,
                            .repeats = true,

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -38,5 +33,19 @@ void EncodeClassAllow(const IniText& project, ImageWriter& image);
  * end of its class is kept even without its byte 0. All keys are written, including those of empty lists. */
 void DecodeClassBan(const ImageReader& image, IniEdit& project);
 void DecodeClassAllow(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kClassBanSection = {.number = 5,
+                                             .name = "Class of Digit",
+                                             .progress = "Sending Class Digit...",
+                                             .send_failed = "Send Class Digit failed (RE)",
+                                             .layouts = {{1064, EncodeClassBan, DecodeClassBan}},
+                                             .tables = {&class_digit::kBanTable}};
+
+inline constexpr Section kClassAllowSection = {.number = 6,
+                                               .name = "Class of Digit AL",
+                                               .progress = "Sending Class of Digit Allow...",
+                                               .send_failed = "Send Class of Digit Allow failed (RE)",
+                                               .layouts = {{1064, EncodeClassAllow, DecodeClassAllow}},
+                                               .tables = {&class_digit::kAllowTable}};
 
 }  // namespace tarvok::sections

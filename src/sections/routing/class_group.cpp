@@ -15,6 +15,7 @@ constexpr Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
 
 const Table kTable = {.section = "COR_Group",
                       .row_name = "COR Group",
+                      .command = "corgroup",
                       .rows = {1, kClassGroups, 2},
                       .fields = kFields,
                       .repeats = true,

@@ -33,6 +33,7 @@ constexpr Mark kMarks[] = {{kDidStart, "from"}, {kDidEnd, "to"}};
 
 const Table kTable = {.section = "DIDRedirect",
                       .row_name = "DID Redirect",
+                      .command = "didredirect",
                       .rows = {1, kDidRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

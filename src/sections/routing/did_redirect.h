@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -35,5 +30,12 @@ void EncodeDIDRedirect(const IniText& project, ImageWriter& image);
 /** A word whose high byte is 255 is unset. Targets from D000 up are type 4, from C000 up type 3, and so
  * on down. */
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kDidRedirectSection = {.number = 20,
+                                                .name = "DID",
+                                                .progress = "Sending DID...",
+                                                .send_failed = "Send DID failed (RE)",
+                                                .layouts = {{2800, EncodeDIDRedirect, DecodeDIDRedirect}},
+                                                .tables = {&did_redirect::kTable}};
 
 }  // namespace tarvok::sections

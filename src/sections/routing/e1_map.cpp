@@ -31,6 +31,7 @@ constexpr int kNeeds[] = {kStart, kEnd};
 
 const Table kTable = {.section = "E1Map",
                       .row_name = "E1",
+                      .command = "e1mapping",
                       .rows = {1, kE1Links, 2},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

@@ -22,6 +22,7 @@ constexpr std::string_view kEmptyRows[] = {"F|F|F"};
 
 const Table kTable = {.section = "E1Number",
                       .row_name = "E1 Numbering",
+                      .command = "e1numbering",
                       .rows = {1, kE1NumberRows, 2},
                       .fields = kFields,
                       .empty_rows = kEmptyRows};

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -33,5 +28,12 @@ void EncodeE1Number(const IniText& project, ImageWriter& image);
 /** Every row is written, unused ones as "F|F|F". Bytes of 255 are digits here. A byte 0 ends the number
  * even at its start, so a number can come back empty. */
 void DecodeE1Number(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kE1NumberSection = {.number = 19,
+                                             .name = "DID Number",
+                                             .progress = "Sending DID Number...",
+                                             .send_failed = "Send DID Number failed (RE)",
+                                             .layouts = {{240, EncodeE1Number, DecodeE1Number}},
+                                             .tables = {&e1_number::kTable}};
 
 }  // namespace tarvok::sections

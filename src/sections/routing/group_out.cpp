@@ -21,6 +21,7 @@ constexpr Unique kUnique[] = {{{}, "port"}};
 
 const Table kTable = {.section = "Group_Out",
                       .row_name = "Group Out",
+                      .command = "groupout",
                       .rows = {1, kGroupsOut, 2},
                       .fields = kFields,
                       .repeats = true,

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -33,5 +28,12 @@ void EncodeGroupOut(const IniText& project, ImageWriter& image);
 /** A last end of 65,535 means that there are no groups. Otherwise "Now" is the last end as received, even if
  * it is beyond the pool, where the groups stop. A member of 65,535 is skipped. */
 void DecodeGroupOut(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kGroupOutSection = {.number = 11,
+                                             .name = "Group Out",
+                                             .progress = "Sending Group Out...",
+                                             .send_failed = "Send Group Out failed (RE)",
+                                             .layouts = {{2112, EncodeGroupOut, DecodeGroupOut}},
+                                             .tables = {&group_out::kTable}};
 
 }  // namespace tarvok::sections

@@ -33,6 +33,7 @@ constexpr Mark kMarks[] = {{incoming_list::kName, ""}};
 
 const Table kTable = {.section = "Incoming_List",
                       .row_name = "Incoming List",
+                      .command = "incominglist",
                       .rows = {1, kIncomingRows, 2},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

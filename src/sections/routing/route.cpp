@@ -35,6 +35,7 @@ constexpr std::string_view kEmptyRows[] = {"F|F|0|F|F|F|F|F|F"};
 
 const Table kTable = {.section = "Route",
                       .row_name = "Route",
+                      .command = "route",
                       .rows = {.first = 1, .last = kRouteRows, .width = 3, .kept = kMostRoutes},
                       .fields = kFields,
                       .empty_rows = kEmptyRows};

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -45,5 +40,12 @@ void EncodeRoute(const IniText& project, ImageWriter& image);
 /** A row without a group is removed, whatever else is in it. Date and month become hexadecimal text without a
  * leading zero, so a byte 0A is "A". A time with a byte of 255 is unset. An unset day is "0". */
 void DecodeRoute(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kRouteSection = {.number = 10,
+                                          .name = "Route",
+                                          .progress = "Sending Route...",
+                                          .send_failed = "Send Route failed (RE)",
+                                          .layouts = {{9800, EncodeRoute, DecodeRoute}},
+                                          .tables = {&route::kTable}};
 
 }  // namespace tarvok::sections

@@ -17,6 +17,7 @@ constexpr Field kFields[] = {Number("End", 0, 2001)};
 
 const Table kTable = {.section = "Route_List",
                       .row_name = "List",
+                      .command = "route",
                       .rows = {1, kRouteLists, 2},
                       .fields = kFields,
                       .label = "List",

@@ -35,6 +35,7 @@ constexpr int kFieldsInShortLayout = 3;
 
 const Table kTable = {.section = "Route_Map_Digit",
                       .row_name = "Route Map Digit",
+                      .command = "routemap",
                       .rows = {1, kRouteMapRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

@@ -18,12 +18,19 @@ constexpr Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"), Number("Devi
 
 }  // namespace
 
-const Table kPidTable = {
-    .section = "TblRoute", .row_name = "PBX Link Table", .key = "PID", .fields = kPidFields};
-const Table kGatewayTable = {
-    .section = "TblRoute", .row_name = "PBX Link Table", .key = "GW", .fields = kGatewayFields};
+const Table kPidTable = {.section = "TblRoute",
+                         .row_name = "PBX Link Table",
+                         .command = "setroute",
+                         .key = "PID",
+                         .fields = kPidFields};
+const Table kGatewayTable = {.section = "TblRoute",
+                             .row_name = "PBX Link Table",
+                             .command = "setroute",
+                             .key = "GW",
+                             .fields = kGatewayFields};
 const Table kTable = {.section = "TblRoute",
                       .row_name = "PBX Link",
+                      .command = "setroute",
                       .rows = {1, kLinkRows, 2},
                       .fields = kFields,
                       .missing_differs = true};

@@ -20,6 +20,7 @@ constexpr Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1
 constexpr Table HalfOf(std::string_view name, int base, std::span<const Field> fields) {
   return {.section = "Tenan",
           .row_name = name,
+          .command = "tenan",
           .rows = {.first = base + 1, .last = base + kTenants, .width = 3, .base = base},
           .fields = fields};
 }

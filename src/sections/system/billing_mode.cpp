@@ -49,10 +49,16 @@ constexpr Field kCountryFields[] = {Number("Country", 1, 255, 3)};
 
 }  // namespace
 
-const Table kTable = {
-    .section = kSystemConfig, .row_name = "Billing Mode", .key = "Billing", .fields = kFields};
-const Table kCountry = {
-    .section = kSystemConfig, .row_name = "Billing Mode", .key = "CCode", .fields = kCountryFields};
+const Table kTable = {.section = kSystemConfig,
+                      .row_name = "Billing Mode",
+                      .command = "billingmode",
+                      .key = "Billing",
+                      .fields = kFields};
+const Table kCountry = {.section = kSystemConfig,
+                        .row_name = "Billing Mode",
+                        .command = "billingmode",
+                        .key = "CCode",
+                        .fields = kCountryFields};
 
 namespace {
 

@@ -19,6 +19,7 @@ constexpr Mark kMarks[] = {{kName, ""}};
 
 const Table kTable = {.section = "MiniBar",
                       .row_name = "Item",
+                      .command = "minibar",
                       .rows = {1, kMiniBarRows, 3},
                       .fields = kFields,
                       .empty_rows = kEmptyRows,

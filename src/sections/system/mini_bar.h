@@ -2,11 +2,7 @@
 
 #include <string_view>
 
-#include "sections/field.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -36,5 +32,7 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
  * blanks from its ends. A price of 65,535 or more is "F". A row without a name whose price is "F" or 0 is
  * removed. */
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project);
+
+inline constexpr Section kMiniBarSection = {.tables = {&mini_bar::kTable}};
 
 }  // namespace tarvok::sections

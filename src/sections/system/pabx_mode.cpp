@@ -41,7 +41,11 @@ constexpr Field kFields[] = {
 
 }  // namespace
 
-const Table kTable = {.section = kSystemConfig, .row_name = "PABX Mode", .key = "Pbx", .fields = kFields};
+const Table kTable = {.section = kSystemConfig,
+                      .row_name = "PABX Mode",
+                      .command = "pabxmode",
+                      .key = "Pbx",
+                      .fields = kFields};
 
 namespace {
 

@@ -24,6 +24,7 @@ constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F|F|"};
 
 const Table kTable = {.section = "RunScript",
                       .row_name = "Run Script",
+                      .command = "runscript",
                       .key = "Data",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};

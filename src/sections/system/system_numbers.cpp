@@ -15,14 +15,26 @@ constexpr Field kPortFields[] = {Number("Port", 1, 60)};
 
 }  // namespace
 
-const Table kVoiceMail = {
-    .section = kSystemConfig, .row_name = "Voice Mail", .key = "VMNum", .fields = kNumberFields};
-const Table kRecord = {
-    .section = kSystemConfig, .row_name = "Record", .key = "RecNum", .fields = kNumberFields};
-const Table kMusicCard = {
-    .section = kSystemConfig, .row_name = "Music Source", .key = "card", .fields = kCardFields};
-const Table kMusicPort = {
-    .section = kSystemConfig, .row_name = "Music Source", .key = "port", .fields = kPortFields};
+const Table kVoiceMail = {.section = kSystemConfig,
+                          .row_name = "Voice Mail",
+                          .command = "systemconfig",
+                          .key = "VMNum",
+                          .fields = kNumberFields};
+const Table kRecord = {.section = kSystemConfig,
+                       .row_name = "Record",
+                       .command = "systemconfig",
+                       .key = "RecNum",
+                       .fields = kNumberFields};
+const Table kMusicCard = {.section = kSystemConfig,
+                          .row_name = "Music Source",
+                          .command = "systemconfig",
+                          .key = "card",
+                          .fields = kCardFields};
+const Table kMusicPort = {.section = kSystemConfig,
+                          .row_name = "Music Source",
+                          .command = "systemconfig",
+                          .key = "port",
+                          .fields = kPortFields};
 
 namespace {
 

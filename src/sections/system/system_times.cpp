@@ -16,7 +16,11 @@ constexpr Field kWeekdayFields[] = {Time("Day Time").UnsetAs("0000"), Time("Nigh
 constexpr Field kHolidayFields[] = {Number("Month", 1, 12, 2), Number("Day", 1, 31, 2)};
 
 constexpr Table Weekday(std::string_view key, std::string_view name) {
-  return {.section = kSystemConfig, .row_name = name, .key = key, .fields = kWeekdayFields};
+  return {.section = kSystemConfig,
+          .row_name = name,
+          .command = "systemconfig",
+          .key = key,
+          .fields = kWeekdayFields};
 }
 
 }  // namespace
@@ -27,6 +31,7 @@ constinit const std::array<Table, kWeekdays> kWeekdayTables = {
     Weekday("Sat", "Saturday")};
 const Table kHolidays = {.section = kSystemConfig,
                          .row_name = "Holiday",
+                         .command = "systemconfig",
                          .rows = {.first = 1, .last = kHolidayRows, .width = 2, .prefix = "W"},
                          .fields = kHolidayFields};
 
