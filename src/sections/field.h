@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string_view>
 
+#include "sections/record_item.h"
 #include "sections/uses.h"
 
 namespace tarvok::sections {
@@ -142,6 +145,21 @@ constexpr Field Coded(std::string_view name, std::span<const CodedValue> codes) 
   return {.name = name, .kind = FieldKind::kCoded, .codes = codes};
 }
 
+struct NumberedField {
+  int number;
+  Field field;
+};
+/** The fields of a row. The compiler refuses them if their numbers do not count from 1. */
+template <std::size_t kCount>
+consteval std::array<Field, kCount> FieldsOf(const NumberedField (&numbered)[kCount]) {
+  std::array<Field, kCount> fields;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (numbered[i].number != static_cast<int>(i) + 1) throw "a field is not in its place";
+    fields[i] = numbered[i].field;
+  }
+  return fields;
+}
+
 /** The keys of a table's rows: `first` to `last`, padded to `width` digits, between a prefix and a suffix.
  * The number shown to the user, and used in references, is the row number minus `base`. */
 struct RowKeys {
@@ -200,7 +218,8 @@ struct Table {
   RowKeys rows = {};  // if last is below first, the table is the single key `key`
   std::string_view key = {};
   std::span<const Field> fields = {};
-  bool repeats = false;  // the last field repeats to the end of the row
+  std::span<const RecordItem> record = {};  // the bytes of a row, if they are regular
+  bool repeats = false;                     // the last field repeats to the end of the row
   Members members = {};
   std::span<const std::string_view> empty_rows = {};  // values that mean an unused row
   bool missing_differs = false;  // a missing key differs from a row in which nothing is set

@@ -116,8 +116,7 @@ const Field* RowFields::StatementOf(int n) const {
 }
 
 bool IsUnused(const Table& table, std::string_view value) {
-  const auto& empty = table.empty_rows;
-  if (value.empty() || std::find(empty.begin(), empty.end(), value) != empty.end()) return true;
+  if (value.empty() || IsEmptyRow(table, value)) return true;
   return !table.missing_differs && RowFields(table, value).IsBlank();
 }
 

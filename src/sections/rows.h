@@ -31,13 +31,18 @@ inline std::string_view KeyValue(const IniText& project, const Table& table) {
   return Trim(project.Get(table.section, table.key));
 }
 
-/** Writes a row, or removes its key if the value is one of the table's empty rows. */
-inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
-  const auto& empty = table.empty_rows;
-  if (std::find(empty.begin(), empty.end(), value) != empty.end()) {
-    project.DeleteKey(table.section, KeyOf(table, number));
+/** True if the value is one of the table's empty rows. */
+inline bool IsEmptyRow(const Table& table, std::string_view value) {
+  return std::ranges::find(table.empty_rows, value) != table.empty_rows.end();
+}
+
+/** Writes a row, or removes its key if the row is unused. */
+inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value, bool unused) {
+  const std::string key = KeyOf(table, number);
+  if (unused) {
+    project.DeleteKey(table.section, key);
   } else {
-    project.Set(table.section, KeyOf(table, number), value);
+    project.Set(table.section, key, value);
   }
 }
 
@@ -61,10 +66,11 @@ struct RecordShape {
 };
 
 /** Encodes a table's rows into consecutive records from the image's start, calling `encode(RecordWriter&)`
- * for each row in use. A row is unused if its key is missing or empty, or if its number is above `last`. */
+ * for each row in use, which may be a RecordLayout. A row is unused if its key is missing or empty, or if its
+ * number is above `last`. */
 template <typename EncodeRow>
-void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table, ImageWriter& image,
-                  RecordShape shape, EncodeRow encode) {
+void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, RecordShape shape,
+                const EncodeRow& encode, std::int64_t last = INT64_MAX) {
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
     const std::string key = KeyOf(table, number);
     const std::string_view value = Trim(project.Get(table.section, key));
@@ -78,22 +84,30 @@ void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table,
   }
 }
 
-/** Like EncodeRowsTo, for all rows of the table. */
-template <typename EncodeRow>
-void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, RecordShape shape,
-                EncodeRow encode) {
-  EncodeRowsTo(table.rows.last, project, table, image, shape, encode);
-}
-
 /** Decodes consecutive records of `size` bytes into a table's rows. `decode(const ImageReader&, RowText&)`
- * gets each record and an empty row to fill, which is then stored. */
-template <typename DecodeRow>
-void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size, DecodeRow decode) {
+ * gets each record and an empty row to fill; it may be a RecordLayout. The key of a row is removed if
+ * `unused(std::string_view)` says so of its value. */
+template <typename DecodeRow, typename IsUnused>
+void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size,
+                const DecodeRow& decode, IsUnused unused) {
   RowText row;
   for (int number = table.rows.first; number <= table.rows.last; ++number) {
     decode(image.Record(number - table.rows.first, size), row.Clear());
-    StoreRow(project, table, number, row.str());
+    StoreRow(project, table, number, row.str(), unused(row.str()));
   }
+}
+
+/** Like the above; the table's empty rows are unused. */
+template <typename DecodeRow>
+void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size,
+                const DecodeRow& decode) {
+  DecodeRows(image, project, table, size, decode,
+             [&](std::string_view value) { return IsEmptyRow(table, value); });
+}
+
+/** For DecodeRows: every row is written. */
+inline bool NoneUnused(std::string_view /*value*/) {
+  return false;
 }
 
 /** Calls `take` for each real member of a list. Empty pieces, "F" and numbers below 1 take no place in a

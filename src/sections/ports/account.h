@@ -19,8 +19,13 @@ extern const Table kTable;
  * Section 17, from version 101: 5,500 bytes, enough for 500 records of 11 bytes. Only the first 200 are
  * used; the other 3,300 bytes are always 0. An unused row is 11 bytes of 255.
  *
- *  0 Account, 3 bytes of packed digits     5 Number -1, 16 bits     8 Tenan -1
- *  3 Password, 2 bytes of packed digits    7 Config -1              9 Time (sec), 16 bits, not minus 1
+ *  at bytes
+ *   0   3  Account       packed digits
+ *   3   2  Password      packed digits
+ *   5   2  Number        -1
+ *   7   1  Config        -1
+ *   8   1  Tenan         -1
+ *   9   2  Time (sec)
  *
  * Number is sent only if the row has both account and password. Otherwise it is 255, 255 if none of the three
  * is set, and 254, 255 if any is.

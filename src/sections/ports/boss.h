@@ -18,7 +18,9 @@ extern const Table kTable;
 /**
  * Section 45, from version 108: 20 records of 4 bytes, 80 bytes. A field that is not set is 255, 255.
  *
- *  0 Boss, port -1, 16 bits     2 Secretary, port -1, 16 bits
+ *  at bytes
+ *   0   2  BOSS          -1
+ *   2   2  SECRETARY     -1
  */
 void EncodeBoss(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". The boss byte of the port's own record is not changed. */

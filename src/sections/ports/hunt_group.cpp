@@ -12,19 +12,6 @@ namespace {
 
 constexpr Field kFields[] = {RowOf("Member", assign::kTable, 3)};
 
-}  // namespace
-
-const Table kTable = {.section = "HuntGroup",
-                      .row_name = "Hunt Group",
-                      .command = "groupofhunt",
-                      .rows = {1, kHuntGroups, 2},
-                      .fields = kFields,
-                      .repeats = true,
-                      .members = {.pool = kHuntMembers},
-                      .now = NowCounts::kMembers};
-
-namespace {
-
 using hunt_group::kTable;
 
 constexpr int kWord = 2;
@@ -39,6 +26,15 @@ int SlotAt(int position) {
 }
 
 }  // namespace
+
+const Table kTable = {.section = "HuntGroup",
+                      .row_name = "Hunt Group",
+                      .command = "groupofhunt",
+                      .rows = {1, kHuntGroups, 2},
+                      .fields = kFields,
+                      .repeats = true,
+                      .members = {.pool = kHuntMembers},
+                      .now = NowCounts::kMembers};
 
 }  // namespace hunt_group
 

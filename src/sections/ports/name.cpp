@@ -13,6 +13,9 @@ constexpr int kMostBytes = 15;
 constexpr Field kFields[] = {Text("Name", kMostBytes)};
 constexpr Mark kMarks[] = {{1, ""}};
 
+using name::kMostBytes;
+using name::kTable;
+
 }  // namespace
 
 const Table kTable = {.section = "Name",
@@ -22,13 +25,6 @@ const Table kTable = {.section = "Name",
                       .fields = kFields,
                       .marks = kMarks,
                       .now = NowCounts::kRows};
-
-namespace {
-
-using name::kMostBytes;
-using name::kTable;
-
-}  // namespace
 
 }  // namespace name
 

@@ -18,7 +18,9 @@ extern const Table kTable;
 /**
  * Section 41, from version 105: 10 records of 8 bytes, 80 bytes. A field that is not set is 0.
  *
- *  0 Check digit, 4 characters     4 Insert digit, 4 characters
+ *  at bytes
+ *   0   4  Check digit   characters
+ *   4   4  Insert digit  characters
  *
  * The digits are plain characters, not packed.
  */

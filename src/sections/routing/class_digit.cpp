@@ -19,27 +19,6 @@ constexpr int kPool = 1024;
 constexpr Members kMembers = {.most = kMostNumbers, .pool = kPool, .packed = true, .every_piece = true};
 constexpr Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
-}  // namespace
-
-const Table kBanTable = {.section = "COR",
-                         .row_name = "COR",
-                         .command = "digitcor",
-                         .rows = {1, kClasses, 2},
-                         .fields = kBanFields,
-                         .repeats = true,
-                         .members = kMembers,
-                         .label = "COR"};
-const Table kAllowTable = {.section = "COR",
-                           .row_name = "COR",
-                           .command = "digitcor",
-                           .rows = {1, kClasses, 2, "A"},
-                           .fields = kAllowFields,
-                           .repeats = true,
-                           .members = kMembers,
-                           .label = "COR"};
-
-namespace {
-
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
 
@@ -111,6 +90,23 @@ void DecodeLists(const ImageReader& image, IniEdit& project, const Table& table)
 }
 
 }  // namespace
+
+const Table kBanTable = {.section = "COR",
+                         .row_name = "COR",
+                         .command = "digitcor",
+                         .rows = {1, kClasses, 2},
+                         .fields = kBanFields,
+                         .repeats = true,
+                         .members = kMembers,
+                         .label = "COR"};
+const Table kAllowTable = {.section = "COR",
+                           .row_name = "COR",
+                           .command = "digitcor",
+                           .rows = {1, kClasses, 2, "A"},
+                           .fields = kAllowFields,
+                           .repeats = true,
+                           .members = kMembers,
+                           .label = "COR"};
 
 }  // namespace class_digit
 

@@ -11,6 +11,8 @@ namespace {
 
 constexpr Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
 
+constexpr std::string_view kGroupFull = "has no place in its group any more";
+
 }  // namespace
 
 const Table kTable = {.section = "COR_Group",
@@ -21,12 +23,6 @@ const Table kTable = {.section = "COR_Group",
                       .repeats = true,
                       .members = {.most = kClassesOfGroup},
                       .label = "COR Group"};
-
-namespace {
-
-constexpr std::string_view kGroupFull = "has no place in its group any more";
-
-}  // namespace
 
 }  // namespace class_group
 

@@ -20,11 +20,16 @@ extern const Table kTable;
 /**
  * Section 20, every version: 400 records of 7 bytes, 2,800 bytes. An unused row is seven bytes of 255.
  *
- *  0 DID Start, 16 bits    2 DID End, 16 bits    4 E1 -1    5 target, 16 bits
+ *  at bytes
+ *   0   2  DID Start
+ *   2   2  DID End
+ *   4   1  E1            -1
+ *   5   2  Map Type      and Map Number
  *
- * The target depends on Map Type: 0 is the number row -1, below A000; 1 is the list -1 + A000, below B000;
- * 2 is B000, 3 is C000, 4 is D000; any other type is 255, 255. A Map Number that would reach into the next
- * type's range is an error. DID numbers are sent in binary, so leading zeros are lost.
+ * The last two bytes are the target, which depends on Map Type: 0 is the number row -1, below A000; 1 is the
+ * list -1 + A000, below B000; 2 is B000, 3 is C000, 4 is D000; any other type is 255, 255. A Map Number that
+ * would reach into the next type's range is an error. DID numbers are sent in binary, so leading zeros are
+ * lost.
  */
 void EncodeDIDRedirect(const IniText& project, ImageWriter& image);
 /** A word whose high byte is 255 is unset. Targets from D000 up are type 4, from C000 up type 3, and so

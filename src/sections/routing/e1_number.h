@@ -19,7 +19,10 @@ extern const Table kTable;
 /**
  * Section 19, every version: 20 records of 12 bytes, 240 bytes. An unused row is ten bytes of 0, 255, 255.
  *
- *  0 Numbering, 10 bytes of packed digits with "*" and "#"    10 Digit Check    11 E1 -1
+ *  at bytes
+ *   0  10  Numbering     packed digits with * and #
+ *  10   1  Digit Check   packed digits
+ *  11   1  E1            -1
  *
  * Digit Check is encoded as hexadecimal but decoded as decimal: "12" is sent as 12 hexadecimal and comes back
  * as "18".

@@ -17,6 +17,9 @@ constexpr std::string_view kMaxMembersKey = "Max_Group_Out";
 constexpr std::string_view kCounts[] = {kMaxKey, kMaxMembersKey, kNowKey};
 constexpr Unique kUnique[] = {{{}, "port"}};
 
+constexpr int kWord = 2;
+constexpr int kPoolAt = kGroupsOut * kWord;
+
 }  // namespace
 
 const Table kTable = {.section = "Group_Out",
@@ -30,13 +33,6 @@ const Table kTable = {.section = "Group_Out",
                       .unique = kUnique,
                       .now = NowCounts::kMembers,
                       .counts = kCounts};
-
-namespace {
-
-constexpr int kWord = 2;
-constexpr int kPoolAt = kGroupsOut * kWord;
-
-}  // namespace
 
 }  // namespace group_out
 

@@ -30,8 +30,16 @@ extern const Table kTable;
  * Section 10, every version: 200 records of 49 bytes, 9,800 bytes. An unused row is nine bytes of 255 and 40
  * of 0.
  *
- *  0 Group -1     2 Day -1    4 Month                7 End Time, 2 bytes          29 Type Save, 20 characters
- *  1 Type Seek    3 Date      5 Start Time, 2 bytes  9 Type Send, 20 characters
+ *  at bytes
+ *   0   1  Group         -1
+ *   1   1  Type Seek
+ *   2   1  Day           -1
+ *   3   1  Date          packed digits
+ *   4   1  Month         packed digits
+ *   5   2  Start Time    packed digits
+ *   7   2  End Time      packed digits
+ *   9  20  Type Send     characters
+ *  29  20  Type Save     characters
  *
  * Date, month and times are packed decimal: each pair of digits is read as hexadecimal, so "31" is sent as 31
  * hexadecimal. "*" and "#" are ordinary characters here.

@@ -25,15 +25,6 @@ constexpr Table HalfOf(std::string_view name, int base, std::span<const Field> f
           .fields = fields};
 }
 
-}  // namespace
-
-const Table kDayTable = HalfOf("Tenan Day", 100, kLowFields);
-const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
-const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
-const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
-
-namespace {
-
 constexpr int kMask = 2;
 constexpr std::string_view kTooWide = "has more than 16 columns";
 
@@ -72,6 +63,11 @@ constexpr const Table* kLowTables[] = {&kDayTable, &kNightTable};
 constexpr const Table* kHighTables[] = {&kDayHighTable, &kNightHighTable};
 
 }  // namespace
+
+const Table kDayTable = HalfOf("Tenan Day", 100, kLowFields);
+const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
+const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
+const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
 
 }  // namespace tenan
 

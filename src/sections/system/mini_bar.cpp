@@ -9,11 +9,14 @@ namespace tarvok::sections {
 namespace mini_bar {
 namespace {
 
-constexpr Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
+constexpr auto kFields = FieldsOf({{kName, Text("Name", 16)}, {kPrice, Number("Price", 0, 9999)}});
 
 /** Rows without data: as the editor writes them, with a trailing pipe, and as received from an exchange. */
 constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
 constexpr Mark kMarks[] = {{kName, ""}};
+
+constexpr int kNameBytes = 20;
+constexpr int kUnsetPrice = 65535;
 
 }  // namespace
 
@@ -24,13 +27,6 @@ const Table kTable = {.section = "MiniBar",
                       .fields = kFields,
                       .empty_rows = kEmptyRows,
                       .marks = kMarks};
-
-namespace {
-
-constexpr int kNameBytes = 20;
-constexpr int kUnsetPrice = 65535;
-
-}  // namespace
 
 }  // namespace mini_bar
 
@@ -49,7 +45,7 @@ void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& 
   // Each of these would end the field or the row, or be trimmed from its start.
   row.AddCharacters({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, "|\t\r\n");
   row.Add(price >= kUnsetPrice ? std::string(kUnset) : std::to_string(price));
-  StoreRow(project, kTable, number, row.str());
+  StoreRow(project, kTable, number, row.str(), IsEmptyRow(kTable, row.str()));
 }
 
 }  // namespace tarvok::sections

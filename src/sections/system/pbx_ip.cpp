@@ -28,8 +28,6 @@ const Table kAddress = {
 const Table kMac = {
     .section = "IP", .row_name = "MAC Address", .command = "setip", .key = "MAC", .fields = kMacFields};
 
-namespace {}  // namespace
-
 }  // namespace pbx_ip
 
 void EncodePbxIp(const IniText& project, ImageWriter& image) {

@@ -20,6 +20,10 @@ constexpr Field kFields[kScriptEvents] = {
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F|F|"};
 
+using run_script::kTable;
+
+constexpr int kWord = 2;
+
 }  // namespace
 
 const Table kTable = {.section = "RunScript",
@@ -28,14 +32,6 @@ const Table kTable = {.section = "RunScript",
                       .key = "Data",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
-
-namespace {
-
-using run_script::kTable;
-
-constexpr int kWord = 2;
-
-}  // namespace
 
 }  // namespace run_script
 

@@ -13,6 +13,15 @@ constexpr Field kNumberFields[] = {Digits("Number", kNumberBytes * 2)};
 constexpr Field kCardFields[] = {Number("Card", 1, 16)};
 constexpr Field kPortFields[] = {Number("Port", 1, 60)};
 
+void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
+  PutNumber(image, 0, kNumberBytes, table, table.key, KeyValue(project, table));
+}
+
+void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table) {
+  project.Set(table.section, table.key,
+              UnpackDigits(image.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::kNone));
+}
+
 }  // namespace
 
 const Table kVoiceMail = {.section = kSystemConfig,
@@ -35,19 +44,6 @@ const Table kMusicPort = {.section = kSystemConfig,
                           .command = "systemconfig",
                           .key = "port",
                           .fields = kPortFields};
-
-namespace {
-
-void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
-  PutNumber(image, 0, kNumberBytes, table, table.key, KeyValue(project, table));
-}
-
-void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table) {
-  project.Set(table.section, table.key,
-              UnpackDigits(image.Bytes(0, kNumberBytes), DialSymbols::kDigits, SkippedBytes::kNone));
-}
-
-}  // namespace
 
 }  // namespace system_numbers
 

@@ -38,8 +38,12 @@ void DecodeDayTime(const ImageReader& image, IniEdit& project);
 void DecodeNightTime(const ImageReader& image, IniEdit& project);
 
 /**
- * Section 26, every version: 50 records of 2 bytes, 100 bytes: day, month; the project has them the other
- * way round. The digits are sent as hexadecimal ones. An empty row is 0, 0; a field "F" is 255.
+ * Section 26, every version: 50 records of 2 bytes, 100 bytes. The project has day and month the other way
+ * round. An empty row is 0, 0; a field "F" is 255.
+ *
+ *  at bytes
+ *   0   1  Day           packed digits
+ *   1   1  Month         packed digits
  */
 void EncodeWeekend(const IniText& project, ImageWriter& image);
 /** Reads the bytes as decimal numbers, so month 12 comes back as "18". Exchanges in the field rely on this;
