@@ -8,7 +8,7 @@
 #include "sections/image_reader.h"
 #include "sections/record_item.h"
 #include "sections/record_writer.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/uses.h"
 
 namespace tarvok::sections {
@@ -53,7 +53,7 @@ inline constexpr Rule kPacked = {
 inline constexpr Rule kPackedByte = {1, [](RecordWriter& row, int at, int field) { row.Hex(at, field); },
                                      kByte.get, "packed digits"};
 
-/** The characters of a text, 0 behind its end. */
+/** The characters of a text, 0 after its end. */
 template <int kBytes>
 inline constexpr Rule kCharacters = {
     kBytes, [](RecordWriter& row, int at, int field) { row.Text(at, kBytes, row.SetText(field)); },

@@ -35,7 +35,7 @@
 namespace tarvok::sections {
 namespace {
 
-/** A number that exchanges know, without anything behind it. */
+/** A number that exchanges know, but that has no bytes. */
 constexpr Section NameOnly(int number, std::string_view name) {
   return {.number = number, .name = name, .send_from = kNever, .load_from = kNever};
 }
@@ -128,7 +128,7 @@ const WireLayout* Section::LayoutAt(int version, Direction direction) const {
   return found;
 }
 
-std::vector<std::string> WhatIsCut(const IniEdit& project) {
+std::vector<std::string> TooLongLists(const IniEdit& project) {
   std::vector<std::string> lines = project.TooLong();
   for (std::string& line : lines) line += ": what stands behind them is lost.";
   return lines;

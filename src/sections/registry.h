@@ -31,7 +31,7 @@ std::vector<const Section*> ReadPlan(int version);
 
 /** One line for each list that decoders made longer than a project value can be. An exchange's pools have
  * room for such lists. */
-std::vector<std::string> WhatIsCut(const IniEdit& project);
+std::vector<std::string> TooLongLists(const IniEdit& project);
 
 /** The time, 6 bytes, which is sent before the first section. It is not a section itself. */
 inline constexpr std::string_view kTimeProgress = "Sending Time...";

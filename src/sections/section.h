@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "sections/field.h"
 #include "sections/image_reader.h"
 #include "sections/image_writer.h"
+#include "sections/table.h"
 #include "sections/uses.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/ini_text.h"
 #include "tests/floors.h"
 

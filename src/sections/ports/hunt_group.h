@@ -19,10 +19,7 @@ extern const Table kTable;
  * Section 15, every version: 1,040 bytes.
  *
  *   0  20 running totals, 16 bits: the members of groups 1 to g
- *  40  500 member slots, 16 bits: number row -1 in group order without gaps, 65,535 behind the last
- *
- * A single member, without a pipe, counts too. Pieces that are empty, "F" or not a positive number are
- * skipped. More than 500 members in total are an error.
+ *  40  500 member slots, 16 bits: number row -1 in group order without gaps, 65,535 after the last
  */
 void EncodeHuntGroup(const IniText& project, ImageWriter& image);
 /** "Now" becomes the last total as received, even if it is larger than the pool. A slot of 65,535 below a

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/group_out.h"
-#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {

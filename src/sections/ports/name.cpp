@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace name {
@@ -12,9 +12,6 @@ namespace {
 constexpr int kMostBytes = 15;
 constexpr Field kFields[] = {Text("Name", kMostBytes)};
 constexpr Mark kMarks[] = {{1, ""}};
-
-using name::kMostBytes;
-using name::kTable;
 
 }  // namespace
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "sections/ports/number_tables.h"
+#include "sections/records.h"
 #include "sections/routing/class_group.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace port_config {
@@ -147,13 +147,11 @@ void EncodePortConfig2(const IniText& project, ImageWriter& image) {
 }
 
 void DecodePortConfigA(const ImageReader& image, IniEdit& project) {
-  using namespace port_config;
-  DecodeProfiles(image, project, true);
+  port_config::DecodeProfiles(image, project, true);
 }
 
 void DecodePortConfigB(const ImageReader& image, IniEdit& project) {
-  using namespace port_config;
-  DecodeProfiles(image, project, false);
+  port_config::DecodeProfiles(image, project, false);
 }
 
 void DecodePortConfig2(const ImageReader& image, IniEdit& project) {

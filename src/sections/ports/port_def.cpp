@@ -116,8 +116,11 @@ int VmDefault(const RecordWriter& port) {
 }
 
 void PutGroup(RecordWriter& port, int at, int field) {
-  port.Plain(at, field, VmDefault(port));
-  if (port.Value(field) == 0) port.Byte(at, VmDefault(port));
+  if (port.Value(field) == 0) {
+    port.Byte(at, VmDefault(port));
+  } else {
+    port.Plain(at, field, 0);
+  }
 }
 
 void PutLanguage(RecordWriter& port, int at, int field) {
@@ -125,7 +128,7 @@ void PutLanguage(RecordWriter& port, int at, int field) {
 }
 
 void PutVmByte(RecordWriter& port, int at, int field) {
-  port.Plain(at, field, VmDefault(port));
+  port.Plain(at, field, port.IsSet(field) ? 0 : VmDefault(port));
 }
 
 /** Bit 0 is Use, bit 4 is Auto Record. */
@@ -205,10 +208,14 @@ void EncodePortDef(const IniText& project, ImageWriter& image) {
 
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
   using namespace port_def;
-  constexpr std::string_view kNoPlaceOrType = "F|F|F";
   StoreRowCounts(project, kTable, kPortRows);
-  DecodeRows(image, project, kTable, kRecord.size(), kRecord,
-             [&](std::string_view row) { return row.starts_with(kNoPlaceOrType); });
+  const auto decode = [](const ImageReader& port, RowText& row) {
+    const int type = port.Byte(2);
+    const bool no_place_or_type =
+        port.Byte(0) == kUnsetByte && port.Byte(1) == kUnsetByte && (type == 0 || type == kUnsetByte);
+    if (!no_place_or_type) kRecord(port, row);
+  };
+  DecodeRows(image, project, kTable, kRecord.size(), decode, BlankUnused);
 }
 
 }  // namespace tarvok::sections

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/digit_code.h"
 #include "store/value_code.h"
 
@@ -21,19 +21,6 @@ constexpr Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
-
-/** Calls `take` with each piece of the list, including empty ones. A list without a pipe is one piece; an
- * empty list has none. */
-template <typename Take>
-void ForEachPiece(std::string_view list, Take take) {
-  if (list.empty()) return;
-  std::size_t start = 0;
-  for (std::size_t pipe = list.find('|'); pipe != std::string_view::npos; pipe = list.find('|', start)) {
-    take(list.substr(start, pipe - start));
-    start = pipe + 1;
-  }
-  take(list.substr(start));
-}
 
 /** Packs one number. "F" is a digit code here like the other letters. ValueWriter would take it as unset,
  * so it is used only to report the error. */
@@ -111,23 +98,19 @@ const Table kAllowTable = {.section = "COR",
 }  // namespace class_digit
 
 void EncodeClassBan(const IniText& project, ImageWriter& image) {
-  using namespace class_digit;
-  EncodeLists(project, kBanTable, image);
+  class_digit::EncodeLists(project, class_digit::kBanTable, image);
 }
 
 void EncodeClassAllow(const IniText& project, ImageWriter& image) {
-  using namespace class_digit;
-  EncodeLists(project, kAllowTable, image);
+  class_digit::EncodeLists(project, class_digit::kAllowTable, image);
 }
 
 void DecodeClassBan(const ImageReader& image, IniEdit& project) {
-  using namespace class_digit;
-  DecodeLists(image, project, kBanTable);
+  class_digit::DecodeLists(image, project, class_digit::kBanTable);
 }
 
 void DecodeClassAllow(const ImageReader& image, IniEdit& project) {
-  using namespace class_digit;
-  DecodeLists(image, project, kAllowTable);
+  class_digit::DecodeLists(image, project, class_digit::kAllowTable);
 }
 
 }  // namespace tarvok::sections

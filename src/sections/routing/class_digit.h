@@ -22,8 +22,8 @@ extern const Table kAllowTable;
  * Section 5, the ban lists, and section 6, the allow lists, every version: 1,064 bytes each.
  *
  *  0 20 ends of 16 bits: the pool bytes of this class and all before it
- * 40 the pool of 1,024 bytes: packed digits of each number ("*" is B, "#" is C) and a byte 0 behind it; 0
- *    behind the last
+ * 40 the pool of 1,024 bytes: packed digits of each number ("*" is B, "#" is C) and a byte 0 after it; 0
+ *    after the last
  *
  * An empty piece between two pipes, or after a trailing one, counts as a number too and takes its byte 0.
  */

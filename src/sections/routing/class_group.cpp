@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/class_digit.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace class_group {

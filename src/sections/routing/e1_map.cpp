@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "sections/ports/port_def.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace e1_map {

@@ -22,7 +22,7 @@ extern const Table kTable;
  * Section 11, every version: 2,112 bytes.
  *
  *  0 32 ends of 16 bits: the members of this group and all before it
- * 64 1,024 members of 16 bits in group order: the port -1, and 255, 255 behind the last
+ * 64 1,024 members of 16 bits in group order: the port -1, and 255, 255 after the last
  */
 void EncodeGroupOut(const IniText& project, ImageWriter& image);
 /** A last end of 65,535 means that there are no groups. Otherwise "Now" is the last end as received, even if

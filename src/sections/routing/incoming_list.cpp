@@ -4,7 +4,7 @@
 #include <string>
 
 #include "sections/ports/assign.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace incoming_list {

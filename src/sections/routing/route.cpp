@@ -98,8 +98,11 @@ void EncodeRoute(const IniText& project, ImageWriter& image) {
 void DecodeRoute(const ImageReader& image, IniEdit& project) {
   using namespace route;
   StoreMax(project, kTable);
-  DecodeRows(image, project, kTable, kRecord.size(), kRecord,
-             [](std::string_view row) { return row.starts_with("F|"); });  // without a group
+  const auto decode = [](const ImageReader& record, RowText& row) {
+    const bool has_group = record.Byte(0) != kUnsetByte;
+    if (has_group) kRecord(record, row);
+  };
+  DecodeRows(image, project, kTable, kRecord.size(), decode, BlankUnused);
 }
 
 }  // namespace tarvok::sections

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/route.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace route_list {

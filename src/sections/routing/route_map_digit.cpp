@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/route_list.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace route_map_digit {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {

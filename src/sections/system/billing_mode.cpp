@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -148,33 +148,27 @@ const Table kCountry = {.section = kSystemConfig,
 }  // namespace billing_mode
 
 void EncodeBilling1(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm1);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm1);
 }
 
 void EncodeBilling2(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm2);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm2);
 }
 
 void EncodeBilling3(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm3);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm3);
 }
 
 void DecodeBilling1(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm1);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm1);
 }
 
 void DecodeBilling2(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm2);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm2);
 }
 
 void DecodeBilling3(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm3);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm3);
 }
 
 }  // namespace tarvok::sections

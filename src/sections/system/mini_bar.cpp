@@ -3,7 +3,7 @@
 #include <string>
 
 #include "sections/image_reader.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace mini_bar {
@@ -45,7 +45,7 @@ void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& 
   // Each of these would end the field or the row, or be trimmed from its start.
   row.AddCharacters({reinterpret_cast<const std::uint8_t*>(name.data()), name.size()}, "|\t\r\n");
   row.Add(price >= kUnsetPrice ? std::string(kUnset) : std::to_string(price));
-  StoreRow(project, kTable, number, row.str(), IsEmptyRow(kTable, row.str()));
+  StoreRow(project, kTable, number, row.str());
 }
 
 }  // namespace tarvok::sections

@@ -22,7 +22,7 @@ extern const Table kTable;
 /**
  * Fills a record of 32 bytes from row `number`, 1 to 512. A missing row gives bytes of 0.
  *
- *  0 Name, 20 bytes, 0 behind its end     20 Price, 16 bits     22 ten bytes of 0
+ *  0 Name, 20 bytes, 0 after its end     20 Price, 16 bits     22 ten bytes of 0
  *
  * "F" is sent as 0 in both. The editor takes names of up to 16 characters, but 20 fit.
  */

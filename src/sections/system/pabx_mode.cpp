@@ -3,7 +3,7 @@
 #include <string>
 
 #include "sections/ports/port_def.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/field_list.h"
 #include "store/number_text.h"

@@ -1,6 +1,6 @@
 #include "sections/system/pbx_ip.h"
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/number_text.h"
 
 namespace tarvok::sections {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/number_text.h"
 
 namespace tarvok::sections {
@@ -20,9 +20,7 @@ constexpr Field kFields[kScriptEvents] = {
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F|F|"};
 
-using run_script::kTable;
-
-constexpr int kWord = 2;
+constexpr int kBytes = 2;
 
 }  // namespace
 
@@ -39,13 +37,14 @@ void EncodeRunScript(const IniText& project, ImageWriter& image) {
   using namespace run_script;
   image.Fill(0, image.size(), 255);
   RecordWriter scripts(image, 0, kTable, kTable.key, KeyValue(project, kTable));
-  for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kWord, event);
+  for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kBytes, event);
 }
 
 void DecodeRunScript(const ImageReader& image, IniEdit& project) {
   using namespace run_script;
   std::string row;
-  for (int event = 1; event <= kScriptEvents; ++event) row += image.RawPlusOneWord((event - 1) * kWord) + "|";
+  for (int event = 1; event <= kScriptEvents; ++event)
+    row += image.RawPlusOneWord((event - 1) * kBytes) + "|";
   if (row == kTable.empty_rows.front()) row.clear();
   project.Set(kTable.section, kTable.key, row);
 }

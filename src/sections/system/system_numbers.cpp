@@ -1,6 +1,6 @@
 #include "sections/system/system_numbers.h"
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -48,23 +48,19 @@ const Table kMusicPort = {.section = kSystemConfig,
 }  // namespace system_numbers
 
 void EncodeVMNumber(const IniText& project, ImageWriter& image) {
-  using namespace system_numbers;
-  EncodeNumber(project, image, kVoiceMail);
+  system_numbers::EncodeNumber(project, image, system_numbers::kVoiceMail);
 }
 
 void EncodeRecordNumber(const IniText& project, ImageWriter& image) {
-  using namespace system_numbers;
-  EncodeNumber(project, image, kRecord);
+  system_numbers::EncodeNumber(project, image, system_numbers::kRecord);
 }
 
 void DecodeVMNumber(const ImageReader& image, IniEdit& project) {
-  using namespace system_numbers;
-  DecodeNumber(image, project, kVoiceMail);
+  system_numbers::DecodeNumber(image, project, system_numbers::kVoiceMail);
 }
 
 void DecodeRecordNumber(const ImageReader& image, IniEdit& project) {
-  using namespace system_numbers;
-  DecodeNumber(image, project, kRecord);
+  system_numbers::DecodeNumber(image, project, system_numbers::kRecord);
 }
 
 void EncodeCardPortVM(const IniText& project, ImageWriter& image) {

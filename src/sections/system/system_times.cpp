@@ -76,13 +76,11 @@ const Table kHolidays = {.section = kSystemConfig,
 }  // namespace system_times
 
 void EncodeDayTime(const IniText& project, ImageWriter& image) {
-  using namespace system_times;
-  EncodeTimes(project, image, kDayTime);
+  system_times::EncodeTimes(project, image, system_times::kDayTime);
 }
 
 void EncodeNightTime(const IniText& project, ImageWriter& image) {
-  using namespace system_times;
-  EncodeTimes(project, image, kNightTime);
+  system_times::EncodeTimes(project, image, system_times::kNightTime);
 }
 
 void DecodeDayTime(const ImageReader& image, IniEdit& project) {
