@@ -45,11 +45,7 @@ void DecodeName(const ImageReader& image, IniEdit& project) {
   StoreRowCounts(project, kTable, count);
   for (int number = 1; number <= kNameRows; ++number) {
     const std::string& text = names[static_cast<std::size_t>(number) - 1];
-    if (text.empty()) {
-      project.DeleteKey(kTable.section, KeyOf(kTable, number));
-    } else {
-      project.Set(kTable.section, KeyOf(kTable, number), text);
-    }
+    StoreRow(project, kTable, number, text, text.empty());
   }
 }
 
