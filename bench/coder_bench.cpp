@@ -9,7 +9,6 @@
 #include "project/check.h"
 #include "sections/registry.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "tests/floors.h"
 
 namespace tarvok::bench {

@@ -2,6 +2,7 @@
 // then encoded without a fault.
 
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 #include "fuzz/demand.h"
@@ -14,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size < 2) return 0;
   constexpr std::uint8_t kGoesBack = 0x80;
   const auto sections = Sections();
-  const Section& section = sections[data[0] % sections.size()];
-  const WireLayout& layout = section.layouts[data[1] % kGoesBack % section.layouts.size()];
+  const Section& section = *sections[data[0] % sections.size()];
+  const WireLayout& layout = section.layouts[data[1] % kGoesBack % std::size(section.layouts)];
   if (layout.decode == nullptr) return 0;
   const IniText empty;
   IniEdit edit(empty);

@@ -2,6 +2,7 @@
 // cannot.
 
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 #include "fuzz/demand.h"
@@ -13,8 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace tarvok::fuzz;
   if (size < 2) return 0;
   const auto sections = Sections();
-  const Section& section = sections[data[0] % sections.size()];
-  const WireLayout& layout = section.layouts[data[1] % section.layouts.size()];
+  const Section& section = *sections[data[0] % sections.size()];
+  const WireLayout& layout = section.layouts[data[1] % std::size(section.layouts)];
   if (layout.encode == nullptr) return 0;
   const IniText project(std::string(reinterpret_cast<const char*>(data + 2), size - 2));
   ImageWriter image(layout.size);

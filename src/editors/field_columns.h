@@ -8,7 +8,7 @@
 #include "editing/table_form.h"
 #include "editors/uses.h"
 #include "project/references.h"
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 

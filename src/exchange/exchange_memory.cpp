@@ -90,9 +90,9 @@ void ExchangeMemory::SetSection(int number, Bytes image) {
 Bytes ExchangeMemory::SectionForLoad(int number) const {
   const int size = SizeAt(number, version_, Direction::kLoad);
   const auto found = sections_.find(number);
-  if (found == sections_.end()) return BlankImage(number, size);
+  if (found == sections_.end()) return BlankImage(number, version_);
   if (static_cast<int>(found->second.size()) == size) return found->second;
-  return RouteMapForLoad(found->second, size);
+  return RouteMapForLoad(found->second, version_);
 }
 
 void ExchangeMemory::SetMiniBar(int record, std::span<const std::uint8_t> bytes) {

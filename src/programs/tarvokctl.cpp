@@ -116,7 +116,7 @@ class CommandLine {
   void TakeSectionOrAll(CLI::App* command) {
     CLI::Option* section = command->add_option("--section", arguments_.section, "section number")
                                ->check(IsDecimal)
-                               ->check(CLI::Range(1, 46));
+                               ->check(CLI::Range(1, kBarEnd));
     CLI::Option* all = command->add_flag("--all", arguments_.all, "every section of the version");
     section->excludes(all);
     TakeVersion(command);

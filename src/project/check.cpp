@@ -9,9 +9,9 @@
 #include "project/check_header.h"
 #include "project/field_check.h"
 #include "project/places.h"
+#include "sections/registry.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/field_list.h"
 #include "store/header_keys.h"
 

@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "project/difference_rows.h"
+#include "sections/registry.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/header_keys.h"
 
 namespace tarvok::project {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "project/uses.h"
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/ini_text.h"
 
 namespace tarvok::project {

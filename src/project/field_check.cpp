@@ -92,8 +92,8 @@ std::string WrongCoded(const Field& field, std::string_view text) {
   const CodedParts parts = TakeApart(field, text);
   if (parts.entry == nullptr) return std::string(text).append(" has an unknown code");
   std::string wrong = WrongValue(*parts.entry->argument, parts.argument);
-  if (!wrong.empty() || parts.entry->behind_comma == nullptr) return wrong;
-  return WrongValue(*parts.entry->behind_comma, parts.behind_comma);
+  if (!wrong.empty() || parts.entry->after_comma == nullptr) return wrong;
+  return WrongValue(*parts.entry->after_comma, parts.after_comma);
 }
 
 /** The name of a field that the row lacks but needs to be referred to; "" if none, and for an unused row. */
@@ -113,8 +113,8 @@ CodedParts TakeApart(const Field& field, std::string_view text) {
     if (!text.starts_with(entry.code)) continue;
     const std::string_view argument = text.substr(entry.code.size());
     const std::size_t comma = argument.find(',');
-    if ((comma != std::string_view::npos) != (entry.behind_comma != nullptr)) continue;
-    if (entry.behind_comma == nullptr) return {&entry, argument, {}};
+    if ((comma != std::string_view::npos) != (entry.after_comma != nullptr)) continue;
+    if (entry.after_comma == nullptr) return {&entry, argument, {}};
     return {&entry, argument.substr(0, comma), argument.substr(comma + 1)};
   }
   return {};

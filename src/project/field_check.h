@@ -20,7 +20,7 @@ std::string WrongTarget(const IniText& project, const Field& field, std::string_
 struct CodedParts {
   const CodedValue* entry = nullptr;
   std::string_view argument;
-  std::string_view behind_comma;
+  std::string_view after_comma;
 };
 CodedParts TakeApart(const Field& field, std::string_view text);
 

@@ -4,94 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "sections/ports/account.h"
-#include "sections/ports/assign.h"
-#include "sections/ports/boss.h"
-#include "sections/ports/hunt_group.h"
-#include "sections/ports/key_dss.h"
-#include "sections/ports/name.h"
-#include "sections/ports/number_tables.h"
-#include "sections/ports/port_config.h"
-#include "sections/ports/port_def.h"
-#include "sections/ports/vm_call_back.h"
-#include "sections/routing/class_digit.h"
-#include "sections/routing/class_group.h"
-#include "sections/routing/did_redirect.h"
-#include "sections/routing/e1_map.h"
-#include "sections/routing/e1_number.h"
-#include "sections/routing/group_out.h"
-#include "sections/routing/incoming_list.h"
-#include "sections/routing/route.h"
-#include "sections/routing/route_list.h"
-#include "sections/routing/route_map_digit.h"
-#include "sections/routing/tbl_route.h"
-#include "sections/routing/tenan.h"
+#include "sections/registry.h"
 #include "sections/rows.h"
-#include "sections/system/billing_mode.h"
-#include "sections/system/mini_bar.h"
-#include "sections/system/pabx_mode.h"
-#include "sections/system/pbx_ip.h"
-#include "sections/system/run_script.h"
-#include "sections/system/system_numbers.h"
-#include "sections/system/system_times.h"
-#include "sections/tables.h"
 
 namespace tarvok::project {
 namespace {
-
-struct EditedBy {
-  const Table* table;
-  std::string_view command;  // key of the command
-  int first_field = 0;       // 0: all fields that no other entry claims
-  int last_field = 0;
-};
-
-/** A table that is not listed is edited like the first listed table of its section. */
-constexpr EditedBy kEditedBy[] = {
-    {&assign::kTable, "ext"},
-    {&name::kTable, "ext"},
-    {&port_def::kTable, "portdefine"},
-    {&port_def::kTable, "callforward", 9, 15},
-    {&port_def::kTable, "vmbox", 18, 22},
-    {&port_config::kTable, "portconfig"},
-    {&boss::kTable, "boss"},
-    {&link_trunk::kTable, "linktrunk"},
-    {&dial_phone::kTable, "dialphone"},
-    {&account::kTable, "account"},
-    {&hunt_group::kTable, "groupofhunt"},
-    {&incoming_list::kTable, "incominglist"},
-    {&tenan::kDayTable, "tenan"},
-    {&route_map_digit::kTable, "routemap"},
-    {&route_list::kTable, "route"},
-    {&route::kTable, "route"},
-    {&group_out::kTable, "groupout"},
-    {&e1_map::kTable, "e1mapping"},
-    {&e1_number::kTable, "e1numbering"},
-    {&did_redirect::kTable, "didredirect"},
-    {&class_digit::kBanTable, "digitcor"},
-    {&class_group::kTable, "corgroup"},
-    {&system_times::kHolidays, "systemconfig"},
-    {&vm_call_back::kTable, "vmcallback"},
-    {&pabx_mode::kTable, "pabxmode"},
-    {&billing_mode::kTable, "billingmode"},
-    {&billing_mode::kCountry, "billingmode"},
-    {&mini_bar::kTable, "minibar"},
-    {&run_script::kTable, "runscript"},
-    {&tbl_route::kTable, "setroute"},
-    {&pbx_ip::kAddress, "setip"},
-    {&key_dss::kKeys, "setupkey"},
-    {&key_dss::kDss, "setupkey"},
-};
-
-/** Index of the command with this key; the number of commands if there is none. */
-constexpr std::size_t IndexOf(std::string_view key) {
-  std::size_t index = 0;
-  while (index < kCommands.size() && kCommands[index].key != key) ++index;
-  return index;
-}
-
-static_assert(std::all_of(std::begin(kEditedBy), std::end(kEditedBy),
-                          [](const EditedBy& entry) { return IndexOf(entry.command) < kCommands.size(); }));
 
 /** The row number of a key; -1 if the table has no such key. */
 int RowOfKey(const Table& table, std::string_view key) {
@@ -119,16 +36,12 @@ int FieldOfName(const Table& table, std::string_view name) {
 }  // namespace
 
 const Command* CommandOf(const Table& table, int field) {
-  const EditedBy* found = nullptr;
-  for (const EditedBy& entry : kEditedBy) {
-    const bool claims = entry.table == &table && entry.first_field > 0 && field >= entry.first_field &&
-                        field <= entry.last_field;
-    if (claims) return &kCommands[IndexOf(entry.command)];
-    const bool closer = found == nullptr || found->table != &table;
-    if (entry.first_field > 0 || !closer) continue;
-    if (entry.table == &table || (found == nullptr && entry.table->section == table.section)) found = &entry;
+  std::string_view key = table.command;
+  for (const EditedElsewhere& fields : table.edited_elsewhere) {
+    if (field >= fields.first && field <= fields.last) key = fields.command;
   }
-  return found == nullptr ? nullptr : &kCommands[IndexOf(found->command)];
+  const auto found = std::ranges::find(kCommands, key, &Command::key);
+  return found == kCommands.end() ? nullptr : &*found;
 }
 
 std::optional<StatedRow> FindRow(std::string_view section, std::string_view key) {

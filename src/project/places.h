@@ -6,7 +6,7 @@
 #include "project/commands.h"
 #include "project/place.h"
 #include "project/uses.h"
-#include "sections/field.h"
+#include "sections/table.h"
 
 namespace tarvok::project {
 

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "project/field_check.h"
+#include "sections/registry.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "sections/registry.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/number_text.h"
 
 namespace tarvok::project {

@@ -43,6 +43,11 @@ std::string ImageReader::Plain(int at) const {
   return value == kUnsetByte ? std::string(kUnset) : std::to_string(value);
 }
 
+std::string ImageReader::PlainWord(int at) const {
+  const int value = Word(at);
+  return value == kUnsetWord ? std::string(kUnset) : std::to_string(value);
+}
+
 std::string ImageReader::PlusOne(int at, int width) const {
   return PlusOneOrUnset(Byte(at), kUnsetByte, width);
 }

@@ -34,6 +34,8 @@ class ImageReader {
 
   /** The byte in decimal, "F" for 255. */
   std::string Plain(int at) const;
+  /** The 16 bits in decimal; "F" if the high byte is 255. */
+  std::string PlainWord(int at) const;
   /** The byte plus 1, padded to `width` digits; "F" for 255. */
   std::string PlusOne(int at, int width = 0) const;
   /** The 16 bits plus 1, padded to `width` digits; "F" if the high byte is 255. */

@@ -3,18 +3,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "sections/field.h"
 #include "sections/image_writer.h"
+#include "sections/table.h"
 #include "sections/uses.h"
 #include "store/field_list.h"
 
 namespace tarvok::sections {
-
-/** The error for a list member when the pool is full. Only the pool of class numbers is packed. */
-constexpr std::string_view PoolFull(const Members& members) {
-  return members.packed ? "has no place in the pool that all classes share"
-                        : "has no place in the pool that all groups share";
-}
 
 /**
  * Writes one value to an image. If the value doesn't fit, the error names its row and field. Offsets count

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "sections/registry.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 #include "store/value_code.h"
@@ -13,19 +13,6 @@ namespace {
 
 constexpr std::string_view kOn = "on";
 constexpr std::string_view kOff = "off";
-
-/** All pieces between pipes, including empty ones. An empty text has none. */
-std::vector<std::string_view> Pieces(std::string_view value) {
-  std::vector<std::string_view> pieces;
-  while (!value.empty()) {
-    const std::size_t pipe = value.find('|');
-    pieces.push_back(value.substr(0, pipe));
-    if (pipe == std::string_view::npos) break;
-    value.remove_prefix(pipe + 1);
-    if (value.empty()) pieces.emplace_back();
-  }
-  return pieces;
-}
 
 /** True if the text has only these characters and is neither empty nor too long for a number. */
 bool IsMadeOf(std::string_view characters, std::string_view text) {
@@ -78,7 +65,7 @@ RowFields::RowFields(const Table& table, std::string_view value) : table_(table)
     if (!value.empty()) texts_.push_back(value);
     return;
   }
-  texts_ = Pieces(value);
+  ForEachPiece(value, [&](std::string_view piece) { texts_.push_back(piece); });
   if (table.members.every_piece) return;
   if (!texts_.empty() && texts_.back().empty()) texts_.pop_back();  // a closing pipe is always ignored
   has_gap_ = std::erase(texts_, std::string_view()) > 0;
@@ -116,8 +103,7 @@ const Field* RowFields::StatementOf(int n) const {
 }
 
 bool IsUnused(const Table& table, std::string_view value) {
-  const auto& empty = table.empty_rows;
-  if (value.empty() || std::find(empty.begin(), empty.end(), value) != empty.end()) return true;
+  if (value.empty() || IsEmptyRow(table, value)) return true;
   return !table.missing_differs && RowFields(table, value).IsBlank();
 }
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "sections/field.h"
+#include "sections/table.h"
 #include "sections/uses.h"
 #include "store/ini_text.h"
 

@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/record_writer.h"
+#include "sections/table.h"
 #include "sections/uses.h"
-#include "sections/wire_values.h"
+#include "store/field_list.h"
 #include "store/ini_edit.h"
 #include "store/ini_text.h"
 #include "store/number_text.h"
@@ -18,7 +16,9 @@ namespace tarvok::sections {
 /** The key of row `number`. A single-key table ignores the number. */
 inline std::string KeyOf(const Table& table, int number) {
   if (table.single()) return std::string(table.key);
-  return std::string(table.rows.prefix).append(Padded(number, table.rows.width)).append(table.rows.suffix);
+  std::string key = Padded(number, table.rows.width);
+  if (!table.rows.prefix.empty()) key.insert(0, table.rows.prefix);
+  return key.append(table.rows.suffix);
 }
 
 /** The trimmed value of row `number`, or "" if the key is missing. Valid as long as `project`. */
@@ -31,14 +31,24 @@ inline std::string_view KeyValue(const IniText& project, const Table& table) {
   return Trim(project.Get(table.section, table.key));
 }
 
-/** Writes a row, or removes its key if the value is one of the table's empty rows. */
-inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
-  const auto& empty = table.empty_rows;
-  if (std::find(empty.begin(), empty.end(), value) != empty.end()) {
-    project.DeleteKey(table.section, KeyOf(table, number));
+/** True if the value is one of the table's empty rows. */
+inline bool IsEmptyRow(const Table& table, std::string_view value) {
+  return std::ranges::find(table.empty_rows, value) != table.empty_rows.end();
+}
+
+/** Writes a row, or removes its key if the row is unused. */
+inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value, bool unused) {
+  const std::string key = KeyOf(table, number);
+  if (unused) {
+    project.DeleteKey(table.section, key);
   } else {
-    project.Set(table.section, KeyOf(table, number), value);
+    project.Set(table.section, key, value);
   }
+}
+
+/** Like the above; the table's empty rows are unused. */
+inline void StoreRow(IniEdit& project, const Table& table, int number, std::string_view value) {
+  StoreRow(project, table, number, value, IsEmptyRow(table, value));
 }
 
 /** Writes "Max", the number of rows that the section can hold. */
@@ -52,48 +62,17 @@ inline void StoreRowCounts(IniEdit& project, const Table& table, int now) {
   project.Set(table.section, kNowKey, std::to_string(now));
 }
 
-/** Records of one size, one per row. The record of an unused row has `unset_count` bytes of 255 from
- * `unset_at` and is 0 elsewhere. */
-struct RecordShape {
-  int size;
-  int unset_at = 0;
-  int unset_count = 0;
-};
-
-/** Encodes a table's rows into consecutive records from the image's start, calling `encode(RecordWriter&)`
- * for each row in use. A row is unused if its key is missing or empty, or if its number is above `last`. */
-template <typename EncodeRow>
-void EncodeRowsTo(std::int64_t last, const IniText& project, const Table& table, ImageWriter& image,
-                  RecordShape shape, EncodeRow encode) {
-  for (int number = table.rows.first; number <= table.rows.last; ++number) {
-    const std::string key = KeyOf(table, number);
-    const std::string_view value = Trim(project.Get(table.section, key));
-    const int start = (number - table.rows.first) * shape.size;
-    if (number > last || value.empty()) {
-      image.Fill(start + shape.unset_at, shape.unset_count, kUnsetByte);
-      continue;
-    }
-    RecordWriter row(image, start, table, key, value);
-    encode(row);
+/** Calls `take` with each piece of the list, including empty ones. A list without a pipe is one piece; an
+ * empty list has none. */
+template <typename Take>
+void ForEachPiece(std::string_view list, Take take) {
+  if (list.empty()) return;
+  std::size_t start = 0;
+  for (std::size_t pipe = list.find('|'); pipe != std::string_view::npos; pipe = list.find('|', start)) {
+    take(list.substr(start, pipe - start));
+    start = pipe + 1;
   }
-}
-
-/** Like EncodeRowsTo, for all rows of the table. */
-template <typename EncodeRow>
-void EncodeRows(const IniText& project, const Table& table, ImageWriter& image, RecordShape shape,
-                EncodeRow encode) {
-  EncodeRowsTo(table.rows.last, project, table, image, shape, encode);
-}
-
-/** Decodes consecutive records of `size` bytes into a table's rows. `decode(const ImageReader&, RowText&)`
- * gets each record and an empty row to fill, which is then stored. */
-template <typename DecodeRow>
-void DecodeRows(const ImageReader& image, IniEdit& project, const Table& table, int size, DecodeRow decode) {
-  RowText row;
-  for (int number = table.rows.first; number <= table.rows.last; ++number) {
-    decode(image.Record(number - table.rows.first, size), row.Clear());
-    StoreRow(project, table, number, row.str());
-  }
+  take(list.substr(start));
 }
 
 /** Calls `take` for each real member of a list. Empty pieces, "F" and numbers below 1 take no place in a

@@ -32,7 +32,7 @@ bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout
   std::vector<std::string> cut;
   const Status written = UpdateTemporary(transfer, [&](IniEdit& edit) {
     layout.decode(image, edit);
-    cut = WhatIsCut(edit);
+    cut = TooLongLists(edit);
   });
   for (const std::string& line : cut) transfer.Note(line);
   return written.ok() || transfer.Fail(written.message());

@@ -22,11 +22,11 @@ template <typename Take>
 void ForEachSentLayout(Take take) {
   std::set<const WireLayout*> seen;
   for (int version = kLowestVersion; version <= kHighestVersion; ++version) {
-    for (const Section& section : Sections()) {
-      const WireLayout* layout = section.LayoutAt(version, Direction::kSend);
+    for (const Section* section : Sections()) {
+      const WireLayout* layout = section->LayoutAt(version, Direction::kSend);
       if (layout == nullptr || layout->encode == nullptr || !seen.insert(layout).second) continue;
-      SCOPED_TRACE("section " + std::to_string(section.number) + ", version " + std::to_string(version));
-      take(section.number, *layout);
+      SCOPED_TRACE("section " + std::to_string(section->number) + ", version " + std::to_string(version));
+      take(*section, *layout);
     }
   }
 }
@@ -54,9 +54,9 @@ const Names kStayAtHome = {"Incoming_List Name",
                            "E1Map End"};
 
 /** Full values of all single keys of a section except one: some are only sent together with another. */
-std::string OtherKeys(int section, const Table& table) {
+std::string OtherKeys(const Section& section, const Table& table) {
   std::string keys;
-  for (const Table* other : TablesOf(section)) {
+  for (const Table* other : section.OwnTables()) {
     if (other != &table && other->single()) keys += KeyOf(*other, 1) + "=" + FullRow(*other) + "\n";
   }
   return keys;
@@ -103,9 +103,9 @@ void ExpectOwnBytes(const WireLayout& layout, const Table& table, const std::str
 TEST(SectionContract, AFieldChangesOnlyItsOwnBytes) {
   Names travelled;
   Names all;
-  ForEachSentLayout([&](int section, const WireLayout& layout) {
-    if (kPools.contains(section)) return;
-    for (const Table* table : TablesOf(section)) {
+  ForEachSentLayout([&](const Section& section, const WireLayout& layout) {
+    if (kPools.contains(section.number)) return;
+    for (const Table* table : section.OwnTables()) {
       ExpectOwnBytes(layout, *table, OtherKeys(section, *table), travelled);
       for (std::size_t n = 1; n <= table->fields.size(); ++n) all.insert(NameOf(*table, static_cast<int>(n)));
     }
@@ -126,8 +126,8 @@ TEST(SectionContract, ReportsNumbersThatAreTooLarge) {
   const std::string kTooLarge = "70000";
   Names refused;
   Names numbers;
-  ForEachSentLayout([&](int section, const WireLayout& layout) {
-    for (const Table* table : TablesOf(section)) {
+  ForEachSentLayout([&](const Section& section, const WireLayout& layout) {
+    for (const Table* table : section.OwnTables()) {
       for (int n = 1; n <= static_cast<int>(table->fields.size()); ++n) {
         const Field& field = table->fields[static_cast<std::size_t>(n) - 1];
         if (field.kind != FieldKind::kNumber && field.kind != FieldKind::kRow) continue;
@@ -184,9 +184,9 @@ Images Send(int version, const IniText& project) {
   return images;
 }
 
-Names OwnKeys(int section) {
+Names OwnKeys(const Section& section) {
   Names own;
-  for (const Table* table : TablesOf(section)) {
+  for (const Table* table : section.OwnTables()) {
     const int last = std::max(table->rows.last, table->rows.first);
     for (int row = table->rows.first; row <= last; ++row)
       own.insert(std::string(table->section) + KeyOf(*table, row));
@@ -197,7 +197,7 @@ Names OwnKeys(int section) {
 
 TEST(SectionContract, ADecoderWritesOnlyItsOwnKeys) {
   std::map<int, Names> own;
-  for (const Section& section : Sections()) own[section.number] = OwnKeys(section.number);
+  for (const Section* section : Sections()) own[section->number] = OwnKeys(*section);
   for (const int version : {100, 101, 104, 107, 110}) {
     for (unsigned kind = 0; kind < kKinds; ++kind) {
       for (const auto& [number, image] : ImagesOf(version, kind)) {
@@ -232,8 +232,8 @@ const std::map<int, Loss> kNotTheSameAtOnce = {
 std::string FullProject() {
   const IniText nothing;
   IniEdit project(nothing);
-  for (const Section& section : Sections()) {
-    for (const Table* table : TablesOf(section.number)) {
+  for (const Section* section : Sections()) {
+    for (const Table* table : section->OwnTables()) {
       const int last = std::max(table->rows.last, table->rows.first);
       for (const int row : {table->rows.first, last})
         project.Set(table->section, KeyOf(*table, row), FullRow(*table));

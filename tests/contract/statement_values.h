@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/ini_text.h"
 #include "tests/floors.h"
 
@@ -30,8 +30,5 @@ std::string ProjectOf(const Table& table, const std::vector<int>& numbers, const
 /** The project's text with a new value for a key, or for one field of it if `field` (from 1) is not 0. */
 std::string WithValue(const IniText& project, const std::string& section, const std::string& key, int field,
                       const std::string& value);
-
-/** The tables whose keys the coders of a section read and write. */
-std::vector<const Table*> TablesOf(int section);
 
 }  // namespace tarvok::test

@@ -107,7 +107,7 @@ TEST(BlankImages, LoadAsAnEmptyProject) {
       SCOPED_TRACE(section->number * 1000 + version);
       const IniText nothing("");
       IniEdit project(nothing);
-      const Bytes image = BlankImage(section->number, layout->size);
+      const Bytes image = BlankImage(section->number, version);
       ASSERT_EQ(image.size(), static_cast<std::size_t>(layout->size));
       layout->decode(ImageReader(image), project);
       const IniText loaded(project.Bytes());

@@ -113,7 +113,7 @@ std::string_view KeyDialog::code() const {
 const Field& KeyDialog::ArgumentOf(std::string_view code, bool with_map) const {
   const auto found =
       std::find_if(statement_.codes.begin(), statement_.codes.end(), [&](const CodedValue& value) {
-        return value.code == code && (value.behind_comma != nullptr) == with_map;
+        return value.code == code && (value.after_comma != nullptr) == with_map;
       });
   return *found->argument;
 }
@@ -121,8 +121,8 @@ const Field& KeyDialog::ArgumentOf(std::string_view code, bool with_map) const {
 const Field& KeyDialog::MapOf(std::string_view code) const {
   const auto found = std::find_if(
       statement_.codes.begin(), statement_.codes.end(),
-      [&](const CodedValue& value) { return value.code == code && value.behind_comma != nullptr; });
-  return *found->behind_comma;
+      [&](const CodedValue& value) { return value.code == code && value.after_comma != nullptr; });
+  return *found->after_comma;
 }
 
 void KeyDialog::Fill(std::string_view label) {

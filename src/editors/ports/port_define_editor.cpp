@@ -7,11 +7,11 @@
 #include "sections/ports/assign.h"
 #include "sections/ports/port_config.h"
 #include "sections/ports/port_def.h"
+#include "sections/registry.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/incoming_list.h"
 #include "sections/routing/tenan.h"
 #include "sections/rows.h"
-#include "sections/tables.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {

@@ -7,7 +7,7 @@
 #include "editing/table_form.h"
 #include "editing/table_pages.h"
 #include "editors/uses.h"
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/ini_edit.h"
 
 namespace tarvok::editors {

@@ -6,7 +6,7 @@
 
 #include "editing/editor_form.h"
 #include "editors/uses.h"
-#include "sections/field.h"
+#include "sections/table.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
 

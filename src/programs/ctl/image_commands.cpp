@@ -87,7 +87,7 @@ int Run(ProjectStore& store, const std::vector<DecodeStep>& steps, const std::st
       const std::vector<std::uint8_t> bytes(step.bytes.begin(), step.bytes.end());
       step.layout->decode(ImageReader(bytes), edit);
     }
-    cut = WhatIsCut(edit);
+    cut = TooLongLists(edit);
   });
   for (const std::string& line : cut) Tell(line);
   return written.ok() ? kDone : Fail(written.message());

@@ -132,13 +132,13 @@ int ListSections(int version) {
                std::to_string(kTimeSize) + "\t" + std::string(kTimeProgress));
   // A section that is sent twice has a step for each. Step numbers also count the sections that this version
   // leaves out.
-  for (const Section& section : Sections()) {
-    for (int i = 0; section.send_from != kNever && i < section.times_sent; ++i) {
+  for (const Section* section : Sections()) {
+    for (int i = 0; section->send_from != kNever && i < section->times_sent; ++i) {
       ++step;
-      if (section.send_from > version) continue;
-      PrintPlanRow("send", std::to_string(step), std::to_string(section.number),
-                   std::to_string(SizeAt(section.number, version, Direction::kSend)) + "\t" +
-                       std::string(section.progress));
+      if (section->send_from > version) continue;
+      PrintPlanRow("send", std::to_string(step), std::to_string(section->number),
+                   std::to_string(SizeAt(section->number, version, Direction::kSend)) + "\t" +
+                       std::string(section->progress));
     }
   }
   for (const Section* section : ReadPlan(version)) {

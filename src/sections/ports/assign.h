@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -25,10 +20,22 @@ extern const Table kTable;
  * Section 13, every version: 500 records of 9 bytes, 4,500 bytes. Rows above "Now" and unused rows are 9
  * bytes of 255.
  *
- *  0 Number, 3 bytes of packed digits    3 Type    4 Value -1, 16 bits    6 Company    7 Name -1, 16 bits
+ *  at bytes
+ *   0   3  Number        packed digits
+ *   3   1  Type
+ *   4   2  Value         -1
+ *   6   1  Company
+ *   7   2  Name          -1
  */
 void EncodeAssign(const IniText& project, ImageWriter& image);
 /** A byte 0 in Number is read as "0" and ends the number. The row's type decides how `Value` is padded. */
 void DecodeAssign(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kAssignSection = {.number = 13,
+                                           .name = "Assign Number",
+                                           .progress = "Sending Assign Number...",
+                                           .send_failed = "Send Assign Number failed (RE)",
+                                           .layouts = {{4500, EncodeAssign, DecodeAssign}},
+                                           .tables = {&assign::kTable}};
 
 }  // namespace tarvok::sections

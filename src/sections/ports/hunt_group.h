@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -24,14 +19,18 @@ extern const Table kTable;
  * Section 15, every version: 1,040 bytes.
  *
  *   0  20 running totals, 16 bits: the members of groups 1 to g
- *  40  500 member slots, 16 bits: number row -1 in group order without gaps, 65,535 behind the last
- *
- * A single member, without a pipe, counts too. Pieces that are empty, "F" or not a positive number are
- * skipped. More than 500 members in total are an error.
+ *  40  500 member slots, 16 bits: number row -1 in group order without gaps, 65,535 after the last
  */
 void EncodeHuntGroup(const IniText& project, ImageWriter& image);
 /** "Now" becomes the last total as received, even if it is larger than the pool. A slot of 65,535 below a
  * total is skipped. A group without members is written as an empty key. */
 void DecodeHuntGroup(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kHuntGroupSection = {.number = 15,
+                                              .name = "Hunt",
+                                              .progress = "Sending Hunt Group...",
+                                              .send_failed = "Send Hunting Group failed (RE)",
+                                              .layouts = {{1040, EncodeHuntGroup, DecodeHuntGroup}},
+                                              .tables = {&hunt_group::kTable}};
 
 }  // namespace tarvok::sections

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/group_out.h"
-#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {
@@ -36,24 +36,6 @@ constexpr CodedValue kDssCodes[] = {
 
 constexpr Field kKeyFields[] = {Coded("Key", kKeyCodes)};
 constexpr Field kDssFields[] = {Coded("DSS", kDssCodes)};
-
-}  // namespace
-
-const Table kKeys = {.section = "Key",
-                     .row_name = "Layout",
-                     .rows = {1, kKeyLayouts, 2},
-                     .fields = kKeyFields,
-                     .repeats = true,
-                     .members = {.most = kKeysOfLayout, .numbered = true},
-                     .missing_differs = true};
-const Table kDss = {.section = "DSS",
-                    .row_name = "Layout",
-                    .rows = {1, kKeyLayouts, 2},
-                    .fields = kDssFields,
-                    .repeats = true,
-                    .members = {.most = kDssOfLayout, .numbered = true}};
-
-namespace {
 
 constexpr int kKeyEntry = 11;
 constexpr int kDssEntry = 4;
@@ -219,6 +201,22 @@ void NumberMultilines(std::array<std::string, kKeysOfLayout>& keys) {
 }
 
 }  // namespace
+
+const Table kKeys = {.section = "Key",
+                     .row_name = "Layout",
+                     .command = "setupkey",
+                     .rows = {1, kKeyLayouts, 2},
+                     .fields = kKeyFields,
+                     .repeats = true,
+                     .members = {.most = kKeysOfLayout, .numbered = true},
+                     .missing_differs = true};
+const Table kDss = {.section = "DSS",
+                    .row_name = "Layout",
+                    .command = "setupkey",
+                    .rows = {1, kKeyLayouts, 2},
+                    .fields = kDssFields,
+                    .repeats = true,
+                    .members = {.most = kDssOfLayout, .numbered = true}};
 
 }  // namespace key_dss
 

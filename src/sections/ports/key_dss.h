@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -53,5 +48,14 @@ void EncodeKeyDss(const IniText& project, ImageWriter& image);
 /** All rows are written. An ML without a line gets the lowest free line of its layout, if there is one. A TR
  * of more than six digits gets a comma after the sixth. */
 void DecodeKeyDss(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kKeyDssSection = {.number = 27,
+                                           .name = "Key Data Config",
+                                           .progress = "Sending Key Config...",
+                                           .send_failed = "Send key config failed (RE)",
+                                           .send_from = 107,
+                                           .load_from = 107,
+                                           .layouts = {{11424, EncodeKeyDss, DecodeKeyDss}},
+                                           .tables = {&key_dss::kKeys, &key_dss::kDss}};
 
 }  // namespace tarvok::sections

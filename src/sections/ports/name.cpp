@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace name {
@@ -17,17 +17,11 @@ constexpr Mark kMarks[] = {{1, ""}};
 
 const Table kTable = {.section = "Name",
                       .row_name = "Name",
+                      .command = "ext",
                       .rows = {1, kNameRows, 3},
                       .fields = kFields,
                       .marks = kMarks,
                       .now = NowCounts::kRows};
-
-namespace {
-
-using name::kMostBytes;
-using name::kTable;
-
-}  // namespace
 
 }  // namespace name
 
@@ -51,11 +45,7 @@ void DecodeName(const ImageReader& image, IniEdit& project) {
   StoreRowCounts(project, kTable, count);
   for (int number = 1; number <= kNameRows; ++number) {
     const std::string& text = names[static_cast<std::size_t>(number) - 1];
-    if (text.empty()) {
-      project.DeleteKey(kTable.section, KeyOf(kTable, number));
-    } else {
-      project.Set(kTable.section, KeyOf(kTable, number), text);
-    }
+    StoreRow(project, kTable, number, text, text.empty());
   }
 }
 

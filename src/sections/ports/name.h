@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -23,5 +18,12 @@ extern const Table kTable;
 void EncodeName(const IniText& project, ImageWriter& image);
 /** "Now" counts the records that are not all blanks. A record of 0 counts too and gives an empty key. */
 void DecodeName(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kNameSection = {.number = 14,
+                                         .name = "Assign Name",
+                                         .progress = "Sending Assign Name...",
+                                         .send_failed = "Send Assign Name failed (RE)",
+                                         .layouts = {{7500, EncodeName, DecodeName}},
+                                         .tables = {&name::kTable}};
 
 }  // namespace tarvok::sections

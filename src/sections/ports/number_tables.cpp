@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace {
@@ -33,10 +33,12 @@ void DecodeNumbers(const ImageReader& image, IniEdit& project, const Table& tabl
 
 const Table link_trunk::kTable = {.section = "LinkTrunk",
                                   .row_name = "Link Trunk",
+                                  .command = "linktrunk",
                                   .rows = {1, kLinkTrunks, 2},
                                   .fields = kLinkTrunkFields};
 const Table dial_phone::kTable = {.section = "DialPhone",
                                   .row_name = "Key Dial Phone",
+                                  .command = "dialphone",
                                   .rows = {1, kDialPhones, 2},
                                   .fields = kDialPhoneFields};
 

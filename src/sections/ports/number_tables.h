@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -32,5 +27,23 @@ void EncodeDialPhone(const IniText& project, ImageWriter& image);
 /** Every row is written; one without a number becomes an empty key. Bytes 0 and 255 are skipped. */
 void DecodeLinkTrunk(const ImageReader& image, IniEdit& project);
 void DecodeDialPhone(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kDialPhoneSection = {.number = 38,
+                                              .name = "Key Dial Phone",
+                                              .progress = "Sending Key Dial Phone...",
+                                              .send_failed = "Send Key Dial Phone failed (RE)",
+                                              .send_from = 102,
+                                              .load_from = 102,
+                                              .layouts = {{96, EncodeDialPhone, DecodeDialPhone}},
+                                              .tables = {&dial_phone::kTable}};
+
+inline constexpr Section kLinkTrunkSection = {.number = 39,
+                                              .name = "Link Trunk Number",
+                                              .progress = "Sending Link Trunk Number...",
+                                              .send_failed = "Send Key Link Trunk Number failed (RE)",
+                                              .send_from = 102,
+                                              .load_from = 102,
+                                              .layouts = {{240, EncodeLinkTrunk, DecodeLinkTrunk}},
+                                              .tables = {&link_trunk::kTable}};
 
 }  // namespace tarvok::sections

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "sections/ports/number_tables.h"
+#include "sections/records.h"
 #include "sections/routing/class_group.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace port_config {
@@ -21,27 +21,27 @@ constexpr Choice kReverseChoices[] = {{"0", "No"}, {"1", "Use"}, {"2", "Destinat
 /** 256 is an older spelling of 255. */
 constexpr Choice kRingChoices[] = {{"8", "Default"}, {"255", "16 Rings Disc"}, {"256", "16 Rings Disc"}};
 
-constexpr Field kFields[] = {
-    RowOf("Class of Servrice Day", class_group::kTable, 2),
-    RowOf("Class of Servrice Night", class_group::kTable, 2),
-    OneOf("Transfer Line", kOffOn).UnsetAs("0"),
-    OneOf("CID", kCidChoices).UnsetAs("0"),
-    OneOf("Connect", kConnectChoices).UnsetAs("0"),
-    OneOf("Music", kMusicChoices).UnsetAs("0"),
-    Number("CO Timeout", 0, 255).UnsetAs("0"),
-    Number("CO Timeout Incoming", 0, 255).UnsetAs("0"),
-    Number("Override Executive", 0, 9).Named(kOverrideChoices).UnsetAs("0"),
-    Digits("Hotline Oper", 12),
-    Flag("Hook").UnsetAs("0"),
-    OneOf("Line Reverse", kReverseChoices).UnsetAs("0"),
-    Flag("FAX").UnsetAs("0"),
-    Flag("Do Not Print Extension").UnsetAs("0"),
-    RowOf("Link Trunk Number", link_trunk::kTable, 0).UnsetAs("0"),
-    Flag("Warning when call waiting").UnsetAs("0"),
-    Number("Hang On Timeout", 0, 255).UnsetAs("0"),
-    RowOf("Hold Cut COR", class_group::kTable, 2).LoadedUnpadded(),
-    Number("Ring Transfer Timeout", 0, 16).Named(kRingChoices).UnsetAs("8"),
-};
+constexpr auto kFields = FieldsOf({
+    {kServiceDay, RowOf("Class of Servrice Day", class_group::kTable, 2)},
+    {kServiceNight, RowOf("Class of Servrice Night", class_group::kTable, 2)},
+    {kTransferLine, OneOf("Transfer Line", kOffOn).UnsetAs("0")},
+    {kCid, OneOf("CID", kCidChoices).UnsetAs("0")},
+    {kConnect, OneOf("Connect", kConnectChoices).UnsetAs("0")},
+    {kMusic, OneOf("Music", kMusicChoices).UnsetAs("0")},
+    {kCoTimeout, Number("CO Timeout", 0, 255).UnsetAs("0")},
+    {kCoTimeoutIncoming, Number("CO Timeout Incoming", 0, 255).UnsetAs("0")},
+    {kOverride, Number("Override Executive", 0, 9).Named(kOverrideChoices).UnsetAs("0")},
+    {kHotline, Digits("Hotline Oper", 12)},
+    {kHook, Flag("Hook").UnsetAs("0")},
+    {kLineReverse, OneOf("Line Reverse", kReverseChoices).UnsetAs("0")},
+    {kFax, Flag("FAX").UnsetAs("0")},
+    {kDoNotPrint, Flag("Do Not Print Extension").UnsetAs("0")},
+    {kLinkTrunk, RowOf("Link Trunk Number", link_trunk::kTable, 0).UnsetAs("0")},
+    {kWarning, Flag("Warning when call waiting").UnsetAs("0")},
+    {kHangOnTimeout, Number("Hang On Timeout", 0, 255).UnsetAs("0")},
+    {kHoldCut, RowOf("Hold Cut COR", class_group::kTable, 2).LoadedUnpadded()},
+    {kRingTransfer, Number("Ring Transfer Timeout", 0, 16).Named(kRingChoices).UnsetAs("8")},
+});
 constexpr int kFewestLoadedFields = 16;  // below version 106, where there is no section 42
 
 /** Profiles that hold only defaults, as written by the two loads and the editor. */
@@ -54,18 +54,6 @@ constexpr std::string_view kEmptyRows[] = {
     "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|0",
     "F|F|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|F|F",
 };
-
-}  // namespace
-
-const Table kTable = {.section = "PortConfig",
-                      .row_name = "Profile",
-                      .rows = {1, kPortConfigRows, 2},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .fewest_fields = kFewestLoadedFields,
-                      .now = NowCounts::kRows};
-
-namespace {
 
 constexpr int kRecord = 20;
 constexpr int kHotlineBytesA = 3;
@@ -124,18 +112,22 @@ void DecodeProfile(const ImageReader& profile, bool layout_a, RowText& row) {
 
 void DecodeProfiles(const ImageReader& image, IniEdit& project, bool layout_a) {
   StoreRowCounts(project, kTable, kPortConfigRows);
-  RowText row;
-  for (int number = 1; number <= kPortConfigRows; ++number) {
-    DecodeProfile(image.Record(number - 1, kRecord), layout_a, row.Clear());
-    if (row.str() == (layout_a ? kDefaultA : kDefaultB)) {
-      project.DeleteKey(kTable.section, KeyOf(kTable, number));
-    } else {
-      project.Set(kTable.section, KeyOf(kTable, number), row.str());
-    }
-  }
+  DecodeRows(
+      image, project, kTable, kRecord,
+      [&](const ImageReader& profile, RowText& row) { DecodeProfile(profile, layout_a, row); },
+      [&](std::string_view row) { return row == (layout_a ? kDefaultA : kDefaultB); });
 }
 
 }  // namespace
+
+const Table kTable = {.section = "PortConfig",
+                      .row_name = "Profile",
+                      .command = "portconfig",
+                      .rows = {1, kPortConfigRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows,
+                      .fewest_fields = kFewestLoadedFields,
+                      .now = NowCounts::kRows};
 
 }  // namespace port_config
 
@@ -155,13 +147,11 @@ void EncodePortConfig2(const IniText& project, ImageWriter& image) {
 }
 
 void DecodePortConfigA(const ImageReader& image, IniEdit& project) {
-  using namespace port_config;
-  DecodeProfiles(image, project, true);
+  port_config::DecodeProfiles(image, project, true);
 }
 
 void DecodePortConfigB(const ImageReader& image, IniEdit& project) {
-  using namespace port_config;
-  DecodeProfiles(image, project, false);
+  port_config::DecodeProfiles(image, project, false);
 }
 
 void DecodePortConfig2(const ImageReader& image, IniEdit& project) {

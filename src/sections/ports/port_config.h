@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -71,5 +66,24 @@ void EncodePortConfig2(const IniText& project, ImageWriter& image);
 /** Merges into the profiles that section 1 wrote. A profile that section 1 removed stays removed, with its
  * hotline. */
 void DecodePortConfig2(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kPortConfigSection = {
+    .number = 1,
+    .name = "Port Config",
+    .name_if_refused = "port config",
+    .progress = "Sending Port Config...",
+    .send_failed = "Send Port Config failed (RE)",
+    .layouts = {{400, EncodePortConfigA, DecodePortConfigA},
+                {400, EncodePortConfigB, DecodePortConfigB, 106, 106}},
+    .tables = {&port_config::kTable}};
+
+inline constexpr Section kPortConfig2Section = {.number = 42,
+                                                .name = "Port Config 2",
+                                                .progress = "Sending Port Config2...",
+                                                .send_failed = "Send port config2 failed (RE)",
+                                                .send_from = 106,
+                                                .load_from = 106,
+                                                .layouts = {{400, EncodePortConfig2, DecodePortConfig2}},
+                                                .tables = {&port_config::kTable}};
 
 }  // namespace tarvok::sections

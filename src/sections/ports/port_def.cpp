@@ -5,9 +5,9 @@
 #include "sections/ports/assign.h"
 #include "sections/ports/boss.h"
 #include "sections/ports/port_config.h"
+#include "sections/record_layout.h"
 #include "sections/routing/incoming_list.h"
 #include "sections/routing/tenan.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace port_def {
@@ -18,31 +18,31 @@ constexpr Choice kDndChoices[] = {{"1", "DND"}};
 constexpr Choice kVmUseChoices[] = {{"1", "Use"}, {"2", "Auto Record"}, {"3", "Use & Auto Record"}};
 constexpr Choice kUseChoices[] = {{"1", "USE"}};
 
-constexpr Field kFields[] = {
-    Number("Card", 1, 16),
-    Number("Channel", 1, 60),
-    OneOf("Type", kCardLabels),
-    AnyRowOf("Config", port_config::kTable, 0),
-    AnyRowOf("Tenan", tenan::kDayTable, 0),
-    Number("Pickup Group", 1, 99).UnsetAs("0"),
-    RowOf("Incoming D", incoming_list::kTable, 3),
-    RowOf("Incoming N", incoming_list::kTable, 3),
-    OneOf("DND", kDndChoices).UnsetAs("0"),
-    Digits("Disa", 12),
-    Digits("Co", 12),
-    Digits("Ext", 12),
-    Digits("Busy", 12),
-    Digits("NoAns", 12),
-    Number("Ring T.", 0, 254),
-    RowOf("Number", assign::kTable, 3),
-    Digits("PSW", 4).Secret(),
-    Number("Group", 1, 254).UnsetAs("0"),
-    Number("Language", 1, 255),
-    OneOf("Personal Msg", kPersonalMsgChoices),
-    OneOf("Call Screen", kUseChoices).UnsetAs("0"),
-    OneOf("VM Use", kVmUseChoices).UnsetAs("0"),
-    OneOf("Expand T", kUseChoices),
-};
+constexpr auto kFields = FieldsOf({
+    {kCard, Number("Card", 1, 16)},
+    {kChannel, Number("Channel", 1, 60)},
+    {kType, OneOf("Type", kCardLabels)},
+    {kConfig, AnyRowOf("Config", port_config::kTable, 0)},
+    {kTenan, AnyRowOf("Tenan", tenan::kDayTable, 0)},
+    {kPickupGroup, Number("Pickup Group", 1, 99).UnsetAs("0")},
+    {kIncomingDay, RowOf("Incoming D", incoming_list::kTable, 3)},
+    {kIncomingNight, RowOf("Incoming N", incoming_list::kTable, 3)},
+    {kDnd, OneOf("DND", kDndChoices).UnsetAs("0")},
+    {kDisa, Digits("Disa", 12)},
+    {kCo, Digits("Co", 12)},
+    {kExt, Digits("Ext", 12)},
+    {kBusy, Digits("Busy", 12)},
+    {kNoAns, Digits("NoAns", 12)},
+    {kRingTime, Number("Ring T.", 0, 254)},
+    {kNumber, RowOf("Number", assign::kTable, 3)},
+    {kPassword, Digits("PSW", 4).Secret()},
+    {kGroup, Number("Group", 1, 254).UnsetAs("0")},
+    {kLanguage, Number("Language", 1, 255)},
+    {kPersonalMsg, OneOf("Personal Msg", kPersonalMsgChoices)},
+    {kCallScreen, OneOf("Call Screen", kUseChoices).UnsetAs("0")},
+    {kVmUse, OneOf("VM Use", kVmUseChoices).UnsetAs("0")},
+    {kExpand, OneOf("Expand T", kUseChoices)},
+});
 
 /** Unused rows, as left by the editor and by a load. */
 constexpr std::string_view kEmptyRows[] = {
@@ -50,29 +50,16 @@ constexpr std::string_view kEmptyRows[] = {
     "F|F|F|F|F|F|F|F|0|F|F|F|F|F|F|F|F|F|F|F|F|F|F",
 };
 
+constexpr EditedElsewhere kEditedElsewhere[] = {{kDnd, kRingTime, "callforward"}, {kGroup, kVmUse, "vmbox"}};
 constexpr Mark kMarks[] = {{kCard, "card"}, {kChannel, "channel"}};
 constexpr int kPlace[] = {kCard, kChannel};
 constexpr int kNumberField[] = {kNumber};
 constexpr Unique kUnique[] = {{kPlace, "card and channel"}, {kNumberField, "number"}};
 
-}  // namespace
-
-const Table kTable = {.section = "Port_Def",
-                      .row_name = "Port",
-                      .rows = {1, kPortRows, 3},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .marks = kMarks,
-                      .needs = kPlace,
-                      .unique = kUnique,
-                      .now = NowCounts::kRows};
-
-namespace {
-
-constexpr int kRecord = 55;
-constexpr int kDigitBytes = 6;
-constexpr int kPasswordBytes = 2;
+constexpr int kBossAt = 54;
+constexpr int kForwardsAt = 15;
 constexpr int kForwards = 5;  // Disa to NoAns
+constexpr int kForwardBytes = 6;
 constexpr int kNoBoss = 255;
 
 /** The boss of each `BOSS` row: the port index as written there, or "" for none. */
@@ -93,109 +80,142 @@ int BossRowOf(std::string_view port, const std::array<std::string, kBossRows>& b
   return kNoBoss;
 }
 
-int VmUseByte(std::string_view use) {
-  if (use == "1") return 1;
-  if (use == "2") return 16;
-  if (use == "3") return 17;
-  return 0;
-}
-
-void EncodePort(RecordWriter& port, int boss_row) {
-  std::int64_t flags = port.Value(kDnd);
+/** Bit 0 is DND; the next bits say which forwards are set. */
+void PutFlags(RecordWriter& port, int at, int field) {
+  std::int64_t flags = port.Value(field);
   for (int i = 0; i < kForwards; ++i) flags += port.IsSet(kDisa + i) ? 2 << i : 0;
-  // If the port uses voice mail, unset values in bytes 48 to 51 are sent as 0, otherwise as 255.
-  const int vm_default = port.Value(kVmUse) > 0 ? 0 : 255;
-
-  port.MinusOne(0, kCard);
-  port.MinusOne(1, kChannel);
-  port.Plain(2, kType, 0);
-  port.Fill(3, 2, 255);
-  port.MinusOne(5, kConfig);
-  port.MinusOne(6, kTenan);
-  port.MinusOne(7, kPickupGroup);
-  port.MinusOne(8, kIncomingDay);
-  port.MinusOne(9, kIncomingNight);
-  port.MinusOneWord(10, kNumber);
-  port.Checked(12, kDnd, flags);
-  port.Byte(13, 0);
-  port.Plain(14, kRingTime, 255);
-  for (int i = 0; i < kForwards; ++i) port.Digits(15 + i * kDigitBytes, kDigitBytes, kDisa + i);
-  port.Byte(45, 0);
-  port.Digits(46, kPasswordBytes, kPassword);
-  port.Plain(48, kGroup, vm_default);
-  if (port.Value(kGroup) == 0) port.Byte(48, vm_default);
-  port.MinusOne(49, kLanguage, vm_default);
-  port.Plain(50, kPersonalMsg, vm_default);
-  port.Plain(51, kCallScreen, vm_default);
-  port.Byte(52, VmUseByte(port.Get(kVmUse)));
-  port.Byte(53, port.Get(kExpand) == "1" ? 1 : 0);
-  port.Byte(54, boss_row);
+  port.Checked(at, field, flags);
 }
 
-std::string VmUseText(int byte) {
-  switch (byte) {
-    case 255:
-      return std::string(kUnset);
-    case 17:
-      return "3";
-    case 16:
-      return "2";
-    default:
-      return std::to_string(byte);
+/** True if a flag is set. A high byte of 255 makes the whole word 65,535, which sets all flags. */
+bool HasFlag(const ImageReader& port, int bit) {
+  constexpr int kFlagsAt = 12;
+  return (port.Word(kFlagsAt) >> bit & 1) != 0;
+}
+
+void ReadDnd(const ImageReader& port, int /*at*/, RowText& row) {
+  row.Add(HasFlag(port, 0) ? "1" : "0");
+}
+
+void ReadForward(const ImageReader& port, int at, RowText& row) {
+  const bool present = HasFlag(port, 1 + (at - kForwardsAt) / kForwardBytes);
+  row.Add(present ? port.Digits(at, kForwardBytes) : std::string(kUnset));
+}
+
+void PutType(RecordWriter& port, int at, int field) {
+  port.Plain(at, field, 0);
+}
+
+void ReadType(const ImageReader& port, int at, RowText& row) {
+  row.Add(port.Byte(at) == 0 ? std::string(kUnset) : port.Plain(at));
+}
+
+/** What a voice mail field that is not set is sent as: 0 if the port uses voice mail, otherwise 255. */
+int VmDefault(const RecordWriter& port) {
+  return port.Value(kVmUse) > 0 ? 0 : kUnsetByte;
+}
+
+void PutGroup(RecordWriter& port, int at, int field) {
+  if (port.Value(field) == 0) {
+    port.Byte(at, VmDefault(port));
+  } else {
+    port.Plain(at, field, 0);
   }
 }
 
-void DecodePort(const ImageReader& port, RowText& row) {
-  // A high byte of 255 makes the whole word 65,535, which sets all flags.
-  const int flags = port.Word(12);
-  row.Add(port.PlusOne(0));
-  row.Add(port.PlusOne(1));
-  row.Add(port.Byte(2) == 0 ? std::string(kUnset) : port.Plain(2));
-  row.Add(port.PlusOne(5));
-  row.Add(port.PlusOne(6));
-  row.Add(port.PlusOne(7));
-  row.Add(port.PlusOne(8, 3));
-  row.Add(port.PlusOne(9, 3));
-  row.Add((flags & 1) != 0 ? "1" : "0");
-  for (int i = 0; i < kForwards; ++i) {
-    const bool present = (flags & (2 << i)) != 0;
-    row.Add(present ? port.Digits(15 + i * kDigitBytes, kDigitBytes) : std::string(kUnset));
-  }
-  row.Add(port.Plain(14));
-  row.Add(port.PlusOneWord(10, 3));
-  row.Add(port.Digits(46, kPasswordBytes));
-  row.Add(port.Plain(48));
-  row.Add(port.PlusOne(49));
-  row.Add(port.Plain(50));
-  row.Add(port.Plain(51));
-  row.Add(VmUseText(port.Byte(52)));
-  row.Add(port.Byte(53) == 1 ? "1" : kUnset);
+void PutLanguage(RecordWriter& port, int at, int field) {
+  port.MinusOne(at, field, VmDefault(port));
 }
+
+void PutVmByte(RecordWriter& port, int at, int field) {
+  port.Plain(at, field, port.IsSet(field) ? 0 : VmDefault(port));
+}
+
+/** Bit 0 is Use, bit 4 is Auto Record. */
+void PutVmUse(RecordWriter& port, int at, int field) {
+  const std::string_view use = port.Get(field);
+  port.Byte(at, use == "1" ? 1 : use == "2" ? 16 : use == "3" ? 17 : 0);
+}
+
+void ReadVmUse(const ImageReader& port, int at, RowText& row) {
+  const int byte = port.Byte(at);
+  row.Add(byte == 17 ? "3" : byte == 16 ? "2" : port.Plain(at));
+}
+
+void PutExpand(RecordWriter& port, int at, int field) {
+  port.Byte(at, port.Get(field) == "1" ? 1 : 0);
+}
+
+void ReadExpand(const ImageReader& port, int at, RowText& row) {
+  row.Add(port.Byte(at) == 1 ? "1" : kUnset);
+}
+
+constexpr Rule kForward = kPacked<kForwardBytes>.ReadBy(ReadForward);
+
+constexpr RecordLayout kRecord({
+    {0, kCard, kMinusOne<>},
+    {1, kChannel, kMinusOne<>},
+    {2, kType, kByte.PutBy(PutType).ReadBy(ReadType)},
+    {3, 0, kUnused255<2>},
+    {5, kConfig, kMinusOne<>},
+    {6, kTenan, kMinusOne<>},
+    {7, kPickupGroup, kMinusOne<>},
+    {8, kIncomingDay, kMinusOne<3>},
+    {9, kIncomingNight, kMinusOne<3>},
+    {10, kNumber, kMinusOneWord<3>},
+    {12, kDnd, {1, PutFlags, ReadDnd, "and flags"}},
+    {14, kRingTime, kByte},
+    {kForwardsAt, kDisa, kForward},
+    {kForwardsAt + kForwardBytes, kCo, kForward},
+    {kForwardsAt + 2 * kForwardBytes, kExt, kForward},
+    {kForwardsAt + 3 * kForwardBytes, kBusy, kForward},
+    {kForwardsAt + 4 * kForwardBytes, kNoAns, kForward},
+    {46, kPassword, kPacked<2>},
+    {48, kGroup, kByte.PutBy(PutGroup)},
+    {49, kLanguage, kMinusOne<>.PutBy(PutLanguage)},
+    {50, kPersonalMsg, kByte.PutBy(PutVmByte)},
+    {51, kCallScreen, kByte.PutBy(PutVmByte)},
+    {52, kVmUse, {1, PutVmUse, ReadVmUse, "bits 0 and 4"}},
+    {53, kExpand, {1, PutExpand, ReadExpand}},
+    {kBossAt, 0, {1, nullptr, nullptr, "boss row, 1 to 20"}},
+});
 
 }  // namespace
+
+const Table kTable = {.section = "Port_Def",
+                      .row_name = "Port",
+                      .command = "portdefine",
+                      .edited_elsewhere = kEditedElsewhere,
+                      .rows = {1, kPortRows, 3},
+                      .fields = kFields,
+                      .record = kRecord.items(),
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .needs = kPlace,
+                      .unique = kUnique,
+                      .now = NowCounts::kRows};
 
 }  // namespace port_def
 
 void EncodePortDef(const IniText& project, ImageWriter& image) {
   using namespace port_def;
   const auto bosses = ReadBosses(project);
-  EncodeRows(project, kTable, image, {kRecord, 0, kRecord},
-             [&](RecordWriter& port) { EncodePort(port, BossRowOf(port.key(), bosses)); });
+  EncodeRows(project, kTable, image, kRecord.AllUnset(), [&](RecordWriter& port) {
+    kRecord(port);
+    port.Byte(kBossAt, BossRowOf(port.key(), bosses));
+  });
 }
 
 void DecodePortDef(const ImageReader& image, IniEdit& project) {
   using namespace port_def;
-  constexpr std::string_view kNoPlaceOrType = "F|F|F";
   StoreRowCounts(project, kTable, kPortRows);
-  RowText row;
-  for (int number = 1; number <= kPortRows; ++number) {
-    DecodePort(image.Record(number - 1, kRecord), row.Clear());
-    if (row.str().starts_with(kNoPlaceOrType)) {
-      project.DeleteKey(kTable.section, KeyOf(kTable, number));
-    } else {
-      project.Set(kTable.section, KeyOf(kTable, number), row.str());
-    }
-  }
+  const auto decode = [](const ImageReader& port, RowText& row) {
+    const int type = port.Byte(2);
+    const bool no_place_or_type =
+        port.Byte(0) == kUnsetByte && port.Byte(1) == kUnsetByte && (type == 0 || type == kUnsetByte);
+    if (!no_place_or_type) kRecord(port, row);
+  };
+  DecodeRows(image, project, kTable, kRecord.size(), decode, BlankUnused);
 }
 
 }  // namespace tarvok::sections

@@ -2,12 +2,7 @@
 
 #include <array>
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -98,13 +93,32 @@ extern const Table kTable;
  * Section 4, every version: 500 records of 55 bytes in row order, 27,500 bytes. An unused row is 55 bytes of
  * 255.
  *
- *  0 Card -1           8 Incoming D -1         21 Co, 6       48 Group           54 boss row, 1 to 20
- *  1 Channel -1        9 Incoming N -1         27 Ext, 6      49 Language -1
- *  2 Type             10 Number -1, 16 bits    33 Busy, 6     50 Personal Msg
- *  3 255, 255         12 flags                 39 NoAns, 6    51 Call Screen
- *  5 Config -1        13 0                     45 0           52 VM Use, bits 0 and 4
- *  6 Tenan -1         14 Ring T.               46 PSW, 2      53 Expand T
- *  7 Pickup Group -1  15 Disa, 6 bytes
+ *  at bytes
+ *   0   1  Card          -1
+ *   1   1  Channel       -1
+ *   2   1  Type
+ *   3   2  -             255
+ *   5   1  Config        -1
+ *   6   1  Tenan         -1
+ *   7   1  Pickup Group  -1
+ *   8   1  Incoming D    -1
+ *   9   1  Incoming N    -1
+ *  10   2  Number        -1
+ *  12   1  DND           and flags
+ *  14   1  Ring T.
+ *  15   6  Disa          packed digits
+ *  21   6  Co            packed digits
+ *  27   6  Ext           packed digits
+ *  33   6  Busy          packed digits
+ *  39   6  NoAns         packed digits
+ *  46   2  PSW           packed digits
+ *  48   1  Group
+ *  49   1  Language      -1
+ *  50   1  Personal Msg
+ *  51   1  Call Screen
+ *  52   1  VM Use        bits 0 and 4
+ *  53   1  Expand T
+ *  54   1  -             boss row, 1 to 20
  *
  * Flags: bit 0 is DND; bits 1 to 5 are set if Disa to NoAns are present. Byte 54 is the first `BOSS` row
  * whose boss is this port. A secretary's port is not marked.
@@ -113,5 +127,12 @@ void EncodePortDef(const IniText& project, ImageWriter& image);
 /** Bytes 3, 4, 45 and 54 are not read. DND that was not set comes back as "0". A row without card, channel
  * and type is removed, even if other fields are set. */
 void DecodePortDef(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kPortDefSection = {.number = 4,
+                                            .name = "Port",
+                                            .progress = "Sending Port...",
+                                            .send_failed = "Send Port failed (RE)",
+                                            .layouts = {{27500, EncodePortDef, DecodePortDef}},
+                                            .tables = {&port_def::kTable}};
 
 }  // namespace tarvok::sections

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -23,12 +18,23 @@ extern const Table kTable;
 /**
  * Section 41, from version 105: 10 records of 8 bytes, 80 bytes. A field that is not set is 0.
  *
- *  0 Check digit, 4 characters     4 Insert digit, 4 characters
+ *  at bytes
+ *   0   4  Check digit   characters
+ *   4   4  Insert digit  characters
  *
  * The digits are plain characters, not packed.
  */
 void EncodeVMCallBack(const IniText& project, ImageWriter& image);
 /** Every row is written, an empty one as "F|F". Bytes 0 and 255 are skipped. */
 void DecodeVMCallBack(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kVmCallBackSection = {.number = 41,
+                                               .name = "VM Call Back",
+                                               .progress = "Sending VM Call Back...",
+                                               .send_failed = "Send VM Call Back failed (RE)",
+                                               .send_from = 105,
+                                               .load_from = 105,
+                                               .layouts = {{80, EncodeVMCallBack, DecodeVMCallBack}},
+                                               .tables = {&vm_call_back::kTable}};
 
 }  // namespace tarvok::sections

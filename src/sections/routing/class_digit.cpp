@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/digit_code.h"
 #include "store/value_code.h"
 
@@ -19,40 +19,8 @@ constexpr int kPool = 1024;
 constexpr Members kMembers = {.most = kMostNumbers, .pool = kPool, .packed = true, .every_piece = true};
 constexpr Field kAllowFields[] = {Digits("Allow Number", kMostDigits, "*#")};
 
-}  // namespace
-
-const Table kBanTable = {.section = "COR",
-                         .row_name = "COR",
-                         .rows = {1, kClasses, 2},
-                         .fields = kBanFields,
-                         .repeats = true,
-                         .members = kMembers,
-                         .label = "COR"};
-const Table kAllowTable = {.section = "COR",
-                           .row_name = "COR",
-                           .rows = {1, kClasses, 2, "A"},
-                           .fields = kAllowFields,
-                           .repeats = true,
-                           .members = kMembers,
-                           .label = "COR"};
-
-namespace {
-
 constexpr int kWord = 2;
 constexpr int kPoolAt = kClasses * kWord;
-
-/** Calls `take` with each piece of the list, including empty ones. A list without a pipe is one piece; an
- * empty list has none. */
-template <typename Take>
-void ForEachPiece(std::string_view list, Take take) {
-  if (list.empty()) return;
-  std::size_t start = 0;
-  for (std::size_t pipe = list.find('|'); pipe != std::string_view::npos; pipe = list.find('|', start)) {
-    take(list.substr(start, pipe - start));
-    start = pipe + 1;
-  }
-  take(list.substr(start));
-}
 
 /** Packs one number. "F" is a digit code here like the other letters. ValueWriter would take it as unset,
  * so it is used only to report the error. */
@@ -110,26 +78,39 @@ void DecodeLists(const ImageReader& image, IniEdit& project, const Table& table)
 
 }  // namespace
 
+const Table kBanTable = {.section = "COR",
+                         .row_name = "COR",
+                         .command = "digitcor",
+                         .rows = {1, kClasses, 2},
+                         .fields = kBanFields,
+                         .repeats = true,
+                         .members = kMembers,
+                         .label = "COR"};
+const Table kAllowTable = {.section = "COR",
+                           .row_name = "COR",
+                           .command = "digitcor",
+                           .rows = {1, kClasses, 2, "A"},
+                           .fields = kAllowFields,
+                           .repeats = true,
+                           .members = kMembers,
+                           .label = "COR"};
+
 }  // namespace class_digit
 
 void EncodeClassBan(const IniText& project, ImageWriter& image) {
-  using namespace class_digit;
-  EncodeLists(project, kBanTable, image);
+  class_digit::EncodeLists(project, class_digit::kBanTable, image);
 }
 
 void EncodeClassAllow(const IniText& project, ImageWriter& image) {
-  using namespace class_digit;
-  EncodeLists(project, kAllowTable, image);
+  class_digit::EncodeLists(project, class_digit::kAllowTable, image);
 }
 
 void DecodeClassBan(const ImageReader& image, IniEdit& project) {
-  using namespace class_digit;
-  DecodeLists(image, project, kBanTable);
+  class_digit::DecodeLists(image, project, class_digit::kBanTable);
 }
 
 void DecodeClassAllow(const ImageReader& image, IniEdit& project) {
-  using namespace class_digit;
-  DecodeLists(image, project, kAllowTable);
+  class_digit::DecodeLists(image, project, class_digit::kAllowTable);
 }
 
 }  // namespace tarvok::sections

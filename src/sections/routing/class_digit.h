@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -27,8 +22,8 @@ extern const Table kAllowTable;
  * Section 5, the ban lists, and section 6, the allow lists, every version: 1,064 bytes each.
  *
  *  0 20 ends of 16 bits: the pool bytes of this class and all before it
- * 40 the pool of 1,024 bytes: packed digits of each number ("*" is B, "#" is C) and a byte 0 behind it; 0
- *    behind the last
+ * 40 the pool of 1,024 bytes: packed digits of each number ("*" is B, "#" is C) and a byte 0 after it; 0
+ *    after the last
  *
  * An empty piece between two pipes, or after a trailing one, counts as a number too and takes its byte 0.
  */
@@ -38,5 +33,19 @@ void EncodeClassAllow(const IniText& project, ImageWriter& image);
  * end of its class is kept even without its byte 0. All keys are written, including those of empty lists. */
 void DecodeClassBan(const ImageReader& image, IniEdit& project);
 void DecodeClassAllow(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kClassBanSection = {.number = 5,
+                                             .name = "Class of Digit",
+                                             .progress = "Sending Class Digit...",
+                                             .send_failed = "Send Class Digit failed (RE)",
+                                             .layouts = {{1064, EncodeClassBan, DecodeClassBan}},
+                                             .tables = {&class_digit::kBanTable}};
+
+inline constexpr Section kClassAllowSection = {.number = 6,
+                                               .name = "Class of Digit AL",
+                                               .progress = "Sending Class of Digit Allow...",
+                                               .send_failed = "Send Class of Digit Allow failed (RE)",
+                                               .layouts = {{1064, EncodeClassAllow, DecodeClassAllow}},
+                                               .tables = {&class_digit::kAllowTable}};
 
 }  // namespace tarvok::sections

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/class_digit.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace class_group {
@@ -11,21 +11,18 @@ namespace {
 
 constexpr Field kFields[] = {RowOf("COR Number", class_digit::kBanTable, 2)};
 
+constexpr std::string_view kGroupFull = "has no place in its group any more";
+
 }  // namespace
 
 const Table kTable = {.section = "COR_Group",
                       .row_name = "COR Group",
+                      .command = "corgroup",
                       .rows = {1, kClassGroups, 2},
                       .fields = kFields,
                       .repeats = true,
                       .members = {.most = kClassesOfGroup},
                       .label = "COR Group"};
-
-namespace {
-
-constexpr std::string_view kGroupFull = "has no place in its group any more";
-
-}  // namespace
 
 }  // namespace class_group
 

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -27,5 +22,12 @@ extern const Table kTable;
 void EncodeClassGroup(const IniText& project, ImageWriter& image);
 /** Skips free places between classes. The keys of empty groups are written too. */
 void DecodeClassGroup(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kClassGroupSection = {.number = 7,
+                                               .name = "Class of Service",
+                                               .progress = "Sending Class of Service...",
+                                               .send_failed = "Send Class of Service failed (RE)",
+                                               .layouts = {{120, EncodeClassGroup, DecodeClassGroup}},
+                                               .tables = {&class_group::kTable}};
 
 }  // namespace tarvok::sections

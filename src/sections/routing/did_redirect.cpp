@@ -3,9 +3,9 @@
 #include <string>
 
 #include "sections/ports/assign.h"
+#include "sections/record_layout.h"
 #include "sections/routing/e1_map.h"
 #include "sections/routing/route_list.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace did_redirect {
@@ -18,29 +18,17 @@ constexpr Field kToNumber = RowOf("Map Number", assign::kTable, 3);
 constexpr Field kToList = RowOf("Map Number", route_list::kTable, 2);
 constexpr Meaning kMapNumbers[] = {{"0", &kToNumber}, {"1", &kToList}};
 
-constexpr Field kFields[] = {
-    RowOf("E1", e1_map::kTable, 0),
-    Digits("DID Start", 4),
-    Digits("DID End", 4),
-    OneOf("Map Type", kTypeChoices),
-    DecidedBy("Map Number", kMapType, kMapNumbers),
-};
+constexpr auto kFields = FieldsOf({
+    {kLink, RowOf("E1", e1_map::kTable, 0)},
+    {kDidStart, Digits("DID Start", 4)},
+    {kDidEnd, Digits("DID End", 4)},
+    {kMapType, OneOf("Map Type", kTypeChoices)},
+    {kMapNumber, DecidedBy("Map Number", kMapType, kMapNumbers)},
+});
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
 constexpr Mark kMarks[] = {{kDidStart, "from"}, {kDidEnd, "to"}};
 
-}  // namespace
-
-const Table kTable = {.section = "DIDRedirect",
-                      .row_name = "DID Redirect",
-                      .rows = {1, kDidRows, 3},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .marks = kMarks};
-
-namespace {
-
-constexpr int kRecord = 7;
 constexpr int kRouteListBase = 0xA000;
 constexpr int kRouteDigit = 0xB000;
 constexpr int kNotExist = 0xC000;
@@ -56,7 +44,7 @@ void EncodeMapNumber(RecordWriter& row, int base, int limit) {
   row.Word(5, number < 1 ? kUnsetWord : base + static_cast<int>(number) - 1);
 }
 
-void EncodeTarget(RecordWriter& row) {
+void PutTarget(RecordWriter& row, int /*at*/, int /*field*/) {
   const std::string_view type = row.Get(kMapType);
   if (type == "0") {
     EncodeMapNumber(row, 0, kRouteListBase);
@@ -65,17 +53,6 @@ void EncodeTarget(RecordWriter& row) {
   } else {
     row.Word(5, type == "2" ? kRouteDigit : type == "3" ? kNotExist : type == "4" ? kAutoAnswer : kUnsetWord);
   }
-}
-
-void EncodeRow(RecordWriter& row) {
-  row.PlainWord(0, kDidStart, kUnsetWord);
-  row.PlainWord(2, kDidEnd, kUnsetWord);
-  row.MinusOne(4, kLink);
-  EncodeTarget(row);
-}
-
-std::string WordText(int word) {
-  return word == kUnsetWord ? std::string(kUnset) : std::to_string(word);
 }
 
 /** Map Type and Map Number for a target. */
@@ -88,24 +65,39 @@ std::string TargetText(int word) {
   return "0|" + Padded(word + 1, 3);
 }
 
-void DecodeRow(const ImageReader& record, RowText& row) {
-  row.Add(record.PlusOne(4)).Add(WordText(record.Word(0))).Add(WordText(record.Word(2)));
-  row.Add(TargetText(record.Word(5)));
+void ReadTarget(const ImageReader& record, int at, RowText& row) {
+  row.Add(TargetText(record.Word(at)));
 }
 
+constexpr RecordLayout kRecord({
+    {0, kDidStart, kWord},
+    {2, kDidEnd, kWord},
+    {4, kLink, kMinusOne<>},
+    {5, kMapType, {2, PutTarget, ReadTarget, "and Map Number"}},
+});
+
 }  // namespace
+
+const Table kTable = {.section = "DIDRedirect",
+                      .row_name = "DID Redirect",
+                      .command = "didredirect",
+                      .rows = {1, kDidRows, 3},
+                      .fields = kFields,
+                      .record = kRecord.items(),
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks};
 
 }  // namespace did_redirect
 
 void EncodeDIDRedirect(const IniText& project, ImageWriter& image) {
   using namespace did_redirect;
-  EncodeRows(project, kTable, image, {kRecord, 0, kRecord}, EncodeRow);
+  EncodeRows(project, kTable, image, kRecord.AllUnset(), kRecord);
 }
 
 void DecodeDIDRedirect(const ImageReader& image, IniEdit& project) {
   using namespace did_redirect;
   StoreMax(project, kTable);
-  DecodeRows(image, project, kTable, kRecord, DecodeRow);
+  DecodeRows(image, project, kTable, kRecord.size(), kRecord);
 }
 
 }  // namespace tarvok::sections

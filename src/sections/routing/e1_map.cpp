@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "sections/ports/port_def.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace e1_map {
@@ -17,27 +17,15 @@ constexpr Choice kModeChoices[] = {
 constexpr std::string_view kE1CardType = "6";
 constexpr std::string_view kE1Cards[] = {kE1CardType};
 
-constexpr Field kFields[] = {
-    RowOf("Start", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
-    RowOf("End", port_def::kTable, 3).Only({port_def::kType, kE1Cards}),
-    OneOf("Mode", kModeChoices),
-};
+constexpr auto kFields = FieldsOf({
+    {kStart, RowOf("Start", port_def::kTable, 3).Only({port_def::kType, kE1Cards})},
+    {kEnd, RowOf("End", port_def::kTable, 3).Only({port_def::kType, kE1Cards})},
+    {kMode, OneOf("Mode", kModeChoices)},
+});
 
 /** An unused link as written by a load and by the editor; neither removes the key. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|0"};
 constexpr int kNeeds[] = {kStart, kEnd};
-
-}  // namespace
-
-const Table kTable = {.section = "E1Map",
-                      .row_name = "E1",
-                      .rows = {1, kE1Links, 2},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .needs = kNeeds,
-                      .now = NowCounts::kRows};
-
-namespace {
 
 constexpr int kRecord = 4;
 constexpr int kLocalLinkByte = 0x10;
@@ -118,6 +106,15 @@ void DecodeLink(const ImageReader& record, const std::vector<std::string>& ports
 
 }  // namespace
 
+const Table kTable = {.section = "E1Map",
+                      .row_name = "E1",
+                      .command = "e1mapping",
+                      .rows = {1, kE1Links, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows,
+                      .needs = kNeeds,
+                      .now = NowCounts::kRows};
+
 }  // namespace e1_map
 
 void EncodeE1Map(const IniText& project, ImageWriter& image) {
@@ -129,11 +126,9 @@ void DecodeE1Map(const ImageReader& image, IniEdit& project) {
   using namespace e1_map;
   const std::vector<std::string> ports = E1Ports(project);
   StoreRowCounts(project, kTable, kE1Links);
-  RowText row;
-  for (int link = 1; link <= kE1Links; ++link) {
-    DecodeLink(image.Record(link - 1, kRecord), ports, row.Clear());
-    project.Set(kTable.section, KeyOf(kTable, link), row.str());
-  }
+  DecodeRows(
+      image, project, kTable, kRecord,
+      [&](const ImageReader& record, RowText& row) { DecodeLink(record, ports, row); }, NoneUnused);
 }
 
 }  // namespace tarvok::sections

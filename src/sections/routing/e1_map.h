@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -35,5 +30,12 @@ void EncodeE1Map(const IniText& project, ImageWriter& image);
 /** Looks up card and channel among the E1 ports in the project's `Port_Def`; the port is "F" if there is no
  * match. Every row is written, unused ones as "F|F|F". */
 void DecodeE1Map(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kE1MapSection = {.number = 18,
+                                          .name = "Map E1",
+                                          .progress = "Sending Map E1...",
+                                          .send_failed = "Send Map E1 failed (RE)",
+                                          .layouts = {{40, EncodeE1Map, DecodeE1Map}},
+                                          .tables = {&e1_map::kTable}};
 
 }  // namespace tarvok::sections

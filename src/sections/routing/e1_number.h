@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -24,7 +19,10 @@ extern const Table kTable;
 /**
  * Section 19, every version: 20 records of 12 bytes, 240 bytes. An unused row is ten bytes of 0, 255, 255.
  *
- *  0 Numbering, 10 bytes of packed digits with "*" and "#"    10 Digit Check    11 E1 -1
+ *  at bytes
+ *   0  10  Numbering     packed digits with * and #
+ *  10   1  Digit Check   packed digits
+ *  11   1  E1            -1
  *
  * Digit Check is encoded as hexadecimal but decoded as decimal: "12" is sent as 12 hexadecimal and comes back
  * as "18".
@@ -33,5 +31,12 @@ void EncodeE1Number(const IniText& project, ImageWriter& image);
 /** Every row is written, unused ones as "F|F|F". Bytes of 255 are digits here. A byte 0 ends the number
  * even at its start, so a number can come back empty. */
 void DecodeE1Number(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kE1NumberSection = {.number = 19,
+                                             .name = "DID Number",
+                                             .progress = "Sending DID Number...",
+                                             .send_failed = "Send DID Number failed (RE)",
+                                             .layouts = {{240, EncodeE1Number, DecodeE1Number}},
+                                             .tables = {&e1_number::kTable}};
 
 }  // namespace tarvok::sections

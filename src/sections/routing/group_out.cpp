@@ -1,10 +1,10 @@
 #include "sections/routing/group_out.h"
 
-#include <algorithm>
 #include <string>
 
+#include "sections/member_pool.h"
 #include "sections/ports/port_def.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace group_out {
@@ -21,6 +21,7 @@ constexpr Unique kUnique[] = {{{}, "port"}};
 
 const Table kTable = {.section = "Group_Out",
                       .row_name = "Group Out",
+                      .command = "groupout",
                       .rows = {1, kGroupsOut, 2},
                       .fields = kFields,
                       .repeats = true,
@@ -30,52 +31,20 @@ const Table kTable = {.section = "Group_Out",
                       .now = NowCounts::kMembers,
                       .counts = kCounts};
 
-namespace {
-
-constexpr int kWord = 2;
-constexpr int kPoolAt = kGroupsOut * kWord;
-
-}  // namespace
-
 }  // namespace group_out
 
 void EncodeGroupOut(const IniText& project, ImageWriter& image) {
-  using namespace group_out;
-  image.Fill(kPoolAt, kGroupOutMembers * kWord, kUnsetByte);
-  int count = 0;
-  for (int group = 1; group <= kGroupsOut; ++group) {
-    const std::string key = KeyOf(kTable, group);
-    ForEachMember(RowValue(project, kTable, group), [&](std::string_view member) {
-      ValueWriter slot(image, kTable, key, member);
-      if (count == kGroupOutMembers) {
-        slot.Fail(PoolFull(kTable.members));
-        return;
-      }
-      slot.MinusOneWord(kPoolAt + kWord * count, Val(member));
-      ++count;
-    });
-    image.Word((group - 1) * kWord, count);
-  }
+  EncodePool(project, group_out::kTable, image);
 }
 
 void DecodeGroupOut(const ImageReader& image, IniEdit& project) {
   using namespace group_out;
-  const int total = image.RawWord((kGroupsOut - 1) * kWord);
+  const int total = LastEnd(image, kTable);
   const bool no_groups = total == kUnsetWord;
   StoreMax(project, kTable);
   project.Set(kTable.section, kMaxMembersKey, std::to_string(kGroupOutMembers));
   project.Set(kTable.section, kNowKey, std::to_string(no_groups ? 0 : total));
-  int next = 0;
-  RowText members;
-  for (int group = 1; group <= kGroupsOut; ++group) {
-    const int end = no_groups ? 0 : std::min(image.RawWord((group - 1) * kWord), kGroupOutMembers);
-    members.Clear();
-    for (; next < end; ++next) {
-      const std::string port = image.RawPlusOneWord(kPoolAt + next * kWord, 3);
-      if (port != kUnset) members.Add(port);
-    }
-    project.Set(kTable.section, KeyOf(kTable, group), members.str());
-  }
+  DecodePool(no_groups ? ImageReader({}) : image, project, kTable);
 }
 
 }  // namespace tarvok::sections

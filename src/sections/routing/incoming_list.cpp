@@ -4,7 +4,7 @@
 #include <string>
 
 #include "sections/ports/assign.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace incoming_list {
@@ -18,28 +18,16 @@ constexpr Field Destination(std::string_view name) {
 }
 
 /** The name has no limit of its own; only the size of a project value limits it. */
-constexpr Field kFields[] = {
-    Text("Name", static_cast<int>(kMaxIniValue)),
-    Destination("Num1"),
-    Destination("Num2"),
-    Destination("Num3"),
-    Number("Time Out", 1, 254),
-};
+constexpr auto kFields = FieldsOf({
+    {kName, Text("Name", static_cast<int>(kMaxIniValue))},
+    {kNum1, Destination("Num1")},
+    {kNum2, Destination("Num2")},
+    {kNum3, Destination("Num3")},
+    {kTimeOut, Number("Time Out", 1, 254)},
+});
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F"};
 constexpr Mark kMarks[] = {{incoming_list::kName, ""}};
-
-}  // namespace
-
-const Table kTable = {.section = "Incoming_List",
-                      .row_name = "Incoming List",
-                      .rows = {1, kIncomingRows, 2},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .marks = kMarks,
-                      .now = NowCounts::kRows};
-
-namespace {
 
 constexpr int kRecord = 7;
 
@@ -78,6 +66,15 @@ void DecodeRow(const ImageReader& record, int number, RowText& row) {
 
 }  // namespace
 
+const Table kTable = {.section = "Incoming_List",
+                      .row_name = "Incoming List",
+                      .command = "incominglist",
+                      .rows = {1, kIncomingRows, 2},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks,
+                      .now = NowCounts::kRows};
+
 }  // namespace incoming_list
 
 void EncodeIncomingList(const IniText& project, ImageWriter& image) {
@@ -88,11 +85,9 @@ void EncodeIncomingList(const IniText& project, ImageWriter& image) {
 void DecodeIncomingList(const ImageReader& image, IniEdit& project) {
   using namespace incoming_list;
   StoreRowCounts(project, kTable, kIncomingRows);
-  RowText row;
-  for (int number = 1; number <= kIncomingRows; ++number) {
-    DecodeRow(image.Record(number - 1, kRecord), number, row.Clear());
-    StoreRow(project, kTable, number, row.str());
-  }
+  int number = 0;
+  DecodeRows(image, project, kTable, kRecord,
+             [&](const ImageReader& record, RowText& row) { DecodeRow(record, ++number, row); });
 }
 
 }  // namespace tarvok::sections

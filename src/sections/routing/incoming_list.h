@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -36,5 +31,12 @@ void EncodeIncomingList(const IniText& project, ImageWriter& image);
 /** The three codes are recognised in every destination. A row with a destination is named "Incom" plus its
  * number; a row with only a time limit is named "F". */
 void DecodeIncomingList(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kIncomingListSection = {.number = 16,
+                                                 .name = "Incoming List",
+                                                 .progress = "Sending Incoming List...",
+                                                 .send_failed = "Send Incoming List failed (RE)",
+                                                 .layouts = {{350, EncodeIncomingList, DecodeIncomingList}},
+                                                 .tables = {&incoming_list::kTable}};
 
 }  // namespace tarvok::sections

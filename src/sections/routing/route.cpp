@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "sections/record_layout.h"
 #include "sections/routing/group_out.h"
-#include "sections/rows.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {
@@ -15,36 +15,24 @@ constexpr Choice kSeekChoices[] = {{"0", "Start"}, {"1", "End"}, {"2", "Cycle"},
 constexpr Choice kDayChoices[] = {{"1", "SUN"}, {"2", "MON"}, {"3", "TUE"}, {"4", "WED"},
                                   {"5", "THU"}, {"6", "FRI"}, {"7", "SAT"}};
 
-constexpr Field kFields[] = {
-    RowOf("Group", group_out::kTable, 2),
-    OneOf("Type Seek", kSeekChoices),
-    OneOf("Day", kDayChoices).UnsetAs("0"),
-    Number("Date", 1, 31),
-    Number("Month", 1, 12),
-    Time("Start Time"),
-    Time("End Time"),
-    Digits("Type Send", kTextBytes, "*#AEPX"),
-    Digits("Type Save", kTextBytes, "*#AENPX"),
-};
+constexpr auto kFields = FieldsOf({
+    {kGroup, RowOf("Group", group_out::kTable, 2)},
+    {kTypeSeek, OneOf("Type Seek", kSeekChoices)},
+    {kDay, OneOf("Day", kDayChoices).UnsetAs("0")},
+    {kDate, Number("Date", 1, 31)},
+    {kMonth, Number("Month", 1, 12)},
+    {kStartTime, Time("Start Time")},
+    {kEndTime, Time("End Time")},
+    {kTypeSend, Digits("Type Send", kTextBytes, "*#AEPX")},
+    {kTypeSave, Digits("Type Save", kTextBytes, "*#AENPX")},
+});
 
 /** The last row that the editor can write: 50 lists of 40 routes. */
 constexpr int kMostRoutes = 2000;
 constexpr std::string_view kEmptyRows[] = {"F|F|0|F|F|F|F|F|F"};
 
-}  // namespace
-
-const Table kTable = {.section = "Route",
-                      .row_name = "Route",
-                      .rows = {.first = 1, .last = kRouteRows, .width = 3, .kept = kMostRoutes},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows};
-
-namespace {
-
-constexpr int kRecord = 49;
-
 /** Writes the first two and the last two characters, each pair read as hexadecimal. */
-void EncodeTime(RecordWriter& row, int at, int field) {
+void PutTime(RecordWriter& row, int at, int field) {
   if (!row.IsSet(field)) {
     row.Fill(at, 2, kUnsetByte);
     return;
@@ -54,65 +42,67 @@ void EncodeTime(RecordWriter& row, int at, int field) {
   row.Checked(at + 1, field, ValHex(time.size() > 2 ? time.substr(time.size() - 2) : time));
 }
 
-void EncodeRow(RecordWriter& row) {
-  row.MinusOne(0, kGroup);
-  row.Plain(1, kTypeSeek, kUnsetByte);
-  row.MinusOne(2, kDay);
-  row.Hex(3, kDate);
-  row.Hex(4, kMonth);
-  EncodeTime(row, 5, kStartTime);
-  EncodeTime(row, 7, kEndTime);
-  row.Text(9, kTextBytes, row.SetText(kTypeSend));
-  row.Text(29, kTextBytes, row.SetText(kTypeSave));
-}
-
 std::string HexText(int byte, std::size_t width) {
   std::string text = DecToHex(static_cast<std::uint64_t>(byte));
   if (text.size() < width) text.insert(0, width - text.size(), '0');
   return text;
 }
 
-std::string DecodeHex(const ImageReader& record, int at) {
-  return record.Byte(at) == kUnsetByte ? std::string(kUnset) : HexText(record.Byte(at), 1);
+void ReadDigits(const ImageReader& record, int at, RowText& row) {
+  row.Add(record.Byte(at) == kUnsetByte ? std::string(kUnset) : HexText(record.Byte(at), 1));
 }
 
-std::string DecodeTime(const ImageReader& record, int at) {
+void ReadTime(const ImageReader& record, int at, RowText& row) {
   const int hour = record.Byte(at);
   const int minute = record.Byte(at + 1);
-  if (hour == kUnsetByte || minute == kUnsetByte) return std::string(kUnset);
-  return HexText(hour, 2) + HexText(minute, 2);
+  const bool set = hour != kUnsetByte && minute != kUnsetByte;
+  row.Add(set ? HexText(hour, 2) + HexText(minute, 2) : std::string(kUnset));
 }
 
-void DecodeRow(const ImageReader& record, RowText& row) {
-  row.Add(record.PlusOne(0, 2)).Add(record.Plain(1));
-  row.Add(record.Byte(2) == kUnsetByte ? "0" : record.PlusOne(2));
-  row.Add(DecodeHex(record, 3)).Add(DecodeHex(record, 4));
-  row.Add(DecodeTime(record, 5)).Add(DecodeTime(record, 7));
-  for (const int at : {9, 29}) row.AddText(record.Bytes(at, kTextBytes));
+void ReadDay(const ImageReader& record, int at, RowText& row) {
+  row.Add(record.Byte(at) == kUnsetByte ? "0" : record.PlusOne(at));
 }
+
+constexpr Rule kDigits = kPackedByte.ReadBy(ReadDigits);
+constexpr Rule kTime = {2, PutTime, ReadTime, "packed digits"};
+
+constexpr RecordLayout kRecord({
+    {0, kGroup, kMinusOne<2>},
+    {1, kTypeSeek, kByte},
+    {2, kDay, kMinusOne<>.ReadBy(ReadDay)},
+    {3, kDate, kDigits},
+    {4, kMonth, kDigits},
+    {5, kStartTime, kTime},
+    {7, kEndTime, kTime},
+    {9, kTypeSend, kCharacters<kTextBytes>},
+    {29, kTypeSave, kCharacters<kTextBytes>},
+});
 
 }  // namespace
+
+const Table kTable = {.section = "Route",
+                      .row_name = "Route",
+                      .command = "route",
+                      .rows = {.first = 1, .last = kRouteRows, .width = 3, .kept = kMostRoutes},
+                      .fields = kFields,
+                      .record = kRecord.items(),
+                      .empty_rows = kEmptyRows};
 
 }  // namespace route
 
 void EncodeRoute(const IniText& project, ImageWriter& image) {
   using namespace route;
-  EncodeRows(project, kTable, image, {kRecord, 0, 9}, EncodeRow);
+  EncodeRows(project, kTable, image, {kRecord.size(), 0, 9}, kRecord);
 }
 
 void DecodeRoute(const ImageReader& image, IniEdit& project) {
   using namespace route;
   StoreMax(project, kTable);
-  RowText row;
-  for (int number = 1; number <= kRouteRows; ++number) {
-    const ImageReader record = image.Record(number - 1, kRecord);
-    if (record.Byte(0) == kUnsetByte) {
-      project.DeleteKey(kTable.section, KeyOf(kTable, number));
-    } else {
-      DecodeRow(record, row.Clear());
-      project.Set(kTable.section, KeyOf(kTable, number), row.str());
-    }
-  }
+  const auto decode = [](const ImageReader& record, RowText& row) {
+    const bool has_group = record.Byte(0) != kUnsetByte;
+    if (has_group) kRecord(record, row);
+  };
+  DecodeRows(image, project, kTable, kRecord.size(), decode, BlankUnused);
 }
 
 }  // namespace tarvok::sections

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -35,8 +30,16 @@ extern const Table kTable;
  * Section 10, every version: 200 records of 49 bytes, 9,800 bytes. An unused row is nine bytes of 255 and 40
  * of 0.
  *
- *  0 Group -1     2 Day -1    4 Month                7 End Time, 2 bytes          29 Type Save, 20 characters
- *  1 Type Seek    3 Date      5 Start Time, 2 bytes  9 Type Send, 20 characters
+ *  at bytes
+ *   0   1  Group         -1
+ *   1   1  Type Seek
+ *   2   1  Day           -1
+ *   3   1  Date          packed digits
+ *   4   1  Month         packed digits
+ *   5   2  Start Time    packed digits
+ *   7   2  End Time      packed digits
+ *   9  20  Type Send     characters
+ *  29  20  Type Save     characters
  *
  * Date, month and times are packed decimal: each pair of digits is read as hexadecimal, so "31" is sent as 31
  * hexadecimal. "*" and "#" are ordinary characters here.
@@ -45,5 +48,12 @@ void EncodeRoute(const IniText& project, ImageWriter& image);
 /** A row without a group is removed, whatever else is in it. Date and month become hexadecimal text without a
  * leading zero, so a byte 0A is "A". A time with a byte of 255 is unset. An unset day is "0". */
 void DecodeRoute(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kRouteSection = {.number = 10,
+                                          .name = "Route",
+                                          .progress = "Sending Route...",
+                                          .send_failed = "Send Route failed (RE)",
+                                          .layouts = {{9800, EncodeRoute, DecodeRoute}},
+                                          .tables = {&route::kTable}};
 
 }  // namespace tarvok::sections

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/route.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace route_list {
@@ -12,17 +12,6 @@ namespace {
 
 /** The editor has 50 lists of 40 routes, although only the first 200 routes are sent. */
 constexpr Field kFields[] = {Number("End", 0, 2001)};
-
-}  // namespace
-
-const Table kTable = {.section = "Route_List",
-                      .row_name = "List",
-                      .rows = {1, kRouteLists, 2},
-                      .fields = kFields,
-                      .label = "List",
-                      .ends_of = &route::kTable};
-
-namespace {
 
 constexpr int kValue = 2;
 constexpr int kLargestEnd = kUnsetWord + 1;
@@ -37,6 +26,14 @@ void EncodeEnd(RecordWriter& list) {
 }
 
 }  // namespace
+
+const Table kTable = {.section = "Route_List",
+                      .row_name = "List",
+                      .command = "route",
+                      .rows = {1, kRouteLists, 2},
+                      .fields = kFields,
+                      .label = "List",
+                      .ends_of = &route::kTable};
 
 }  // namespace route_list
 

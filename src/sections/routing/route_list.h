@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -38,5 +33,12 @@ void EncodeRouteList(const IniText& project, ImageWriter& image);
 /** Stores the value plus 1, or "0" for 65,535. An end of "0" therefore comes back as "1", which gives the
  * same ranges. */
 void DecodeRouteList(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kRouteListSection = {.number = 9,
+                                              .name = "Route List",
+                                              .progress = "Sending Route List...",
+                                              .send_failed = "Send Route List failed (RE)",
+                                              .layouts = {{100, EncodeRouteList, DecodeRouteList}},
+                                              .tables = {&route_list::kTable}};
 
 }  // namespace tarvok::sections

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "sections/records.h"
 #include "sections/routing/route_list.h"
-#include "sections/rows.h"
 
 namespace tarvok::sections {
 namespace route_map_digit {
@@ -17,31 +17,19 @@ constexpr Choice kListChoices[] = {{kExtension, "Extension"}};
 constexpr Choice kReleaseChoices[] = {{"0", "0"}, {"1", "1"}};
 constexpr Choice kTimeoutChoices[] = {{"255", "No Limit"}};
 
-constexpr Field kFields[] = {
-    Digits("Digit", kMostDigits, "*#-:CLNPUWXYZ"),
-    OneOf("Send Number", kSendChoices),
-    RowOf("Route List", route_list::kTable, 2).Named(kListChoices),
-    OneOf("Release CO", kReleaseChoices),
-    Number("Timeout", 1, 254).Named(kTimeoutChoices).UnsetAs("0"),
-};
+constexpr auto kFields = FieldsOf({
+    {kDigit, Digits("Digit", kMostDigits, "*#-:CLNPUWXYZ")},
+    {kSendNumber, OneOf("Send Number", kSendChoices)},
+    {kRouteList, RowOf("Route List", route_list::kTable, 2).Named(kListChoices)},
+    {kReleaseCo, OneOf("Release CO", kReleaseChoices)},
+    {kTimeout, Number("Timeout", 1, 254).Named(kTimeoutChoices).UnsetAs("0")},
+});
 
 /** Unused rows as the two layouts and the editor write them. The editor keeps the last one, which matters
  * only in section 43. */
 constexpr std::string_view kEmptyRows[] = {"F|F|F", "F|F|F|F", "F|F|F|F|F", "F|F|F|F|0"};
 constexpr Mark kMarks[] = {{kDigit, ""}};
 constexpr int kFieldsInShortLayout = 3;
-
-}  // namespace
-
-const Table kTable = {.section = "Route_Map_Digit",
-                      .row_name = "Route Map Digit",
-                      .rows = {1, kRouteMapRows, 3},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .fewest_fields = kFieldsInShortLayout,
-                      .marks = kMarks};
-
-namespace {
 
 constexpr int kShortRecord = 22;
 constexpr int kLongRecord = 23;
@@ -87,6 +75,15 @@ void DecodeLong(const ImageReader& record, RowText& row) {
 }
 
 }  // namespace
+
+const Table kTable = {.section = "Route_Map_Digit",
+                      .row_name = "Route Map Digit",
+                      .command = "routemap",
+                      .rows = {1, kRouteMapRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows,
+                      .fewest_fields = kFieldsInShortLayout,
+                      .marks = kMarks};
 
 }  // namespace route_map_digit
 

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -44,5 +39,25 @@ void DecodeRouteMapDigit23(const ImageReader& image, IniEdit& project);
 void EncodeRouteTimeLimit(const IniText& project, ImageWriter& image);
 /** Adds the limit to each row that section 8 stored. Rows that it removed are not created again. */
 void DecodeRouteTimeLimit(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kRouteMapSection = {
+    .number = 8,
+    .name = "Route Map Digit",
+    .progress = "Sending Route Map Digit...",
+    .send_failed = "Send Route Map Digit failed (RE)",
+    .layouts = {{4400, EncodeRouteMapDigit22, DecodeRouteMapDigit22},
+                {4600, EncodeRouteMapDigit23, DecodeRouteMapDigit23, 102, 101}},
+    .tables = {&route_map_digit::kTable}};
+
+inline constexpr Section kRouteTimeLimitSection = {
+    .number = 43,
+    .name = "Time Limit or Route List",
+    .progress = "Sending Time Limit of Route List...",
+    .send_failed = "Send Time Limit of Route List failed (RE)",
+    .send_from = 107,
+    .load_from = 107,
+    .times_sent = 2,
+    .layouts = {{200, EncodeRouteTimeLimit, DecodeRouteTimeLimit}},
+    .tables = {&route_map_digit::kTable}};
 
 }  // namespace tarvok::sections

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {
@@ -14,21 +14,8 @@ constexpr Field kPidFields[] = {Number("PBX ID", 0, 14)};
 /** 0 means unset; a load writes it. */
 constexpr Field kGatewayFields[] = {Number("Gateway", 1, 15).UnsetAs("0")};
 /** Card 0 means no card; a load writes it for a missing destination. */
-constexpr Field kFields[] = {Number("Card ID", 1, 15).UnsetAs("0"), Number("Device", 0, 1).UnsetAs("0")};
-
-}  // namespace
-
-const Table kPidTable = {
-    .section = "TblRoute", .row_name = "PBX Link Table", .key = "PID", .fields = kPidFields};
-const Table kGatewayTable = {
-    .section = "TblRoute", .row_name = "PBX Link Table", .key = "GW", .fields = kGatewayFields};
-const Table kTable = {.section = "TblRoute",
-                      .row_name = "PBX Link",
-                      .rows = {1, kLinkRows, 2},
-                      .fields = kFields,
-                      .missing_differs = true};
-
-namespace {
+constexpr auto kFields = FieldsOf(
+    {{kCard, Number("Card ID", 1, 15).UnsetAs("0")}, {kDevice, Number("Device", 0, 1).UnsetAs("0")}});
 
 constexpr int kNoPbxId = 15;
 constexpr int kNoGateway = 16;
@@ -49,6 +36,23 @@ void EncodeDestination(RecordWriter& row) {
 }
 
 }  // namespace
+
+const Table kPidTable = {.section = "TblRoute",
+                         .row_name = "PBX Link Table",
+                         .command = "setroute",
+                         .key = "PID",
+                         .fields = kPidFields};
+const Table kGatewayTable = {.section = "TblRoute",
+                             .row_name = "PBX Link Table",
+                             .command = "setroute",
+                             .key = "GW",
+                             .fields = kGatewayFields};
+const Table kTable = {.section = "TblRoute",
+                      .row_name = "PBX Link",
+                      .command = "setroute",
+                      .rows = {1, kLinkRows, 2},
+                      .fields = kFields,
+                      .missing_differs = true};
 
 }  // namespace tbl_route
 

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -35,5 +30,15 @@ void EncodeTblRoute(const IniText& project, ImageWriter& image);
 /** A PBX ID of 15 or more and a gateway of 16 or more become "0". A card or device above 9 becomes a letter,
  * which counts as 0 when it is sent again. */
 void DecodeTblRoute(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kTblRouteSection = {
+    .number = 37,
+    .name = "PBX Link Table",
+    .progress = "Sending PBX Link Table...",
+    .send_failed = "Sending PBX Link Table (RE)",
+    .send_from = kNever,
+    .load_from = 101,
+    .layouts = {{18, EncodeTblRoute, DecodeTblRoute}},
+    .tables = {&tbl_route::kPidTable, &tbl_route::kGatewayTable, &tbl_route::kTable}};
 
 }  // namespace tarvok::sections

@@ -1,8 +1,11 @@
 #include "sections/routing/tenan.h"
 
 #include <array>
+#include <iterator>
+#include <string>
+#include <utility>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/value_code.h"
 
 namespace tarvok::sections {
@@ -20,18 +23,10 @@ constexpr Field kHighFields[] = {Columns("Columns 32 to 17", kColumnsOfValue + 1
 constexpr Table HalfOf(std::string_view name, int base, std::span<const Field> fields) {
   return {.section = "Tenan",
           .row_name = name,
+          .command = "tenan",
           .rows = {.first = base + 1, .last = base + kTenants, .width = 3, .base = base},
           .fields = fields};
 }
-
-}  // namespace
-
-const Table kDayTable = HalfOf("Tenan Day", 100, kLowFields);
-const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
-const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
-const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
-
-namespace {
 
 constexpr int kMask = 2;
 constexpr std::string_view kTooWide = "has more than 16 columns";
@@ -57,63 +52,56 @@ void DecodeMask(const ImageReader& image, int at, IniEdit& project, const Table&
   project.Set(table.section, KeyOf(table, table.rows.first + row - 1), {columns.data(), columns.size()});
 }
 
-void StoreTenants(IniEdit& project, int count) {
-  project.Set(kDayTable.section, kMaxKey, std::to_string(count));
-}
-
-/** Offset of row `row` in the day half (0) or night half (1). A half has `rows` rows of `masks` times 16
- * bits. */
-int PlaceOf(int half, int row, int rows, int masks) {
-  return (half * rows + row - 1) * masks * kMask;
-}
-
 constexpr const Table* kLowTables[] = {&kDayTable, &kNightTable};
 constexpr const Table* kHighTables[] = {&kDayHighTable, &kNightHighTable};
 
+/** Calls `take(table, row, offset)` for each mask of an image, in its order. The short layout has one mask in
+ * a row, the long layout two. */
+template <typename Take>
+void ForEachMask(int rows, Take take) {
+  int at = 0;
+  for (std::size_t half = 0; half < std::size(kLowTables); ++half) {
+    for (int row = 1; row <= rows; ++row) {
+      take(*kLowTables[half], row, std::exchange(at, at + kMask));
+      if (rows > kTenantsShort) take(*kHighTables[half], row, std::exchange(at, at + kMask));
+    }
+  }
+}
+
+void EncodeMasks(const IniText& project, ImageWriter& image, int rows, int missing) {
+  ForEachMask(rows, [&](const Table& table, int row, int at) {
+    EncodeMask(project, table, row, missing, image, at);
+  });
+}
+
+void DecodeMasks(const ImageReader& image, IniEdit& project, int rows) {
+  project.Set(kDayTable.section, kMaxKey, std::to_string(rows));
+  ForEachMask(rows, [&](const Table& table, int row, int at) { DecodeMask(image, at, project, table, row); });
+}
+
 }  // namespace
+
+const Table kDayTable = HalfOf("Tenan Day", 100, kLowFields);
+const Table kNightTable = HalfOf("Tenan Night", 200, kLowFields);
+const Table kDayHighTable = HalfOf("Tenan Day", 300, kHighFields);
+const Table kNightHighTable = HalfOf("Tenan Night", 400, kHighFields);
 
 }  // namespace tenan
 
 void EncodeTenan16(const IniText& project, ImageWriter& image) {
-  using namespace tenan;
-  for (int half = 0; half < 2; ++half) {
-    for (int row = 1; row <= kTenantsShort; ++row) {
-      EncodeMask(project, *kLowTables[half], row, kUnsetWord, image, PlaceOf(half, row, kTenantsShort, 1));
-    }
-  }
+  tenan::EncodeMasks(project, image, kTenantsShort, kUnsetWord);
 }
 
 void EncodeTenan32(const IniText& project, ImageWriter& image) {
-  using namespace tenan;
-  for (int half = 0; half < 2; ++half) {
-    for (int row = 1; row <= kTenants; ++row) {
-      const int at = PlaceOf(half, row, kTenants, 2);
-      EncodeMask(project, *kLowTables[half], row, 0, image, at);
-      EncodeMask(project, *kHighTables[half], row, 0, image, at + kMask);
-    }
-  }
+  tenan::EncodeMasks(project, image, kTenants, 0);
 }
 
 void DecodeTenan16(const ImageReader& image, IniEdit& project) {
-  using namespace tenan;
-  StoreTenants(project, kTenantsShort);
-  for (int half = 0; half < 2; ++half) {
-    for (int row = 1; row <= kTenantsShort; ++row) {
-      DecodeMask(image, PlaceOf(half, row, kTenantsShort, 1), project, *kLowTables[half], row);
-    }
-  }
+  tenan::DecodeMasks(image, project, kTenantsShort);
 }
 
 void DecodeTenan32(const ImageReader& image, IniEdit& project) {
-  using namespace tenan;
-  StoreTenants(project, kTenants);
-  for (int half = 0; half < 2; ++half) {
-    for (int row = 1; row <= kTenants; ++row) {
-      const int at = PlaceOf(half, row, kTenants, 2);
-      DecodeMask(image, at, project, *kLowTables[half], row);
-      DecodeMask(image, at + kMask, project, *kHighTables[half], row);
-    }
-  }
+  tenan::DecodeMasks(image, project, kTenants);
 }
 
 }  // namespace tarvok::sections

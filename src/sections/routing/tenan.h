@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -39,5 +34,13 @@ void EncodeTenan32(const IniText& project, ImageWriter& image);
 /** The short layout leaves the rows and columns above 16 unchanged. */
 void DecodeTenan16(const ImageReader& image, IniEdit& project);
 void DecodeTenan32(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kTenanSection = {
+    .number = 12,
+    .name = "Tenan",
+    .progress = "Sending Tenan...",
+    .send_failed = "Send Tenan failed (RE)",
+    .layouts = {{64, EncodeTenan16, DecodeTenan16}, {256, EncodeTenan32, DecodeTenan32, 103, 103}},
+    .tables = {&tenan::kDayTable, &tenan::kNightTable, &tenan::kDayHighTable, &tenan::kNightHighTable}};
 
 }  // namespace tarvok::sections

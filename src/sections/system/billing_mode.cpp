@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -18,43 +18,34 @@ constexpr int kMostPercent = 65535;  // in hundredths, like kMostRate
 constexpr int kMostRate = 65500;
 constexpr int kMost = 254;
 
-constexpr Field kFields[] = {
-    Number("Local Code", 0, 999, 2),
-    Flag("Save Intercom"),
-    Flag("Save Incoming"),
-    Flag("Save Out Going"),
-    Flag("Bill Flat"),
-    Amount("Long Distance Charge %", kMostPercent),
-    Amount("Oversea Charge %", kMostPercent),
-    Amount("Mobile Charge %", kMostPercent),
-    Number("Long Distance Charge", 0, kMost),
-    Number("Oversea Charge", 0, kMost),
-    Number("Mobile Charge", 0, kMost),
-    Amount("Incoming Rate", kMostRate),
-    Amount("Intercom Rate", kMostRate),
-    Number("Time Expand", 0, kMost),
-    Amount("Charge Expand", kMostRate),
-    Number("Time Expand In", 0, kMost),
-    Number("Charge Expand In", 0, kMost),
-    Number("Local Time Record", 0, kMost),
-    Number("Time Page", 0, kMost),
-    Number("Time Mobile", 0, kMost),
-    Number("Time Long Distance", 0, kMost),
-    Number("Time Oversea", 0, kMost),
-    Flag("Print Mini Bar"),
-    Amount("Area Percent Charge", kMostPercent),
-    Flag("Expand All"),
-};
+constexpr auto kFields = FieldsOf({
+    {kLocalCode, Number("Local Code", 0, 999, 2)},
+    {kSaveIntercom, Flag("Save Intercom")},
+    {kSaveIncoming, Flag("Save Incoming")},
+    {kSaveOutGoing, Flag("Save Out Going")},
+    {kBillFlat, Flag("Bill Flat")},
+    {kLongDistancePercent, Amount("Long Distance Charge %", kMostPercent)},
+    {kOverseaPercent, Amount("Oversea Charge %", kMostPercent)},
+    {kMobilePercent, Amount("Mobile Charge %", kMostPercent)},
+    {kLongDistanceCharge, Number("Long Distance Charge", 0, kMost)},
+    {kOverseaCharge, Number("Oversea Charge", 0, kMost)},
+    {kMobileCharge, Number("Mobile Charge", 0, kMost)},
+    {kIncomingRate, Amount("Incoming Rate", kMostRate)},
+    {kIntercomRate, Amount("Intercom Rate", kMostRate)},
+    {kTimeExpand, Number("Time Expand", 0, kMost)},
+    {kChargeExpand, Amount("Charge Expand", kMostRate)},
+    {kTimeExpandIn, Number("Time Expand In", 0, kMost)},
+    {kChargeExpandIn, Number("Charge Expand In", 0, kMost)},
+    {kLocalTime, Number("Local Time Record", 0, kMost)},
+    {kTimePage, Number("Time Page", 0, kMost)},
+    {kTimeMobile, Number("Time Mobile", 0, kMost)},
+    {kTimeLongDistance, Number("Time Long Distance", 0, kMost)},
+    {kTimeOversea, Number("Time Oversea", 0, kMost)},
+    {kPrintMiniBar, Flag("Print Mini Bar")},
+    {kAreaPercent, Amount("Area Percent Charge", kMostPercent)},
+    {kExpandAll, Flag("Expand All")},
+});
 constexpr Field kCountryFields[] = {Number("Country", 1, 255, 3)};
-
-}  // namespace
-
-const Table kTable = {
-    .section = kSystemConfig, .row_name = "Billing Mode", .key = "Billing", .fields = kFields};
-const Table kCountry = {
-    .section = kSystemConfig, .row_name = "Billing Mode", .key = "CCode", .fields = kCountryFields};
-
-namespace {
 
 constexpr int kForm1 = 1;
 constexpr int kForm2 = 2;
@@ -143,36 +134,41 @@ void DecodeBilling(const ImageReader& image, IniEdit& project, int form) {
 
 }  // namespace
 
+const Table kTable = {.section = kSystemConfig,
+                      .row_name = "Billing Mode",
+                      .command = "billingmode",
+                      .key = "Billing",
+                      .fields = kFields};
+const Table kCountry = {.section = kSystemConfig,
+                        .row_name = "Billing Mode",
+                        .command = "billingmode",
+                        .key = "CCode",
+                        .fields = kCountryFields};
+
 }  // namespace billing_mode
 
 void EncodeBilling1(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm1);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm1);
 }
 
 void EncodeBilling2(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm2);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm2);
 }
 
 void EncodeBilling3(const IniText& project, ImageWriter& image) {
-  using namespace billing_mode;
-  EncodeBilling(project, image, kForm3);
+  billing_mode::EncodeBilling(project, image, billing_mode::kForm3);
 }
 
 void DecodeBilling1(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm1);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm1);
 }
 
 void DecodeBilling2(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm2);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm2);
 }
 
 void DecodeBilling3(const ImageReader& image, IniEdit& project) {
-  using namespace billing_mode;
-  DecodeBilling(image, project, kForm3);
+  billing_mode::DecodeBilling(image, project, billing_mode::kForm3);
 }
 
 }  // namespace tarvok::sections

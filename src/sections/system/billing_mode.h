@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -71,5 +66,14 @@ void EncodeBilling3(const IniText& project, ImageWriter& image);
 void DecodeBilling1(const ImageReader& image, IniEdit& project);
 void DecodeBilling2(const ImageReader& image, IniEdit& project);
 void DecodeBilling3(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kBillingModeSection = {.number = 3,
+                                                .name = "Billing Mode",
+                                                .progress = "Sending Billing Mode...",
+                                                .send_failed = "Send Billing Mode failed (RE)",
+                                                .layouts = {{40, EncodeBilling1, DecodeBilling1},
+                                                            {40, EncodeBilling2, DecodeBilling2, 106, 106},
+                                                            {40, EncodeBilling3, DecodeBilling3, 107, 107}},
+                                                .tables = {&billing_mode::kCountry, &billing_mode::kTable}};
 
 }  // namespace tarvok::sections

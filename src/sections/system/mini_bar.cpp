@@ -3,33 +3,30 @@
 #include <string>
 
 #include "sections/image_reader.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 
 namespace tarvok::sections {
 namespace mini_bar {
 namespace {
 
-constexpr Field kFields[] = {Text("Name", 16), Number("Price", 0, 9999)};
+constexpr auto kFields = FieldsOf({{kName, Text("Name", 16)}, {kPrice, Number("Price", 0, 9999)}});
 
 /** Rows without data: as the editor writes them, with a trailing pipe, and as received from an exchange. */
 constexpr std::string_view kEmptyRows[] = {"F|F|", "F|F", "F|0"};
 constexpr Mark kMarks[] = {{kName, ""}};
 
-}  // namespace
-
-const Table kTable = {.section = "MiniBar",
-                      .row_name = "Item",
-                      .rows = {1, kMiniBarRows, 3},
-                      .fields = kFields,
-                      .empty_rows = kEmptyRows,
-                      .marks = kMarks};
-
-namespace {
-
 constexpr int kNameBytes = 20;
 constexpr int kUnsetPrice = 65535;
 
 }  // namespace
+
+const Table kTable = {.section = "MiniBar",
+                      .row_name = "Item",
+                      .command = "minibar",
+                      .rows = {1, kMiniBarRows, 3},
+                      .fields = kFields,
+                      .empty_rows = kEmptyRows,
+                      .marks = kMarks};
 
 }  // namespace mini_bar
 

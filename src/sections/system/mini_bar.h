@@ -2,11 +2,7 @@
 
 #include <string_view>
 
-#include "sections/field.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -26,7 +22,7 @@ extern const Table kTable;
 /**
  * Fills a record of 32 bytes from row `number`, 1 to 512. A missing row gives bytes of 0.
  *
- *  0 Name, 20 bytes, 0 behind its end     20 Price, 16 bits     22 ten bytes of 0
+ *  0 Name, 20 bytes, 0 after its end     20 Price, 16 bits     22 ten bytes of 0
  *
  * "F" is sent as 0 in both. The editor takes names of up to 16 characters, but 20 fit.
  */
@@ -36,5 +32,7 @@ void EncodeMiniBarRecord(const IniText& project, int number, ImageWriter& image)
  * blanks from its ends. A price of 65,535 or more is "F". A row without a name whose price is "F" or 0 is
  * removed. */
 void DecodeMiniBarRecord(std::string_view name, int price, int number, IniEdit& project);
+
+inline constexpr Section kMiniBarSection = {.tables = {&mini_bar::kTable}};
 
 }  // namespace tarvok::sections

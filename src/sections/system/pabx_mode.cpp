@@ -3,7 +3,7 @@
 #include <string>
 
 #include "sections/ports/port_def.h"
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
@@ -16,34 +16,28 @@ constexpr Choice kDayNight[] = {{"0", "Day"}, {"1", "Night"}};
 constexpr Choice kTargets[] = {{"0", "Extention Number"}, {"1", "Personal Message"}};
 constexpr Choice kRevisions[] = {{"0", "Revision 1"}, {"1", "Revision 2"}};
 
-constexpr Field kFields[] = {
-    Flag("Auto Print Call Record").UnsetAs("0"),
-    Flag("Check Credit").UnsetAs("0"),
-    Flag("Auto / Manual").UnsetAs("0"),
-    Flag("Check Bad CO").UnsetAs("0"),
-    Flag("Warning Tone Before Cut").UnsetAs("0"),
-    Flag("Paper Feed").UnsetAs("0"),
-    Flag("Check Duplicate Record"),
-    Flag("Record Last Person Use").UnsetAs("0"),
-    OneOf("Manual Mode", kDayNight).UnsetAs("0"),
-    Number("Trunk To Trunk Time Limit", 1, 254).UnsetAs("0"),
-    Flag("Voice Mail Check Map Digit"),
-    Flag("Check Class When Dial with Memory Code"),
-    Flag("On CO When Found \"X\" in Route Map Digit"),
-    Flag("DID Busy Transfer To"),
-    Flag("Print Wakeup Call"),
-    OneOf("DID Busy Target", kTargets),
-    RowOf("Extention Number", port_def::kTable, 3).ShownBy(port_def::kNumber).UnsetAs("0"),
-    Flag("Use Trunk To Trunk"),
-    Flag("Use Intrusion Tone"),
-    OneOf("Power Revision", kRevisions),
-};
-
-}  // namespace
-
-const Table kTable = {.section = kSystemConfig, .row_name = "PABX Mode", .key = "Pbx", .fields = kFields};
-
-namespace {
+constexpr auto kFields = FieldsOf({
+    {kPrintCallRecord, Flag("Auto Print Call Record").UnsetAs("0")},
+    {kCheckCredit, Flag("Check Credit").UnsetAs("0")},
+    {kManual, Flag("Auto / Manual").UnsetAs("0")},
+    {kCheckBadCo, Flag("Check Bad CO").UnsetAs("0")},
+    {kWarningTone, Flag("Warning Tone Before Cut").UnsetAs("0")},
+    {kPaperFeed, Flag("Paper Feed").UnsetAs("0")},
+    {kCheckDuplicate, Flag("Check Duplicate Record")},
+    {kRecordLastPerson, Flag("Record Last Person Use").UnsetAs("0")},
+    {kManualMode, OneOf("Manual Mode", kDayNight).UnsetAs("0")},
+    {kTrunkTimeLimit, Number("Trunk To Trunk Time Limit", 1, 254).UnsetAs("0")},
+    {kVmCheckMapDigit, Flag("Voice Mail Check Map Digit")},
+    {kCheckClassMemory, Flag("Check Class When Dial with Memory Code")},
+    {kOnCoWhenX, Flag("On CO When Found \"X\" in Route Map Digit")},
+    {kDidBusyTransfer, Flag("DID Busy Transfer To")},
+    {kPrintWakeup, Flag("Print Wakeup Call")},
+    {kTransferTarget, OneOf("DID Busy Target", kTargets)},
+    {kTransferPort, RowOf("Extention Number", port_def::kTable, 3).ShownBy(port_def::kNumber).UnsetAs("0")},
+    {kTrunkToTrunk, Flag("Use Trunk To Trunk")},
+    {kIntrusionTone, Flag("Use Intrusion Tone")},
+    {kPowerRevision, OneOf("Power Revision", kRevisions)},
+});
 
 // Byte 14: where a DID call to a busy number is transferred.
 constexpr int kToMessage = 1;
@@ -103,6 +97,12 @@ std::string FlagAt(const ImageReader& image, int at) {
 }
 
 }  // namespace
+
+const Table kTable = {.section = kSystemConfig,
+                      .row_name = "PABX Mode",
+                      .command = "pabxmode",
+                      .key = "Pbx",
+                      .fields = kFields};
 
 }  // namespace pabx_mode
 

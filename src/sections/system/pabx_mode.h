@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -54,5 +49,12 @@ extern const Table kTable;
 void EncodePabxMode(const IniText& project, ImageWriter& image);
 /** Byte 8 sets two fields: Check Duplicate Record to its value, and Power Revision to "1" or "0". */
 void DecodePabxMode(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kPabxModeSection = {.number = 2,
+                                             .name = "PABX Mode",
+                                             .progress = "Sending PABX Mode...",
+                                             .send_failed = "Send PABX Mode failed (RE)",
+                                             .layouts = {{20, EncodePabxMode, DecodePabxMode}},
+                                             .tables = {&pabx_mode::kTable}};
 
 }  // namespace tarvok::sections

@@ -1,6 +1,6 @@
 #include "sections/system/pbx_ip.h"
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/number_text.h"
 
 namespace tarvok::sections {
@@ -23,10 +23,10 @@ constexpr Field kMacFields[] = {MacByte("MAC 1"), MacByte("MAC 2")};
 
 }  // namespace
 
-const Table kAddress = {.section = "IP", .row_name = "IP Address", .key = "IP", .fields = kAddressFields};
-const Table kMac = {.section = "IP", .row_name = "MAC Address", .key = "MAC", .fields = kMacFields};
-
-namespace {}  // namespace
+const Table kAddress = {
+    .section = "IP", .row_name = "IP Address", .command = "setip", .key = "IP", .fields = kAddressFields};
+const Table kMac = {
+    .section = "IP", .row_name = "MAC Address", .command = "setip", .key = "MAC", .fields = kMacFields};
 
 }  // namespace pbx_ip
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -24,5 +21,13 @@ extern const Table kMac;
  * missing is sent as 0.
  */
 void EncodePbxIp(const IniText& project, ImageWriter& image);
+
+inline constexpr Section kPbxIpSection = {.number = 44,
+                                          .progress = "Sending New PBX IP Address...",
+                                          .send_failed = "Sending new PBX IP Address  (RE)",
+                                          .send_from = kNever,
+                                          .load_from = kNever,
+                                          .layouts = {{6, EncodePbxIp}},
+                                          .tables = {&pbx_ip::kAddress, &pbx_ip::kMac}};
 
 }  // namespace tarvok::sections

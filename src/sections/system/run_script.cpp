@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "store/number_text.h"
 
 namespace tarvok::sections {
@@ -20,21 +20,16 @@ constexpr Field kFields[kScriptEvents] = {
 
 constexpr std::string_view kEmptyRows[] = {"F|F|F|F|F|F|F|"};
 
+constexpr int kBytes = 2;
+
 }  // namespace
 
 const Table kTable = {.section = "RunScript",
                       .row_name = "Run Script",
+                      .command = "runscript",
                       .key = "Data",
                       .fields = kFields,
                       .empty_rows = kEmptyRows};
-
-namespace {
-
-using run_script::kTable;
-
-constexpr int kWord = 2;
-
-}  // namespace
 
 }  // namespace run_script
 
@@ -42,13 +37,14 @@ void EncodeRunScript(const IniText& project, ImageWriter& image) {
   using namespace run_script;
   image.Fill(0, image.size(), 255);
   RecordWriter scripts(image, 0, kTable, kTable.key, KeyValue(project, kTable));
-  for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kWord, event);
+  for (int event = 1; event <= kScriptEvents; ++event) scripts.MinusOneWord((event - 1) * kBytes, event);
 }
 
 void DecodeRunScript(const ImageReader& image, IniEdit& project) {
   using namespace run_script;
   std::string row;
-  for (int event = 1; event <= kScriptEvents; ++event) row += image.RawPlusOneWord((event - 1) * kWord) + "|";
+  for (int event = 1; event <= kScriptEvents; ++event)
+    row += image.RawPlusOneWord((event - 1) * kBytes) + "|";
   if (row == kTable.empty_rows.front()) row.clear();
   project.Set(kTable.section, kTable.key, row);
 }

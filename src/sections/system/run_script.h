@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -24,5 +19,14 @@ extern const Table kTable;
 void EncodeRunScript(const IniText& project, ImageWriter& image);
 /** Adds a pipe after every number, as the editor does. The key is empty if no number is set. */
 void DecodeRunScript(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kRunScriptSection = {.number = 33,
+                                              .name = "Run Script",
+                                              .progress = "Sending Run Script...",
+                                              .send_failed = "Send Run Script failed (RE)",
+                                              .send_from = 101,
+                                              .load_from = 101,
+                                              .layouts = {{40, EncodeRunScript, DecodeRunScript}},
+                                              .tables = {&run_script::kTable}};
 
 }  // namespace tarvok::sections

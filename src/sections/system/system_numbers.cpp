@@ -1,6 +1,6 @@
 #include "sections/system/system_numbers.h"
 
-#include "sections/rows.h"
+#include "sections/records.h"
 #include "sections/system/system_config.h"
 #include "store/number_text.h"
 
@@ -13,19 +13,6 @@ constexpr Field kNumberFields[] = {Digits("Number", kNumberBytes * 2)};
 constexpr Field kCardFields[] = {Number("Card", 1, 16)};
 constexpr Field kPortFields[] = {Number("Port", 1, 60)};
 
-}  // namespace
-
-const Table kVoiceMail = {
-    .section = kSystemConfig, .row_name = "Voice Mail", .key = "VMNum", .fields = kNumberFields};
-const Table kRecord = {
-    .section = kSystemConfig, .row_name = "Record", .key = "RecNum", .fields = kNumberFields};
-const Table kMusicCard = {
-    .section = kSystemConfig, .row_name = "Music Source", .key = "card", .fields = kCardFields};
-const Table kMusicPort = {
-    .section = kSystemConfig, .row_name = "Music Source", .key = "port", .fields = kPortFields};
-
-namespace {
-
 void EncodeNumber(const IniText& project, ImageWriter& image, const Table& table) {
   PutNumber(image, 0, kNumberBytes, table, table.key, KeyValue(project, table));
 }
@@ -37,26 +24,43 @@ void DecodeNumber(const ImageReader& image, IniEdit& project, const Table& table
 
 }  // namespace
 
+const Table kVoiceMail = {.section = kSystemConfig,
+                          .row_name = "Voice Mail",
+                          .command = "systemconfig",
+                          .key = "VMNum",
+                          .fields = kNumberFields};
+const Table kRecord = {.section = kSystemConfig,
+                       .row_name = "Record",
+                       .command = "systemconfig",
+                       .key = "RecNum",
+                       .fields = kNumberFields};
+const Table kMusicCard = {.section = kSystemConfig,
+                          .row_name = "Music Source",
+                          .command = "systemconfig",
+                          .key = "card",
+                          .fields = kCardFields};
+const Table kMusicPort = {.section = kSystemConfig,
+                          .row_name = "Music Source",
+                          .command = "systemconfig",
+                          .key = "port",
+                          .fields = kPortFields};
+
 }  // namespace system_numbers
 
 void EncodeVMNumber(const IniText& project, ImageWriter& image) {
-  using namespace system_numbers;
-  EncodeNumber(project, image, kVoiceMail);
+  system_numbers::EncodeNumber(project, image, system_numbers::kVoiceMail);
 }
 
 void EncodeRecordNumber(const IniText& project, ImageWriter& image) {
-  using namespace system_numbers;
-  EncodeNumber(project, image, kRecord);
+  system_numbers::EncodeNumber(project, image, system_numbers::kRecord);
 }
 
 void DecodeVMNumber(const ImageReader& image, IniEdit& project) {
-  using namespace system_numbers;
-  DecodeNumber(image, project, kVoiceMail);
+  system_numbers::DecodeNumber(image, project, system_numbers::kVoiceMail);
 }
 
 void DecodeRecordNumber(const ImageReader& image, IniEdit& project) {
-  using namespace system_numbers;
-  DecodeNumber(image, project, kRecord);
+  system_numbers::DecodeNumber(image, project, system_numbers::kRecord);
 }
 
 void EncodeCardPortVM(const IniText& project, ImageWriter& image) {

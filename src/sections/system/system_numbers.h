@@ -1,11 +1,6 @@
 #pragma once
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -30,5 +25,31 @@ void DecodeRecordNumber(const ImageReader& image, IniEdit& project);
 /** Section 40, from version 104: 2 bytes, the card and port of the music source as they are; 255 is unset. */
 void EncodeCardPortVM(const IniText& project, ImageWriter& image);
 void DecodeCardPortVM(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kVoiceMailSection = {.number = 21,
+                                              .name = "VM Number",
+                                              .progress = "Sending VM Number...",
+                                              .send_failed = "Sending VM Number failed (RE)",
+                                              .layouts = {{3, EncodeVMNumber, DecodeVMNumber}},
+                                              .tables = {&system_numbers::kVoiceMail}};
+
+inline constexpr Section kMusicSourceSection = {
+    .number = 40,
+    .name = "Card & Port VM",
+    .progress = "Sending Card & Port VM...",
+    .send_failed = "Send Card & Port VM Number failed (RE)",
+    .send_from = 104,
+    .load_from = 104,
+    .layouts = {{2, EncodeCardPortVM, DecodeCardPortVM}},
+    .tables = {&system_numbers::kMusicCard, &system_numbers::kMusicPort}};
+
+inline constexpr Section kRecordNumberSection = {.number = 46,
+                                                 .name = "Record Number",
+                                                 .progress = "Sending Record Number...",
+                                                 .send_failed = "Sending Record Number failed (RE)",
+                                                 .send_from = 109,
+                                                 .load_from = 109,
+                                                 .layouts = {{3, EncodeRecordNumber, DecodeRecordNumber}},
+                                                 .tables = {&system_numbers::kRecord}};
 
 }  // namespace tarvok::sections

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sections/rows.h"
+#include "sections/record_layout.h"
 #include "sections/system/system_config.h"
 #include "store/field_list.h"
 #include "store/number_text.h"
@@ -12,25 +12,18 @@ namespace tarvok::sections {
 namespace system_times {
 namespace {
 
-constexpr Field kWeekdayFields[] = {Time("Day Time").UnsetAs("0000"), Time("Night Time").UnsetAs("0000")};
-constexpr Field kHolidayFields[] = {Number("Month", 1, 12, 2), Number("Day", 1, 31, 2)};
+constexpr auto kWeekdayFields = FieldsOf(
+    {{kDayTime, Time("Day Time").UnsetAs("0000")}, {kNightTime, Time("Night Time").UnsetAs("0000")}});
+constexpr auto kHolidayFields =
+    FieldsOf({{kMonth, Number("Month", 1, 12, 2)}, {kDay, Number("Day", 1, 31, 2)}});
 
 constexpr Table Weekday(std::string_view key, std::string_view name) {
-  return {.section = kSystemConfig, .row_name = name, .key = key, .fields = kWeekdayFields};
+  return {.section = kSystemConfig,
+          .row_name = name,
+          .command = "systemconfig",
+          .key = key,
+          .fields = kWeekdayFields};
 }
-
-}  // namespace
-
-constinit const std::array<Table, kWeekdays> kWeekdayTables = {
-    Weekday("Sun", "Sunday"),    Weekday("Mon", "Monday"),   Weekday("Tue", "Tuesday"),
-    Weekday("Wed", "Wednesday"), Weekday("Thu", "Thursday"), Weekday("Fri", "Friday"),
-    Weekday("Sat", "Saturday")};
-const Table kHolidays = {.section = kSystemConfig,
-                         .row_name = "Holiday",
-                         .rows = {.first = 1, .last = kHolidayRows, .width = 2, .prefix = "W"},
-                         .fields = kHolidayFields};
-
-namespace {
 
 constexpr int kPairs = 2;  // offset of the first weekday
 constexpr int kPair = 2;
@@ -59,23 +52,35 @@ std::string TimeAt(const ImageReader& image, std::size_t weekday) {
   return TwoHexDigits(image.Byte(at)) + TwoHexDigits(image.Byte(at + 1));
 }
 
-std::string TwoDigitsAt(const ImageReader& image, int at) {
-  const int byte = image.Byte(at);
-  return byte == 255 ? std::string(kUnset) : Padded(byte, 2);
+void ReadTwoDigits(const ImageReader& record, int at, RowText& row) {
+  const int byte = record.Byte(at);
+  row.Add(byte == kUnsetByte ? std::string(kUnset) : Padded(byte, 2));
 }
 
+constexpr Rule kTwoDigits = kPackedByte.ReadBy(ReadTwoDigits);
+constexpr RecordLayout kHoliday({{0, kDay, kTwoDigits}, {1, kMonth, kTwoDigits}});
+
 }  // namespace
+
+constinit const std::array<Table, kWeekdays> kWeekdayTables = {
+    Weekday("Sun", "Sunday"),    Weekday("Mon", "Monday"),   Weekday("Tue", "Tuesday"),
+    Weekday("Wed", "Wednesday"), Weekday("Thu", "Thursday"), Weekday("Fri", "Friday"),
+    Weekday("Sat", "Saturday")};
+const Table kHolidays = {.section = kSystemConfig,
+                         .row_name = "Holiday",
+                         .command = "systemconfig",
+                         .rows = {.first = 1, .last = kHolidayRows, .width = 2, .prefix = "W"},
+                         .fields = kHolidayFields,
+                         .record = kHoliday.items()};
 
 }  // namespace system_times
 
 void EncodeDayTime(const IniText& project, ImageWriter& image) {
-  using namespace system_times;
-  EncodeTimes(project, image, kDayTime);
+  system_times::EncodeTimes(project, image, system_times::kDayTime);
 }
 
 void EncodeNightTime(const IniText& project, ImageWriter& image) {
-  using namespace system_times;
-  EncodeTimes(project, image, kNightTime);
+  system_times::EncodeTimes(project, image, system_times::kNightTime);
 }
 
 void DecodeDayTime(const ImageReader& image, IniEdit& project) {
@@ -97,16 +102,13 @@ void DecodeNightTime(const ImageReader& image, IniEdit& project) {
 
 void EncodeWeekend(const IniText& project, ImageWriter& image) {
   using namespace system_times;
-  EncodeRows(project, kHolidays, image, {kPair}, [](RecordWriter& holiday) {
-    holiday.Hex(0, kDay);
-    holiday.Hex(1, kMonth);
-  });
+  EncodeRows(project, kHolidays, image, {kHoliday.size()}, kHoliday);
 }
 
 void DecodeWeekend(const ImageReader& image, IniEdit& project) {
   using namespace system_times;
-  DecodeRows(image, project, kHolidays, kPair, [](const ImageReader& record, RowText& row) {
-    row.Add(TwoDigitsAt(record, 1)).Add(TwoDigitsAt(record, 0));
+  DecodeRows(image, project, kHolidays, kHoliday.size(), [](const ImageReader& record, RowText& row) {
+    kHoliday(record, row);
     const bool free = row.str() == "F|F" || row.str() == "00|00";
     if (free) row.Clear();
   });

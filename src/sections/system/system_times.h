@@ -2,12 +2,7 @@
 
 #include <array>
 
-#include "sections/field.h"
-#include "sections/image_reader.h"
-#include "sections/image_writer.h"
-#include "sections/uses.h"
-#include "store/ini_edit.h"
-#include "store/ini_text.h"
+#include "sections/section.h"
 
 namespace tarvok::sections {
 
@@ -43,12 +38,41 @@ void DecodeDayTime(const ImageReader& image, IniEdit& project);
 void DecodeNightTime(const ImageReader& image, IniEdit& project);
 
 /**
- * Section 26, every version: 50 records of 2 bytes, 100 bytes: day, month; the project has them the other
- * way round. The digits are sent as hexadecimal ones. An empty row is 0, 0; a field "F" is 255.
+ * Section 26, every version: 50 records of 2 bytes, 100 bytes. The project has day and month the other way
+ * round. An empty row is 0, 0; a field "F" is 255.
+ *
+ *  at bytes
+ *   0   1  Day           packed digits
+ *   1   1  Month         packed digits
  */
 void EncodeWeekend(const IniText& project, ImageWriter& image);
 /** Reads the bytes as decimal numbers, so month 12 comes back as "18". Exchanges in the field rely on this;
  * do not correct one direction alone. A record of 0, 0 or 255, 255 empties its row. */
 void DecodeWeekend(const ImageReader& image, IniEdit& project);
+
+inline constexpr Section kDayTimeSection = {
+    .number = 24,
+    .name = "Day Time",
+    .progress = "Sending Day Time...",
+    .send_failed = "Send Day Time failed (RE)",
+    .layouts = {{16, EncodeDayTime, DecodeDayTime}},
+    .tables = {&system_times::kWeekdayTables[0], &system_times::kWeekdayTables[1],
+               &system_times::kWeekdayTables[2], &system_times::kWeekdayTables[3],
+               &system_times::kWeekdayTables[4], &system_times::kWeekdayTables[5],
+               &system_times::kWeekdayTables[6]}};
+
+inline constexpr Section kNightTimeSection = {.number = 25,
+                                              .name = "Night Time",
+                                              .progress = "Sending Night Time...",
+                                              .send_failed = "Send Night Time failed (RE)",
+                                              .layouts = {{16, EncodeNightTime, DecodeNightTime}},
+                                              .tables = kDayTimeSection.tables};
+
+inline constexpr Section kWeekendSection = {.number = 26,
+                                            .name = "Date Weekend",
+                                            .progress = "Sending Weekend...",
+                                            .send_failed = "Send Weekend failed (RE)",
+                                            .layouts = {{100, EncodeWeekend, DecodeWeekend}},
+                                            .tables = {&system_times::kHolidays}};
 
 }  // namespace tarvok::sections
