@@ -53,8 +53,8 @@ std::unique_ptr<Port> QtPortMaker::OpenSerial(int number, const LineSettings& se
                                         settings);
 }
 
-std::unique_ptr<Port> QtPortMaker::ConnectTcp(const std::string& host, const std::string& port) {
-  return std::make_unique<QtTcpPort>(host, port);
+std::unique_ptr<Port> QtPortMaker::Connect(const ConnectionSettings& settings) {
+  return std::make_unique<QtTcpPort>(settings.ip_host, settings.ip_port);
 }
 
 }  // namespace tarvok::io

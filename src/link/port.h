@@ -9,6 +9,7 @@
 
 #include "link/line_settings.h"
 #include "link/uses.h"
+#include "store/connection_settings.h"
 
 namespace tarvok::link {
 
@@ -67,8 +68,11 @@ class PortMaker {
 
   /** Opens serial port 1 to 8. If that fails, returns a port in the state kError. */
   virtual std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) = 0;
-  /** Starts to connect; poll the state for the result. Only the system's own timeout applies. */
-  virtual std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) = 0;
+  /**
+   * Starts to connect over the network as the transport of the settings requires; poll the state for the
+   * result. Only the system's own timeout applies.
+   */
+  virtual std::unique_ptr<Port> Connect(const ConnectionSettings& settings) = 0;
 };
 
 }  // namespace tarvok::link

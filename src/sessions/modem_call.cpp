@@ -27,7 +27,7 @@ void SetControlLines(ExchangeLine& line, bool on) {
 
 bool OpenModemPort(Transfer& transfer) {
   transfer.line().line().Close();
-  transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port_modem, kModemLine));
+  transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().ModemPort(), kModemLine));
   if (!transfer.line().line().IsOpen()) {
     transfer.Failed(kOpenDots);
     return transfer.Fail(kPortFailed, PortReason(transfer));

@@ -62,14 +62,15 @@ bool OpenSerialPort(Transfer& transfer) {
   // A failed section leaves its port open, and a device can be opened only once.
   transfer.line().line().Close();
   const std::optional<LineSettings> settings = SerialLine(transfer.settings());
-  if (settings) transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port, *settings));
+  if (settings)
+    transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().SerialPort(), *settings));
   return transfer.line().line().IsOpen();
 }
 
 bool OpenSocket(Transfer& transfer) {
   const ConnectionSettings& settings = transfer.settings();
   if (settings.ip_host.empty() || settings.ip_port.empty()) return transfer.FailInLog(kNoAddress);
-  transfer.line().Take(transfer.ports().ConnectTcp(settings.ip_host, settings.ip_port));
+  transfer.line().Take(transfer.ports().Connect(settings));
   const Port* port = transfer.line().line().port();
   transfer.waits().Until([&] { return port->state() != PortState::kConnecting; }, EventServer::kForever);
   if (port->state() != PortState::kOpen) {
@@ -81,9 +82,10 @@ bool OpenSocket(Transfer& transfer) {
 
 bool OpenConnection(Transfer& transfer) {
   const LinkMode mode = transfer.mode();
-  if (!UsesSocket(mode)) transfer.Start("Initial COM Port...");
-  if (mode == LinkMode::kModem) return OpenByModem(transfer);
-  const bool open = mode == LinkMode::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
+  const PortKind port = TransportOf(mode).port;
+  if (port != PortKind::kSocket) transfer.Start("Initial COM Port...");
+  if (port == PortKind::kModem) return OpenByModem(transfer);
+  const bool open = port == PortKind::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
   if (!open) return false;
   transfer.line().link().Init(1, 0);
   return !UsesFrames(mode) || (EstablishLink(transfer) && CheckConnection(transfer));

@@ -12,11 +12,9 @@ namespace {
 /** False if the settings dialog never wrote the ids. */
 bool IdsAreSet(Transfer& transfer) {
   constexpr int kNeverSet = 500;
-  const auto is_unset = [&](std::string_view key) {
-    return Val(transfer.store().GetIniValue(transfer.parts().project_file, kHeaderSection, key)) == kNeverSet;
-  };
-  return transfer.settings().dcpu != 1 ||
-         (!is_unset(connection_key::kPbxId) && !is_unset(connection_key::kCardId));
+  const auto is_set = [](std::string_view id) { return Val(id) != kNeverSet; };
+  const ConnectionSettings& settings = transfer.settings();
+  return settings.Dcpu() != 1 || (is_set(settings.pbx_id) && is_set(settings.card_id));
 }
 
 bool OpenLine(Transfer& transfer) {

@@ -18,14 +18,14 @@ enum class End { kDone, kFailed, kFailedSection };
 
 /** Asks, with the compare check box, and stores the box's state in the project. */
 bool AskBefore(Transfer& transfer) {
-  bool compare = transfer.settings().compare;
+  bool compare = transfer.settings().Compares();
   if (!transfer.view().AskWithCompare("Do you want to send data config?", compare)) return false;
   transfer.set_compare(compare);
-  const std::string value = compare ? "1" : "";
+  const std::string& value = transfer.settings().compare;
+  const std::string_view key = KeyName(&ConnectionSettings::compare);
   const std::string& project = transfer.parts().project_file;
-  if (transfer.store().GetIniValue(project, kHeaderSection, connection_key::kCompare) == value) return true;
-  const Status stored =
-      transfer.store().SetIniValue(project, kHeaderSection, connection_key::kCompare, value);
+  if (transfer.store().GetIniValue(project, kHeaderSection, key) == value) return true;
+  const Status stored = transfer.store().SetIniValue(project, kHeaderSection, key, value);
   if (!stored.ok()) transfer.Box(BoxKind::kCritical, stored.message());
   return true;
 }
@@ -109,12 +109,12 @@ End RunSend(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t refused_before = counted.response_errors;  // wrong passwords
   const bool comparable = transfer.version() >= kLowestComparedVersion;
-  if (transfer.settings().compare && !comparable) {
+  if (transfer.settings().Compares() && !comparable) {
     transfer.Note("Nothing is compared: that requires exchange version " +
                   FormatGrouped(kLowestComparedVersion) +
                   " or later. Load the configuration afterwards and compare it with the project.");
   }
-  const bool compare = transfer.settings().compare && comparable;
+  const bool compare = transfer.settings().Compares() && comparable;
   transfer.BeginPace(BytesOfSend(transfer.version(), compare));
   const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
   if (project == nullptr) return End::kFailedSection;

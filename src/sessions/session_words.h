@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "link/physical_line.h"
 #include "sessions/uses.h"
+#include "store/transport.h"
 
 namespace tarvok::sessions {
 

@@ -56,7 +56,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
   transfer.LogLine(last_words);
   transfer.LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
   const Status written =
-      UpdateTemporary(transfer, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
+      UpdateTemporary(transfer, [&](IniEdit& edit) { WriteLoadedConnection(edit, transfer.settings()); });
   // Everything has arrived, so it no longer matters whether the exchange accepts the mode.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
   if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());

@@ -13,12 +13,8 @@ namespace {
 
 constexpr int kElapsedTick_ms = 1000;
 
-LinkMode ModeOf(int by) {
-  return by >= 1 && by <= 4 ? static_cast<LinkMode>(by) : LinkMode::kServer;
-}
-
-EmptySpeed SpeedOf(TransferForm form) {
-  return form == TransferForm::kBilling ? EmptySpeed::kShownOnly : EmptySpeed::kWrittenBack;
+ConnectionForm FormOf(TransferForm form) {
+  return form == TransferForm::kBilling ? ConnectionForm::kBilling : ConnectionForm::kTransfer;
 }
 
 /** Joins the lines of a text. */
@@ -34,13 +30,13 @@ std::string InOneLine(std::string_view text) {
 
 Transfer::Transfer(const TransferParts& parts, TransferForm form)
     : parts_(parts), form_(form), waits_(parts.events) {
-  const Status written_back = ReadConnection(parts_.store, parts_.project_file, SpeedOf(form), settings_);
+  const Status written_back = ReadConnection(parts_.store, parts_.project_file, FormOf(form), settings_);
   if (!written_back.ok()) parts_.log.Line(written_back.message());
-  mode_ = ModeOf(settings_.by);
+  mode_ = settings_.Mode();
   const ExchangeLine::Settings line = {
       .mode = mode_,
-      .address = {settings_.pbx_id, settings_.card_id, settings_.direct()},
-      .serial_chunk_size = settings_.cut,
+      .address = {settings_.PbxId(), settings_.CardId(), settings_.IsDirect()},
+      .serial_chunk_size = settings_.ChunkSize(),
   };
   line_ = std::make_unique<ExchangeLine>(line, waits_, parts_.log, [this] {
     return Trim(parts_.store.GetIniValue(parts_.system_file, kHeaderSection, kEstablishKey)) == "1";

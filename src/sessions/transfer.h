@@ -120,7 +120,7 @@ class Transfer {
   PortMaker& ports() { return parts_.ports; }
   const TransferParts& parts() const { return parts_; }
   const ConnectionSettings& settings() const { return settings_; }
-  void set_compare(bool compare) { settings_.compare = compare; }
+  void set_compare(bool compare) { settings_.compare = compare ? "1" : ""; }
   /** The exchange's version as read at log-in. Later version replies do not change a session. */
   int version() const { return version_; }
   void set_version(int version) { version_ = version; }

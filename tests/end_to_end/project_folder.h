@@ -36,7 +36,7 @@ inline void Mark(IniEdit& edit, const std::string& mark) {
 /** The port maker of a session that opens no port. */
 class NoPorts : public PortMaker {
   std::unique_ptr<Port> OpenSerial(int, const LineSettings&) override { return nullptr; }
-  std::unique_ptr<Port> ConnectTcp(const std::string&, const std::string&) override { return nullptr; }
+  std::unique_ptr<Port> Connect(const ConnectionSettings&) override { return nullptr; }
 };
 
 /** A project store on the disk, created separately in each process. */

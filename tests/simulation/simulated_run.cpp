@@ -59,8 +59,9 @@ class Stage {
         bench_(run.by, run.version, {.faults = FaultPlan{.error_reply = run.error_reply}, .seed = run.seed}) {
     bench_.files.Put(std::string(kBillingFolder) + "/tbl0.bil", std::string(3000, 'a'));
     bench_.view.compare = run.kind == SimulatedRun::kCompare;
-    [[maybe_unused]] const Status set = bench_.store.SetIniValue(
-        SessionBench::kProject, kHeaderSection, connection_key::kCompare, bench_.view.compare ? "1" : "");
+    [[maybe_unused]] const Status set =
+        bench_.store.SetIniValue(SessionBench::kProject, kHeaderSection,
+                                 KeyName(&ConnectionSettings::compare), bench_.view.compare ? "1" : "");
     if (Loads()) FillExchange();
     bench_.wrap = [this](std::unique_ptr<Port> port) {
       return std::make_unique<TroubledPort>(
