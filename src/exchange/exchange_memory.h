@@ -17,8 +17,6 @@ namespace tarvok::exchange {
 
 inline constexpr int kMiniBarRecords = 512;
 inline constexpr int kMiniBarRecordSize = 32;
-/** Size of name and price, the part of a mini bar record that a load contains. */
-inline constexpr int kMiniBarLoaded = 22;
 /** Maximum size of a billing sector in bytes. */
 inline constexpr int kMostSectorBytes = 512;
 inline constexpr int kClockSize = 6;

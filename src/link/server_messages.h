@@ -15,9 +15,6 @@ class ServerMessages : public MessageLayer {
  public:
   ServerMessages(Parts parts, PhysicalLine& line) : MessageLayer(parts, kVariant), line_(line) {}
 
-  /** Takes a message received in a server packet. */
-  void ReceiveServerMessage(std::span<const std::uint8_t> message) { ReceiveMessage(message); }
-
  private:
   static constexpr MessageVariant kVariant = {.get_config_words = "Get Config - ",
                                               .get_mini_bar_words = "Get MiniBar - ",
