@@ -18,7 +18,6 @@ class NoPort : public Port {
   std::string error() const override { return error_; }
   bool Send(std::span<const std::uint8_t>) override { return false; }
   PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kFailed; }
-  void Discard() override {}
   void Close() override {}
 
  private:

@@ -34,12 +34,12 @@ class Port {
 
   virtual PortState state() const = 0;
   /** Why the state is an error, in the platform's words; otherwise "". */
-  virtual std::string error() const = 0;
+  virtual std::string error() const { return ""; }
   /** Sends the whole block in order, as a single write; false if the port is not open. */
   virtual bool Send(std::span<const std::uint8_t> bytes) = 0;
-  virtual PortAnswer SetControlLines(bool dtr, bool rts) = 0;
+  virtual PortAnswer SetControlLines(bool /*dtr*/, bool /*rts*/) { return PortAnswer::kUnsupported; }
   /** Discards bytes received but not yet handled, and bytes not yet sent. */
-  virtual void Discard() = 0;
+  virtual void Discard() {}
   /** Closes the port; does nothing if it is already closed. */
   virtual void Close() = 0;
 
