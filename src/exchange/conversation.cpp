@@ -169,9 +169,9 @@ Conversation::Refusal Conversation::CheckPassword(Message password) {
 Conversation::Refusal Conversation::SetTime(Message time) {
   if (Refusal wrong = RefuseMode(ExchangeMode::kConfiguration); !wrong.empty()) return wrong;
   // Hour, minute, weekday (Sunday 0), day, month, year: two decimal digits each, except for the weekday.
-  constexpr std::array<std::uint8_t, kClockSize> kLeast = {0, 0, 0, 1, 1, 0};
-  constexpr std::array<std::uint8_t, kClockSize> kMost = {0x23, 0x59, 6, 0x31, 0x12, 0x99};
-  for (std::size_t i = 0; i < kClockSize; ++i) {
+  constexpr std::array<std::uint8_t, kTimeSize> kLeast = {0, 0, 0, 1, 1, 0};
+  constexpr std::array<std::uint8_t, kTimeSize> kMost = {0x23, 0x59, 6, 0x31, 0x12, 0x99};
+  for (std::size_t i = 0; i < kTimeSize; ++i) {
     if (time[i] < kLeast[i] || time[i] > kMost[i] || time[i] % 16 > 9) {
       return "byte " + std::to_string(i) + " of the time is out of range";
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "sessions/open_connection.h"
+#include "sessions/session_words.h"
 #include "store/header_keys.h"
 #include "store/number_text.h"
 
@@ -18,38 +19,39 @@ bool IdsAreSet(Transfer& transfer) {
 }
 
 bool OpenLine(Transfer& transfer) {
-  if (transfer.mode() == LinkMode::kSerial) {
-    if (!OpenSerialPort(transfer)) return transfer.Fail("Open COM Port Error", PortReason(transfer));
+  if (transfer.way().port == PortKind::kSerial) {
+    if (!OpenSerialPort(transfer)) return transfer.report().Fail("Open COM Port Error", PortReason(transfer));
   } else if (!OpenSocket(transfer)) {
     return false;
   }
   transfer.line().link().Init(1, 0);
-  if (!UsesFrames(transfer.mode()) || transfer.line().link().Establish()) return true;
-  return transfer.FailInLog(kNotEstablished);
+  if (transfer.way().wire != Wire::kLink || transfer.line().link().Establish()) return true;
+  return transfer.report().FailInLog(kNotEstablished);
 }
 
 bool Ping(Transfer& transfer) {
   if (!OpenLine(transfer)) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
-  if (!transfer.messages().SendIdle()) return transfer.FailInLog("PING TIMEOUT");
+  if (!transfer.messages().SendIdle()) return transfer.report().FailInLog("PING TIMEOUT");
   const std::int64_t took_ms = transfer.parts().events.Tick_ms() - start_ms;
-  transfer.LogLine("Ping reply " + FormatThousandths(took_ms) + " Sec");
+  transfer.report().LogLine("Ping reply " + FormatThousandths(took_ms) + " Sec");
   return true;
 }
 
 }  // namespace
 
 bool PingExchange(Transfer& transfer) {
-  if (!IdsAreSet(transfer)) return transfer.Fail("PBX ID or Card ID didn't set");
-  transfer.BeginQuietly();
-  transfer.LogLine("PING?");
+  if (!IdsAreSet(transfer)) return transfer.report().Fail("PBX ID or Card ID didn't set");
+  transfer.Begin();
+  transfer.report().LogLine("PING?");
   bool answered = false;
-  if (transfer.mode() == LinkMode::kModem) {
-    answered = transfer.Fail("This version doesn't support ping by modem");
+  if (transfer.way().port == PortKind::kModem) {
+    answered = transfer.report().Fail("This version doesn't support ping by modem");
   } else {
     answered = Ping(transfer);
     const Port* port = transfer.line().line().port();
-    if (!answered && port != nullptr && !port->error().empty()) transfer.LogLine("Err : " + port->error());
+    if (!answered && port != nullptr && !port->error().empty())
+      transfer.report().LogLine("Err : " + port->error());
   }
   transfer.CleanUp();
   return answered;

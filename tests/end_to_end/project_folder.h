@@ -74,7 +74,7 @@ class ProjectFolder : public ::testing::Test {
                        .temp_folder = folder_.path().string()},
                       TransferForm::kConnect);
     if (!BeginTemporary(transfer)) return 1;
-    if (std::rename(Path("loaded.tvk").c_str(), transfer.temporary()->path().c_str()) != 0) return 1;
+    if (std::rename(Path("loaded.tvk").c_str(), transfer.temporary->path().c_str()) != 0) return 1;
     return StoreLoaded(transfer) && view.boxes.empty() ? 0 : 1;
   }
   int SetByCommand() const {

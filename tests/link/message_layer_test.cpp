@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "link/message_modules.h"
 #include "link/password_code.h"
-#include "link/server_messages.h"
 #include "link/stream_reader.h"
 #include "tests/floors.h"
 #include "tests/sections/coder_case.h"

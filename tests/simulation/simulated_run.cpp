@@ -175,7 +175,7 @@ class Stage {
     for (const Section* section : SendPlan(run_.version)) {
       bench_.memory.sections()[section->number] = HotelImage(*section, run_.version);
     }
-    for (int number = 0; number < kMiniBarRecords; ++number) {
+    for (int number = 0; number < kMiniBarRows; ++number) {
       Bytes record(kMiniBarRecordSize);
       record[0] = 'A';
       record[20] = static_cast<std::uint8_t>(number % 256);

@@ -120,7 +120,7 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
     view.TellPace();
     return kDone;
   }
-  return Fail(interrupted ? "interrupted" : transfer.reason());
+  return Fail(interrupted ? "interrupted" : transfer.report().reason());
 }
 
 }  // namespace
