@@ -10,8 +10,9 @@ namespace {
 /** Identifies a connection; leaves out what may change on it, such as the speed. */
 std::string ConnectionName(const ConnectionSettings& connection) {
   std::string name = connection.ip_host + " " + connection.ip_port;
-  if (connection.Way().port == PortKind::kSerial) name = "com" + std::to_string(connection.SerialPort());
-  if (connection.Way().port == PortKind::kModem) name = "tel " + connection.tel;
+  if (connection.transport().port == PortKind::kSerial)
+    name = "com" + std::to_string(connection.SerialPort());
+  if (connection.transport().port == PortKind::kModem) name = "tel " + connection.tel;
   if (!connection.IsDirect()) {
     name += " pbx" + std::to_string(connection.PbxId()) + " card" + std::to_string(connection.CardId());
   }

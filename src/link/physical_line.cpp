@@ -7,9 +7,9 @@ namespace tarvok::link {
 
 void PhysicalLine::PhysicalSend(std::span<const std::uint8_t> bytes) {
   if (!IsOpen()) {
-    const Transport& way = TransportOf(mode_);
-    if (UsesSocket(mode_) && way.wire != Wire::kServer) log_.DebugLine("cann't send, winsock not open");
-    if (way.port == PortKind::kModem) log_.DebugLine("cann't send, comport not open");
+    const Transport& transport = TransportOf(mode_);
+    if (UsesSocket(mode_) && transport.wire != Wire::kServer) log_.DebugLine("cann't send, winsock not open");
+    if (transport.port == PortKind::kModem) log_.DebugLine("cann't send, comport not open");
     return;
   }
   if (TransportOf(mode_).port == PortKind::kSerial) {

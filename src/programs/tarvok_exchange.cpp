@@ -79,14 +79,14 @@ struct Options {
 /** The transports in the order of their options and of the "ready" line: networks before terminals. */
 std::vector<Transport> Served() {
   std::vector<Transport> served;
-  for (const Transport& way : kTransports) {
-    served.insert(UsesSocket(way.mode) ? served.begin() : served.end(), way);
+  for (const Transport& transport : kTransports) {
+    served.insert(UsesSocket(transport.mode) ? served.begin() : served.end(), transport);
   }
   return served;
 }
 
-std::string OptionOf(const Transport& way) {
-  return "--" + std::string(way.option);
+std::string OptionOf(const Transport& transport) {
+  return "--" + std::string(transport.option);
 }
 
 void DescribeOptions(CLI::App& app, Options& options) {
@@ -97,19 +97,19 @@ void DescribeOptions(CLI::App& app, Options& options) {
   app.add_option("--store", options.store, "Folder for the data of the exchange")->required()->check(IsGiven);
   app.add_option("--password", options.passwords, "Passwords of level 1, 2 and 3, up to six digits each")
       ->expected(1, kPasswordLevels);
-  for (const Transport& way : Served()) {
-    if (!UsesSocket(way.mode)) continue;
-    const std::string about = "TCP port for \"" + std::string(way.name) + "\"";
-    app.add_option(OptionOf(way), options.tcp_ports[way.mode],
-                   way.mode == LinkMode::kLan ? about + "; 0 picks a free one" : about)
+  for (const Transport& transport : Served()) {
+    if (!UsesSocket(transport.mode)) continue;
+    const std::string about = "TCP port for \"" + std::string(transport.name) + "\"";
+    app.add_option(OptionOf(transport), options.tcp_ports[transport.mode],
+                   transport.mode == LinkMode::kLan ? about + "; 0 picks a free one" : about)
         ->check(CLI::Range(0, 65535));
   }
   app.add_option("--listen", options.listen, "Address to listen on")->check(IsGiven)->capture_default_str();
-  for (const Transport& way : Served()) {
-    if (UsesSocket(way.mode)) continue;
-    const std::string modem = way.port == PortKind::kModem ? "with a modem " : "";
-    app.add_option(OptionOf(way), options.terminals[way.mode],
-                   "Link to a pseudo terminal " + modem + "for \"" + std::string(way.name) + "\"")
+  for (const Transport& transport : Served()) {
+    if (UsesSocket(transport.mode)) continue;
+    const std::string modem = transport.port == PortKind::kModem ? "with a modem " : "";
+    app.add_option(OptionOf(transport), options.terminals[transport.mode],
+                   "Link to a pseudo terminal " + modem + "for \"" + std::string(transport.name) + "\"")
         ->check(IsGiven);
   }
   app.add_option("--faults", options.faults, "Damage the traffic, see below")->check(IsGiven);
@@ -133,9 +133,9 @@ std::string Interpret(Options& options, LevelPasswords& passwords) {
     options.conditions.faults = plan.value();
   }
   std::string all;
-  for (const Transport& way : Served()) {
-    if (options.tcp_ports[way.mode] || !options.terminals[way.mode].empty()) return "";
-    all += (all.empty() ? "" : ", ") + OptionOf(way);
+  for (const Transport& transport : Served()) {
+    if (options.tcp_ports[transport.mode] || !options.terminals[transport.mode].empty()) return "";
+    all += (all.empty() ? "" : ", ") + OptionOf(transport);
   }
   return "nothing to listen on: give one of " + all;
 }
@@ -151,14 +151,14 @@ class Lines {
 
   /** Serves every transport that the options name. */
   Status Open(Options& options) {
-    for (const Transport& way : Served()) {
-      const std::optional<int> port = options.tcp_ports[way.mode];
-      const std::string& link = options.terminals[way.mode];
+    for (const Transport& transport : Served()) {
+      const std::optional<int> port = options.tcp_ports[transport.mode];
+      const std::string& link = options.terminals[transport.mode];
       if (port) {
-        if (Status opened = Listen(way, options.listen, *port); !opened.ok()) return opened;
+        if (Status opened = Listen(transport, options.listen, *port); !opened.ok()) return opened;
       } else if (!link.empty()) {
-        if (Status opened = OpenTerminal(way, link); !opened.ok()) return opened;
-        Ready(way, link);
+        if (Status opened = OpenTerminal(transport, link); !opened.ok()) return opened;
+        Ready(transport, link);
       }
     }
     return {};
@@ -167,35 +167,36 @@ class Lines {
   const std::string& ready() const { return ready_; }
 
  private:
-  Status Listen(const Transport& way, const std::string& address, int port) {
-    auto listener = std::make_unique<TcpListener>([this, wire = way.wire](std::unique_ptr<Port> connection) {
-      exchange_.Accept(std::move(connection), wire);
-    });
+  Status Listen(const Transport& transport, const std::string& address, int port) {
+    auto listener =
+        std::make_unique<TcpListener>([this, wire = transport.wire](std::unique_ptr<Port> connection) {
+          exchange_.Accept(std::move(connection), wire);
+        });
     if (Status listening = listener->Listen(address, port); !listening.ok()) return listening;
     const bool long_address = address.find(':') != std::string::npos;
-    Ready(way, (long_address ? '[' + address + ']' : address) + ':' + std::to_string(listener->port()));
+    Ready(transport, (long_address ? '[' + address + ']' : address) + ':' + std::to_string(listener->port()));
     listeners_.push_back(std::move(listener));
     return {};
   }
 
-  Status OpenTerminal(const Transport& way, const std::string& link) {
+  Status OpenTerminal(const Transport& transport, const std::string& link) {
     auto terminal = std::make_unique<PtyPort>(link);
     if (terminal->state() != PortState::kOpen) return {ErrorKind::kInputOutput, terminal->error()};
-    if (way.port == PortKind::kModem) {
+    if (transport.port == PortKind::kModem) {
       PtyPort& line = *terminal;
       Modem& modem = exchange_.AcceptModem(std::move(terminal));
       line.set_on_released([&modem] { modem.LoseControlLines(); });
       return {};
     }
     // An exchange that hung up for practice must accept the next attempt.
-    exchange_.Accept(std::move(terminal), way.wire, [this, way, link] {
-      if (const Status again = OpenTerminal(way, link); !again.ok()) Tell(again.message());
+    exchange_.Accept(std::move(terminal), transport.wire, [this, transport, link] {
+      if (const Status again = OpenTerminal(transport, link); !again.ok()) Tell(again.message());
     });
     return {};
   }
 
-  void Ready(const Transport& way, const std::string& where) {
-    ready_ += ' ' + std::string(way.option) + '=' + where;
+  void Ready(const Transport& transport, const std::string& where) {
+    ready_ += ' ' + std::string(transport.option) + '=' + where;
   }
 
   PracticeExchange& exchange_;

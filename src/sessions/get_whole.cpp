@@ -25,7 +25,7 @@ bool Ask(Transfer& transfer, const WholeRequest& request) {
  * under the same name, so there the user ends the wait.
  */
 bool IsClosed(Transfer& transfer) {
-  return transfer.way().port == PortKind::kSocket && transfer.line().ended().has_value();
+  return transfer.transport().port == PortKind::kSocket && transfer.line().ended().has_value();
 }
 
 bool GiveUp(Transfer& transfer, const WholeRequest& request) {

@@ -71,7 +71,7 @@ bool EndSending(Transfer& transfer, std::string_view refused_box, std::string_vi
     if (!refused_line.empty()) transfer.report().LogLine(refused_line);
     return transfer.report().Fail(refused_box);
   }
-  if (transfer.way().port == PortKind::kModem) EndModemCall(transfer.line());
+  if (transfer.transport().port == PortKind::kModem) EndModemCall(transfer.line());
   return true;
 }
 

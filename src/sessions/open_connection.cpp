@@ -76,13 +76,13 @@ bool OpenSocket(Transfer& transfer) {
 }
 
 bool OpenConnection(Transfer& transfer) {
-  const PortKind port = transfer.way().port;
+  const PortKind port = transfer.transport().port;
   if (port != PortKind::kSocket) transfer.report().Start("Initial COM Port...");
   if (port == PortKind::kModem) return OpenByModem(transfer);
   const bool open = port == PortKind::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
   if (!open) return false;
   transfer.line().link().Init(1, 0);
-  return transfer.way().wire != Wire::kLink || (EstablishLink(transfer) && CheckConnection(transfer));
+  return transfer.transport().wire != Wire::kLink || (EstablishLink(transfer) && CheckConnection(transfer));
 }
 
 }  // namespace tarvok::sessions

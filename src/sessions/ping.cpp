@@ -19,13 +19,13 @@ bool IdsAreSet(Transfer& transfer) {
 }
 
 bool OpenLine(Transfer& transfer) {
-  if (transfer.way().port == PortKind::kSerial) {
+  if (transfer.transport().port == PortKind::kSerial) {
     if (!OpenSerialPort(transfer)) return transfer.report().Fail("Open COM Port Error", PortReason(transfer));
   } else if (!OpenSocket(transfer)) {
     return false;
   }
   transfer.line().link().Init(1, 0);
-  if (transfer.way().wire != Wire::kLink || transfer.line().link().Establish()) return true;
+  if (transfer.transport().wire != Wire::kLink || transfer.line().link().Establish()) return true;
   return transfer.report().FailInLog(kNotEstablished);
 }
 
@@ -45,7 +45,7 @@ bool PingExchange(Transfer& transfer) {
   transfer.Begin();
   transfer.report().LogLine("PING?");
   bool answered = false;
-  if (transfer.way().port == PortKind::kModem) {
+  if (transfer.transport().port == PortKind::kModem) {
     answered = transfer.report().Fail("This version doesn't support ping by modem");
   } else {
     answered = Ping(transfer);

@@ -22,7 +22,7 @@ constexpr std::string_view kSentFile = "temp.txt";
 constexpr std::string_view kGotFile = "TempGet.txt";
 
 bool OpenSerialOnly(Transfer& transfer) {
-  if (transfer.way().port != PortKind::kSerial) return transfer.report().Fail(kPortFailed);
+  if (transfer.transport().port != PortKind::kSerial) return transfer.report().Fail(kPortFailed);
   return OpenConnection(transfer);
 }
 

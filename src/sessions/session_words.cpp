@@ -1,8 +1,8 @@
 #include "sessions/session_words.h"
 
 namespace tarvok::sessions {
-std::string Heading(std::string_view what, const Transport& way) {
-  return "### " + std::string(what) + " by " + std::string(way.name) + " ###" + std::string(kLineEnd);
+std::string Heading(std::string_view what, const Transport& transport) {
+  return "### " + std::string(what) + " by " + std::string(transport.name) + " ###" + std::string(kLineEnd);
 }
 
 std::string Dots(std::string_view text) {

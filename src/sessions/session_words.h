@@ -20,7 +20,7 @@ inline constexpr std::string_view kNoModem = "Cannot connect to modem";
 inline constexpr std::string_view kNoModemInTime = "Cannot connect to modem (CW)";
 
 /** The first line of the log window: "### Send Data Config by Serial ###". */
-std::string Heading(std::string_view what, const Transport& way);
+std::string Heading(std::string_view what, const Transport& transport);
 
 /** The dots that align the result of a progress text in the log window. */
 std::string Dots(std::string_view text);

@@ -59,7 +59,7 @@ bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t st
       UpdateTemporary(transfer, [&](IniEdit& edit) { WriteLoadedConnection(edit, transfer.settings()); });
   // Everything has arrived, so it no longer matters whether the exchange accepts the mode.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
-  if (transfer.way().port == PortKind::kModem) EndModemCall(transfer.line());
+  if (transfer.transport().port == PortKind::kModem) EndModemCall(transfer.line());
   return written.ok() || transfer.report().Fail(written.message());
 }
 

@@ -21,7 +21,7 @@ ConnectionSettings SettingsOf(const TransferParts& parts, TransferForm form) {
 /** The speed of a serial line; 0 for the other transports, whose speed is unknown. */
 int SpeedOf(const ConnectionSettings& settings) {
   const std::optional<LineSettings> line = SerialLine(settings);
-  return settings.Way().port == PortKind::kSerial && line ? line->speed : 0;
+  return settings.transport().port == PortKind::kSerial && line ? line->speed : 0;
 }
 
 }  // namespace
@@ -48,12 +48,12 @@ void Transfer::Begin(std::string_view what) {
   parts_.view.SetBusy(true);
   line_.StartPump();
   pace_.Start();
-  if (!what.empty()) report_.Log(Heading(what, way()));
+  if (!what.empty()) report_.Log(Heading(what, transport()));
 }
 
 void Transfer::OnEnded(std::string_view reason) {
   if (!pace_.is_running() || waits_.aborted()) return;  // no session is waiting
-  const bool ends = way().port == PortKind::kSocket || !waits_.without_end();
+  const bool ends = transport().port == PortKind::kSocket || !waits_.without_end();
   parts_.view.Advise("The connection was closed (" + std::string(reason) + "). " +
                      (ends ? "The session ends by itself." : "Give up and start again."));
 }
@@ -78,7 +78,7 @@ void Transfer::CleanUpKeepingPort() {
 }
 
 void Transfer::Unload() {
-  const bool serial = way().port != PortKind::kSocket && line_.line().IsOpen();
+  const bool serial = transport().port != PortKind::kSocket && line_.line().IsOpen();
   if (serial && line_.link().is_up()) {
     waits_.ClearAbort();
     line_.StartPump();
@@ -87,7 +87,7 @@ void Transfer::Unload() {
       [[maybe_unused]] const bool normal = messages().SendSetMode(ExchangeMode::kNormal);
     }
   }
-  if (serial && way().port == PortKind::kModem) EndModemCall(line_);
+  if (serial && transport().port == PortKind::kModem) EndModemCall(line_);
   line_.Close();
 }
 

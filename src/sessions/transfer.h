@@ -64,7 +64,7 @@ class Transfer {
   ProjectStore& store() { return parts_.store; }
   TransferForm form() const { return form_; }
   ConnectionSettings& settings() { return settings_; }
-  const Transport& way() const { return TransportOf(line_.mode()); }
+  const Transport& transport() const { return TransportOf(line_.mode()); }
   Waits& waits() { return waits_; }
   ExchangeLine& line() { return line_; }
   MessageLayer& messages() { return line_.messages(); }

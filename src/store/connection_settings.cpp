@@ -125,13 +125,13 @@ void WriteLoadedConnection(IniEdit& project, const ConnectionSettings& settings)
 
 std::vector<std::string> SummaryLines(const ConnectionSettings& settings) {
   const bool on_link = settings.Dcpu() == 1;
-  std::vector<std::string> lines = {"Send by " + std::string(settings.Way().name) +
+  std::vector<std::string> lines = {"Send by " + std::string(settings.transport().name) +
                                     (on_link ? " (Link)" : " (Direct)")};
   if (on_link) {
     lines.push_back("PBX ID:" + std::to_string(settings.PbxId()) +
                     ", Card ID:" + std::to_string(settings.CardId()));
   }
-  switch (settings.Way().port) {
+  switch (settings.transport().port) {
     case PortKind::kSerial:
       lines.push_back("COM" + std::to_string(settings.SerialPort()) + ", " + settings.bps);
       break;

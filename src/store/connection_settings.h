@@ -32,7 +32,7 @@ struct ConnectionSettings {
   std::string compare;
 
   LinkMode Mode() const;
-  const Transport& Way() const { return TransportOf(Mode()); }
+  const Transport& transport() const { return TransportOf(Mode()); }
   /** Serial port of the line and of the modem: 1 if the key is empty, otherwise any number. */
   int SerialPort() const;
   int ModemPort() const;
