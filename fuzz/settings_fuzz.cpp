@@ -24,15 +24,16 @@ void JudgeConnection(const std::string& text) {
   files.Put("/p", text);
   ProjectStore store(files);
   ConnectionSettings settings;
-  Demand(ReadConnection(store, "/p", EmptySpeed::kWrittenBack, settings).ok());
-  Demand(settings.pbx_id >= 0 && settings.pbx_id <= 15 && settings.card_id >= 0 && settings.card_id <= 15);
-  Demand(settings.cut >= 0 && settings.cut <= 255 && !settings.bps.empty());
-  for (const int number : {settings.by, settings.port, settings.port_modem, settings.dcpu})
+  Demand(ReadConnection(store, "/p", ConnectionForm::kTransfer, settings).ok());
+  Demand(settings.PbxId() >= 0 && settings.PbxId() <= 15 && settings.CardId() >= 0 &&
+         settings.CardId() <= 15);
+  Demand(settings.ChunkSize() >= 0 && settings.ChunkSize() <= 255 && !settings.bps.empty());
+  for (const int number : {settings.SerialPort(), settings.ModemPort(), settings.Dcpu()})
     Demand(number >= -kMost && number <= kMost);
   Demand(SummaryLines(settings).size() >= 2);
   // What was written back is what is read from then on.
   const std::string written = files.Bytes("/p");
-  Demand(ReadConnection(store, "/p", EmptySpeed::kWrittenBack, settings).ok());
+  Demand(ReadConnection(store, "/p", ConnectionForm::kTransfer, settings).ok());
   Demand(files.Bytes("/p") == written);
 }
 

@@ -65,8 +65,8 @@ int EncodeAll(ProjectStore&, Text, int version, Text) {
 int DecodeAll(ProjectStore&, Text, int version, Text) {
   return Ran(IsVersion(version));
 }
-int Send(ProjectStore&, Text, SendPart part, const SessionOptions& options) {
-  return Ran(part == SendPart::kConfiguration || !options.compare);
+int Send(ProjectStore&, Text, const SendPart* part, const SessionOptions& options) {
+  return Ran(part == nullptr || !options.compare);
 }
 int Load(ProjectStore&, Text, Text, bool, bool, const SessionOptions& options) {
   return Ran(!options.compare);

@@ -25,8 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   LevelPasswords passwords;
   if (!Interpret(options, passwords).empty()) return 0;
   Demand(options.version >= 1 && options.version <= 0xFFFF && !options.store.empty());
-  for (const auto& port : {options.lan, options.lan_serial, options.server})
-    Demand(!port || (*port >= 0 && *port <= 0xFFFF));
+  for (const auto& [mode, port] : options.tcp_ports) Demand(!port || (*port >= 0 && *port <= 0xFFFF));
   Demand(options.passwords.size() <= kPasswordLevels);
   if (const auto& speed_bps = options.conditions.speed_bps)
     Demand(*speed_bps >= 50 && *speed_bps <= 4'000'000);

@@ -15,7 +15,8 @@ bool IsAnswer(std::uint8_t code) {
   return code == reply::kOk || code == reply::kSequence;
 }
 bool IsFirstPack(std::uint8_t code) {
-  return code == command::kConfig || code == command::kBillingTable || code == command::kMiniBar;
+  const MessageKind* kind = FindMessage(kFromTool, code);
+  return kind != nullptr && kind->length == Length::kFirstPack;
 }
 
 std::string Bytes64(std::span<const std::uint8_t> message) {
@@ -39,7 +40,7 @@ void Conversation::Take(Message message) {
   }
   if (refusal.empty()) refusal = Handle(message);
   if (refusal.empty()) return;
-  const ToolMessage* kind = FindToolMessage(code);
+  const MessageKind* kind = FindMessage(kFromTool, code);
   complain_((kind != nullptr ? std::string(kind->name) + ": " : std::string()) + refusal + " [" +
             Bytes64(message) + "]");
   // Never answer an answer: two sides that refuse each other's refusals would not stop.
@@ -52,17 +53,18 @@ Conversation::Refusal Conversation::RefuseShape(Message message) {
   if (message.size() > kMaxMessage) return "a message of " + size + " is too long";
   if (message[0] != kFromTool) return "a message that does not begin with 12H";
   const std::uint8_t code = message[kCodeAt];
-  const ToolMessage* kind = FindToolMessage(code);
+  const MessageKind* kind = FindMessage(kFromTool, code);
   if (kind == nullptr) return "a message with an unknown code";
   // A directly connected tool also marks the second byte of its answers.
   const bool second_may_be_set = IsAnswer(code) && message[kAddressAt] == kDirect;
   if (message[kSecondAt] != 0 && !(second_may_be_set && message[kSecondAt] == kDirect))
     return "byte 2 is not 0";
-  const auto due = static_cast<std::size_t>(kind->size);
-  if (due != 0 && message.size() != due) return "the message has " + size + ", not " + std::to_string(due);
-  const int least = IsFirstPack(code) ? kFirstPackHeader : kSequencedHeader;
-  if (due == 0 && message.size() < static_cast<std::size_t>(least))
+  const auto least = static_cast<std::size_t>(kind->least);
+  if (kind->length == Length::kFixed) {
+    if (message.size() != least) return "the message has " + size + ", not " + std::to_string(least);
+  } else if (message.size() < least) {
     return "a pack of " + size + " is too short";
+  }
   return "";
 }
 
@@ -88,8 +90,7 @@ Conversation::Refusal Conversation::Handle(Message message) {
     case command::kGetMiniBar:
       return GetMiniBar(WordAt(message, kHeader));
     case command::kGetVersion: {
-      const std::array<std::uint8_t, 2> version = {static_cast<std::uint8_t>(memory_.version() % 256),
-                                                   static_cast<std::uint8_t>(memory_.version() / 256)};
+      const std::array<std::uint8_t, 2> version = {LowByte(memory_.version()), HighByte(memory_.version())};
       Answer(reply::kVersion, version);
       return "";
     }
@@ -168,9 +169,9 @@ Conversation::Refusal Conversation::CheckPassword(Message password) {
 Conversation::Refusal Conversation::SetTime(Message time) {
   if (Refusal wrong = RefuseMode(ExchangeMode::kConfiguration); !wrong.empty()) return wrong;
   // Hour, minute, weekday (Sunday 0), day, month, year: two decimal digits each, except for the weekday.
-  constexpr std::array<std::uint8_t, kClockSize> kLeast = {0, 0, 0, 1, 1, 0};
-  constexpr std::array<std::uint8_t, kClockSize> kMost = {0x23, 0x59, 6, 0x31, 0x12, 0x99};
-  for (std::size_t i = 0; i < kClockSize; ++i) {
+  constexpr std::array<std::uint8_t, kTimeSize> kLeast = {0, 0, 0, 1, 1, 0};
+  constexpr std::array<std::uint8_t, kTimeSize> kMost = {0x23, 0x59, 6, 0x31, 0x12, 0x99};
+  for (std::size_t i = 0; i < kTimeSize; ++i) {
     if (time[i] < kLeast[i] || time[i] > kMost[i] || time[i] % 16 > 9) {
       return "byte " + std::to_string(i) + " of the time is out of range";
     }
@@ -190,7 +191,7 @@ Conversation::Refusal Conversation::GetMiniBar(int number) {
   if (Refusal wrong = RefuseMode(ExchangeMode::kMiniBar); !wrong.empty()) return wrong;
   if (Refusal wrong = memory_.RefuseMiniBar(number, kMiniBarRecordSize); !wrong.empty()) return wrong;
   // An unused byte, the number, then the part of the record that a load uses.
-  Bytes payload = {0, static_cast<std::uint8_t>(number % 256), static_cast<std::uint8_t>(number / 256)};
+  Bytes payload = {0, LowByte(number), HighByte(number)};
   const std::span<const std::uint8_t> record = memory_.MiniBar(number).first(kMiniBarLoaded);
   payload.insert(payload.end(), record.begin(), record.end());
   Answer(reply::kMiniBarRecord, payload);

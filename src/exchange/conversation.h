@@ -9,9 +9,9 @@
 #include "exchange/incoming_packs.h"
 #include "exchange/message_end.h"
 #include "exchange/outgoing_section.h"
-#include "exchange/tool_message.h"
 #include "exchange/uses.h"
 #include "link/event_server.h"
+#include "link/message.h"
 
 namespace tarvok::exchange {
 

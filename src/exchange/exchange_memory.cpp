@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "exchange/blank_images.h"
-#include "sections/registry.h"
 
 namespace tarvok::exchange {
 namespace {
@@ -55,7 +54,7 @@ std::string ExchangeMemory::RefuseRead(int number) const {
 }
 
 std::string ExchangeMemory::RefuseMiniBar(int record, int size) const {
-  if (record >= kMiniBarRecords) return Number("there is no mini bar record", record);
+  if (record >= kMiniBarRows) return Number("there is no mini bar record", record);
   return size == kMiniBarRecordSize ? ""
                                     : WrongSize(Number("mini bar record", record), size, kMiniBarRecordSize);
 }

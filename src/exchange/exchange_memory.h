@@ -12,16 +12,13 @@
 #include "exchange/uses.h"
 #include "link/frame.h"
 #include "link/message.h"
+#include "sections/registry.h"
+#include "sections/system/mini_bar.h"
 
 namespace tarvok::exchange {
 
-inline constexpr int kMiniBarRecords = 512;
-inline constexpr int kMiniBarRecordSize = 32;
-/** Size of name and price, the part of a mini bar record that a load contains. */
-inline constexpr int kMiniBarLoaded = 22;
 /** Maximum size of a billing sector in bytes. */
 inline constexpr int kMostSectorBytes = 512;
-inline constexpr int kClockSize = 6;
 
 /** nullopt if the mode does not exist. */
 std::optional<ExchangeMode> ModeOfNumber(int number);
@@ -94,7 +91,7 @@ class ExchangeMemory {
 
   int version_;
   std::map<int, Bytes> sections_;
-  Bytes mini_bar_ = Bytes(static_cast<std::size_t>(kMiniBarRecords) * kMiniBarRecordSize, 0);
+  Bytes mini_bar_ = Bytes(static_cast<std::size_t>(kMiniBarRows) * kMiniBarRecordSize, 0);
   std::map<int, BillingTable> billing_;
   ExchangeMode mode_ = ExchangeMode::kNormal;
   std::optional<Bytes> clock_;

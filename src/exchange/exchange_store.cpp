@@ -126,8 +126,8 @@ std::string ExchangeStore::Take(MemoryPart part, const std::string& bytes) {
     }
     case Kind::kClock: {
       const std::optional<Bytes> clock = ParseHex(bytes);
-      if (clock && clock->size() == kClockSize) memory_.set_clock(*clock);
-      return clock && (clock->empty() || clock->size() == kClockSize) ? "" : "not a clock";
+      if (clock && clock->size() == kTimeSize) memory_.set_clock(*clock);
+      return clock && (clock->empty() || clock->size() == kTimeSize) ? "" : "not a clock";
     }
     case Kind::kPasswords:
       break;

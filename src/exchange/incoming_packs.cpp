@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "exchange/tool_message.h"
+#include "link/message.h"
 
 namespace tarvok::exchange {
 
@@ -63,7 +63,7 @@ void IncomingPacks::Interrupt() {
 
 int IncomingPacks::PayloadOf(std::uint8_t sequence) const {
   if (under_way_ && sequence == due_) {
-    return static_cast<int>(std::min<std::size_t>(size_ - data_.bytes.size(), kLaterPackData));
+    return static_cast<int>(std::min<std::size_t>(size_ - data_.bytes.size(), kSequencedPayload));
   }
   const bool last = !last_pack_.empty() && last_pack_[kCodeAt] == command::kNextPack;
   if (last && sequence == last_pack_[kSequenceAt])

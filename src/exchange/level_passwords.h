@@ -13,8 +13,6 @@
 
 namespace tarvok::exchange {
 
-inline constexpr int kPasswordLevels = 3;
-
 /**
  * The exchange's passwords. Level 1 permits everything, level 2 everything but the configuration, level 3
  * only the mini bar. As long as no level has a password, every password is accepted.

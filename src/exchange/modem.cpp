@@ -39,12 +39,9 @@ class ModemCall : public Port {
   ~ModemCall() override { ModemCall::Close(); }
 
   PortState state() const override { return modem_ != nullptr ? PortState::kOpen : PortState::kClosed; }
-  std::string error() const override { return ""; }
   bool Send(std::span<const std::uint8_t> bytes) override {
     return modem_ != nullptr && modem_->line_->Send(bytes);
   }
-  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
-  void Discard() override {}
   void Close() override {
     Modem* const modem = std::exchange(modem_, nullptr);
     if (modem == nullptr) return;

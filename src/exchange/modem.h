@@ -33,9 +33,6 @@ class Modem {
 
   /** Called when the tool drops its control lines. */
   void LoseControlLines();
-  /** Whether commands are echoed. On until ATE0. */
-  void set_echo(bool echo) { echo_ = echo; }
-  Port& line() { return *line_; }
 
  private:
   friend class ModemCall;
@@ -56,7 +53,7 @@ class Modem {
   std::unique_ptr<Port> line_;
   CallHandler on_call_;
   State state_ = State::kCommand;
-  bool echo_ = true;
+  bool echo_ = true;  // of commands, until ATE0
   std::string command_;
   Bytes held_;  // bytes of a call that may become a hang-up command
   std::int64_t last_byte_ms_ = 0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "exchange/tool_message.h"
+#include "link/message.h"
 
 namespace tarvok::exchange {
 namespace {
@@ -34,12 +34,10 @@ void OutgoingSection::Begin() {
   under_way_ = true;
   ++begins_;
   sequence_ = 0;
-  const auto low = [](std::size_t value) { return static_cast<std::uint8_t>(value % 256); };
-  const auto high = [](std::size_t value) { return static_cast<std::uint8_t>(value / 256); };
-  const auto number = static_cast<std::size_t>(number_);
+  const int size = static_cast<int>(image_.size());
   pack_ = {
-      kFromExchange,      0, 0, reply::kSection, sequence_, low(number), high(number), low(image_.size()),
-      high(image_.size())};
+      kFromExchange, 0, 0, reply::kSection, sequence_, LowByte(number_), HighByte(number_), LowByte(size),
+      HighByte(size)};
   offset_ = 0;
   SendPack();
 }

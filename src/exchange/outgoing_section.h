@@ -26,7 +26,6 @@ class OutgoingSection {
 
   void Start(int number, Bytes image);
   void Stop();
-  bool under_way() const { return under_way_; }
   /** Takes the tool's "OK". */
   void TakeOk();
   /** Takes the tool's reply to an enquiry. */

@@ -14,11 +14,9 @@
 #include "exchange/uses.h"
 #include "link/event_server.h"
 #include "link/port.h"
+#include "store/transport.h"
 
 namespace tarvok::exchange {
-
-/** What a line carries: link frames, bare messages, or packets of the relay server. */
-enum class Wire { kLink, kLan, kServer };
 
 struct LineConditions {
   std::optional<FaultPlan> faults = {};

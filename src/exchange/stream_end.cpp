@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "exchange/tool_message.h"
 #include "link/message.h"
 #include "link/send_log.h"
 
@@ -24,15 +23,15 @@ void StreamEnd::Take(std::span<const std::uint8_t> bytes) {
       stream_.clear();
       return;
     }
-    const std::optional<std::size_t> size = UnitSize(stream_);
-    if (!size || *size > stream_.size()) {
+    const std::size_t size = UnitSize(stream_);
+    if (size > stream_.size()) {
       patience_ = events_.CallLater(kRestPatience_ms, [this] { TakeFront(stream_.size()); });
       return;
     }
     // Bytes after a unit that do not start another one belong to it: it is too long, and its reader reports
     // that.
-    const bool too_long = stream_.size() > *size && stream_[*size] != FirstByte();
-    TakeFront(too_long ? stream_.size() : *size);
+    const bool too_long = stream_.size() > size && stream_[size] != FirstByte();
+    TakeFront(too_long ? stream_.size() : size);
   }
 }
 
@@ -47,27 +46,19 @@ std::uint8_t LanEnd::FirstByte() const {
   return kFromTool;
 }
 
-std::optional<std::size_t> LanEnd::UnitSize(std::span<const std::uint8_t> stream) const {
-  if (stream.size() < kHeader) return std::nullopt;
-  const ToolMessage* kind = FindToolMessage(stream[kCodeAt]);
-  if (kind == nullptr) return stream.size();
-  if (kind->size > 0) return static_cast<std::size_t>(kind->size);
-  if (kind->code == command::kNextPack) {
-    if (stream.size() < kSequencedHeader) return std::nullopt;
+std::size_t LanEnd::UnitSize(std::span<const std::uint8_t> stream) const {
+  return LengthOf(kFromTool, stream, [&] {
     const int payload = pack_payload_ ? pack_payload_(stream[kSequenceAt]) : -1;
-    // The length of an unexpected pack is unknown, but never more than a message.
-    if (payload < 0) return std::min<std::size_t>(stream.size(), kMaxMessage);
-    return static_cast<std::size_t>(kSequencedHeader + payload);
-  }
-  if (stream.size() < kFirstPackHeader) return std::nullopt;
-  return static_cast<std::size_t>(kFirstPackHeader + std::min(WordAt(stream, kSizeAt), kFirstPackData));
+    // The length of an unexpected pack is unknown.
+    return payload < 0 ? static_cast<int>(stream.size()) - kSequencedHeader : payload;
+  });
 }
 
 std::uint8_t ServerEnd::FirstByte() const {
   return kFromExchange;
 }
 
-std::optional<std::size_t> ServerEnd::UnitSize(std::span<const std::uint8_t>) const {
+std::size_t ServerEnd::UnitSize(std::span<const std::uint8_t>) const {
   return kServerPacketOut;
 }
 

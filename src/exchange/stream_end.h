@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <utility>
 
 #include "exchange/message_end.h"
@@ -28,10 +27,10 @@ class StreamEnd : public MessageEnd {
 
  protected:
   /**
-   * The size of the unit at the start of the stream, which begins correctly; nullopt if more bytes are
-   * needed.
+   * The size of the unit at the start of the stream, which begins correctly. If that takes more bytes to say,
+   * a size that the stream has not reached.
    */
-  virtual std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const = 0;
+  virtual std::size_t UnitSize(std::span<const std::uint8_t> stream) const = 0;
   /** Takes a unit, even an invalid one. */
   virtual void TakeUnit(std::span<const std::uint8_t> unit) = 0;
   /** The first byte of every unit. */
@@ -58,7 +57,7 @@ class LanEnd : public StreamEnd {
   void set_pack_payload(std::function<int(std::uint8_t)> payload) { pack_payload_ = std::move(payload); }
 
  protected:
-  std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const override;
+  std::size_t UnitSize(std::span<const std::uint8_t> stream) const override;
   void TakeUnit(std::span<const std::uint8_t> unit) override { GiveMessage(unit); }
   std::uint8_t FirstByte() const override;
 
@@ -77,7 +76,7 @@ class ServerEnd : public StreamEnd {
   void Send(std::span<const std::uint8_t> message) override;
 
  protected:
-  std::optional<std::size_t> UnitSize(std::span<const std::uint8_t> stream) const override;
+  std::size_t UnitSize(std::span<const std::uint8_t> stream) const override;
   void TakeUnit(std::span<const std::uint8_t> unit) override;
   std::uint8_t FirstByte() const override;
 };

@@ -7,21 +7,14 @@
 namespace tarvok::frame {
 namespace {
 
-constexpr int kSerial = 1;
-constexpr int kModem = 2;
-
 /** Identifies a connection; leaves out what may change on it, such as the speed. */
 std::string ConnectionName(const ConnectionSettings& connection) {
-  std::string name;
-  if (connection.by == kSerial) {
-    name = "com" + std::to_string(connection.port);
-  } else if (connection.by == kModem) {
-    name = "tel " + connection.tel;
-  } else {
-    name = connection.ip_host + " " + connection.ip_port;
-  }
-  if (!connection.direct()) {
-    name += " pbx" + std::to_string(connection.pbx_id) + " card" + std::to_string(connection.card_id);
+  std::string name = connection.ip_host + " " + connection.ip_port;
+  if (connection.transport().port == PortKind::kSerial)
+    name = "com" + std::to_string(connection.SerialPort());
+  if (connection.transport().port == PortKind::kModem) name = "tel " + connection.tel;
+  if (!connection.IsDirect()) {
+    name += " pbx" + std::to_string(connection.PbxId()) + " card" + std::to_string(connection.CardId());
   }
   return name;
 }

@@ -25,11 +25,8 @@ class PtyPort : public QueuedPort {
   explicit PtyPort(std::string link);
   ~PtyPort() override { PtyPort::Close(); }
 
-  PortState state() const override { return state_; }
-  std::string error() const override { return error_; }
   /** Bytes that the near end does not read in time are lost, as on a line without a listener. */
   bool Send(std::span<const std::uint8_t> bytes) override;
-  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
   void Discard() override;
   /** Removes the link. */
   void Close() override;
@@ -58,8 +55,6 @@ class PtyPort : public QueuedPort {
   PostedCall tell_released_{[this] {
     if (on_released_) on_released_();
   }};
-  PortState state_ = PortState::kError;
-  std::string error_;
 };
 
 }  // namespace tarvok::io

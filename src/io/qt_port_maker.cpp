@@ -18,7 +18,6 @@ class NoPort : public Port {
   std::string error() const override { return error_; }
   bool Send(std::span<const std::uint8_t>) override { return false; }
   PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kFailed; }
-  void Discard() override {}
   void Close() override {}
 
  private:
@@ -53,8 +52,8 @@ std::unique_ptr<Port> QtPortMaker::OpenSerial(int number, const LineSettings& se
                                         settings);
 }
 
-std::unique_ptr<Port> QtPortMaker::ConnectTcp(const std::string& host, const std::string& port) {
-  return std::make_unique<QtTcpPort>(host, port);
+std::unique_ptr<Port> QtPortMaker::Connect(const ConnectionSettings& settings) {
+  return std::make_unique<QtTcpPort>(settings.ip_host, settings.ip_port);
 }
 
 }  // namespace tarvok::io

@@ -6,14 +6,13 @@
 
 #include "io/uses.h"
 #include "link/port.h"
+#include "store/connection_settings.h"
 #include "store/settings_store.h"
 
 namespace tarvok::io {
 
 /** The settings group of the serial devices. */
 inline constexpr std::string_view kSerialPortsGroup = "Serial Ports";
-/** Serial ports are numbered from 1. */
-inline constexpr int kSerialPorts = 8;
 
 /** The device of serial port 1 to 8: the setting `Com1` to `Com8`, by default /dev/ttyS0 to /dev/ttyS7. */
 std::string SerialDevice(SettingsStore& settings, int number);
@@ -28,7 +27,7 @@ class QtPortMaker : public PortMaker {
       : settings_(settings), device_(std::move(device)) {}
 
   std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) override;
-  std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) override;
+  std::unique_ptr<Port> Connect(const ConnectionSettings& settings) override;
 
  private:
   SettingsStore& settings_;

@@ -48,14 +48,9 @@ QtSerialPort::QtSerialPort(const std::string& device, const LineSettings& settin
     return;
   }
   state_ = PortState::kOpen;
-  QObject::connect(&port_, &QSerialPort::readyRead, &listener_, [this] { OnReadyRead(); });
+  QObject::connect(&port_, &QSerialPort::readyRead, &listener_, [this] { Arrived(port_); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, &listener_,
                    [this](QSerialPort::SerialPortError error) { OnError(error); });
-}
-
-void QtSerialPort::OnReadyRead() {
-  const QByteArray bytes = port_.readAll();
-  Arrived({reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
 }
 
 void QtSerialPort::OnError(QSerialPort::SerialPortError error) {
@@ -65,17 +60,9 @@ void QtSerialPort::OnError(QSerialPort::SerialPortError error) {
   QObject::disconnect(&port_, nullptr, &listener_, nullptr);
   state_ = PortState::kClosed;
   const std::string reason = port_.errorString().toStdString();
-  OnReadyRead();
+  Arrived(port_);
   Ended(reason);
   close_device_.Post();
-}
-
-bool QtSerialPort::Send(std::span<const std::uint8_t> bytes) {
-  if (state_ != PortState::kOpen) return false;
-  const auto size = static_cast<qint64>(bytes.size());
-  if (port_.write(reinterpret_cast<const char*>(bytes.data()), size) != size) return false;
-  port_.flush();
-  return state_ == PortState::kOpen;
 }
 
 PortAnswer QtSerialPort::SetControlLines(bool dtr, bool rts) {

@@ -19,22 +19,17 @@ class QtSerialPort : public QueuedPort {
   QtSerialPort(const std::string& device, const LineSettings& settings);
   ~QtSerialPort() override { QtSerialPort::Close(); }
 
-  PortState state() const override { return state_; }
-  std::string error() const override { return error_; }
-  bool Send(std::span<const std::uint8_t> bytes) override;
+  bool Send(std::span<const std::uint8_t> bytes) override { return SendTo(port_, bytes); }
   PortAnswer SetControlLines(bool dtr, bool rts) override;
   void Discard() override;
   void Close() override;
 
  private:
-  void OnReadyRead();
   void OnError(QSerialPort::SerialPortError error);
 
   QSerialPort port_;
   QObject listener_;  // context of the device's signals
   PostedCall close_device_{[this] { port_.close(); }};
-  PortState state_ = PortState::kError;
-  std::string error_;
 };
 
 }  // namespace tarvok::io

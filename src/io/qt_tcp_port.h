@@ -24,10 +24,7 @@ class QtTcpPort : public QueuedPort {
   explicit QtTcpPort(std::unique_ptr<QTcpSocket> socket);
   ~QtTcpPort() override { QtTcpPort::Close(); }
 
-  PortState state() const override { return state_; }
-  std::string error() const override { return error_; }
-  bool Send(std::span<const std::uint8_t> bytes) override;
-  PortAnswer SetControlLines(bool, bool) override { return PortAnswer::kUnsupported; }
+  bool Send(std::span<const std::uint8_t> bytes) override { return SendTo(*socket_, bytes); }
   /** Bytes already handed to the system cannot be taken back. */
   void Discard() override;
   void Close() override;
@@ -35,13 +32,10 @@ class QtTcpPort : public QueuedPort {
  private:
   void Listen();
   void OnConnected();
-  void OnReadyRead();
   void OnError();
 
   std::unique_ptr<QTcpSocket> socket_;
   QObject listener_;  // context of the socket's signals
-  PortState state_ = PortState::kConnecting;
-  std::string error_;
 };
 
 }  // namespace tarvok::io

@@ -10,6 +10,11 @@ void QueuedPort::Arrived(std::span<const std::uint8_t> bytes) {
   deliver_.Post();
 }
 
+void QueuedPort::Arrived(QIODevice& device) {
+  const QByteArray bytes = device.readAll();
+  Arrived({reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
+}
+
 void QueuedPort::Ended(std::string reason) {
   if (silent_ || ended_) return;
   ended_ = true;

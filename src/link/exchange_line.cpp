@@ -27,7 +27,7 @@ ExchangeLine::ExchangeLine(const Settings& settings, Waits& waits, SendLog& log,
 
 std::unique_ptr<MessageLayer> ExchangeLine::MakeMessages(const ExchangeAddress& address) {
   const MessageLayer::Parts parts{waits_, log_, statistics_, address};
-  if (line_.mode() == LinkMode::kServer) return std::make_unique<ServerMessages>(parts, line_);
+  if (TransportOf(line_.mode()).wire == Wire::kServer) return std::make_unique<ServerMessages>(parts, line_);
   return std::make_unique<SerialMessages>(parts, link_);
 }
 
@@ -48,7 +48,7 @@ void ExchangeLine::Receive(std::span<const std::uint8_t> bytes) {
   }
   const auto take = [this](std::span<const std::uint8_t> message) { messages_->ReceiveMessage(message); };
   const std::int64_t tick_ms = waits_.events().Tick_ms();
-  if (line_.mode() == LinkMode::kLan) {
+  if (TransportOf(line_.mode()).wire == Wire::kLan) {
     if (log_.debug()) log_.Line("Recv: " + HexDump(bytes));
     if (!lan_reader_.Feed(bytes, tick_ms, take)) ++statistics_.broken_off;
   } else if (!server_reader_.Feed(bytes, tick_ms, take)) {

@@ -8,8 +8,7 @@
 #include <utility>
 
 #include "link/link_layer.h"
-#include "link/serial_messages.h"
-#include "link/server_messages.h"
+#include "link/message_modules.h"
 #include "link/stream_reader.h"
 #include "link/uses.h"
 

@@ -55,7 +55,7 @@ void LinkLayer::SendData(std::span<const std::uint8_t> message) {
 
 void LinkLayer::SendFrame() {
   const auto message = std::span<const std::uint8_t>(tx_buffer_).first(tx_length_);
-  if (parts_.line.mode() == LinkMode::kLan) {
+  if (!UsesFrames(parts_.line.mode())) {
     parts_.line.PhysicalSend(message);
   } else {
     const auto address = static_cast<std::uint8_t>(first_nibble_ + 16 * second_nibble_);

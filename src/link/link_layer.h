@@ -7,7 +7,6 @@
 #include <string>
 
 #include "link/frame.h"
-#include "link/modem_reply.h"
 #include "link/physical_line.h"
 #include "link/send_log.h"
 #include "link/statistics.h"
@@ -15,6 +14,19 @@
 #include "link/waits.h"
 
 namespace tarvok::link {
+
+/** What the modem's last line of text said. */
+struct ModemReply {
+  static constexpr int kNone = 0;  // nothing yet, or an unknown line
+  static constexpr int kConnect = 1;
+  static constexpr int kBusy = 2;
+  static constexpr int kNoCarrier = 3;
+  static constexpr int kNoDialTone = 4;
+  static constexpr int kOk = 5;
+
+  int result = kNone;
+  std::string connect_text;  // the whole line of a CONNECT
+};
 
 /**
  * The byte-stuffed, acknowledged link to the exchange: one message of at most 64 bytes per frame, one frame
@@ -60,6 +72,7 @@ class LinkLayer {
   void Poll();
 
   bool is_up() const { return link_up_; }
+  // For diagnosis. Nothing acts on them: the message layer notices by its own timeouts.
   bool send_done() const { return tx_done_; }
   bool send_failed() const { return tx_failed_; }
   const std::string& ModemLine() const { return modem_line_; }

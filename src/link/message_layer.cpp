@@ -13,13 +13,6 @@ constexpr std::int64_t kFullPackWait_ms = 4000;
 constexpr std::int64_t kLastPackWait_ms = 3000;
 constexpr std::int64_t kEnquiryWait_ms = 3000;
 
-std::uint8_t Low(int value) {
-  return static_cast<std::uint8_t>(value % 256);
-}
-std::uint8_t High(int value) {
-  return static_cast<std::uint8_t>(value / 256);
-}
-
 /** Reads the decimal digits of 0 to 99 as a hexadecimal number: 34 becomes 0x34. */
 std::uint8_t AsHexDigits(int value) {
   return static_cast<std::uint8_t>(value / 10 * 16 + value % 10);
@@ -62,7 +55,7 @@ bool MessageLayer::CheckPassword(const std::array<std::uint8_t, 3>& password) {
 
 bool MessageLayer::SendSection(std::uint8_t code, int section, std::span<const std::uint8_t> data) {
   const auto size = static_cast<int>(data.size());
-  std::vector<std::uint8_t> payload = {Low(section), High(section), Low(size), High(size)};
+  std::vector<std::uint8_t> payload = {LowByte(section), HighByte(section), LowByte(size), HighByte(size)};
   payload.insert(payload.end(), data.begin(), data.end());
   const std::int64_t start_ms = parts_.waits.events().Tick_ms();
   const bool sent = SendMessage(payload, code, &MessageState::reply_ok, true);
@@ -87,7 +80,7 @@ bool MessageLayer::SendBillingTable(int table, int sector, std::span<const std::
   parts_.log.Line("Send Billing Table = " + std::to_string(table));
   const auto size = static_cast<int>(data.size());
   std::vector<std::uint8_t> payload = {static_cast<std::uint8_t>(table), static_cast<std::uint8_t>(sector),
-                                       Low(size), High(size)};
+                                       LowByte(size), HighByte(size)};
   payload.insert(payload.end(), data.begin(), data.end());
   return SendMessage(payload, command::kBillingTable, &MessageState::reply_ok, true);
 }
@@ -96,7 +89,7 @@ bool MessageLayer::GetConfig(int section) {
   parts_.log.Line(std::string(variant_.get_config_words) + std::to_string(section));
   asked_section_ = section;
   asked_mini_bar_ = -1;
-  const std::array<std::uint8_t, 2> payload = {Low(section), High(section)};
+  const std::array<std::uint8_t, 2> payload = {LowByte(section), HighByte(section)};
   return SendMessage(payload, command::kGetConfig, &MessageState::config_came, false);
 }
 
@@ -106,7 +99,7 @@ bool MessageLayer::GetMiniBar(int number) {
   if (number == 0) first_mini_bar_.reset();
   asked_mini_bar_ = number;
   earlier_mini_bars_ = 0;
-  const std::array<std::uint8_t, 2> payload = {Low(number), High(number)};
+  const std::array<std::uint8_t, 2> payload = {LowByte(number), HighByte(number)};
   const Flag awaited =
       variant_.has_mini_bar_reply ? &MessageState::mini_bar_came : &MessageState::config_came;
   if (SendMessage(payload, command::kGetMiniBar, awaited, false)) return true;

@@ -138,7 +138,7 @@ class MessageLayer {
   void ReceiveVersion(std::span<const std::uint8_t> message);
   bool IsEarlierMiniBar(int number);
   void ReceiveMiniBarRecord(std::span<const std::uint8_t> message);
-  void ReceiveMiniBarData(std::span<const std::uint8_t> message);
+  void ReceiveMiniBarData();
   void ReceiveFirstPack(std::span<const std::uint8_t> message);
   void CountOutOfStep(std::uint8_t sequence);
   void ReceiveNextPack(std::span<const std::uint8_t> message);
@@ -148,7 +148,6 @@ class MessageLayer {
   const MessageVariant& variant_;
   MessageState state_;
   SectionImage section_image_;
-  MiniBarImage mini_bar_image_;
   ReceiveKind receive_kind_ = ReceiveKind::kNone;
   int asked_section_ = -1;             // section of the latest GetConfig; -1 before the first
   int asked_mini_bar_ = -1;            // likewise for GetMiniBar; -1 if a section was requested since

@@ -7,37 +7,11 @@
 #include "store/number_text.h"
 
 namespace tarvok::link {
-namespace {
-
-int Word(std::span<const std::uint8_t> message, std::size_t at) {
-  return message[at] + 256 * message[at + 1];
-}
-
-/** The minimum size of a message with this code; shorter ones are dropped. */
-std::size_t ShortestMessage(std::uint8_t code) {
-  switch (code) {
-    case reply::kSequence:
-    case reply::kNextPack:
-      return 5;
-    case reply::kVersion:
-    case reply::kMiniBarData:
-      return 6;
-    case reply::kSection:
-      return 9;
-    case reply::kMiniBarRecord:
-      return 29;
-    default:
-      return kHeader;
-  }
-}
-
-}  // namespace
-
 void MessageLayer::ReceiveMessage(std::span<const std::uint8_t> message) {
   if (message.size() < kHeader || message[0] != kFromExchange || message[1] != 0) return;
-  const std::uint8_t code = message[3];
-  if (message.size() < ShortestMessage(code)) return;
-  switch (code) {
+  const MessageKind* kind = FindMessage(kFromExchange, message[kCodeAt]);
+  if (kind == nullptr || message.size() < static_cast<std::size_t>(kind->least)) return;
+  switch (kind->code) {
     case command::kEnquiry:
       if (variant_.answers_enquiry) RespondSeq();
       break;
@@ -58,7 +32,7 @@ void MessageLayer::ReceiveMessage(std::span<const std::uint8_t> message) {
       ReceiveMiniBarRecord(message);
       break;
     case reply::kMiniBarData:
-      ReceiveMiniBarData(message);
+      ReceiveMiniBarData();
       break;
     case reply::kSection:
       ReceiveFirstPack(message);
@@ -86,9 +60,9 @@ void MessageLayer::RespondSeq() {
 }
 
 void MessageLayer::ReceiveSequence(std::span<const std::uint8_t> message) {
-  state_.last_received_sequence = message[4];
+  state_.last_received_sequence = message[kSequenceAt];
   state_.sequence_came = true;
-  parts_.log.Line("Recieve Seq : " + std::to_string(message[4]));
+  parts_.log.Line("Recieve Seq : " + std::to_string(message[kSequenceAt]));
 }
 
 void MessageLayer::ReceiveError() {
@@ -98,7 +72,7 @@ void MessageLayer::ReceiveError() {
 }
 
 void MessageLayer::ReceiveVersion(std::span<const std::uint8_t> message) {
-  state_.pbx_version = Word(message, 4);
+  state_.pbx_version = WordAt(message, kHeader);
   parts_.log.Text("Reveive Version : " + PlainHundredths(state_.pbx_version));
   state_.version_came = true;
 }
@@ -115,10 +89,7 @@ bool MessageLayer::IsEarlierMiniBar(int number) {
 }
 
 void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
-  constexpr std::size_t kNameAt = 7;
-  constexpr std::size_t kNameBytes = 20;
-  constexpr std::int64_t kTaken = 22;  // name and count
-  const int number = Word(message, 5);
+  const int number = WordAt(message, kNumberAt);
   if (IsEarlierMiniBar(number)) {
     // Late or repeated: accepting it would shift this record and all later ones by a row.
     ++earlier_mini_bars_;
@@ -133,24 +104,23 @@ void MessageLayer::ReceiveMiniBarRecord(std::span<const std::uint8_t> message) {
   // not.
   if (asked_mini_bar_ >= 0) receive_kind_ = ReceiveKind::kNone;
   state_.mini_bar_name.clear();
-  for (const std::uint8_t byte : message.subspan(kNameAt, kNameBytes)) {
+  for (const std::uint8_t byte : message.subspan(kMiniBarNameAt, kMiniBarNameBytes)) {
     if (byte != 0) state_.mini_bar_name += static_cast<char>(byte);
   }
-  state_.mini_bar_count = Word(message, kNameAt + kNameBytes);
-  parts_.statistics.bytes_taken += kTaken;
+  state_.mini_bar_count = WordAt(message, kMiniBarNameAt + kMiniBarNameBytes);
+  parts_.statistics.bytes_taken += kMiniBarLoaded;
   RespondOk();
 }
 
-void MessageLayer::ReceiveMiniBarData(std::span<const std::uint8_t> message) {
+/** Ends a section in progress. No operation asks for these bytes, so they are not kept. */
+void MessageLayer::ReceiveMiniBarData() {
   receive_kind_ = ReceiveKind::kMiniBar;
   state_.receive_offset = 0;
-  mini_bar_image_.Store(0, message.subspan(6));
   RespondOk();
 }
 
 void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
-  constexpr std::size_t kDataAt = 9;
-  const int section = Word(message, 5);
+  const int section = WordAt(message, kNumberAt);
   if (asked_section_ >= 0 && section != asked_section_) {
     // Not the section that was requested: accepting it would store its bytes under the wrong name.
     receive_kind_ = ReceiveKind::kNone;
@@ -161,17 +131,17 @@ void MessageLayer::ReceiveFirstPack(std::span<const std::uint8_t> message) {
   state_.config_came = true;
   // The last pack of the previous section may have come twice, the second time after this request.
   state_.section_done = false;
-  if (variant_.keeps_first_sequence) state_.last_received_sequence = message[4];
-  first_pack_ = variant_.keeps_first_sequence ? message[4] : std::uint8_t{0};
+  if (variant_.keeps_first_sequence) state_.last_received_sequence = message[kSequenceAt];
+  first_pack_ = variant_.keeps_first_sequence ? message[kSequenceAt] : std::uint8_t{0};
   pack_before_ = -1;
   state_.received_section = section;
-  state_.received_size = Word(message, 7);
+  state_.received_size = WordAt(message, kSizeAt);
   parts_.log.Line("GET CONFIG , " + std::to_string(section) +
                   " , size = " + std::to_string(state_.received_size));
   state_.receive_offset = 0;
   section_image_.Clear();
   parts_.statistics.bytes_received += state_.received_size;
-  TakeSectionBytes(message.subspan(kDataAt));
+  TakeSectionBytes(message.subspan(kFirstPackHeader));
 }
 
 /**
@@ -189,9 +159,9 @@ void MessageLayer::CountOutOfStep(std::uint8_t sequence) {
 }
 
 void MessageLayer::ReceiveNextPack(std::span<const std::uint8_t> message) {
-  state_.last_received_sequence = message[4];
+  state_.last_received_sequence = message[kSequenceAt];
   if (receive_kind_ != ReceiveKind::kSection) return;
-  CountOutOfStep(message[4]);
+  CountOutOfStep(message[kSequenceAt]);
   const auto bytes = message.subspan(kSequencedHeader);
   parts_.statistics.bytes_received += static_cast<std::int64_t>(bytes.size());
   TakeSectionBytes(bytes);

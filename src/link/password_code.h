@@ -15,6 +15,8 @@ namespace tarvok::link {
 /** A password in the form sent to the exchange: three bytes. */
 using PackedPassword = std::array<std::uint8_t, 3>;
 
+/** The exchange has a password for each level; level 1 permits everything. */
+inline constexpr int kPasswordLevels = 3;
 /** Maximum number of digits of a password. */
 inline constexpr std::size_t kMostPasswordDigits = 6;
 

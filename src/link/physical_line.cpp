@@ -7,12 +7,12 @@ namespace tarvok::link {
 
 void PhysicalLine::PhysicalSend(std::span<const std::uint8_t> bytes) {
   if (!IsOpen()) {
-    if (mode_ == LinkMode::kLanToSerial || mode_ == LinkMode::kLan)
-      log_.DebugLine("cann't send, winsock not open");
-    if (mode_ == LinkMode::kModem) log_.DebugLine("cann't send, comport not open");
+    const Transport& transport = TransportOf(mode_);
+    if (UsesSocket(mode_) && transport.wire != Wire::kServer) log_.DebugLine("cann't send, winsock not open");
+    if (transport.port == PortKind::kModem) log_.DebugLine("cann't send, comport not open");
     return;
   }
-  if (mode_ == LinkMode::kSerial) {
+  if (TransportOf(mode_).port == PortKind::kSerial) {
     SendInPieces(bytes);
   } else {
     // If the port accepts nothing, the reply does not come and the message layer retries.

@@ -7,19 +7,9 @@
 #include "link/port.h"
 #include "link/send_log.h"
 #include "link/uses.h"
+#include "store/transport.h"
 
 namespace tarvok::link {
-
-/** How the exchange is reached: the project's key "By". Any other value also means the server. */
-enum class LinkMode : std::uint8_t { kServer = 0, kSerial = 1, kModem = 2, kLanToSerial = 3, kLan = 4 };
-
-/** True for byte streams, which carry link frames; LAN and server carry whole messages. */
-constexpr bool UsesFrames(LinkMode mode) {
-  return mode == LinkMode::kSerial || mode == LinkMode::kModem || mode == LinkMode::kLanToSerial;
-}
-constexpr bool UsesSocket(LinkMode mode) {
-  return mode != LinkMode::kSerial && mode != LinkMode::kModem;
-}
 
 /** The open port of a session, and how to write to it in the given mode. */
 class PhysicalLine {

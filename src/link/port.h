@@ -9,6 +9,7 @@
 
 #include "link/line_settings.h"
 #include "link/uses.h"
+#include "store/connection_settings.h"
 
 namespace tarvok::link {
 
@@ -33,12 +34,12 @@ class Port {
 
   virtual PortState state() const = 0;
   /** Why the state is an error, in the platform's words; otherwise "". */
-  virtual std::string error() const = 0;
+  virtual std::string error() const { return ""; }
   /** Sends the whole block in order, as a single write; false if the port is not open. */
   virtual bool Send(std::span<const std::uint8_t> bytes) = 0;
-  virtual PortAnswer SetControlLines(bool dtr, bool rts) = 0;
+  virtual PortAnswer SetControlLines(bool /*dtr*/, bool /*rts*/) { return PortAnswer::kUnsupported; }
   /** Discards bytes received but not yet handled, and bytes not yet sent. */
-  virtual void Discard() = 0;
+  virtual void Discard() {}
   /** Closes the port; does nothing if it is already closed. */
   virtual void Close() = 0;
 
@@ -67,8 +68,11 @@ class PortMaker {
 
   /** Opens serial port 1 to 8. If that fails, returns a port in the state kError. */
   virtual std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) = 0;
-  /** Starts to connect; poll the state for the result. Only the system's own timeout applies. */
-  virtual std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) = 0;
+  /**
+   * Starts to connect over the network as the transport of the settings requires; poll the state for the
+   * result. Only the system's own timeout applies.
+   */
+  virtual std::unique_ptr<Port> Connect(const ConnectionSettings& settings) = 0;
 };
 
 }  // namespace tarvok::link

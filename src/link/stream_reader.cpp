@@ -19,15 +19,12 @@ bool BeginsMessage(ByteSpan bytes) {
 }
 
 bool IsKnown(std::uint8_t code) {
-  constexpr std::uint8_t kCodes[] = {
-      reply::kOk,      reply::kSection,  reply::kMiniBarData, reply::kMiniBarRecord, reply::kSequence,
-      reply::kVersion, reply::kNextPack, reply::kError,       command::kEnquiry};
-  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
+  return FindMessage(kFromExchange, code) != nullptr;
 }
 
 /** True if the bytes begin with a message, including its code, that the exchange sends. */
 bool BeginsKnownMessage(ByteSpan bytes) {
-  return bytes.size() >= kHeader && BeginsMessage(bytes) && IsKnown(bytes[3]);
+  return bytes.size() >= kHeader && BeginsMessage(bytes) && IsKnown(bytes[kCodeAt]);
 }
 
 bool BeginsPacket(ByteSpan bytes) {
@@ -112,38 +109,17 @@ void HeldBytes::Hold(std::span<const std::uint8_t> bytes, std::int64_t tick_ms) 
 }
 
 std::size_t LanReader::ExpectedLength(ByteSpan bytes) const {
-  constexpr std::int64_t kFirstPackData = kMaxMessage - 9;
-  if (bytes.size() < kHeader) return kHeader;
-  switch (bytes[3]) {
-    case reply::kOk:
-    case reply::kError:
-    case command::kEnquiry:
-      return 4;
-    case reply::kSequence:
-      return 5;
-    case reply::kVersion:
-      return 6;
-    case reply::kMiniBarRecord:
-      return 29;
-    case reply::kSection:
-      if (bytes.size() < 9) return 9;
-      return static_cast<std::size_t>(9 + std::min<std::int64_t>(bytes[7] + 256 * bytes[8], kFirstPackData));
-    case reply::kNextPack:
-      return static_cast<std::size_t>(kSequencedHeader +
-                                      std::min<std::int64_t>(missing_(), kSequencedPayload));
-    default:
-      return bytes.size();
-  }
+  return LengthOf(kFromExchange, bytes, [this] { return missing_(); });
 }
 
 /**
- * True if the bytes begin a message with a known code that, if complete, ends where the code says. ByteSpan that
+ * True if the bytes begin a message with a known code that, if complete, ends where the code says. Bytes that
  * have not arrived yet are assumed to be right.
  */
 bool LanReader::BeginsWell(ByteSpan bytes) const {
   if (!BeginsMessage(bytes)) return false;
   if (bytes.size() < kHeader) return true;
-  if (!IsKnown(bytes[3])) return false;
+  if (!IsKnown(bytes[kCodeAt])) return false;
   const std::size_t expected = ExpectedLength(bytes);
   return bytes.size() <= expected ? bytes.size() <= kMaxMessage : BeginsMessage(bytes.subspan(expected));
 }

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,15 +68,26 @@ struct Options {
   int version = 0;
   std::string store;
   std::vector<std::string> passwords;
-  std::optional<int> lan;
-  std::optional<int> lan_serial;
-  std::optional<int> server;
+  // Where each transport is served: a TCP port, or a link to a pseudo terminal.
+  std::map<LinkMode, std::optional<int>> tcp_ports;
+  std::map<LinkMode, std::string> terminals;
   std::string listen = "127.0.0.1";
-  std::string serial;
-  std::string modem;
   std::string faults;
   LineConditions conditions;
 };
+
+/** The transports in the order of their options and of the "ready" line: networks before terminals. */
+std::vector<Transport> Served() {
+  std::vector<Transport> served;
+  for (const Transport& transport : kTransports) {
+    served.insert(UsesSocket(transport.mode) ? served.begin() : served.end(), transport);
+  }
+  return served;
+}
+
+std::string OptionOf(const Transport& transport) {
+  return "--" + std::string(transport.option);
+}
 
 void DescribeOptions(CLI::App& app, Options& options) {
   app.footer(kFooter);
@@ -85,14 +97,21 @@ void DescribeOptions(CLI::App& app, Options& options) {
   app.add_option("--store", options.store, "Folder for the data of the exchange")->required()->check(IsGiven);
   app.add_option("--password", options.passwords, "Passwords of level 1, 2 and 3, up to six digits each")
       ->expected(1, kPasswordLevels);
-  const CLI::Range ports(0, 65535);
-  app.add_option("--lan", options.lan, "TCP port for \"LAN\"; 0 picks a free one")->check(ports);
-  app.add_option("--lan-serial", options.lan_serial, "TCP port for \"LAN to Serial\"")->check(ports);
-  app.add_option("--server", options.server, "TCP port for \"Server\"")->check(ports);
+  for (const Transport& transport : Served()) {
+    if (!UsesSocket(transport.mode)) continue;
+    const std::string about = "TCP port for \"" + std::string(transport.name) + "\"";
+    app.add_option(OptionOf(transport), options.tcp_ports[transport.mode],
+                   transport.mode == LinkMode::kLan ? about + "; 0 picks a free one" : about)
+        ->check(CLI::Range(0, 65535));
+  }
   app.add_option("--listen", options.listen, "Address to listen on")->check(IsGiven)->capture_default_str();
-  app.add_option("--serial", options.serial, "Link to a pseudo terminal for \"Serial\"")->check(IsGiven);
-  app.add_option("--modem", options.modem, "Link to a pseudo terminal with a modem for \"Modem\"")
-      ->check(IsGiven);
+  for (const Transport& transport : Served()) {
+    if (UsesSocket(transport.mode)) continue;
+    const std::string modem = transport.port == PortKind::kModem ? "with a modem " : "";
+    app.add_option(OptionOf(transport), options.terminals[transport.mode],
+                   "Link to a pseudo terminal " + modem + "for \"" + std::string(transport.name) + "\"")
+        ->check(IsGiven);
+  }
   app.add_option("--faults", options.faults, "Damage the traffic, see below")->check(IsGiven);
   app.add_option("--seed", options.conditions.seed, "Seed of the random faults")->capture_default_str();
   app.add_option("--bps", options.conditions.speed_bps, "Pace the bytes like a line of this speed in bit/s")
@@ -113,11 +132,12 @@ std::string Interpret(Options& options, LevelPasswords& passwords) {
     if (!plan.ok()) return "--faults: " + plan.status().message();
     options.conditions.faults = plan.value();
   }
-  const bool listens = options.lan || options.lan_serial || options.server;
-  if (!listens && options.serial.empty() && options.modem.empty()) {
-    return "nothing to listen on: give one of --lan, --lan-serial, --server, --serial, --modem";
+  std::string all;
+  for (const Transport& transport : Served()) {
+    if (options.tcp_ports[transport.mode] || !options.terminals[transport.mode].empty()) return "";
+    all += (all.empty() ? "" : ", ") + OptionOf(transport);
   }
-  return "";
+  return "nothing to listen on: give one of " + all;
 }
 
 void Tell(std::string_view line) {
@@ -129,56 +149,54 @@ class Lines {
  public:
   explicit Lines(PracticeExchange& exchange) : exchange_(exchange) {}
 
-  Status Listen(std::string_view name, Wire wire, const std::string& address, std::optional<int> port) {
-    if (!port) return {};
-    auto listener = std::make_unique<TcpListener>(
-        [this, wire](std::unique_ptr<Port> connection) { exchange_.Accept(std::move(connection), wire); });
-    if (Status listening = listener->Listen(address, *port); !listening.ok()) return listening;
-    const bool long_address = address.find(':') != std::string::npos;
-    Ready(name, (long_address ? '[' + address + ']' : address) + ':' + std::to_string(listener->port()));
-    listeners_.push_back(std::move(listener));
-    return {};
-  }
-
-  Status OpenSerial(const std::string& link) {
-    if (link.empty()) return {};
-    auto terminal = std::make_unique<PtyPort>(link);
-    if (terminal->state() != PortState::kOpen) return {ErrorKind::kInputOutput, terminal->error()};
-    // An exchange that hung up for practice must accept the next attempt.
-    exchange_.Accept(std::move(terminal), Wire::kLink, [this, link] {
-      if (const Status again = OpenSerial(link); !again.ok()) Tell(again.message());
-    });
-    return {};
-  }
-
-  Status OpenModem(const std::string& link) {
-    if (link.empty()) return {};
-    auto terminal = std::make_unique<PtyPort>(link);
-    if (terminal->state() != PortState::kOpen) return {ErrorKind::kInputOutput, terminal->error()};
-    PtyPort& line = *terminal;
-    Modem& modem = exchange_.AcceptModem(std::move(terminal));
-    line.set_on_released([&modem] { modem.LoseControlLines(); });
-    return {};
-  }
-
-  Status Open(const Options& options) {
-    for (const auto& [name, wire, port] : {std::tuple("lan", Wire::kLan, options.lan),
-                                           std::tuple("lan-serial", Wire::kLink, options.lan_serial),
-                                           std::tuple("server", Wire::kServer, options.server)}) {
-      if (Status opened = Listen(name, wire, options.listen, port); !opened.ok()) return opened;
+  /** Serves every transport that the options name. */
+  Status Open(Options& options) {
+    for (const Transport& transport : Served()) {
+      const std::optional<int> port = options.tcp_ports[transport.mode];
+      const std::string& link = options.terminals[transport.mode];
+      if (port) {
+        if (Status opened = Listen(transport, options.listen, *port); !opened.ok()) return opened;
+      } else if (!link.empty()) {
+        if (Status opened = OpenTerminal(transport, link); !opened.ok()) return opened;
+        Ready(transport, link);
+      }
     }
-    if (Status opened = OpenSerial(options.serial); !opened.ok()) return opened;
-    if (Status opened = OpenModem(options.modem); !opened.ok()) return opened;
-    if (!options.serial.empty()) Ready("serial", options.serial);
-    if (!options.modem.empty()) Ready("modem", options.modem);
     return {};
   }
 
   const std::string& ready() const { return ready_; }
 
  private:
-  void Ready(std::string_view name, const std::string& where) {
-    ready_ += ' ' + std::string(name) + '=' + where;
+  Status Listen(const Transport& transport, const std::string& address, int port) {
+    auto listener =
+        std::make_unique<TcpListener>([this, wire = transport.wire](std::unique_ptr<Port> connection) {
+          exchange_.Accept(std::move(connection), wire);
+        });
+    if (Status listening = listener->Listen(address, port); !listening.ok()) return listening;
+    const bool long_address = address.find(':') != std::string::npos;
+    Ready(transport, (long_address ? '[' + address + ']' : address) + ':' + std::to_string(listener->port()));
+    listeners_.push_back(std::move(listener));
+    return {};
+  }
+
+  Status OpenTerminal(const Transport& transport, const std::string& link) {
+    auto terminal = std::make_unique<PtyPort>(link);
+    if (terminal->state() != PortState::kOpen) return {ErrorKind::kInputOutput, terminal->error()};
+    if (transport.port == PortKind::kModem) {
+      PtyPort& line = *terminal;
+      Modem& modem = exchange_.AcceptModem(std::move(terminal));
+      line.set_on_released([&modem] { modem.LoseControlLines(); });
+      return {};
+    }
+    // An exchange that hung up for practice must accept the next attempt.
+    exchange_.Accept(std::move(terminal), transport.wire, [this, transport, link] {
+      if (const Status again = OpenTerminal(transport, link); !again.ok()) Tell(again.message());
+    });
+    return {};
+  }
+
+  void Ready(const Transport& transport, const std::string& where) {
+    ready_ += ' ' + std::string(transport.option) + '=' + where;
   }
 
   PracticeExchange& exchange_;
@@ -186,7 +204,7 @@ class Lines {
   std::string ready_ = "ready";
 };
 
-int Run(const Options& options, const LevelPasswords& passwords) {
+int Run(Options& options, const LevelPasswords& passwords) {
   std::error_code failed;
   std::filesystem::create_directories(options.store + "/billing", failed);
   if (failed) {

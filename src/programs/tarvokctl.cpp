@@ -1,6 +1,5 @@
 // The command-line tool: scripts, backups and support work with the same code as the desktop program.
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,9 +11,7 @@
 
 #include "frame/main_frame.h"
 #include "platform/posix_file_system.h"
-#include "programs/ctl/compare_commands.h"
 #include "programs/ctl/edit_command.h"
-#include "programs/ctl/edit_help.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/image_commands.h"
 #include "programs/ctl/places.h"
@@ -40,8 +37,7 @@ struct Arguments {
   int version = kHighestVersion;
   bool all = false;
   bool force = false;
-  bool link_table = false;
-  bool ip = false;
+  const SendPart* part = nullptr;  // sent alone
   bool mini_bar = false;
   bool show_secrets = false;
   SessionOptions session;
@@ -210,24 +206,20 @@ class CommandLine {
   }
 
   void AddSend() {
-    CLI::App* send =
-        SessionCommand("send", "send the whole configuration, or a part, to the exchange", [this] {
-          const SendPart part = arguments_.link_table ? SendPart::kLinkTable
-                                : arguments_.ip       ? SendPart::kIpAddress
-                                : arguments_.mini_bar ? SendPart::kMiniBar
-                                                      : SendPart::kConfiguration;
-          return Send(store_, arguments_.project, part, arguments_.session);
-        });
+    CLI::App* send = SessionCommand(
+        "send", "send the whole configuration, or a part, to the exchange",
+        [this] { return Send(store_, arguments_.project, arguments_.part, arguments_.session); });
     AddText(send, "PROJECT", arguments_.project, "project file; its connection settings are used")
         ->required();
     // At most one of them. A CLI11 option group would say so in one line, but its parser loops forever on a
     // surplus empty argument.
-    const std::array parts = {
-        send->add_flag("--link-table", arguments_.link_table, "only the PBX link table"),
-        send->add_flag("--ip", arguments_.ip, "only the exchange's new IP address"),
-        send->add_flag("--minibar", arguments_.mini_bar, "only the mini bar list"),
-        send->add_flag("--compare", arguments_.session.compare,
-                       "read each section back and compare its bytes (from 1.09)")};
+    std::vector<CLI::Option*> parts;
+    for (const SendPart& part : kSendParts) {
+      parts.push_back(send->add_flag_callback(
+          part.option, [this, &part] { arguments_.part = &part; }, part.about));
+    }
+    parts.push_back(send->add_flag("--compare", arguments_.session.compare,
+                                   "read each section back and compare its bytes (from 1.09)"));
     for (CLI::Option* part : parts) {
       for (CLI::Option* other : parts) {
         if (part != other) part->excludes(other);

@@ -68,40 +68,41 @@ bool AskBefore(Transfer& transfer, const FolderPaths& paths) {
   if (!transfer.view().Ask("Do you want to send Billing File?")) return false;
   const auto found =
       std::count_if(paths.begin(), paths.end(), [](const auto& path) { return path.has_value(); });
-  if (found == 0) return transfer.Fail("No Billing Files");
+  if (found == 0) return transfer.report().Fail("No Billing Files");
   return static_cast<std::size_t>(found) == kFiles.size() ||
          transfer.view().Ask("This folder didn't contain some billing file, Do you still want to send data?");
 }
 
 bool SendFile(Transfer& transfer, int table, std::string_view bytes, std::size_t sector_size) {
   // Check before the first sector: half a table would be worse than none.
-  if (bytes.size() > kMostSectors * sector_size) return transfer.Fail(kCannotSend);
+  if (bytes.size() > kMostSectors * sector_size) return transfer.report().Fail(kCannotSend);
   for (int sector = 0; !bytes.empty(); ++sector) {
-    transfer.LogLine("Sending Table ==>  " + std::to_string(table) + " , Sector ==> " +
-                     std::to_string(sector));
+    transfer.report().LogLine("Sending Table ==>  " + std::to_string(table) + " , Sector ==> " +
+                              std::to_string(sector));
     const std::string_view part = bytes.substr(0, sector_size);
     const std::vector<std::uint8_t> data(part.begin(), part.end());
-    if (!transfer.messages().SendBillingTable(table, sector, data)) return transfer.Fail(kCannotSend);
+    if (!transfer.messages().SendBillingTable(table, sector, data))
+      return transfer.report().Fail(kCannotSend);
     bytes.remove_prefix(part.size());
   }
   return true;
 }
 
 bool SendFiles(Transfer& transfer, const std::string& folder, const FolderPaths& paths) {
-  const std::size_t count = FilesOf(transfer.version());
+  const std::size_t count = FilesOf(transfer.version);
   for (std::size_t i = 0; i < count; ++i) {
-    transfer.Progress(static_cast<int>(i), static_cast<int>(count));
+    transfer.report().Progress(static_cast<int>(i), static_cast<int>(count));
     if (!paths[i]) {
-      transfer.LogLine("File [" + InFolder(folder, kFiles[i].name) + "] lost");
-      transfer.LogLine("Trying to send next file....");
+      transfer.report().LogLine("File [" + InFolder(folder, kFiles[i].name) + "] lost");
+      transfer.report().LogLine("Trying to send next file....");
       continue;
     }
     // Otherwise the exchange would lack a table that the user sees in the folder.
     const Result<std::string> bytes = transfer.store().files().Read(*paths[i]);
-    if (!bytes.ok()) return transfer.Fail(bytes.status().message());
+    if (!bytes.ok()) return transfer.report().Fail(bytes.status().message());
     if (!SendFile(transfer, static_cast<int>(i), bytes.value(), kFiles[i].sector_size)) return false;
   }
-  transfer.Progress(static_cast<int>(count), static_cast<int>(count));
+  transfer.report().Progress(static_cast<int>(count), static_cast<int>(count));
   return true;
 }
 
@@ -115,18 +116,18 @@ bool IsBillingFile(std::string_view name) {
 bool SendBillingFiles(Transfer& transfer, const std::string& folder) {
   constexpr std::string_view kCompleted = "Send billing files completed.";
   const Result<FolderPaths> found = FindFiles(transfer.store().files(), folder);
-  if (!found.ok()) return transfer.Fail(found.status().message());
+  if (!found.ok()) return transfer.report().Fail(found.status().message());
   const FolderPaths& paths = found.value();
   if (!AskBefore(transfer, paths)) return false;
-  transfer.Begin(TransferDirection::kWriteBilling, "Send Billing Files");
+  transfer.Begin("Send Billing Files");
   bool sent =
       OpenConnection(transfer) && LogIn(transfer, kBillingWords) && SendFiles(transfer, folder, paths);
   if (sent) {
-    transfer.LogLine(kCompleted);
+    transfer.report().LogLine(kCompleted);
     sent = EndSending(transfer, kCannotSend);
   }
   transfer.CleanUp();
-  if (sent) transfer.Box(BoxKind::kInformation, kCompleted);
+  if (sent) transfer.report().Box(BoxKind::kInformation, kCompleted);
   return sent;
 }
 

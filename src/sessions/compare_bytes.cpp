@@ -6,11 +6,13 @@
 #include "sections/registry.h"
 #include "sessions/get_whole.h"
 #include "sessions/send_section.h"
+#include "sessions/session_words.h"
 
 namespace tarvok::sessions {
 namespace {
 
 constexpr int kMostDifferences = 4;
+
 bool ReadBack(Transfer& transfer, const Section& section) {
   return GetWhole(transfer, {.ask = [&] { return transfer.messages().GetConfig(section.number); },
                              .pause_s = kRequestPause_s,
@@ -33,24 +35,23 @@ bool IsSame(const std::vector<std::uint8_t>& sent, const MessageLayer& messages,
 bool SendOneCompared(Transfer& transfer, const Section& section, const IniText& project) {
   std::vector<std::uint8_t> image;
   for (int differences = 0; differences < kMostDifferences; ++differences) {
-    if (!transfer.messages().SendIdle()) return transfer.Fail(kCheckConnection);
+    if (!transfer.messages().SendIdle()) return transfer.report().Fail(kCheckConnection);
     if (!SendSection(transfer, section, project, image) || !ReadBack(transfer, section)) return false;
     if (IsSame(image, transfer.messages(), transfer.messages().state().received_size)) return true;
   }
   constexpr std::string_view kDifferent = "End transfer because compare bytes isn't compatible";
-  transfer.LogLine(kDifferent);
-  return transfer.Fail(kDifferent);
+  return transfer.report().FailWithLine(kDifferent, kDifferent);
 }
 
 }  // namespace
 
 bool SendSectionsCompared(Transfer& transfer, const IniText& project) {
-  std::vector<const Section*> plan = SendPlan(transfer.version());
+  std::vector<const Section*> plan = SendPlan(transfer.version);
   // A section that a plain send repeats is sent once when comparing.
   plan.erase(std::unique(plan.begin(), plan.end()), plan.end());
   for (const Section* section : plan) {
     if (!SendOneCompared(transfer, *section, project)) return false;
-    if (section->moves_bar) transfer.Progress(section->number, kBarEnd);
+    if (section->moves_bar) transfer.report().Progress(section->number, kBarEnd);
   }
   return true;
 }

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "sessions/session_words.h"
+
 namespace tarvok::sessions {
 namespace {
 
@@ -13,11 +15,8 @@ bool Ask(Transfer& transfer, const WholeRequest& request) {
   state.error_came = false;
   state.section_done = false;
   if (!transfer.waits().WaitSeconds(request.pause_s)) return false;
-  if (!request.ask()) {
-    transfer.LogLine(request.refused);
-    return transfer.Fail(request.refused);
-  }
-  transfer.Start(request.getting);
+  if (!request.ask()) return transfer.report().FailWithLine(request.refused, request.refused);
+  transfer.report().Start(request.getting);
   return true;
 }
 
@@ -26,13 +25,13 @@ bool Ask(Transfer& transfer, const WholeRequest& request) {
  * under the same name, so there the user ends the wait.
  */
 bool IsClosed(Transfer& transfer) {
-  return UsesSocket(transfer.mode()) && transfer.line().ended().has_value();
+  return transfer.transport().port == PortKind::kSocket && transfer.line().ended().has_value();
 }
 
 bool GiveUp(Transfer& transfer, const WholeRequest& request) {
   const std::optional<std::string>& ended = transfer.line().ended();
-  transfer.Failed("..........................", "Failed " + request.give_up_words);
-  return transfer.Fail(kCheckConnection, ended ? ": " + *ended : std::string());
+  transfer.report().Failed("..........................", "Failed " + request.give_up_words);
+  return transfer.report().Fail(kCheckConnection, ended ? ": " + *ended : std::string());
 }
 
 }  // namespace
@@ -46,11 +45,11 @@ bool GetWhole(Transfer& transfer, const WholeRequest& request) {
     if (!answered()) return GiveUp(transfer, request);
     if (transfer.messages().IsWhole()) {
       if (!transfer.waits().WaitSeconds(request.answer_pause_s)) return false;
-      transfer.Finished();
+      transfer.report().Finished();
       return true;
     }
     if (++errors == kMostErrors) return GiveUp(transfer, request);
-    if (!transfer.messages().SendIdle()) return transfer.Fail(kCheckConnection);
+    if (!transfer.messages().SendIdle()) return transfer.report().Fail(kCheckConnection);
   }
   return false;
 }

@@ -23,9 +23,9 @@ bool GetSection(Transfer& transfer, const Section& section) {
 bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout) {
   const MessageState& state = transfer.messages().state();
   if (state.received_size != layout.size) {
-    transfer.log().Line("section " + std::to_string(section.number) + ": " +
-                        std::to_string(state.received_size) + " bytes received, expected " +
-                        std::to_string(layout.size));
+    transfer.parts().log.Line("section " + std::to_string(section.number) + ": " +
+                              std::to_string(state.received_size) + " bytes received, expected " +
+                              std::to_string(layout.size));
   }
   const std::span<const std::uint8_t> bytes = transfer.messages().section_image().bytes();
   const ImageReader image(bytes.first(static_cast<std::size_t>(layout.size)));
@@ -34,16 +34,16 @@ bool Decode(Transfer& transfer, const Section& section, const WireLayout& layout
     layout.decode(image, edit);
     cut = TooLongLists(edit);
   });
-  for (const std::string& line : cut) transfer.Note(line);
-  return written.ok() || transfer.Fail(written.message());
+  for (const std::string& line : cut) transfer.report().Note(line);
+  return written.ok() || transfer.report().Fail(written.message());
 }
 
 bool GetSections(Transfer& transfer) {
-  const int version = transfer.version();
+  const int version = transfer.version;
   for (const Section* section : ReadPlan(version)) {
     const WireLayout* layout = section->LayoutAt(version, Direction::kLoad);
     if (!GetSection(transfer, *section) || !Decode(transfer, *section, *layout)) return false;
-    transfer.Progress(section->number, kBarEnd);
+    transfer.report().Progress(section->number, kBarEnd);
   }
   return transfer.waits().WaitSeconds(kAnswerPause_s);  // earlier requests had a longer pause before them
 }
@@ -61,11 +61,11 @@ std::int64_t BytesOfLoad(int version) {
 bool RunLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kLoadWords)) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
-  transfer.Progress(0, kBarEnd);
-  transfer.BeginPace(BytesOfLoad(transfer.version()));
+  transfer.report().Progress(0, kBarEnd);
+  transfer.pace().BeginTransfer(BytesOfLoad(transfer.version));
   if (!GetSections(transfer)) return false;
-  transfer.Progress(kBarEnd, kBarEnd);
-  transfer.EndPace();
+  transfer.report().Progress(kBarEnd, kBarEnd);
+  transfer.pace().EndTransfer();
   return EndLoading(transfer, "Get All Config Finished", start_ms);
 }
 
@@ -73,7 +73,7 @@ bool RunLoad(Transfer& transfer) {
 
 bool LoadConfiguration(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion) || !BeginTemporary(transfer)) return false;
-  transfer.Begin(TransferDirection::kLoad, "Load Data Config");
+  transfer.Begin("Load Data Config");
   const bool loaded = RunLoad(transfer);
   // Release the line while the user decides where to store the project.
   transfer.CleanUp();

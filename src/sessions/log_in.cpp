@@ -13,13 +13,9 @@ constexpr std::string_view kModeOkDots = "..............................";
 constexpr std::string_view kModeFailedDots = "............................";
 
 bool SetMode(Transfer& transfer, const LogInWords& words) {
-  transfer.Start("Send set mode...");
-  if (transfer.messages().SendSetMode(words.mode)) {
-    transfer.Finished(kModeOkDots);
-    return true;
-  }
-  transfer.Failed(kModeFailedDots);
-  return transfer.Fail(words.set_mode_failed);
+  transfer.report().Start("Send set mode...");
+  const bool set = transfer.messages().SendSetMode(words.mode);
+  return transfer.report().End(set, words.set_mode_failed, kModeOkDots, kModeFailedDots);
 }
 
 /** Sets the mode back to normal on the way out; a refusal no longer matters. */
@@ -29,9 +25,10 @@ void BackToNormal(Transfer& transfer) {
   }
 }
 
-bool AskPassword(Transfer& transfer, bool mode_is_set) {
+bool AskPassword(Transfer& transfer, const LogInWords& words) {
+  bool mode_is_set = !words.password_first;
   {
-    PasswordForm form(transfer);
+    PasswordForm form(transfer, words.mode);
     transfer.view().ShowPassword(form);
     if (form.passed()) return true;
     mode_is_set = mode_is_set || form.tried();
@@ -44,13 +41,12 @@ bool LearnVersion(Transfer& transfer, const LogInWords& words) {
   transfer.messages().state().version_came = false;
   transfer.messages().state().error_came = false;
   if (!transfer.messages().GetVersion()) {
-    transfer.LogLine(words.version_failed_line);
-    return transfer.Fail(words.version_failed_box);
+    return transfer.report().FailWithLine(words.version_failed_line, words.version_failed_box);
   }
   const int version = transfer.messages().state().pbx_version;
-  transfer.set_version(version);
+  transfer.version = version;
   const std::string shown = words.grouped_version ? FormatGrouped(version) : FormatHundredths(version);
-  transfer.LogLine(std::string(words.version_line) + shown);
+  transfer.report().LogLine(std::string(words.version_line) + shown);
   return true;
 }
 
@@ -58,24 +54,24 @@ bool LearnVersion(Transfer& transfer, const LogInWords& words) {
 
 bool LogIn(Transfer& transfer, const LogInWords& words) {
   if (!words.password_first && !SetMode(transfer, words)) return false;
-  if (!AskPassword(transfer, !words.password_first)) return false;
+  if (!AskPassword(transfer, words)) return false;
   if (words.password_first && !SetMode(transfer, words)) return false;
   if (!LearnVersion(transfer, words)) return false;
-  const int version = transfer.version();
+  const int version = transfer.version;
   if (version >= words.lowest_version && version <= words.highest_version) return true;
   const std::string_view why = version < words.lowest_version ? words.too_old : words.too_new;
-  if (words.words_before_normal) transfer.LogLine(why);
+  if (words.words_before_normal) transfer.report().LogLine(why);
   BackToNormal(transfer);
-  if (!words.words_before_normal) transfer.LogLine(why);
-  return transfer.Fail(why);
+  if (!words.words_before_normal) transfer.report().LogLine(why);
+  return transfer.report().Fail(why);
 }
 
 bool EndSending(Transfer& transfer, std::string_view refused_box, std::string_view refused_line) {
   if (!transfer.messages().SendSetMode(ExchangeMode::kNormal)) {
-    if (!refused_line.empty()) transfer.LogLine(refused_line);
-    return transfer.Fail(refused_box);
+    if (!refused_line.empty()) transfer.report().LogLine(refused_line);
+    return transfer.report().Fail(refused_box);
   }
-  if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());
+  if (transfer.transport().port == PortKind::kModem) EndModemCall(transfer.line());
   return true;
 }
 

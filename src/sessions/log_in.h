@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "sections/registry.h"
 #include "sessions/transfer.h"
 #include "sessions/uses.h"
 
@@ -22,8 +23,8 @@ struct LogInWords {
   std::string_view version_line = "Version : ";
   bool grouped_version = true;  // shows the version in "#,###.00", otherwise in "##0.00"
   bool password_first = false;  // the password form, which sets the mode itself, comes before the mode
-  int lowest_version = 100;
-  int highest_version = 110;
+  int lowest_version = kLowestVersion;
+  int highest_version = kHighestVersion;
   std::string_view too_old = kSoftwareTooOld;  // shown below the lowest version
   std::string_view too_new = kSoftwareTooOld;  // shown above the highest version
   bool words_before_normal = false;  // show them before the exchange is set back to normal, otherwise after

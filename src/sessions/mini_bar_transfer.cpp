@@ -8,21 +8,22 @@
 #include "sessions/get_whole.h"
 #include "sessions/log_in.h"
 #include "sessions/open_connection.h"
+#include "sessions/send_section.h"
 #include "sessions/store_loaded.h"
 #include "store/whole_write.h"
 
 namespace tarvok::sessions {
 namespace {
 
-constexpr int kLowestVersion = 106;
+constexpr int kMiniBarFrom = 106;
 constexpr int kNoHighestVersion = 65535;
 constexpr std::string_view kSendFailed = "Sending Mini Bar Failed (RE)";
 
 /** For each record: the two bytes of the request, the name and the price. */
-constexpr std::int64_t kBytesOfLoad = kMiniBarRows * (2 + 22);
+constexpr std::int64_t kBytesOfLoad = kMiniBarRows * (2 + kMiniBarLoaded);
 
 constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
-                                   .lowest_version = kLowestVersion,
+                                   .lowest_version = kMiniBarFrom,
                                    .highest_version = kNoHighestVersion,
                                    .too_old = "EPROM is old version, Please contact vender for upgrade.",
                                    .words_before_normal = true};
@@ -30,35 +31,32 @@ constexpr LogInWords kSendWords = {.mode = ExchangeMode::kMiniBar,
 constexpr LogInWords LoadWords() {
   LogInWords words = kLoadWords;
   words.mode = ExchangeMode::kMiniBar;
-  words.lowest_version = kLowestVersion;
+  words.lowest_version = kMiniBarFrom;
   words.too_old = "Eprom is old version, Please contact vender for upgrade software.";
   return words;
 }
 
 bool SendRecords(Transfer& transfer) {
-  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  const std::shared_ptr<const IniText> project = ProjectToSend(transfer);
   if (project == nullptr) return false;
-  transfer.Start("Sending Mini Bar data...");
+  transfer.report().Start("Sending Mini Bar data...");
   for (int number = 1; number <= kMiniBarRows; ++number) {
     ImageWriter record(kMiniBarRecordSize);
     EncodeMiniBarRecord(*project, number, record);
     if (!record.ok() || !transfer.messages().SendMiniBar(number - 1, record.bytes())) {
-      transfer.Failed();
-      if (!record.ok()) {
-        transfer.LogLine(record.error());
-        transfer.log().Line(record.error());
-      }
-      return transfer.Fail(kSendFailed);
+      transfer.report().Failed();
+      if (!record.ok()) transfer.report().LogBoth(record.error());
+      return transfer.report().Fail(kSendFailed);
     }
-    transfer.Progress(number, kMiniBarRows);
+    transfer.report().Progress(number, kMiniBarRows);
   }
-  transfer.Finished();
+  transfer.report().Finished();
   return true;
 }
 
 bool RunMiniBarSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kSendWords) || !SendRecords(transfer)) return false;
-  transfer.LogLine("Send Mini Bar Data Config Finished !!!");
+  transfer.report().LogLine("Send Mini Bar Data Config Finished !!!");
   return EndSending(transfer, "Set Mode Failed (RE)");
 }
 
@@ -77,7 +75,7 @@ bool GetRecords(Transfer& transfer, std::vector<Loaded>& records) {
     if (!GetWhole(transfer, request)) return false;
     const MessageState& state = transfer.messages().state();
     records.push_back({state.mini_bar_name, state.mini_bar_count});
-    transfer.Progress(number, kMiniBarRows);
+    transfer.report().Progress(number, kMiniBarRows);
   }
   return true;
 }
@@ -86,16 +84,16 @@ bool RunMiniBarLoad(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, LoadWords())) return false;
   const std::int64_t start_ms = transfer.parts().events.Tick_ms();
   std::vector<Loaded> records;
-  transfer.BeginPace(kBytesOfLoad);
+  transfer.pace().BeginTransfer(kBytesOfLoad);
   if (!GetRecords(transfer, records)) return false;
-  transfer.EndPace();
+  transfer.pace().EndTransfer();
   const Status stored = UpdateTemporary(transfer, [&](IniEdit& edit) {
     for (int number = 1; number <= kMiniBarRows; ++number) {
       const Loaded& record = records[static_cast<std::size_t>(number) - 1];
       DecodeMiniBarRecord(record.name, record.price, number, edit);
     }
   });
-  if (!stored.ok()) return transfer.Fail(stored.message());
+  if (!stored.ok()) return transfer.report().Fail(stored.message());
   return EndLoading(transfer, "Get All Config Finished.", start_ms);
 }
 
@@ -105,26 +103,26 @@ bool RunMiniBarLoad(Transfer& transfer) {
 bool CopyToTemporary(Transfer& transfer) {
   FileSystem& files = transfer.store().files();
   const Result<std::string> open = files.Read(transfer.parts().project_file);
-  if (!open.ok()) return transfer.Fail(open.status().message());
-  const Status copied = WriteWhole(files, transfer.temporary()->path(), open.value(), Flush::kLater);
-  return copied.ok() || transfer.Fail(copied.message());
+  if (!open.ok()) return transfer.report().Fail(open.status().message());
+  const Status copied = WriteWhole(files, transfer.temporary->path(), open.value(), Flush::kLater);
+  return copied.ok() || transfer.report().Fail(copied.message());
 }
 
 }  // namespace
 
 bool SendMiniBarList(Transfer& transfer) {
   if (!transfer.view().Ask("Do you want to send data Mini Bar?")) return false;
-  transfer.Begin(TransferDirection::kWriteMiniBar, "Send Mini Bar");
+  transfer.Begin("Send Mini Bar");
   const bool sent = RunMiniBarSend(transfer);
   transfer.CleanUp();
-  if (sent) transfer.Box(BoxKind::kInformation, "Send Mini Bar Data Config Finished");
+  if (sent) transfer.report().Box(BoxKind::kInformation, "Send Mini Bar Data Config Finished");
   return sent;
 }
 
 bool LoadMiniBarList(Transfer& transfer) {
   if (!transfer.view().Ask(kLoadQuestion)) return false;
   if (!BeginTemporary(transfer) || !CopyToTemporary(transfer)) return false;
-  transfer.Begin(TransferDirection::kLoad, "Load MiniBar");
+  transfer.Begin("Load MiniBar");
   const bool loaded = RunMiniBarLoad(transfer);
   transfer.CleanUp();
   if (loaded) AdviseAnotherLoad(transfer);

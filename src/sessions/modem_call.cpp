@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "sessions/open_connection.h"
+#include "sessions/session_words.h"
 
 namespace tarvok::sessions {
 namespace {
@@ -27,13 +28,13 @@ void SetControlLines(ExchangeLine& line, bool on) {
 
 bool OpenModemPort(Transfer& transfer) {
   transfer.line().line().Close();
-  transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port_modem, kModemLine));
+  transfer.line().Take(transfer.parts().ports.OpenSerial(transfer.settings().ModemPort(), kModemLine));
   if (!transfer.line().line().IsOpen()) {
-    transfer.Failed(kOpenDots);
-    return transfer.Fail(kPortFailed, PortReason(transfer));
+    transfer.report().Failed(kOpenDots);
+    return transfer.report().Fail(kPortFailed, PortReason(transfer));
   }
   SetControlLines(transfer.line(), true);
-  transfer.Finished(kOpenDots);
+  transfer.report().Finished(kOpenDots);
   return true;
 }
 
@@ -44,7 +45,7 @@ bool OpenModemPort(Transfer& transfer) {
 bool SetUpModem(Transfer& transfer) {
   ExchangeLine& line = transfer.line();
   line.modem() = {};
-  transfer.LogLine("Dialing...");
+  transfer.report().LogLine("Dialing...");
   Write(line, "\rATH0");
   if (!transfer.waits().WaitSeconds(1)) return false;
   Write(line, "\rATZ");
@@ -53,13 +54,8 @@ bool SetUpModem(Transfer& transfer) {
   Write(line, "\rATH1");
   if (!transfer.waits().WaitSeconds(1)) return false;
   if (line.modem().result == ModemReply::kOk) return true;
-  transfer.LogLine(kNoModem);
+  transfer.report().LogLine(kNoModem);
   return false;
-}
-
-bool FailWith(Transfer& transfer, std::string_view line, std::string_view box) {
-  transfer.LogLine(line);
-  return transfer.Fail(box);
 }
 
 /** The modem's own line, without its leading line feed. */
@@ -77,21 +73,35 @@ bool Dial(Transfer& transfer) {
   if (transfer.waits().aborted()) return false;
   switch (modem.result) {
     case ModemReply::kConnect:
-      transfer.LogLine(ConnectWords(modem));
+      transfer.report().LogLine(ConnectWords(modem));
       return true;
     case ModemReply::kNone:
-      return transfer.FailInLog(kNoModemInTime);
+      return transfer.report().FailInLog(kNoModemInTime);
     case ModemReply::kBusy:
-      return FailWith(transfer, "Error : Line Busy", "LINE BUSY");
+      return transfer.report().FailWithLine("Error : Line Busy", "LINE BUSY");
     case ModemReply::kNoCarrier:
-      return FailWith(transfer, "Error : No Carrier", "NO CARRIER");
+      return transfer.report().FailWithLine("Error : No Carrier", "NO CARRIER");
     case ModemReply::kNoDialTone:
-      return FailWith(transfer, "Error : No Dial Tone", "NO DIAL TONE");
+      return transfer.report().FailWithLine("Error : No Dial Tone", "NO DIAL TONE");
     case ModemReply::kOk:
-      return transfer.FailInLog("MODEM OK");
+      return transfer.report().FailInLog("MODEM OK");
     default:
-      return FailWith(transfer, kNoModem, kNoModem);
+      return transfer.report().FailWithLine(kNoModem, kNoModem);
   }
+}
+
+/** Dials over the open port and sets up the link. */
+bool Call(Transfer& transfer) {
+  const bool ready = SetUpModem(transfer);
+  if (!ready || !Dial(transfer)) {
+    HangUpModem(transfer.line());
+    transfer.line().line().Close();
+    return ready || transfer.waits().aborted() ? false : transfer.report().Fail(kNoModem);
+  }
+  if (!transfer.waits().WaitSeconds(1)) return false;
+  transfer.line().link().Init(1, 0);
+  [[maybe_unused]] const bool answered = transfer.line().link().Establish();
+  return transfer.waits().WaitSeconds(1);
 }
 
 }  // namespace
@@ -107,19 +117,12 @@ void EndModemCall(ExchangeLine& line) {
 }
 
 bool CallByModem(Transfer& transfer) {
-  if (transfer.settings().tel.empty()) return transfer.FailInLog(kNoTelephone);
+  if (transfer.settings().tel.empty()) return transfer.report().FailInLog(kNoTelephone);
   if (!OpenModemPort(transfer)) return false;
-  const Transfer::Calling calling(transfer);
-  const bool ready = SetUpModem(transfer);
-  if (!ready || !Dial(transfer)) {
-    HangUpModem(transfer.line());
-    transfer.line().line().Close();
-    return ready || transfer.waits().aborted() ? false : transfer.Fail(kNoModem);
-  }
-  if (!transfer.waits().WaitSeconds(1)) return false;
-  transfer.line().link().Init(1, 0);
-  [[maybe_unused]] const bool answered = transfer.line().link().Establish();
-  return transfer.waits().WaitSeconds(1);
+  transfer.calling = true;
+  const bool called = Call(transfer);
+  transfer.calling = false;
+  return called;
 }
 
 }  // namespace tarvok::sessions

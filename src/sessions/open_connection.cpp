@@ -1,6 +1,7 @@
 #include "sessions/open_connection.h"
 
 #include "sessions/modem_call.h"
+#include "sessions/session_words.h"
 
 namespace tarvok::sessions {
 namespace {
@@ -11,35 +12,29 @@ constexpr std::string_view kCheckDots = ".................";
 
 bool OpenSerial(Transfer& transfer) {
   if (!OpenSerialPort(transfer)) {
-    transfer.Failed(kPortFailedDots);
-    return transfer.Fail(kPortFailed, PortReason(transfer));
+    transfer.report().Failed(kPortFailedDots);
+    return transfer.report().Fail(kPortFailed, PortReason(transfer));
   }
-  transfer.Finished(kPortOkDots);
+  transfer.report().Finished(kPortOkDots);
   return true;
 }
 
 bool EstablishLink(Transfer& transfer) {
-  if (transfer.line().link().Establish()) return true;
-  transfer.LogLine(kNotEstablished);
-  return transfer.Fail(kCheckConnection);
+  return transfer.line().link().Establish() ||
+         transfer.report().FailWithLine(kNotEstablished, kCheckConnection);
 }
 
 bool CheckConnection(Transfer& transfer) {
-  transfer.Start("Check your connection...");
+  transfer.report().Start("Check your connection...");
   // Mark the modem's result as used; a later text line will show as a change.
   transfer.line().modem().result = 10;
-  if (transfer.messages().SendIdle()) {
-    transfer.Finished(kCheckDots);
-    return true;
-  }
-  transfer.Failed(kCheckDots);
-  return transfer.Fail(kCheckConnection);
+  return transfer.report().End(transfer.messages().SendIdle(), kCheckConnection, kCheckDots, kCheckDots);
 }
 
 bool OpenByModem(Transfer& transfer) {
   if (!CallByModem(transfer)) return false;
   if (transfer.messages().SendIdle()) return true;
-  const bool failed = transfer.Fail(kCheckConnection);
+  const bool failed = transfer.report().Fail(kCheckConnection);
   HangUpModem(transfer.line());
   return failed;
 }
@@ -62,31 +57,32 @@ bool OpenSerialPort(Transfer& transfer) {
   // A failed section leaves its port open, and a device can be opened only once.
   transfer.line().line().Close();
   const std::optional<LineSettings> settings = SerialLine(transfer.settings());
-  if (settings) transfer.line().Take(transfer.ports().OpenSerial(transfer.settings().port, *settings));
+  if (settings)
+    transfer.line().Take(transfer.parts().ports.OpenSerial(transfer.settings().SerialPort(), *settings));
   return transfer.line().line().IsOpen();
 }
 
 bool OpenSocket(Transfer& transfer) {
   const ConnectionSettings& settings = transfer.settings();
-  if (settings.ip_host.empty() || settings.ip_port.empty()) return transfer.FailInLog(kNoAddress);
-  transfer.line().Take(transfer.ports().ConnectTcp(settings.ip_host, settings.ip_port));
+  if (settings.ip_host.empty() || settings.ip_port.empty()) return transfer.report().FailInLog(kNoAddress);
+  transfer.line().Take(transfer.parts().ports.Connect(settings));
   const Port* port = transfer.line().line().port();
   transfer.waits().Until([&] { return port->state() != PortState::kConnecting; }, EventServer::kForever);
   if (port->state() != PortState::kOpen) {
-    return transfer.FailInLog("Cannot connect to " + settings.ip_host, PortReason(transfer));
+    return transfer.report().FailInLog("Cannot connect to " + settings.ip_host, PortReason(transfer));
   }
-  transfer.LogLine("Connected [" + settings.ip_host + "]");
+  transfer.report().LogLine("Connected [" + settings.ip_host + "]");
   return true;
 }
 
 bool OpenConnection(Transfer& transfer) {
-  const LinkMode mode = transfer.mode();
-  if (!UsesSocket(mode)) transfer.Start("Initial COM Port...");
-  if (mode == LinkMode::kModem) return OpenByModem(transfer);
-  const bool open = mode == LinkMode::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
+  const PortKind port = transfer.transport().port;
+  if (port != PortKind::kSocket) transfer.report().Start("Initial COM Port...");
+  if (port == PortKind::kModem) return OpenByModem(transfer);
+  const bool open = port == PortKind::kSerial ? OpenSerial(transfer) : OpenSocket(transfer);
   if (!open) return false;
   transfer.line().link().Init(1, 0);
-  return !UsesFrames(mode) || (EstablishLink(transfer) && CheckConnection(transfer));
+  return transfer.transport().wire != Wire::kLink || (EstablishLink(transfer) && CheckConnection(transfer));
 }
 
 }  // namespace tarvok::sessions

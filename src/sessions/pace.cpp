@@ -60,4 +60,43 @@ std::string Pace::End(std::int64_t done_bytes, std::int64_t tick_ms) const {
   return text;
 }
 
+void PaceMeter::Start() {
+  elapsed_s_ = 0;
+  pace_.reset();
+  timer_ = waits_.events().StartTimer(static_cast<int>(kSecond_ms), [this] { OnSecond(); });
+}
+
+void PaceMeter::Stop() {
+  if (std::exchange(pace_, std::nullopt)) view_.ShowPace({});
+  waits_.events().StopTimer(std::exchange(timer_, 0));
+}
+
+void PaceMeter::BeginTransfer(std::int64_t bytes) {
+  bytes_before_ = 0;
+  bytes_before_ = BytesThrough();
+  pace_.emplace(bytes, line_bps_, Tick_ms());
+}
+
+void PaceMeter::EndTransfer() {
+  if (pace_ && !waits_.aborted()) view_.ShowPace(pace_->End(BytesThrough(), Tick_ms()));
+  pace_.reset();
+}
+
+void PaceMeter::OnSecond() {
+  view_.Elapsed(++elapsed_s_);
+  if (!pace_) return;
+  const std::int64_t now_ms = Tick_ms();
+  view_.ShowPace(pace_->Now(BytesThrough(), now_ms));
+  if (!pace_->FallsSilent(BytesThrough(), now_ms)) return;
+  // The wait for the rest of a section has no time limit: a lost byte stops it just as a dead line does.
+  view_.Advise(waits_.without_end()
+                   ? "Nothing received for 15 seconds. If this continues, the rest may be lost: give up and "
+                     "start again."
+                   : "Nothing received for 15 seconds. If this continues, the session ends by itself.");
+}
+
+std::int64_t PaceMeter::BytesThrough() const {
+  return counted_.bytes_sent + counted_.bytes_taken - bytes_before_;
+}
+
 }  // namespace tarvok::sessions

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
+#include "link/statistics.h"
+#include "link/waits.h"
+#include "sessions/session_view.h"
 #include "sessions/uses.h"
 
 namespace tarvok::sessions {
@@ -35,6 +39,42 @@ class Pace {
   std::int64_t moved_bytes_ = 0;  // progress when it last increased,
   std::int64_t moved_ms_;         // and the time of that increase
   bool silent_ = false;
+};
+
+/** The clock of a session: shows each second how long it has run and how fast a transfer goes. */
+class PaceMeter {
+ public:
+  /** `line_bps` is the speed of the serial line, or 0 if it is unknown. */
+  PaceMeter(Waits& waits, SessionView& view, const TransferStatistics& counted, int line_bps)
+      : waits_(waits), view_(view), counted_(counted), line_bps_(line_bps) {}
+
+  /** Starts the clock at 0 when a session begins. */
+  void Start();
+  /** Stops it. A transfer that did not complete has no pace. */
+  void Stop();
+  bool is_running() const { return timer_ != 0; }
+
+  /**
+   * From now on the view shows how fast `bytes` get through: payload of outgoing messages plus bytes of
+   * incoming sections. It also advises the user if nothing gets through for long.
+   */
+  void BeginTransfer(std::int64_t bytes);
+  /** Call when all is through: the view shows the speed and the share of the line. */
+  void EndTransfer();
+
+ private:
+  void OnSecond();
+  std::int64_t BytesThrough() const;
+  std::int64_t Tick_ms() { return waits_.events().Tick_ms(); }
+
+  Waits& waits_;
+  SessionView& view_;
+  const TransferStatistics& counted_;
+  int line_bps_;
+  EventServer::TimerId timer_ = 0;
+  int elapsed_s_ = 0;
+  std::optional<Pace> pace_;
+  std::int64_t bytes_before_ = 0;
 };
 
 /** Minutes and seconds, such as "2:06". */

@@ -13,17 +13,6 @@ namespace {
 constexpr int kMostTries = 3;
 constexpr int kCheckInterval_ms = 1000;
 
-/**
- * The mode that an attempt sets again, by form. A mini bar send from the configuration form needs the mini
- * bar's mode.
- */
-ExchangeMode ModeOf(const Transfer& transfer) {
-  if (transfer.form() == TransferForm::kBilling) return ExchangeMode::kBilling;
-  const bool mini_bar =
-      transfer.form() == TransferForm::kMiniBar || transfer.direction() == TransferDirection::kWriteMiniBar;
-  return mini_bar ? ExchangeMode::kMiniBar : ExchangeMode::kConfiguration;
-}
-
 std::string_view LastWordsOf(TransferForm form) {
   switch (form) {
     case TransferForm::kBilling:
@@ -50,7 +39,7 @@ bool Send(std::string_view password, const std::function<bool(const PackedPasswo
 
 }  // namespace
 
-PasswordForm::PasswordForm(Transfer& transfer) : transfer_(transfer) {
+PasswordForm::PasswordForm(Transfer& transfer, ExchangeMode mode) : transfer_(transfer), mode_(mode) {
   transfer_.messages().state().stop_on_error = true;
   error_timer_ = transfer_.waits().events().StartTimer(kCheckInterval_ms, [this] { CheckResponseError(); });
 }
@@ -68,7 +57,7 @@ PasswordForm::~PasswordForm() {
 void PasswordForm::Ok() {
   if (!open_ || busy_) return;
   if (!PackPassword(password)) {
-    transfer_.Box(BoxKind::kInformation, "Please enter password");
+    transfer_.report().Box(BoxKind::kInformation, "Please enter password");
     return;
   }
   if (!NewPasswordsFit()) return;
@@ -81,11 +70,11 @@ bool PasswordForm::NewPasswordsFit() {
   for (const NewPassword& level : levels) {
     if (!changes_passwords || !level.changes) continue;
     if (level.password != level.retyped) {
-      transfer_.Box(BoxKind::kInformation, "New password doesn't match");
+      transfer_.report().Box(BoxKind::kInformation, "New password doesn't match");
       return false;
     }
     if (!PackPassword(level.password)) {
-      transfer_.Box(BoxKind::kInformation, "Please input password");
+      transfer_.report().Box(BoxKind::kInformation, "Please input password");
       return false;
     }
   }
@@ -96,10 +85,9 @@ void PasswordForm::Check() {
   ++wrong_tries_;
   MessageLayer& messages = transfer_.messages();
   messages.state().error_came = false;
-  if (!messages.SendSetMode(ModeOf(transfer_))) {
-    transfer_.LogLine("Send set mode (psw)..........................Failed");
-    [[maybe_unused]] const bool failed = transfer_.Fail("Change to set mode failed (RE)");
-    Close(false);
+  if (!messages.SendSetMode(mode_)) {
+    transfer_.report().LogLine("Send set mode (psw)..........................Failed");
+    Close(transfer_.report().Fail("Change to set mode failed (RE)"));
   } else if (Send(password, [&](const PackedPassword& packed) { return messages.CheckPassword(packed); })) {
     SendNewPasswords();
   } else {
@@ -116,26 +104,25 @@ void PasswordForm::SendNewPasswords() {
     };
     if (Send(levels[i].password, send)) continue;
     if (transfer_.form() == TransferForm::kBilling) {
-      transfer_.LogLine("Update New Password Error. Try again");
+      transfer_.report().LogLine("Update New Password Error. Try again");
     } else {
-      transfer_.LogLine("Err: Update New Password Error");
-      transfer_.LogLine("Check your connection and try again.");
+      transfer_.report().LogLine("Err: Update New Password Error");
+      transfer_.report().LogLine("Check your connection and try again.");
     }
-    [[maybe_unused]] const bool failed = transfer_.Fail("Update New Password Error");
-    Close(false);
+    Close(transfer_.report().Fail("Update New Password Error"));
     return;
   }
   Close(true);
 }
 
 void PasswordForm::WrongPassword(std::string_view last_words) {
-  [[maybe_unused]] const bool failed = transfer_.Fail("Password incorrect");
+  [[maybe_unused]] const bool failed = transfer_.report().Fail("Password incorrect");
   Wipe(password);
   if (transfer_.waits().aborted()) {
     Close(false);
   } else if (wrong_tries_ >= kMostTries) {
-    transfer_.LogLine(last_words);
-    transfer_.LogLine("Please contact vender.");
+    transfer_.report().LogLine(last_words);
+    transfer_.report().LogLine("Please contact vender.");
     Close(false);
   }
 }
@@ -149,8 +136,7 @@ void PasswordForm::CheckResponseError() {
 
 void PasswordForm::Cancel() {
   if (!open_ || busy_) return;
-  [[maybe_unused]] const bool failed = transfer_.FailInLog("User cancel");
-  Close(false);
+  Close(transfer_.report().FailInLog("User cancel"));
 }
 
 void PasswordForm::Close(bool passed) {

@@ -17,8 +17,6 @@ namespace tarvok::sessions {
  */
 class PasswordForm {
  public:
-  static constexpr int kLevels = 3;
-
   /** A new password for a level, typed twice. */
   struct NewPassword {
     bool changes = false;
@@ -26,14 +24,15 @@ class PasswordForm {
     std::string retyped;
   };
 
-  explicit PasswordForm(Transfer& transfer);
+  /** `mode` is the mode of the session; every attempt sets it again. */
+  PasswordForm(Transfer& transfer, ExchangeMode mode);
   ~PasswordForm();
   PasswordForm(const PasswordForm&) = delete;
   PasswordForm& operator=(const PasswordForm&) = delete;
 
   std::string password;            // the password, digits only
   bool changes_passwords = false;  // "Change Password"
-  std::array<NewPassword, kLevels> levels;
+  std::array<NewPassword, kPasswordLevels> levels;
 
   /** Called for the button OK. */
   void Ok();
@@ -44,7 +43,7 @@ class PasswordForm {
   static bool Accepts(char key) { return key >= '0' && key <= '9'; }
 
   bool open() const { return open_; }
-  /** True after a first attempt, which sets the exchange to the form's mode. */
+  /** True after a first attempt, which sets the exchange to the mode. */
   bool tried() const { return wrong_tries_ > 0; }
   /** True if the log-in succeeded. */
   bool passed() const { return passed_; }
@@ -58,6 +57,7 @@ class PasswordForm {
   void Close(bool passed);
 
   Transfer& transfer_;
+  ExchangeMode mode_;
   int wrong_tries_ = 0;
   bool busy_ = false;  // an attempt is running and handles errors itself; the timer must not
   bool open_ = true;

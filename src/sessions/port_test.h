@@ -15,8 +15,7 @@ inline constexpr int kPortTestSize = 27500;
 /** A random whole number, at least `low` and below `high`. For experiments; no session uses it. */
 int Rand(int low, int high);
 
-// Functions to test a serial line, which no form shows in normal use. Files are in `folder`, the program's
-// folder.
+// To test a serial line on the bench; no form or command offers it. Files are in `folder`, the program's folder.
 
 /** Sends "temp.txt" as section 4. */
 bool SendPortTest(Transfer& transfer, const std::string& folder);

@@ -17,34 +17,32 @@ constexpr std::string_view kFailedDots = "..................";
 /** A section with a session of its own, and the texts of that session. */
 struct Alone {
   int section;
-  TransferDirection direction;
   std::string_view question;
   std::string_view last_line;
   std::string_view last_box;
 };
 
-constexpr Alone kLinkTable = {37, TransferDirection::kWriteLinkTable,
-                              "Do you want to send data PBX Link Table?",
+constexpr Alone kLinkTable = {37, "Do you want to send data PBX Link Table?",
                               "Sending All Data Config Finished !!!", "Send All Data Config Finished"};
-constexpr Alone kIpAddress = {44, TransferDirection::kWriteIp, "Do you want to send new address PBX?",
-                              "Send  Data Finished !!!", "Send Data Finished"};
+constexpr Alone kIpAddress = {44, "Do you want to send new address PBX?", "Send  Data Finished !!!",
+                              "Send Data Finished"};
 
-bool Tell(Transfer& transfer, const Section& section, const Alone& alone) {
+bool RunSendAlone(Transfer& transfer, const Section& section, const Alone& alone) {
   if (!OpenConnection(transfer) || !LogIn(transfer, kPartWords)) return false;
-  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  const std::shared_ptr<const IniText> project = ProjectToSend(transfer);
   if (project == nullptr) return false;
   std::vector<std::uint8_t> image;
   if (!SendSection(transfer, section, *project, image, kOkDots, kFailedDots)) return false;
-  transfer.LogLine(alone.last_line);
+  transfer.report().LogLine(alone.last_line);
   return EndSending(transfer, "Set Mode Failed (RE)");
 }
 
 bool SendAlone(Transfer& transfer, const Alone& alone) {
   if (!transfer.view().Ask(alone.question)) return false;
-  transfer.Begin(alone.direction, "Send PBX Link Table");  // the new address uses the same heading
-  const bool sent = Tell(transfer, *FindSection(alone.section), alone);
+  transfer.Begin("Send PBX Link Table");  // the new address uses the same heading
+  const bool sent = RunSendAlone(transfer, *FindSection(alone.section), alone);
   transfer.CleanUp();
-  if (sent) transfer.Box(BoxKind::kInformation, alone.last_box);
+  if (sent) transfer.report().Box(BoxKind::kInformation, alone.last_box);
   return sent;
 }
 

@@ -18,15 +18,15 @@ enum class End { kDone, kFailed, kFailedSection };
 
 /** Asks, with the compare check box, and stores the box's state in the project. */
 bool AskBefore(Transfer& transfer) {
-  bool compare = transfer.settings().compare;
+  bool compare = transfer.settings().Compares();
   if (!transfer.view().AskWithCompare("Do you want to send data config?", compare)) return false;
-  transfer.set_compare(compare);
-  const std::string value = compare ? "1" : "";
+  transfer.settings().compare = compare ? "1" : "";
+  const std::string& value = transfer.settings().compare;
+  const std::string_view key = KeyName(&ConnectionSettings::compare);
   const std::string& project = transfer.parts().project_file;
-  if (transfer.store().GetIniValue(project, kHeaderSection, connection_key::kCompare) == value) return true;
-  const Status stored =
-      transfer.store().SetIniValue(project, kHeaderSection, connection_key::kCompare, value);
-  if (!stored.ok()) transfer.Box(BoxKind::kCritical, stored.message());
+  if (transfer.store().GetIniValue(project, kHeaderSection, key) == value) return true;
+  const Status stored = transfer.store().SetIniValue(project, kHeaderSection, key, value);
+  if (!stored.ok()) transfer.report().Box(BoxKind::kCritical, stored.message());
   return true;
 }
 
@@ -49,21 +49,17 @@ std::int64_t BytesOfSend(int version, bool compare) {
 }
 
 bool SendClock(Transfer& transfer) {
-  transfer.Start(kTimeProgress);
-  if (!transfer.messages().SendTime()) {
-    transfer.Failed();
-    return transfer.Fail(kTimeFailed);
-  }
-  transfer.Finished();
-  transfer.Progress(kTimeBar, kBarEnd);
+  transfer.report().Start(kTimeProgress);
+  if (!transfer.report().End(transfer.messages().SendTime(), kTimeFailed)) return false;
+  transfer.report().Progress(kTimeBar, kBarEnd);
   return true;
 }
 
 bool SendSections(Transfer& transfer, const IniText& project) {
   std::vector<std::uint8_t> image;
-  for (const Section* section : SendPlan(transfer.version())) {
+  for (const Section* section : SendPlan(transfer.version)) {
     if (!SendSection(transfer, *section, project, image)) return false;
-    if (section->moves_bar) transfer.Progress(section->number, kBarEnd);
+    if (section->moves_bar) transfer.report().Progress(section->number, kBarEnd);
   }
   return true;
 }
@@ -72,11 +68,11 @@ void ShowStatistics(Transfer& transfer) {
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t ms = counted.send_ms;
   const std::int64_t rate = ms == 0 ? 0 : (counted.bytes_sent * 1000 + ms / 2) / ms;  // bytes per second
-  transfer.LogLine("Byte Sent = " + std::to_string(counted.bytes_sent) + " Bytes");
-  transfer.LogLine("Packat Sent = " + std::to_string(counted.packets_sent) + " PKTs");
-  transfer.LogLine("Response Error = " + std::to_string(counted.response_errors) + " times");
-  transfer.LogLine("Enquiry = " + std::to_string(counted.enquiry_count) + " times");
-  transfer.LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
+  transfer.report().LogLine("Byte Sent = " + std::to_string(counted.bytes_sent) + " Bytes");
+  transfer.report().LogLine("Packat Sent = " + std::to_string(counted.packets_sent) + " PKTs");
+  transfer.report().LogLine("Response Error = " + std::to_string(counted.response_errors) + " times");
+  transfer.report().LogLine("Enquiry = " + std::to_string(counted.enquiry_count) + " times");
+  transfer.report().LogLine("Average Transfer Rate : " + FormatThousandths(rate) + " KBps");
 }
 
 /**
@@ -97,35 +93,35 @@ void AdviseCompare(Transfer& transfer, std::int64_t refused) {
       : late > 0 ? std::to_string(late) + " replies came late, and a repeated reply counts as the next one. "
                  : "The exchange refused " + std::to_string(refused) +
                        " messages, and not all of them were sent again. ";
-  transfer.view().Advise(why + (transfer.version() >= kLowestComparedVersion
+  transfer.view().Advise(why + (transfer.version >= kLowestComparedVersion
                                     ? "Send again with compare."
                                     : "Load the configuration and compare it with the project."));
 }
 
 End RunSend(Transfer& transfer) {
   if (!OpenConnection(transfer) || !LogIn(transfer, {})) return End::kFailed;
-  transfer.Progress(0, kBarEnd);
+  transfer.report().Progress(0, kBarEnd);
   transfer.line().RestartSendTime();
   const TransferStatistics& counted = transfer.line().statistics();
   const std::int64_t refused_before = counted.response_errors;  // wrong passwords
-  const bool comparable = transfer.version() >= kLowestComparedVersion;
-  if (transfer.settings().compare && !comparable) {
-    transfer.Note("Nothing is compared: that requires exchange version " +
-                  FormatGrouped(kLowestComparedVersion) +
-                  " or later. Load the configuration afterwards and compare it with the project.");
+  const bool comparable = transfer.version >= kLowestComparedVersion;
+  if (transfer.settings().Compares() && !comparable) {
+    transfer.report().Note("Nothing is compared: that requires exchange version " +
+                           FormatGrouped(kLowestComparedVersion) +
+                           " or later. Load the configuration afterwards and compare it with the project.");
   }
-  const bool compare = transfer.settings().compare && comparable;
-  transfer.BeginPace(BytesOfSend(transfer.version(), compare));
-  const std::shared_ptr<const IniText> project = transfer.ProjectToSend();
+  const bool compare = transfer.settings().Compares() && comparable;
+  transfer.pace().BeginTransfer(BytesOfSend(transfer.version, compare));
+  const std::shared_ptr<const IniText> project = ProjectToSend(transfer);
   if (project == nullptr) return End::kFailedSection;
   if (compare) {
     if (!SendClock(transfer) || !SendSectionsCompared(transfer, *project)) return End::kFailed;
   } else if (!SendClock(transfer) || !SendSections(transfer, *project)) {
     return End::kFailedSection;
   }
-  transfer.Progress(kBarEnd, kBarEnd);
-  transfer.EndPace();
-  transfer.LogLine("Sending All Data Config Finished !!!");
+  transfer.report().Progress(kBarEnd, kBarEnd);
+  transfer.pace().EndTransfer();
+  transfer.report().LogLine("Sending All Data Config Finished !!!");
   if (!EndSending(transfer, "Set Mode Failed (RE)", "Set Mode to normal ...........................Failed")) {
     return End::kFailed;
   }
@@ -138,14 +134,14 @@ End RunSend(Transfer& transfer) {
 
 bool SendConfiguration(Transfer& transfer) {
   if (!AskBefore(transfer)) return false;
-  transfer.Begin(TransferDirection::kWrite, "Send Data Config");
+  transfer.Begin("Send Data Config");
   const End end = RunSend(transfer);
   if (end == End::kFailedSection) {
     transfer.CleanUpKeepingPort();
   } else {
     transfer.CleanUp();
   }
-  if (end == End::kDone) transfer.Box(BoxKind::kInformation, "Send All Data Config Finished");
+  if (end == End::kDone) transfer.report().Box(BoxKind::kInformation, "Send All Data Config Finished");
   return end == End::kDone;
 }
 

@@ -3,13 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "link/physical_line.h"
 #include "sessions/uses.h"
+#include "store/transport.h"
 
 namespace tarvok::sessions {
-
-/** The purpose of a session. */
-enum class TransferDirection { kLoad, kWrite, kWriteLinkTable, kWriteMiniBar, kWriteIp, kWriteBilling };
 
 inline constexpr std::string_view kLineEnd = "\r\n";
 
@@ -23,7 +20,7 @@ inline constexpr std::string_view kNoModem = "Cannot connect to modem";
 inline constexpr std::string_view kNoModemInTime = "Cannot connect to modem (CW)";
 
 /** The first line of the log window: "### Send Data Config by Serial ###". */
-std::string Heading(std::string_view what, LinkMode mode);
+std::string Heading(std::string_view what, const Transport& transport);
 
 /** The dots that align the result of a progress text in the log window. */
 std::string Dots(std::string_view text);

@@ -37,30 +37,30 @@ Status CopyTo(FileSystem& files, const std::string& from, const std::string& to,
 }  // namespace
 
 bool BeginTemporary(Transfer& transfer) {
-  if (transfer.temporary() != nullptr) transfer.temporary()->Discard();
+  if (transfer.temporary != nullptr) transfer.temporary->Discard();
   Result<std::unique_ptr<TemporaryProject>> made =
       TemporaryProject::Make(transfer.store().files(), transfer.parts().temp_folder);
-  if (!made.ok()) return transfer.Fail(made.status().message());
-  transfer.set_temporary(std::move(made).value());
+  if (!made.ok()) return transfer.report().Fail(made.status().message());
+  transfer.temporary = std::move(made).value();
   return true;
 }
 
 Status UpdateTemporary(Transfer& transfer, const std::function<void(IniEdit&)>& change) {
-  return transfer.store().Update(transfer.temporary()->path(), change, Flush::kLater);
+  return transfer.store().Update(transfer.temporary->path(), change, Flush::kLater);
 }
 
 bool EndLoading(Transfer& transfer, std::string_view last_words, std::int64_t start_ms) {
   const std::int64_t ms = transfer.parts().events.Tick_ms() - start_ms;
   const std::int64_t bytes = transfer.line().statistics().bytes_received;
   const std::int64_t rate = ms == 0 ? 0 : (bytes * 1000 + ms / 2) / ms;
-  transfer.LogLine(last_words);
-  transfer.LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
+  transfer.report().LogLine(last_words);
+  transfer.report().LogLine("Averate Recieved Rate : " + FormatThousandths(rate) + " KBps");
   const Status written =
-      UpdateTemporary(transfer, [&](IniEdit& edit) { WriteConnection(edit, transfer.settings()); });
+      UpdateTemporary(transfer, [&](IniEdit& edit) { WriteLoadedConnection(edit, transfer.settings()); });
   // Everything has arrived, so it no longer matters whether the exchange accepts the mode.
   [[maybe_unused]] const bool normal = transfer.messages().SendSetMode(ExchangeMode::kNormal);
-  if (transfer.mode() == LinkMode::kModem) EndModemCall(transfer.line());
-  return written.ok() || transfer.Fail(written.message());
+  if (transfer.transport().port == PortKind::kModem) EndModemCall(transfer.line());
+  return written.ok() || transfer.report().Fail(written.message());
 }
 
 void AdviseAnotherLoad(Transfer& transfer) {
@@ -77,10 +77,10 @@ bool StoreLoaded(Transfer& transfer) {
   if (!target) return true;
   const TransferParts& parts = transfer.parts();
   const bool may_replace = parts.may_replace || *target != parts.load_target;
-  const std::string& loaded = transfer.temporary()->path();
+  const std::string& loaded = transfer.temporary->path();
   const Status copied = CopyTo(transfer.store().files(), loaded, *target, may_replace);
-  if (!copied.ok()) return transfer.Fail(copied.message(), "; the loaded project is in " + loaded);
-  transfer.temporary()->Discard();
+  if (!copied.ok()) return transfer.report().Fail(copied.message(), "; the loaded project is in " + loaded);
+  transfer.temporary->Discard();
   return true;
 }
 

@@ -8,9 +8,8 @@
 namespace tarvok::store {
 namespace {
 
-namespace key = connection_key;
-
-constexpr std::string_view kDefaultBpsShownOnly = "9600,n,81";
+constexpr std::string_view kDefaultSpeed = "9600,n,8,1";
+constexpr std::string_view kDefaultSpeedOfBilling = "9600,n,81";
 constexpr int kNoId = 15;
 
 /** Converts to int. Values far out of range are clamped but stay out of range. */
@@ -25,104 +24,123 @@ int PortNumber(std::string_view text) {
 
 /** An id fills one nibble of the message header; anything that does not fit becomes 15. */
 int Id(std::string_view text) {
-  if (text.empty()) return kNoId;
-  const std::int64_t value = Val(text);
-  return value < 0 || value > kNoId ? kNoId : static_cast<int>(value);
-}
-
-bool HasNegativeCard(const IniText& project, const ConnectionSettings& settings) {
-  return settings.dcpu != 0 && Val(project.Get(kHeaderSection, key::kCardId)) < 0;
-}
-
-std::string_view WayOf(int by) {
-  switch (by) {
-    case 1:
-      return "Serial ";
-    case 2:
-      return "Modem ";
-    case 3:
-      return "LAN to Serial ";
-    case 4:
-      return "LAN ";
-    default:
-      return "Server ";
-  }
+  const int id = text.empty() ? kNoId : SmallNumber(text);
+  return id < 0 || id > kNoId ? kNoId : id;
 }
 
 }  // namespace
 
-ConnectionSettings ReadConnection(const IniText& project, EmptySpeed empty_speed) {
-  const auto get = [&](std::string_view name) {
-    return std::string(Trim(project.Get(kHeaderSection, name)));
-  };
+LinkMode ConnectionSettings::Mode() const {
+  const int number = SmallNumber(by);
+  const bool known = number >= 0 && number < static_cast<int>(kTransports.size());
+  return known ? static_cast<LinkMode>(number) : LinkMode::kServer;
+}
+
+int ConnectionSettings::SerialPort() const {
+  return PortNumber(port);
+}
+int ConnectionSettings::ModemPort() const {
+  return PortNumber(port_modem);
+}
+int ConnectionSettings::Dcpu() const {
+  return SmallNumber(dcpu);
+}
+int ConnectionSettings::PbxId() const {
+  return IsDirect() ? kNoId : Id(pbx_id);
+}
+int ConnectionSettings::CardId() const {
+  return IsDirect() ? kNoId : Id(card_id);
+}
+int ConnectionSettings::ChunkSize() const {
+  const int size = SmallNumber(cut);
+  return size < 0 || size > 255 ? 0 : size;
+}
+
+std::string_view KeyName(std::string ConnectionSettings::*text) {
+  const auto is_key = [&](const ConnectionKey& key) { return key.text == text; };
+  return std::find_if(kConnectionKeys.begin(), kConnectionKeys.end(), is_key)->name;
+}
+
+ConnectionSettings ReadConnection(const IniText& project, ConnectionForm form) {
   ConnectionSettings settings;
-  settings.by = SmallNumber(get(key::kBy));
-  settings.port = PortNumber(get(key::kPort));
-  settings.port_modem = PortNumber(get(key::kPortModem));
-  settings.tel = get(key::kTel);
-  settings.bps = get(key::kBps);
-  if (settings.bps.empty()) {
-    settings.bps = empty_speed == EmptySpeed::kWrittenBack ? kDefaultBps : kDefaultBpsShownOnly;
+  for (const ConnectionKey& key : kConnectionKeys) {
+    settings.*key.text = Trim(project.Get(kHeaderSection, key.name));
   }
-  settings.ip_host = get(key::kIpHost);
-  settings.ip_port = get(key::kIpPort);
-  settings.dcpu = SmallNumber(get(key::kDcpu));
-  const std::int64_t cut = Val(get(key::kCut));
-  settings.cut = cut < 0 || cut > 255 ? 0 : static_cast<int>(cut);
-  settings.compare = get(key::kCompare) == "1";
-  settings.pbx_id = settings.dcpu == 0 ? kNoId : Id(get(key::kPbxId));
-  settings.card_id = settings.dcpu == 0                   ? kNoId
-                     : HasNegativeCard(project, settings) ? 0
-                                                          : Id(get(key::kCardId));
+  if (settings.bps.empty()) {
+    settings.bps = form == ConnectionForm::kBilling ? kDefaultSpeedOfBilling : kDefaultSpeed;
+  }
+  if (form == ConnectionForm::kSetting) {
+    for (std::string* port : {&settings.port, &settings.port_modem}) {
+      if (port->empty()) *port = "1";
+    }
+  } else if (!settings.IsDirect() && Val(settings.card_id) < 0) {
+    settings.card_id = "0";
+  }
   return settings;
 }
 
-Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpeed empty_speed,
+Status ReadConnection(ProjectStore& store, const std::string& project, ConnectionForm form,
                       ConnectionSettings& settings) {
   const std::shared_ptr<const IniText> text = store.Snapshot(project);
-  settings = ReadConnection(*text, empty_speed);
-  if (text->bytes().empty()) return {};  // unreadable: leave it alone
-  const bool no_speed =
-      empty_speed == EmptySpeed::kWrittenBack && Trim(text->Get(kHeaderSection, key::kBps)).empty();
-  const bool negative_card = HasNegativeCard(*text, settings);
-  if (!no_speed && !negative_card) return {};
+  settings = ReadConnection(*text, form);
+  // Leave a file alone that cannot be read, and in the settings dialog one that is not a project.
+  if (form == ConnectionForm::kSetting ? !IsProject(*text) : text->bytes().empty()) return {};
+  std::vector<const ConnectionKey*> completed;
+  for (const ConnectionKey& key : kConnectionKeys) {
+    if (key.text == &ConnectionSettings::bps && form != ConnectionForm::kTransfer) continue;
+    if (settings.*key.text != Trim(text->Get(kHeaderSection, key.name))) completed.push_back(&key);
+  }
+  if (completed.empty()) return {};
   return store.Update(project, [&](IniEdit& edit) {
-    if (no_speed) edit.Set(kHeaderSection, key::kBps, kDefaultBps);
-    if (negative_card) edit.Set(kHeaderSection, key::kCardId, "0");
+    for (const ConnectionKey* key : completed) edit.Set(kHeaderSection, key->name, settings.*key->text);
   });
 }
 
 void WriteConnection(IniEdit& project, const ConnectionSettings& settings) {
-  const auto set = [&](std::string_view name, const std::string& value) {
-    project.Set(kHeaderSection, name, value);
+  for (const ConnectionKey& key : kConnectionKeys) {
+    project.Set(kHeaderSection, key.name, settings.*key.text);
+  }
+}
+
+void WriteLoadedConnection(IniEdit& project, const ConnectionSettings& settings) {
+  ConnectionSettings meant = settings;
+  meant.port = std::to_string(settings.SerialPort());
+  meant.port_modem = std::to_string(settings.ModemPort());
+  meant.by = std::to_string(SmallNumber(settings.by));
+  meant.dcpu = std::to_string(settings.Dcpu());
+  meant.pbx_id = std::to_string(settings.PbxId());
+  meant.card_id = std::to_string(settings.CardId());
+  const auto set = [&](std::string ConnectionSettings::*text) {
+    project.Set(kHeaderSection, KeyName(text), meant.*text);
   };
-  set(key::kPort, std::to_string(settings.port));
-  set(key::kPortModem, std::to_string(settings.port_modem));
-  set(key::kTel, settings.tel);
-  set(key::kBy, std::to_string(settings.by));
-  set(key::kIpHost, settings.ip_host);
-  set(key::kIpPort, settings.ip_port);
-  set(key::kDcpu, std::to_string(settings.dcpu));
-  set(key::kPbxId, std::to_string(settings.pbx_id));
-  set(key::kCardId, std::to_string(settings.card_id));
-  set(kHeaderTag, std::string(kLoadedTag));
-  set(key::kBps, settings.bps);
+  for (const auto text :
+       {&ConnectionSettings::port, &ConnectionSettings::port_modem, &ConnectionSettings::tel,
+        &ConnectionSettings::by, &ConnectionSettings::ip_host, &ConnectionSettings::ip_port,
+        &ConnectionSettings::dcpu, &ConnectionSettings::pbx_id, &ConnectionSettings::card_id}) {
+    set(text);
+  }
+  project.Set(kHeaderSection, kHeaderTag, kLoadedTag);
+  set(&ConnectionSettings::bps);
 }
 
 std::vector<std::string> SummaryLines(const ConnectionSettings& settings) {
-  const bool on_link = settings.dcpu == 1;
-  std::vector<std::string> lines = {"Send by " + std::string(WayOf(settings.by)) +
-                                    (on_link ? "(Link)" : "(Direct)")};
+  const bool on_link = settings.Dcpu() == 1;
+  std::vector<std::string> lines = {"Send by " + std::string(settings.transport().name) +
+                                    (on_link ? " (Link)" : " (Direct)")};
   if (on_link) {
-    lines.push_back("PBX ID:" + std::to_string(settings.pbx_id) +
-                    ", Card ID:" + std::to_string(settings.card_id));
+    lines.push_back("PBX ID:" + std::to_string(settings.PbxId()) +
+                    ", Card ID:" + std::to_string(settings.CardId()));
   }
-  if (settings.by == 1) {
-    lines.push_back("COM" + std::to_string(settings.port) + ", " + settings.bps);
-  } else if (settings.by == 2) {
-    lines.push_back("COM" + std::to_string(settings.port_modem) + ", " + settings.tel);
-  } else {
-    lines.push_back("IP: " + settings.ip_host + ", Port: " + settings.ip_port);
+  switch (settings.transport().port) {
+    case PortKind::kSerial:
+      lines.push_back("COM" + std::to_string(settings.SerialPort()) + ", " + settings.bps);
+      break;
+    case PortKind::kModem:
+      lines.push_back("COM" + std::to_string(settings.ModemPort()) + ", " + settings.tel);
+      break;
+    case PortKind::kSocket:
+      lines.push_back("IP: " + settings.ip_host + ", Port: " + settings.ip_port);
+      break;
   }
   return lines;
 }

@@ -1,68 +1,99 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/project_store.h"
+#include "store/transport.h"
 
 namespace tarvok::store {
 
-/** How a project reaches its exchange: the connection keys of the header section. */
-struct ConnectionSettings {
-  int by = 0;  // 1 serial, 2 modem, 3 LAN to serial, 4 LAN, anything else server
-  int port = 1;
-  int port_modem = 1;
-  std::string tel;
-  std::string bps;  // a bare speed; an empty key yields a full settings text, with which no port opens
-  std::string ip_host;
-  std::string ip_port;
-  int dcpu = 0;      // 0 direct to the CPU card, otherwise through a link
-  int pbx_id = 15;   // 0 to 15; 15 without a link
-  int card_id = 15;  // 0 to 15; 15 without a link
-  int cut = 0;       // bytes per serial write; 0 writes whole blocks
-  bool compare = false;
-
-  bool direct() const { return dcpu == 0; }
-};
-
-/** The connection keys of `Chk_Tarvok`. */
-namespace connection_key {
-inline constexpr std::string_view kBy = "By";
-inline constexpr std::string_view kPort = "Port";
-inline constexpr std::string_view kPortModem = "PortM";
-inline constexpr std::string_view kTel = "Tel";
-inline constexpr std::string_view kBps = "BPS";
-inline constexpr std::string_view kIpHost = "IPHost";
-inline constexpr std::string_view kIpPort = "IPPort";
-inline constexpr std::string_view kDcpu = "DCPU";
-inline constexpr std::string_view kPbxId = "PID";
-inline constexpr std::string_view kCardId = "CID";
-inline constexpr std::string_view kCut = "CUT";
-inline constexpr std::string_view kCompare = "compare";
-}  // namespace connection_key
-
-/** The speed of a project that has none: a full settings text, with which no port opens. */
-inline constexpr std::string_view kDefaultBps = "9600,n,8,1";
-
-/** What a form does with a project that has no speed. */
-enum class EmptySpeed {
-  kWrittenBack,  // uses "9600,n,8,1" and writes it to the project
-  kShownOnly,    // uses "9600,n,81" and writes nothing: the billing form
-};
-
-/** Reads the keys with the defaults of a transfer form. Writes nothing. */
-ConnectionSettings ReadConnection(const IniText& project, EmptySpeed empty_speed);
+/** Serial ports are numbered from 1. */
+inline constexpr int kSerialPorts = 8;
 
 /**
- * Reads the keys as a transfer form does when it loads: empty ports become 1, an empty speed "9600,n,8,1",
- * ids outside 0 to 15 become 15, and a negative card id 0. The speed and the card id are written back in a
- * single write. If that write fails, its error is returned; `settings` is valid all the same.
+ * How a project reaches its exchange: the texts of its connection keys, without blanks around them, and what
+ * they mean.
  */
-Status ReadConnection(ProjectStore& store, const std::string& project, EmptySpeed empty_speed,
+struct ConnectionSettings {
+  std::string port;
+  std::string bps;  // a bare speed; the default is a full settings text, with which no port opens
+  std::string port_modem;
+  std::string tel;
+  std::string by;
+  std::string dcpu;
+  std::string pbx_id;
+  std::string card_id;
+  std::string ip_host;
+  std::string ip_port;
+  std::string cut;
+  std::string compare;
+
+  LinkMode Mode() const;
+  const Transport& transport() const { return TransportOf(Mode()); }
+  /** Serial port of the line and of the modem: 1 if the key is empty, otherwise any number. */
+  int SerialPort() const;
+  int ModemPort() const;
+  /** 0 is direct to the CPU card, anything else through a link; but only 1 is shown as a link. */
+  int Dcpu() const;
+  bool IsDirect() const { return Dcpu() == 0; }
+  /** 0 to 15; 15 without a link. */
+  int PbxId() const;
+  int CardId() const;
+  /** Bytes per serial write, up to 255; 0 writes whole blocks. */
+  int ChunkSize() const;
+  bool Compares() const { return compare == "1"; }
+};
+
+/** A connection key of the header section. */
+struct ConnectionKey {
+  std::string_view name;
+  std::string ConnectionSettings::*text;
+  int lowest = 0;
+  int highest = -1;  // below `lowest` if the key takes any text
+};
+
+/** All of them, in the order in which the settings dialog writes them. */
+inline constexpr std::array<ConnectionKey, 12> kConnectionKeys = {
+    {{"Port", &ConnectionSettings::port, 1, kSerialPorts},
+     {"BPS", &ConnectionSettings::bps},
+     {"PortM", &ConnectionSettings::port_modem, 1, kSerialPorts},
+     {"Tel", &ConnectionSettings::tel},
+     {"By", &ConnectionSettings::by, 0, static_cast<int>(kTransports.size()) - 1},
+     {"DCPU", &ConnectionSettings::dcpu, 0, 1},
+     {"PID", &ConnectionSettings::pbx_id, 0, 15},
+     {"CID", &ConnectionSettings::card_id, 0, 15},
+     {"IPHost", &ConnectionSettings::ip_host},
+     {"IPPort", &ConnectionSettings::ip_port, 1, 65535},
+     {"CUT", &ConnectionSettings::cut, 0, 255},
+     {"compare", &ConnectionSettings::compare, 0, 1}}};
+
+/** The name of a key: "By" for `&ConnectionSettings::by`. */
+std::string_view KeyName(std::string ConnectionSettings::*text);
+
+/** The forms that read the settings. They complete them differently. */
+enum class ConnectionForm {
+  kTransfer,  // an empty speed becomes "9600,n,8,1", a negative card id on a link 0; both are written back
+  kBilling,   // the same, but an empty speed becomes "9600,n,81", which is not written back
+  kSetting,   // an empty speed becomes "9600,n,8,1"; empty ports become 1, which is written back
+};
+
+/** Reads the settings as the form completes them. Writes nothing. */
+ConnectionSettings ReadConnection(const IniText& project, ConnectionForm form);
+
+/**
+ * Reads the settings and writes back what the form completes, in a single write. If that write fails, its
+ * error is returned; `settings` is valid all the same.
+ */
+Status ReadConnection(ProjectStore& store, const std::string& project, ConnectionForm form,
                       ConnectionSettings& settings);
 
-/** Writes the keys that a load stores in the project it created. */
+/** Writes all keys as they are: the settings dialog. */
 void WriteConnection(IniEdit& project, const ConnectionSettings& settings);
+/** Writes what the keys mean to a project that a load created. */
+void WriteLoadedConnection(IniEdit& project, const ConnectionSettings& settings);
 
 /**
  * The lines that a transfer form shows: the kind of connection, the ids if on a link, and the port or

@@ -127,17 +127,19 @@ std::unique_ptr<Port> DesktopBench::OpenSerial(int, const LineSettings&) {
   return std::make_unique<VirtualPort>(events);  // a line with nothing at its other end
 }
 
-std::unique_ptr<Port> DesktopBench::ConnectTcp(const std::string& host, const std::string& port) {
+std::unique_ptr<Port> DesktopBench::Connect(const ConnectionSettings& connection) {
   if (line_ == Line::kConnecting) {
     auto never_open = std::make_unique<VirtualPort>(events);
     never_open->set_state(PortState::kConnecting);
     return never_open;
   }
-  if (line_ == Line::kExchange || line_ == Line::kLostInReading) return real_ports.ConnectTcp(host, port);
+  if (line_ == Line::kExchange || line_ == Line::kLostInReading) return real_ports.Connect(connection);
   auto nobody =
       std::make_unique<TcpListener>([this](std::unique_ptr<Port> end) { silent_.push_back(std::move(end)); });
   EXPECT_TRUE(nobody->Listen("127.0.0.1", 0).ok());
-  auto open = real_ports.ConnectTcp(host, std::to_string(nobody->port()));
+  ConnectionSettings silent = connection;
+  silent.ip_port = std::to_string(nobody->port());
+  auto open = real_ports.Connect(silent);
   events.ServeUntil([&] { return open->state() == PortState::kOpen && !silent_.empty(); },
                     EventServer::kForever);
   return open;

@@ -82,7 +82,7 @@ class DesktopBench : public PortMaker {
   ~DesktopBench() override;
 
   std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) override;
-  std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) override;
+  std::unique_ptr<Port> Connect(const ConnectionSettings& connection) override;
 
   std::string Value(std::string_view key) { return store.GetIniValue(project, "Chk_Tarvok", key); }
   void Put(std::string_view key, std::string_view value) {

@@ -212,7 +212,8 @@ TEST_F(ProjectTools, TheProjectConnectsToThePracticeExchange) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return bench.Value("By") == "4"; }, 20'000));
   EXPECT_THAT(Text("PracticeText"), HasSubstr("port " + bench.Value("IPPort")));
   EXPECT_FALSE(start->isEnabled());
-  const std::unique_ptr<Port> line = bench.real_ports.ConnectTcp("127.0.0.1", bench.Value("IPPort"));
+  const std::unique_ptr<Port> line =
+      bench.real_ports.Connect({.ip_host = "127.0.0.1", .ip_port = bench.Value("IPPort")});
   EXPECT_TRUE(QTest::qWaitFor([&] { return line->state() == PortState::kOpen; }, 20'000));
   EXPECT_EQ(bench.history.Versions(bench.project).value().size(), 1U);
   EXPECT_TRUE(std::filesystem::exists(bench.folder / "practice"));

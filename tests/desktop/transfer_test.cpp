@@ -127,7 +127,7 @@ TEST(Transfer, ClosingDuringACompareClosesTheForm) {
                        CloseWindow("frmConnect")});
   EXPECT_EQ(bench.state.active_form_name, "");
   const ConnectionSettings exchange =
-      ReadConnection(*bench.store.Snapshot(bench.project), EmptySpeed::kShownOnly);
+      ReadConnection(*bench.store.Snapshot(bench.project), ConnectionForm::kBilling);
   EXPECT_FALSE(bench.copies.Find(exchange).ok());  // its contents are unknown now
 }
 

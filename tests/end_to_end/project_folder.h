@@ -36,7 +36,7 @@ inline void Mark(IniEdit& edit, const std::string& mark) {
 /** The port maker of a session that opens no port. */
 class NoPorts : public PortMaker {
   std::unique_ptr<Port> OpenSerial(int, const LineSettings&) override { return nullptr; }
-  std::unique_ptr<Port> ConnectTcp(const std::string&, const std::string&) override { return nullptr; }
+  std::unique_ptr<Port> Connect(const ConnectionSettings&) override { return nullptr; }
 };
 
 /** A project store on the disk, created separately in each process. */
@@ -74,7 +74,7 @@ class ProjectFolder : public ::testing::Test {
                        .temp_folder = folder_.path().string()},
                       TransferForm::kConnect);
     if (!BeginTemporary(transfer)) return 1;
-    if (std::rename(Path("loaded.tvk").c_str(), transfer.temporary()->path().c_str()) != 0) return 1;
+    if (std::rename(Path("loaded.tvk").c_str(), transfer.temporary->path().c_str()) != 0) return 1;
     return StoreLoaded(transfer) && view.boxes.empty() ? 0 : 1;
   }
   int SetByCommand() const {

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "link/message_modules.h"
 #include "link/password_code.h"
-#include "link/server_messages.h"
 #include "link/stream_reader.h"
 #include "tests/floors.h"
 #include "tests/sections/coder_case.h"
@@ -289,7 +289,7 @@ TEST(ServerMessages, PacksEveryMessageInto129Bytes) {
   EXPECT_EQ(port.writes()[0], Hex("21 12 00 01 04 12 12 00 00 00*120"));
   EXPECT_NE(logged.find("Send : 0\r\nData Out = 18-18-0-0-\r\n"), std::string::npos);
   // A mini bar record sets a flag other than the one awaited.
-  events.CallLater(10, [&] { server.ReceiveServerMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
+  events.CallLater(10, [&] { server.ReceiveMessage(Hex("21 00 00 88 00 FF 01 41 00*19 07 00")); });
   EXPECT_FALSE(server.GetMiniBar(511));
   EXPECT_TRUE(server.state().section_done);
 }

@@ -5,6 +5,7 @@
 #include "sessions/load_config.h"
 #include "sessions/mini_bar_transfer.h"
 #include "sessions/send_config.h"
+#include "sessions/session_words.h"
 #include "sessions/store_loaded.h"
 #include "store/number_text.h"
 #include "tests/floors.h"
@@ -148,7 +149,7 @@ TEST(Connection, ReportsFailures) {
     std::string reason;
     EXPECT_FALSE(bench.Run([&](Transfer& form) {
       const bool done = SendConfiguration(form);
-      reason = form.reason();
+      reason = form.report().reason();
       return done;
     }));
     EXPECT_THAT(bench.view.log, HasSubstr(log));
@@ -394,7 +395,8 @@ TEST(LoadConfiguration, KeepsFileCreatedDuringLoad) {
                 TransferForm::kConnect);
   EXPECT_FALSE(LoadConfiguration(form));
   EXPECT_EQ(bench.files.Bytes("/p/out.tvk"), "somebody's");
-  EXPECT_TRUE(form.reason().ends_with(std::string("is in ") + SessionBench::kTemp)) << form.reason();
+  EXPECT_TRUE(form.report().reason().ends_with(std::string("is in ") + SessionBench::kTemp))
+      << form.report().reason();
   EXPECT_EQ(bench.view.pace, "");
 }
 

@@ -83,7 +83,7 @@ TEST(MiniBar, SendsAndLoadsIntoCopyOfTheProject) {
 TEST(MiniBar, LoadsEveryRecordIntoItsRowDespiteRepeatedReplies) {
   for (const std::uint64_t seed : {1, 2, 3}) {
     SessionBench bench(3, 110, {.faults = FaultPlan{.dup = 0.02}, .seed = seed});
-    for (int n = 0; n < kMiniBarRecords; ++n) {
+    for (int n = 0; n < kMiniBarRows; ++n) {
       Bytes record(kMiniBarRecordSize);
       record[0] = 'A';
       record[20] = static_cast<std::uint8_t>(n % 256);
@@ -92,7 +92,7 @@ TEST(MiniBar, LoadsEveryRecordIntoItsRowDespiteRepeatedReplies) {
     }
     ASSERT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
     const IniText loaded(bench.Project());
-    for (int n = 0; n < kMiniBarRecords; ++n)
+    for (int n = 0; n < kMiniBarRows; ++n)
       EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
     EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load again")));
   }

@@ -22,7 +22,7 @@ bool SendBilling(Transfer& transfer) {
 
 /** The end of a load that takes no time at all. */
 bool LoadInNoTime(Transfer& transfer) {
-  transfer.Begin(TransferDirection::kLoad, "Load Data Config");
+  transfer.Begin("Load Data Config");
   const bool ended = BeginTemporary(transfer) && OpenConnection(transfer) &&
                      EndLoading(transfer, "Get All Config Finished", transfer.parts().events.Tick_ms());
   transfer.CleanUp();
@@ -186,7 +186,7 @@ TEST(EverySession, ReportsItsTrouble) {
     bench.Run(
         [&](Transfer& form) {
           const bool done = trouble.session(form);
-          reason = form.reason();
+          reason = form.report().reason();
           return done;
         },
         trouble.form);

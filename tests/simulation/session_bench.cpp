@@ -13,7 +13,7 @@ const std::string& HotelText() {
 }
 
 Wire WireOf(int by) {
-  return by == 4 ? Wire::kLan : (by == 0 ? Wire::kServer : Wire::kLink);
+  return TransportOf(static_cast<LinkMode>(by)).wire;
 }
 
 bool RecordingView::Ask(std::string_view question) {
@@ -83,13 +83,13 @@ bool SessionBench::Run(const std::function<bool(Transfer&)>& session, TransferFo
   return done;
 }
 
-std::unique_ptr<Port> SessionBench::OpenSerial(int number, const LineSettings& settings) {
+std::unique_ptr<Port> SessionBench::OpenSerial(int, const LineSettings& settings) {
   opened.push_back(settings);
   EXPECT_FALSE(transfer != nullptr && transfer->line().line().IsOpen()) << "a device can be opened only once";
-  return ConnectTcp(std::to_string(number), {});
+  return Connect({});
 }
 
-std::unique_ptr<Port> SessionBench::ConnectTcp(const std::string&, const std::string&) {
+std::unique_ptr<Port> SessionBench::Connect(const ConnectionSettings&) {
   VirtualLine line(events);
   line.tool->set_state(port_state, port_state == PortState::kOpen ? "" : "made to fail");
   if (port_state != PortState::kOpen) return std::move(line.tool);

@@ -81,7 +81,7 @@ class SessionBench : public PortMaker {
   }
 
   std::unique_ptr<Port> OpenSerial(int number, const LineSettings& settings) override;
-  std::unique_ptr<Port> ConnectTcp(const std::string& host, const std::string& port) override;
+  std::unique_ptr<Port> Connect(const ConnectionSettings& settings) override;
 
   VirtualEvents events;
   MemoryFiles files;

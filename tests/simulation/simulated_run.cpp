@@ -59,8 +59,9 @@ class Stage {
         bench_(run.by, run.version, {.faults = FaultPlan{.error_reply = run.error_reply}, .seed = run.seed}) {
     bench_.files.Put(std::string(kBillingFolder) + "/tbl0.bil", std::string(3000, 'a'));
     bench_.view.compare = run.kind == SimulatedRun::kCompare;
-    [[maybe_unused]] const Status set = bench_.store.SetIniValue(
-        SessionBench::kProject, kHeaderSection, connection_key::kCompare, bench_.view.compare ? "1" : "");
+    [[maybe_unused]] const Status set =
+        bench_.store.SetIniValue(SessionBench::kProject, kHeaderSection,
+                                 KeyName(&ConnectionSettings::compare), bench_.view.compare ? "1" : "");
     if (Loads()) FillExchange();
     bench_.wrap = [this](std::unique_ptr<Port> port) {
       return std::make_unique<TroubledPort>(
@@ -174,7 +175,7 @@ class Stage {
     for (const Section* section : SendPlan(run_.version)) {
       bench_.memory.sections()[section->number] = HotelImage(*section, run_.version);
     }
-    for (int number = 0; number < kMiniBarRecords; ++number) {
+    for (int number = 0; number < kMiniBarRows; ++number) {
       Bytes record(kMiniBarRecordSize);
       record[0] = 'A';
       record[20] = static_cast<std::uint8_t>(number % 256);

@@ -14,31 +14,31 @@ ConnectionSettings Read(MemoryFiles& files, const std::string& keys) {
   files.Put(kFile, "[Chk_Tarvok]\n" + keys);
   ProjectStore store(files);
   ConnectionSettings settings;
-  EXPECT_TRUE(ReadConnection(store, kFile, EmptySpeed::kWrittenBack, settings).ok());
+  EXPECT_TRUE(ReadConnection(store, kFile, ConnectionForm::kTransfer, settings).ok());
   return settings;
 }
 
 TEST(ConnectionSettings, ReadsAndWritesBackItsDefaults) {
   MemoryFiles files;
   ConnectionSettings settings = Read(files, "");
-  EXPECT_EQ(settings.by, 0);
-  EXPECT_EQ(settings.port, 1);
+  EXPECT_EQ(settings.Mode(), LinkMode::kServer);
+  EXPECT_EQ(settings.SerialPort(), 1);
   EXPECT_EQ(settings.bps, "9600,n,8,1");
-  EXPECT_EQ(settings.pbx_id, 15);
+  EXPECT_EQ(settings.PbxId(), 15);
   EXPECT_EQ(files.Bytes(kFile), "[Chk_Tarvok]\nBPS=9600,n,8,1\n");
 
   settings = Read(files, "BPS=9600\nDCPU=0\nPID=3\nCID=-1\nPort=4294967297\nCUT=256\ncompare=2\n");
-  EXPECT_EQ(settings.pbx_id, 15);
-  EXPECT_EQ(settings.card_id, 15);
-  EXPECT_GT(settings.port, 8);  // values far out of range must not wrap around
-  EXPECT_EQ(settings.cut, 0);
-  EXPECT_FALSE(settings.compare);
+  EXPECT_EQ(settings.PbxId(), 15);
+  EXPECT_EQ(settings.CardId(), 15);
+  EXPECT_GT(settings.SerialPort(), 8);  // values far out of range must not wrap around
+  EXPECT_EQ(settings.ChunkSize(), 0);
+  EXPECT_FALSE(settings.Compares());
   EXPECT_EQ(files.Bytes(kFile).find("CID=0"), std::string::npos);
 
   settings = Read(files, "BPS=9600\nDCPU=1\nPID=16\nCID=-1\ncompare=1\n");
-  EXPECT_EQ(settings.pbx_id, 15);
-  EXPECT_EQ(settings.card_id, 0);
-  EXPECT_TRUE(settings.compare);
+  EXPECT_EQ(settings.PbxId(), 15);
+  EXPECT_EQ(settings.CardId(), 0);
+  EXPECT_TRUE(settings.Compares());
   EXPECT_NE(files.Bytes(kFile).find("CID=0"), std::string::npos);
 }
 

@@ -27,8 +27,7 @@ FLOORS = {
 }
 CORE = {"store", "link", "sections", "sessions", "exchange", "project", "frame", "editing", "editors"}
 # Of the tool's side the practice exchange may know bytes and codes, not the modules that it is there to try out.
-TOOL_SIDE = {"link/link_layer.h", "link/message_layer.h", "link/serial_messages.h", "link/server_messages.h",
-             "link/exchange_line.h"}
+TOOL_SIDE = {"link/link_layer.h", "link/message_layer.h", "link/message_modules.h", "link/exchange_line.h"}
 MOST_LINES = 500
 
 INCLUDE = re.compile(r'^\s*#include\s+["<]([^">]+)[">]', re.M)

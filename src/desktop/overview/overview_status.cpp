@@ -91,7 +91,7 @@ QWidget* OverviewPane::MakeFindings() {
 void OverviewPane::ShowConnection(const IniText& project) {
   const CodePage& page = PageOf(parts_.settings);
   QStringList lines;
-  for (const std::string& line : SummaryLines(ReadConnection(project, EmptySpeed::kWrittenBack))) {
+  for (const std::string& line : SummaryLines(ReadConnection(project, ConnectionForm::kTransfer))) {
     lines += MessageText(line, page).trimmed();
   }
   connection_->setText(lines.join(QStringLiteral("  \u00B7  ")));

@@ -17,14 +17,13 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kMostDigits = 6;
 constexpr int kFollow_ms = 50;
 
 QLineEdit* MakePasswordField(const QString& name) {
   auto* field = new QLineEdit;
   field->setObjectName(name);
   field->setEchoMode(QLineEdit::Password);
-  field->setMaxLength(kMostDigits);
+  field->setMaxLength(static_cast<int>(kMostPasswordDigits));
   CharacterFilter::Set(field, [](QChar c) { return PasswordForm::Accepts(c.toLatin1()); });
   return field;
 }
@@ -39,7 +38,7 @@ PasswordDialog::PasswordDialog(PasswordForm& form, std::function<bool()> given_u
   changes_passwords_ = new QCheckBox(QStringLiteral("Change &Password"));
   changes_passwords_->setObjectName(QStringLiteral("chkPSW"));
   pages_ = new QTabWidget;
-  for (int level = 1; level <= PasswordForm::kLevels; ++level) {
+  for (int level = 1; level <= kPasswordLevels; ++level) {
     pages_->addTab(MakeLevel(level), QStringLiteral("Level &%1").arg(level));
   }
   pages_->hide();

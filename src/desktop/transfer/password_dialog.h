@@ -48,7 +48,7 @@ class PasswordDialog : public QDialog {
   QLineEdit* password_ = nullptr;
   QCheckBox* changes_passwords_ = nullptr;
   QTabWidget* pages_ = nullptr;
-  std::array<LevelFields, PasswordForm::kLevels> levels_{};
+  std::array<LevelFields, kPasswordLevels> levels_{};
   QPushButton* ok_ = nullptr;
   QPushButton* cancel_ = nullptr;
   QTimer follow_;

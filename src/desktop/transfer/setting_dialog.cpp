@@ -1,5 +1,7 @@
 #include "desktop/transfer/setting_dialog.h"
 
+#include <algorithm>
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QPushButton>
@@ -18,9 +20,6 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr const char* kTransportTexts[] = {"Send data by server", "Send data by serial", "Send data by Modem",
-                                           "Send data by LAN to Serail", "Send data by LAN"};
-constexpr int kTransportOrder[] = {1, 2, 3, 4, 0};
 constexpr const char* kLinkTexts[] = {"Direct to CPU Card", "Link PBX"};
 constexpr const char* kSpeeds[] = {"9600", "19200", "38400", "57600", "115200"};
 constexpr int kLastId = 14;
@@ -65,11 +64,12 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
   connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
           [this] { ShowHelp(this, "frmSetting"); });
 
-  const Status written_back = ReadConnectionKeys(parts_.store, parts_.state.project_file, keys_);
+  const Status written_back =
+      ReadConnection(parts_.store, parts_.state.project_file, ConnectionForm::kSetting, stored_);
   Fill();
   SetFilters();
   ShowDependent();
-  transports_[static_cast<std::size_t>(keys_.Transport())]->setFocus();
+  transports_[static_cast<std::size_t>(stored_.Mode())]->setFocus();
   if (!written_back.ok()) {
     ShowBox(parent, QMessageBox::Critical, MessageText(written_back.message(), PageOf(parts_.settings)));
   }
@@ -78,11 +78,12 @@ SettingDialog::SettingDialog(DesktopParts& parts, QWidget* parent) : QDialog(par
 QWidget* SettingDialog::MakeTransports() {
   auto* group = new GroupFrame(QStringLiteral("Connection"));
   auto* layout = new QVBoxLayout(group);
-  for (const int transport : kTransportOrder) {
-    auto* option = new QRadioButton(QString::fromLatin1(kTransportTexts[transport]));
-    option->setObjectName(QStringLiteral("Option1(%1)").arg(transport));
+  for (std::size_t i = 1; i <= kTransports.size(); ++i) {
+    const std::size_t number = i % kTransports.size();  // the server, number 0, comes last
+    auto* option = new QRadioButton(Words(kTransports[number].choice));
+    option->setObjectName(QStringLiteral("Option1(%1)").arg(number));
     connect(option, &QRadioButton::toggled, this, [this] { ShowDependent(); });
-    transports_[static_cast<std::size_t>(transport)] = option;
+    transports_[number] = option;
     layout->addWidget(option);
   }
   return group;
@@ -90,9 +91,8 @@ QWidget* SettingDialog::MakeTransports() {
 
 QWidget* SettingDialog::MakeTransportFrames() {
   frames_ = new QStackedWidget;
-  frames_->addWidget(MakeSerialFrame());
-  frames_->addWidget(MakeModemFrame());
-  frames_->addWidget(MakeServerFrame());
+  // In the order of PortKind.
+  for (QWidget* frame : {MakeSerialFrame(), MakeModemFrame(), MakeServerFrame()}) frames_->addWidget(frame);
   return frames_;
 }
 
@@ -180,17 +180,17 @@ QWidget* SettingDialog::MakeButtons() {
 
 void SettingDialog::Fill() {
   const CodePage& page = PageOf(parts_.settings);
-  transports_[static_cast<std::size_t>(keys_.Transport())]->setChecked(true);
-  links_[keys_.IsLinked() ? 1 : 0]->setChecked(true);
-  serial_->Select(keys_.port);
-  modem_->Select(keys_.port_modem);
-  speed_->setCurrentText(page.ToLetters(keys_.bps));
-  slowly_->setChecked(keys_.cut == kOn);
-  telephone_->setText(page.ToLetters(keys_.tel));
-  host_->setText(page.ToLetters(keys_.ip_host));
-  ip_port_->setText(page.ToLetters(keys_.ip_port));
-  SelectId(pbx_id_, keys_.pbx_id);
-  SelectId(card_id_, keys_.card_id);
+  transports_[static_cast<std::size_t>(stored_.Mode())]->setChecked(true);
+  links_[stored_.IsDirect() ? 0 : 1]->setChecked(true);
+  serial_->Select(stored_.port);
+  modem_->Select(stored_.port_modem);
+  speed_->setCurrentText(page.ToLetters(stored_.bps));
+  slowly_->setChecked(stored_.cut == kOn);
+  telephone_->setText(page.ToLetters(stored_.tel));
+  host_->setText(page.ToLetters(stored_.ip_host));
+  ip_port_->setText(page.ToLetters(stored_.ip_port));
+  SelectId(pbx_id_, stored_.pbx_id);
+  SelectId(card_id_, stored_.card_id);
 }
 
 void SettingDialog::SetFilters() {
@@ -199,12 +199,15 @@ void SettingDialog::SetFilters() {
   CharacterFilter::Set(ip_port_, IsDigit);
 }
 
+std::size_t SettingDialog::ChosenTransport() const {
+  const auto is_checked = [](const QRadioButton* option) { return option->isChecked(); };
+  const auto chosen = std::find_if(transports_.begin(), transports_.end(), is_checked);
+  return chosen == transports_.end() ? 0 : static_cast<std::size_t>(chosen - transports_.begin());
+}
+
 void SettingDialog::ShowDependent() {
-  if (transports_[1] == nullptr || ids_ == nullptr) return;
-  constexpr int kModemTransport = 2;
-  const bool serial = transports_[1]->isChecked();
-  const bool modem = transports_[kModemTransport]->isChecked();
-  frames_->setCurrentIndex(serial ? 0 : (modem ? 1 : 2));
+  if (ids_ == nullptr) return;  // the dialog is being built
+  frames_->setCurrentIndex(static_cast<int>(kTransports[ChosenTransport()].port));
   ids_->setVisible(links_[1]->isChecked());
 }
 
@@ -212,25 +215,26 @@ void SettingDialog::Apply() {
   const CodePage& page = PageOf(parts_.settings);
   const std::string problem = WhyNoProject(parts_.store, parts_.state.project_file);
   if (!problem.empty()) return ShowBox(this, QMessageBox::Critical, MessageText(problem, page));
-  for (std::size_t transport = 0; transport < transports_.size(); ++transport) {
-    const bool changed = static_cast<int>(transport) != keys_.Transport() || keys_.by.empty();
-    if (transports_[transport]->isChecked() && changed) keys_.by = std::to_string(transport);
+  const std::size_t transport = ChosenTransport();
+  if (kTransports[transport].mode != stored_.Mode() || stored_.by.empty()) {
+    stored_.by = std::to_string(transport);
   }
   const bool linked = links_[1]->isChecked();
-  if (linked != keys_.IsLinked() || keys_.dcpu.empty()) keys_.dcpu = linked ? "1" : "0";
-  keys_.port = serial_->Selected(keys_.port);
-  keys_.port_modem = modem_->Selected(keys_.port_modem);
-  keys_.bps = page.ToBytes(speed_->currentText().trimmed());
+  if (linked == stored_.IsDirect() || stored_.dcpu.empty()) stored_.dcpu = linked ? "1" : "0";
+  stored_.port = serial_->Selected(stored_.port);
+  stored_.port_modem = modem_->Selected(stored_.port_modem);
+  stored_.bps = page.ToBytes(speed_->currentText().trimmed());
   // A chunk size that was entered by hand stays unless the user changes the box.
-  if (slowly_->isChecked() != (keys_.cut == kOn) || keys_.cut.empty()) {
-    keys_.cut = slowly_->isChecked() ? kOn : "0";
+  if (slowly_->isChecked() != (stored_.cut == kOn) || stored_.cut.empty()) {
+    stored_.cut = slowly_->isChecked() ? kOn : "0";
   }
-  keys_.tel = page.ToBytes(telephone_->text());
-  keys_.ip_host = page.ToBytes(host_->text());
-  keys_.ip_port = page.ToBytes(ip_port_->text());
-  keys_.pbx_id = SelectedId(pbx_id_, keys_.pbx_id);
-  keys_.card_id = SelectedId(card_id_, keys_.card_id);
-  const Status written = WriteConnectionKeys(parts_.store, parts_.state.project_file, keys_);
+  stored_.tel = page.ToBytes(telephone_->text());
+  stored_.ip_host = page.ToBytes(host_->text());
+  stored_.ip_port = page.ToBytes(ip_port_->text());
+  stored_.pbx_id = SelectedId(pbx_id_, stored_.pbx_id);
+  stored_.card_id = SelectedId(card_id_, stored_.card_id);
+  const Status written =
+      parts_.store.Update(parts_.state.project_file, [&](IniEdit& edit) { WriteConnection(edit, stored_); });
   if (!written.ok()) {
     ShowBox(this, QMessageBox::Critical, MessageText(written.message(), page));
     return;  // the dialog stays open with what was entered

@@ -10,10 +10,10 @@
 #include <QRadioButton>
 #include <QStackedWidget>
 
-#include "desktop/transfer/connection_keys.h"
 #include "desktop/transfer/serial_port_choice.h"
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
+#include "store/connection_settings.h"
 
 namespace tarvok::desktop {
 
@@ -23,8 +23,6 @@ class SettingDialog : public QDialog {
   SettingDialog(DesktopParts& parts, QWidget* parent);
 
  private:
-  static constexpr int kTransports = 5;
-
   QWidget* MakeTransports();
   QWidget* MakeTransportFrames();
   QWidget* MakeSerialFrame();
@@ -34,12 +32,13 @@ class SettingDialog : public QDialog {
   QWidget* MakeButtons();
   void Fill();
   void SetFilters();
+  std::size_t ChosenTransport() const;
   void ShowDependent();
   void Apply();
 
   DesktopParts& parts_;
-  ConnectionKeys keys_;
-  std::array<QRadioButton*, kTransports> transports_{};
+  ConnectionSettings stored_;
+  std::array<QRadioButton*, kTransports.size()> transports_{};  // by LinkMode
   std::array<QRadioButton*, 2> links_{};
   QStackedWidget* frames_ = nullptr;
   QWidget* ids_ = nullptr;

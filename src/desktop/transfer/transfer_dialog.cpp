@@ -14,10 +14,8 @@
 #include "desktop/transfer/password_dialog.h"
 #include "desktop/transfer/setting_dialog.h"
 #include "desktop/window/boxes.h"
-#include "link/modem_reply.h"
 #include "sessions/store_loaded.h"
 #include "store/header_keys.h"
-#include "store/number_text.h"
 #include "store/project_there.h"
 
 namespace tarvok::desktop {
@@ -31,7 +29,7 @@ constexpr int kDebugPresses = 9;
 TransferDialog::~TransferDialog() = default;
 
 void TransferDialog::OpenTransfer() {
-  transfer_ = std::make_unique<Transfer>(TransferParts{.events = events_,
+  transfer_ = std::make_unique<Transfer>(TransferParts{.events = parts_.events,
                                                        .ports = parts_.ports,
                                                        .store = parts_.store,
                                                        .view = *this,
@@ -82,7 +80,7 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
                     .what = Words(action.text).remove(QLatin1Char('&')).toStdString()});
   if (!done || action.carries != Carries::kAll) return;
   const std::shared_ptr<const IniText> now =
-      parts_.store.Snapshot(action.loads ? transfer_->temporary()->path() : project);
+      parts_.store.Snapshot(action.loads ? transfer_->temporary->path() : project);
   if (!action.loads && SentPart(before) != SentPart(*now)) return;
   if (now->bytes().empty()) return;
   const Status kept = parts_.copies.Keep(transfer_->settings(), now->bytes());
@@ -92,7 +90,7 @@ void TransferDialog::Remember(const TransferAction& action, bool done, const Ini
 /** True for a load, a call that is being dialled, and a wait without a limit. A send that talks to the
  * exchange can't be given up, because it would leave half a configuration there. */
 bool TransferDialog::MayGiveUp() const {
-  return running_->loads || events_.waits_for_ever() || transfer_->calling();
+  return running_->loads || transfer_->waits().without_end() || transfer_->calling;
 }
 
 void TransferDialog::Leave() {
@@ -139,8 +137,7 @@ void TransferDialog::Progress(int value, int end) {
 }
 
 void TransferDialog::Elapsed(int seconds) {
-  constexpr int kMinute_s = 60;
-  elapsed_->setText(Words(std::to_string(seconds / kMinute_s) + ":" + Padded(seconds % kMinute_s, 2)));
+  elapsed_->setText(Words(MinutesText(seconds)));
 }
 
 void TransferDialog::Box(BoxKind kind, std::string_view text) {

@@ -13,7 +13,6 @@
 
 #include "desktop/transfer/direction_view.h"
 #include "desktop/transfer/transfer_kind.h"
-#include "desktop/transfer/watched_events.h"
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/file_dialogs.h"
@@ -80,7 +79,6 @@ class TransferDialog : public QDialog, public SessionView, public Form {
 
   DesktopParts& parts_;
   const TransferKind& kind_;
-  WatchedEvents events_;
   FileDialogs dialogs_;
   SendLog log_;
   std::unique_ptr<Transfer> transfer_;

@@ -25,7 +25,6 @@ TransferDialog::TransferDialog(DesktopParts& parts, const TransferKind& kind, co
     : QDialog(window),
       parts_(parts),
       kind_(kind),
-      events_(parts.events),
       dialogs_(parts.settings),
       log_(parts.open_log ? parts.open_log() : SendLog::Sink()) {
   log_.Line(kind_.log_head);

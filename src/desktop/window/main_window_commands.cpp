@@ -13,7 +13,6 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr std::string_view kByLan = "4";
 constexpr std::string_view kDirect = "0";
 constexpr std::string_view kBeforePractice = "Before it was connected to the practice exchange";
 
@@ -100,10 +99,11 @@ void MainWindow::ConnectToPractice() {
   }
   parts_.keep(project, kBeforePractice);
   const Status written = parts_.store.Update(project, [&](IniEdit& edit) {
-    edit.Set(kHeaderSection, connection_key::kBy, kByLan);
-    edit.Set(kHeaderSection, connection_key::kDcpu, kDirect);
-    edit.Set(kHeaderSection, connection_key::kIpHost, PracticeProcess::kHost);
-    edit.Set(kHeaderSection, connection_key::kIpPort, std::to_string(practice_.port()));
+    edit.Set(kHeaderSection, KeyName(&ConnectionSettings::by),
+             std::to_string(static_cast<int>(LinkMode::kLan)));
+    edit.Set(kHeaderSection, KeyName(&ConnectionSettings::dcpu), kDirect);
+    edit.Set(kHeaderSection, KeyName(&ConnectionSettings::ip_host), PracticeProcess::kHost);
+    edit.Set(kHeaderSection, KeyName(&ConnectionSettings::ip_port), std::to_string(practice_.port()));
   });
   if (!written.ok())
     ShowBox(this, QMessageBox::Critical, MessageText(written.message(), PageOf(parts_.settings)));

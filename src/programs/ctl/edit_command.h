@@ -14,4 +14,7 @@ namespace tarvok::ctl {
 int Edit(ProjectStore& store, const std::string& system_file, const std::string& project,
          const std::string& form, const std::string& script);
 
+/** The help of `edit` after its options: the forms, and the commands of a script. */
+std::string EditHelp();
+
 }  // namespace tarvok::ctl

@@ -22,6 +22,24 @@ int Set(ProjectStore& store, const std::string& project, const std::string& sect
 /** Prints the send rows and the read plan of an exchange version. */
 int ListSections(int version);
 
+/** Returned by `Diff` if one of the files is not a project. */
+inline constexpr int kNotComparable = 2;
+
+// The commands that examine projects. They print one finding per line to standard output, in UTF-8.
+
+/**
+ * Prints every invalid value and every dangling reference as `SECTION KEY FIELD: what is wrong`. Returns done
+ * if there are none, otherwise failed.
+ */
+int Check(ProjectStore& store, const std::string& project);
+
+/**
+ * Prints the differences between two projects as `ROW · FIELD: old → new`. Returns 0 if they are equivalent,
+ * 1 if they differ, kNotComparable if one is not a project. Of passwords only the fact that they changed is
+ * shown, unless `show_secrets` is set.
+ */
+int Diff(ProjectStore& store, const std::string& first, const std::string& second, bool show_secrets);
+
 /** The project's text, or an error that says why it is not a project. */
 Result<std::shared_ptr<const IniText>> OpenProject(ProjectStore& store, const std::string& project);
 

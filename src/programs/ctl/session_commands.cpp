@@ -18,9 +18,7 @@
 #include "programs/uses.h"
 #include "sessions/billing_files.h"
 #include "sessions/load_config.h"
-#include "sessions/mini_bar_transfer.h"
 #include "sessions/ping.h"
-#include "sessions/send_alone.h"
 #include "sessions/send_config.h"
 #include "store/new_project.h"
 #include "store/whole_write.h"
@@ -120,25 +118,14 @@ int Run(ProjectStore& store, const Job& job, const SessionOptions& options, cons
     view.TellPace();
     return kDone;
   }
-  return Fail(interrupted ? "interrupted" : transfer.reason());
+  return Fail(interrupted ? "interrupted" : transfer.report().reason());
 }
 
 }  // namespace
 
-int Send(ProjectStore& store, const std::string& project, SendPart part, const SessionOptions& options) {
-  const auto session = [&]() -> Session {
-    switch (part) {
-      case SendPart::kLinkTable:
-        return SendLinkTable;
-      case SendPart::kIpAddress:
-        return SendIpAddress;
-      case SendPart::kMiniBar:
-        return SendMiniBarList;
-      default:
-        return SendConfiguration;
-    }
-  };
-  return Run(store, {.project = project}, options, session());
+int Send(ProjectStore& store, const std::string& project, const SendPart* part,
+         const SessionOptions& options) {
+  return Run(store, {.project = project}, options, part == nullptr ? SendConfiguration : part->send);
 }
 
 int Load(ProjectStore& store, const std::string& out, const std::string& project, bool mini_bar, bool force,

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "programs/uses.h"
+#include "sessions/mini_bar_transfer.h"
+#include "sessions/send_alone.h"
 #include "store/project_store.h"
 
 namespace tarvok::ctl {
@@ -18,11 +20,21 @@ struct SessionOptions {
 
 // The commands that talk to an exchange. An application object must exist. Each returns the exit status.
 
-/** What to send. */
-enum class SendPart { kConfiguration, kLinkTable, kIpAddress, kMiniBar };
+/** A part of a project that can be sent alone. */
+struct SendPart {
+  const char* option;
+  const char* about;
+  bool (*send)(Transfer& transfer);
+};
+inline constexpr SendPart kSendParts[] = {
+    {"--link-table", "only the PBX link table", SendLinkTable},
+    {"--ip", "only the exchange's new IP address", SendIpAddress},
+    {"--minibar", "only the mini bar list", SendMiniBarList},
+};
 
-/** Sends the whole configuration, or only one part. */
-int Send(ProjectStore& store, const std::string& project, SendPart part, const SessionOptions& options);
+/** Sends one part, or the whole configuration if `part` is nullptr. */
+int Send(ProjectStore& store, const std::string& project, const SendPart* part,
+         const SessionOptions& options);
 /**
  * Loads from the exchange that the settings of `project` specify into `out`: the configuration, or the mini
  * bar list into a copy of `project`.

@@ -1,4 +1,4 @@
-#include "link/server_messages.h"
+#include "link/message_modules.h"
 
 #include <algorithm>
 #include <array>
