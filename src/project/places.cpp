@@ -83,16 +83,6 @@ constexpr EditedBy kEditedBy[] = {
     {&key_dss::kDss, "setupkey"},
 };
 
-/** Index of the command with this key; the number of commands if there is none. */
-constexpr std::size_t IndexOf(std::string_view key) {
-  std::size_t index = 0;
-  while (index < kCommands.size() && kCommands[index].key != key) ++index;
-  return index;
-}
-
-static_assert(std::all_of(std::begin(kEditedBy), std::end(kEditedBy),
-                          [](const EditedBy& entry) { return IndexOf(entry.command) < kCommands.size(); }));
-
 /** The row number of a key; -1 if the table has no such key. */
 int RowOfKey(const Table& table, std::string_view key) {
   const RowKeys& rows = table.rows;
@@ -118,17 +108,17 @@ int FieldOfName(const Table& table, std::string_view name) {
 
 }  // namespace
 
-const Command* CommandOf(const Table& table, int field) {
+std::string_view CommandOf(const Table& table, int field) {
   const EditedBy* found = nullptr;
   for (const EditedBy& entry : kEditedBy) {
     const bool claims = entry.table == &table && entry.first_field > 0 && field >= entry.first_field &&
                         field <= entry.last_field;
-    if (claims) return &kCommands[IndexOf(entry.command)];
+    if (claims) return entry.command;
     const bool closer = found == nullptr || found->table != &table;
     if (entry.first_field > 0 || !closer) continue;
     if (entry.table == &table || (found == nullptr && entry.table->section == table.section)) found = &entry;
   }
-  return found == nullptr ? nullptr : &kCommands[IndexOf(found->command)];
+  return found == nullptr ? std::string_view() : found->command;
 }
 
 std::optional<StatedRow> FindRow(std::string_view section, std::string_view key) {
@@ -152,14 +142,14 @@ Place PlaceOf(std::string_view section, std::string_view key, std::string_view f
   return place;
 }
 
-const Command* CommandOf(const Place& place) {
+std::string_view CommandOf(const Place& place) {
   if (const std::optional<StatedRow> row = FindRow(place.section, place.key)) {
     return CommandOf(*row->table, place.field);
   }
   for (const Table* table : Tables()) {
     if (SameName(table->section, place.section)) return CommandOf(*table);
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace tarvok::project

@@ -194,10 +194,16 @@ class EditorPaneForm : public Form {
 
 }  // namespace
 
-FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host) {
-  return [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
-    return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));
-  };
+Command EditorCommand(DesktopParts& parts, const Editor& editor, PaneHost& host) {
+  return {.text = editor.text,
+          .key = editor.key,
+          .recorded = editor.name.recorded,
+          .compared = editor.compared,
+          .make = [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
+            return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));
+          },
+          .keeps_highlight = editor.keeps_highlight,
+          .needs_system_file = editor.needs_system_file};
 }
 
 }  // namespace tarvok::desktop

@@ -82,7 +82,7 @@ class EditorPage : public QWidget {
   QLabel* changed_ = nullptr;
 };
 
-/** Returns the factory of a command whose form is an editor. The arguments must outlive it. */
-FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host);
+/** The command of an editor. The arguments must outlive it. */
+Command EditorCommand(DesktopParts& parts, const Editor& editor, PaneHost& host);
 
 }  // namespace tarvok::desktop

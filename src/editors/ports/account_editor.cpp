@@ -1,13 +1,35 @@
-#include "editors/ports/account_editor.h"
+#include <string>
+#include <vector>
 
+#include "editing/repeat_list.h"
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "sections/ports/account.h"
 #include "sections/ports/port_config.h"
 #include "sections/routing/tenan.h"
 
 namespace tarvok::editors {
-namespace {
+namespace account_editor {
 
 using namespace account;
+
+/** "Account" (`frmAccount`): account codes with their passwords and permissions. */
+class AccountEditor : public FieldTableEditor {
+ public:
+  AccountEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  bool MaySave() override;
+
+ private:
+  static std::vector<FieldColumn> Columns(AccountEditor* form);
+  bool CheckAccounts();
+
+  RepeatList repeats_;
+  RowNames numbers_;
+  std::vector<std::string> offered_;  // the numbers of ports, in the order of the ports
+};
 
 enum ColumnOf : int { kAccountColumn = 1, kPasswordColumn, kNumberColumn };
 
@@ -18,8 +40,6 @@ FieldColumn ListColumn(int field, std::string title, std::string overlay, std::v
                      .list = std::move(list),
                      .overlay = std::move(overlay)}};
 }
-
-}  // namespace
 
 std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
   FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
@@ -59,5 +79,10 @@ bool AccountEditor::CheckAccounts() {
 bool AccountEditor::MaySave() {
   return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
 }
+
+}  // namespace account_editor
+
+extern const Editor kAccountEditor{
+    "9 - Account", "account", {"frmAccount", "frmAccount", "Account"}, Make<account_editor::AccountEditor>};
 
 }  // namespace tarvok::editors

@@ -1,10 +1,26 @@
-#include "editors/ports/boss_editor.h"
-
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "sections/ports/boss.h"
 
 namespace tarvok::editors {
+namespace boss_editor {
 
 using boss::kTable;
+
+/** "Boss and Secretary" (`frmBoss`): pairs of a boss and a secretary. The project stores their ports, the
+ * table shows their numbers. Other numbers are stored as not set. */
+class BossEditor : public FieldTableEditor {
+ public:
+  BossEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override { numbers_ = PortNumbers(project); }
+
+ private:
+  static std::vector<FieldColumn> Columns(BossEditor* form);
+
+  RowNames numbers_;
+};
 
 std::vector<FieldColumn> BossEditor::Columns(BossEditor* form) {
   std::vector<FieldColumn> columns;
@@ -26,5 +42,12 @@ BossEditor::BossEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, kTable, Columns(this), {.sort_by = {{1}}}) {
   LayOut();
 }
+
+}  // namespace boss_editor
+
+extern const Editor kBossEditor{"4 - Boss and Secretary",
+                                "boss",
+                                {"frmBoss", "frmBoss", "Boss and Secretary"},
+                                Make<boss_editor::BossEditor>};
 
 }  // namespace tarvok::editors

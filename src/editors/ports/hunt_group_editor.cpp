@@ -1,15 +1,47 @@
-#include "editors/ports/hunt_group_editor.h"
+#include <array>
+#include <string>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "sections/ports/assign.h"
+#include "sections/ports/hunt_group.h"
 #include "sections/ports/name.h"
+#include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace hunt_group_editor {
 
 using hunt_group::kTable;
+
+/** "Hunt Group" (`frmGrpHunt`): the members of each hunt group, in order, and the numbers that can be
+ * added. */
+class HuntGroupEditor : public EditorForm {
+ public:
+  HuntGroupEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+  void Saved() override { context().state.data_changed = false; }
+
+ private:
+  void ShowGroup();
+  void AddMembers();
+  void DeleteMembers();
+
+  Control& groups_;
+  Control& numbers_;
+  std::array<Control*, kHuntGroups> lists_{};
+  std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
+  std::array<std::vector<std::string>, kHuntGroups> members_;  // as stored, in list order
+  int total_ = 0;
+};
 
 constexpr std::string_view kPortType = "0";
 
@@ -24,8 +56,6 @@ std::string TextOf(const IniText& project, std::int64_t number) {
   return digits + " - " +
          std::string(named ? RowValue(project, name::kTable, static_cast<int>(name)) : std::string_view());
 }
-
-}  // namespace
 
 HuntGroupEditor::HuntGroupEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
@@ -123,5 +153,12 @@ void HuntGroupEditor::Write(IniEdit& project) {
     project.Set(kTable.section, KeyOf(kTable, group), text);
   }
 }
+
+}  // namespace hunt_group_editor
+
+extern const Editor kHuntGroupEditor{"10 - Hunt Group",
+                                     "groupofhunt",
+                                     {"frmGrpHunt", "frmGroupOfHunt", "Hunt Group"},
+                                     Make<hunt_group_editor::HuntGroupEditor>};
 
 }  // namespace tarvok::editors

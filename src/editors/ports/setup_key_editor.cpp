@@ -1,16 +1,55 @@
-#include "editors/ports/setup_key_editor.h"
-
 #include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/ports/key_dialogs.h"
+#include "sections/ports/key_dss.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace setup_key_editor {
 
 using namespace key_dss;
+
+/** "Setup Key Config" (`frmSetupKey`): the button layouts of key telephones, drawn as the telephone and its
+ * console. A click on a button opens a dialog for its function. */
+class SetupKeyEditor : public EditorForm {
+ public:
+  SetupKeyEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void BeforeWrite() override { TakeLabels(); }
+  void Write(IniEdit& project) override;
+
+ private:
+  /** The fields of a layout; "" for a button that is not set. Rows that were longer keep their extra
+   * fields. */
+  struct Buttons {
+    std::vector<std::string> keys;
+    std::vector<std::string> dss;
+  };
+
+  void ShowLayout();
+  void TakeLabels();
+  void OpenKey(std::size_t button);
+  void OpenDss(std::size_t button);
+  void Put(Control& label, const std::string& text);
+
+  std::array<Buttons, kKeyLayouts> layouts_;
+  std::size_t shown_ = 0;  // index of the layout shown in the labels
+
+  Control& list_;
+  std::array<Control*, kKeysOfLayout> keys_{};
+  std::array<Control*, kDssOfLayout> dss_{};
+};
 
 constexpr std::string_view kCodes =
     "* TE = Telephone Number\n"
@@ -31,8 +70,6 @@ std::string Joined(const std::vector<std::string>& buttons) {
   for (const std::string& button : buttons) row.append(row.empty() ? "" : "|").append(FieldText(button));
   return row;
 }
-
-}  // namespace
 
 SetupKeyEditor::SetupKeyEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name), list_(AddList({"lsGrp"}, "Layouts", NumberedEntries(1, kKeyLayouts))) {
@@ -119,5 +156,12 @@ void SetupKeyEditor::Write(IniEdit& project) {
     project.Set(kDss.section, KeyOf(kDss, row), Joined(buttons.dss));
   }
 }
+
+}  // namespace setup_key_editor
+
+extern const Editor kSetupKeyEditor{"29 - Setup Key Config",
+                                    "setupkey",
+                                    {"frmSetupKey", "frmSetupKey", "Setup Key Config"},
+                                    Make<setup_key_editor::SetupKeyEditor>};
 
 }  // namespace tarvok::editors

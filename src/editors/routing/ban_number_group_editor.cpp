@@ -1,17 +1,36 @@
-#include "editors/routing/ban_number_group_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
 #include "editors/field_columns.h"
+#include "editors/routing/class_editor.h"
 #include "sections/routing/class_digit.h"
 #include "sections/routing/class_group.h"
 #include "sections/rows.h"
 #include "store/number_text.h"
 
 namespace tarvok::editors {
+namespace ban_number_group_editor {
 
-namespace {
+/** "Ban Number Group" (`frmCORGroup`): the classes of each group. */
+class BanNumberGroupEditor : public ClassEditor {
+ public:
+  BanNumberGroupEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static std::vector<Column> Columns(BanNumberGroupEditor* form);
+
+  std::vector<std::string> offered_;
+};
 
 using Texts = std::vector<std::string>;
 
@@ -23,8 +42,6 @@ std::string ClassOf(std::string_view name) {
   const std::size_t number = class_digit::kBanTable.label.size();
   return Padded(Val(name.substr(std::min(number, name.size()))), class_digit::kBanTable.rows.width);
 }
-
-}  // namespace
 
 std::vector<Column> BanNumberGroupEditor::Columns(BanNumberGroupEditor* form) {
   return {{.title = std::string(class_group::kTable.fields[0].name),
@@ -67,5 +84,12 @@ void BanNumberGroupEditor::Write(IniEdit& project) {
 bool BanNumberGroupEditor::ShowPlace(std::string_view section, int row, int field) {
   return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
 }
+
+}  // namespace ban_number_group_editor
+
+extern const Editor kBanNumberGroupEditor{"20 - Ban Number Group",
+                                          "corgroup",
+                                          {"frmCORGroup", "frmCORGroup", "Ban Number Group"},
+                                          Make<ban_number_group_editor::BanNumberGroupEditor>};
 
 }  // namespace tarvok::editors

@@ -1,18 +1,39 @@
-#include "editors/routing/incoming_list_editor.h"
-
 #include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/incoming_list.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace incoming_list_editor {
 
 using namespace incoming_list;
 
-namespace {
+/** "Incoming List" (`frmIncomingLst`): the destinations of incoming calls. Saving sorts the rows by name and
+ * updates the ports that refer to them. */
+class IncomingListEditor : public FieldTableEditor {
+ public:
+  IncomingListEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  int RowsToShow(const IniText& project) const override;
+  void BeforeWrite() override { Sort(true); }
+  void Write(IniEdit& project) override;
+  bool KeepsReferences(int row) const override;
+
+ private:
+  static std::vector<FieldColumn> Columns(IncomingListEditor* form);
+
+  RowNames numbers_;
+  std::vector<std::string> offered_;
+};
 
 constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
 
@@ -21,8 +42,6 @@ int MostRows(const IniText& project) {
   const std::int64_t most = Val(project.Get(kTable.section, kMaxKey));
   return most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
 }
-
-}  // namespace
 
 std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
   const auto statement = [](int field) -> const Field& {
@@ -77,5 +96,12 @@ void IncomingListEditor::Write(IniEdit& project) {
   FieldTableEditor::Write(project);
   project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
 }
+
+}  // namespace incoming_list_editor
+
+extern const Editor kIncomingListEditor{"11 - Incoming List",
+                                        "incominglist",
+                                        {"frmIncomingLst", "frmIncomingLst", "Incoming List"},
+                                        Make<incoming_list_editor::IncomingListEditor>};
 
 }  // namespace tarvok::editors

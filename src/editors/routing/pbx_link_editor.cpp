@@ -1,16 +1,34 @@
-#include "editors/routing/pbx_link_editor.h"
-
 #include <algorithm>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "sections/routing/tbl_route.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace pbx_link_editor {
 
 using namespace tbl_route;
 
-namespace {
+/** "PBX Link Table" (`frmSetRoute`): the links of networked exchanges: this exchange's ID, and the card and
+ * device that reach each of the others. */
+class PbxLinkEditor : public FieldTableEditor {
+ public:
+  PbxLinkEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static std::vector<FieldColumn> Columns();
+
+  Control& pbx_id_;
+  Control& gateway_;
+};
 
 std::vector<std::string> NumbersOf(const Field& statement) {
   return NumberedEntries(statement.low, statement.high);
@@ -21,8 +39,6 @@ void ChooseNumber(Control& combo, std::string_view stored) {
   combo.Choose(std::to_string(Val(stored)));
   combo.current = std::max(combo.current, 0);
 }
-
-}  // namespace
 
 std::vector<FieldColumn> PbxLinkEditor::Columns() {
   FieldColumn card{.field = kCard,
@@ -59,5 +75,12 @@ void PbxLinkEditor::Write(IniEdit& project) {
   project.Set(kPidTable.section, kPidTable.key, pbx_id_.Chosen());
   project.Set(kGatewayTable.section, kGatewayTable.key, gateway_.Chosen());
 }
+
+}  // namespace pbx_link_editor
+
+extern const Editor kPbxLinkEditor{"27 - PBX Link Table",
+                                   "setroute",
+                                   {"frmSetRoute", "frmSetRoute", "PBX Link Table"},
+                                   Make<pbx_link_editor::PbxLinkEditor>};
 
 }  // namespace tarvok::editors

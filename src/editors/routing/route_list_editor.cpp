@@ -1,8 +1,12 @@
-#include "editors/routing/route_list_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editing/table_pages.h"
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/route.h"
@@ -10,10 +14,37 @@
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace route_list_editor {
 
 using namespace route;
 
-namespace {
+/** "Route List" (`frmRoute`): the routes of each route list. The project stores the routes of all lists in
+ * one sequence; here a list next to the table selects whose routes are shown. A route list is sorted when it
+ * is left or saved. */
+class RouteListEditor : public FieldTableEditor {
+ public:
+  RouteListEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+  void Saved() override {}
+
+ protected:
+  void Load(const IniText& project) override;
+  void BeforeWrite() override { KeepList(); }
+  void Write(IniEdit& project) override;
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(RouteListEditor* form);
+  std::vector<std::vector<TableRow>> RoutesOf(const IniText& project) const;
+  void KeepList();
+  void SelectList();
+
+  RowNames groups_;
+  std::vector<std::string> offered_groups_;
+  Control& lists_;
+  TablePages pages_;
+};
 
 constexpr int kRoutesOfList = 40;
 constexpr int kMostTyped = 19;
@@ -58,8 +89,6 @@ int RouteOfKey(std::string_view key) {
              ? static_cast<int>(number)
              : 0;
 }
-
-}  // namespace
 
 std::vector<FieldColumn> RouteListEditor::Columns(RouteListEditor* form) {
   const auto& fields = kTable.fields;
@@ -161,5 +190,12 @@ void RouteListEditor::Write(IniEdit& project) {
     if (RouteOfKey(key.name) > count) project.DeleteKey(kTable.section, key.name);
   }
 }
+
+}  // namespace route_list_editor
+
+extern const Editor kRouteListEditor{"14 - Route List",
+                                     "route",
+                                     {"frmRoute", "frmRoute", "Route List"},
+                                     Make<route_list_editor::RouteListEditor>};
 
 }  // namespace tarvok::editors

@@ -1,13 +1,34 @@
-#include "editors/routing/route_map_editor.h"
-
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_columns.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 
 namespace tarvok::editors {
-namespace {
+namespace route_map_editor {
+
+/** "Route Map Digit" (`frmRouteMap`): digit patterns and what happens to the numbers that match. Saving sorts
+ * them and writes every row, including blank ones. */
+class RouteMapEditor : public FieldTableEditor {
+ public:
+  RouteMapEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  void BeforeWrite() override { Sort(true); }
+  bool IsRemoved(std::string_view /*value*/) const override { return false; }
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(RouteMapEditor* form);
+
+  RowNames lists_;
+  std::vector<std::string> offered_;
+};
 
 constexpr int kMostTyped = 19;
 /** The sets differ: some letters are accepted only as the first key on a cell, others only after it. */
@@ -24,8 +45,6 @@ EntryRule TimeoutRule() {
   rule.first_replaces = true;
   return rule;
 }
-
-}  // namespace
 
 std::vector<FieldColumn> RouteMapEditor::Columns(RouteMapEditor* form) {
   using namespace route_map_digit;
@@ -59,5 +78,12 @@ void RouteMapEditor::Prepare(const IniText& project) {
   lists_ = LabelledRows(route_list::kTable);
   offered_ = OfferedLists(project);
 }
+
+}  // namespace route_map_editor
+
+extern const Editor kRouteMapEditor{"13 - Route Map Digit",
+                                    "routemap",
+                                    {"frmRouteMap", "frmRouteMap", "Route Map Digit"},
+                                    Make<route_map_editor::RouteMapEditor>};
 
 }  // namespace tarvok::editors

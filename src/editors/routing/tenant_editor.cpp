@@ -1,15 +1,57 @@
-#include "editors/routing/tenant_editor.h"
-
 #include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
 #include <utility>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
+#include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace tenant_editor {
 
 using namespace tenan;
 
-namespace {
+/**
+ * "Tenan" (`frmTenan`): which tenant may call which, by day and by night. Each cell of a page is a control,
+ * `cell(row, column)` from 1. The buttons for rows and columns apply to a window of 16 by 16 cells; the two
+ * scroll bars set its first row and column.
+ */
+class TenantEditor : public EditorForm {
+ public:
+  TenantEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+  /** Describes a cell: "tenant 3 may call tenant 17 by day". Row and column from 1. */
+  std::string Words(int row, int column) const;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static constexpr int kWindow = 16;
+  using Matrix = std::array<std::array<bool, kTenants>, kTenants>;  // by row, then column, from 0
+
+  Matrix& page() { return matrix_[static_cast<std::size_t>(page_.current)]; }
+  void AddCells();
+  void AddButtons();
+  void SetCell(int row, int column, bool on);
+  void SetLine(bool is_row, int position);
+  void SetAll(bool on);
+  void Show();
+
+  std::array<Matrix, 2> matrix_{};
+  std::array<std::array<Control*, kTenants>, kTenants> cells_{};
+  std::array<std::array<Control*, kWindow>, 2> line_buttons_{};  // of columns, of rows
+  std::array<std::array<bool, kWindow>, 2> line_clears_{};       // what the next click of each does
+  Control& page_;
+  Control& frame_;
+  Control& across_;
+  Control& down_;
+};
 
 constexpr std::string_view kPages[] = {"Day", "Night"};
 constexpr std::string_view kPageWords[] = {"by day", "by night"};
@@ -24,8 +66,6 @@ Control ScrollBar(std::string name, std::string caption, int high) {
           .high = high,
           .data = false};
 }
-
-}  // namespace
 
 TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
@@ -165,5 +205,10 @@ bool TenantEditor::ShowPlace(std::string_view section, int row, int /*field*/) {
   }
   return false;
 }
+
+}  // namespace tenant_editor
+
+extern const Editor kTenantEditor{
+    "12 - Tenan", "tenan", {"frmTenan", "frmTenan", "Tenan"}, Make<tenant_editor::TenantEditor>};
 
 }  // namespace tarvok::editors

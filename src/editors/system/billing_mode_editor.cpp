@@ -1,16 +1,49 @@
-#include "editors/system/billing_mode_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/system/system_forms.h"
 #include "sections/rows.h"
 #include "sections/system/billing_mode.h"
 
 namespace tarvok::editors {
-namespace {
+namespace billing_mode_editor {
 
 using namespace billing_mode;
+
+/** "Billing Mode" (`frmBillingMode`): how calls are charged, and the country, which decides local codes and
+ * the unit. */
+class BillingModeEditor : public EditorForm {
+ public:
+  BillingModeEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Load(const IniText& project) override;
+  bool MaySave() override;
+  void Write(IniEdit& project) override;
+
+ private:
+  FormLayout CountryGroup();
+  FormLayout AmountField(int field);
+  FormLayout Switches(std::string title, const std::vector<int>& fields);
+  std::string ValidCountry(const IniText& project);
+  void FillCountries(std::string_view country);
+  void ShowCountry();
+  std::string CountryNumber() const;
+  std::string LocalCode() const;
+  std::string FieldOf(int field);
+  Control& BoxOf(int field);
+
+  Control* country_;
+  Control* local_code_;
+  std::vector<std::string> numbers_;  // by entry of the countries
+  std::string loaded_country_;
+  std::string shown_country_;
+};
 
 constexpr std::string_view kCountrySection = "Country";
 constexpr std::string_view kCountKey = "Cnt";
@@ -105,8 +138,6 @@ std::string ScreenLabel(int field) {
   if (name.ends_with(" %")) name.resize(name.size() - 2);
   return field == kLocalTime ? name + ":" : name + " :";
 }
-
-}  // namespace
 
 BillingModeEditor::BillingModeEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
@@ -280,5 +311,13 @@ void BillingModeEditor::Write(IniEdit& project) {
   project.Set(kTable.section, kTable.key, list);
   project.Set(kCountry.section, kCountry.key, CountryNumber());
 }
+
+}  // namespace billing_mode_editor
+
+extern const Editor kBillingModeEditor{.text = "24 - Billing Mode",
+                                       .key = "billingmode",
+                                       .name = {"frmBillingMode", "frmBillingMode", "Billing Mode"},
+                                       .make = Make<billing_mode_editor::BillingModeEditor>,
+                                       .needs_system_file = true};
 
 }  // namespace tarvok::editors

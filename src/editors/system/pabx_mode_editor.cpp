@@ -1,8 +1,10 @@
-#include "editors/system/pabx_mode_editor.h"
-
 #include <array>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/system/system_forms.h"
 #include "sections/ports/assign.h"
@@ -10,9 +12,36 @@
 #include "sections/system/pabx_mode.h"
 
 namespace tarvok::editors {
-namespace {
+namespace pabx_mode_editor {
 
 using namespace pabx_mode;
+
+/** "PABX Mode" (`frmPABXMode`): switches for the whole exchange. `Check1` are the flags, `Option1(0)` and (1)
+ * the manual mode, `Option1(2)` and (3) the target of busy DID calls. */
+class PabxModeEditor : public EditorForm {
+ public:
+  PabxModeEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  void AddFlags();
+  void FillNumbers(const IniText& project);
+  /** Shows or hides the controls that depend on other switches. */
+  void Follow();
+  Control& Flag(int field);
+
+  Control* day_;
+  Control* night_;
+  Control* message_;
+  Control* number_;
+  Control* numbers_;  // cmbNum
+  Control* limit_;    // txtT2T
+  Control* revision_;
+  std::vector<std::string> ports_;  // by entry of cmbNum: the port of its number row
+};
 
 /** The flag fields and the indices of their boxes. */
 constexpr std::pair<int, int> kFlags[] = {
@@ -26,8 +55,6 @@ constexpr std::string_view kPortType = "0";
 bool FitsLimit(std::string_view text, char key) {
   return !text.empty() || key != '0';
 }
-
-}  // namespace
 
 PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
@@ -141,5 +168,12 @@ void PabxModeEditor::Write(IniEdit& project) {
   for (const std::string& field : fields) list.append(list.empty() ? "" : "|").append(field);
   project.Set(kTable.section, kTable.key, list);
 }
+
+}  // namespace pabx_mode_editor
+
+extern const Editor kPabxModeEditor{"23 - PABX Mode",
+                                    "pabxmode",
+                                    {"frmPABXMode", "frmPABXMode", "PABX Mode"},
+                                    Make<pabx_mode_editor::PabxModeEditor>};
 
 }  // namespace tarvok::editors

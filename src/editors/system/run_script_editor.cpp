@@ -1,17 +1,31 @@
-#include "editors/system/run_script_editor.h"
+#include <array>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/system/system_forms.h"
 #include "sections/rows.h"
+#include "sections/system/run_script.h"
 
 namespace tarvok::editors {
-namespace {
+namespace run_script_editor {
+
+/** "Run Script" (`frmRunScript`): the numbers of the scripts for seven events, `txtRunScript(0)` to (6). */
+class RunScriptEditor : public EditorForm {
+ public:
+  RunScriptEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  std::array<Control*, kScriptEvents> boxes_{};
+};
 
 constexpr int kHighestScript = 510;
 constexpr const char* kNote =
     "** You have to get Run Script ID from Setup VM && DISA Program (ID Not over 510) **";
-
-}  // namespace
 
 RunScriptEditor::RunScriptEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
@@ -38,5 +52,12 @@ void RunScriptEditor::Write(IniEdit& project) {
   const bool none = list == table.empty_rows.front();
   project.Set(table.section, table.key, none ? std::string() : list);
 }
+
+}  // namespace run_script_editor
+
+extern const Editor kRunScriptEditor{"26 - Run Script",
+                                     "runscript",
+                                     {"frmRunScript", "frmRunScript", "Run Script"},
+                                     Make<run_script_editor::RunScriptEditor>};
 
 }  // namespace tarvok::editors

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/system/system_forms.h"
 #include "sections/rows.h"
@@ -259,5 +260,10 @@ void SystemConfigEditor::Write(IniEdit& project) {
                 used ? std::string_view(holidays_[static_cast<std::size_t>(row) - 1]) : std::string_view());
   }
 }
+
+extern const Editor kSystemConfigEditor{"21 - System Configuration",
+                                        "systemconfig",
+                                        {"frmSystemConfig", "frmSystemConfig", "System Configuration"},
+                                        Make<SystemConfigEditor>};
 
 }  // namespace tarvok::editors
