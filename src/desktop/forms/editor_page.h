@@ -17,7 +17,6 @@
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/pane_form.h"
-#include "editing/table_form.h"
 #include "editors/editors.h"
 
 namespace tarvok::desktop {
@@ -67,7 +66,6 @@ class EditorPage : public QWidget {
   std::unique_ptr<QObject> put_off_ = std::make_unique<QObject>();
   WindowQuestions questions_;
   std::unique_ptr<EditorForm> form_;
-  TableForm* table_form_ = nullptr;  // the same form, if it is a table
   TableModel* model_ = nullptr;
   TableView* table_ = nullptr;
   FormView* view_ = nullptr;

@@ -35,9 +35,9 @@ class HuntGroupEditor : public EditorForm {
   void AddMembers();
   void DeleteMembers();
 
-  Control& groups_;
-  Control& numbers_;
-  std::array<Control*, kHuntGroups> lists_{};
+  ListBox& groups_;
+  ListBox& numbers_;
+  std::array<ListBox*, kHuntGroups> lists_{};
   std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
   std::array<std::vector<std::string>, kHuntGroups> members_;  // as stored, in list order
   int total_ = 0;
@@ -67,7 +67,7 @@ HuntGroupEditor::HuntGroupEditor(const EditorContext& context, const FormName& n
   numbers_.many = true;
   std::vector<FormLayout> members;
   for (int group = 0; group < kHuntGroups; ++group) {
-    Control& list = AddList({"lsGroupHunt", group}, "Members", {});
+    ListBox& list = AddList({"lsGroupHunt", group}, "Members", {});
     list.many = true;
     lists_[static_cast<std::size_t>(group)] = &list;
     members.push_back(layout::Of(list));
@@ -84,7 +84,7 @@ bool HuntGroupEditor::ShowPlace(std::string_view section, int row, int field) {
   if (!SameName(section, kTable.section) || row < 1 || row > kHuntGroups) return false;
   groups_.current = row - 1;
   ShowGroup();
-  Control& list = *lists_[static_cast<std::size_t>(row) - 1];
+  ListBox& list = *lists_[static_cast<std::size_t>(row) - 1];
   if (field >= 1 && field <= static_cast<int>(list.entries.size())) ChooseEntry(list, field - 1);
   return true;
 }
@@ -133,7 +133,7 @@ void HuntGroupEditor::AddMembers() {
 void HuntGroupEditor::DeleteMembers() {
   if (groups_.current < 0) return;
   const auto group = static_cast<std::size_t>(groups_.current);
-  Control& list = *lists_[group];
+  ListBox& list = *lists_[group];
   for (auto chosen = list.chosen.rbegin(); chosen != list.chosen.rend(); ++chosen) {
     list.entries.erase(list.entries.begin() + *chosen);
     members_[group].erase(members_[group].begin() + *chosen);

@@ -73,7 +73,7 @@ KeyDialog::KeyDialog(std::span<const ButtonCode> codes, const Field& statement, 
   AddInput(number_);
 }
 
-Control& KeyDialog::AddInput(Control& input) {
+void KeyDialog::TakeInput(Control& input) {
   inputs_.push_back(&input);
   input.key = [this, &input](Key key) {
     if (key.code == KeyCode::kTab) {
@@ -87,7 +87,6 @@ Control& KeyDialog::AddInput(Control& input) {
     }
     return true;
   };
-  return input;
 }
 
 FormLayout KeyDialog::Buttons() {
@@ -170,7 +169,7 @@ void KeyDialog::Ok() {
 DssKeyDialog::DssKeyDialog(std::string_view label, Ends ends)
     : KeyDialog(kDssButtons, kDss.fields[0], std::move(ends)) {
   std::vector<FormLayout> choices;
-  for (Control* option : options()) choices.push_back(layout::Of(*option));
+  for (Option* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Button", std::move(choices)), layout::Field("Number :", number()), Buttons()}));
   Fill(label);
@@ -187,7 +186,7 @@ PhoneKeyDialog::PhoneKeyDialog(std::string_view label, std::vector<std::string> 
   number().changed = [this] { LimitTrunk(); };
   map_.changed = [this] { LimitTrunk(); };
   std::vector<FormLayout> choices;
-  for (Control* option : options()) choices.push_back(layout::Of(*option));
+  for (Option* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Key", std::move(choices)),
        layout::Group("Number", {layout::Field("Number :", number()), layout::Field("Map Digit :", map_)}),

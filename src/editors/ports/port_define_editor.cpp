@@ -60,8 +60,8 @@ class PortDefineEditor : public FieldTableEditor {
   RowNames incoming_;
   RowNames numbers_;
   std::vector<std::string> number_fields_;  // by row from 0: the stored reference to its number
-  Control& card_;
-  Control& type_;
+  ComboBox& card_;
+  ComboBox& type_;
 };
 
 enum ColumnOf : int {
@@ -135,7 +135,7 @@ PortDefineEditor::PortDefineEditor(const EditorContext& context, const FormName&
           {.rows = RowCommands::kGrow, .most = kPortRows, .sort_by = {{kCardColumn}, {kChannelColumn}}}),
       card_(AddCombo({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
       type_(AddCombo({"cmbType"}, "Type :", CardNames())) {
-  for (Control* list : {&card_, &type_}) {
+  for (ComboBox* list : {&card_, &type_}) {
     list->data = false;
     list->current = 0;
   }

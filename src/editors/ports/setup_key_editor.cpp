@@ -41,14 +41,14 @@ class SetupKeyEditor : public EditorForm {
   void TakeLabels();
   void OpenKey(std::size_t button);
   void OpenDss(std::size_t button);
-  void Put(Control& label, const std::string& text);
+  void Put(Label& label, const std::string& text);
 
   std::array<Buttons, kKeyLayouts> layouts_;
   std::size_t shown_ = 0;  // index of the layout shown in the labels
 
-  Control& list_;
-  std::array<Control*, kKeysOfLayout> keys_{};
-  std::array<Control*, kDssOfLayout> dss_{};
+  ListBox& list_;
+  std::array<Label*, kKeysOfLayout> keys_{};
+  std::array<Label*, kDssOfLayout> dss_{};
 };
 
 constexpr std::string_view kCodes =
@@ -123,7 +123,7 @@ void SetupKeyEditor::TakeLabels() {
   for (std::size_t i = 0; i < dss_.size(); ++i) buttons.dss[i] = ButtonField(dss_[i]->text);
 }
 
-void SetupKeyEditor::Put(Control& label, const std::string& text) {
+void SetupKeyEditor::Put(Label& label, const std::string& text) {
   if (label.text == text) return;
   label.text = text;
   MarkChanged();
@@ -135,7 +135,7 @@ void SetupKeyEditor::OpenKey(std::size_t button) {
     const std::string_view text = keys_[i]->text;
     if (i != button && text.starts_with(kMultiline)) std::erase(lines, text.substr(kMultiline.size()));
   }
-  Control& label = *keys_[button];
+  Label& label = *keys_[button];
   OpenDialog(std::make_unique<PhoneKeyDialog>(
       label.text, std::move(lines),
       KeyDialog::Ends{[this, &label](const std::string& text) { Put(label, text); },
@@ -143,7 +143,7 @@ void SetupKeyEditor::OpenKey(std::size_t button) {
 }
 
 void SetupKeyEditor::OpenDss(std::size_t button) {
-  Control& label = *dss_[button];
+  Label& label = *dss_[button];
   OpenDialog(std::make_unique<DssKeyDialog>(
       label.text, KeyDialog::Ends{[this, &label](const std::string& text) { Put(label, text); },
                                   [this] { CloseDialog(); }}));

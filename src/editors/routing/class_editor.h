@@ -50,7 +50,7 @@ class ClassEditor : public TableForm {
   void KeepPage();
   void SelectPage();
 
-  Control* list_ = nullptr;
+  ListBox* list_ = nullptr;
   TablePages pages_;
 };
 

@@ -38,9 +38,9 @@ class GroupOutEditor : public EditorForm {
   void DeleteMembers();
   void Show();
 
-  Control& list_;
-  Control& free_;
-  Control& shown_;
+  ListBox& list_;
+  ListBox& free_;
+  ListBox& shown_;
   RowNames trunks_;
   std::vector<std::string> trunk_rows_;     // all trunks, as stored in members
   std::vector<std::string> free_rows_;      // shown in the list of free trunks
@@ -106,7 +106,7 @@ void GroupOutEditor::Load(const IniText& project) {
 /** Fills both lists and clears their choices. */
 void GroupOutEditor::Show() {
   list_.current = std::max(list_.current, 0);
-  for (Control* list : {&free_, &shown_}) {
+  for (ListBox* list : {&free_, &shown_}) {
     list->entries.clear();
     list->chosen.clear();
     list->current = kNoIndex;

@@ -26,8 +26,8 @@ class PbxLinkEditor : public FieldTableEditor {
  private:
   static std::vector<FieldColumn> Columns();
 
-  Control& pbx_id_;
-  Control& gateway_;
+  ComboBox& pbx_id_;
+  ComboBox& gateway_;
 };
 
 std::vector<std::string> NumbersOf(const Field& statement) {
@@ -35,7 +35,7 @@ std::vector<std::string> NumbersOf(const Field& statement) {
 }
 
 /** Chooses the entry with the number, or else the first one. */
-void ChooseNumber(Control& combo, std::string_view stored) {
+void ChooseNumber(ComboBox& combo, std::string_view stored) {
   combo.Choose(std::to_string(Val(stored)));
   combo.current = std::max(combo.current, 0);
 }

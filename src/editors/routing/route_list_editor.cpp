@@ -42,7 +42,7 @@ class RouteListEditor : public FieldTableEditor {
 
   RowNames groups_;
   std::vector<std::string> offered_groups_;
-  Control& lists_;
+  ListBox& lists_;
   TablePages pages_;
 };
 

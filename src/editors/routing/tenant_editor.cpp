@@ -44,13 +44,13 @@ class TenantEditor : public EditorForm {
   void Show();
 
   std::array<Matrix, 2> matrix_{};
-  std::array<std::array<Control*, kTenants>, kTenants> cells_{};
-  std::array<std::array<Control*, kWindow>, 2> line_buttons_{};  // of columns, of rows
-  std::array<std::array<bool, kWindow>, 2> line_clears_{};       // what the next click of each does
-  Control& page_;
-  Control& frame_;
-  Control& across_;
-  Control& down_;
+  std::array<std::array<CheckBox*, kTenants>, kTenants> cells_{};
+  std::array<std::array<Button*, kWindow>, 2> line_buttons_{};  // of columns, of rows
+  std::array<std::array<bool, kWindow>, 2> line_clears_{};      // what the next click of each does
+  TabBar& page_;
+  Label& frame_;
+  ScrollBar& across_;
+  ScrollBar& down_;
 };
 
 constexpr std::string_view kPages[] = {"Day", "Night"};
@@ -58,27 +58,14 @@ constexpr std::string_view kPageWords[] = {"by day", "by night"};
 /** By page: the tables of the lower and the upper columns. */
 constexpr const Table* kHalves[][2] = {{&kDayTable, &kDayHighTable}, {&kNightTable, &kNightHighTable}};
 
-Control ScrollBar(std::string name, std::string caption, int high) {
-  return {.id = {std::move(name)},
-          .kind = ControlKind::kScroll,
-          .caption = std::move(caption),
-          .current = 0,
-          .high = high,
-          .data = false};
-}
-
 TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      page_(Add({.id = {"tbsTenan"},
-                 .kind = ControlKind::kTabs,
-                 .caption = "Day or night",
-                 .entries = {std::string(kPages[0]), std::string(kPages[1])},
-                 .current = 0,
-                 .data = false})),
+      page_(AddTabs({"tbsTenan"}, "Day or night", {std::string(kPages[0]), std::string(kPages[1])})),
       frame_(AddLabel({"Frame1"}, {})),
-      across_(Add(ScrollBar("HScroll1", "First column", kTenants - kWindow))),
-      down_(Add(ScrollBar("VScroll1", "First row", kTenants - kWindow))) {
-  for (Control* control : {&page_, &across_, &down_}) control->changed = [this] { Show(); };
+      across_(AddScrollBar({"HScroll1"}, "First column", kTenants - kWindow)),
+      down_(AddScrollBar({"VScroll1"}, "First row", kTenants - kWindow)) {
+  for (Control* control : std::initializer_list<Control*>{&page_, &across_, &down_})
+    control->changed = [this] { Show(); };
   AddCells();
   AddButtons();
   Control& set_all = AddButton("cmdSetAll", "Set A&ll", [this] { SetAll(true); });
@@ -93,7 +80,7 @@ TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
 void TenantEditor::AddCells() {
   for (int row = 1; row <= kTenants; ++row) {
     for (int column = 1; column <= kTenants; ++column) {
-      Control& cell = AddCheck({"cell", row, column}, {});
+      CheckBox& cell = AddCheck({"cell", row, column}, {});
       cells_[static_cast<std::size_t>(row) - 1][static_cast<std::size_t>(column) - 1] = &cell;
       cell.changed = [this, row, column, &cell] { SetCell(row, column, cell.on); };
     }
@@ -103,8 +90,7 @@ void TenantEditor::AddCells() {
 void TenantEditor::AddButtons() {
   for (const bool is_row : {false, true}) {
     for (int i = 0; i < kWindow; ++i) {
-      Control& button =
-          AddButton(is_row ? "cmdRow" : "cmdCol", {}, [this, is_row, i] { SetLine(is_row, i); });
+      Button& button = AddButton(is_row ? "cmdRow" : "cmdCol", {}, [this, is_row, i] { SetLine(is_row, i); });
       button.id.index = i;
       line_buttons_[is_row ? 1 : 0][static_cast<std::size_t>(i)] = &button;
     }

@@ -36,10 +36,12 @@ class BillingModeEditor : public EditorForm {
   std::string CountryNumber() const;
   std::string LocalCode() const;
   std::string FieldOf(int field);
-  Control& BoxOf(int field);
+  TextBox& BoxOf(int field);
+  CheckBox& SwitchOf(int field);
 
-  Control* country_;
-  Control* local_code_;
+  ComboBox* country_;
+  ComboBox* local_code_;
+  std::vector<Label*> units_;         // that name the currency
   std::vector<std::string> numbers_;  // by entry of the countries
   std::string loaded_country_;
   std::string shown_country_;
@@ -175,15 +177,16 @@ FormLayout BillingModeEditor::CountryGroup() {
 
 FormLayout BillingModeEditor::AmountField(int field) {
   const Place& place = PlaceOf(field);
-  Control& box = AddText(IdOf(place), "", RuleOf(place.kind));
+  TextBox& box = AddText(IdOf(place), "", RuleOf(place.kind));
   box.entered = [&box] { box.selected = box.text == kUnset; };
   if (place.kept != kNoIndex) {
-    Control& kept = AddText({"Text1", place.kept}, "", {});
+    TextBox& kept = AddText({"Text1", place.kept}, "", {});
     kept.visible = false;
     box.changed = [&box, &kept] { kept.text = box.text; };
   }
   if (!place.unit.empty()) return layout::Field(ScreenLabel(field), box, std::string(place.unit));
-  return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
+  units_.push_back(&AddLabel({"lblUnit", field}, ""));
+  return layout::Field(ScreenLabel(field), box, *units_.back());
 }
 
 FormLayout BillingModeEditor::Switches(std::string title, const std::vector<int>& fields) {
@@ -196,8 +199,12 @@ FormLayout BillingModeEditor::Switches(std::string title, const std::vector<int>
   return layout::Group(std::move(title), std::move(parts));
 }
 
-Control& BillingModeEditor::BoxOf(int field) {
-  return *Find(IdOf(PlaceOf(field)));
+TextBox& BillingModeEditor::BoxOf(int field) {
+  return *Find<TextBox>(IdOf(PlaceOf(field)));
+}
+
+CheckBox& BillingModeEditor::SwitchOf(int field) {
+  return *Find<CheckBox>(IdOf(PlaceOf(field)));
 }
 
 /** The country's number. If the system file does not have it, the first country is used and saved at once. */
@@ -247,9 +254,7 @@ void BillingModeEditor::ShowCountry() {
     local_code_->current = 0;
   }
   const std::string_view unit = system->Get(section, kUnitKey);
-  for (Control& control : controls()) {
-    if (control.id.name == "lblUnit") control.text = unit;
-  }
+  for (Label* label : units_) label->text = unit;
 }
 
 void BillingModeEditor::Load(const IniText& project) {
@@ -261,13 +266,13 @@ void BillingModeEditor::Load(const IniText& project) {
   if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
     local_code_->current = static_cast<int>(code) - 1;
   for (const Place& place : kPlaces) {
-    Control& box = BoxOf(place.field);
     if (place.kind == Kind::kFlag) {
-      box.on = Val(fields[place.field]) != 0;
+      SwitchOf(place.field).on = Val(fields[place.field]) != 0;
       continue;
     }
+    TextBox& box = BoxOf(place.field);
     box.text = fields[place.field];
-    if (place.kept != kNoIndex) Find({"Text1", place.kept})->text = box.text;
+    if (place.kept != kNoIndex) Find<TextBox>({"Text1", place.kept})->text = box.text;
   }
 }
 
@@ -280,7 +285,7 @@ std::string BillingModeEditor::LocalCode() const {
 bool BillingModeEditor::MaySave() {
   for (const Place& place : kPlaces) {
     if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
-    Control& box = BoxOf(place.field);
+    TextBox& box = BoxOf(place.field);
     const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
     std::string wrong;
     if (box.text == ".") {
@@ -298,10 +303,10 @@ bool BillingModeEditor::MaySave() {
 
 std::string BillingModeEditor::FieldOf(int field) {
   const Place& place = PlaceOf(field);
-  const Control& box = BoxOf(field);
-  if (place.kind == Kind::kFlag) return std::string(FlagText(box));
+  if (place.kind == Kind::kFlag) return std::string(FlagText(SwitchOf(field)));
+  const TextBox& box = BoxOf(field);
   if (box.text.empty()) return "0";
-  if (place.kind == Kind::kPercent) return Find({"Text1", place.kept})->text;
+  if (place.kind == Kind::kPercent) return Find<TextBox>({"Text1", place.kept})->text;
   return place.kind == Kind::kAmount ? AtMost(box.text, kHighestAmount) : AtMost(box.text, kHighestWhole);
 }
 

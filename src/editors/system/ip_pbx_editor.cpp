@@ -26,7 +26,7 @@ class IpPbxEditor : public EditorForm {
 
   bool GoOn(std::size_t box, Key key);
 
-  std::array<Control*, kAddressParts + kMacBytes> boxes_{};
+  std::array<TextBox*, kAddressParts + kMacBytes> boxes_{};
 };
 
 // 255 and FF mean "not set" to the exchange and are never sent.
@@ -41,7 +41,7 @@ IpPbxEditor::IpPbxEditor(const EditorContext& context, const FormName& name) : E
   for (std::size_t i = 0; i < boxes_.size(); ++i) {
     const bool is_mac = i >= kAddressParts;
     const int index = static_cast<int>(is_mac ? i - kAddressParts : i);
-    Control& box = AddText({is_mac ? "txtRunScript" : "txtIP_Port", index},
+    TextBox& box = AddText({is_mac ? "txtRunScript" : "txtIP_Port", index},
                            (is_mac ? "MAC byte " : "IP part ") + std::to_string(index + 1),
                            is_mac ? kMacRule : DigitsRule(3));
     box.entered = [&box] { box.selected = true; };

@@ -31,15 +31,15 @@ class PabxModeEditor : public EditorForm {
   void FillNumbers(const IniText& project);
   /** Shows or hides the controls that depend on other switches. */
   void Follow();
-  Control& Flag(int field);
+  CheckBox& Flag(int field);
 
-  Control* day_;
-  Control* night_;
-  Control* message_;
-  Control* number_;
-  Control* numbers_;  // cmbNum
-  Control* limit_;    // txtT2T
-  Control* revision_;
+  Option* day_;
+  Option* night_;
+  Option* message_;
+  Option* number_;
+  ComboBox* numbers_;
+  TextBox* limit_;
+  ComboBox* revision_;
   std::vector<std::string> ports_;  // by entry of cmbNum: the port of its number row
 };
 
@@ -101,18 +101,18 @@ PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& nam
 
 void PabxModeEditor::AddFlags() {
   for (const auto& [field, index] : kFlags) {
-    Control& box =
+    CheckBox& box =
         AddCheck({"Check1", index}, std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name));
     box.changed = [this] { Follow(); };
   }
 }
 
-Control& PabxModeEditor::Flag(int field) {
+CheckBox& PabxModeEditor::Flag(int field) {
   int index = 0;
   for (const auto& [flag, box] : kFlags) {
     if (flag == field) index = box;
   }
-  return *Find({"Check1", index});
+  return *Find<CheckBox>({"Check1", index});
 }
 
 void PabxModeEditor::Follow() {

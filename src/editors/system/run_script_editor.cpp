@@ -20,7 +20,7 @@ class RunScriptEditor : public EditorForm {
   void Write(IniEdit& project) override;
 
  private:
-  std::array<Control*, kScriptEvents> boxes_{};
+  std::array<TextBox*, kScriptEvents> boxes_{};
 };
 
 constexpr int kHighestScript = 510;
@@ -31,7 +31,7 @@ RunScriptEditor::RunScriptEditor(const EditorContext& context, const FormName& n
     : EditorForm(context, name) {
   std::vector<FormLayout> fields;
   for (int event = 0; event < kScriptEvents; ++event) {
-    Control& box = AddText({"txtRunScript", event}, "", AnyDigits());
+    TextBox& box = AddText({"txtRunScript", event}, "", AnyDigits());
     boxes_[static_cast<std::size_t>(event)] = &box;
     fields.push_back(layout::Field(LabelOf(run_script::kTable, event + 1), box));
   }
@@ -42,13 +42,13 @@ RunScriptEditor::RunScriptEditor(const EditorContext& context, const FormName& n
 void RunScriptEditor::Load(const IniText& project) {
   const FieldList scripts(KeyValue(project, run_script::kTable));
   int field = 0;
-  for (Control* box : boxes_) box->text = CellText(scripts[++field]);
+  for (TextBox* box : boxes_) box->text = CellText(scripts[++field]);
 }
 
 void RunScriptEditor::Write(IniEdit& project) {
   const Table& table = run_script::kTable;
   std::string list;
-  for (const Control* box : boxes_) list += FieldText(AtMost(box->text, kHighestScript)) + "|";
+  for (const TextBox* box : boxes_) list += FieldText(AtMost(box->text, kHighestScript)) + "|";
   const bool none = list == table.empty_rows.front();
   project.Set(table.section, table.key, none ? std::string() : list);
 }

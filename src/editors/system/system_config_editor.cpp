@@ -64,23 +64,18 @@ FormLayout SystemConfigEditor::TimeGroup() {
   std::vector<std::string> names;
   names.reserve(kWeekdays);
   for (const Table& weekday : kWeekdayTables) names.emplace_back(weekday.row_name);
-  tabs_ = &Add({.id = {"tbsTimeZone"},
-                .kind = ControlKind::kTabs,
-                .caption = "Weekday",
-                .entries = std::move(names),
-                .current = 0,
-                .data = false,
-                .changed = [this] {
-                  for (Control* box : {day_time_, night_time_}) {
-                    if (box->text.empty()) box->text = kNoTime;
-                  }
-                  KeepWeekday();
-                  weekday_ = tabs_->current;
-                  ShowWeekday();
-                }});
+  tabs_ = &AddTabs({"tbsTimeZone"}, "Weekday", std::move(names));
+  tabs_->changed = [this] {
+    for (TextBox* box : {day_time_, night_time_}) {
+      if (box->text.empty()) box->text = kNoTime;
+    }
+    KeepWeekday();
+    weekday_ = tabs_->current;
+    ShowWeekday();
+  };
   day_time_ = &AddText({"txtDayTime"}, "", TimeRule());
   night_time_ = &AddText({"txtNightTime"}, "", TimeRule());
-  for (Control* box : {day_time_, night_time_}) box->changed = [this] { KeepWeekday(); };
+  for (TextBox* box : {day_time_, night_time_}) box->changed = [this] { KeepWeekday(); };
   const auto label = [](int field) { return LabelOf(kWeekdayTables[0], field); };
   return layout::Group(
       "Setup Time",
@@ -168,7 +163,7 @@ void SystemConfigEditor::ShowHoliday() {
   const FieldList fields(list_->current < 0
                              ? std::string_view()
                              : std::string_view(holidays_[static_cast<std::size_t>(list_->current)]));
-  const auto choose = [](Control& list, std::string_view text) {
+  const auto choose = [](ComboBox& list, std::string_view text) {
     const int before = list.current;
     list.Choose(text);
     if (list.current == kNoIndex) list.current = before;

@@ -29,7 +29,7 @@ inline std::string AtMost(std::string_view typed, int highest) {
 }
 
 /** "1" if the box is on, "0" otherwise. */
-inline std::string_view FlagText(const Control& box) {
+inline std::string_view FlagText(const Switch& box) {
   return box.on ? "1" : "0";
 }
 
