@@ -6,7 +6,7 @@
 #include "editing/editor_form.h"
 #include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/ports/assign.h"
 #include "sections/rows.h"
 #include "sections/system/pabx_mode.h"

@@ -3,7 +3,7 @@
 #include "editing/editor_form.h"
 #include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/rows.h"
 #include "sections/system/run_script.h"
 

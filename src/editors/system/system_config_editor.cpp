@@ -4,7 +4,7 @@
 
 #include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/rows.h"
 #include "sections/system/system_numbers.h"
 

@@ -8,7 +8,7 @@
 #include "programs/ctl/terminal_text.h"
 #include "programs/uses.h"
 #include "project/check.h"
-#include "project/difference_words.h"
+#include "project/difference_line.h"
 
 namespace tarvok::ctl {
 
