@@ -68,12 +68,14 @@ struct Control {
 struct Button : Control {
   bool in_menu = false;  // a menu entry
 
+  Button() { data = false; }
   AnyControl Any() override { return this; }
 };
 
 struct Label : Control {
   std::string text;
 
+  Label() { data = false; }
   AnyControl Any() override { return this; }
 };
 
@@ -135,6 +137,7 @@ struct ListBox : EntryList {
   std::vector<int> chosen;  // all chosen entries, in order
   bool many = false;        // several entries can be chosen
 
+  ListBox() { data = false; }
   AnyControl Any() override { return this; }
   void Take(int entry) override {
     current = entry;
@@ -148,6 +151,10 @@ struct ComboBox : EntryList {
 };
 
 struct TabBar : EntryList {
+  TabBar() {
+    data = false;
+    current = 0;
+  }
   AnyControl Any() override { return this; }
 };
 
@@ -155,6 +162,7 @@ struct ScrollBar : Control {
   int current = 0;
   int high = 0;  // its highest value; the lowest is 0
 
+  ScrollBar() { data = false; }
   AnyControl Any() override { return this; }
 };
 

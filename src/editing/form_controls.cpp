@@ -139,27 +139,8 @@ void FormControls::Settle() {
   if (shown_changed) shown_changed();
 }
 
-template <typename Kind>
-Kind& FormControls::Add(ControlId id, std::string caption, bool data) {
-  auto control = std::make_unique<Kind>();
-  Kind& added = *control;
-  added.id = std::move(id);
-  added.caption = std::move(caption);
-  added.data = data;
-  controls_.push_back(std::move(control));
-  return added;
-}
-
-template <typename Kind>
-Kind& FormControls::AddEntries(ControlId id, std::string caption, std::vector<std::string> entries,
-                               bool data) {
-  Kind& added = Add<Kind>(std::move(id), std::move(caption), data);
-  added.entries = std::move(entries);
-  return added;
-}
-
 Button& FormControls::AddButton(std::string name, std::string caption, std::function<void()> clicked) {
-  Button& button = Add<Button>({std::move(name)}, std::move(caption), false);
+  auto& button = Add<Button>({std::move(name)}, std::move(caption));
   button.changed = std::move(clicked);
   return button;
 }
@@ -171,44 +152,26 @@ Button& FormControls::AddMenu(std::string name, std::string caption, std::functi
 }
 
 TextBox& FormControls::AddText(ControlId id, std::string caption, EntryRule rule) {
-  TextBox& box = Add<TextBox>(std::move(id), std::move(caption), true);
+  auto& box = Add<TextBox>(std::move(id), std::move(caption));
   box.rule = rule;
   return box;
 }
 
-CheckBox& FormControls::AddCheck(ControlId id, std::string caption) {
-  return Add<CheckBox>(std::move(id), std::move(caption), true);
-}
-
 Option& FormControls::AddOption(ControlId id, std::string caption, int group) {
-  Option& option = Add<Option>(std::move(id), std::move(caption), true);
+  auto& option = Add<Option>(std::move(id), std::move(caption));
   option.group = group;
   options_.push_back(&option);
   return option;
 }
 
-ListBox& FormControls::AddList(ControlId id, std::string caption, std::vector<std::string> entries) {
-  return AddEntries<ListBox>(std::move(id), std::move(caption), std::move(entries), false);
-}
-
-ComboBox& FormControls::AddCombo(ControlId id, std::string caption, std::vector<std::string> entries) {
-  return AddEntries<ComboBox>(std::move(id), std::move(caption), std::move(entries), true);
-}
-
-TabBar& FormControls::AddTabs(ControlId id, std::string caption, std::vector<std::string> entries) {
-  TabBar& tabs = AddEntries<TabBar>(std::move(id), std::move(caption), std::move(entries), false);
-  tabs.current = 0;
-  return tabs;
-}
-
 ScrollBar& FormControls::AddScrollBar(ControlId id, std::string caption, int high) {
-  ScrollBar& bar = Add<ScrollBar>(std::move(id), std::move(caption), false);
+  auto& bar = Add<ScrollBar>(std::move(id), std::move(caption));
   bar.high = high;
   return bar;
 }
 
 Label& FormControls::AddLabel(ControlId id, std::string text) {
-  Label& label = Add<Label>(std::move(id), {}, false);
+  auto& label = Add<Label>(std::move(id), {});
   label.text = std::move(text);
   return label;
 }

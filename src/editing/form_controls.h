@@ -33,7 +33,6 @@ class FormControls {
   Kind* Find(const ControlId& id) {
     return static_cast<Kind*>(Find(id));
   }
-  const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
   const FormLayout& layout() const { return layout_; }
   /** The form's table; nullptr if it has none. */
   virtual TableEditor* table() { return nullptr; }
@@ -68,12 +67,17 @@ class FormControls {
   Button& AddButton(std::string name, std::string caption, std::function<void()> clicked);
   Button& AddMenu(std::string name, std::string caption, std::function<void()> clicked);
   TextBox& AddText(ControlId id, std::string caption, EntryRule rule);
-  CheckBox& AddCheck(ControlId id, std::string caption);
+  CheckBox& AddCheck(ControlId id, std::string caption) {
+    return Add<CheckBox>(std::move(id), std::move(caption));
+  }
   Option& AddOption(ControlId id, std::string caption, int group = 0);
-  ListBox& AddList(ControlId id, std::string caption, std::vector<std::string> entries);
-  ComboBox& AddCombo(ControlId id, std::string caption, std::vector<std::string> entries);
-  /** Tabs, with the first one chosen. */
-  TabBar& AddTabs(ControlId id, std::string caption, std::vector<std::string> entries);
+  /** Adds a list, a combo or tabs. */
+  template <typename Kind>
+  Kind& AddEntries(ControlId id, std::string caption, std::vector<std::string> entries) {
+    auto& list = Add<Kind>(std::move(id), std::move(caption));
+    list.entries = std::move(entries);
+    return list;
+  }
   ScrollBar& AddScrollBar(ControlId id, std::string caption, int high);
   Label& AddLabel(ControlId id, std::string text);
   void SetLayout(FormLayout layout) { layout_ = std::move(layout); }
@@ -86,9 +90,12 @@ class FormControls {
 
  private:
   template <typename Kind>
-  Kind& Add(ControlId id, std::string caption, bool data);
-  template <typename Kind>
-  Kind& AddEntries(ControlId id, std::string caption, std::vector<std::string> entries, bool data);
+  Kind& Add(ControlId id, std::string caption) {
+    auto& added = static_cast<Kind&>(*controls_.emplace_back(std::make_unique<Kind>()));
+    added.id = std::move(id);
+    added.caption = std::move(caption);
+    return added;
+  }
   void TypeInto(TextBox& box, Key key);
   void PutText(TextBox& box, std::string_view text);
   void Acted(Control& control);

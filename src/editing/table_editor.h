@@ -65,8 +65,8 @@ enum class RowCommands {
 };
 
 /**
- * The table of an editor: cells, selection, the field over the current cell, and undo. Rows count from 1. What
- * users do with it is in table_operations.h and table_csv.h. Independent of projects, windows and forms.
+ * The table of an editor: cells, selection, the field over the current cell, and undo. What users do with it
+ * is in table_operations.h and table_csv.h. Rows count from 1. Independent of projects, windows and forms.
  */
 class TableEditor {
  public:

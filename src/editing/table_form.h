@@ -26,7 +26,6 @@ class TableForm : public EditorForm {
   void LayOut(std::vector<FormLayout> above = {}, std::vector<FormLayout> buttons = {},
               std::vector<FormLayout> next_to = {});
   void Sort(bool ascending);
-  virtual bool sorts() const { return !table_.options().sort_by.empty(); }
 
  private:
   void AddEditMenu();

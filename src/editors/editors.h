@@ -9,14 +9,14 @@
 
 namespace tarvok::editors {
 
-/** An editor of the command tree: its command, its names and its factory. The file of each editor ends with its
- * row, which the list in editors.cpp puts into its place in the tree. */
+/** An editor of the command tree: its command, its names and its factory. The file of each editor ends with
+ * its row, which the list in editors.cpp puts into its place in the tree. */
 struct Editor {
   std::string_view text;  // of the command's node
   std::string_view key;   // of the command
   FormName name;
   std::unique_ptr<EditorForm> (*make)(const EditorContext& context, const FormName& name);
-  std::string_view compared = {};  // what a click compares with the open form's name; empty: `name.recorded`
+  std::string_view compared = {};  // what a click compares with the open form's name; empty: the one recorded
   bool keeps_highlight = true;
   bool needs_system_file = false;  // it offers the countries of the system file
 };

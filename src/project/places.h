@@ -9,8 +9,8 @@
 
 namespace tarvok::project {
 
-/** The key of the command whose form edits a field of a table, from 1, or whole rows (0). Findings, references
- * and searches all use this to jump. "" for a section that no form edits. */
+/** The key of the command whose form edits a field of a table, from 1, or whole rows (0). Findings,
+ * references and searches all use this to jump. "" for a section that no form edits. */
 std::string_view CommandOf(const Table& table, int field = 0);
 
 /** The statement and the row number of a key; FindRow returns nullopt for an unknown key. */

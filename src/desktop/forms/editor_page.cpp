@@ -176,7 +176,7 @@ class EditorPaneForm : public Form {
   EditorPaneForm(const EditorPaneForm&) = delete;
   EditorPaneForm& operator=(const EditorPaneForm&) = delete;
 
-  std::string_view name() const override { return page_->form().name().recorded; }
+  std::string_view name() const override { return page_->form().name().recorded(); }
   void Show() override { host_.ShowInPane(page_); }
   bool SaveFile() override {
     page_->Commit();
@@ -195,7 +195,7 @@ class EditorPaneForm : public Form {
 Command EditorCommand(DesktopParts& parts, const Editor& editor, PaneHost& host) {
   return {.text = editor.text,
           .key = editor.key,
-          .recorded = editor.name.recorded,
+          .recorded = editor.name.recorded(),
           .compared = editor.compared,
           .make = [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
             return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));

@@ -15,7 +15,7 @@
 #include "desktop/look/headings.h"
 #include "desktop/look/shown_text.h"
 #include "editing/table_csv.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "store/whole_write.h"
 
 namespace tarvok::desktop {

@@ -3,7 +3,7 @@
 
 #include "editing/repeat_list.h"
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/account.h"
 #include "sections/ports/port_config.h"
 #include "sections/routing/tenan.h"
@@ -19,8 +19,14 @@ class AccountEditor : public FieldTableEditor {
   AccountEditor(const EditorContext& context, const FormName& name);
 
  protected:
-  void Prepare(const IniText& project) override;
-  bool MaySave() override;
+  void Prepare(const IniText& project) override {
+    numbers_ = AssignNumbers(project);
+    offered_ = PortNumbers(project).Names();
+  }
+  bool MaySave() override {
+    return !CheckAccounts() ||
+           context().questions.Ask("There are repeat Account. Do you still want to save?");
+  }
 
  private:
   static std::vector<FieldColumn> Columns(AccountEditor* form);
@@ -60,29 +66,18 @@ std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
 AccountEditor::AccountEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, kTable, Columns(this),
                        {.rows = RowCommands::kFixed, .sort_by = {{kAccountColumn}}}),
-      repeats_(AddLabel({"lblRepeat"}, {}), AddList({"lsRepeat"}, "Repeats", {})) {
+      repeats_(AddLabel({"lblRepeat"}, {}), AddEntries<ListBox>({"lsRepeat"}, "Repeats", {})) {
   Control& check = AddButton("cmdCheck", "Check &Number", [this] { CheckAccounts(); });
   LayOut({repeats_.Place()}, {layout::Of(check)});
 }
-
-void AccountEditor::Prepare(const IniText& project) {
-  numbers_ = AssignNumbers(project);
-  offered_ = PortNumbers(project).Names();
-}
-
 bool AccountEditor::CheckAccounts() {
   std::vector<std::string> accounts;
   for (int row = 1; row <= grid().rows(); ++row) accounts.push_back(grid().Cell(row, kAccountColumn));
   return repeats_.Show(std::move(accounts), "No repeat Account", "Show repeat number :");
 }
-
-bool AccountEditor::MaySave() {
-  return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
-}
-
 }  // namespace account_editor
 
 extern const Editor kAccountEditor{
-    "9 - Account", "account", {"frmAccount", "frmAccount", "Account"}, Make<account_editor::AccountEditor>};
+    "9 - Account", "account", {"frmAccount", "Account"}, Make<account_editor::AccountEditor>};
 
 }  // namespace tarvok::editors

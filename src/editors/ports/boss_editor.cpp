@@ -1,5 +1,5 @@
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/boss.h"
 
 namespace tarvok::editors {
@@ -11,7 +11,10 @@ using boss::kTable;
  * table shows their numbers. Other numbers are stored as not set. */
 class BossEditor : public FieldTableEditor {
  public:
-  BossEditor(const EditorContext& context, const FormName& name);
+  BossEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, kTable, Columns(this), {.sort_by = {{1}}}) {
+    LayOut();
+  }
 
  protected:
   void Prepare(const IniText& project) override { numbers_ = PortNumbers(project); }
@@ -25,8 +28,7 @@ class BossEditor : public FieldTableEditor {
 std::vector<FieldColumn> BossEditor::Columns(BossEditor* form) {
   std::vector<FieldColumn> columns;
   for (int field = boss::kBoss; field <= boss::kSecretary; ++field) {
-    FieldColumn column = TypedColumn(
-        field, std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name), DigitsRule(6));
+    FieldColumn column = TypedColumn(field, std::string(StatementOf(kTable, field).name), DigitsRule(6));
     column.column.entry = Entry::kEditList;
     column.column.list_of = [form](int) { return form->numbers_.Names(); };
     column.shown = [form](std::string_view stored) { return form->numbers_.NameOf(stored); };
@@ -38,16 +40,9 @@ std::vector<FieldColumn> BossEditor::Columns(BossEditor* form) {
   return columns;
 }
 
-BossEditor::BossEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, kTable, Columns(this), {.sort_by = {{1}}}) {
-  LayOut();
-}
-
 }  // namespace boss_editor
 
-extern const Editor kBossEditor{"4 - Boss and Secretary",
-                                "boss",
-                                {"frmBoss", "frmBoss", "Boss and Secretary"},
-                                Make<boss_editor::BossEditor>};
+extern const Editor kBossEditor{
+    "4 - Boss and Secretary", "boss", {"frmBoss", "Boss and Secretary"}, Make<boss_editor::BossEditor>};
 
 }  // namespace tarvok::editors

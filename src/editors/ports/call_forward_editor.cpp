@@ -7,6 +7,7 @@ namespace tarvok::editors {
 namespace call_forward_editor {
 
 using namespace port_def;
+using port_fields_editor::PortFieldsEditor;
 
 /** "Call Forward" (`frmCallFW`): do not disturb, and where calls go that a port does not answer. */
 class CallForwardEditor : public PortFieldsEditor {
@@ -33,7 +34,7 @@ CallForwardEditor::CallForwardEditor(const EditorContext& context, const FormNam
 
 extern const Editor kCallForwardEditor{"7 - Call Forward",
                                        "callforward",
-                                       {"frmCallFW", "frmCallFW", "Call Forward"},
+                                       {"frmCallFW", "Call Forward"},
                                        Make<call_forward_editor::CallForwardEditor>};
 
 }  // namespace tarvok::editors

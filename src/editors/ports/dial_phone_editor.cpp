@@ -1,5 +1,5 @@
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/number_tables.h"
 
 namespace tarvok::editors {
@@ -20,7 +20,7 @@ DialPhoneEditor::DialPhoneEditor(const EditorContext& context, const FormName& n
 
 extern const Editor kDialPhoneEditor{"6 - Key Dial Phone Number",
                                      "dialphone",
-                                     {"frmDialPhone", "frmDialPhone", "Key Dial Phone Number"},
+                                     {"frmDialPhone", "Key Dial Phone Number"},
                                      Make<dial_phone_editor::DialPhoneEditor>};
 
 }  // namespace tarvok::editors

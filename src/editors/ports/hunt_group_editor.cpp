@@ -43,8 +43,6 @@ class HuntGroupEditor : public EditorForm {
   int total_ = 0;
 };
 
-constexpr std::string_view kPortType = "0";
-
 /** Number and name of a number row, as shown in both lists; "" if the row has no number. */
 std::string TextOf(const IniText& project, std::int64_t number) {
   if (number < 1 || number > kAssignRows) return {};
@@ -59,15 +57,15 @@ std::string TextOf(const IniText& project, std::int64_t number) {
 
 HuntGroupEditor::HuntGroupEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      groups_(AddList({"lsGroup"}, "Hunt groups",
-                      NumberedEntries(1, kHuntGroups, kTable.rows.width, "Hunt Group "))),
-      numbers_(AddList({"ListView1"}, "Numbers that may be added", {})) {
+      groups_(AddEntries<ListBox>({"lsGroup"}, "Hunt groups",
+                                  NumberedEntries(1, kHuntGroups, kTable.rows.width, "Hunt Group "))),
+      numbers_(AddEntries<ListBox>({"ListView1"}, "Numbers that may be added", {})) {
   groups_.current = 0;
   groups_.changed = [this] { ShowGroup(); };
   numbers_.many = true;
   std::vector<FormLayout> members;
   for (int group = 0; group < kHuntGroups; ++group) {
-    ListBox& list = AddList({"lsGroupHunt", group}, "Members", {});
+    ListBox& list = AddEntries<ListBox>({"lsGroupHunt", group}, "Members", {});
     list.many = true;
     lists_[static_cast<std::size_t>(group)] = &list;
     members.push_back(layout::Of(list));
@@ -158,7 +156,7 @@ void HuntGroupEditor::Write(IniEdit& project) {
 
 extern const Editor kHuntGroupEditor{"10 - Hunt Group",
                                      "groupofhunt",
-                                     {"frmGrpHunt", "frmGroupOfHunt", "Hunt Group"},
+                                     {"frmGrpHunt", "Hunt Group", "frmGroupOfHunt"},
                                      Make<hunt_group_editor::HuntGroupEditor>};
 
 }  // namespace tarvok::editors

@@ -7,10 +7,11 @@
 #include "sections/routing/group_out.h"
 #include "store/number_text.h"
 
-namespace tarvok::editors {
-namespace {
+namespace tarvok::editors::setup_key_editor {
 
 using namespace key_dss;
+
+namespace {
 
 constexpr std::string_view kOldLabel = "Grp Out";
 constexpr std::string_view kDigitsStarHash = "0123456789*#";
@@ -178,11 +179,11 @@ DssKeyDialog::DssKeyDialog(std::string_view label, Ends ends)
 PhoneKeyDialog::PhoneKeyDialog(std::string_view label, std::vector<std::string> lines, Ends ends)
     : KeyDialog(kKeyButtons, kKeys.fields[0], std::move(ends)),
       map_(AddInput(AddText({"txtMapDigit"}, "Map Digit", RuleOf(MapOf(kTrunk))))),
-      group_(
-          AddInput(AddCombo({"cmbGrpOut"}, "Group Out",
-                            NumberedEntries(1, kGroupsOut, 0, std::string(group_out::kTable.label) + " ")))),
+      group_(AddInput(AddEntries<ComboBox>(
+          {"cmbGrpOut"}, "Group Out",
+          NumberedEntries(1, kGroupsOut, 0, std::string(group_out::kTable.label) + " ")))),
       group_map_(AddInput(AddText({"txtMapGrpOut"}, "Map Digit", RuleOf(MapOf(kGroupOut))))),
-      line_(AddInput(AddCombo({"cmbMulti"}, "Line", std::move(lines)))) {
+      line_(AddInput(AddEntries<ComboBox>({"cmbMulti"}, "Line", std::move(lines)))) {
   number().changed = [this] { LimitTrunk(); };
   map_.changed = [this] { LimitTrunk(); };
   std::vector<FormLayout> choices;
@@ -246,4 +247,4 @@ std::string PhoneKeyDialog::Text() const {
   return code() == kTrunk && !text.empty() ? WithMap(text, map_.text) : text;
 }
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::setup_key_editor

@@ -10,7 +10,7 @@
 #include "editors/uses.h"
 #include "sections/field.h"
 
-namespace tarvok::editors {
+namespace tarvok::editors::setup_key_editor {
 
 /** A button's field as shown in its label: an old-style group out by its name, anything else unchanged. */
 std::string ButtonLabel(std::string_view field);
@@ -105,4 +105,4 @@ class PhoneKeyDialog : public KeyDialog {
   ComboBox& line_;
 };
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::setup_key_editor

@@ -1,5 +1,5 @@
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/number_tables.h"
 
 namespace tarvok::editors {
@@ -20,7 +20,7 @@ LinkTrunkEditor::LinkTrunkEditor(const EditorContext& context, const FormName& n
 
 extern const Editor kLinkTrunkEditor{"5 - Link Trunk Number",
                                      "linktrunk",
-                                     {"frmLinkTrunk", "frmLinkTrunk", "Link Trunk Number"},
+                                     {"frmLinkTrunk", "Link Trunk Number"},
                                      Make<link_trunk_editor::LinkTrunkEditor>};
 
 }  // namespace tarvok::editors

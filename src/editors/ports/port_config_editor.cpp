@@ -130,7 +130,7 @@ std::string GroupText(int group) {
 
 PortConfigEditor::PortConfigEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      list_(AddList({"lsPortConfig"}, "Profiles", NumberedEntries(1, kPortConfigRows))),
+      list_(AddEntries<ListBox>({"lsPortConfig"}, "Profiles", NumberedEntries(1, kPortConfigRows))),
       link_trunk_(AddCheck({"chkLinkTrunk"}, NameOf(At(kLinkTrunk)) + " :")) {
   AddControls();
   LayOut();
@@ -149,12 +149,12 @@ void PortConfigEditor::AddControls() {
     Control*& control = controls_[index];
     switch (kForms[index].kind) {
       case Kind::kService:
-        control = &AddCombo(id, NameOf(index), {});
+        control = &AddEntries<ComboBox>(id, NameOf(index), {});
         control->changed = [this, index] { chosen_[index] = true; };
         break;
       case Kind::kChoice:
       case Kind::kRing:
-        control = &AddCombo(id, NameOf(index), EntriesOf(index));
+        control = &AddEntries<ComboBox>(id, NameOf(index), EntriesOf(index));
         break;
       case Kind::kTime: {
         TextBox& box = AddText(id, NameOf(index), ByteRule());
@@ -169,7 +169,7 @@ void PortConfigEditor::AddControls() {
         control = &AddCheck(id, NameOf(index));
         break;
       case Kind::kTrunk:
-        control = &AddCombo(id, NameOf(index), NumberedEntries(1, kLinkTrunks));
+        control = &AddEntries<ComboBox>(id, NameOf(index), NumberedEntries(1, kLinkTrunks));
         break;
       case Kind::kReverse:
         for (std::size_t n = 0; n < kReverseChoices; ++n) {
@@ -341,7 +341,7 @@ void PortConfigEditor::Write(IniEdit& project) {
 
 extern const Editor kPortConfigEditor{.text = "3 - Port Config",
                                       .key = "portconfig",
-                                      .name = {"frmPortConfig_Def", "frmPortConfigDefine", "Port Config"},
+                                      .name = {"frmPortConfig_Def", "Port Config", "frmPortConfigDefine"},
                                       .make = Make<port_config_editor::PortConfigEditor>,
                                       .compared = "frmPortConfigDef"};
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/ports/card_insert.h"
 #include "editors/ports/number_links.h"
 #include "sections/ports/account.h"
@@ -81,7 +81,6 @@ constexpr std::size_t kColumns = kExpandColumn;
 
 constexpr int kCards = 16;
 constexpr int kMostPickup = 99;
-constexpr int kRowWidth = 3;  // of a row number in another section
 constexpr std::string_view kNoRoom = "Cannot insert more card";
 constexpr std::string_view kNoPort = "F|F|F";
 
@@ -133,8 +132,8 @@ PortDefineEditor::PortDefineEditor(const EditorContext& context, const FormName&
     : FieldTableEditor(
           context, name, kTable, Columns(this),
           {.rows = RowCommands::kGrow, .most = kPortRows, .sort_by = {{kCardColumn}, {kChannelColumn}}}),
-      card_(AddCombo({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
-      type_(AddCombo({"cmbType"}, "Type :", CardNames())) {
+      card_(AddEntries<ComboBox>({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
+      type_(AddEntries<ComboBox>({"cmbType"}, "Type :", CardNames())) {
   for (ComboBox* list : {&card_, &type_}) {
     list->data = false;
     list->current = 0;
@@ -330,7 +329,7 @@ void PortDefineEditor::KeepLines(IniEdit& project) const {
 
 extern const Editor kPortDefineEditor{"2 - Port Define",
                                       "portdefine",
-                                      {"frmPortSys_Def", "frmPortDef", "Port System Define"},
+                                      {"frmPortSys_Def", "Port System Define", "frmPortDef"},
                                       Make<port_define_editor::PortDefineEditor>};
 
 }  // namespace tarvok::editors

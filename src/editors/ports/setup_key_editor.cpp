@@ -41,7 +41,11 @@ class SetupKeyEditor : public EditorForm {
   void TakeLabels();
   void OpenKey(std::size_t button);
   void OpenDss(std::size_t button);
-  void Put(Label& label, const std::string& text);
+  void Put(Label& label, const std::string& text) {
+    if (label.text == text) return;
+    label.text = text;
+    MarkChanged();
+  }
 
   std::array<Buttons, kKeyLayouts> layouts_;
   std::size_t shown_ = 0;  // index of the layout shown in the labels
@@ -72,7 +76,8 @@ std::string Joined(const std::vector<std::string>& buttons) {
 }
 
 SetupKeyEditor::SetupKeyEditor(const EditorContext& context, const FormName& name)
-    : EditorForm(context, name), list_(AddList({"lsGrp"}, "Layouts", NumberedEntries(1, kKeyLayouts))) {
+    : EditorForm(context, name),
+      list_(AddEntries<ListBox>({"lsGrp"}, "Layouts", NumberedEntries(1, kKeyLayouts))) {
   list_.current = 0;
   list_.changed = [this] {
     TakeLabels();
@@ -122,13 +127,6 @@ void SetupKeyEditor::TakeLabels() {
   for (std::size_t i = 0; i < keys_.size(); ++i) buttons.keys[i] = ButtonField(keys_[i]->text);
   for (std::size_t i = 0; i < dss_.size(); ++i) buttons.dss[i] = ButtonField(dss_[i]->text);
 }
-
-void SetupKeyEditor::Put(Label& label, const std::string& text) {
-  if (label.text == text) return;
-  label.text = text;
-  MarkChanged();
-}
-
 void SetupKeyEditor::OpenKey(std::size_t button) {
   std::vector<std::string> lines = NumberedEntries(1, kLinesOfLayout);
   for (std::size_t i = 0; i < keys_.size(); ++i) {
@@ -161,7 +159,7 @@ void SetupKeyEditor::Write(IniEdit& project) {
 
 extern const Editor kSetupKeyEditor{"29 - Setup Key Config",
                                     "setupkey",
-                                    {"frmSetupKey", "frmSetupKey", "Setup Key Config"},
+                                    {"frmSetupKey", "Setup Key Config"},
                                     Make<setup_key_editor::SetupKeyEditor>};
 
 }  // namespace tarvok::editors

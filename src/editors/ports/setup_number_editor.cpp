@@ -5,7 +5,7 @@
 
 #include "editing/repeat_list.h"
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/boss.h"
 #include "sections/ports/hunt_group.h"
@@ -66,7 +66,6 @@ enum ColumnOf : int { kNumberColumn = 1, kTypeColumn, kValueColumn, kCompanyColu
 constexpr int kMostCompany = 4;
 constexpr int kCallGroups = 99;
 constexpr char kPortSign = '/';  // between card and channel
-constexpr int kRowWidth = 3;     // of a row number in another section
 
 /** What the value of a type refers to. */
 enum class ValueKind { kNothing, kPort, kCallGroup, kHuntGroup, kBoss };
@@ -152,7 +151,7 @@ std::vector<FieldColumn> SetupNumberEditor::Columns(SetupNumberEditor* form) {
 SetupNumberEditor::SetupNumberEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, assign::kTable, Columns(this),
                        {.rows = RowCommands::kGrow, .most = kAssignRows, .sort_by = {{kNumberColumn}}}),
-      repeats_(AddLabel({"lblRepeat"}, {}), AddList({"lsRepeat"}, "Repeats", {})) {
+      repeats_(AddLabel({"lblRepeat"}, {}), AddEntries<ListBox>({"lsRepeat"}, "Repeats", {})) {
   Control& numbers = AddButton("cmdCheck", "Check &Number", [this] { CheckNumbers(); });
   Control& ports = AddButton("cmdChk_port", "Check &Port", [this] { CheckPorts(); });
   LayOut({repeats_.Place()}, {layout::Of(numbers), layout::Of(ports)});
@@ -314,7 +313,7 @@ void SetupNumberEditor::FollowSecretaries(IniEdit& project) const {
 
 extern const Editor kSetupNumberEditor{"1 - Setup Number",
                                        "ext",
-                                       {"frmExtension", "frmExtension", "Setup Number"},
+                                       {"frmExtension", "Setup Number"},
                                        Make<setup_number_editor::SetupNumberEditor>};
 
 }  // namespace tarvok::editors

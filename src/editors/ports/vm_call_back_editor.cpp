@@ -1,5 +1,5 @@
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/vm_call_back.h"
 
 namespace tarvok::editors {
@@ -23,7 +23,7 @@ VmCallBackEditor::VmCallBackEditor(const EditorContext& context, const FormName&
 
 extern const Editor kVmCallBackEditor{"22 - VM Call Back",
                                       "vmcallback",
-                                      {"frmVMCallBack", "frmVMCallBack", "VM Call Back"},
+                                      {"frmVMCallBack", "VM Call Back"},
                                       Make<vm_call_back_editor::VmCallBackEditor>};
 
 }  // namespace tarvok::editors

@@ -6,6 +6,7 @@ namespace tarvok::editors {
 namespace voice_mail_box_editor {
 
 using namespace port_def;
+using port_fields_editor::PortFieldsEditor;
 
 /** "Voice Mail Box" (`frmVMBox`): how a port uses voice mail. */
 class VoiceMailBoxEditor : public PortFieldsEditor {
@@ -22,7 +23,7 @@ VoiceMailBoxEditor::VoiceMailBoxEditor(const EditorContext& context, const FormN
 
 extern const Editor kVoiceMailBoxEditor{"8 - Voice Mail Box",
                                         "vmbox",
-                                        {"frmVMBox", "frmVMBox", "Voice Mail Box"},
+                                        {"frmVMBox", "Voice Mail Box"},
                                         Make<voice_mail_box_editor::VoiceMailBoxEditor>};
 
 }  // namespace tarvok::editors

@@ -18,7 +18,9 @@ class BanAllowEditor : public ClassEditor {
  public:
   BanAllowEditor(const EditorContext& context, const FormName& name);
 
-  bool ShowPlace(std::string_view section, int row, int field) override;
+  bool ShowPlace(std::string_view section, int row, int field) override {
+    return SameName(section, class_digit::kBanTable.section) && ShowPage(row - 1, field);
+  }
 
  protected:
   void Load(const IniText& project) override;
@@ -88,16 +90,11 @@ void BanAllowEditor::Write(IniEdit& project) {
   RepairReferences(project, project.base(), class_digit::kBanTable, emptied);
   LeaveEmptyGroups(project);
 }
-
-bool BanAllowEditor::ShowPlace(std::string_view section, int row, int field) {
-  return SameName(section, class_digit::kBanTable.section) && ShowPage(row - 1, field);
-}
-
 }  // namespace ban_allow_editor
 
 extern const Editor kBanAllowEditor{"19 - Ban/Allow Number",
                                     "digitcor",
-                                    {"frmClassDigit", "frmClassDigit", "Ban/Allow Number"},
+                                    {"frmClassDigit", "Ban/Allow Number"},
                                     Make<ban_allow_editor::BanAllowEditor>};
 
 }  // namespace tarvok::editors

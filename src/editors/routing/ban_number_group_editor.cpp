@@ -18,9 +18,14 @@ namespace ban_number_group_editor {
 /** "Ban Number Group" (`frmCORGroup`): the classes of each group. */
 class BanNumberGroupEditor : public ClassEditor {
  public:
-  BanNumberGroupEditor(const EditorContext& context, const FormName& name);
+  BanNumberGroupEditor(const EditorContext& context, const FormName& name)
+      : ClassEditor(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
+    AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
+  }
 
-  bool ShowPlace(std::string_view section, int row, int field) override;
+  bool ShowPlace(std::string_view section, int row, int field) override {
+    return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
+  }
 
  protected:
   void Load(const IniText& project) override;
@@ -50,11 +55,6 @@ std::vector<Column> BanNumberGroupEditor::Columns(BanNumberGroupEditor* form) {
            .overlay = "cmbMask"}};
 }
 
-BanNumberGroupEditor::BanNumberGroupEditor(const EditorContext& context, const FormName& name)
-    : ClassEditor(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
-  AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
-}
-
 void BanNumberGroupEditor::Load(const IniText& project) {
   offered_.clear();
   for (int number = 1; number <= kClasses; ++number) {
@@ -80,16 +80,11 @@ void BanNumberGroupEditor::Write(IniEdit& project) {
   }
   LeaveEmptyGroups(project);
 }
-
-bool BanNumberGroupEditor::ShowPlace(std::string_view section, int row, int field) {
-  return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
-}
-
 }  // namespace ban_number_group_editor
 
 extern const Editor kBanNumberGroupEditor{"20 - Ban Number Group",
                                           "corgroup",
-                                          {"frmCORGroup", "frmCORGroup", "Ban Number Group"},
+                                          {"frmCORGroup", "Ban Number Group"},
                                           Make<ban_number_group_editor::BanNumberGroupEditor>};
 
 }  // namespace tarvok::editors

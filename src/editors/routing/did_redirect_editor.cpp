@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/ports/assign.h"
 #include "sections/routing/did_redirect.h"
@@ -20,7 +20,11 @@ using namespace did_redirect;
  * depends on the row's `Map Type`. */
 class DidRedirectEditor : public FieldTableEditor {
  public:
-  DidRedirectEditor(const EditorContext& context, const FormName& name);
+  DidRedirectEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{kLink}, {kDidStart}}}) {
+    LayOut();
+  }
 
  protected:
   void Prepare(const IniText& project) override;
@@ -37,7 +41,12 @@ class DidRedirectEditor : public FieldTableEditor {
   static std::vector<FieldColumn> Columns(DidRedirectEditor* form);
   Target TargetOf(std::string_view type) const;
   std::vector<std::string> MapNumbers(int row) const;
-  void TypeChanged(int row);
+  /** Clears a target that the new type cannot have. */
+  void TypeChanged(int row) {
+    const std::vector<std::string> offered = MapNumbers(row);
+    if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())
+      grid().EraseCell(row, kMapNumber);
+  }
 
   RowNames numbers_;
   RowNames lists_;
@@ -63,12 +72,6 @@ std::vector<FieldColumn> DidRedirectEditor::Columns(DidRedirectEditor* form) {
   const EntryRule digits = DigitsRule(fields[kDidStart - 1].high);
   return {std::move(link), TypedColumn(kDidStart, "DID Start", digits),
           TypedColumn(kDidEnd, "DID End", digits), std::move(type), std::move(number)};
-}
-
-DidRedirectEditor::DidRedirectEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{kLink}, {kDidStart}}}) {
-  LayOut();
 }
 
 void DidRedirectEditor::Prepare(const IniText& project) {
@@ -104,18 +107,11 @@ std::vector<std::string> DidRedirectEditor::MapNumbers(int row) const {
   return target.offered != nullptr ? *target.offered : std::vector<std::string>();
 }
 
-/** Clears a target that the new type cannot have. */
-void DidRedirectEditor::TypeChanged(int row) {
-  const std::vector<std::string> offered = MapNumbers(row);
-  if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())
-    grid().EraseCell(row, kMapNumber);
-}
-
 }  // namespace did_redirect_editor
 
 extern const Editor kDidRedirectEditor{"18 - DID Redirect",
                                        "didredirect",
-                                       {"frmDIDRedirect", "frmDIDRedirect", "DID Redirect"},
+                                       {"frmDIDRedirect", "DID Redirect"},
                                        Make<did_redirect_editor::DidRedirectEditor>};
 
 }  // namespace tarvok::editors

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/e1_map.h"
 #include "sections/routing/e1_number.h"
@@ -26,7 +26,11 @@ class E1MappingEditor : public FieldTableEditor {
   void Prepare(const IniText& project) override;
   void Write(IniEdit& project) override;
   bool IsRemoved(std::string_view /*value*/) const override { return false; }
-  bool KeepsReferences(int row) const override;
+  /** Emptied links cannot be referenced; links that were empty before do not change. */
+  bool KeepsReferences(int row) const override {
+    const bool is_empty = grid().IsBlank(row, e1_map::kStart) && grid().IsBlank(row, e1_map::kEnd);
+    return !is_empty || IsUnused(statement(), StoredBefore(row));
+  }
 
  private:
   static std::vector<FieldColumn> Columns(E1MappingEditor* form);
@@ -64,12 +68,6 @@ void E1MappingEditor::Prepare(const IniText& project) {
   ports_ = PortNames(project, statement().fields[e1_map::kStart - 1].target.stored[0]);
 }
 
-/** Emptied links cannot be referenced; links that were empty before do not change. */
-bool E1MappingEditor::KeepsReferences(int row) const {
-  const bool is_empty = grid().IsBlank(row, e1_map::kStart) && grid().IsBlank(row, e1_map::kEnd);
-  return !is_empty || IsUnused(statement(), StoredBefore(row));
-}
-
 void E1MappingEditor::Write(IniEdit& project) {
   FieldTableEditor::Write(project);
   project.Set(statement().section, kNowKey, std::to_string(grid().rows()));
@@ -77,9 +75,7 @@ void E1MappingEditor::Write(IniEdit& project) {
 
 }  // namespace e1_mapping_editor
 
-extern const Editor kE1MappingEditor{"16 - E1 Mapping",
-                                     "e1mapping",
-                                     {"frmE1Map", "frmE1Map", "E1 Mapping"},
-                                     Make<e1_mapping_editor::E1MappingEditor>};
+extern const Editor kE1MappingEditor{
+    "16 - E1 Mapping", "e1mapping", {"frmE1Map", "E1 Mapping"}, Make<e1_mapping_editor::E1MappingEditor>};
 
 }  // namespace tarvok::editors

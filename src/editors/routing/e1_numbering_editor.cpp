@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/e1_map.h"
 #include "sections/routing/e1_number.h"
@@ -17,10 +17,14 @@ namespace e1_numbering_editor {
 /** "E1 Numbering" (`frmE1Numbering`): the digits in front of the numbers of a link. */
 class E1NumberingEditor : public FieldTableEditor {
  public:
-  E1NumberingEditor(const EditorContext& context, const FormName& name);
+  E1NumberingEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, e1_number::kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{e1_number::kLink}}}) {
+    LayOut();
+  }
 
  protected:
-  void Prepare(const IniText& project) override;
+  void Prepare(const IniText& project) override { links_ = OfferedLinks(project); }
   bool IsRemoved(std::string_view /*value*/) const override { return false; }
 
  private:
@@ -47,22 +51,11 @@ std::vector<FieldColumn> E1NumberingEditor::Columns(E1NumberingEditor* form) {
   return {std::move(link), TypedColumn(kNumbering, "Numbering", numbering),
           TypedColumn(kDigitCheck, "Digit Check", DigitsRule(2))};
 }
-
-E1NumberingEditor::E1NumberingEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, e1_number::kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{e1_number::kLink}}}) {
-  LayOut();
-}
-
-void E1NumberingEditor::Prepare(const IniText& project) {
-  links_ = OfferedLinks(project);
-}
-
 }  // namespace e1_numbering_editor
 
 extern const Editor kE1NumberingEditor{"17 - E1 Numbering",
                                        "e1numbering",
-                                       {"frmE1Numbering", "frmE1Numbering", "E1 Numbering"},
+                                       {"frmE1Numbering", "E1 Numbering"},
                                        Make<e1_numbering_editor::E1NumberingEditor>};
 
 }  // namespace tarvok::editors

@@ -7,6 +7,7 @@
 
 #include "editors/editors.h"
 #include "editors/field_columns.h"
+#include "project/references.h"
 #include "sections/ports/port_def.h"
 #include "sections/routing/group_out.h"
 #include "sections/rows.h"
@@ -61,9 +62,9 @@ std::vector<std::string> MembersOf(std::string_view value) {
 
 GroupOutEditor::GroupOutEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      list_(AddList({"lsGroup"}, "Groups out", LabelledRows(kTable).Names())),
-      free_(AddList({"ListView1"}, "Select Port", {})),
-      shown_(AddList({"ListView2"}, "Members", {})) {
+      list_(AddEntries<ListBox>({"lsGroup"}, "Groups out", LabelledRows(kTable).Names())),
+      free_(AddEntries<ListBox>({"ListView1"}, "Select Port", {})),
+      shown_(AddEntries<ListBox>({"ListView2"}, "Members", {})) {
   free_.many = shown_.many = true;
   list_.changed = [this] { Show(); };
   Control& add = AddButton("cmdAdd", "Add &Member", [this] { AddMembers(); });
@@ -181,9 +182,7 @@ void GroupOutEditor::Write(IniEdit& project) {
 
 }  // namespace group_out_editor
 
-extern const Editor kGroupOutEditor{"15 - Group Out",
-                                    "groupout",
-                                    {"frmGroupOut", "frmGroupOut", "Group Out"},
-                                    Make<group_out_editor::GroupOutEditor>};
+extern const Editor kGroupOutEditor{
+    "15 - Group Out", "groupout", {"frmGroupOut", "Group Out"}, Make<group_out_editor::GroupOutEditor>};
 
 }  // namespace tarvok::editors

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/incoming_list.h"
 #include "sections/row_fields.h"
@@ -19,7 +19,11 @@ using namespace incoming_list;
  * updates the ports that refer to them. */
 class IncomingListEditor : public FieldTableEditor {
  public:
-  IncomingListEditor(const EditorContext& context, const FormName& name);
+  IncomingListEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, kTable, Columns(this),
+                         {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
+    LayOut();
+  }
 
  protected:
   void Prepare(const IniText& project) override;
@@ -44,9 +48,7 @@ int MostRows(const IniText& project) {
 }
 
 std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
-  const auto statement = [](int field) -> const Field& {
-    return kTable.fields[static_cast<std::size_t>(field) - 1];
-  };
+  const auto statement = [](int field) -> const Field& { return StatementOf(kTable, field); };
   std::vector<FieldColumn> columns = {TypedColumn(kName, "Name", TextRule(0))};
   for (const int field : kDestinations) {
     FieldColumn number =
@@ -64,12 +66,6 @@ std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
   }
   columns.push_back(LimitedColumn(kTimeOut, "Time Out", statement(kTimeOut), LimitRule()));
   return columns;
-}
-
-IncomingListEditor::IncomingListEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, kTable, Columns(this),
-                       {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
-  LayOut();
 }
 
 void IncomingListEditor::Prepare(const IniText& project) {
@@ -101,7 +97,7 @@ void IncomingListEditor::Write(IniEdit& project) {
 
 extern const Editor kIncomingListEditor{"11 - Incoming List",
                                         "incominglist",
-                                        {"frmIncomingLst", "frmIncomingLst", "Incoming List"},
+                                        {"frmIncomingLst", "Incoming List"},
                                         Make<incoming_list_editor::IncomingListEditor>};
 
 }  // namespace tarvok::editors

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "sections/routing/tbl_route.h"
 #include "sections/rows.h"
 
@@ -59,8 +59,8 @@ std::vector<FieldColumn> PbxLinkEditor::Columns() {
 
 PbxLinkEditor::PbxLinkEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, kTable, Columns(), {}),
-      pbx_id_(AddCombo({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
-      gateway_(AddCombo({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
+      pbx_id_(AddEntries<ComboBox>({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
+      gateway_(AddEntries<ComboBox>({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
   LayOut({layout::Row(
       {layout::Field("PBX &ID :", pbx_id_), layout::Field("&Gateway :", gateway_), layout::Stretch()})});
 }
@@ -80,7 +80,7 @@ void PbxLinkEditor::Write(IniEdit& project) {
 
 extern const Editor kPbxLinkEditor{"27 - PBX Link Table",
                                    "setroute",
-                                   {"frmSetRoute", "frmSetRoute", "PBX Link Table"},
+                                   {"frmSetRoute", "PBX Link Table"},
                                    Make<pbx_link_editor::PbxLinkEditor>};
 
 }  // namespace tarvok::editors

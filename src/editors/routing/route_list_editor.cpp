@@ -6,7 +6,7 @@
 
 #include "editing/table_pages.h"
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/route.h"
@@ -74,7 +74,7 @@ constexpr EntryRule kSaveRule = {.characters = "0123456789XxEeAaNnPp*#",
                                  .wants = kWantsPause};
 
 FieldColumn CountColumn(int field, std::string title) {
-  const Field& statement = kTable.fields[static_cast<std::size_t>(field) - 1];
+  const Field& statement = StatementOf(kTable, field);
   return {.field = field,
           .column = {.title = std::move(title),
                      .entry = Entry::kList,
@@ -113,7 +113,7 @@ RouteListEditor::RouteListEditor(const EditorContext& context, const FormName& n
     : FieldTableEditor(
           context, name, kTable, Columns(this),
           {.rows = RowCommands::kFixed, .most = kRoutesOfList, .sort_by = {{kGroup}, {kTypeSeek}}}),
-      lists_(AddList({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
+      lists_(AddEntries<ListBox>({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
       pages_(grid(), kRoutesOfList) {
   lists_.changed = [this] { SelectList(); };
   LayOut({}, {}, {layout::Group(lists_.caption, {layout::Of(lists_)})});
@@ -193,9 +193,7 @@ void RouteListEditor::Write(IniEdit& project) {
 
 }  // namespace route_list_editor
 
-extern const Editor kRouteListEditor{"14 - Route List",
-                                     "route",
-                                     {"frmRoute", "frmRoute", "Route List"},
-                                     Make<route_list_editor::RouteListEditor>};
+extern const Editor kRouteListEditor{
+    "14 - Route List", "route", {"frmRoute", "Route List"}, Make<route_list_editor::RouteListEditor>};
 
 }  // namespace tarvok::editors

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "editors/editors.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
@@ -15,10 +15,17 @@ namespace route_map_editor {
  * them and writes every row, including blank ones. */
 class RouteMapEditor : public FieldTableEditor {
  public:
-  RouteMapEditor(const EditorContext& context, const FormName& name);
+  RouteMapEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, route_map_digit::kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{1}, {2}, {3}}}) {
+    LayOut();
+  }
 
  protected:
-  void Prepare(const IniText& project) override;
+  void Prepare(const IniText& project) override {
+    lists_ = LabelledRows(route_list::kTable);
+    offered_ = OfferedLists(project);
+  }
   void BeforeWrite() override { Sort(true); }
   bool IsRemoved(std::string_view /*value*/) const override { return false; }
   bool EndsWithoutProject() const override { return true; }
@@ -67,23 +74,11 @@ std::vector<FieldColumn> RouteMapEditor::Columns(RouteMapEditor* form) {
           std::move(release),
           LimitedColumn(kTimeout, "Timeout", fields[kTimeout - 1], TimeoutRule(), "cmbMask3")};
 }
-
-RouteMapEditor::RouteMapEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, route_map_digit::kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{1}, {2}, {3}}}) {
-  LayOut();
-}
-
-void RouteMapEditor::Prepare(const IniText& project) {
-  lists_ = LabelledRows(route_list::kTable);
-  offered_ = OfferedLists(project);
-}
-
 }  // namespace route_map_editor
 
 extern const Editor kRouteMapEditor{"13 - Route Map Digit",
                                     "routemap",
-                                    {"frmRouteMap", "frmRouteMap", "Route Map Digit"},
+                                    {"frmRouteMap", "Route Map Digit"},
                                     Make<route_map_editor::RouteMapEditor>};
 
 }  // namespace tarvok::editors

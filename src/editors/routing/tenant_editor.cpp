@@ -60,7 +60,8 @@ constexpr const Table* kHalves[][2] = {{&kDayTable, &kDayHighTable}, {&kNightTab
 
 TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      page_(AddTabs({"tbsTenan"}, "Day or night", {std::string(kPages[0]), std::string(kPages[1])})),
+      page_(
+          AddEntries<TabBar>({"tbsTenan"}, "Day or night", {std::string(kPages[0]), std::string(kPages[1])})),
       frame_(AddLabel({"Frame1"}, {})),
       across_(AddScrollBar({"HScroll1"}, "First column", kTenants - kWindow)),
       down_(AddScrollBar({"VScroll1"}, "First row", kTenants - kWindow)) {
@@ -195,6 +196,6 @@ bool TenantEditor::ShowPlace(std::string_view section, int row, int /*field*/) {
 }  // namespace tenant_editor
 
 extern const Editor kTenantEditor{
-    "12 - Tenan", "tenan", {"frmTenan", "frmTenan", "Tenan"}, Make<tenant_editor::TenantEditor>};
+    "12 - Tenan", "tenan", {"frmTenan", "Tenan"}, Make<tenant_editor::TenantEditor>};
 
 }  // namespace tarvok::editors

@@ -136,7 +136,7 @@ EntryRule RuleOf(Kind kind) {
 
 /** A label as shown on the screen; a percentage has its sign after the box instead. */
 std::string ScreenLabel(int field) {
-  std::string name(kTable.fields[static_cast<std::size_t>(field) - 1].name);
+  std::string name(StatementOf(kTable, field).name);
   if (name.ends_with(" %")) name.resize(name.size() - 2);
   return field == kLocalTime ? name + ":" : name + " :";
 }
@@ -165,12 +165,12 @@ BillingModeEditor::BillingModeEditor(const EditorContext& context, const FormNam
 }
 
 FormLayout BillingModeEditor::CountryGroup() {
-  country_ = &AddCombo({"cmbCountry"}, "", {});
+  country_ = &AddEntries<ComboBox>({"cmbCountry"}, "", {});
   country_->changed = [this] {
     // Choosing the same country again changes nothing: its local code stays.
     if (CountryNumber() != shown_country_) ShowCountry();
   };
-  local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
+  local_code_ = &AddEntries<ComboBox>({"cmbLocalCode"}, "", {});
   return layout::Group("Country", {layout::Field("Country :", *country_),
                                    layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
 }
@@ -193,8 +193,7 @@ FormLayout BillingModeEditor::Switches(std::string title, const std::vector<int>
   std::vector<FormLayout> parts;
   parts.reserve(fields.size());
   for (const int field : fields) {
-    parts.push_back(layout::Of(AddCheck(
-        IdOf(PlaceOf(field)), std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name))));
+    parts.push_back(layout::Of(AddCheck(IdOf(PlaceOf(field)), std::string(StatementOf(kTable, field).name))));
   }
   return layout::Group(std::move(title), std::move(parts));
 }
@@ -286,7 +285,7 @@ bool BillingModeEditor::MaySave() {
   for (const Place& place : kPlaces) {
     if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
     TextBox& box = BoxOf(place.field);
-    const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
+    const Field& statement = StatementOf(kTable, place.field);
     std::string wrong;
     if (box.text == ".") {
       wrong = " is not an amount.";
@@ -321,7 +320,7 @@ void BillingModeEditor::Write(IniEdit& project) {
 
 extern const Editor kBillingModeEditor{.text = "24 - Billing Mode",
                                        .key = "billingmode",
-                                       .name = {"frmBillingMode", "frmBillingMode", "Billing Mode"},
+                                       .name = {"frmBillingMode", "Billing Mode"},
                                        .make = Make<billing_mode_editor::BillingModeEditor>,
                                        .needs_system_file = true};
 

@@ -95,6 +95,6 @@ void IpPbxEditor::Write(IniEdit& project) {
 }  // namespace ip_pbx_editor
 
 extern const Editor kIpPbxEditor{
-    "28 - IP PBX", "setip", {"frmSetIP", "frmSetIP", "IP PBX"}, Make<ip_pbx_editor::IpPbxEditor>};
+    "28 - IP PBX", "setip", {"frmSetIP", "IP PBX"}, Make<ip_pbx_editor::IpPbxEditor>};
 
 }  // namespace tarvok::editors

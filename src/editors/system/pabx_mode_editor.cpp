@@ -50,7 +50,6 @@ constexpr std::pair<int, int> kFlags[] = {
     {kVmCheckMapDigit, 9}, {kCheckClassMemory, 10}, {kOnCoWhenX, 11},     {kDidBusyTransfer, 12},
     {kPrintWakeup, 13},    {kTrunkToTrunk, 14},     {kIntrusionTone, 15}};
 constexpr int kHighestLimit = 254;
-constexpr std::string_view kPortType = "0";
 
 bool FitsLimit(std::string_view text, char key) {
   return !text.empty() || key != '0';
@@ -60,17 +59,18 @@ PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& nam
     : EditorForm(context, name) {
   AddFlags();
   const auto shown = [](int field, std::size_t choice) {
-    return std::string(kTable.fields[static_cast<std::size_t>(field) - 1].choices[choice].shown);
+    return std::string(StatementOf(kTable, field).choices[choice].shown);
   };
   day_ = &AddOption({"Option1", 0}, shown(kManualMode, 0), 0);
   night_ = &AddOption({"Option1", 1}, shown(kManualMode, 1), 0);
   message_ = &AddOption({"Option1", 2}, shown(kTransferTarget, 1), 1);
   number_ = &AddOption({"Option1", 3}, shown(kTransferTarget, 0), 1);
-  numbers_ = &AddCombo({"cmbNum"}, "Extention Number", {});
+  numbers_ = &AddEntries<ComboBox>({"cmbNum"}, "Extention Number", {});
   EntryRule limit = AnyDigits();
   limit.fits = FitsLimit;
   limit_ = &AddText({"txtT2T"}, "", limit);
-  revision_ = &AddCombo({"cmbRevision"}, "", {shown(kPowerRevision, 0), shown(kPowerRevision, 1)});
+  revision_ =
+      &AddEntries<ComboBox>({"cmbRevision"}, "", {shown(kPowerRevision, 0), shown(kPowerRevision, 1)});
   const auto boxes = [&](std::initializer_list<int> fields) {
     std::vector<FormLayout> parts;
     for (const int field : fields) parts.push_back(layout::Of(Flag(field)));
@@ -101,8 +101,7 @@ PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& nam
 
 void PabxModeEditor::AddFlags() {
   for (const auto& [field, index] : kFlags) {
-    CheckBox& box =
-        AddCheck({"Check1", index}, std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name));
+    CheckBox& box = AddCheck({"Check1", index}, std::string(StatementOf(kTable, field).name));
     box.changed = [this] { Follow(); };
   }
 }
@@ -171,9 +170,7 @@ void PabxModeEditor::Write(IniEdit& project) {
 
 }  // namespace pabx_mode_editor
 
-extern const Editor kPabxModeEditor{"23 - PABX Mode",
-                                    "pabxmode",
-                                    {"frmPABXMode", "frmPABXMode", "PABX Mode"},
-                                    Make<pabx_mode_editor::PabxModeEditor>};
+extern const Editor kPabxModeEditor{
+    "23 - PABX Mode", "pabxmode", {"frmPABXMode", "PABX Mode"}, Make<pabx_mode_editor::PabxModeEditor>};
 
 }  // namespace tarvok::editors

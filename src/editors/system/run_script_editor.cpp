@@ -55,9 +55,7 @@ void RunScriptEditor::Write(IniEdit& project) {
 
 }  // namespace run_script_editor
 
-extern const Editor kRunScriptEditor{"26 - Run Script",
-                                     "runscript",
-                                     {"frmRunScript", "frmRunScript", "Run Script"},
-                                     Make<run_script_editor::RunScriptEditor>};
+extern const Editor kRunScriptEditor{
+    "26 - Run Script", "runscript", {"frmRunScript", "Run Script"}, Make<run_script_editor::RunScriptEditor>};
 
 }  // namespace tarvok::editors

@@ -9,9 +9,10 @@
 #include "sections/system/system_numbers.h"
 
 namespace tarvok::editors {
-namespace {
-
+namespace system_config_editor {
 using namespace system_times;
+
+namespace {
 
 constexpr std::string_view kNoTime = "0000";
 constexpr std::string_view kOverLimitWeekend = "Over limit weekend";
@@ -64,7 +65,7 @@ FormLayout SystemConfigEditor::TimeGroup() {
   std::vector<std::string> names;
   names.reserve(kWeekdays);
   for (const Table& weekday : kWeekdayTables) names.emplace_back(weekday.row_name);
-  tabs_ = &AddTabs({"tbsTimeZone"}, "Weekday", std::move(names));
+  tabs_ = &AddEntries<TabBar>({"tbsTimeZone"}, "Weekday", std::move(names));
   tabs_->changed = [this] {
     for (TextBox* box : {day_time_, night_time_}) {
       if (box->text.empty()) box->text = kNoTime;
@@ -88,8 +89,8 @@ FormLayout SystemConfigEditor::TimeGroup() {
 FormLayout SystemConfigEditor::NumberGroup() {
   voice_mail_ = &AddText({"txtVM"}, "", DigitsRule(6));
   record_ = &AddText({"txtRecord"}, "", DigitsRule(6));
-  card_ = &AddCombo({"cmbCard"}, "", Numbers(system_numbers::kMusicCard));
-  port_ = &AddCombo({"cmbPort"}, "", Numbers(system_numbers::kMusicPort));
+  card_ = &AddEntries<ComboBox>({"cmbCard"}, "", Numbers(system_numbers::kMusicCard));
+  port_ = &AddEntries<ComboBox>({"cmbPort"}, "", Numbers(system_numbers::kMusicPort));
   return layout::Column(
       {layout::Group("Voice Mail", {layout::Field("Voice Mail Number :", *voice_mail_),
                                     layout::Field("Record Number :", *record_)}),
@@ -99,10 +100,10 @@ FormLayout SystemConfigEditor::NumberGroup() {
 }
 
 FormLayout SystemConfigEditor::HolidayGroup() {
-  list_ = &AddList({"ListView1"}, "Holidays, month and day", {});
+  list_ = &AddEntries<ListBox>({"ListView1"}, "Holidays, month and day", {});
   list_->changed = [this] { ShowHoliday(); };
-  month_ = &AddCombo({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
-  day_ = &AddCombo({"cmbDay"}, "", NumberedEntries(1, 31, 2));
+  month_ = &AddEntries<ComboBox>({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
+  day_ = &AddEntries<ComboBox>({"cmbDay"}, "", NumberedEntries(1, 31, 2));
   month_->data = day_->data = false;  // they are only input for the buttons
   month_->current = day_->current = 0;
   Control& add = AddButton("cmdHAdd", "A&dd", [this] { AddMember(); });
@@ -256,9 +257,11 @@ void SystemConfigEditor::Write(IniEdit& project) {
   }
 }
 
+}  // namespace system_config_editor
+
 extern const Editor kSystemConfigEditor{"21 - System Configuration",
                                         "systemconfig",
-                                        {"frmSystemConfig", "frmSystemConfig", "System Configuration"},
-                                        Make<SystemConfigEditor>};
+                                        {"frmSystemConfig", "System Configuration"},
+                                        Make<system_config_editor::SystemConfigEditor>};
 
 }  // namespace tarvok::editors

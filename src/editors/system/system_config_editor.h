@@ -9,7 +9,7 @@
 #include "editors/uses.h"
 #include "sections/system/system_times.h"
 
-namespace tarvok::editors {
+namespace tarvok::editors::system_config_editor {
 
 /** "System Configuration" (`frmSystemConfig`): when day and night start, the voice mail and record numbers,
  * the music source, and the holidays. */
@@ -67,4 +67,4 @@ class SystemConfigEditor : public EditorForm {
   std::vector<std::string> holidays_;  // each as "month|day"
 };
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::system_config_editor

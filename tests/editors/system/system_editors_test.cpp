@@ -172,7 +172,7 @@ TEST(SystemEditors, RefusesTheFiftyFirstHoliday) {
   for (int row = 1; row <= 50; ++row) rows += "W" + Padded(row, 2) + "=02|" + Padded(row, 2) + "\n";
   EditorBench bench(rows);
   EXPECT_THAT(bench.Run("frmSystemConfig", "click cmdHAdd\n"), ElementsAre("box: Over limit weekend"));
-  auto& form = dynamic_cast<SystemConfigEditor&>(*bench.editor);
+  auto& form = dynamic_cast<system_config_editor::SystemConfigEditor&>(*bench.editor);
   form.TurnHoliday(2, 29);
   EXPECT_EQ(form.Holidays().size(), 49U);
   form.TurnHoliday(2, 29);
