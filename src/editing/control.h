@@ -150,12 +150,14 @@ struct ComboBox : EntryList {
   AnyControl Any() override { return this; }
 };
 
+/** One tab is always chosen. */
 struct TabBar : EntryList {
   TabBar() {
     data = false;
     current = 0;
   }
   AnyControl Any() override { return this; }
+  void Take(int entry) override { current = entry < 0 ? current : entry; }
 };
 
 struct ScrollBar : Control {

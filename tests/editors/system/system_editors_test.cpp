@@ -157,6 +157,14 @@ TEST(SystemEditors, TimesOfTheWeek) {
              "card=20\n");  // not in the list, but kept
 }
 
+TEST(SystemEditors, OneTabIsAlwaysChosen) {
+  for (const auto& [form, tabs] : {std::pair("frmSystemConfig", "tbsTimeZone"), {"frmTenan", "tbsTenan"}}) {
+    EditorBench bench;
+    const std::string name(tabs);
+    EXPECT_THAT(bench.Run(form, "focus " + name + "\npick\nvalue " + name + "\n"), ElementsAre("0"));
+  }
+}
+
 TEST(SystemEditors, Holidays) {
   ExpectEdit("frmSystemConfig", "[SystemConfig]\nW03=12|25|\nW05=1|6\nW07=18|F\n",
              "list ListView1\nfocus cmbMonth\npick 01\nfocus cmbDay\npick 06\nclick cmdHAdd\n"
