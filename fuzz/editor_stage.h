@@ -63,7 +63,7 @@ class EditorStage {
 
 /** The editor named `form`; any other text selects one by its first byte. */
 inline const Editor& EditorOf(std::string_view form) {
-  static const std::vector<const Editor*> all = Editors();
+  const std::span<const Editor* const> all = Editors();
   const Editor* editor = FindEditor(form);
   if (editor != nullptr) return *editor;
   return *all[(form.empty() ? 0 : static_cast<std::uint8_t>(form[0])) % all.size()];

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "editing/entry_rule.h"
@@ -22,47 +23,91 @@ struct ControlId {
   bool operator==(const ControlId&) const = default;
 };
 
-enum class ControlKind {
-  kButton,
-  kMenu,  // a menu entry
-  kText,  // a box to type in
-  kCheck,
-  kOption,  // of the options with the same name and `group`, one is on
-  kList,    // a list box
-  kCombo,   // a closed list that shows its current entry
-  kTabs,
-  kScroll,  // `current` is its value, from `low` to `high`
-  kLabel,
+struct Button;
+struct Label;
+struct TextBox;
+struct CheckBox;
+struct Option;
+struct ListBox;
+struct ComboBox;
+struct TabBar;
+struct ScrollBar;
+/** A control by its kind, for `std::visit` with `Overloaded`. */
+using AnyControl =
+    std::variant<Button*, Label*, TextBox*, CheckBox*, Option*, ListBox*, ComboBox*, TabBar*, ScrollBar*>;
+
+/** Calls the lambda that fits best: one for a base such as `Control*` takes the kinds that have none. */
+template <typename... Lambdas>
+struct Overloaded : Lambdas... {
+  using Lambdas::operator()...;
 };
+template <typename... Lambdas>
+Overloaded(Lambdas...) -> Overloaded<Lambdas...>;
 
 /** A control of a form: its state and its handlers. Independent of any view. */
 struct Control {
   ControlId id;
-  ControlKind kind = ControlKind::kLabel;
   std::string caption;  // with "&" before the mnemonic
-  std::string tip;
   bool enabled = true;
   bool visible = true;
-
-  std::string text;       // of a box or a label
-  bool selected = false;  // the whole text of a box is selected: the next key replaces it
-  EntryRule rule = {};    // of a box
-
-  std::vector<std::string> entries;  // of a list, a combo or tabs
-  int current = kNoIndex;            // the chosen entry, from 0; the value of a scroll bar
-  std::vector<int> chosen;           // of a multiple-choice list: all chosen entries, in order
-  bool many = false;
-
-  bool on = false;  // of a check box or an option
-  int group = 0;    // which options of one name belong together
-  int low = 0;      // of a scroll bar
-  int high = 0;
-
   bool data = true;               // changing it changes the project
   std::function<void()> changed;  // called after a click or a change by the user
   std::function<void()> entered;  // called after it gets the focus
-  /** Called before the box handles a key; true if the key was consumed. */
+  /** Called before the control handles a key; true if the key was consumed. */
   std::function<bool(Key)> key;
+
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+  virtual AnyControl Any() = 0;
+  /** The user can operate it. */
+  bool usable() const { return enabled && visible; }
+};
+
+struct Button : Control {
+  bool in_menu = false;  // a menu entry
+
+  Button() { data = false; }
+  AnyControl Any() override { return this; }
+};
+
+struct Label : Control {
+  std::string text;
+
+  Label() { data = false; }
+  AnyControl Any() override { return this; }
+};
+
+/** A box to type in. */
+struct TextBox : Control {
+  std::string text;
+  bool selected = false;  // the whole text is selected: the next key replaces it
+  EntryRule rule;
+
+  AnyControl Any() override { return this; }
+};
+
+/** A check box or an option. */
+struct Switch : Control {
+  bool on = false;
+};
+
+struct CheckBox : Switch {
+  AnyControl Any() override { return this; }
+};
+
+/** Of the options with the same name and `group`, one is on. */
+struct Option : Switch {
+  int group = 0;
+
+  AnyControl Any() override { return this; }
+};
+
+/** A control with entries, of which one is chosen. */
+struct EntryList : Control {
+  std::vector<std::string> entries;
+  int current = kNoIndex;  // the chosen entry, from 0
 
   /** The chosen entry; "" if none. */
   std::string_view Chosen() const {
@@ -84,6 +129,43 @@ struct Control {
     current = static_cast<int>(entries.size());
     entries.emplace_back(entry);
   }
+  /** Makes this the only chosen entry; kNoIndex: none. */
+  virtual void Take(int entry) { current = entry; }
+};
+
+struct ListBox : EntryList {
+  std::vector<int> chosen;  // all chosen entries, in order
+  bool many = false;        // several entries can be chosen
+
+  ListBox() { data = false; }
+  AnyControl Any() override { return this; }
+  void Take(int entry) override {
+    current = entry;
+    chosen.assign(entry >= 0 ? 1 : 0, entry);
+  }
+};
+
+/** A closed list that shows its current entry. */
+struct ComboBox : EntryList {
+  AnyControl Any() override { return this; }
+};
+
+/** One tab is always chosen. */
+struct TabBar : EntryList {
+  TabBar() {
+    data = false;
+    current = 0;
+  }
+  AnyControl Any() override { return this; }
+  void Take(int entry) override { current = entry < 0 ? current : entry; }
+};
+
+struct ScrollBar : Control {
+  int current = 0;
+  int high = 0;  // its highest value; the lowest is 0
+
+  ScrollBar() { data = false; }
+  AnyControl Any() override { return this; }
 };
 
 }  // namespace tarvok::editing

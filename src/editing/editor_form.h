@@ -20,11 +20,14 @@ inline constexpr std::string_view kDataWasChanged =
 inline constexpr std::string_view kDoYouWantToDelete = "Do you want to delete?";
 inline constexpr std::string_view kOverLimit = "Over limit data you cannot add. ";
 
-/** The names of an editor: its form, the frame's `ActiveFormName`, and its title. */
+/** The names of an editor. */
 struct FormName {
   std::string_view form;
-  std::string_view recorded;
   std::string_view title;
+  std::string_view recorded_as = {};  // where it is not the form's
+
+  /** The frame's `ActiveFormName`. */
+  constexpr std::string_view recorded() const { return recorded_as.empty() ? form : recorded_as; }
 };
 
 /** What an editor works with. */

@@ -3,20 +3,21 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/table_operations.h"
 #include "store/number_text.h"
 
 namespace tarvok::editing {
 
 Control* FormControls::Find(const ControlId& id) {
   // Numbers are compared first: a form with a thousand controls of one name is searched often.
-  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) {
-    return control.id.column == id.column && control.id.index == id.index && control.id.name == id.name;
+  const auto found = std::ranges::find_if(controls_, [&](const auto& control) {
+    return control->id.column == id.column && control->id.index == id.index && control->id.name == id.name;
   });
-  return found == controls_.end() ? nullptr : &*found;
+  return found == controls_.end() ? nullptr : found->get();
 }
 
 void FormControls::Focus(Control& control) {
-  if (!control.enabled || !control.visible) return;
+  if (!control.usable()) return;
   focus_ = &control;
   if (control.entered) control.entered();
   Settle();
@@ -24,99 +25,107 @@ void FormControls::Focus(Control& control) {
 
 void FormControls::Press(Key key) {
   if (focus_ == nullptr) {
-    if (table() != nullptr) table()->Press(key);
-    Settle();
-    return;
+    if (table() != nullptr) PressKey(*table(), key);
+    return Settle();
   }
-  Control& box = *focus_;
-  if (!box.enabled || !box.visible) return;
-  if (box.key && box.key(key)) return Settle();
-  if (box.kind == ControlKind::kText) {
-    std::string text = box.text;
-    if (key.code == KeyCode::kCharacter) {
-      const auto typed = TypeCharacter(box.rule, box.text, box.selected, key.character, false);
-      if (typed) box.selected = false;  // even if the same text was typed over it
-      text = typed.value_or(box.text);
-    } else if (key.code == KeyCode::kBackspace && !text.empty()) {
-      box.selected ? text.clear() : text.pop_back();
-    } else if (key.code == KeyCode::kDelete && box.selected) {
-      text.clear();
-    }
-    if (text != box.text) {
-      box.selected = false;
-      box.text = std::move(text);
-      Acted(box);
-    }
-  } else if ((key.code == KeyCode::kReturn && box.kind == ControlKind::kButton) ||
-             (key.code == KeyCode::kCharacter && key.character == ' ')) {
-    return Click(box);
-  } else if (!box.entries.empty() && (key.code == KeyCode::kUp || key.code == KeyCode::kDown)) {
-    const int step = key.code == KeyCode::kUp ? -1 : 1;
-    return ChooseEntry(box, std::clamp(box.current + step, 0, static_cast<int>(box.entries.size()) - 1));
-  }
+  if (!focus_->usable()) return;
+  if (focus_->key && focus_->key(key)) return Settle();
+  const bool space = key.code == KeyCode::kCharacter && key.character == ' ';
+  const int step = key.code == KeyCode::kUp ? -1 : key.code == KeyCode::kDown ? 1 : 0;
+  std::visit(Overloaded{[&](TextBox* box) { TypeInto(*box, key); },
+                        [&](Button* button) {
+                          if (space || (key.code == KeyCode::kReturn && !button->in_menu)) Click(*button);
+                        },
+                        [&](EntryList* list) {
+                          const int last = static_cast<int>(list->entries.size()) - 1;
+                          if (space) Click(*list);
+                          if (step != 0 && last >= 0)
+                            ChooseEntry(*list, std::clamp(list->current + step, 0, last));
+                        },
+                        [&](Control* other) {
+                          if (space) Click(*other);
+                        }},
+             focus_->Any());
   Settle();
+}
+
+void FormControls::TypeInto(TextBox& box, Key key) {
+  std::string text = box.text;
+  if (key.code == KeyCode::kCharacter) {
+    const auto typed = TypeCharacter(box.rule, box.text, box.selected, key.character, false);
+    if (!typed) return;
+    box.selected = false;  // even if the same text was typed over it
+    text = *typed;
+  } else if (key.code == KeyCode::kBackspace && !text.empty()) {
+    box.selected ? text.clear() : text.pop_back();
+  } else if (key.code == KeyCode::kDelete && box.selected) {
+    text.clear();
+  }
+  if (text != box.text) PutText(box, text);
+}
+
+void FormControls::PutText(TextBox& box, std::string_view text) {
+  box.text = text;
+  box.selected = false;
+  Acted(box);
 }
 
 void FormControls::Click(Control& control) {
-  if (!control.enabled || !control.visible) return;
-  if (control.kind == ControlKind::kCheck) return Turn(control, !control.on);
-  if (control.kind == ControlKind::kOption) return Turn(control, true);
-  if (control.changed) control.changed();
-  Settle();
+  if (!control.usable()) return;
+  std::visit(Overloaded{[this](CheckBox* box) { Turn(*box, !box->on); },
+                        [this](Option* option) { Turn(*option, true); },
+                        [this](Control* other) {
+                          if (other->changed) other->changed();
+                          Settle();
+                        }},
+             control.Any());
 }
 
 void FormControls::ChooseEntry(Control& control, int entry) {
-  if (!control.enabled || !control.visible) return;
-  if (control.kind == ControlKind::kScroll) {
-    control.current = std::clamp(entry, control.low, control.high);
-  } else if (entry >= static_cast<int>(control.entries.size())) {
-    return;
-  } else {
-    control.current = std::max(entry, kNoIndex);
-    control.chosen.clear();
-    if (entry >= 0) control.chosen.push_back(entry);
-  }
-  Acted(control);
+  if (!control.usable()) return;
+  const bool exists = std::visit(Overloaded{[&](ScrollBar* bar) {
+                                              bar->current = std::clamp(entry, 0, bar->high);
+                                              return true;
+                                            },
+                                            [&](EntryList* list) {
+                                              if (entry >= static_cast<int>(list->entries.size()))
+                                                return false;
+                                              list->Take(std::max(entry, kNoIndex));
+                                              return true;
+                                            },
+                                            [&](Control*) { return entry < 0; }},
+                                 control.Any());
+  if (exists) Acted(control);
 }
 
-void FormControls::ChooseEntries(Control& control, std::vector<int> entries) {
-  if (!control.enabled || !control.visible) return;
+void FormControls::ChooseEntries(ListBox& list, std::vector<int> entries) {
+  if (!list.usable()) return;
   std::sort(entries.begin(), entries.end());
-  control.current = entries.empty() ? kNoIndex : entries.back();
-  control.chosen = std::move(entries);
-  Acted(control);
+  list.current = entries.empty() ? kNoIndex : entries.back();
+  list.chosen = std::move(entries);
+  Acted(list);
 }
 
-void FormControls::Turn(Control& control, bool on) {
-  if (!control.enabled || !control.visible) return;
-  if (control.kind == ControlKind::kOption) {
-    if (!on) return;
-    for (Control& other : controls_) {
-      if (other.kind == ControlKind::kOption && other.id.name == control.id.name &&
-          other.group == control.group)
-        other.on = false;
-    }
+void FormControls::Turn(Switch& control, bool on) {
+  const auto option = std::ranges::find(options_, &control);
+  if (!control.usable() || (option != options_.end() && !on)) return;
+  for (Option* other : options_) {
+    if (option != options_.end() && other->id.name == control.id.name && other->group == (*option)->group)
+      other->on = false;
   }
   control.on = on;
   Acted(control);
 }
 
-bool FormControls::EditText(Control& control, std::string_view text) {
-  if (!control.enabled || !control.visible) return false;
-  const std::optional<std::string> typed = TypeWhole(control.rule, text);
-  if (!typed) return false;
-  if (*typed == control.text) return true;
-  control.text = *typed;
-  control.selected = false;
-  Acted(control);
-  return true;
+bool FormControls::EditText(TextBox& box, std::string_view text) {
+  if (!box.usable()) return false;
+  const std::optional<std::string> typed = TypeWhole(box.rule, text);
+  if (typed && *typed != box.text) PutText(box, *typed);
+  return typed.has_value();
 }
 
-void FormControls::ShortenText(Control& control, std::string_view text) {
-  if (!control.enabled || !control.visible || text.size() >= control.text.size()) return;
-  control.text = text;
-  control.selected = false;
-  Acted(control);
+void FormControls::ShortenText(TextBox& box, std::string_view text) {
+  if (box.usable() && text.size() < box.text.size()) PutText(box, text);
 }
 
 void FormControls::Acted(Control& control) {
@@ -130,55 +139,41 @@ void FormControls::Settle() {
   if (shown_changed) shown_changed();
 }
 
-Control& FormControls::Add(Control control) {
-  controls_.push_back(std::move(control));
-  return controls_.back();
+Button& FormControls::AddButton(std::string name, std::string caption, std::function<void()> clicked) {
+  auto& button = Add<Button>({std::move(name)}, std::move(caption));
+  button.changed = std::move(clicked);
+  return button;
 }
 
-Control& FormControls::AddButton(std::string name, std::string caption, std::function<void()> clicked) {
-  return Add({.id = {std::move(name)},
-              .kind = ControlKind::kButton,
-              .caption = std::move(caption),
-              .data = false,
-              .changed = std::move(clicked)});
-}
-
-Control& FormControls::AddMenu(std::string name, std::string caption, std::function<void()> clicked) {
-  Control& entry = AddButton(std::move(name), std::move(caption), std::move(clicked));
-  entry.kind = ControlKind::kMenu;
+Button& FormControls::AddMenu(std::string name, std::string caption, std::function<void()> clicked) {
+  Button& entry = AddButton(std::move(name), std::move(caption), std::move(clicked));
+  entry.in_menu = true;
   return entry;
 }
 
-Control& FormControls::AddText(ControlId id, std::string caption, EntryRule rule) {
-  return Add({.id = std::move(id), .kind = ControlKind::kText, .caption = std::move(caption), .rule = rule});
+TextBox& FormControls::AddText(ControlId id, std::string caption, EntryRule rule) {
+  auto& box = Add<TextBox>(std::move(id), std::move(caption));
+  box.rule = rule;
+  return box;
 }
 
-Control& FormControls::AddCheck(ControlId id, std::string caption) {
-  return Add({.id = std::move(id), .kind = ControlKind::kCheck, .caption = std::move(caption)});
+Option& FormControls::AddOption(ControlId id, std::string caption, int group) {
+  auto& option = Add<Option>(std::move(id), std::move(caption));
+  option.group = group;
+  options_.push_back(&option);
+  return option;
 }
 
-Control& FormControls::AddOption(ControlId id, std::string caption, int group) {
-  return Add(
-      {.id = std::move(id), .kind = ControlKind::kOption, .caption = std::move(caption), .group = group});
+ScrollBar& FormControls::AddScrollBar(ControlId id, std::string caption, int high) {
+  auto& bar = Add<ScrollBar>(std::move(id), std::move(caption));
+  bar.high = high;
+  return bar;
 }
 
-Control& FormControls::AddList(ControlId id, std::string caption, std::vector<std::string> entries) {
-  return Add({.id = std::move(id),
-              .kind = ControlKind::kList,
-              .caption = std::move(caption),
-              .entries = std::move(entries),
-              .data = false});
-}
-
-Control& FormControls::AddCombo(ControlId id, std::string caption, std::vector<std::string> entries) {
-  return Add({.id = std::move(id),
-              .kind = ControlKind::kCombo,
-              .caption = std::move(caption),
-              .entries = std::move(entries)});
-}
-
-Control& FormControls::AddLabel(ControlId id, std::string text) {
-  return Add({.id = std::move(id), .kind = ControlKind::kLabel, .text = std::move(text), .data = false});
+Label& FormControls::AddLabel(ControlId id, std::string text) {
+  auto& label = Add<Label>(std::move(id), {});
+  label.text = std::move(text);
+  return label;
 }
 
 std::vector<std::string> NumberedEntries(int first, int last, int width, std::string_view prefix) {

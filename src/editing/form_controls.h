@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,7 +28,11 @@ class FormControls {
 
   /** nullptr if the form has no such control. */
   Control* Find(const ControlId& id);
-  std::deque<Control>& controls() { return controls_; }
+  /** The same for a control that is of this kind if the form has it. */
+  template <typename Kind>
+  Kind* Find(const ControlId& id) {
+    return static_cast<Kind*>(Find(id));
+  }
   const FormLayout& layout() const { return layout_; }
   /** The form's table; nullptr if it has none. */
   virtual TableEditor* table() { return nullptr; }
@@ -42,18 +45,17 @@ class FormControls {
   void FocusTable() { focus_ = nullptr; }
   Control* focus() { return focus_; }
   void Press(Key key);
-  /** For a button, a menu entry, a check box (toggles it) or an option. */
+  /** Turns a check box over and an option on; calls the handler of any other control. */
   void Click(Control& control);
-  /** Chooses an entry of a list, a combo or tabs, from 0 (kNoIndex: none), or sets the value of a scroll
-   * bar. */
+  /** Chooses an entry of a list, from 0 (kNoIndex: none), or sets the value of a scroll bar. */
   void ChooseEntry(Control& control, int entry);
   /** Chooses several entries of a list at once. */
-  void ChooseEntries(Control& control, std::vector<int> entries);
-  void Turn(Control& control, bool on);
+  void ChooseEntries(ListBox& list, std::vector<int> entries);
+  void Turn(Switch& control, bool on);
   /** Sets the whole text of a box other than by keys; false if the box's rule does not accept it. */
-  bool EditText(Control& control, std::string_view text);
+  bool EditText(TextBox& box, std::string_view text);
   /** Shortens a text that breaks the rule of its box; the result may still break it. */
-  void ShortenText(Control& control, std::string_view text);
+  void ShortenText(TextBox& box, std::string_view text);
 
   /** Call after every user action: destroys a dialog that has closed and reports the change. The form calls
    * it for its own actions; its user must call it after actions on the dialog. */
@@ -62,15 +64,22 @@ class FormControls {
   std::function<void()> shown_changed;
 
  protected:
-  Control& Add(Control control);
-  Control& AddButton(std::string name, std::string caption, std::function<void()> clicked);
-  Control& AddMenu(std::string name, std::string caption, std::function<void()> clicked);
-  Control& AddText(ControlId id, std::string caption, EntryRule rule);
-  Control& AddCheck(ControlId id, std::string caption);
-  Control& AddOption(ControlId id, std::string caption, int group = 0);
-  Control& AddList(ControlId id, std::string caption, std::vector<std::string> entries);
-  Control& AddCombo(ControlId id, std::string caption, std::vector<std::string> entries);
-  Control& AddLabel(ControlId id, std::string text);
+  Button& AddButton(std::string name, std::string caption, std::function<void()> clicked);
+  Button& AddMenu(std::string name, std::string caption, std::function<void()> clicked);
+  TextBox& AddText(ControlId id, std::string caption, EntryRule rule);
+  CheckBox& AddCheck(ControlId id, std::string caption) {
+    return Add<CheckBox>(std::move(id), std::move(caption));
+  }
+  Option& AddOption(ControlId id, std::string caption, int group = 0);
+  /** Adds a list, a combo or tabs. */
+  template <typename Kind>
+  Kind& AddEntries(ControlId id, std::string caption, std::vector<std::string> entries) {
+    auto& list = Add<Kind>(std::move(id), std::move(caption));
+    list.entries = std::move(entries);
+    return list;
+  }
+  ScrollBar& AddScrollBar(ControlId id, std::string caption, int high);
+  Label& AddLabel(ControlId id, std::string text);
   void SetLayout(FormLayout layout) { layout_ = std::move(layout); }
 
   void OpenDialog(std::unique_ptr<FormControls> dialog) { dialog_ = std::move(dialog); }
@@ -80,9 +89,19 @@ class FormControls {
   virtual void MarkChanged() {}
 
  private:
+  template <typename Kind>
+  Kind& Add(ControlId id, std::string caption) {
+    auto& added = static_cast<Kind&>(*controls_.emplace_back(std::make_unique<Kind>()));
+    added.id = std::move(id);
+    added.caption = std::move(caption);
+    return added;
+  }
+  void TypeInto(TextBox& box, Key key);
+  void PutText(TextBox& box, std::string_view text);
   void Acted(Control& control);
 
-  std::deque<Control> controls_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::vector<Option*> options_;
   FormLayout layout_;
   Control* focus_ = nullptr;
   std::unique_ptr<FormControls> dialog_;

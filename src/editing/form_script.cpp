@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cctype>
 #include <optional>
+#include <span>
 #include <utility>
 
-#include "editing/table_form.h"
+#include "editing/table_operations.h"
 #include "store/ini_text.h"
 #include "store/number_text.h"
 #include "store/one_line.h"
@@ -80,6 +81,35 @@ std::optional<ControlId> ParseControl(std::string_view word) {
   if (!IsNumber(first) || (comma != std::string_view::npos && !IsNumber(second))) return std::nullopt;
   return ControlId{std::string(word.substr(0, open)), RowOf(first),
                    second.empty() ? kNoIndex : RowOf(second)};
+}
+
+/** The entries of a list; none for another control. */
+std::span<const std::string> EntriesOf(Control& control) {
+  return std::visit(Overloaded{[](EntryList* list) { return std::span<const std::string>(list->entries); },
+                               [](Control*) { return std::span<const std::string>(); }},
+                    control.Any());
+}
+
+/** The entries of a control over the cells, by its name, in the first column that uses it. */
+std::vector<std::string> OverlayEntries(const TableEditor& table, std::string_view overlay) {
+  const auto has = [&](int column) { return table.column(column).overlay == overlay; };
+  if (has(table.current_column())) return table.ListOf(table.current_row(), table.current_column());
+  for (int column = 1; column <= table.columns(); ++column) {
+    if (has(column)) return table.ListOf(table.current_row(), column);
+  }
+  return {};
+}
+
+/** What `value` prints. */
+std::string ValueOf(Control& control) {
+  return std::visit(
+      Overloaded{[](TextBox* box) { return box->text; }, [](Label* label) { return label->text; },
+                 [](Switch* box) { return std::string(box->on ? "1" : "0"); },
+                 [](ScrollBar* bar) { return std::to_string(bar->current); },
+                 [](TabBar* tabs) { return std::to_string(tabs->current); },
+                 [](EntryList* list) { return std::string(list->Chosen()); },
+                 [](Control* other) { return other->caption; }},
+      control.Any());
 }
 
 /** nullopt for a word that means neither. */
@@ -206,9 +236,9 @@ std::string FormScript::Pick(std::string_view rest) {
   Control* control = Front().focus();
   if (control == nullptr) {
     TableEditor* table = Front().table();
-    return table != nullptr && table->Pick(entry) ? "" : "no entry " + std::string(entry);
+    return table != nullptr && PickEntry(*table, entry) ? "" : "no entry " + std::string(entry);
   }
-  const auto& entries = control->entries;
+  const std::span<const std::string> entries = EntriesOf(*control);
   // The line has lost blanks at the end of an entry.
   const auto found = std::find_if(entries.begin(), entries.end(), [&](const std::string& shown) {
     return shown == entry || (!entry.empty() && Trim(shown) == entry);
@@ -245,34 +275,35 @@ std::string FormScript::Set(std::string_view rest) {
   Control* control = FindControl(rest, error);
   if (control == nullptr) return error;
   const std::string_view value = Unquoted(rest);
-  const auto& entries = control->entries;
+  const std::span<const std::string> entries = EntriesOf(*control);
   const auto found = std::find(entries.begin(), entries.end(), value);
   const int by_text = found == entries.end() ? kNoIndex : static_cast<int>(found - entries.begin());
   const bool in_list = IsNumber(value) && RowOf(value) < static_cast<int>(entries.size());
-  switch (control->kind) {
-    case ControlKind::kCheck:
-    case ControlKind::kOption:
-      if (!OnOrOff(value)) return "neither on nor off: " + std::string(value);
-      Front().Turn(*control, *OnOrOff(value));
-      return {};
-    case ControlKind::kScroll:
-      if (!IsNumber(value)) return "no value " + std::string(value);
-      Front().ChooseEntry(*control, RowOf(value));
-      return {};
-    case ControlKind::kText:
-      return Front().EditText(*control, value) ? "" : "the control does not accept " + std::string(value);
-    case ControlKind::kCombo:
-      if (by_text == kNoIndex && !value.empty()) return "no entry " + std::string(value);
-      Front().ChooseEntry(*control, by_text);
-      return {};
-    case ControlKind::kList:
-    case ControlKind::kTabs:
-      if (!in_list && by_text == kNoIndex) return "no entry " + std::string(value);
-      Front().ChooseEntry(*control, in_list ? RowOf(value) : by_text);
-      return {};
-    default:
-      return "the control can't be set";
-  }
+  const auto choose = [&](EntryList* list, bool exists, int entry) {
+    if (exists) Front().ChooseEntry(*list, entry);
+    return exists ? "" : "no entry " + std::string(value);
+  };
+  return std::visit(
+      Overloaded{[&](Switch* box) -> std::string {
+                   if (!OnOrOff(value)) return "neither on nor off: " + std::string(value);
+                   Front().Turn(*box, *OnOrOff(value));
+                   return {};
+                 },
+                 [&](ScrollBar* bar) -> std::string {
+                   if (!IsNumber(value)) return "no value " + std::string(value);
+                   Front().ChooseEntry(*bar, RowOf(value));
+                   return {};
+                 },
+                 [&](TextBox* box) {
+                   return Front().EditText(*box, value) ? ""
+                                                        : "the control does not accept " + std::string(value);
+                 },
+                 [&](ComboBox* list) { return choose(list, by_text != kNoIndex || value.empty(), by_text); },
+                 [&](EntryList* list) {
+                   return choose(list, in_list || by_text != kNoIndex, in_list ? RowOf(value) : by_text);
+                 },
+                 [](Control*) { return std::string("the control can't be set"); }},
+      control->Any());
 }
 
 std::string FormScript::Click(std::string_view rest) {
@@ -284,7 +315,7 @@ std::string FormScript::Click(std::string_view rest) {
   }
   const std::optional<ControlId> id = ParseControl(NextWord(again));
   Control* list = id ? Front().Find({id->name}) : nullptr;
-  if (list == nullptr || id->index >= static_cast<int>(list->entries.size())) return error;
+  if (list == nullptr || id->index >= static_cast<int>(EntriesOf(*list).size())) return error;
   Front().ChooseEntry(*list, id->index);
   return {};
 }
@@ -297,7 +328,7 @@ std::string FormScript::ClickMenu(const char* name) {
 }
 
 std::string FormScript::Paste(std::string_view rest) {
-  auto* table = dynamic_cast<TableForm*>(&form_);
+  TableEditor* table = form_.table();
   if (Front().focus() != nullptr) {
     for (const char c : Unescaped(Unquoted(rest))) Front().Press(Key::Of(c));
     return {};
@@ -326,11 +357,11 @@ std::string FormScript::List(std::string_view rest) {
   std::string_view name = rest;
   std::string error;
   std::vector<std::string> entries;
-  if (const Control* control = FindControl(rest, error); control != nullptr) {
-    entries = control->entries;
+  if (Control* control = FindControl(rest, error); control != nullptr) {
+    const std::span<const std::string> listed = EntriesOf(*control);
+    entries.assign(listed.begin(), listed.end());
   } else {
-    const auto* table = dynamic_cast<const TableForm*>(&Front());
-    if (table != nullptr) entries = table->OverlayEntries(Trim(name));
+    if (Front().table() != nullptr) entries = OverlayEntries(*Front().table(), Trim(name));
     if (entries.empty() && !IsOverTable(name)) return error;
   }
   for (const std::string& entry : entries) questions_.PrintLine(entry);
@@ -359,31 +390,9 @@ std::string FormScript::Value(std::string_view rest) {
     return {};
   }
   std::string error;
-  const Control* control = FindControl(rest, error);
-  if (control == nullptr) return error;
-  switch (control->kind) {
-    case ControlKind::kText:
-    case ControlKind::kLabel:
-      questions_.PrintLine(control->text);
-      break;
-    case ControlKind::kCheck:
-    case ControlKind::kOption:
-      questions_.PrintLine(control->on ? "1" : "0");
-      break;
-    case ControlKind::kScroll:
-    case ControlKind::kTabs:
-      questions_.PrintLine(std::to_string(control->current));
-      break;
-    case ControlKind::kList:
-    case ControlKind::kCombo:
-      questions_.PrintLine(control->Chosen());
-      break;
-    case ControlKind::kButton:
-    case ControlKind::kMenu:
-      questions_.PrintLine(control->caption);
-      break;
-  }
-  return {};
+  Control* control = FindControl(rest, error);
+  if (control != nullptr) questions_.PrintLine(ValueOf(*control));
+  return error;
 }
 
 }  // namespace tarvok::editing

@@ -14,7 +14,7 @@ namespace tarvok::editing {
 class RepeatList {
  public:
   /** Both controls belong to the form. */
-  RepeatList(Control& label, Control& list) : label_(label), list_(list) { list_.visible = false; }
+  RepeatList(Label& label, ListBox& list) : label_(label), list_(list) { list_.visible = false; }
 
   /** Lists the texts that occur more than once under the heading `some`, or shows `none`. True if there are
    * any. */
@@ -29,8 +29,8 @@ class RepeatList {
   FormLayout Place() const { return layout::Column({layout::Of(label_), layout::Of(list_)}); }
 
  private:
-  Control& label_;
-  Control& list_;
+  Label& label_;
+  ListBox& list_;
 };
 
 }  // namespace tarvok::editing

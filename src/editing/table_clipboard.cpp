@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "editing/table_editor.h"
+#include "editing/table_operations.h"
 
 namespace tarvok::editing {
 namespace {
@@ -34,82 +34,84 @@ std::vector<std::vector<std::string>> CellsOf(std::string_view text) {
   return rows;
 }
 
-}  // namespace
-
-std::string TableEditor::Copy() const {
-  std::string text;
-  bool first = true;
-  const Selection selected = selection();
-  for (const int row : RowsInSight(selected.top, selected.bottom)) {
-    if (!first) text += "\r\n";
-    first = false;
-    for (int column = selected.left; column <= selected.right; ++column) {
-      if (column > selected.left) text += '\t';
-      for (const char c : Cell(row, column)) text += IsBreak(c) ? ' ' : c;
-    }
-  }
-  return text;
-}
-
-void TableEditor::ClearCell() {
-  if (rows() > 0 && !HasCurrent()) return;
-  Begin();
-  const Selection selected = selection();
-  for (const int row : RowsInSight(selected.top, selected.bottom)) {
-    for (int column = selected.left; column <= selected.right; ++column) {
-      if (this->column(column).entry != Entry::kReadOnly) EraseCell(row, column);
-    }
-  }
-  End();
-  Changed();
-}
-
-std::vector<Refusal> TableEditor::PutBlock(const std::vector<std::vector<std::string>>& block,
-                                           Selection where, bool fill) {
+std::vector<Refusal> PutBlock(TableEditor& table, const std::vector<std::vector<std::string>>& block,
+                              Selection where, bool fill) {
   std::vector<Refusal> refused;
-  Begin();
+  table.Begin();
   std::size_t next = 0;
-  for (const int row : RowsInSight(where.top, fill ? where.bottom : rows())) {
+  for (const int row : table.RowsInSight(where.top, fill ? where.bottom : table.rows())) {
     if (next == block.size()) break;
     const auto& line = block[fill ? 0 : next++];
     const bool one = line.size() == 1 && fill;
-    for (int column = where.left; column <= std::min(where.right, columns()); ++column) {
+    for (int column = where.left; column <= std::min(where.right, table.columns()); ++column) {
       const auto piece = static_cast<std::size_t>(one ? 0 : column - where.left);
-      if (piece >= line.size() || this->column(column).entry == Entry::kReadOnly) continue;
+      const Column& stated = table.column(column);
+      if (piece >= line.size() || stated.entry == Entry::kReadOnly) continue;
       std::string text = line[piece];
-      if (this->column(column).rule.in_list && text != Cell(row, column)) std::erase(text, '|');
+      if (stated.rule.in_list && text != table.Cell(row, column)) std::erase(text, '|');
       std::string why;
-      if (const std::optional<std::string> fitting = Fitting(row, column, text, why)) {
-        Change(row, column, *fitting);
+      if (const std::optional<std::string> fitting = table.Fitting(row, column, text, why)) {
+        table.SetCell(row, column, *fitting);
       } else {
         refused.push_back({row, column, text, why});
       }
     }
   }
-  End();
-  Changed();
+  table.End();
+  table.Changed();
   return refused;
 }
 
-std::vector<Refusal> TableEditor::Paste(std::string_view text) {
-  if (text.empty() || !HasCurrent()) return {};
+}  // namespace
+
+std::string CopyCells(const TableEditor& table) {
+  std::string text;
+  bool first = true;
+  const Selection selected = table.selection();
+  for (const int row : table.RowsInSight(selected.top, selected.bottom)) {
+    if (!first) text += "\r\n";
+    first = false;
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (column > selected.left) text += '\t';
+      for (const char c : table.Cell(row, column)) text += IsBreak(c) ? ' ' : c;
+    }
+  }
+  return text;
+}
+
+void ClearCells(TableEditor& table) {
+  if (table.rows() > 0 && !table.HasCurrent()) return;
+  table.Begin();
+  const Selection selected = table.selection();
+  for (const int row : table.RowsInSight(selected.top, selected.bottom)) {
+    for (int column = selected.left; column <= selected.right; ++column) {
+      if (table.column(column).entry != Entry::kReadOnly) table.EraseCell(row, column);
+    }
+  }
+  table.End();
+  table.Changed();
+}
+
+std::vector<Refusal> PasteCells(TableEditor& table, std::string_view text) {
+  if (text.empty() || !table.HasCurrent()) return {};
   const auto block = CellsOf(text);
-  Selection where = selection();
-  if (block.size() == 1 && block[0].size() == 1) return PutBlock(block, where, true);
+  Selection where = table.selection();
+  if (block.size() == 1 && block[0].size() == 1) return PutBlock(table, block, where, true);
   std::size_t widest = 0;
   for (const auto& line : block) widest = std::max(widest, line.size());
   where.right = where.left + static_cast<int>(widest) - 1;
-  return PutBlock(block, where, false);
+  return PutBlock(table, block, where, false);
 }
 
-std::vector<Refusal> TableEditor::FillDown() {
-  Selection where = selection();
-  const std::vector<int> rows = RowsInSight(where.top, where.bottom);
+std::vector<Refusal> FillDown(TableEditor& table) {
+  Selection where = table.selection();
+  const std::vector<int> rows = table.RowsInSight(where.top, where.bottom);
   if (rows.size() < 2) return {};
   std::vector<std::string> line;
-  for (int column = where.left; column <= where.right; ++column) line.push_back(Cell(rows.front(), column));
+  for (int column = where.left; column <= where.right; ++column)
+    line.push_back(table.Cell(rows.front(), column));
   where.top = rows.front() + 1;
-  return PutBlock({line}, where, true);
+  return PutBlock(table, {line}, where, true);
 }
 
 }  // namespace tarvok::editing

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/table_operations.h"
+
 namespace tarvok::editing {
 namespace {
 
@@ -143,7 +145,7 @@ Status TakeLines(TableEditor& table, const std::vector<Line>& lines, const std::
                  const CsvImport& import) {
   const std::vector<std::string>& titles = lines.front().cells;
   bool room = true;
-  while (room && table.rows() + 1 < static_cast<int>(lines.size())) room = table.Append();
+  while (room && table.rows() + 1 < static_cast<int>(lines.size())) room = AppendRow(table);
   for (std::size_t i = 1; i < lines.size(); ++i) {
     const Line& line = lines[i];
     if (line.cells.size() > columns.size()) return Wrong(line, titles.back(), "more cells follow");

@@ -84,6 +84,32 @@ void TableEditor::Select(const Selection& cells, int row, int column) {
   anchor_column_ = Across(column, cells.left, cells.right);
 }
 
+int TableEditor::ShowRows(const std::function<bool(int row)>& matches, bool keep_current) {
+  int shown = 0;
+  for (int row = 1; row <= rows(); ++row) {
+    bool& in_sight = rows_[static_cast<std::size_t>(row) - 1].in_sight;
+    in_sight = (keep_current && row == row_ && in_sight) || matches(row);
+    shown += in_sight ? 1 : 0;
+  }
+  if (shown > 0 && !HasCurrent()) GoToTop();
+  return shown;
+}
+
+int TableEditor::NextInSight(int from, int step) const {
+  for (int row = from; row >= 1 && row <= rows(); row += step) {
+    if (InSight(row)) return row;
+  }
+  return 0;
+}
+
+std::vector<int> TableEditor::RowsInSight(int first, int last) const {
+  std::vector<int> shown;
+  for (int row = first; row <= std::min(last, rows()); ++row) {
+    if (InSight(row)) shown.push_back(row);
+  }
+  return shown;
+}
+
 void TableEditor::LeaveCell() {
   DropReserved();
   open_.reset();
@@ -97,12 +123,8 @@ void TableEditor::DropReserved() {
   const std::string_view reserved = column(column_).rule.reserved;
   if (reserved.empty() || Cell(row_, column_) != reserved) return;
   for (const UndoStep::Cell& change : step->cells) {
-    if (change.row == row_ && change.column == column_) return Change(row_, column_, {});
+    if (change.row == row_ && change.column == column_) return SetCell(row_, column_, {});
   }
-}
-
-std::string TableEditor::OpenText() const {
-  return open_ ? open_->text : std::string();
 }
 
 void TableEditor::Open() {
@@ -110,26 +132,17 @@ void TableEditor::Open() {
   open_ = OpenField{.text = Cell(row_, column_), .before = row(row_)};
 }
 
-bool TableEditor::Pick(std::string_view entry) {
-  if (!HasCurrent()) return false;
-  const Entry kind = EntryOf(row_, column_);
-  if (kind != Entry::kList && kind != Entry::kEditList) return false;
-  const std::vector<std::string> list = ListOf(row_, column_);
-  if (!entry.empty() && std::find(list.begin(), list.end(), entry) == list.end()) return false;
-  Write(entry);
+void TableEditor::Escape() {
+  if (open_->touched) PutBack(open_->before);
   LeaveCell();
-  return true;
-}
-
-bool TableEditor::EditText(std::string_view text) {
-  std::string why;
-  const std::optional<std::string> fitting = Fitting(row_, column_, text, why);
-  if (fitting) Write(*fitting);
-  return fitting.has_value();
 }
 
 void TableEditor::SetCell(int row, int column, std::string_view text) {
-  Change(row, column, text);
+  const std::string before = Cell(row, column);
+  if (before == text) return;
+  Put(row, column, {std::string(text)});
+  const Column& stated = this->column(column);
+  if (stated.changed) stated.changed(row, before);
 }
 
 void TableEditor::EraseCell(int row, int column) {
@@ -155,7 +168,6 @@ void TableEditor::End() {
   undo_.End();
 }
 
-/** Puts text from the user into the current cell and drops its unseen value. */
 void TableEditor::Write(std::string_view text) {
   if (open_) {
     open_->text = text;
@@ -164,18 +176,32 @@ void TableEditor::Write(std::string_view text) {
   if (open_ && text == open_->before.cells[static_cast<std::size_t>(column_) - 1]) {
     PutBack(open_->before);
   } else {
-    Change(row_, column_, text);
+    SetCell(row_, column_, text);
   }
   Put(row_, column_, {std::string(text)});
   Changed();
 }
 
-void TableEditor::Change(int row, int column, std::string_view text) {
-  const std::string before = Cell(row, column);
-  if (before == text) return;
-  Put(row, column, {std::string(text)});
-  const Column& stated = this->column(column);
-  if (stated.changed) stated.changed(row, before);
+void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
+  const auto same = [](const TableRow& a, const TableRow& b) {
+    return a.origin == b.origin && a.cells == b.cells && a.hidden == b.hidden && a.unseen == b.unseen;
+  };
+  if (std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), same)) return;
+  open_.reset();
+  undo_.Begin();
+  UndoStep& step = undo_.Now(row_, column_);
+  if (!step.rows_before) {
+    step.rows_before = rows_;
+    for (const UndoStep::Cell& change : step.cells) {
+      SetState((*step.rows_before)[static_cast<std::size_t>(change.row) - 1], change.column, change.before);
+    }
+  }
+  rows_ = std::move(rows);
+  step.rows_after = rows_;
+  undo_.End();
+  for (int* row : {&row_, &anchor_row_, &selected_.top, &selected_.bottom})
+    *row = std::clamp(*row, 1, std::max(this->rows(), 1));
+  Changed();
 }
 
 /** Restores the current row without calling the rules that respond to changes. */

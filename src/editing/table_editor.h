@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "editing/entry_rule.h"
-#include "editing/key.h"
 #include "editing/table_undo.h"
 #include "editing/uses.h"
 
@@ -33,7 +32,7 @@ struct Column {
   std::function<void(int row, const std::string& before)> changed = {};  // called after a change of a cell
 };
 
-/** A rejected cell of a paste, a replacement or an import, and the reason. */
+/** A rejected cell of a paste, a fill or a replacement, and the reason. */
 struct Refusal {
   int row = 0;
   int column = 0;
@@ -66,8 +65,8 @@ enum class RowCommands {
 };
 
 /**
- * The rules of a table editor: grid, selection, typing, lists, clipboard text, rows, sort, undo. Rows count
- * from 1. Independent of projects, windows and forms.
+ * The table of an editor: cells, selection, the field over the current cell, and undo. What users do with it
+ * is in table_operations.h and table_csv.h. Rows count from 1. Independent of projects, windows and forms.
  */
 class TableEditor {
  public:
@@ -82,6 +81,13 @@ class TableEditor {
 
   /** Called after every change by the user. */
   std::function<void()> changed;
+  void Changed() {
+    if (changed) changed();
+  }
+  /** The text that `mnu_copy` and `mnu_cut` write and `mnu_paste` reads. */
+  std::string clipboard;
+  /** What the last paste, fill or replacement rejected, for a line below the table. */
+  std::vector<Refusal> refused;
 
   // Filling: does not count as a change and cannot be undone.
   void Clear();
@@ -97,6 +103,8 @@ class TableEditor {
   const Column& column(int column) const { return options_.columns[static_cast<std::size_t>(column) - 1]; }
   const Options& options() const { return options_; }
   const TableRow& row(int row) const { return rows_[static_cast<std::size_t>(row) - 1]; }
+  const std::vector<TableRow>& all_rows() const { return rows_; }
+  bool CanAddRow() const { return options_.rows == RowCommands::kGrow && rows() < options_.most; }
   /** "" outside the table. */
   const std::string& Cell(int row, int column) const;
   /** The value that a blank cell holds but cannot show; "" if none. */
@@ -126,26 +134,33 @@ class TableEditor {
   void GoToTop() { GoTo(NextInSight(1, 1), column_); }
   void GoToBottom() { GoTo(NextInSight(rows(), -1), column_); }
 
-  // Rows in sight: all rows, unless a view filters them. Keys and commands on the selection skip all other
-  // rows, and do nothing if no row is in sight.
+  // Rows in sight: all rows, unless a view filters them.
   /** Filters the table to the matching rows and, with `keep_current`, the current row if it was in sight. If
    * the current row is hidden, moves to the first row in sight. Returns the number of rows in sight. */
   int ShowRows(const std::function<bool(int row)>& matches, bool keep_current);
   /** False outside the table. */
   bool InSight(int row) const { return row >= 1 && row <= rows() && this->row(row).in_sight; }
+  bool HasCurrent() const { return InSight(row_); }
+  /** The first row in sight starting at `from`, in steps of 1 or -1; 0 if none. */
+  int NextInSight(int from, int step) const;
+  std::vector<int> RowsInSight(int first, int last) const;
 
-  // Editing the current cell.
-  void Press(Key key);
-  /** True if the field or list over the current cell is open. */
+  // The field or list over the current cell.
   bool open() const { return open_.has_value(); }
-  /** What the open field shows. */
-  std::string OpenText() const;
-  /** Opens the field or list over the current cell with its text. Does nothing on a read-only cell. */
+  /** What it shows. */
+  std::string OpenText() const { return open_ ? open_->text : std::string(); }
+  /** Opens it with the cell's text. Does nothing on a read-only cell. */
   void Open();
-  /** Picks an entry of the current cell's list, "" for the blank one; false if there is no such entry. */
-  bool Pick(std::string_view entry);
-  /** Sets the text of the current cell other than by keys; false if its rule rejects it. */
-  bool EditText(std::string_view text);
+  /** Opens it empty; the cell keeps its text until something is written. */
+  void OpenEmpty() { open_ = OpenField{.before = row(row_)}; }
+  /** Closes it and takes back what was written since it was opened. */
+  void Escape();
+  /** The keys typed into a list since it was opened. */
+  std::string& sought() { return open_->sought; }
+
+  // Changing cells.
+  /** Puts text from the user into the current cell and the field over it, and drops its unseen value. */
+  void Write(std::string_view text);
   /** A change by a rule of the editor; belongs to the same undo step as the change that triggered it. */
   void SetCell(int row, int column, std::string_view text);
   /** Empties a cell, including a value that it cannot show. */
@@ -155,34 +170,8 @@ class TableEditor {
   void Begin();
   void End();
 
-  // The selection as a whole.
-  std::string Copy() const;
-  void ClearCell();
-  /** Pastes a block of cells at the top left corner of the selection; a single cell fills the whole
-   * selection. */
-  std::vector<Refusal> Paste(std::string_view text);
-  /** Copies the first row of the selection into all others. */
-  std::vector<Refusal> FillDown();
-
-  // Rows.
-  bool CanAddRow() const;
-  void AddRow();
-  void InsertRow();
-  /** Deletes the selected rows that are in sight. */
-  void DeleteRow();
-  void Sort(bool ascending);
   /** Replaces all rows, in one undo step. */
   void ReplaceRows(std::vector<TableRow> rows);
-  /** Adds a blank row at the end; false if there is no room. Part of the current undo step. */
-  bool Append();
-
-  // Search.
-  /** Goes to the next cell in sight that contains `text`, wrapping around at the end; false if there is
-   * none. */
-  bool FindNext(std::string_view text);
-  /** Replaces `text` in every cell in sight that accepts the result, in one undo step. Returns the number of
-   * changed cells. */
-  int ReplaceAll(std::string_view text, std::string_view by, std::vector<Refusal>& refused);
 
   // Undo.
   bool CanUndo() const { return undo_.CanUndo(); }
@@ -201,39 +190,21 @@ class TableEditor {
   /** The field or list over the current cell. */
   struct OpenField {
     std::string text;
-    TableRow before;          // the row when it was opened; rules may change any of its cells
-    bool touched = false;     // false: the cell keeps its text
-    std::string sought = {};  // keys typed into a closed list
+    TableRow before;       // the row when it was opened; rules may change any of its cells
+    bool touched = false;  // false: the cell keeps its text
+    std::string sought = {};
   };
 
-  void PressText(Key key);
-  void PressList(Key key);
-  void PressOpen(Key key);
-  void OpenWith(char key);
-  void SeekEntry(char key);
-  void Write(std::string_view text);
-  void Move(int rows, int columns);
-  void NextRow();
   void DropReserved();
-  /** The first row in sight starting at `from`, in steps of 1 or -1; 0 if none. */
-  int NextInSight(int from, int step) const;
-  std::vector<int> RowsInSight(int first, int last) const;
-  bool HasCurrent() const { return InSight(row_); }
   /** Makes this the current cell and selects only it. */
   void MoveTo(int row, int column) {
     row_ = anchor_row_ = row;
     column_ = anchor_column_ = column;
     selected_ = {row, column, row, column};
   }
-  void Change(int row, int column, std::string_view text);
   bool Put(int row, int column, CellState state);
   void PutBack(const TableRow& before);
   void Restore(const UndoStep& step, bool after);
-  std::vector<Refusal> PutBlock(const std::vector<std::vector<std::string>>& block, Selection where,
-                                bool fill);
-  void Changed() {
-    if (changed) changed();
-  }
 
   Options options_;
   std::vector<TableRow> rows_;

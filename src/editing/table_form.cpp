@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "editing/table_operations.h"
+
 namespace tarvok::editing {
 namespace {
 
@@ -23,15 +25,15 @@ TableForm::TableForm(EditorContext context, FormName name, TableEditor::Options 
 
 void TableForm::AddEditMenu() {
   AddMenu("mnu_cut", "Cu&t", [this] {
-    clipboard = table_.Copy();
-    table_.ClearCell();
+    table_.clipboard = CopyCells(table_);
+    ClearCells(table_);
   });
-  AddMenu("mnu_copy", "&Copy", [this] { clipboard = table_.Copy(); });
-  AddMenu("mnu_paste", "&Paste", [this] { refused_ = table_.Paste(clipboard); });
+  AddMenu("mnu_copy", "&Copy", [this] { table_.clipboard = CopyCells(table_); });
+  AddMenu("mnu_paste", "&Paste", [this] { table_.refused = PasteCells(table_, table_.clipboard); });
   AddMenu("mnu_delete", "&Delete", [this] {
-    if (context().questions.Ask(kDoYouWantToDelete)) table_.ClearCell();
+    if (context().questions.Ask(kDoYouWantToDelete)) ClearCells(table_);
   });
-  AddMenu("mnu_fill", "&Fill Down", [this] { refused_ = table_.FillDown(); });
+  AddMenu("mnu_fill", "&Fill Down", [this] { table_.refused = FillDown(table_); });
   AddMenu("mnu_undo", "&Undo", [this] { table_.Undo(); });
   AddMenu("mnu_redo", "&Redo", [this] { table_.Redo(); });
 }
@@ -45,7 +47,7 @@ void TableForm::AddRowMenu() {
   if (rows == RowCommands::kGrow) {
     AddMenu("mnu_AddRow", "&Add Row", [this, over_limit] {
       const int before = table_.rows();
-      table_.AddRow();
+      AddRow(table_);
       over_limit(before);
     });
   }
@@ -53,11 +55,11 @@ void TableForm::AddRowMenu() {
     if (!table_.CanAddRow() && !table_.IsBlank(table_.rows())) {
       context().questions.Box(kOverLimit, false);
     } else {
-      table_.InsertRow();
+      InsertRow(table_);
     }
   });
-  AddMenu("mnu_del_row", "De&lete Row", [this] { table_.DeleteRow(); });
-  frame_buttons_.push_back(layout::Of(AddButton("cmdDelRow", "&Delete Row", [this] { table_.DeleteRow(); })));
+  AddMenu("mnu_del_row", "De&lete Row", [this] { DeleteRows(table_); });
+  frame_buttons_.push_back(layout::Of(AddButton("cmdDelRow", "&Delete Row", [this] { DeleteRows(table_); })));
 }
 
 void TableForm::AddSortMenu() {
@@ -76,7 +78,7 @@ void TableForm::SortByButton() {
 
 void TableForm::Sort(bool ascending) {
   table_.LeaveCell();
-  table_.Sort(ascending);
+  SortRows(table_, ascending);
 }
 
 void TableForm::LayOut(std::vector<FormLayout> above, std::vector<FormLayout> buttons,
@@ -88,15 +90,6 @@ void TableForm::LayOut(std::vector<FormLayout> above, std::vector<FormLayout> bu
   above.push_back(next_to.size() == 1 ? next_to.front() : layout::Row(std::move(next_to)));
   above.push_back(layout::Row(std::move(row)));
   SetLayout(layout::Column(std::move(above)));
-}
-
-std::vector<std::string> TableForm::OverlayEntries(std::string_view overlay) const {
-  const auto has = [&](int column) { return table_.column(column).overlay == overlay; };
-  if (has(table_.current_column())) return table_.ListOf(table_.current_row(), table_.current_column());
-  for (int column = 1; column <= table_.columns(); ++column) {
-    if (has(column)) return table_.ListOf(table_.current_row(), column);
-  }
-  return {};
 }
 
 std::vector<std::string> Repeats(std::vector<std::string> texts) {

@@ -15,14 +15,6 @@ class TableForm : public EditorForm {
   TableForm(EditorContext context, FormName name, TableEditor::Options table);
 
   TableEditor* table() override { return &table_; }
-  /** The text that `mnu_copy` and `mnu_cut` write and `mnu_paste` reads. */
-  std::string clipboard;
-  /** The cells that the last paste, fill or replacement rejected; for a line below the table. */
-  const std::vector<Refusal>& refused() const { return refused_; }
-  /** Sets `refused`. */
-  void Note(std::vector<Refusal> refused) { refused_ = std::move(refused); }
-  /** The entries of a control over the cells, by its name, in the first column that uses it. */
-  std::vector<std::string> OverlayEntries(std::string_view overlay) const;
   /** By default row n of the table is now row n of the project. */
   void Saved() override { table_.Renumber(); }
 
@@ -34,7 +26,6 @@ class TableForm : public EditorForm {
   void LayOut(std::vector<FormLayout> above = {}, std::vector<FormLayout> buttons = {},
               std::vector<FormLayout> next_to = {});
   void Sort(bool ascending);
-  virtual bool sorts() const { return !table_.options().sort_by.empty(); }
 
  private:
   void AddEditMenu();
@@ -43,9 +34,8 @@ class TableForm : public EditorForm {
   void SortByButton();
 
   TableEditor table_;
-  std::vector<Refusal> refused_;
   std::vector<FormLayout> frame_buttons_;
-  Control* sort_ = nullptr;
+  Button* sort_ = nullptr;
   bool next_ascending_ = true;
 };
 

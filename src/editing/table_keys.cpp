@@ -1,138 +1,172 @@
 // Keys in a table.
 
 #include <algorithm>
-#include <utility>
+#include <optional>
 
-#include "editing/table_editor.h"
+#include "editing/table_operations.h"
 #include "store/ini_text.h"
 
 namespace tarvok::editing {
+namespace {
 
-void TableEditor::Move(int rows, int columns) {
-  const int row = rows == 0 ? row_ : NextInSight(row_ + rows, rows);
-  GoTo(row > 0 ? row : row_, std::clamp(column_ + columns, 1, this->columns()));
+Entry EntryOf(const TableEditor& table) {
+  return table.EntryOf(table.current_row(), table.current_column());
 }
 
-void TableEditor::NextRow() {
-  Move(1, 0);
+std::vector<std::string> ListOf(const TableEditor& table) {
+  return table.ListOf(table.current_row(), table.current_column());
 }
 
-void TableEditor::Press(Key key) {
-  if (!HasCurrent()) return;
-  switch (key.code) {
-    case KeyCode::kReturn:
-      return NextRow();
-    case KeyCode::kTab:
-      return Move(0, 1);
-    case KeyCode::kLeft:
-      return Move(0, -1);
-    case KeyCode::kRight:
-      return Move(0, 1);
-    case KeyCode::kUp:
-    case KeyCode::kDown:
-      if (!open_ || EntryOf(row_, column_) == Entry::kText) return Move(key.code == KeyCode::kUp ? -1 : 1, 0);
-      break;
-    default:
-      break;
-  }
-  if (open_) return PressOpen(key);
-  switch (EntryOf(row_, column_)) {
-    case Entry::kReadOnly:
-      return;
-    case Entry::kText:
-      return PressText(key);
-    case Entry::kList:
-    case Entry::kEditList:
-      return PressList(key);
-  }
+const EntryRule& RuleOf(const TableEditor& table) {
+  return table.column(table.current_column()).rule;
 }
 
-/** A key on a selected cell of text. */
-void TableEditor::PressText(Key key) {
-  const std::string& text = Cell(row_, column_);
-  const EntryRule& rule = column(column_).rule;
-  if (key.code == KeyCode::kBackspace) {
-    if (!text.empty()) Write(std::string_view(text).substr(0, text.size() - 1));
-  } else if (key.code == KeyCode::kDelete) {
-    if (!IsBlank(row_, column_)) Write({});
-  } else if (key.code == KeyCode::kCharacter && rule.first_replaces) {
-    OpenWith(key.character);
-  } else if (key.code == KeyCode::kCharacter) {
-    const std::optional<std::string> typed = TypeCharacter(rule, text, false, key.character, true);
-    if (typed) Write(*typed);
-  }
+bool IsBlank(const TableEditor& table) {
+  return table.IsBlank(table.current_row(), table.current_column());
 }
 
-/** A key on a selected cell with a list: it opens the list. */
-void TableEditor::PressList(Key key) {
-  if (key.code == KeyCode::kDelete) {
-    if (!IsBlank(row_, column_)) Write({});
-  } else if (key.code == KeyCode::kCharacter && EntryOf(row_, column_) == Entry::kEditList) {
-    OpenWith(key.character);
-  } else if (key.code != KeyCode::kEscape) {
-    Open();
-    if (key.code == KeyCode::kCharacter && open_) SeekEntry(key.character);
-  }
+void Move(TableEditor& table, int rows, int columns) {
+  const int row = rows == 0 ? table.current_row() : table.NextInSight(table.current_row() + rows, rows);
+  table.GoTo(row > 0 ? row : table.current_row(),
+             std::clamp(table.current_column() + columns, 1, table.columns()));
+}
+
+/** Types a character after a text, or over it if it is `selected`. */
+void Type(TableEditor& table, std::string_view text, bool selected, char key, bool first) {
+  const std::optional<std::string> typed = TypeCharacter(RuleOf(table), text, selected, key, first);
+  if (typed) table.Write(*typed);
+}
+
+/** Opens the field with the key, or empty if the key is not accepted. */
+void OpenWith(TableEditor& table, char key) {
+  const std::optional<std::string> typed = TypeCharacter(RuleOf(table), {}, false, key, true);
+  table.OpenEmpty();
+  if (typed) table.Write(*typed);
 }
 
 /** Goes to the first entry that starts with what was typed since the list opened, or else with this key
  * alone. */
-void TableEditor::SeekEntry(char key) {
-  const std::vector<std::string> list = ListOf(row_, column_);
-  for (const std::string& sought : {open_->sought + key, std::string(1, key)}) {
+void SeekEntry(TableEditor& table, char key) {
+  const std::vector<std::string> list = ListOf(table);
+  for (const std::string& sought : {table.sought() + key, std::string(1, key)}) {
     const std::string folded = FoldName(sought);
-    const auto found = std::find_if(list.begin(), list.end(), [&](const std::string& entry) {
-      return FoldName(entry).starts_with(folded);
-    });
+    const auto found = std::ranges::find_if(
+        list, [&](const std::string& entry) { return FoldName(entry).starts_with(folded); });
     if (found == list.end()) continue;
-    open_->sought = sought;
-    return Write(*found);
+    table.sought() = sought;
+    return table.Write(*found);
   }
 }
 
-/** Opens the field with the key, or empty if the key is not accepted; the cell then keeps its text until
- * something is typed. */
-void TableEditor::OpenWith(char key) {
-  const std::optional<std::string> typed = TypeCharacter(column(column_).rule, {}, false, key, true);
-  open_ = OpenField{.before = row(row_)};
-  if (typed) Write(*typed);
+/** A key on a selected cell of text. */
+void PressText(TableEditor& table, Key key) {
+  const std::string& text = table.Cell(table.current_row(), table.current_column());
+  if (key.code == KeyCode::kBackspace) {
+    if (!text.empty()) table.Write(std::string_view(text).substr(0, text.size() - 1));
+  } else if (key.code == KeyCode::kDelete) {
+    if (!IsBlank(table)) table.Write({});
+  } else if (key.code == KeyCode::kCharacter && RuleOf(table).first_replaces) {
+    OpenWith(table, key.character);
+  } else if (key.code == KeyCode::kCharacter) {
+    Type(table, text, false, key.character, true);
+  }
+}
+
+/** A key on a selected cell with a list: it opens the list. */
+void PressList(TableEditor& table, Key key) {
+  if (key.code == KeyCode::kDelete) {
+    if (!IsBlank(table)) table.Write({});
+  } else if (key.code == KeyCode::kCharacter && EntryOf(table) == Entry::kEditList) {
+    OpenWith(table, key.character);
+  } else if (key.code != KeyCode::kEscape) {
+    table.Open();
+    if (key.code == KeyCode::kCharacter && table.open()) SeekEntry(table, key.character);
+  }
+}
+
+/** Up and Down in the open list; above the first entry is the blank one. */
+void StepInList(TableEditor& table, int step) {
+  const std::vector<std::string> list = ListOf(table);
+  const auto at = std::ranges::find(list, table.OpenText()) - list.begin();
+  const auto count = static_cast<std::ptrdiff_t>(list.size());
+  const bool found = at < count;
+  const auto next = step < 0 ? at - 1 : found ? at + 1 : 0;
+  if (next < 0) return table.Write({});
+  if (!found && step < 0) return;
+  if (next < count) table.Write(list[static_cast<std::size_t>(next)]);
 }
 
 /** A key in the open field or list. */
-void TableEditor::PressOpen(Key key) {
-  const Entry kind = EntryOf(row_, column_);
-  if (key.code == KeyCode::kEscape) {
-    if (open_->touched) PutBack(open_->before);
-    return LeaveCell();
-  }
-  if (key.code == KeyCode::kUp || key.code == KeyCode::kDown) {
-    const std::vector<std::string> list = ListOf(row_, column_);
-    const auto at = std::find(list.begin(), list.end(), open_->text) - list.begin();
-    const auto last = static_cast<std::ptrdiff_t>(list.size()) - 1;
-    const bool found = at <= last;
-    const auto next = key.code == KeyCode::kUp ? at - 1 : found ? at + 1 : 0;
-    if (next < 0) return Write({});
-    if (!found && key.code == KeyCode::kUp) return;
-    if (next <= last) Write(list[static_cast<std::size_t>(next)]);
-    return;
-  }
-  if (key.code == KeyCode::kDelete &&
-      (kind != Entry::kText || !open_->text.empty() || !IsBlank(row_, column_)))
-    return Write({});
+void PressOpen(TableEditor& table, Key key) {
+  const Entry kind = EntryOf(table);
+  if (key.code == KeyCode::kEscape) return table.Escape();
+  if (key.code == KeyCode::kUp || key.code == KeyCode::kDown)
+    return StepInList(table, key.code == KeyCode::kUp ? -1 : 1);
+  const std::string text = table.OpenText();
+  if (key.code == KeyCode::kDelete && (kind != Entry::kText || !text.empty() || !IsBlank(table)))
+    return table.Write({});
   if (kind == Entry::kList) {
-    if (key.code == KeyCode::kCharacter) SeekEntry(key.character);
+    if (key.code == KeyCode::kCharacter) SeekEntry(table, key.character);
     return;
   }
-  const std::string& text = open_->text;
-  const EntryRule& rule = column(column_).rule;
   // A list entry that cannot be typed is edited as a whole: a part of it would be invalid.
-  const bool whole = kind == Entry::kEditList && !TypeWhole(rule, text);
+  const bool whole = kind == Entry::kEditList && !TypeWhole(RuleOf(table), text);
   if (key.code == KeyCode::kBackspace) {
-    if (!text.empty()) Write(std::string(text, 0, whole ? 0 : text.size() - 1));
+    if (!text.empty()) table.Write(std::string_view(text).substr(0, whole ? 0 : text.size() - 1));
   } else if (key.code == KeyCode::kCharacter) {
-    const std::optional<std::string> typed = TypeCharacter(rule, text, whole, key.character, false);
-    if (typed) Write(*typed);
+    Type(table, text, whole, key.character, false);
   }
+}
+
+}  // namespace
+
+void PressKey(TableEditor& table, Key key) {
+  if (!table.HasCurrent()) return;
+  switch (key.code) {
+    case KeyCode::kReturn:
+      return Move(table, 1, 0);
+    case KeyCode::kTab:
+    case KeyCode::kRight:
+      return Move(table, 0, 1);
+    case KeyCode::kLeft:
+      return Move(table, 0, -1);
+    case KeyCode::kUp:
+    case KeyCode::kDown:
+      if (!table.open() || EntryOf(table) == Entry::kText)
+        return Move(table, key.code == KeyCode::kUp ? -1 : 1, 0);
+      break;
+    default:
+      break;
+  }
+  if (table.open()) return PressOpen(table, key);
+  switch (EntryOf(table)) {
+    case Entry::kReadOnly:
+      return;
+    case Entry::kText:
+      return PressText(table, key);
+    case Entry::kList:
+    case Entry::kEditList:
+      return PressList(table, key);
+  }
+}
+
+bool PickEntry(TableEditor& table, std::string_view entry) {
+  if (!table.HasCurrent()) return false;
+  const Entry kind = EntryOf(table);
+  if (kind != Entry::kList && kind != Entry::kEditList) return false;
+  const std::vector<std::string> list = ListOf(table);
+  if (!entry.empty() && std::ranges::find(list, entry) == list.end()) return false;
+  table.Write(entry);
+  table.LeaveCell();
+  return true;
+}
+
+bool EditCell(TableEditor& table, std::string_view text) {
+  std::string why;
+  const std::optional<std::string> fitting =
+      table.Fitting(table.current_row(), table.current_column(), text, why);
+  if (fitting) table.Write(*fitting);
+  return fitting.has_value();
 }
 
 }  // namespace tarvok::editing

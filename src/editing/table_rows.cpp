@@ -1,9 +1,9 @@
-// Adding, inserting, deleting, sorting and filtering rows.
+// Adding, inserting, deleting and sorting rows.
 
 #include <algorithm>
 #include <utility>
 
-#include "editing/table_editor.h"
+#include "editing/table_operations.h"
 
 namespace tarvok::editing {
 namespace {
@@ -44,115 +44,69 @@ bool ComesBefore(const TableRow& a, const TableRow& b, const std::vector<SortKey
   return false;
 }
 
+TableRow BlankRow(const TableEditor& table) {
+  return {.cells = std::vector<std::string>(static_cast<std::size_t>(table.columns()))};
+}
+
 }  // namespace
 
-int TableEditor::ShowRows(const std::function<bool(int row)>& matches, bool keep_current) {
-  int shown = 0;
-  for (int row = 1; row <= rows(); ++row) {
-    bool& in_sight = rows_[static_cast<std::size_t>(row) - 1].in_sight;
-    in_sight = (keep_current && row == row_ && in_sight) || matches(row);
-    shown += in_sight ? 1 : 0;
-  }
-  if (shown > 0 && !HasCurrent()) GoToTop();
-  return shown;
-}
-
-int TableEditor::NextInSight(int from, int step) const {
-  for (int row = from; row >= 1 && row <= rows(); row += step) {
-    if (InSight(row)) return row;
-  }
-  return 0;
-}
-
-std::vector<int> TableEditor::RowsInSight(int first, int last) const {
-  std::vector<int> shown;
-  for (int row = first; row <= std::min(last, rows()); ++row) {
-    if (InSight(row)) shown.push_back(row);
-  }
-  return shown;
-}
-
-bool TableEditor::CanAddRow() const {
-  return options_.rows == RowCommands::kGrow && rows() < options_.most;
-}
-
-bool TableEditor::Append() {
-  if (!CanAddRow()) return false;
-  std::vector<TableRow> rows = rows_;
-  rows.push_back({.cells = std::vector<std::string>(options_.columns.size())});
-  ReplaceRows(std::move(rows));
+bool AppendRow(TableEditor& table) {
+  if (!table.CanAddRow()) return false;
+  std::vector<TableRow> rows = table.all_rows();
+  rows.push_back(BlankRow(table));
+  table.ReplaceRows(std::move(rows));
   return true;
 }
 
-void TableEditor::AddRow() {
-  LeaveCell();
-  if (!Append()) return;
-  GoTo(rows(), 1);
+void AddRow(TableEditor& table) {
+  table.LeaveCell();
+  if (AppendRow(table)) table.GoTo(table.rows(), 1);
 }
 
-void TableEditor::InsertRow() {
-  if (options_.rows == RowCommands::kNone || !HasCurrent()) return;
-  std::vector<TableRow> rows = rows_;
-  if (!CanAddRow()) {
-    if (!IsBlank(this->rows())) return;
+void InsertRow(TableEditor& table) {
+  if (table.options().rows == RowCommands::kNone || !table.HasCurrent()) return;
+  std::vector<TableRow> rows = table.all_rows();
+  if (!table.CanAddRow()) {
+    if (!table.IsBlank(table.rows())) return;
     rows.pop_back();
   }
-  rows.insert(rows.begin() + std::min(row_ - 1, static_cast<int>(rows.size())),
-              {.cells = std::vector<std::string>(options_.columns.size())});
-  ReplaceRows(std::move(rows));
+  rows.insert(rows.begin() + std::min(table.current_row() - 1, static_cast<int>(rows.size())),
+              BlankRow(table));
+  table.ReplaceRows(std::move(rows));
 }
 
-void TableEditor::DeleteRow() {
-  if (options_.rows == RowCommands::kNone || !HasCurrent()) return;
-  const Selection selected = selection();
+void DeleteRows(TableEditor& table) {
+  const TableEditor::Options& options = table.options();
+  if (options.rows == RowCommands::kNone || !table.HasCurrent()) return;
+  const Selection selected = table.selection();
   bool filtered = false;
   std::vector<TableRow> rows;
-  for (int row = 1; row <= this->rows(); ++row) {
-    filtered = filtered || !InSight(row);
-    if (row < selected.top || row > selected.bottom || !InSight(row)) rows.push_back(this->row(row));
+  for (int row = 1; row <= table.rows(); ++row) {
+    filtered = filtered || !table.InSight(row);
+    if (row < selected.top || row > selected.bottom || !table.InSight(row)) rows.push_back(table.row(row));
   }
-  if (options_.rows == RowCommands::kFixed) {
-    const auto most = static_cast<std::size_t>(options_.most);
-    const std::size_t filled = most == 0 ? rows_.size() : std::min(rows_.size(), most);
-    while (rows.size() < filled)
-      rows.push_back({.cells = std::vector<std::string>(options_.columns.size()), .in_sight = !filtered});
-  }
-  ReplaceRows(std::move(rows));
-  const int top = std::clamp(selected.top, 1, std::max(this->rows(), 1));
-  const int below = NextInSight(top, 1);
-  const int above = NextInSight(top, -1);
-  GoTo(below > 0 ? below : above > 0 ? above : top, selected.left);
-}
-
-void TableEditor::Sort(bool ascending) {
-  if (options_.sort_by.empty()) return;
-  std::vector<TableRow> rows = rows_;
-  std::stable_sort(rows.begin(), rows.end(), [&](const TableRow& a, const TableRow& b) {
-    return ComesBefore(a, b, options_.sort_by, column_, ascending);
-  });
-  ReplaceRows(std::move(rows));
-}
-
-void TableEditor::ReplaceRows(std::vector<TableRow> rows) {
-  const auto same = [](const TableRow& a, const TableRow& b) {
-    return a.origin == b.origin && a.cells == b.cells && a.hidden == b.hidden && a.unseen == b.unseen;
-  };
-  if (std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), same)) return;
-  open_.reset();
-  undo_.Begin();
-  UndoStep& step = undo_.Now(row_, column_);
-  if (!step.rows_before) {
-    step.rows_before = rows_;
-    for (const UndoStep::Cell& change : step.cells) {
-      SetState((*step.rows_before)[static_cast<std::size_t>(change.row) - 1], change.column, change.before);
+  if (options.rows == RowCommands::kFixed) {
+    const int filled = options.most == 0 ? table.rows() : std::min(table.rows(), options.most);
+    while (static_cast<int>(rows.size()) < filled) {
+      rows.push_back(BlankRow(table));
+      rows.back().in_sight = !filtered;
     }
   }
-  rows_ = std::move(rows);
-  step.rows_after = rows_;
-  undo_.End();
-  for (int* row : {&row_, &anchor_row_, &selected_.top, &selected_.bottom})
-    *row = std::clamp(*row, 1, std::max(this->rows(), 1));
-  Changed();
+  table.ReplaceRows(std::move(rows));
+  const int top = std::clamp(selected.top, 1, std::max(table.rows(), 1));
+  const int below = table.NextInSight(top, 1);
+  const int above = table.NextInSight(top, -1);
+  table.GoTo(below > 0 ? below : above > 0 ? above : top, selected.left);
+}
+
+void SortRows(TableEditor& table, bool ascending) {
+  const std::vector<SortKey>& keys = table.options().sort_by;
+  if (keys.empty()) return;
+  std::vector<TableRow> rows = table.all_rows();
+  std::ranges::stable_sort(rows, [&](const TableRow& a, const TableRow& b) {
+    return ComesBefore(a, b, keys, table.current_column(), ascending);
+  });
+  table.ReplaceRows(std::move(rows));
 }
 
 }  // namespace tarvok::editing

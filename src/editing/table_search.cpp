@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "editing/table_editor.h"
+#include "editing/table_operations.h"
 #include "store/ini_text.h"
 
 namespace tarvok::editing {
@@ -25,41 +25,44 @@ std::string Replaced(std::string_view in, std::string_view text, std::string_vie
 
 }  // namespace
 
-bool TableEditor::FindNext(std::string_view text) {
-  if (text.empty() || rows() == 0) return false;
-  const int cells = rows() * columns();
-  const int here = (row_ - 1) * columns() + column_ - 1;
+bool FindNext(TableEditor& table, std::string_view text) {
+  if (text.empty() || table.rows() == 0) return false;
+  const int columns = table.columns();
+  const int cells = table.rows() * columns;
+  const int here = (table.current_row() - 1) * columns + table.current_column() - 1;
   for (int step = 1; step <= cells; ++step) {
     const int at = (here + step) % cells;
-    const int row = at / columns() + 1;
-    const int column = at % columns() + 1;
-    if (InSight(row) && PlaceOf(text, Cell(row, column)) != std::string::npos) return GoTo(row, column);
+    const int row = at / columns + 1;
+    const int column = at % columns + 1;
+    if (table.InSight(row) && PlaceOf(text, table.Cell(row, column)) != std::string::npos)
+      return table.GoTo(row, column);
   }
   return false;
 }
 
-int TableEditor::ReplaceAll(std::string_view text, std::string_view by, std::vector<Refusal>& refused) {
+int ReplaceAll(TableEditor& table, std::string_view text, std::string_view by,
+               std::vector<Refusal>& refused) {
   if (text.empty()) return 0;
   int count = 0;
-  Begin();
-  for (const int row : RowsInSight(1, rows())) {
-    for (int column = 1; column <= columns(); ++column) {
-      if (this->column(column).entry == Entry::kReadOnly ||
-          PlaceOf(text, Cell(row, column)) == std::string::npos)
+  table.Begin();
+  for (const int row : table.RowsInSight(1, table.rows())) {
+    for (int column = 1; column <= table.columns(); ++column) {
+      const std::string& cell = table.Cell(row, column);
+      if (table.column(column).entry == Entry::kReadOnly || PlaceOf(text, cell) == std::string::npos)
         continue;
-      const std::string made = Replaced(Cell(row, column), text, by);
+      const std::string made = Replaced(cell, text, by);
       std::string why;
-      const std::optional<std::string> fitting = Fitting(row, column, made, why);
+      const std::optional<std::string> fitting = table.Fitting(row, column, made, why);
       if (!fitting) {
         refused.push_back({row, column, made, why});
-      } else if (*fitting != Cell(row, column)) {
-        Change(row, column, *fitting);
+      } else if (*fitting != cell) {
+        table.SetCell(row, column, *fitting);
         ++count;
       }
     }
   }
-  End();
-  if (count > 0) Changed();
+  table.End();
+  if (count > 0) table.Changed();
   return count;
 }
 

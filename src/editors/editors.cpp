@@ -1,20 +1,27 @@
 #include "editors/editors.h"
 
-#include "project/commands.h"
 #include "store/ini_text.h"
 
 namespace tarvok::editors {
 
-std::vector<const Editor*> Editors() {
-  std::vector<const Editor*> editors;
-  for (const Command& command : kCommands) {
-    for (const std::span<const Editor> folder : {PortEditors(), RoutingEditors(), SystemEditors()}) {
-      for (const Editor& editor : folder) {
-        if (editor.key == command.key) editors.push_back(&editor);
-      }
-    }
-  }
-  return editors;
+extern const Editor kSetupNumberEditor, kPortDefineEditor, kPortConfigEditor, kBossEditor, kLinkTrunkEditor,
+    kDialPhoneEditor, kCallForwardEditor, kVoiceMailBoxEditor, kAccountEditor, kHuntGroupEditor,
+    kIncomingListEditor, kTenantEditor, kRouteMapEditor, kRouteListEditor, kGroupOutEditor, kE1MappingEditor,
+    kE1NumberingEditor, kDidRedirectEditor, kBanAllowEditor, kBanNumberGroupEditor, kSystemConfigEditor,
+    kVmCallBackEditor, kPabxModeEditor, kBillingModeEditor, kMiniBarEditor, kRunScriptEditor, kPbxLinkEditor,
+    kIpPbxEditor, kSetupKeyEditor;
+
+std::span<const Editor* const> Editors() {
+  static constexpr const Editor* kInTreeOrder[] = {
+      &kSetupNumberEditor,  &kPortDefineEditor,  &kPortConfigEditor,   &kBossEditor,
+      &kLinkTrunkEditor,    &kDialPhoneEditor,   &kCallForwardEditor,  &kVoiceMailBoxEditor,
+      &kAccountEditor,      &kHuntGroupEditor,   &kIncomingListEditor, &kTenantEditor,
+      &kRouteMapEditor,     &kRouteListEditor,   &kGroupOutEditor,     &kE1MappingEditor,
+      &kE1NumberingEditor,  &kDidRedirectEditor, &kBanAllowEditor,     &kBanNumberGroupEditor,
+      &kSystemConfigEditor, &kVmCallBackEditor,  &kPabxModeEditor,     &kBillingModeEditor,
+      &kMiniBarEditor,      &kRunScriptEditor,   &kPbxLinkEditor,      &kIpPbxEditor,
+      &kSetupKeyEditor};
+  return kInTreeOrder;
 }
 
 const Editor* FindEditor(std::string_view form) {

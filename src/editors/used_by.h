@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/uses.h"
 #include "project/search.h"
 #include "store/ini_text.h"

@@ -1,5 +1,6 @@
 #include "frame/main_frame.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -122,7 +123,7 @@ bool MainFrame::CloseActiveForm(std::string_view name) {
 
 bool MainFrame::LeaveForm(std::string_view name) {
   const std::string_view wanted = Trim(name);
-  for (const Command& command : kCommands) {
+  for (const Command& command : parts_.commands) {
     if (!command.closed_by_name || !SameName(command.recorded, wanted)) continue;
     if (form_ == nullptr || !SameName(form_->name(), wanted)) return true;
     if (command.saved_on_close && parts_.state.data_changed) {
@@ -137,6 +138,18 @@ bool MainFrame::LeaveForm(std::string_view name) {
   return true;
 }
 
+int MainFrame::NodeOf(std::string_view key) const {
+  const auto found = std::ranges::find(parts_.commands, key, &Command::key);
+  const auto index = static_cast<int>(found - parts_.commands.begin());
+  return found == parts_.commands.end() ? 0 : index + kFirstCommandNode;
+}
+
+const Command* MainFrame::CommandOfNode(int node) const {
+  const int index = node - kFirstCommandNode;
+  const bool exists = index >= 0 && index < static_cast<int>(parts_.commands.size());
+  return exists ? &parts_.commands[static_cast<std::size_t>(index)] : nullptr;
+}
+
 void MainFrame::ClickNode(int node) {
   RunCommand(node);
   if (std::exchange(ends_, false)) ExitProgram();
@@ -146,7 +159,7 @@ void MainFrame::RunCommand(int node) {
   const Running running(running_);
   const Command* command = CommandOfNode(node);
   SharedState& state = parts_.state;
-  if (!running.first() || state.project_file.empty() || command == nullptr || !IsOffered(*command)) return;
+  if (!running.first() || state.project_file.empty() || command == nullptr) return;
   parts_.view.SetBusyPointer(true);
   state.clicked_node = node;
   if (state.previous_node != 0) parts_.view.Highlight(state.previous_node, false);
@@ -170,14 +183,12 @@ void MainFrame::RunCommand(int node) {
 }
 
 bool MainFrame::GoTo(std::string_view command_key, const Place& place) {
-  for (std::size_t i = 0; i < kCommands.size(); ++i) {
-    if (kCommands[i].key != command_key) continue;
-    ClickNode(static_cast<int>(i) + kFirstCommandNode);
-    if (form_ == nullptr || !SameName(form_->name(), kCommands[i].recorded)) return false;
-    form_->GoTo(place);
-    return true;
-  }
-  return false;
+  const Command* command = FindCommand(command_key);
+  if (command == nullptr) return false;
+  ClickNode(NodeOf(command_key));
+  if (form_ == nullptr || !SameName(form_->name(), command->recorded)) return false;
+  form_->GoTo(place);
+  return true;
 }
 
 bool MainFrame::OpenForm(const Command& command) {
@@ -199,10 +210,10 @@ bool MainFrame::OpenForm(const Command& command) {
 void MainFrame::ShowForm(const Command& command) {
   SharedState& state = parts_.state;
   state.form_loading = true;
-  form_ = parts_.forms.at(command.key)({.state = state,
-                                        .closed = [this] { FormClosed(); },
-                                        .close_project = [this] { Close(); },
-                                        .exit_program = [this] { ExitProgram(); }});
+  form_ = command.make({.state = state,
+                        .closed = [this] { FormClosed(); },
+                        .close_project = [this] { Close(); },
+                        .exit_program = [this] { ExitProgram(); }});
   state.form_loading = false;
   if (form_ == nullptr) {
     ShowLook();

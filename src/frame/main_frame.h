@@ -1,13 +1,13 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "frame/command.h"
 #include "frame/main_frame_view.h"
 #include "frame/uses.h"
-#include "project/commands.h"
 #include "store/project_store.h"
 #include "store/recent_files.h"
 
@@ -24,8 +24,8 @@ std::string WithProjectExtension(const std::string& path);
 
 /**
  * The rules of the main frame: at most one project is open and at most one form is shown. Opening a form
- * closes the previous one, which saves its changes without asking. The program supplies the forms: a command
- * without a factory is shown but does nothing.
+ * closes the previous one, which saves its changes without asking. The program supplies the commands and
+ * their forms.
  */
 class MainFrame {
  public:
@@ -35,7 +35,7 @@ class MainFrame {
     SharedState& state;
     MainFrameView& view;
     std::string system_file;
-    std::map<std::string_view, FormFactory> forms;  // by command key
+    std::vector<Command> commands;  // in the order of the tree
   };
 
   explicit MainFrame(Parts parts) : parts_(std::move(parts)) {}
@@ -68,12 +68,18 @@ class MainFrame {
    * the 32 that close by name; any other name does nothing. False if that form stays open. */
   bool CloseActiveForm(std::string_view name);
 
-  bool IsOffered(const Command& command) const { return parts_.forms.contains(command.key); }
+  const std::vector<Command>& commands() const { return parts_.commands; }
+  /** nullptr if there is no command with this key. */
+  const Command* FindCommand(std::string_view key) const { return CommandOfNode(NodeOf(key)); }
+  /** 0 if there is no command with this key. */
+  int NodeOf(std::string_view key) const;
   const SharedState& state() const { return parts_.state; }
 
  private:
   class Running;
 
+  /** The command of a tree node; nullptr for the root and for a node that does not exist. */
+  const Command* CommandOfNode(int node) const;
   void RunCommand(int node);
   /** False if the open form cannot be closed or the project file is gone. */
   bool OpenForm(const Command& command);

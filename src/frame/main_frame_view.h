@@ -1,47 +1,12 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "frame/uses.h"
-#include "project/place.h"
-#include "store/shared_state.h"
 
 namespace tarvok::frame {
-
-/** A form of the command tree, as the frame sees it. Created loaded but not yet shown; destroyed once
- * closed. */
-class Form {
- public:
-  virtual ~Form() = default;
-
-  /** The `ActiveFormName` of the form, set once it has loaded. */
-  virtual std::string_view name() const = 0;
-  /** A child form returns at once; a modal form returns when it is closed. */
-  virtual void Show() = 0;
-  /** Saves the changes. False if the user refuses or saving fails; the form then stays open. */
-  virtual bool SaveFile() = 0;
-  /** Closes without asking. False, and the form stays open, while a session is running in it. */
-  virtual bool Unload() = 0;
-  /** Moves the focus to a row and field. Does nothing if the form has no such place. */
-  virtual void GoTo(const Place&) {}
-};
-
-/** What the frame passes to a form that it opens. */
-struct FormContext {
-  SharedState& state;
-  /** A child form that closes itself must call this last: it destroys the form. */
-  std::function<void()> closed;
-  /** For the form's own menu entries `mnu_close` and `mnu_exit`. They may destroy the form, too. */
-  std::function<void()> close_project;
-  std::function<void()> exit_program;
-};
-
-/** Creates and loads the form of a command; nullptr if it cannot be loaded, after the form has said why. */
-using FormFactory = std::function<std::unique_ptr<Form>(const FormContext&)>;
 
 /** The state of the main frame that the view shows. */
 struct FrameLook {

@@ -2,7 +2,6 @@
 
 #include <clocale>
 #include <fontconfig/fontconfig.h>
-#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -12,12 +11,10 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include "desktop/forms/editor_page.h"
 #include "desktop/look/colours.h"
 #include "desktop/look/shown_text.h"
-#include "desktop/transfer/transfer_kind.h"
 #include "desktop/window/boxes.h"
-#include "desktop/window/main_window.h"
+#include "desktop/window/commands.h"
 #include "desktop/window/project_keeper.h"
 #include "frame/main_frame.h"
 #include "io/qt_event_server.h"
@@ -52,18 +49,6 @@ std::string ProjectArgument() {
   const QStringList arguments = parser.positionalArguments();
   if (arguments.isEmpty()) return {};
   return PathBytes(QDir::cleanPath(QDir().absoluteFilePath(arguments.constFirst())));
-}
-
-/** The form of each command: the only place where forms and frame meet. */
-std::map<std::string_view, FormFactory> FormsOf(DesktopParts& parts, MainWindow& window) {
-  std::map<std::string_view, FormFactory> forms = {
-      {"connect", MakeTransferFactory(parts, ConnectKind(), &window)},
-      {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), &window)},
-      {"billing", MakeTransferFactory(parts, BillingKind(), &window)},
-      {"about",
-       [&](const FormContext& context) { return MakeAboutForm(window, context, ctl::SystemFileLine()); }}};
-  for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, window);
-  return forms;
 }
 
 /**
@@ -117,7 +102,7 @@ int Run(int argc, char** argv) {
                    .state = state,
                    .view = window,
                    .system_file = parts.system_file,
-                   .forms = FormsOf(parts, window)});
+                   .commands = Commands(parts, window, ctl::SystemFileLine)});
   window.Attach(frame);
   const QString own_folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
   const InstanceLock lock(InFolder(PathBytes(own_folder), "tarvok-setup.lock"));

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "project/difference_rows.h"
+#include "project/row_matches.h"
 #include "sections/registry.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"

@@ -35,13 +35,11 @@ int FieldOfName(const Table& table, std::string_view name) {
 
 }  // namespace
 
-const Command* CommandOf(const Table& table, int field) {
-  std::string_view key = table.command;
+std::string_view CommandOf(const Table& table, int field) {
   for (const EditedElsewhere& fields : table.edited_elsewhere) {
-    if (field >= fields.first && field <= fields.last) key = fields.command;
+    if (field >= fields.first && field <= fields.last) return fields.command;
   }
-  const auto found = std::ranges::find(kCommands, key, &Command::key);
-  return found == kCommands.end() ? nullptr : &*found;
+  return table.command;
 }
 
 std::optional<StatedRow> FindRow(std::string_view section, std::string_view key) {
@@ -65,14 +63,14 @@ Place PlaceOf(std::string_view section, std::string_view key, std::string_view f
   return place;
 }
 
-const Command* CommandOf(const Place& place) {
+std::string_view CommandOf(const Place& place) {
   if (const std::optional<StatedRow> row = FindRow(place.section, place.key)) {
     return CommandOf(*row->table, place.field);
   }
   for (const Table* table : Tables()) {
     if (SameName(table->section, place.section)) return CommandOf(*table);
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace tarvok::project

@@ -3,16 +3,15 @@
 #include <optional>
 #include <string_view>
 
-#include "project/commands.h"
 #include "project/place.h"
 #include "project/uses.h"
 #include "sections/table.h"
 
 namespace tarvok::project {
 
-/** The command whose form edits a field of a table, from 1, or whole rows (0). Findings, references and
- * searches all use this to jump. nullptr for a section that no form edits. */
-const Command* CommandOf(const Table& table, int field = 0);
+/** The key of the command whose form edits a field of a table, from 1, or whole rows (0). Findings,
+ * references and searches all use this to jump. "" for a section that no form edits. */
+std::string_view CommandOf(const Table& table, int field = 0);
 
 /** The statement and the row number of a key; FindRow returns nullopt for an unknown key. */
 struct StatedRow {
@@ -25,7 +24,7 @@ std::optional<StatedRow> FindRow(std::string_view section, std::string_view key)
  * is allowed. */
 Place PlaceOf(std::string_view section, std::string_view key, std::string_view field_name);
 
-/** The command whose form shows the place; nullptr if none does. */
-const Command* CommandOf(const Place& place);
+/** The key of the command whose form shows the place; "" if none does. */
+std::string_view CommandOf(const Place& place);
 
 }  // namespace tarvok::project

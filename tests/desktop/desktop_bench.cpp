@@ -93,21 +93,11 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
   EXPECT_TRUE(listener.Listen("127.0.0.1", 0).ok());
   EXPECT_TRUE(store.SetIniValue(project, "Chk_Tarvok", "IPPort", std::to_string(listener.port())).ok());
   window = std::make_unique<MainWindow>(parts);
-  frame = std::make_unique<MainFrame>(MainFrame::Parts{
-      store,
-      recent,
-      state,
-      *window,
-      parts.system_file,
-      {{"connect", MakeTransferFactory(parts, ConnectKind(), window.get())},
-       {"minibarconnect", MakeTransferFactory(parts, MiniBarKind(), window.get())},
-       {"billing", MakeTransferFactory(parts, BillingKind(), window.get())},
-       {"groupofhunt", [this](const FormContext&) { return std::make_unique<ShownForm>(*window, gone_to); }},
-       {"about", [this](const FormContext& context) {
-          return MakeAboutForm(*window, context, "System file: none");
-        }}}});
-  window->Attach(*frame);
-  frame->Start(false);
+  std::vector<Command> commands = RealCommands();
+  std::ranges::find(commands, "groupofhunt", &Command::key)->make = [this](const FormContext&) {
+    return std::make_unique<ShownForm>(*window, gone_to);
+  };
+  StartFrame(std::move(commands));
   window->show();
   QApplication::setActiveWindow(window.get());
 }
@@ -145,13 +135,21 @@ std::unique_ptr<Port> DesktopBench::Connect(const ConnectionSettings& connection
   return open;
 }
 
+std::vector<Command> DesktopBench::RealCommands() {
+  return Commands(parts, *window, [] { return "System file: none"; });
+}
+
+void DesktopBench::StartFrame(std::vector<Command> commands) {
+  frame = std::make_unique<MainFrame>(
+      MainFrame::Parts{store, recent, state, *window, parts.system_file, std::move(commands)});
+  window->Attach(*frame);
+  frame->Start(false);
+}
+
 void DesktopBench::ClickCommand(std::string_view key) {
   auto* tree = Find<CommandTree>("CommandTree");
-  for (int i = 0; i < static_cast<int>(kCommands.size()); ++i) {
-    if (kCommands[static_cast<std::size_t>(i)].key != key) continue;
-    const QRect row = tree->visualItemRect(tree->topLevelItem(0)->child(i));
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, row.center());
-  }
+  const QTreeWidgetItem* node = tree->topLevelItem(0)->child(frame->NodeOf(key) - kFirstCommandNode);
+  QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(node).center());
 }
 
 void DesktopBench::Do(std::string_view command, std::vector<Script::Step> steps) {

@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 
 #include "desktop/transfer/transfer_kind.h"
-#include "desktop/window/main_window.h"
+#include "desktop/window/commands.h"
 #include "desktop/window/project_keeper.h"
 #include "exchange/practice_exchange.h"
 #include "io/qt_event_server.h"
@@ -93,6 +93,10 @@ class DesktopBench : public PortMaker {
   void Do(std::string_view command, std::vector<std::function<bool()>> steps);
   /** Presses Ctrl and a key, wherever the focus is. */
   void Press(Qt::Key key);
+  /** The commands of the program. */
+  std::vector<Command> RealCommands();
+  /** Replaces the frame by one with these commands. */
+  void StartFrame(std::vector<Command> commands);
   template <typename Widget>
   Widget* Find(const char* name) {
     return window->findChild<Widget*>(QString::fromLatin1(name));

@@ -17,12 +17,7 @@ class EditorDesk : public DesktopBench {
   /** `shared`: a project that is also open elsewhere; without it the desk has its own copy. */
   explicit EditorDesk(const std::string& shared = {}) {
     if (!shared.empty()) project = shared;
-    std::map<std::string_view, FormFactory> forms;
-    for (const Editor* editor : Editors()) forms[editor->key] = MakeEditorFactory(parts, *editor, *window);
-    frame = std::make_unique<MainFrame>(
-        MainFrame::Parts{store, recent, state, *window, parts.system_file, std::move(forms)});
-    window->Attach(*frame);
-    frame->Start(false);
+    StartFrame(RealCommands());
     frame->OpenProject(project);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }

@@ -318,7 +318,7 @@ TEST(EditorPage, MouseAndKeysToggleTenantsInTheWholeMatrixAndInAPart) {
     desk.window->resize(size);
     QTest::qWait(20);
     auto* page = desk.Find<EditorPage>("frmTenan");
-    Control* cell = page->form().Find({"cell", 1, 2});
+    auto* cell = page->form().Find<CheckBox>({"cell", 1, 2});
     const bool before = cell->on;
     for (const char* bar : {"HScroll1", "VScroll1"})
       EXPECT_EQ(desk.Find<QScrollBar>(bar)->isVisible(), size.width() < 1000);
@@ -338,7 +338,7 @@ TEST(EditorPage, MouseAndKeysToggleTenantsInTheWholeMatrixAndInAPart) {
     EXPECT_TRUE(matrix->accessibleName().startsWith(QStringLiteral("tenant 1 ")));
     press(Qt::Key_Right, 40);
     press(Qt::Key_Space, 1);
-    EXPECT_FALSE(page->form().Find({"cell", 1, 32})->on == (size.width() > 1000));
+    EXPECT_FALSE(page->form().Find<CheckBox>({"cell", 1, 32})->on == (size.width() > 1000));
   }
 }
 
@@ -358,7 +358,7 @@ TEST(EditorPage, ATenantHeaderTogglesSixteenCellsInAnyWindow) {
       std::vector<std::pair<int, int>> cells;
       for (int row = 1; row <= 32; ++row) {
         for (int column = 1; column <= 32; ++column) {
-          if (page->form().Find({"cell", row, column})->on) cells.emplace_back(row, column);
+          if (page->form().Find<CheckBox>({"cell", row, column})->on) cells.emplace_back(row, column);
         }
       }
       return cells;

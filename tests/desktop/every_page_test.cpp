@@ -157,7 +157,7 @@ TEST(EveryPage, SavesAChangeMadeWithKeys) {
     EXPECT_NE(after, before);
     EXPECT_TRUE(desk.state.active_form_name.empty());
     desk.ClickCommand(editor->key);
-    EXPECT_EQ(desk.state.active_form_name, editor->name.recorded);
+    EXPECT_EQ(desk.state.active_form_name, editor->name.recorded());
     EXPECT_FALSE(desk.state.data_changed);
     desk.Click("cmdCancel");
     EXPECT_EQ(bytes(), after);

@@ -191,8 +191,9 @@ TEST_F(ProjectTools, FindingsLeadToTheirForms) {
     list->setCurrentItem(items.front());
     QTest::keyClick(list, Qt::Key_Return);
   };
-  enter("900");  // this bench does not have its form
-  EXPECT_EQ(bench.state.active_form_name, "");
+  enter("900");
+  EXPECT_EQ(bench.state.active_form_name, "frmBoss");
+  bench.frame->CloseActiveForm("frmBoss");
   enter("Hunt Group 02 \u00B7 Member 2: 777");
   EXPECT_THAT(bench.gone_to, ElementsAre(Place{"HuntGroup", "02", 2, 2}));
 }

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QWindow>
 
+#include "editing/table_operations.h"
 #include "tests/desktop/editor_desk.h"
 #include "tests/floors.h"
 
@@ -32,7 +33,7 @@ class AccountDesk : public EditorDesk {
                number + '\t' + std::to_string(3000 + row) + '\n';
     }
     auto* page = Find<EditorPage>("frmAccount");
-    EXPECT_THAT(page->form().table()->Paste(block), IsEmpty());
+    EXPECT_THAT(PasteCells(*page->form().table(), block), IsEmpty());
     page->form().Settle();
     QTest::qWait(1);
   }

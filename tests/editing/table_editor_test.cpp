@@ -1,9 +1,8 @@
-#include "editing/table_editor.h"
-
 #include <gmock/gmock.h>
 
 #include "editing/table_csv.h"
 #include "editing/table_form.h"
+#include "editing/table_operations.h"
 #include "tests/floors.h"
 
 namespace tarvok::test {
@@ -33,7 +32,7 @@ TableEditor MakeTable(RowCommands rows = RowCommands::kGrow, int count = 4) {
 }
 
 void Type(TableEditor& table, std::string_view text) {
-  for (const char c : text) table.Press(Key::Of(c));
+  for (const char c : text) PressKey(table, Key::Of(c));
 }
 
 std::vector<std::string> ColumnOf(const TableEditor& table, int column) {
@@ -58,16 +57,16 @@ TEST(TableEditor, TypesWhatTheColumnAccepts) {
 TEST(TableEditor, AListAcceptsOnlyItsEntries) {
   TableEditor table = MakeTable();
   table.GoTo(2, 2);
-  EXPECT_TRUE(table.Pick("Hunt"));
-  EXPECT_FALSE(table.Pick("Nothing"));
+  EXPECT_TRUE(PickEntry(table, "Hunt"));
+  EXPECT_FALSE(PickEntry(table, "Nothing"));
   EXPECT_EQ(table.Cell(2, 2), "Hunt");
-  table.Press(Key::Of('x'));  // opens the list
+  PressKey(table, Key::Of('x'));  // opens the list
   EXPECT_EQ(table.Cell(2, 2), "Hunt") << "no entry starts with it";
-  table.Press({KeyCode::kUp});
+  PressKey(table, {KeyCode::kUp});
   EXPECT_EQ(table.Cell(2, 2), "Port");
-  table.Press({KeyCode::kDelete});
+  PressKey(table, {KeyCode::kDelete});
   EXPECT_EQ(table.Cell(2, 2), "");
-  EXPECT_FALSE(table.EditText("Hun"));
+  EXPECT_FALSE(EditCell(table, "Hun"));
 }
 
 TEST(TableEditor, KeysInAListFindTheFirstMatchingEntry) {
@@ -82,7 +81,7 @@ TEST(TableEditor, KeysInAListFindTheFirstMatchingEntry) {
     Type(table, keys);
     EXPECT_TRUE(table.open());
     EXPECT_EQ(table.Cell(1, 1), entry) << keys;
-    table.Press({KeyCode::kEscape});
+    PressKey(table, {KeyCode::kEscape});
     EXPECT_EQ(table.Cell(1, 1), "2");
   }
 }
@@ -130,7 +129,7 @@ TEST(TableEditor, AReservedTextIsDropped) {
     table.GoTo(1, 4);
     Type(table, keys);
     EXPECT_EQ(table.Cell(1, 4), keys) << "while typing";
-    table.Press({KeyCode::kReturn});
+    PressKey(table, {KeyCode::kReturn});
     EXPECT_EQ(table.Cell(1, 4), cell) << keys;
   }
   TableEditor loaded = MakeTable();
@@ -143,7 +142,7 @@ TEST(TableEditor, AReservedTextIsDropped) {
 TEST(TableEditor, ASelectionExtendsFromTheOppositeCorner) {
   TableEditor table = MakeTable();
   table.Select({2, 1, 4, 3}, 2, 3);
-  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx");
+  EXPECT_EQ(CopyCells(table), "\t\tx\r\n\t\tx\r\n\t\tx");
   table.SelectTo(3, 4);
   EXPECT_EQ(table.selection(), (Selection{3, 1, 4, 4}));
   table.GoTo(3, 2);
@@ -158,7 +157,7 @@ TEST(TableEditor, PastingABlockChecksEveryRuleInOneStep) {
   table.changed = [&] { ++changes; };
   table.GoTo(2, 1);
   const std::vector<Refusal> refused =
-      table.Paste("11\tPort\tchanged\tBar\r\n12x\tHunter\t\t|Ann|\n13\n14\tPort\n15\tlost\n");
+      PasteCells(table, "11\tPort\tchanged\tBar\r\n12x\tHunter\t\t|Ann|\n13\n14\tPort\n15\tlost\n");
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "11", "", "13"));
   EXPECT_THAT(ColumnOf(table, 2), ElementsAre("", "Port", "", ""));
   EXPECT_THAT(ColumnOf(table, 3), ElementsAre("x", "x", "x", "x"));
@@ -171,25 +170,25 @@ TEST(TableEditor, PastingABlockChecksEveryRuleInOneStep) {
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("", "", "", ""));
   table.Redo();
   EXPECT_EQ(table.Cell(3, 4), "Ann");
-  EXPECT_THAT(table.Paste(""), IsEmpty());
+  EXPECT_THAT(PasteCells(table, ""), IsEmpty());
 }
 
 TEST(TableEditor, FillsASelectionWithACellOrTheFirstRow) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
   table.SelectTo(3, 1);
-  table.Paste("7");
+  PasteCells(table, "7");
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("7", "7", "7", ""));
   table.GoTo(1, 2);
-  table.Pick("Port");
+  PickEntry(table, "Port");
   table.GoTo(1, 1);
   table.SelectTo(4, 3);
-  table.FillDown();
+  FillDown(table);
   EXPECT_EQ(table.Cell(4, 1), "7");
   EXPECT_EQ(table.Cell(4, 2), "Port");
-  EXPECT_EQ(table.Copy().substr(0, 16), "7\tPort\tx\r\n7\tPort");
-  table.ClearCell();
-  EXPECT_EQ(table.Copy(), "\t\tx\r\n\t\tx\r\n\t\tx\r\n\t\tx");
+  EXPECT_EQ(CopyCells(table).substr(0, 16), "7\tPort\tx\r\n7\tPort");
+  ClearCells(table);
+  EXPECT_EQ(CopyCells(table), "\t\tx\r\n\t\tx\r\n\t\tx\r\n\t\tx");
 }
 
 TEST(TableEditor, RowsKeepTheirOriginsThroughMovesAndUndo) {
@@ -200,18 +199,18 @@ TEST(TableEditor, RowsKeepTheirOriginsThroughMovesAndUndo) {
     return all;
   };
   table.GoTo(1, 1);
-  table.Paste("30\n\n4\n30");
+  PasteCells(table, "30\n\n4\n30");
   table.GoTo(4, 4);
   Type(table, "A");
-  table.Sort(true);
+  SortRows(table, true);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("4", "30", "30", ""));
   EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));  // the name decides, blanks come last
-  table.Sort(false);
+  SortRows(table, false);
   EXPECT_THAT(origins(), ElementsAre(4, 1, 3, 2));
   table.GoTo(2, 1);
-  table.InsertRow();
+  InsertRow(table);
   table.GoTo(4, 1);
-  table.DeleteRow();
+  DeleteRows(table);
   EXPECT_THAT(origins(), ElementsAre(4, 0, 1, 2));
   for (int steps = 0; steps < 3; ++steps) table.Undo();
   EXPECT_THAT(origins(), ElementsAre(3, 4, 1, 2));
@@ -225,7 +224,7 @@ TEST(TableEditor, SortsNumbersOfAnyLength) {
   for (const char* digits :
        {"", "1*", "12345678901234567890", "0", "00000000000000000007", "1234567890123456", "8"})
     table.Load({.cells = {digits}});
-  table.Sort(true);
+  SortRows(table, true);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("0", "00000000000000000007", "8", "1234567890123456",
                                               "12345678901234567890", "1*", ""));
 }
@@ -235,26 +234,26 @@ TEST(TableEditor, CommandsSkipRowsOutOfSight) {
   const Numbers all = {"1", "2", "3", "4", "5"};
   std::vector<Refusal> refused;
   const std::tuple<const char*, std::function<void(TableEditor&)>, Numbers> cases[] = {
-      {"delete rows", [](TableEditor& table) { table.DeleteRow(); }, {"2", "4"}},
-      {"clear", [](TableEditor& table) { table.ClearCell(); }, {"", "2", "", "4", ""}},
-      {"paste one", [](TableEditor& table) { table.Paste("7"); }, {"7", "2", "7", "4", "7"}},
-      {"paste many", [](TableEditor& table) { table.Paste("7\n8"); }, {"7", "2", "8", "4", "5"}},
-      {"fill", [](TableEditor& table) { table.FillDown(); }, {"1", "2", "1", "4", "1"}},
-      {"replace", [&](TableEditor& table) { table.ReplaceAll("2", "9", refused); }, all},
+      {"delete rows", [](TableEditor& table) { DeleteRows(table); }, {"2", "4"}},
+      {"clear", [](TableEditor& table) { ClearCells(table); }, {"", "2", "", "4", ""}},
+      {"paste one", [](TableEditor& table) { PasteCells(table, "7"); }, {"7", "2", "7", "4", "7"}},
+      {"paste many", [](TableEditor& table) { PasteCells(table, "7\n8"); }, {"7", "2", "8", "4", "5"}},
+      {"fill", [](TableEditor& table) { FillDown(table); }, {"1", "2", "1", "4", "1"}},
+      {"replace", [&](TableEditor& table) { ReplaceAll(table, "2", "9", refused); }, all},
       {"move",
        [](TableEditor& table) {
-         for (const KeyCode key : {KeyCode::kDown, KeyCode::kUp, KeyCode::kDelete}) table.Press({key});
+         for (const KeyCode key : {KeyCode::kDown, KeyCode::kUp, KeyCode::kDelete}) PressKey(table, {key});
        },
        {"1", "2", "", "4", "5"}},
-      {"insert", [](TableEditor& table) { table.InsertRow(); }, {"1", "2", "3", "4", "", "5"}}};
+      {"insert", [](TableEditor& table) { InsertRow(table); }, {"1", "2", "3", "4", "", "5"}}};
   for (const auto& [what, act, numbers] : cases) {
     SCOPED_TRACE(what);
     TableEditor table = MakeTable(RowCommands::kGrow, 5);
-    table.Paste("1\n2\n3\n4\n5");
+    PasteCells(table, "1\n2\n3\n4\n5");
     table.SelectTo(5, 1);
     EXPECT_EQ(table.ShowRows([](int row) { return row % 2 == 1; }, false), 3);
-    EXPECT_EQ(table.Copy(), "1\r\n3\r\n5");
-    EXPECT_FALSE(table.FindNext("4"));
+    EXPECT_EQ(CopyCells(table), "1\r\n3\r\n5");
+    EXPECT_FALSE(FindNext(table, "4"));
     act(table);
     EXPECT_EQ(ColumnOf(table, 1), numbers);
     while (table.CanUndo()) table.Undo();
@@ -269,61 +268,61 @@ TEST(TableEditor, CommandsSkipRowsOutOfSight) {
 
 TEST(TableEditor, TheCurrentCellStaysInSight) {
   TableEditor table = MakeTable(RowCommands::kFixed, 6);
-  table.Paste("1\n2\n3\n4\n5\n6");
+  PasteCells(table, "1\n2\n3\n4\n5\n6");
   table.GoTo(2, 1);
   const auto above_3 = [&](int row) { return table.Cell(row, 1) > "3"; };
   EXPECT_EQ(table.ShowRows(above_3, true), 4) << "the row being edited stays";
   EXPECT_EQ(table.ShowRows(above_3, false), 3);
   EXPECT_EQ(table.current_row(), 4);
   table.GoToBottom();
-  table.DeleteRow();
+  DeleteRows(table);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("1", "2", "3", "4", "5", ""));
   EXPECT_EQ(table.current_row(), 5) << "not the blank row after it";
 }
 
 TEST(TableEditor, RowsGrowToTheLimitUnlessFixed) {
   TableEditor grows = MakeTable();
-  for (int i = 0; i < 5; ++i) grows.AddRow();
+  for (int i = 0; i < 5; ++i) AddRow(grows);
   EXPECT_EQ(grows.rows(), 6);
-  grows.InsertRow();  // replaces the blank last row
+  InsertRow(grows);  // replaces the blank last row
   EXPECT_EQ(grows.rows(), 6);
   TableEditor fixed = MakeTable(RowCommands::kFixed);
-  fixed.AddRow();
+  AddRow(fixed);
   fixed.GoTo(2, 1);
   fixed.SelectTo(3, 1);
-  fixed.DeleteRow();
+  DeleteRows(fixed);
   EXPECT_EQ(fixed.rows(), 4);
   EXPECT_EQ(fixed.row(2).origin, 4);
   EXPECT_EQ(fixed.row(4).origin, 0);
   TableEditor none = MakeTable(RowCommands::kNone);
-  none.DeleteRow();
-  none.InsertRow();
+  DeleteRows(none);
+  InsertRow(none);
   EXPECT_FALSE(none.CanUndo());
 }
 
 TEST(TableEditor, ReplacingChecksTheRules) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
-  table.Paste("110\n11\n5");
+  PasteCells(table, "110\n11\n5");
   table.GoTo(1, 4);
-  table.Paste("Bar 11");
+  PasteCells(table, "Bar 11");
   std::vector<Refusal> refused;
-  EXPECT_TRUE(table.FindNext("BAR"));
+  EXPECT_TRUE(FindNext(table, "BAR"));
   EXPECT_EQ(table.current_column(), 4);
-  EXPECT_FALSE(table.FindNext("none"));
-  EXPECT_FALSE(table.FindNext(""));
-  EXPECT_EQ(table.ReplaceAll("11", "x", refused), 1);
+  EXPECT_FALSE(FindNext(table, "none"));
+  EXPECT_FALSE(FindNext(table, ""));
+  EXPECT_EQ(ReplaceAll(table, "11", "x", refused), 1);
   EXPECT_THAT(refused, SizeIs(2));
   EXPECT_EQ(refused[0].why, "may contain only digits");
   EXPECT_EQ(table.Cell(1, 4), "Bar x");
-  EXPECT_EQ(table.ReplaceAll("1", "22", refused), 1);
+  EXPECT_EQ(ReplaceAll(table, "1", "22", refused), 1);
   EXPECT_THAT(ColumnOf(table, 1), ElementsAre("110", "2222", "5", ""));
 }
 
 TEST(TableEditor, CsvRoundTripsAndErrorsChangeNothing) {
   TableEditor table = MakeTable();
   table.GoTo(1, 1);
-  table.Paste("1\tPort\t\ta,\"b\n2");
+  PasteCells(table, "1\tPort\t\ta,\"b\n2");
   const std::string csv = ExportCsv(table);
   EXPECT_THAT(csv, HasSubstr("1,Port,x,\"a,\"\"b\",\r\n2,,x,,\r\n"));
   TableEditor other = MakeTable();

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "editing/table_csv.h"
+#include "editing/table_operations.h"
 #include "project/difference.h"
 #include "tests/contract/random_images.h"
 #include "tests/editors/editor_bench.h"
@@ -102,7 +103,7 @@ void ExpectOwnTextBack(TableEditor& table) {
   if (breaks) return;
   table.GoTo(1, 1);
   table.SelectTo(table.rows(), table.columns());
-  for (const Refusal& each : table.Paste(table.Copy())) {
+  for (const Refusal& each : PasteCells(table, CopyCells(table))) {
     if (table.column(each.column).entry == Entry::kReadOnly) continue;
     ADD_FAILURE() << "row " << each.row << ", " << table.column(each.column).title << ": \"" << each.text
                   << "\" " << each.why;
@@ -130,10 +131,10 @@ TEST(EveryEditor, ATableAcceptsItsOwnText) {
       if (table == nullptr) continue;
       ++tables;
       ExpectOwnTextBack(*table);
-      for (Control& list : bench.editor->controls()) {  // the other pages of a table, if there are any
-        for (int page = 1; list.kind == ControlKind::kList && page < static_cast<int>(list.entries.size());
-             page += 7) {
-          bench.editor->ChooseEntry(list, page);
+      for (const char* pages : {"lsCOR", "lsCORGroup", "lsRoute"}) {
+        auto* list = bench.editor->Find<ListBox>({pages});
+        for (int page = 1; list != nullptr && page < static_cast<int>(list->entries.size()); page += 7) {
+          bench.editor->ChooseEntry(*list, page);
           ExpectOwnTextBack(*table);
         }
       }
@@ -187,7 +188,7 @@ TEST(EveryEditor, AFindingSelectsItsHoliday) {
   EditorBench bench("[SystemConfig]\nW01=01|01\nW03=12|24\n");
   bench.Open("frmSystemConfig");
   EXPECT_TRUE(bench.editor->ShowPlace("SystemConfig", 3, 1));
-  EXPECT_EQ(bench.editor->Find({"ListView1"})->Chosen(), "12/24");
+  EXPECT_EQ(bench.editor->Find<ListBox>({"ListView1"})->Chosen(), "12/24");
   EXPECT_FALSE(bench.editor->ShowPlace("SystemConfig", 2, 0));
   EXPECT_FALSE(bench.state.data_changed);
 }

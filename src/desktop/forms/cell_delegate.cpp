@@ -10,6 +10,7 @@
 #include "desktop/forms/rule_filter.h"
 #include "desktop/look/colours.h"
 #include "desktop/look/line_delegate.h"
+#include "editing/table_operations.h"
 
 namespace tarvok::desktop {
 namespace {
@@ -132,7 +133,7 @@ void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* /*model*/,
       editor->property(kTouched).toBool() && !table.Unseen(index.row() + 1, index.column() + 1).empty();
   if (letters == index.data(Qt::EditRole).toString() && !erases) return;
   table.GoTo(index.row() + 1, index.column() + 1);
-  table.EditText(model_.page().ToBytes(letters));
+  EditCell(table, model_.page().ToBytes(letters));
   table.LeaveCell();
   edited_();
 }

@@ -37,10 +37,10 @@ QString AvoidMenuLetters(QString caption) {
 }
 
 /** The base of all widgets of controls. */
-template <typename Made>
+template <typename Kind, typename Made>
 class Bound : public ControlWidget {
  public:
-  Bound(FormControls& form, Control& control, const CodePage& page)
+  Bound(FormControls& form, Kind& control, const CodePage& page)
       : form_(form), control_(control), page_(page), made_(new Made) {
     made_->setObjectName(ControlName(control.id));
   }
@@ -56,41 +56,32 @@ class Bound : public ControlWidget {
  protected:
   virtual void Show() = 0;
   QString Letters(std::string_view bytes) const { return page_.ToLetters(bytes); }
+  /** Replaces the entries of the widget, if it has some and they changed. */
+  void ShowEntries() {
+    if (shown_ == control_.entries) return;
+    shown_ = control_.entries;
+    made_->clear();
+    for (const std::string& entry : shown_) made_->addItem(Letters(entry));
+  }
 
   FormControls& form_;
-  Control& control_;
+  Kind& control_;
   const CodePage& page_;
   Made* made_;
-};
-
-/** The base of widgets with entries, which are replaced only if they changed. */
-template <typename Made>
-class BoundList : public Bound<Made> {
- public:
-  using Bound<Made>::Bound;
-
- protected:
-  void ShowEntries() {
-    if (shown_ == this->control_.entries) return;
-    shown_ = this->control_.entries;
-    this->made_->clear();
-    for (const std::string& entry : shown_) this->made_->addItem(this->Letters(entry));
-  }
 
  private:
   std::vector<std::string> shown_;
 };
 
-class Button : public Bound<QPushButton> {
+class ButtonWidget : public Bound<Button, QPushButton> {
  public:
-  Button(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  ButtonWidget(FormControls& form, Button& control, const CodePage& page) : Bound(form, control, page) {
     made_->setAutoDefault(false);
     QObject::connect(made_, &QPushButton::clicked, made_, [this] { form_.Click(control_); });
   }
 
  protected:
   void Show() override {
-    made_->setToolTip(Letters(control_.tip));
     const QString caption = AvoidMenuLetters(Letters(control_.caption));
     if (caption != made_->text()) made_->setText(caption);
   }
@@ -98,9 +89,10 @@ class Button : public Bound<QPushButton> {
 
 /** A check box or an option. The form's rules make options exclusive, not Qt. */
 template <typename Made>
-class Switch : public Bound<Made> {
+class SwitchWidget : public Bound<Switch, Made> {
  public:
-  Switch(FormControls& form, Control& control, const CodePage& page) : Bound<Made>(form, control, page) {
+  SwitchWidget(FormControls& form, Switch& control, const CodePage& page)
+      : Bound<Switch, Made>(form, control, page) {
     this->made_->setAutoExclusive(false);
     this->made_->setText(this->Letters(control.caption));
     QObject::connect(this->made_, &Made::clicked, this->made_,
@@ -112,7 +104,7 @@ class Switch : public Bound<Made> {
 };
 
 /** A text field. The control's rule checks every key, after the form's own handler. */
-class BoxWidget : public QLineEdit {
+class KeyedLine : public QLineEdit {
  public:
   std::function<bool(QKeyEvent*)> key;
   std::function<void()> entered;
@@ -127,9 +119,9 @@ class BoxWidget : public QLineEdit {
   }
 };
 
-class Box : public Bound<BoxWidget> {
+class BoxWidget : public Bound<TextBox, KeyedLine> {
  public:
-  Box(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  BoxWidget(FormControls& form, TextBox& control, const CodePage& page) : Bound(form, control, page) {
     made_->setText(Letters(control.text));
     made_->setValidator(new RuleFilter(control.rule, page, made_->text(), made_));
     made_->key = [this](QKeyEvent* event) { return TakesKey(event); };
@@ -167,9 +159,9 @@ class Box : public Bound<BoxWidget> {
   }
 };
 
-class ListBox : public BoundList<QListWidget> {
+class ListWidget : public Bound<ListBox, QListWidget> {
  public:
-  ListBox(FormControls& form, Control& control, const CodePage& page) : BoundList(form, control, page) {
+  ListWidget(FormControls& form, ListBox& control, const CodePage& page) : Bound(form, control, page) {
     made_->setSelectionMode(control.many ? QAbstractItemView::ExtendedSelection
                                          : QAbstractItemView::SingleSelection);
     made_->setAlternatingRowColors(true);
@@ -210,9 +202,9 @@ class ListBox : public BoundList<QListWidget> {
   }
 };
 
-class ComboBox : public BoundList<QComboBox> {
+class ComboWidget : public Bound<ComboBox, QComboBox> {
  public:
-  ComboBox(FormControls& form, Control& control, const CodePage& page) : BoundList(form, control, page) {
+  ComboWidget(FormControls& form, ComboBox& control, const CodePage& page) : Bound(form, control, page) {
     made_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     WheelNeedsFocus::Set(made_);
     QObject::connect(made_, &QComboBox::activated, made_,
@@ -226,9 +218,9 @@ class ComboBox : public BoundList<QComboBox> {
   }
 };
 
-class Tabs : public Bound<QTabBar> {
+class TabWidget : public Bound<TabBar, QTabBar> {
  public:
-  Tabs(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  TabWidget(FormControls& form, TabBar& control, const CodePage& page) : Bound(form, control, page) {
     for (const std::string& entry : control.entries) made_->addTab(Letters(entry));
     made_->setExpanding(false);
     QObject::connect(made_, &QTabBar::currentChanged, made_,
@@ -239,12 +231,12 @@ class Tabs : public Bound<QTabBar> {
   void Show() override { made_->setCurrentIndex(control_.current); }
 };
 
-class Scroll : public Bound<QScrollBar> {
+class ScrollWidget : public Bound<ScrollBar, QScrollBar> {
  public:
-  Scroll(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  ScrollWidget(FormControls& form, ScrollBar& control, const CodePage& page) : Bound(form, control, page) {
     made_->setOrientation(control.id.name.starts_with('V') ? Qt::Vertical : Qt::Horizontal);
-    made_->setRange(control.low, control.high);
-    made_->setPageStep(std::max(1, control.high - control.low));
+    made_->setRange(0, control.high);
+    made_->setPageStep(std::max(1, control.high));
     QObject::connect(made_, &QScrollBar::valueChanged, made_,
                      [this](int value) { form_.ChooseEntry(control_, value); });
   }
@@ -253,9 +245,9 @@ class Scroll : public Bound<QScrollBar> {
   void Show() override { made_->setValue(control_.current); }
 };
 
-class Text : public Bound<QLabel> {
+class LabelWidget : public Bound<Label, QLabel> {
  public:
-  Text(FormControls& form, Control& control, const CodePage& page) : Bound(form, control, page) {
+  LabelWidget(FormControls& form, Label& control, const CodePage& page) : Bound(form, control, page) {
     made_->setWordWrap(true);
   }
 
@@ -278,37 +270,19 @@ QString ControlName(const ControlId& id) {
 
 std::unique_ptr<ControlWidget> MakeControlWidget(FormControls& form, Control& control, const CodePage& page,
                                                  const QString& label) {
-  std::unique_ptr<ControlWidget> made;
-  switch (control.kind) {
-    case ControlKind::kButton:
-    case ControlKind::kMenu:
-      made = std::make_unique<Button>(form, control, page);
-      break;
-    case ControlKind::kText:
-      made = std::make_unique<Box>(form, control, page);
-      break;
-    case ControlKind::kCheck:
-      made = std::make_unique<Switch<QCheckBox>>(form, control, page);
-      break;
-    case ControlKind::kOption:
-      made = std::make_unique<Switch<QRadioButton>>(form, control, page);
-      break;
-    case ControlKind::kList:
-      made = std::make_unique<ListBox>(form, control, page);
-      break;
-    case ControlKind::kCombo:
-      made = std::make_unique<ComboBox>(form, control, page);
-      break;
-    case ControlKind::kTabs:
-      made = std::make_unique<Tabs>(form, control, page);
-      break;
-    case ControlKind::kScroll:
-      made = std::make_unique<Scroll>(form, control, page);
-      break;
-    case ControlKind::kLabel:
-      made = std::make_unique<Text>(form, control, page);
-      break;
-  }
+  using Made = std::unique_ptr<ControlWidget>;
+  Made made = std::visit(
+      Overloaded{
+          [&](Button* button) -> Made { return std::make_unique<ButtonWidget>(form, *button, page); },
+          [&](Label* text) -> Made { return std::make_unique<LabelWidget>(form, *text, page); },
+          [&](TextBox* box) -> Made { return std::make_unique<BoxWidget>(form, *box, page); },
+          [&](CheckBox* box) -> Made { return std::make_unique<SwitchWidget<QCheckBox>>(form, *box, page); },
+          [&](Option* box) -> Made { return std::make_unique<SwitchWidget<QRadioButton>>(form, *box, page); },
+          [&](ListBox* list) -> Made { return std::make_unique<ListWidget>(form, *list, page); },
+          [&](ComboBox* list) -> Made { return std::make_unique<ComboWidget>(form, *list, page); },
+          [&](TabBar* tabs) -> Made { return std::make_unique<TabWidget>(form, *tabs, page); },
+          [&](ScrollBar* bar) -> Made { return std::make_unique<ScrollWidget>(form, *bar, page); }},
+      control.Any());
   QString name = label.isEmpty() ? page.ToLetters(control.caption) : label;
   made->widget()->setAccessibleName(name.remove(QLatin1Char('&')).remove(QStringLiteral(" :")));
   made->Refresh();

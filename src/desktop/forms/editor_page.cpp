@@ -29,7 +29,7 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   changed_->setObjectName(QStringLiteral("lblDataChanged"));
   head->addWidget(changed_);
   column->addLayout(head);
-  if (table_form_ != nullptr) column->addWidget(MakeToolRow());
+  if (form_->table() != nullptr) column->addWidget(MakeToolRow());
   view_ = new FormView(
       *form_, {.page = PageOf(parts_.settings),
                .make_picture = [this](const std::string& name,
@@ -74,7 +74,6 @@ void EditorPage::MakeForm(const Editor& editor, const FormContext& frame) {
                                     if (parts_.keep) parts_.keep(parts_.state.project_file, reason);
                                   },
                               .end_program = frame.exit_program});
-  table_form_ = dynamic_cast<TableForm*>(form_.get());
   // The form is still inside the handler that closed it: delete it afterwards.
   form_->on_closed = [this, closed = frame.closed] {
     setEnabled(false);
@@ -98,7 +97,7 @@ QWidget* EditorPage::MakeTable() {
 /** Called after every user action in the table. */
 void EditorPage::Acted() {
   form_->FocusTable();
-  if (table_form_ != nullptr) ShowNote();
+  if (form_->table() != nullptr) ShowNote();
   form_->Settle();
 }
 
@@ -113,8 +112,7 @@ void EditorPage::RefreshTable() {
 }
 
 void EditorPage::ShowNote() {
-  const std::vector<Refusal> refused = table_form_->refused();
-  table_form_->Note({});
+  const std::vector<Refusal> refused = std::exchange(form_->table()->refused, {});
   const QString lacking = std::exchange(lacking_, QString());
   note_->setVisible(!refused.empty() || !lacking.isEmpty());
   const CodePage& page = PageOf(parts_.settings);
@@ -161,7 +159,7 @@ void EditorPage::GoTo(const Place& place) {
 void EditorPage::ClickControl(std::string_view control) {
   Commit();
   if (Control* found = form_->Find({std::string(control)}); found != nullptr) form_->Click(*found);
-  if (table_form_ != nullptr) ShowNote();
+  if (form_->table() != nullptr) ShowNote();
 }
 
 namespace {
@@ -178,7 +176,7 @@ class EditorPaneForm : public Form {
   EditorPaneForm(const EditorPaneForm&) = delete;
   EditorPaneForm& operator=(const EditorPaneForm&) = delete;
 
-  std::string_view name() const override { return page_->form().name().recorded; }
+  std::string_view name() const override { return page_->form().name().recorded(); }
   void Show() override { host_.ShowInPane(page_); }
   bool SaveFile() override {
     page_->Commit();
@@ -194,10 +192,16 @@ class EditorPaneForm : public Form {
 
 }  // namespace
 
-FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host) {
-  return [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
-    return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));
-  };
+Command EditorCommand(DesktopParts& parts, const Editor& editor, PaneHost& host) {
+  return {.text = editor.text,
+          .key = editor.key,
+          .recorded = editor.name.recorded(),
+          .compared = editor.compared,
+          .make = [&parts, &editor, &host](const FormContext& frame) -> std::unique_ptr<Form> {
+            return std::make_unique<EditorPaneForm>(host, new EditorPage(parts, editor, frame, host));
+          },
+          .keeps_highlight = editor.keeps_highlight,
+          .needs_system_file = editor.needs_system_file};
 }
 
 }  // namespace tarvok::desktop

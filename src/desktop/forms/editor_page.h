@@ -17,7 +17,6 @@
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
 #include "desktop/window/pane_form.h"
-#include "editing/table_form.h"
 #include "editors/editors.h"
 
 namespace tarvok::desktop {
@@ -67,7 +66,6 @@ class EditorPage : public QWidget {
   std::unique_ptr<QObject> put_off_ = std::make_unique<QObject>();
   WindowQuestions questions_;
   std::unique_ptr<EditorForm> form_;
-  TableForm* table_form_ = nullptr;  // the same form, if it is a table
   TableModel* model_ = nullptr;
   TableView* table_ = nullptr;
   FormView* view_ = nullptr;
@@ -82,7 +80,7 @@ class EditorPage : public QWidget {
   QLabel* changed_ = nullptr;
 };
 
-/** Returns the factory of a command whose form is an editor. The arguments must outlive it. */
-FormFactory MakeEditorFactory(DesktopParts& parts, const Editor& editor, PaneHost& host);
+/** The command of an editor. The arguments must outlive it. */
+Command EditorCommand(DesktopParts& parts, const Editor& editor, PaneHost& host);
 
 }  // namespace tarvok::desktop

@@ -15,7 +15,7 @@
 #include "desktop/look/headings.h"
 #include "desktop/look/shown_text.h"
 #include "editing/table_csv.h"
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "store/whole_write.h"
 
 namespace tarvok::desktop {
@@ -56,19 +56,19 @@ QAction* EditorPage::AddMenuEntry(std::string_view control, const QString& text,
     if (control == kPaste) TakeClipboard();
     ClickControl(control);
     if (control == kCut || control == kCopy)
-      QApplication::clipboard()->setText(PageOf(parts_.settings).ToLetters(table_form_->clipboard));
+      QApplication::clipboard()->setText(PageOf(parts_.settings).ToLetters(form_->table()->clipboard));
   });
 }
 
 void EditorPage::TakeClipboard() {
   CodePage::Taken taken = PageOf(parts_.settings).Take(QApplication::clipboard()->text());
-  table_form_->clipboard = std::move(taken.bytes);
+  form_->table()->clipboard = std::move(taken.bytes);
   lacking_ = std::move(taken.lacking);
 }
 
 /** Makes the actions of the page, which are the window's Table menu while the page is in the pane. */
 void EditorPage::MakeTableActions() {
-  if (table_form_ == nullptr) return;
+  if (table_ == nullptr) return;
   // Not all desktops have a shortcut for every standard command.
   const QList<QKeySequence> redo = {QKeySequence(Qt::CTRL | Qt::Key_Y),
                                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)};
@@ -129,7 +129,7 @@ QWidget* EditorPage::MakeToolRow() {
 void EditorPage::FindAndReplace() {
   Commit();
   ReplaceDialog dialog(
-      *table_form_, PageOf(parts_.settings), [this] { Acted(); }, this);
+      *form_->table(), PageOf(parts_.settings), [this] { Acted(); }, this);
   dialog.exec();
 }
 

@@ -28,7 +28,7 @@ bool Grows(const FormLayout& part) {
       return false;
     case FormLayout::Kind::kControl:
     case FormLayout::Kind::kField:
-      return part.control->kind == ControlKind::kList;
+      return std::holds_alternative<ListBox*>(part.control->Any());
     default:
       return std::any_of(part.parts.begin(), part.parts.end(), Grows);
   }
@@ -41,15 +41,16 @@ bool IsSmallField(const FormLayout& part) {
 /** True for a list of short entries or a frame around one, which needs no more width than the entries. */
 bool IsNarrow(const FormLayout& part) {
   if (part.kind == FormLayout::Kind::kStretch) return true;
-  if (part.kind == FormLayout::Kind::kControl && part.control->kind == ControlKind::kButton) return true;
+  if (part.kind == FormLayout::Kind::kControl && std::holds_alternative<Button*>(part.control->Any()))
+    return true;
   if (part.kind == FormLayout::Kind::kGroup || part.kind == FormLayout::Kind::kColumn)
     return !part.parts.empty() && std::all_of(part.parts.begin(), part.parts.end(), IsNarrow);
-  const bool list =
-      part.control != nullptr && part.control->kind == ControlKind::kList && !part.control->many;
+  if (part.kind == FormLayout::Kind::kNote) return true;
+  if (part.control == nullptr || !std::holds_alternative<ListBox*>(part.control->Any())) return false;
+  const auto& list = static_cast<const ListBox&>(*part.control);
   constexpr std::size_t kShort = 16;
-  return part.kind == FormLayout::Kind::kNote ||
-         (list && std::all_of(part.control->entries.begin(), part.control->entries.end(),
-                              [](const std::string& entry) { return entry.size() <= kShort; }));
+  return !list.many &&
+         std::ranges::all_of(list.entries, [](const auto& entry) { return entry.size() <= kShort; });
 }
 
 /** A dialog that is closed by its form, not by its window. */

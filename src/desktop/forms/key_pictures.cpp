@@ -15,7 +15,7 @@ namespace {
 /** A key with its number and function. */
 class KeyButton : public QPushButton {
  public:
-  KeyButton(FormControls& form, Control& control, const CodePage& page)
+  KeyButton(FormControls& form, Label& control, const CodePage& page)
       : form_(form), control_(control), page_(page) {
     setObjectName(ControlName(control.id));
     setAutoDefault(false);
@@ -63,7 +63,7 @@ class KeyButton : public QPushButton {
 
  private:
   FormControls& form_;
-  Control& control_;
+  Label& control_;
   const CodePage& page_;
   QString text_;
   QString number_;
@@ -77,7 +77,7 @@ class Keys : public FormView::Picture {
     grid->setContentsMargins(14, top + 14, 14, 14);
     grid->setSpacing(4);
     for (int i = 0;; ++i) {
-      Control* control = form.Find({name, i});
+      auto* control = form.Find<Label>({name, i});
       if (control == nullptr) break;
       keys_.push_back(new KeyButton(form, *control, page));
       grid->addWidget(keys_.back(), i / columns, i % columns);

@@ -9,9 +9,9 @@
 
 namespace tarvok::desktop {
 
-ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted,
+ReplaceDialog::ReplaceDialog(TableEditor& table, const CodePage& page, std::function<void()> acted,
                              QWidget* parent)
-    : QDialog(parent), form_(form), page_(page), acted_(std::move(acted)) {
+    : QDialog(parent), table_(table), page_(page), acted_(std::move(acted)) {
   setWindowTitle(QStringLiteral("Find and Replace"));
   setObjectName(QStringLiteral("Replace"));
   find_ = new QLineEdit;
@@ -40,9 +40,8 @@ ReplaceDialog::ReplaceDialog(TableForm& form, const CodePage& page, std::functio
 
 void ReplaceDialog::FindNext() {
   const CodePage::Taken find = page_.Take(find_->text());
-  const bool found = find.lacking.isEmpty() && form_.table()->FindNext(find.bytes);
-  result_->setText(found ? QStringLiteral("Row %1").arg(form_.table()->current_row())
-                         : QStringLiteral("Not found"));
+  const bool found = find.lacking.isEmpty() && editing::FindNext(table_, find.bytes);
+  result_->setText(found ? QStringLiteral("Row %1").arg(table_.current_row()) : QStringLiteral("Not found"));
   acted_();
 }
 
@@ -52,11 +51,11 @@ void ReplaceDialog::ReplaceAll() {
   if (const QString lacking = find.lacking + by.lacking; !lacking.isEmpty())
     return result_->setText(QStringLiteral("Nothing was replaced: ") + page_.WhyLacking(lacking));
   std::vector<Refusal> refused;
-  const int count = form_.table()->ReplaceAll(find.bytes, by.bytes, refused);
+  const int count = editing::ReplaceAll(table_, find.bytes, by.bytes, refused);
   QString text = QStringLiteral("%1 cells changed").arg(count);
   if (!refused.empty()) text += QStringLiteral(", %1 left as they were").arg(refused.size());
   result_->setText(text);
-  form_.Note(std::move(refused));
+  table_.refused = std::move(refused);
   acted_();
 }
 

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 
 #include "desktop/uses.h"
-#include "editing/table_form.h"
+#include "editing/table_operations.h"
 #include "io/code_page.h"
 
 namespace tarvok::desktop {
@@ -15,13 +15,13 @@ namespace tarvok::desktop {
 /** Find and replace in one table. `acted` is called after every change of the table or its current cell. */
 class ReplaceDialog : public QDialog {
  public:
-  ReplaceDialog(TableForm& form, const CodePage& page, std::function<void()> acted, QWidget* parent);
+  ReplaceDialog(TableEditor& table, const CodePage& page, std::function<void()> acted, QWidget* parent);
 
  private:
   void FindNext();
   void ReplaceAll();
 
-  TableForm& form_;
+  TableEditor& table_;
   const CodePage& page_;
   std::function<void()> acted_;
   QLineEdit* find_;

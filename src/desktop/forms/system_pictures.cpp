@@ -18,6 +18,8 @@
 namespace tarvok::desktop {
 namespace {
 
+using editors::system_config_editor::SystemConfigEditor;
+
 constexpr int kMonths = 12;
 constexpr int kMostDays = 31;
 constexpr int kLeapYear = 2024;  // a holiday has no year, and may be 29 February

@@ -13,6 +13,7 @@
 
 #include "desktop/forms/cell_delegate.h"
 #include "desktop/look/line_delegate.h"
+#include "editing/table_operations.h"
 
 namespace tarvok::desktop {
 namespace {
@@ -195,9 +196,9 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   const std::optional<KeyCode> code = plain == Qt::NoModifier ? KeyOf(event->key()) : std::nullopt;
   if (code) {
     if (*code == KeyCode::kDelete && !table.open()) {
-      table.ClearCell();  // clears the whole selection
+      ClearCells(table);  // clears the whole selection
     } else {
-      table.Press({*code});
+      PressKey(table, {*code});
     }
     if (*code == KeyCode::kEscape && !table.open()) event->ignore();
     return acted_();
@@ -205,7 +206,7 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
                      !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
   if (types) {
-    for (const char byte : model_.page().ToBytes(event->text())) table.Press(Key::Of(byte));
+    for (const char byte : model_.page().ToBytes(event->text())) PressKey(table, Key::Of(byte));
     return acted_();
   }
   QTableView::keyPressEvent(event);

@@ -31,10 +31,11 @@ class TenantMatrix : public FormView::Picture {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     cells_.reserve(static_cast<std::size_t>(kTenants) * kTenants);
     for (int row = 1; row <= kTenants; ++row) {
-      for (int column = 1; column <= kTenants; ++column) cells_.push_back(form.Find({"cell", row, column}));
+      for (int column = 1; column <= kTenants; ++column)
+        cells_.push_back(form.Find<CheckBox>({"cell", row, column}));
     }
-    across_ = form.Find({"HScroll1"});
-    down_ = form.Find({"VScroll1"});
+    across_ = form.Find<ScrollBar>({"HScroll1"});
+    down_ = form.Find<ScrollBar>({"VScroll1"});
     Say();
   }
   void Refresh() override {
@@ -48,7 +49,7 @@ class TenantMatrix : public FormView::Picture {
     const int side = std::min(width() - 8, height() - 30) / (kTenants / kWindow * kBlock);
     whole_ = side >= kSmallestCell;
     cell_ = whole_ ? side : std::max(kSmallestCell, std::min(width() - 8, height() - 30) / kBlock);
-    for (Control* bar : {across_, down_}) {
+    for (ScrollBar* bar : {across_, down_}) {
       if (bar != nullptr) bar->visible = !whole_;
     }
     QMetaObject::invokeMethod(
@@ -75,7 +76,7 @@ class TenantMatrix : public FormView::Picture {
       }
       for (int j = 1; j <= Shown(); ++j) {
         const QRect place(Units(j) * cell_, Units(i) * cell_, cell_, cell_);
-        const Control* cell = Cell(First(down_) + i - 1, First(across_) + j - 1);
+        const CheckBox* cell = Cell(First(down_) + i - 1, First(across_) + j - 1);
         painter.fillRect(place, edge);
         painter.fillRect(place.adjusted(1, 1, -1, -1), cell != nullptr && cell->on ? set : clear);
       }
@@ -124,8 +125,8 @@ class TenantMatrix : public FormView::Picture {
 
  private:
   int Shown() const { return whole_ ? kTenants : kWindow; }
-  int First(const Control* bar) const { return whole_ || bar == nullptr ? 1 : bar->current + 1; }
-  Control* Cell(int row, int column) const {
+  int First(const ScrollBar* bar) const { return whole_ || bar == nullptr ? 1 : bar->current + 1; }
+  CheckBox* Cell(int row, int column) const {
     return cells_[static_cast<std::size_t>((row - 1) * kTenants + column - 1)];
   }
   /** Position of the n-th shown row or column in cells; each block begins with a header. */
@@ -167,7 +168,7 @@ class TenantMatrix : public FormView::Picture {
   void Step(int rows, int columns) {
     Current(std::clamp(row_ + rows, 1, kTenants), std::clamp(column_ + columns, 1, kTenants));
     if (whole_) return;
-    const auto follow = [&](Control* bar, int at) {
+    const auto follow = [&](ScrollBar* bar, int at) {
       const int first = std::clamp(bar->current, at - kWindow, at - 1);
       if (first != bar->current) form_.ChooseEntry(*bar, first);
     };
@@ -175,18 +176,18 @@ class TenantMatrix : public FormView::Picture {
     if (across_ != nullptr) follow(across_, column_);
   }
   void TurnOver() {
-    if (Control* cell = Cell(row_, column_); cell != nullptr) form_.Click(*cell);
+    if (CheckBox* cell = Cell(row_, column_); cell != nullptr) form_.Click(*cell);
   }
   void Say() {
-    const Control* cell = Cell(row_, column_);
+    const CheckBox* cell = Cell(row_, column_);
     words_ = cell != nullptr ? QString::fromStdString(cell->caption) : QString();
     setAccessibleName(words_);
   }
 
   FormControls& form_;
-  std::vector<Control*> cells_;
-  Control* across_ = nullptr;
-  Control* down_ = nullptr;
+  std::vector<CheckBox*> cells_;
+  ScrollBar* across_ = nullptr;
+  ScrollBar* down_ = nullptr;
   int cell_ = kSmallestCell;
   int row_ = 1;
   int column_ = 1;

@@ -18,7 +18,6 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kMargin = 24;
 /** The scale of all large texts. One size for all: each further size is a font to load. */
 constexpr double kLarge = 1.4;
 
@@ -72,7 +71,7 @@ OverviewPane::OverviewPane(DesktopParts& parts, Commands commands)
   setWidgetResizable(true);
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setContentsMargins(24, 24, 24, 24);
   layout->setSpacing(8);
   name_ = MakeHeading(new QLabel, kLarge);
   folder_ = MakeMuted(new QLabel);

@@ -11,7 +11,6 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kMargin = 32;
 constexpr int kColumn = 560;     // width of the column; wider lines are hard to read
 constexpr int kTextIndent = 36;  // aligns texts with those of the buttons
 
@@ -39,7 +38,7 @@ void StartPane::showEvent(QShowEvent* event) {
 void StartPane::Make() {
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setContentsMargins(32, 32, 32, 32);
   layout->addWidget(MakeHeading(new QLabel(QStringLiteral("Set up a telephone exchange")), 1.7));
   layout->addWidget(
       MakeMuted(new QLabel(QStringLiteral("A project holds the whole configuration of one exchange."))));

@@ -10,7 +10,7 @@
 
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
-#include "frame/main_frame_view.h"
+#include "frame/command.h"
 #include "sessions/transfer.h"
 
 namespace tarvok::desktop {

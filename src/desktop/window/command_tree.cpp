@@ -30,21 +30,16 @@ CommandTree::CommandTree(NodeHandler on_node) : on_node_(std::move(on_node)) {
   connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { on_node_(NodeOf(item)); });
 }
 
-void CommandTree::ShowCommands(bool shown, const IsOffered& is_offered) {
-  const int wanted = shown ? static_cast<int>(kCommands.size()) : 0;
-  if (topLevelItemCount() == 1 && topLevelItem(0)->childCount() == wanted) return;
+void CommandTree::ShowCommands(std::span<const Command> commands) {
+  if (topLevelItemCount() == 1 && topLevelItem(0)->childCount() == static_cast<int>(commands.size())) return;
   clear();
   auto* root = new QTreeWidgetItem(this, {Words(kRootText)});
   root->setData(0, kNodeRole, kRootNode);
   root->setSizeHint(0, {0, row_height_});
-  for (int i = 0; i < wanted; ++i) {
-    const Command& command = kCommands[static_cast<std::size_t>(i)];
+  for (const Command& command : commands) {
     auto* item = new QTreeWidgetItem(root, {Words(command.text)});
-    item->setData(0, kNodeRole, i + kFirstCommandNode);
+    item->setData(0, kNodeRole, root->indexOfChild(item) + kFirstCommandNode);
     item->setSizeHint(0, {0, row_height_});
-    if (is_offered(command)) continue;
-    item->setDisabled(true);
-    item->setToolTip(0, QStringLiteral("This command is not part of this version yet"));
   }
   root->setExpanded(true);
   setCurrentItem(root);
@@ -83,7 +78,7 @@ void CommandTree::keyboardSearch(const QString& search) {
   since_digit_.start();
   digits_ += search;
   const int number = digits_.toInt();
-  if (number < 1 || number > static_cast<int>(kCommands.size())) return;
+  if (number < 1) return;
   if (QTreeWidgetItem* item = ItemOf(number + kRootNode)) setCurrentItem(item);
 }
 
@@ -95,7 +90,7 @@ void CommandTree::keyPressEvent(QKeyEvent* event) {
     return;
   }
   event->accept();
-  if (currentItem() != nullptr && !currentItem()->isDisabled()) on_node_(NodeOf(currentItem()));
+  if (currentItem() != nullptr) on_node_(NodeOf(currentItem()));
 }
 
 void CommandTree::focusInEvent(QFocusEvent* event) {

@@ -1,27 +1,26 @@
 #pragma once
 
 #include <functional>
+#include <span>
 
 #include <QElapsedTimer>
 #include <QTreeWidget>
 
 #include "desktop/uses.h"
-#include "project/commands.h"
+#include "frame/command.h"
 
 namespace tarvok::desktop {
 
-/** The command tree: the root alone, or the root with the 33 commands below it. A command that is not offered
- * is shown disabled. */
+/** The command tree: the root alone, or the root with the commands below it. */
 class CommandTree : public QTreeWidget {
  public:
   using NodeHandler = std::function<void(int node)>;
-  using IsOffered = std::function<bool(const Command&)>;
 
   /** `on_node` is called after a click, or Enter or Space, on a node. */
   explicit CommandTree(NodeHandler on_node);
 
-  /** Shows the root with or without the commands. Does nothing if that is what the tree shows already. */
-  void ShowCommands(bool shown, const IsOffered& is_offered);
+  /** Shows the root with these commands. Does nothing if the tree shows that many already. */
+  void ShowCommands(std::span<const Command> commands);
   void Highlight(int node, bool on);
   /** Makes the node the current one, where the arrow keys continue. */
   void SetCurrent(int node) { setCurrentItem(ItemOf(node)); }

@@ -8,7 +8,7 @@
 
 #include "desktop/uses.h"
 #include "io/code_page.h"
-#include "project/difference_words.h"
+#include "project/difference_line.h"
 
 namespace tarvok::desktop {
 

@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/look/shown_text.h"
-#include "project/places.h"
 
 namespace tarvok::desktop {
 namespace {
@@ -94,12 +93,11 @@ void FindDialog::Search() {
   list_->clear();
   QList<QTreeWidgetItem*> items;
   for (const Found& found : found_) {
-    const Command* command = CommandOf(found.place);
+    const Command* command = commands_.find(found.place);
     auto* item = new QTreeWidgetItem({page.ToLetters(found.row), page.ToLetters(found.field),
                                       page.ToLetters(found.value),
                                       command == nullptr ? QString() : Words(command->text)});
-    if (!commands_.is_offered(found.place))
-      item->setForeground(3, palette().brush(QPalette::PlaceholderText));
+    if (command == nullptr) item->setForeground(3, palette().brush(QPalette::PlaceholderText));
     items += item;
   }
   list_->addTopLevelItems(items);
@@ -125,7 +123,7 @@ void FindDialog::Go() {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   if (row < 0) return;
   const Place place = found_[static_cast<std::size_t>(row)].place;
-  if (!commands_.is_offered(place)) {
+  if (commands_.find(place) == nullptr) {
     count_->setText(QStringLiteral("No form of this program shows that place."));
     return;
   }

@@ -10,6 +10,7 @@
 
 #include "desktop/uses.h"
 #include "desktop/window/desktop_parts.h"
+#include "frame/command.h"
 #include "project/search.h"
 
 namespace tarvok::desktop {
@@ -19,8 +20,8 @@ namespace tarvok::desktop {
 class FindDialog : public QDialog {
  public:
   struct Commands {
-    std::function<bool(const Place&)> is_offered;  // whether a form shows the place
-    std::function<bool(const Place&)> go;          // shows the place; false if its form does not open
+    std::function<const Command*(const Place&)> find;  // the command whose form shows the place, or nullptr
+    std::function<bool(const Place&)> go;              // shows the place; false if its form does not open
   };
 
   FindDialog(DesktopParts& parts, Commands commands, QWidget* parent);

@@ -47,8 +47,7 @@ void MainWindow::Show(const FrameLook& look) {
   letters_->setToolTip(why);
   letters_->setStatusTip(why);
   if (find_ != nullptr && !look.has_commands) find_->hide();
-  tree_->ShowCommands(look.has_commands,
-                      [this](const Command& command) { return frame_->IsOffered(command); });
+  tree_->ShowCommands(look.has_commands ? std::span(frame_->commands()) : std::span<const Command>());
   if (!look.has_commands) {
     pane_->setCurrentWidget(start_);
   } else if (!look.has_editor) {
@@ -166,9 +165,7 @@ void MainWindow::SwitchSides() {
 }
 
 void MainWindow::OpenTransfer() {
-  for (std::size_t i = 0; i < kCommands.size(); ++i) {
-    if (kCommands[i].key == "connect") frame_->ClickNode(static_cast<int>(i) + kFirstCommandNode);
-  }
+  frame_->ClickNode(frame_->NodeOf("connect"));
 }
 
 void MainWindow::RestoreLayout() {

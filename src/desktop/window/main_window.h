@@ -24,6 +24,7 @@
 #include "desktop/window/find_dialog.h"
 #include "desktop/window/pane_form.h"
 #include "frame/main_frame.h"
+#include "project/places.h"
 
 namespace tarvok::desktop {
 
@@ -79,7 +80,8 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void OpenTransfer();
   void Find();
   void EarlierVersions();
-  bool IsOffered(const Place& place) const;
+  /** The command whose form shows the place; nullptr if none does. */
+  const Command* CommandFor(const Place& place) const { return frame_->FindCommand(CommandOf(place)); }
   void ShowPractice();
   void UsePractice();
   void ConnectToPractice();

@@ -5,7 +5,6 @@
 #include "desktop/window/boxes.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/versions_dialog.h"
-#include "project/places.h"
 #include "store/connection_settings.h"
 #include "store/header_keys.h"
 #include "store/project_there.h"
@@ -18,14 +17,8 @@ constexpr std::string_view kBeforePractice = "Before it was connected to the pra
 
 }  // namespace
 
-bool MainWindow::IsOffered(const Place& place) const {
-  const Command* command = CommandOf(place);
-  return command != nullptr && frame_->IsOffered(*command);
-}
-
 bool MainWindow::GoTo(const Place& place) {
-  const Command* command = CommandOf(place);
-  if (command == nullptr || !frame_->GoTo(command->key, place)) return false;
+  if (!frame_->GoTo(CommandOf(place), place)) return false;
   activateWindow();
   return true;
 }
@@ -33,7 +26,7 @@ bool MainWindow::GoTo(const Place& place) {
 void MainWindow::Find() {
   if (find_ == nullptr) {
     find_ = new FindDialog(parts_,
-                           {.is_offered = [this](const Place& place) { return IsOffered(place); },
+                           {.find = [this](const Place& place) { return CommandFor(place); },
                             .go = [this](const Place& place) { return GoTo(place); }},
                            this);
   }

@@ -200,10 +200,11 @@ void MainWindow::MakePanes() {
 }
 
 void MainWindow::MakeOverview() {
-  overview_ = new OverviewPane(parts_, {.open_transfer = [this] { OpenTransfer(); },
-                                        .use_practice = [this] { UsePractice(); },
-                                        .is_offered = [this](const Place& place) { return IsOffered(place); },
-                                        .go = [this](const Place& place) { GoTo(place); }});
+  overview_ = new OverviewPane(
+      parts_, {.open_transfer = [this] { OpenTransfer(); },
+               .use_practice = [this] { UsePractice(); },
+               .is_offered = [this](const Place& place) { return CommandFor(place) != nullptr; },
+               .go = [this](const Place& place) { GoTo(place); }});
   pane_->addWidget(overview_);
 }
 

@@ -8,7 +8,7 @@
 #include <QWidget>
 
 #include "desktop/uses.h"
-#include "frame/main_frame_view.h"
+#include "frame/command.h"
 
 namespace tarvok::desktop {
 

@@ -14,7 +14,7 @@
 namespace tarvok::desktop {
 namespace {
 
-constexpr SideNames kSides = {"earlier version", "current project"};
+constexpr SideNames kVersionSides = {"earlier version", "current project"};
 
 QString TimeText(std::int64_t time_s) {
   return QLocale().toString(QDateTime::fromSecsSinceEpoch(time_s), QLocale::ShortFormat);
@@ -32,7 +32,7 @@ VersionsDialog::VersionsDialog(DesktopParts& parts, QWidget* parent) : QDialog(p
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
   list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-  difference_ = new DifferenceList(PageOf(parts_.settings), kSides,
+  difference_ = new DifferenceList(PageOf(parts_.settings), kVersionSides,
                                    QStringLiteral("This version is the same as the current project."));
   auto* below = new QWidget;
   auto* below_layout = new QVBoxLayout(below);

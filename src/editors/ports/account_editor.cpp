@@ -1,13 +1,41 @@
-#include "editors/ports/account_editor.h"
+#include <string>
+#include <vector>
 
+#include "editing/repeat_list.h"
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/account.h"
 #include "sections/ports/port_config.h"
 #include "sections/routing/tenan.h"
 
 namespace tarvok::editors {
-namespace {
+namespace account_editor {
 
 using namespace account;
+
+/** "Account" (`frmAccount`): account codes with their passwords and permissions. */
+class AccountEditor : public FieldTableEditor {
+ public:
+  AccountEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override {
+    numbers_ = AssignNumbers(project);
+    offered_ = PortNumbers(project).Names();
+  }
+  bool MaySave() override {
+    return !CheckAccounts() ||
+           context().questions.Ask("There are repeat Account. Do you still want to save?");
+  }
+
+ private:
+  static std::vector<FieldColumn> Columns(AccountEditor* form);
+  bool CheckAccounts();
+
+  RepeatList repeats_;
+  RowNames numbers_;
+  std::vector<std::string> offered_;  // the numbers of ports, in the order of the ports
+};
 
 enum ColumnOf : int { kAccountColumn = 1, kPasswordColumn, kNumberColumn };
 
@@ -18,8 +46,6 @@ FieldColumn ListColumn(int field, std::string title, std::string overlay, std::v
                      .list = std::move(list),
                      .overlay = std::move(overlay)}};
 }
-
-}  // namespace
 
 std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
   FieldColumn number = ListColumn(kNumber, "Number", "cmbMask", {});
@@ -40,24 +66,18 @@ std::vector<FieldColumn> AccountEditor::Columns(AccountEditor* form) {
 AccountEditor::AccountEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, kTable, Columns(this),
                        {.rows = RowCommands::kFixed, .sort_by = {{kAccountColumn}}}),
-      repeats_(AddLabel({"lblRepeat"}, {}), AddList({"lsRepeat"}, "Repeats", {})) {
+      repeats_(AddLabel({"lblRepeat"}, {}), AddEntries<ListBox>({"lsRepeat"}, "Repeats", {})) {
   Control& check = AddButton("cmdCheck", "Check &Number", [this] { CheckAccounts(); });
   LayOut({repeats_.Place()}, {layout::Of(check)});
 }
-
-void AccountEditor::Prepare(const IniText& project) {
-  numbers_ = AssignNumbers(project);
-  offered_ = PortNumbers(project).Names();
-}
-
 bool AccountEditor::CheckAccounts() {
   std::vector<std::string> accounts;
   for (int row = 1; row <= grid().rows(); ++row) accounts.push_back(grid().Cell(row, kAccountColumn));
   return repeats_.Show(std::move(accounts), "No repeat Account", "Show repeat number :");
 }
+}  // namespace account_editor
 
-bool AccountEditor::MaySave() {
-  return !CheckAccounts() || context().questions.Ask("There are repeat Account. Do you still want to save?");
-}
+extern const Editor kAccountEditor{
+    "9 - Account", "account", {"frmAccount", "Account"}, Make<account_editor::AccountEditor>};
 
 }  // namespace tarvok::editors

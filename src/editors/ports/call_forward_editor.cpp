@@ -1,13 +1,19 @@
-#include "editors/ports/call_forward_editor.h"
-
+#include "editors/editors.h"
+#include "editors/ports/port_fields_editor.h"
 #include "sections/ports/port_def.h"
 #include "store/number_text.h"
 
 namespace tarvok::editors {
+namespace call_forward_editor {
 
 using namespace port_def;
+using port_fields_editor::PortFieldsEditor;
 
-namespace {
+/** "Call Forward" (`frmCallFW`): do not disturb, and where calls go that a port does not answer. */
+class CallForwardEditor : public PortFieldsEditor {
+ public:
+  CallForwardEditor(const EditorContext& context, const FormName& name);
+};
 
 constexpr int kMostRingTime = 254;  // the exchange takes 255 for "not set"
 
@@ -18,12 +24,17 @@ FieldColumn WithMostRingTime(FieldColumn ring) {
   return ring;
 }
 
-}  // namespace
-
 CallForwardEditor::CallForwardEditor(const EditorContext& context, const FormName& name)
     : PortFieldsEditor(context, name,
                        {Listed(kDnd, "cmbMask"), Typed(kDisa, DigitsRule(12)), Typed(kCo, DigitsRule(12)),
                         Typed(kExt, DigitsRule(12)), Typed(kBusy, DigitsRule(12)),
                         Typed(kNoAns, DigitsRule(12)), WithMostRingTime(Typed(kRingTime, ByteRule()))}) {}
+
+}  // namespace call_forward_editor
+
+extern const Editor kCallForwardEditor{"7 - Call Forward",
+                                       "callforward",
+                                       {"frmCallFW", "Call Forward"},
+                                       Make<call_forward_editor::CallForwardEditor>};
 
 }  // namespace tarvok::editors

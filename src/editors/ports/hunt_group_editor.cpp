@@ -1,17 +1,47 @@
-#include "editors/ports/hunt_group_editor.h"
+#include <array>
+#include <string>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "sections/ports/assign.h"
+#include "sections/ports/hunt_group.h"
 #include "sections/ports/name.h"
+#include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace hunt_group_editor {
 
 using hunt_group::kTable;
 
-constexpr std::string_view kPortType = "0";
+/** "Hunt Group" (`frmGrpHunt`): the members of each hunt group, in order, and the numbers that can be
+ * added. */
+class HuntGroupEditor : public EditorForm {
+ public:
+  HuntGroupEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+  void Saved() override { context().state.data_changed = false; }
+
+ private:
+  void ShowGroup();
+  void AddMembers();
+  void DeleteMembers();
+
+  ListBox& groups_;
+  ListBox& numbers_;
+  std::array<ListBox*, kHuntGroups> lists_{};
+  std::vector<int> rows_;                                      // number rows, in the order of `ListView1`
+  std::array<std::vector<std::string>, kHuntGroups> members_;  // as stored, in list order
+  int total_ = 0;
+};
 
 /** Number and name of a number row, as shown in both lists; "" if the row has no number. */
 std::string TextOf(const IniText& project, std::int64_t number) {
@@ -25,19 +55,17 @@ std::string TextOf(const IniText& project, std::int64_t number) {
          std::string(named ? RowValue(project, name::kTable, static_cast<int>(name)) : std::string_view());
 }
 
-}  // namespace
-
 HuntGroupEditor::HuntGroupEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      groups_(AddList({"lsGroup"}, "Hunt groups",
-                      NumberedEntries(1, kHuntGroups, kTable.rows.width, "Hunt Group "))),
-      numbers_(AddList({"ListView1"}, "Numbers that may be added", {})) {
+      groups_(AddEntries<ListBox>({"lsGroup"}, "Hunt groups",
+                                  NumberedEntries(1, kHuntGroups, kTable.rows.width, "Hunt Group "))),
+      numbers_(AddEntries<ListBox>({"ListView1"}, "Numbers that may be added", {})) {
   groups_.current = 0;
   groups_.changed = [this] { ShowGroup(); };
   numbers_.many = true;
   std::vector<FormLayout> members;
   for (int group = 0; group < kHuntGroups; ++group) {
-    Control& list = AddList({"lsGroupHunt", group}, "Members", {});
+    ListBox& list = AddEntries<ListBox>({"lsGroupHunt", group}, "Members", {});
     list.many = true;
     lists_[static_cast<std::size_t>(group)] = &list;
     members.push_back(layout::Of(list));
@@ -54,7 +82,7 @@ bool HuntGroupEditor::ShowPlace(std::string_view section, int row, int field) {
   if (!SameName(section, kTable.section) || row < 1 || row > kHuntGroups) return false;
   groups_.current = row - 1;
   ShowGroup();
-  Control& list = *lists_[static_cast<std::size_t>(row) - 1];
+  ListBox& list = *lists_[static_cast<std::size_t>(row) - 1];
   if (field >= 1 && field <= static_cast<int>(list.entries.size())) ChooseEntry(list, field - 1);
   return true;
 }
@@ -103,7 +131,7 @@ void HuntGroupEditor::AddMembers() {
 void HuntGroupEditor::DeleteMembers() {
   if (groups_.current < 0) return;
   const auto group = static_cast<std::size_t>(groups_.current);
-  Control& list = *lists_[group];
+  ListBox& list = *lists_[group];
   for (auto chosen = list.chosen.rbegin(); chosen != list.chosen.rend(); ++chosen) {
     list.entries.erase(list.entries.begin() + *chosen);
     members_[group].erase(members_[group].begin() + *chosen);
@@ -123,5 +151,12 @@ void HuntGroupEditor::Write(IniEdit& project) {
     project.Set(kTable.section, KeyOf(kTable, group), text);
   }
 }
+
+}  // namespace hunt_group_editor
+
+extern const Editor kHuntGroupEditor{"10 - Hunt Group",
+                                     "groupofhunt",
+                                     {"frmGrpHunt", "Hunt Group", "frmGroupOfHunt"},
+                                     Make<hunt_group_editor::HuntGroupEditor>};
 
 }  // namespace tarvok::editors

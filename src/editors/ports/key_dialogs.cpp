@@ -7,10 +7,11 @@
 #include "sections/routing/group_out.h"
 #include "store/number_text.h"
 
-namespace tarvok::editors {
-namespace {
+namespace tarvok::editors::setup_key_editor {
 
 using namespace key_dss;
+
+namespace {
 
 constexpr std::string_view kOldLabel = "Grp Out";
 constexpr std::string_view kDigitsStarHash = "0123456789*#";
@@ -73,7 +74,7 @@ KeyDialog::KeyDialog(std::span<const ButtonCode> codes, const Field& statement, 
   AddInput(number_);
 }
 
-Control& KeyDialog::AddInput(Control& input) {
+void KeyDialog::TakeInput(Control& input) {
   inputs_.push_back(&input);
   input.key = [this, &input](Key key) {
     if (key.code == KeyCode::kTab) {
@@ -87,7 +88,6 @@ Control& KeyDialog::AddInput(Control& input) {
     }
     return true;
   };
-  return input;
 }
 
 FormLayout KeyDialog::Buttons() {
@@ -170,7 +170,7 @@ void KeyDialog::Ok() {
 DssKeyDialog::DssKeyDialog(std::string_view label, Ends ends)
     : KeyDialog(kDssButtons, kDss.fields[0], std::move(ends)) {
   std::vector<FormLayout> choices;
-  for (Control* option : options()) choices.push_back(layout::Of(*option));
+  for (Option* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Button", std::move(choices)), layout::Field("Number :", number()), Buttons()}));
   Fill(label);
@@ -179,15 +179,15 @@ DssKeyDialog::DssKeyDialog(std::string_view label, Ends ends)
 PhoneKeyDialog::PhoneKeyDialog(std::string_view label, std::vector<std::string> lines, Ends ends)
     : KeyDialog(kKeyButtons, kKeys.fields[0], std::move(ends)),
       map_(AddInput(AddText({"txtMapDigit"}, "Map Digit", RuleOf(MapOf(kTrunk))))),
-      group_(
-          AddInput(AddCombo({"cmbGrpOut"}, "Group Out",
-                            NumberedEntries(1, kGroupsOut, 0, std::string(group_out::kTable.label) + " ")))),
+      group_(AddInput(AddEntries<ComboBox>(
+          {"cmbGrpOut"}, "Group Out",
+          NumberedEntries(1, kGroupsOut, 0, std::string(group_out::kTable.label) + " ")))),
       group_map_(AddInput(AddText({"txtMapGrpOut"}, "Map Digit", RuleOf(MapOf(kGroupOut))))),
-      line_(AddInput(AddCombo({"cmbMulti"}, "Line", std::move(lines)))) {
+      line_(AddInput(AddEntries<ComboBox>({"cmbMulti"}, "Line", std::move(lines)))) {
   number().changed = [this] { LimitTrunk(); };
   map_.changed = [this] { LimitTrunk(); };
   std::vector<FormLayout> choices;
-  for (Control* option : options()) choices.push_back(layout::Of(*option));
+  for (Option* option : options()) choices.push_back(layout::Of(*option));
   SetLayout(layout::Column(
       {layout::Group("Key", std::move(choices)),
        layout::Group("Number", {layout::Field("Number :", number()), layout::Field("Map Digit :", map_)}),
@@ -247,4 +247,4 @@ std::string PhoneKeyDialog::Text() const {
   return code() == kTrunk && !text.empty() ? WithMap(text, map_.text) : text;
 }
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::setup_key_editor

@@ -10,7 +10,7 @@
 #include "editors/uses.h"
 #include "sections/field.h"
 
-namespace tarvok::editors {
+namespace tarvok::editors::setup_key_editor {
 
 /** A button's field as shown in its label: an old-style group out by its name, anything else unchanged. */
 std::string ButtonLabel(std::string_view field);
@@ -48,30 +48,35 @@ class KeyDialog : public FormControls {
   virtual std::string Text() const;
 
   /** Adds the dialog's keys to an input: Tab moves on, Return is `cmdOK`, Escape is `cmdCancel`. */
-  Control& AddInput(Control& input);
+  template <typename Kind>
+  Kind& AddInput(Kind& input) {
+    TakeInput(input);
+    return input;
+  }
   FormLayout Buttons();
   std::string_view code() const;
   /** The field after a code, and the field after the comma in it. */
   const Field& ArgumentOf(std::string_view code, bool with_map = false) const;
   const Field& MapOf(std::string_view code) const;
-  Control& number() { return number_; }
-  const Control& number() const { return number_; }
-  const std::vector<Control*>& options() const { return options_; }
+  TextBox& number() { return number_; }
+  const TextBox& number() const { return number_; }
+  const std::vector<Option*>& options() const { return options_; }
   void ShowOption();
 
  private:
   void MarkChanged() override { touched_ = true; }
   void Ok();
+  void TakeInput(Control& input);
   void FocusNext(const Control& input);
 
   std::span<const ButtonCode> codes_;
   const Field& statement_;
   Ends ends_;
-  std::vector<Control*> options_;
+  std::vector<Option*> options_;
   std::vector<Control*> inputs_;
-  Control& number_;
-  Control& ok_;
-  Control& cancel_;
+  TextBox& number_;
+  Button& ok_;
+  Button& cancel_;
   bool touched_ = false;
 };
 
@@ -94,10 +99,10 @@ class PhoneKeyDialog : public KeyDialog {
  private:
   void LimitTrunk();
 
-  Control& map_;
-  Control& group_;
-  Control& group_map_;
-  Control& line_;
+  TextBox& map_;
+  ComboBox& group_;
+  TextBox& group_map_;
+  ComboBox& line_;
 };
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::setup_key_editor

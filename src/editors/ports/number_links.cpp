@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "editors/field_columns.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
@@ -10,8 +11,6 @@
 namespace tarvok::editors {
 namespace {
 
-constexpr std::string_view kPortType = "0";
-constexpr int kRowWidth = 3;
 constexpr std::string_view kNoNumber = "F|F|F|F|F";
 
 /** Types of numbers that a port may name although they belong to no port: hunt groups and bosses. */

@@ -1,16 +1,60 @@
-#include "editors/ports/port_config_editor.h"
+#include <array>
+#include <string>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "sections/ports/number_tables.h"
+#include "sections/ports/port_config.h"
 #include "sections/routing/class_group.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace port_config_editor {
 
 using namespace port_config;
+
+/**
+ * "Port Config" (`frmPortConfig_Def`): the port profiles. All are held as texts, "" for a field that is not
+ * set. The controls show one of them, which is updated when it is left.
+ */
+class PortConfigEditor : public EditorForm {
+ public:
+  PortConfigEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void BeforeWrite() override { TakeControls(); }
+  void Write(IniEdit& project) override;
+
+ private:
+  static constexpr std::size_t kFields = port_config::kRingTransfer;
+  static constexpr std::size_t kReverseChoices = 4;
+
+  void AddControls();
+  void LayOut();
+  void ShowProfile();
+  void ShowField(std::size_t index, const std::string& text);
+  void TakeControls();
+  void TakeField(std::size_t index, std::string& text) const;
+  TextBox& BoxAt(std::size_t index) const { return static_cast<TextBox&>(*controls_[index]); }
+  CheckBox& CheckAt(std::size_t index) const { return static_cast<CheckBox&>(*controls_[index]); }
+  ComboBox& ListAt(std::size_t index) const { return static_cast<ComboBox&>(*controls_[index]); }
+
+  std::array<std::array<std::string, kFields>, kPortConfigRows> profiles_;
+  std::vector<std::string> groups_;  // the groups of classes that are offered
+  std::size_t shown_ = 0;            // index of the profile shown in the controls
+
+  ListBox& list_;
+  CheckBox& link_trunk_;
+  std::array<Control*, kFields> controls_{};  // by field from 0; the first option for a group of options
+  std::array<Option*, kReverseChoices> reverse_{};
+  std::array<bool, kFields> chosen_{};  // by field from 0: the user has chosen an entry in the shown profile
+};
 
 constexpr std::string_view kOn = "1";
 constexpr std::string_view kOff = "0";
@@ -84,11 +128,9 @@ std::string GroupText(int group) {
   return std::string(class_group::kTable.label) + " " + Padded(group, class_group::kTable.rows.width);
 }
 
-}  // namespace
-
 PortConfigEditor::PortConfigEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      list_(AddList({"lsPortConfig"}, "Profiles", NumberedEntries(1, kPortConfigRows))),
+      list_(AddEntries<ListBox>({"lsPortConfig"}, "Profiles", NumberedEntries(1, kPortConfigRows))),
       link_trunk_(AddCheck({"chkLinkTrunk"}, NameOf(At(kLinkTrunk)) + " :")) {
   AddControls();
   LayOut();
@@ -107,15 +149,15 @@ void PortConfigEditor::AddControls() {
     Control*& control = controls_[index];
     switch (kForms[index].kind) {
       case Kind::kService:
-        control = &AddCombo(id, NameOf(index), {});
+        control = &AddEntries<ComboBox>(id, NameOf(index), {});
         control->changed = [this, index] { chosen_[index] = true; };
         break;
       case Kind::kChoice:
       case Kind::kRing:
-        control = &AddCombo(id, NameOf(index), EntriesOf(index));
+        control = &AddEntries<ComboBox>(id, NameOf(index), EntriesOf(index));
         break;
       case Kind::kTime: {
-        Control& box = AddText(id, NameOf(index), ByteRule());
+        TextBox& box = AddText(id, NameOf(index), ByteRule());
         box.entered = [&box] { box.selected = box.text == kOff; };  // the first digit replaces it
         control = &box;
         break;
@@ -127,7 +169,7 @@ void PortConfigEditor::AddControls() {
         control = &AddCheck(id, NameOf(index));
         break;
       case Kind::kTrunk:
-        control = &AddCombo(id, NameOf(index), NumberedEntries(1, kLinkTrunks));
+        control = &AddEntries<ComboBox>(id, NameOf(index), NumberedEntries(1, kLinkTrunks));
         break;
       case Kind::kReverse:
         for (std::size_t n = 0; n < kReverseChoices; ++n) {
@@ -148,7 +190,7 @@ void PortConfigEditor::LayOut() {
   };
   const auto box = [&](int n) { return layout::Of(*controls_[At(n)]); };
   std::vector<FormLayout> reverse;
-  for (Control* option : reverse_) reverse.push_back(layout::Of(*option));
+  for (Option* option : reverse_) reverse.push_back(layout::Of(*option));
   FormLayout left = layout::Column(
       {layout::Group("Class of service", {field(kServiceDay), field(kServiceNight), field(kHoldCut)}),
        layout::Group("Line",
@@ -190,41 +232,40 @@ void PortConfigEditor::ShowProfile() {
 }
 
 void PortConfigEditor::ShowField(std::size_t index, const std::string& text) {
-  Control& control = *controls_[index];
   const Field& statement = kTable.fields[index];
   const std::int64_t number = Val(text);
-  control.selected = false;
   chosen_[index] = false;
   switch (kForms[index].kind) {
     case Kind::kService:
       // A group without classes is not offered, but a profile may refer to it.
-      control.entries = groups_;
-      control.ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
-                                                                : GroupText(static_cast<int>(number)));
+      ListAt(index).entries = groups_;
+      ListAt(index).ChooseOrJoin(number < 1 || number > kHighestGroup ? std::string()
+                                                                      : GroupText(static_cast<int>(number)));
       return;
     case Kind::kChoice:
-      control.Choose(Canonical(statement, text));
-      if (control.current == kNoIndex) control.Choose(Canonical(statement, kOff));
+      ListAt(index).Choose(Canonical(statement, text));
+      if (ListAt(index).current == kNoIndex) ListAt(index).Choose(Canonical(statement, kOff));
       return;
     case Kind::kRing:
       // A number that is not offered may come from an exchange.
-      control.entries = EntriesOf(index);
-      control.current = kNoIndex;
-      if (number > 0) control.ChooseOrJoin(Canonical(statement, text));
+      ListAt(index).entries = EntriesOf(index);
+      ListAt(index).current = kNoIndex;
+      if (number > 0) ListAt(index).ChooseOrJoin(Canonical(statement, text));
       return;
     case Kind::kTime:
-      control.text = text.empty() ? std::string(kOff) : text;
+      BoxAt(index).text = text.empty() ? std::string(kOff) : text;
+      BoxAt(index).selected = false;
       return;
     case Kind::kDigits:
-      control.text = text;
+      BoxAt(index).text = text;
       return;
     case Kind::kFlag:
-      control.on = text == kOn;
+      CheckAt(index).on = text == kOn;
       return;
     case Kind::kTrunk:
       link_trunk_.on = number >= 1 && number <= kLinkTrunks;
-      control.enabled = link_trunk_.on;
-      control.current = link_trunk_.on ? static_cast<int>(number) - 1 : kNoIndex;
+      ListAt(index).enabled = link_trunk_.on;
+      ListAt(index).current = link_trunk_.on ? static_cast<int>(number) - 1 : kNoIndex;
       return;
     case Kind::kReverse: {
       const bool known = number > 0 && number < static_cast<std::int64_t>(kReverseChoices);
@@ -240,31 +281,35 @@ void PortConfigEditor::TakeControls() {
 }
 
 void PortConfigEditor::TakeField(std::size_t index, std::string& text) const {
-  const Control& control = *controls_[index];
-  const std::string chosen(control.Chosen());
   switch (kForms[index].kind) {
-    case Kind::kService:
+    case Kind::kService: {
+      const std::string_view chosen = ListAt(index).Chosen();
       // A group with more than two digits cannot be shown; it stays until another entry is chosen.
       if (chosen.empty() && !chosen_[index] && Val(text) > kHighestGroup) return;
-      text = chosen.empty() ? chosen : std::string(Trim(std::string_view(chosen).substr(chosen.size() - 2)));
+      text = chosen.empty() ? chosen : Trim(chosen.substr(chosen.size() - 2));
       return;
+    }
     case Kind::kChoice:
-      text = chosen.empty() ? std::string(kOff) : StoredOf(index, chosen);
+    case Kind::kRing: {
+      const std::string_view chosen = ListAt(index).Chosen();
+      if (!chosen.empty()) {
+        text = StoredOf(index, chosen);
+      } else if (kForms[index].kind == Kind::kChoice) {
+        text = kOff;
+      }
       return;
-    case Kind::kRing:
-      if (!chosen.empty()) text = StoredOf(index, chosen);
-      return;
+    }
     case Kind::kTime:
-      text = control.text.empty() ? std::string(kOff) : control.text;
+      text = BoxAt(index).text.empty() ? std::string(kOff) : BoxAt(index).text;
       return;
     case Kind::kDigits:
-      text = control.text;
+      text = BoxAt(index).text;
       return;
     case Kind::kFlag:
-      text = control.on ? kOn : kOff;
+      text = CheckAt(index).on ? kOn : kOff;
       return;
     case Kind::kTrunk:
-      text = link_trunk_.on ? std::to_string(control.current + 1) : std::string(kOff);
+      text = link_trunk_.on ? std::to_string(ListAt(index).current + 1) : std::string(kOff);
       return;
     case Kind::kReverse:
       text = kOff;
@@ -291,5 +336,13 @@ void PortConfigEditor::Write(IniEdit& project) {
     StoreRow(project, kTable, row, value);
   }
 }
+
+}  // namespace port_config_editor
+
+extern const Editor kPortConfigEditor{.text = "3 - Port Config",
+                                      .key = "portconfig",
+                                      .name = {"frmPortConfig_Def", "Port Config", "frmPortConfigDefine"},
+                                      .make = Make<port_config_editor::PortConfigEditor>,
+                                      .compared = "frmPortConfigDef"};
 
 }  // namespace tarvok::editors

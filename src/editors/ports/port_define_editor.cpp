@@ -1,8 +1,11 @@
-#include "editors/ports/port_define_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/ports/card_insert.h"
+#include "editors/ports/number_links.h"
 #include "sections/ports/account.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/port_config.h"
@@ -15,9 +18,51 @@
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace port_define_editor {
 
 using namespace port_def;
+
+/**
+ * "Port System Define" (`frmPortSys_Def`): the cards of the exchange, one row per port. Saving sorts the
+ * ports by card, updates all references to them, and links numbers to them.
+ */
+class PortDefineEditor : public FieldTableEditor {
+ public:
+  PortDefineEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  int RowsToShow(const IniText& project) const override { return RowsUpToNow(project, statement()); }
+  void ShowRow(std::string_view value, TableRow& row) const override;
+  std::string RowText(int row) const override;
+  /** A row without card, channel and type is not a port, whatever else it holds. */
+  bool IsRemoved(std::string_view value) const override;
+  /** True if the row is a port that can be referenced. */
+  bool KeepsReferences(int row) const override;
+  bool MaySave() override;
+  void BeforeWrite() override { Sort(true); }
+  void Write(IniEdit& project) override;
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(PortDefineEditor* form);
+
+  void InsertChosenCard();
+  std::string PortField(int row, int field) const;
+  bool IsStored(int row) const;
+  bool IsRowKept(int row) const;
+  static int NamedNumber(const IniText& project, int port);
+  void FollowPorts(IniEdit& project) const;
+  NumberLinks LinksFor(const IniEdit& project) const;
+  void MoveAccounts(IniEdit& project) const;
+  void KeepLines(IniEdit& project) const;
+
+  RowNames incoming_;
+  RowNames numbers_;
+  std::vector<std::string> number_fields_;  // by row from 0: the stored reference to its number
+  ComboBox& card_;
+  ComboBox& type_;
+};
 
 enum ColumnOf : int {
   kCardColumn = 1,
@@ -36,7 +81,6 @@ constexpr std::size_t kColumns = kExpandColumn;
 
 constexpr int kCards = 16;
 constexpr int kMostPickup = 99;
-constexpr int kRowWidth = 3;  // of a row number in another section
 constexpr std::string_view kNoRoom = "Cannot insert more card";
 constexpr std::string_view kNoPort = "F|F|F";
 
@@ -53,8 +97,6 @@ FieldColumn ListColumn(int field, std::string title, std::string overlay) {
   return {.field = field,
           .column = {.title = std::move(title), .entry = Entry::kList, .overlay = std::move(overlay)}};
 }
-
-}  // namespace
 
 std::vector<FieldColumn> PortDefineEditor::Columns(PortDefineEditor* form) {
   FieldColumn type = ListColumn(kType, "Type", "cmbMask3");
@@ -90,9 +132,9 @@ PortDefineEditor::PortDefineEditor(const EditorContext& context, const FormName&
     : FieldTableEditor(
           context, name, kTable, Columns(this),
           {.rows = RowCommands::kGrow, .most = kPortRows, .sort_by = {{kCardColumn}, {kChannelColumn}}}),
-      card_(AddCombo({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
-      type_(AddCombo({"cmbType"}, "Type :", CardNames())) {
-  for (Control* list : {&card_, &type_}) {
+      card_(AddEntries<ComboBox>({"cmbCard"}, "Card :", NumberedEntries(1, kCards))),
+      type_(AddEntries<ComboBox>({"cmbType"}, "Type :", CardNames())) {
+  for (ComboBox* list : {&card_, &type_}) {
     list->data = false;
     list->current = 0;
   }
@@ -282,5 +324,12 @@ void PortDefineEditor::KeepLines(IniEdit& project) const {
   }
   if (any) RecountMembers(project, groups);
 }
+
+}  // namespace port_define_editor
+
+extern const Editor kPortDefineEditor{"2 - Port Define",
+                                      "portdefine",
+                                      {"frmPortSys_Def", "Port System Define", "frmPortDef"},
+                                      Make<port_define_editor::PortDefineEditor>};
 
 }  // namespace tarvok::editors

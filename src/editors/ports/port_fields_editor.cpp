@@ -2,23 +2,21 @@
 
 #include <algorithm>
 
+#include "editors/field_table_editor.h"
 #include "sections/ports/port_def.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
-namespace tarvok::editors {
-namespace {
+namespace tarvok::editors::port_fields_editor {
 
 using namespace port_def;
 
+namespace {
+
 constexpr int kNumberColumn = 3;
 
-const Field& StatementOf(int field) {
-  return kTable.fields[static_cast<std::size_t>(field) - 1];
-}
-
 std::string TitleOf(int field) {
-  return std::string(StatementOf(field).name);
+  return std::string(StatementOf(kTable, field).name);
 }
 
 FieldColumn ReadOnlyColumn(int field) {
@@ -44,7 +42,7 @@ FieldColumn PortFieldsEditor::Typed(int field, EntryRule rule) {
 }
 
 FieldColumn PortFieldsEditor::Listed(int field, std::string overlay) {
-  return ChoiceColumn(field, TitleOf(field), StatementOf(field), std::move(overlay));
+  return ChoiceColumn(field, TitleOf(field), StatementOf(kTable, field), std::move(overlay));
 }
 
 bool PortFieldsEditor::ShowPlace(std::string_view section, int row, int field) {
@@ -54,23 +52,18 @@ bool PortFieldsEditor::ShowPlace(std::string_view section, int row, int field) {
   return false;
 }
 
+void PortFieldsEditor::ShowRow(std::string_view value, TableRow& row) const {
+  row.cells[kNumberColumn - 1] = numbers_.NameOf(GetField(value, kNumber));
+}
+
 void PortFieldsEditor::Load(const IniText& project) {
-  const RowNames numbers = AssignNumbers(project);
+  numbers_ = AssignNumbers(project);
   const auto last = static_cast<int>(
       std::clamp<std::int64_t>(Val(project.Get(kTable.section, kNowKey)), 0, kTable.rows.last));
   grid().Clear();
   for (int number = 1; number <= last; ++number) {
     const std::string_view value = RowValue(project, kTable, number);
-    if (value.empty()) continue;
-    const FieldList fields(value);
-    TableRow row{.origin = number};
-    for (const FieldColumn& column : field_columns()) {
-      const std::string_view stored = fields[column.field];
-      row.cells.push_back(column.shown ? column.shown(stored) : CellText(stored));
-    }
-    row.cells[kNumberColumn - 1] = numbers.NameOf(fields[kNumber]);
-    row.hidden = {std::string(value)};
-    grid().Load(std::move(row));
+    if (!value.empty()) grid().Load(ShownRow(number, value));
   }
 }
 
@@ -90,4 +83,4 @@ void PortFieldsEditor::Write(IniEdit& project) {
   }
 }
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::port_fields_editor

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "editors/field_columns.h"
+#include "editors/field_table_editor.h"
 #include "editors/uses.h"
 
-namespace tarvok::editors {
+namespace tarvok::editors::port_fields_editor {
 
 /**
  * The base of editors for fields of ports that "Port System Define" does not show. The table has a row for
@@ -29,6 +29,10 @@ class PortFieldsEditor : public FieldTableEditor {
 
   void Load(const IniText& project) override;
   void Write(IniEdit& project) override;
+  void ShowRow(std::string_view value, TableRow& row) const override;
+
+ private:
+  RowNames numbers_;
 };
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::port_fields_editor

@@ -1,16 +1,59 @@
-#include "editors/ports/setup_key_editor.h"
-
 #include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/ports/key_dialogs.h"
+#include "sections/ports/key_dss.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace setup_key_editor {
 
 using namespace key_dss;
+
+/** "Setup Key Config" (`frmSetupKey`): the button layouts of key telephones, drawn as the telephone and its
+ * console. A click on a button opens a dialog for its function. */
+class SetupKeyEditor : public EditorForm {
+ public:
+  SetupKeyEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void BeforeWrite() override { TakeLabels(); }
+  void Write(IniEdit& project) override;
+
+ private:
+  /** The fields of a layout; "" for a button that is not set. Rows that were longer keep their extra
+   * fields. */
+  struct Buttons {
+    std::vector<std::string> keys;
+    std::vector<std::string> dss;
+  };
+
+  void ShowLayout();
+  void TakeLabels();
+  void OpenKey(std::size_t button);
+  void OpenDss(std::size_t button);
+  void Put(Label& label, const std::string& text) {
+    if (label.text == text) return;
+    label.text = text;
+    MarkChanged();
+  }
+
+  std::array<Buttons, kKeyLayouts> layouts_;
+  std::size_t shown_ = 0;  // index of the layout shown in the labels
+
+  ListBox& list_;
+  std::array<Label*, kKeysOfLayout> keys_{};
+  std::array<Label*, kDssOfLayout> dss_{};
+};
 
 constexpr std::string_view kCodes =
     "* TE = Telephone Number\n"
@@ -32,10 +75,9 @@ std::string Joined(const std::vector<std::string>& buttons) {
   return row;
 }
 
-}  // namespace
-
 SetupKeyEditor::SetupKeyEditor(const EditorContext& context, const FormName& name)
-    : EditorForm(context, name), list_(AddList({"lsGrp"}, "Layouts", NumberedEntries(1, kKeyLayouts))) {
+    : EditorForm(context, name),
+      list_(AddEntries<ListBox>({"lsGrp"}, "Layouts", NumberedEntries(1, kKeyLayouts))) {
   list_.current = 0;
   list_.changed = [this] {
     TakeLabels();
@@ -85,20 +127,13 @@ void SetupKeyEditor::TakeLabels() {
   for (std::size_t i = 0; i < keys_.size(); ++i) buttons.keys[i] = ButtonField(keys_[i]->text);
   for (std::size_t i = 0; i < dss_.size(); ++i) buttons.dss[i] = ButtonField(dss_[i]->text);
 }
-
-void SetupKeyEditor::Put(Control& label, const std::string& text) {
-  if (label.text == text) return;
-  label.text = text;
-  MarkChanged();
-}
-
 void SetupKeyEditor::OpenKey(std::size_t button) {
   std::vector<std::string> lines = NumberedEntries(1, kLinesOfLayout);
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     const std::string_view text = keys_[i]->text;
     if (i != button && text.starts_with(kMultiline)) std::erase(lines, text.substr(kMultiline.size()));
   }
-  Control& label = *keys_[button];
+  Label& label = *keys_[button];
   OpenDialog(std::make_unique<PhoneKeyDialog>(
       label.text, std::move(lines),
       KeyDialog::Ends{[this, &label](const std::string& text) { Put(label, text); },
@@ -106,7 +141,7 @@ void SetupKeyEditor::OpenKey(std::size_t button) {
 }
 
 void SetupKeyEditor::OpenDss(std::size_t button) {
-  Control& label = *dss_[button];
+  Label& label = *dss_[button];
   OpenDialog(std::make_unique<DssKeyDialog>(
       label.text, KeyDialog::Ends{[this, &label](const std::string& text) { Put(label, text); },
                                   [this] { CloseDialog(); }}));
@@ -119,5 +154,12 @@ void SetupKeyEditor::Write(IniEdit& project) {
     project.Set(kDss.section, KeyOf(kDss, row), Joined(buttons.dss));
   }
 }
+
+}  // namespace setup_key_editor
+
+extern const Editor kSetupKeyEditor{"29 - Setup Key Config",
+                                    "setupkey",
+                                    {"frmSetupKey", "Setup Key Config"},
+                                    Make<setup_key_editor::SetupKeyEditor>};
 
 }  // namespace tarvok::editors

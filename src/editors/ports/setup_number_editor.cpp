@@ -1,8 +1,11 @@
-#include "editors/ports/setup_number_editor.h"
-
 #include <algorithm>
 #include <map>
+#include <string>
+#include <vector>
 
+#include "editing/repeat_list.h"
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/boss.h"
 #include "sections/ports/hunt_group.h"
@@ -13,14 +16,56 @@
 #include "store/field_list.h"
 
 namespace tarvok::editors {
-namespace {
+namespace setup_number_editor {
+
+/**
+ * "Setup Number" (`frmExtension`): the numbering plan, with the sections `Assign` and `Name` in one table.
+ * Saving sorts the rows by number and updates all references to them.
+ */
+class SetupNumberEditor : public FieldTableEditor {
+ public:
+  SetupNumberEditor(const EditorContext& context, const FormName& name);
+
+  /** A place in `Name` is shown at the number with that name. */
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Prepare(const IniText& project) override;
+  int RowsToShow(const IniText& project) const override { return RowsUpToNow(project, statement()); }
+  void ShowRow(std::string_view value, TableRow& row) const override;
+  std::string RowText(int row) const override;
+  /** A row without a number cannot be referenced. */
+  bool KeepsReferences(int row) const override;
+  bool MaySave() override;
+  void BeforeWrite() override { Sort(true); }
+  void Write(IniEdit& project) override;
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(SetupNumberEditor* form);
+
+  bool CheckNumbers();
+  bool CheckPorts();
+  Entry ValueEntry(int row) const;
+  std::vector<std::string> ValueList(int row) const;
+  void TypeChanged(int row);
+  /** The port of a row's number, as stored; 0 if none. */
+  int PortOf(int row) const;
+  void WriteNames(IniEdit& project);
+  void LinkPorts(IniEdit& project) const;
+  void FollowSecretaries(IniEdit& project) const;
+
+  RepeatList repeats_;
+  RowNames ports_;
+  RowNames names_;
+  std::vector<std::string> name_texts_;  // by row from 0: the stored reference to its name
+};
 
 enum ColumnOf : int { kNumberColumn = 1, kTypeColumn, kValueColumn, kCompanyColumn, kNameColumn };
 
 constexpr int kMostCompany = 4;
 constexpr int kCallGroups = 99;
 constexpr char kPortSign = '/';  // between card and channel
-constexpr int kRowWidth = 3;     // of a row number in another section
 
 /** What the value of a type refers to. */
 enum class ValueKind { kNothing, kPort, kCallGroup, kHuntGroup, kBoss };
@@ -76,8 +121,6 @@ void SetNumberOfPort(IniEdit& project, int port, std::string_view number) {
   if (!row.empty()) project.Set(port_def::kTable.section, key, PutField(row, port_def::kNumber, number));
 }
 
-}  // namespace
-
 std::vector<FieldColumn> SetupNumberEditor::Columns(SetupNumberEditor* form) {
   FieldColumn type = ChoiceColumn(assign::kType, "Type", assign::kTable.fields[assign::kType - 1]);
   type.column.list.clear();
@@ -108,7 +151,7 @@ std::vector<FieldColumn> SetupNumberEditor::Columns(SetupNumberEditor* form) {
 SetupNumberEditor::SetupNumberEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, assign::kTable, Columns(this),
                        {.rows = RowCommands::kGrow, .most = kAssignRows, .sort_by = {{kNumberColumn}}}),
-      repeats_(AddLabel({"lblRepeat"}, {}), AddList({"lsRepeat"}, "Repeats", {})) {
+      repeats_(AddLabel({"lblRepeat"}, {}), AddEntries<ListBox>({"lsRepeat"}, "Repeats", {})) {
   Control& numbers = AddButton("cmdCheck", "Check &Number", [this] { CheckNumbers(); });
   Control& ports = AddButton("cmdChk_port", "Check &Port", [this] { CheckPorts(); });
   LayOut({repeats_.Place()}, {layout::Of(numbers), layout::Of(ports)});
@@ -265,5 +308,12 @@ void SetupNumberEditor::FollowSecretaries(IniEdit& project) const {
       project.Set(bosses.section, KeyOf(bosses, number), PutField(pair, boss::kSecretary, follows));
   }
 }
+
+}  // namespace setup_number_editor
+
+extern const Editor kSetupNumberEditor{"1 - Setup Number",
+                                       "ext",
+                                       {"frmExtension", "Setup Number"},
+                                       Make<setup_number_editor::SetupNumberEditor>};
 
 }  // namespace tarvok::editors

@@ -1,8 +1,15 @@
-#include "editors/ports/vm_call_back_editor.h"
-
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "sections/ports/vm_call_back.h"
 
 namespace tarvok::editors {
+namespace vm_call_back_editor {
+
+/** "VM Call Back" (`frmVMCallBack`): 10 rows, each with the digits to check for and the digits to insert. */
+class VmCallBackEditor : public FieldTableEditor {
+ public:
+  VmCallBackEditor(const EditorContext& context, const FormName& name);
+};
 
 VmCallBackEditor::VmCallBackEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(
@@ -11,5 +18,12 @@ VmCallBackEditor::VmCallBackEditor(const EditorContext& context, const FormName&
           {.sort_by = {{1}}}) {
   LayOut();
 }
+
+}  // namespace vm_call_back_editor
+
+extern const Editor kVmCallBackEditor{"22 - VM Call Back",
+                                      "vmcallback",
+                                      {"frmVMCallBack", "VM Call Back"},
+                                      Make<vm_call_back_editor::VmCallBackEditor>};
 
 }  // namespace tarvok::editors

@@ -1,14 +1,36 @@
-#include "editors/routing/ban_allow_editor.h"
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "editors/editors.h"
 #include "editors/field_columns.h"
+#include "editors/routing/class_editor.h"
 #include "project/references.h"
 #include "sections/routing/class_digit.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
+namespace ban_allow_editor {
 
-namespace {
+/** "Ban/Allow Number" (`frmClassDigit`): the numbers that each class bans and allows. */
+class BanAllowEditor : public ClassEditor {
+ public:
+  BanAllowEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override {
+    return SameName(section, class_digit::kBanTable.section) && ShowPage(row - 1, field);
+  }
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static std::vector<Column> Columns(BanAllowEditor* form);
+  /** True if the column holds as many numbers as a class may have. */
+  bool IsFull(int column, int most) const;
+};
 
 using Texts = std::vector<std::string>;
 
@@ -19,8 +41,6 @@ Texts Pieces(std::string_view list) {
   ForEachField(list, [&](std::string_view piece) { pieces.emplace_back(piece); });
   return pieces;
 }
-
-}  // namespace
 
 std::vector<Column> BanAllowEditor::Columns(BanAllowEditor* form) {
   std::vector<Column> columns;
@@ -70,9 +90,11 @@ void BanAllowEditor::Write(IniEdit& project) {
   RepairReferences(project, project.base(), class_digit::kBanTable, emptied);
   LeaveEmptyGroups(project);
 }
+}  // namespace ban_allow_editor
 
-bool BanAllowEditor::ShowPlace(std::string_view section, int row, int field) {
-  return SameName(section, class_digit::kBanTable.section) && ShowPage(row - 1, field);
-}
+extern const Editor kBanAllowEditor{"19 - Ban/Allow Number",
+                                    "digitcor",
+                                    {"frmClassDigit", "Ban/Allow Number"},
+                                    Make<ban_allow_editor::BanAllowEditor>};
 
 }  // namespace tarvok::editors

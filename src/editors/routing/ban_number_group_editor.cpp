@@ -1,17 +1,41 @@
-#include "editors/routing/ban_number_group_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
 #include "editors/field_columns.h"
+#include "editors/routing/class_editor.h"
 #include "sections/routing/class_digit.h"
 #include "sections/routing/class_group.h"
 #include "sections/rows.h"
 #include "store/number_text.h"
 
 namespace tarvok::editors {
+namespace ban_number_group_editor {
 
-namespace {
+/** "Ban Number Group" (`frmCORGroup`): the classes of each group. */
+class BanNumberGroupEditor : public ClassEditor {
+ public:
+  BanNumberGroupEditor(const EditorContext& context, const FormName& name)
+      : ClassEditor(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
+    AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
+  }
+
+  bool ShowPlace(std::string_view section, int row, int field) override {
+    return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
+  }
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static std::vector<Column> Columns(BanNumberGroupEditor* form);
+
+  std::vector<std::string> offered_;
+};
 
 using Texts = std::vector<std::string>;
 
@@ -24,18 +48,11 @@ std::string ClassOf(std::string_view name) {
   return Padded(Val(name.substr(std::min(number, name.size()))), class_digit::kBanTable.rows.width);
 }
 
-}  // namespace
-
 std::vector<Column> BanNumberGroupEditor::Columns(BanNumberGroupEditor* form) {
   return {{.title = std::string(class_group::kTable.fields[0].name),
            .entry = Entry::kList,
            .list_of = [form](int) { return form->offered_; },
            .overlay = "cmbMask"}};
-}
-
-BanNumberGroupEditor::BanNumberGroupEditor(const EditorContext& context, const FormName& name)
-    : ClassEditor(context, name, Columns(this), RowCommands::kFixed, class_group::kTable.members.most) {
-  AddPages({"lsCORGroup"}, "Groups", LabelledRows(class_group::kTable).Names());
 }
 
 void BanNumberGroupEditor::Load(const IniText& project) {
@@ -63,9 +80,11 @@ void BanNumberGroupEditor::Write(IniEdit& project) {
   }
   LeaveEmptyGroups(project);
 }
+}  // namespace ban_number_group_editor
 
-bool BanNumberGroupEditor::ShowPlace(std::string_view section, int row, int field) {
-  return SameName(section, class_group::kTable.section) && ShowPage(row - 1, field);
-}
+extern const Editor kBanNumberGroupEditor{"20 - Ban Number Group",
+                                          "corgroup",
+                                          {"frmCORGroup", "Ban Number Group"},
+                                          Make<ban_number_group_editor::BanNumberGroupEditor>};
 
 }  // namespace tarvok::editors

@@ -21,7 +21,7 @@ ClassEditor::ClassEditor(const EditorContext& context, const FormName& name, std
       pages_(grid(), rows) {}
 
 void ClassEditor::AddPages(ControlId id, std::string caption, std::vector<std::string> entries) {
-  list_ = &AddList(std::move(id), std::move(caption), std::move(entries));
+  list_ = &AddEntries<ListBox>(std::move(id), std::move(caption), std::move(entries));
   list_->changed = [this] { SelectPage(); };
   LayOut({}, {}, {layout::Group(list_->caption, {layout::Of(*list_)})});
 }

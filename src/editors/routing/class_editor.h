@@ -36,7 +36,6 @@ class ClassEditor : public TableForm {
 
   /** The classes that a group's value names, as they are written into the project. */
   static std::vector<std::string> Classes(std::string_view list);
-  static std::string ClassText(std::int64_t number);
   /** Stores a list. If it equals the stored one as `read` reads that, the stored text stays as it is. */
   static void StoreList(IniEdit& project, const Table& table, int number,
                         const std::vector<std::string>& texts,
@@ -50,7 +49,7 @@ class ClassEditor : public TableForm {
   void KeepPage();
   void SelectPage();
 
-  Control* list_ = nullptr;
+  ListBox* list_ = nullptr;
   TablePages pages_;
 };
 

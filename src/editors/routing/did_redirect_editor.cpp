@@ -1,8 +1,10 @@
-#include "editors/routing/did_redirect_editor.h"
-
 #include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/ports/assign.h"
 #include "sections/routing/did_redirect.h"
@@ -10,8 +12,48 @@
 #include "store/field_list.h"
 
 namespace tarvok::editors {
+namespace did_redirect_editor {
 
 using namespace did_redirect;
+
+/** "DID Redirect" (`frmDIDRedirect`): the targets of ranges of incoming numbers. What `Map Number` offers
+ * depends on the row's `Map Type`. */
+class DidRedirectEditor : public FieldTableEditor {
+ public:
+  DidRedirectEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{kLink}, {kDidStart}}}) {
+    LayOut();
+  }
+
+ protected:
+  void Prepare(const IniText& project) override;
+  void ShowRow(std::string_view value, TableRow& row) const override;
+
+ private:
+  /** What a Map Type, as shown in its cell, can refer to. */
+  struct Target {
+    const RowNames* names = nullptr;
+    const std::vector<std::string>* offered = nullptr;
+    int width = 0;
+  };
+
+  static std::vector<FieldColumn> Columns(DidRedirectEditor* form);
+  Target TargetOf(std::string_view type) const;
+  std::vector<std::string> MapNumbers(int row) const;
+  /** Clears a target that the new type cannot have. */
+  void TypeChanged(int row) {
+    const std::vector<std::string> offered = MapNumbers(row);
+    if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())
+      grid().EraseCell(row, kMapNumber);
+  }
+
+  RowNames numbers_;
+  RowNames lists_;
+  std::vector<std::string> offered_numbers_;
+  std::vector<std::string> offered_lists_;
+  std::vector<std::string> offered_links_;
+};
 
 std::vector<FieldColumn> DidRedirectEditor::Columns(DidRedirectEditor* form) {
   const auto& fields = kTable.fields;
@@ -30,12 +72,6 @@ std::vector<FieldColumn> DidRedirectEditor::Columns(DidRedirectEditor* form) {
   const EntryRule digits = DigitsRule(fields[kDidStart - 1].high);
   return {std::move(link), TypedColumn(kDidStart, "DID Start", digits),
           TypedColumn(kDidEnd, "DID End", digits), std::move(type), std::move(number)};
-}
-
-DidRedirectEditor::DidRedirectEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{kLink}, {kDidStart}}}) {
-  LayOut();
 }
 
 void DidRedirectEditor::Prepare(const IniText& project) {
@@ -71,11 +107,11 @@ std::vector<std::string> DidRedirectEditor::MapNumbers(int row) const {
   return target.offered != nullptr ? *target.offered : std::vector<std::string>();
 }
 
-/** Clears a target that the new type cannot have. */
-void DidRedirectEditor::TypeChanged(int row) {
-  const std::vector<std::string> offered = MapNumbers(row);
-  if (std::find(offered.begin(), offered.end(), grid().Cell(row, kMapNumber)) == offered.end())
-    grid().EraseCell(row, kMapNumber);
-}
+}  // namespace did_redirect_editor
+
+extern const Editor kDidRedirectEditor{"18 - DID Redirect",
+                                       "didredirect",
+                                       {"frmDIDRedirect", "DID Redirect"},
+                                       Make<did_redirect_editor::DidRedirectEditor>};
 
 }  // namespace tarvok::editors

@@ -1,7 +1,9 @@
-#include "editors/routing/e1_numbering_editor.h"
-
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/e1_map.h"
 #include "sections/routing/e1_number.h"
@@ -10,6 +12,26 @@
 #include "store/number_text.h"
 
 namespace tarvok::editors {
+namespace e1_numbering_editor {
+
+/** "E1 Numbering" (`frmE1Numbering`): the digits in front of the numbers of a link. */
+class E1NumberingEditor : public FieldTableEditor {
+ public:
+  E1NumberingEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, e1_number::kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{e1_number::kLink}}}) {
+    LayOut();
+  }
+
+ protected:
+  void Prepare(const IniText& project) override { links_ = OfferedLinks(project); }
+  bool IsRemoved(std::string_view /*value*/) const override { return false; }
+
+ private:
+  static std::vector<FieldColumn> Columns(E1NumberingEditor* form);
+
+  std::vector<std::string> links_;
+};
 
 std::vector<FieldColumn> E1NumberingEditor::Columns(E1NumberingEditor* form) {
   using namespace e1_number;
@@ -29,15 +51,11 @@ std::vector<FieldColumn> E1NumberingEditor::Columns(E1NumberingEditor* form) {
   return {std::move(link), TypedColumn(kNumbering, "Numbering", numbering),
           TypedColumn(kDigitCheck, "Digit Check", DigitsRule(2))};
 }
+}  // namespace e1_numbering_editor
 
-E1NumberingEditor::E1NumberingEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, e1_number::kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{e1_number::kLink}}}) {
-  LayOut();
-}
-
-void E1NumberingEditor::Prepare(const IniText& project) {
-  links_ = OfferedLinks(project);
-}
+extern const Editor kE1NumberingEditor{"17 - E1 Numbering",
+                                       "e1numbering",
+                                       {"frmE1Numbering", "E1 Numbering"},
+                                       Make<e1_numbering_editor::E1NumberingEditor>};
 
 }  // namespace tarvok::editors

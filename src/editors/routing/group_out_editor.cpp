@@ -1,17 +1,54 @@
-#include "editors/routing/group_out_editor.h"
-
 #include <algorithm>
+#include <array>
 #include <set>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_columns.h"
+#include "project/references.h"
 #include "sections/ports/port_def.h"
+#include "sections/routing/group_out.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
 
 namespace tarvok::editors {
+namespace group_out_editor {
 
 using group_out::kTable;
 
-namespace {
+/** "Group Out" (`frmGroupOut`): the trunks of each group out, in order, and the trunks that are in no group.
+ * Saving clears the references of routes to groups without members. */
+class GroupOutEditor : public EditorForm {
+ public:
+  GroupOutEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  /** The stored members of a group. Those that are no longer trunks are kept but not shown. */
+  using Group = std::vector<std::string>;
+
+  Group& group() { return groups_[static_cast<std::size_t>(list_.current)]; }
+  void AddMembers();
+  void DeleteMembers();
+  void Show();
+
+  ListBox& list_;
+  ListBox& free_;
+  ListBox& shown_;
+  RowNames trunks_;
+  std::vector<std::string> trunk_rows_;     // all trunks, as stored in members
+  std::vector<std::string> free_rows_;      // shown in the list of free trunks
+  std::vector<std::size_t> shown_members_;  // positions in the group of the shown members
+  std::array<Group, kGroupsOut> groups_;
+  int total_ = 0;
+};
 
 const Field& MemberStatement() {
   return kTable.fields[group_out::kMember - 1];
@@ -23,13 +60,11 @@ std::vector<std::string> MembersOf(std::string_view value) {
   return members;
 }
 
-}  // namespace
-
 GroupOutEditor::GroupOutEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      list_(AddList({"lsGroup"}, "Groups out", LabelledRows(kTable).Names())),
-      free_(AddList({"ListView1"}, "Select Port", {})),
-      shown_(AddList({"ListView2"}, "Members", {})) {
+      list_(AddEntries<ListBox>({"lsGroup"}, "Groups out", LabelledRows(kTable).Names())),
+      free_(AddEntries<ListBox>({"ListView1"}, "Select Port", {})),
+      shown_(AddEntries<ListBox>({"ListView2"}, "Members", {})) {
   free_.many = shown_.many = true;
   list_.changed = [this] { Show(); };
   Control& add = AddButton("cmdAdd", "Add &Member", [this] { AddMembers(); });
@@ -72,7 +107,7 @@ void GroupOutEditor::Load(const IniText& project) {
 /** Fills both lists and clears their choices. */
 void GroupOutEditor::Show() {
   list_.current = std::max(list_.current, 0);
-  for (Control* list : {&free_, &shown_}) {
+  for (ListBox* list : {&free_, &shown_}) {
     list->entries.clear();
     list->chosen.clear();
     list->current = kNoIndex;
@@ -144,5 +179,10 @@ void GroupOutEditor::Write(IniEdit& project) {
   RecountMembers(project, kTable);
   RepairReferences(project, project.base(), kTable, emptied);
 }
+
+}  // namespace group_out_editor
+
+extern const Editor kGroupOutEditor{
+    "15 - Group Out", "groupout", {"frmGroupOut", "Group Out"}, Make<group_out_editor::GroupOutEditor>};
 
 }  // namespace tarvok::editors

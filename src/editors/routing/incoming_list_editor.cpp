@@ -1,18 +1,43 @@
-#include "editors/routing/incoming_list_editor.h"
-
 #include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/incoming_list.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace incoming_list_editor {
 
 using namespace incoming_list;
 
-namespace {
+/** "Incoming List" (`frmIncomingLst`): the destinations of incoming calls. Saving sorts the rows by name and
+ * updates the ports that refer to them. */
+class IncomingListEditor : public FieldTableEditor {
+ public:
+  IncomingListEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, kTable, Columns(this),
+                         {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
+    LayOut();
+  }
+
+ protected:
+  void Prepare(const IniText& project) override;
+  int RowsToShow(const IniText& project) const override;
+  void BeforeWrite() override { Sort(true); }
+  void Write(IniEdit& project) override;
+  bool KeepsReferences(int row) const override;
+
+ private:
+  static std::vector<FieldColumn> Columns(IncomingListEditor* form);
+
+  RowNames numbers_;
+  std::vector<std::string> offered_;
+};
 
 constexpr int kDestinations[] = {kNum1, kNum2, kNum3};
 
@@ -22,12 +47,8 @@ int MostRows(const IniText& project) {
   return most < 1 || most > kIncomingRows ? kIncomingRows : static_cast<int>(most);
 }
 
-}  // namespace
-
 std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
-  const auto statement = [](int field) -> const Field& {
-    return kTable.fields[static_cast<std::size_t>(field) - 1];
-  };
+  const auto statement = [](int field) -> const Field& { return StatementOf(kTable, field); };
   std::vector<FieldColumn> columns = {TypedColumn(kName, "Name", TextRule(0))};
   for (const int field : kDestinations) {
     FieldColumn number =
@@ -45,12 +66,6 @@ std::vector<FieldColumn> IncomingListEditor::Columns(IncomingListEditor* form) {
   }
   columns.push_back(LimitedColumn(kTimeOut, "Time Out", statement(kTimeOut), LimitRule()));
   return columns;
-}
-
-IncomingListEditor::IncomingListEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, kTable, Columns(this),
-                       {.rows = RowCommands::kGrow, .sort_by = {{kName}}}) {
-  LayOut();
 }
 
 void IncomingListEditor::Prepare(const IniText& project) {
@@ -77,5 +92,12 @@ void IncomingListEditor::Write(IniEdit& project) {
   FieldTableEditor::Write(project);
   project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
 }
+
+}  // namespace incoming_list_editor
+
+extern const Editor kIncomingListEditor{"11 - Incoming List",
+                                        "incominglist",
+                                        {"frmIncomingLst", "Incoming List"},
+                                        Make<incoming_list_editor::IncomingListEditor>};
 
 }  // namespace tarvok::editors

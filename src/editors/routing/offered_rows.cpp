@@ -1,6 +1,7 @@
 #include "editors/routing/offered_rows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "editors/field_columns.h"
 #include "sections/ports/assign.h"

@@ -1,28 +1,44 @@
-#include "editors/routing/pbx_link_editor.h"
-
 #include <algorithm>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "sections/routing/tbl_route.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace pbx_link_editor {
 
 using namespace tbl_route;
 
-namespace {
+/** "PBX Link Table" (`frmSetRoute`): the links of networked exchanges: this exchange's ID, and the card and
+ * device that reach each of the others. */
+class PbxLinkEditor : public FieldTableEditor {
+ public:
+  PbxLinkEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Prepare(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static std::vector<FieldColumn> Columns();
+
+  ComboBox& pbx_id_;
+  ComboBox& gateway_;
+};
 
 std::vector<std::string> NumbersOf(const Field& statement) {
   return NumberedEntries(statement.low, statement.high);
 }
 
 /** Chooses the entry with the number, or else the first one. */
-void ChooseNumber(Control& combo, std::string_view stored) {
+void ChooseNumber(ComboBox& combo, std::string_view stored) {
   combo.Choose(std::to_string(Val(stored)));
   combo.current = std::max(combo.current, 0);
 }
-
-}  // namespace
 
 std::vector<FieldColumn> PbxLinkEditor::Columns() {
   FieldColumn card{.field = kCard,
@@ -43,8 +59,8 @@ std::vector<FieldColumn> PbxLinkEditor::Columns() {
 
 PbxLinkEditor::PbxLinkEditor(const EditorContext& context, const FormName& name)
     : FieldTableEditor(context, name, kTable, Columns(), {}),
-      pbx_id_(AddCombo({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
-      gateway_(AddCombo({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
+      pbx_id_(AddEntries<ComboBox>({"cmbPID"}, {}, NumbersOf(kPidTable.fields[0]))),
+      gateway_(AddEntries<ComboBox>({"cmbGW"}, {}, NumbersOf(kGatewayTable.fields[0]))) {
   LayOut({layout::Row(
       {layout::Field("PBX &ID :", pbx_id_), layout::Field("&Gateway :", gateway_), layout::Stretch()})});
 }
@@ -59,5 +75,12 @@ void PbxLinkEditor::Write(IniEdit& project) {
   project.Set(kPidTable.section, kPidTable.key, pbx_id_.Chosen());
   project.Set(kGatewayTable.section, kGatewayTable.key, gateway_.Chosen());
 }
+
+}  // namespace pbx_link_editor
+
+extern const Editor kPbxLinkEditor{"27 - PBX Link Table",
+                                   "setroute",
+                                   {"frmSetRoute", "PBX Link Table"},
+                                   Make<pbx_link_editor::PbxLinkEditor>};
 
 }  // namespace tarvok::editors

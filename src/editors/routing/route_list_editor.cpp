@@ -1,8 +1,12 @@
-#include "editors/routing/route_list_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
+#include "editing/table_pages.h"
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/route.h"
@@ -10,10 +14,37 @@
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace route_list_editor {
 
 using namespace route;
 
-namespace {
+/** "Route List" (`frmRoute`): the routes of each route list. The project stores the routes of all lists in
+ * one sequence; here a list next to the table selects whose routes are shown. A route list is sorted when it
+ * is left or saved. */
+class RouteListEditor : public FieldTableEditor {
+ public:
+  RouteListEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+  void Saved() override {}
+
+ protected:
+  void Load(const IniText& project) override;
+  void BeforeWrite() override { KeepList(); }
+  void Write(IniEdit& project) override;
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(RouteListEditor* form);
+  std::vector<std::vector<TableRow>> RoutesOf(const IniText& project) const;
+  void KeepList();
+  void SelectList();
+
+  RowNames groups_;
+  std::vector<std::string> offered_groups_;
+  ListBox& lists_;
+  TablePages pages_;
+};
 
 constexpr int kRoutesOfList = 40;
 constexpr int kMostTyped = 19;
@@ -43,7 +74,7 @@ constexpr EntryRule kSaveRule = {.characters = "0123456789XxEeAaNnPp*#",
                                  .wants = kWantsPause};
 
 FieldColumn CountColumn(int field, std::string title) {
-  const Field& statement = kTable.fields[static_cast<std::size_t>(field) - 1];
+  const Field& statement = StatementOf(kTable, field);
   return {.field = field,
           .column = {.title = std::move(title),
                      .entry = Entry::kList,
@@ -58,8 +89,6 @@ int RouteOfKey(std::string_view key) {
              ? static_cast<int>(number)
              : 0;
 }
-
-}  // namespace
 
 std::vector<FieldColumn> RouteListEditor::Columns(RouteListEditor* form) {
   const auto& fields = kTable.fields;
@@ -84,7 +113,7 @@ RouteListEditor::RouteListEditor(const EditorContext& context, const FormName& n
     : FieldTableEditor(
           context, name, kTable, Columns(this),
           {.rows = RowCommands::kFixed, .most = kRoutesOfList, .sort_by = {{kGroup}, {kTypeSeek}}}),
-      lists_(AddList({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
+      lists_(AddEntries<ListBox>({"lsRoute"}, "Route lists", LabelledRows(route_list::kTable).Names())),
       pages_(grid(), kRoutesOfList) {
   lists_.changed = [this] { SelectList(); };
   LayOut({}, {}, {layout::Group(lists_.caption, {layout::Of(lists_)})});
@@ -161,5 +190,10 @@ void RouteListEditor::Write(IniEdit& project) {
     if (RouteOfKey(key.name) > count) project.DeleteKey(kTable.section, key.name);
   }
 }
+
+}  // namespace route_list_editor
+
+extern const Editor kRouteListEditor{
+    "14 - Route List", "route", {"frmRoute", "Route List"}, Make<route_list_editor::RouteListEditor>};
 
 }  // namespace tarvok::editors

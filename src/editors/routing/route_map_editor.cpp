@@ -1,13 +1,41 @@
-#include "editors/routing/route_map_editor.h"
-
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editors/editors.h"
+#include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
 #include "sections/routing/route_list.h"
 #include "sections/routing/route_map_digit.h"
 
 namespace tarvok::editors {
-namespace {
+namespace route_map_editor {
+
+/** "Route Map Digit" (`frmRouteMap`): digit patterns and what happens to the numbers that match. Saving sorts
+ * them and writes every row, including blank ones. */
+class RouteMapEditor : public FieldTableEditor {
+ public:
+  RouteMapEditor(const EditorContext& context, const FormName& name)
+      : FieldTableEditor(context, name, route_map_digit::kTable, Columns(this),
+                         {.rows = RowCommands::kFixed, .sort_by = {{1}, {2}, {3}}}) {
+    LayOut();
+  }
+
+ protected:
+  void Prepare(const IniText& project) override {
+    lists_ = LabelledRows(route_list::kTable);
+    offered_ = OfferedLists(project);
+  }
+  void BeforeWrite() override { Sort(true); }
+  bool IsRemoved(std::string_view /*value*/) const override { return false; }
+  bool EndsWithoutProject() const override { return true; }
+
+ private:
+  static std::vector<FieldColumn> Columns(RouteMapEditor* form);
+
+  RowNames lists_;
+  std::vector<std::string> offered_;
+};
 
 constexpr int kMostTyped = 19;
 /** The sets differ: some letters are accepted only as the first key on a cell, others only after it. */
@@ -24,8 +52,6 @@ EntryRule TimeoutRule() {
   rule.first_replaces = true;
   return rule;
 }
-
-}  // namespace
 
 std::vector<FieldColumn> RouteMapEditor::Columns(RouteMapEditor* form) {
   using namespace route_map_digit;
@@ -48,16 +74,11 @@ std::vector<FieldColumn> RouteMapEditor::Columns(RouteMapEditor* form) {
           std::move(release),
           LimitedColumn(kTimeout, "Timeout", fields[kTimeout - 1], TimeoutRule(), "cmbMask3")};
 }
+}  // namespace route_map_editor
 
-RouteMapEditor::RouteMapEditor(const EditorContext& context, const FormName& name)
-    : FieldTableEditor(context, name, route_map_digit::kTable, Columns(this),
-                       {.rows = RowCommands::kFixed, .sort_by = {{1}, {2}, {3}}}) {
-  LayOut();
-}
-
-void RouteMapEditor::Prepare(const IniText& project) {
-  lists_ = LabelledRows(route_list::kTable);
-  offered_ = OfferedLists(project);
-}
+extern const Editor kRouteMapEditor{"13 - Route Map Digit",
+                                    "routemap",
+                                    {"frmRouteMap", "Route Map Digit"},
+                                    Make<route_map_editor::RouteMapEditor>};
 
 }  // namespace tarvok::editors

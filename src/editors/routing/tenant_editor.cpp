@@ -1,44 +1,72 @@
-#include "editors/routing/tenant_editor.h"
-
 #include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
 #include <utility>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
+#include "sections/routing/tenan.h"
 #include "sections/rows.h"
 
 namespace tarvok::editors {
+namespace tenant_editor {
 
 using namespace tenan;
 
-namespace {
+/**
+ * "Tenan" (`frmTenan`): which tenant may call which, by day and by night. Each cell of a page is a control,
+ * `cell(row, column)` from 1. The buttons for rows and columns apply to a window of 16 by 16 cells; the two
+ * scroll bars set its first row and column.
+ */
+class TenantEditor : public EditorForm {
+ public:
+  TenantEditor(const EditorContext& context, const FormName& name);
+
+  bool ShowPlace(std::string_view section, int row, int field) override;
+  /** Describes a cell: "tenant 3 may call tenant 17 by day". Row and column from 1. */
+  std::string Words(int row, int column) const;
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  static constexpr int kWindow = 16;
+  using Matrix = std::array<std::array<bool, kTenants>, kTenants>;  // by row, then column, from 0
+
+  Matrix& page() { return matrix_[static_cast<std::size_t>(page_.current)]; }
+  void AddCells();
+  void AddButtons();
+  void SetCell(int row, int column, bool on);
+  void SetLine(bool is_row, int position);
+  void SetAll(bool on);
+  void Show();
+
+  std::array<Matrix, 2> matrix_{};
+  std::array<std::array<CheckBox*, kTenants>, kTenants> cells_{};
+  std::array<std::array<Button*, kWindow>, 2> line_buttons_{};  // of columns, of rows
+  std::array<std::array<bool, kWindow>, 2> line_clears_{};      // what the next click of each does
+  TabBar& page_;
+  Label& frame_;
+  ScrollBar& across_;
+  ScrollBar& down_;
+};
 
 constexpr std::string_view kPages[] = {"Day", "Night"};
 constexpr std::string_view kPageWords[] = {"by day", "by night"};
 /** By page: the tables of the lower and the upper columns. */
 constexpr const Table* kHalves[][2] = {{&kDayTable, &kDayHighTable}, {&kNightTable, &kNightHighTable}};
 
-Control ScrollBar(std::string name, std::string caption, int high) {
-  return {.id = {std::move(name)},
-          .kind = ControlKind::kScroll,
-          .caption = std::move(caption),
-          .current = 0,
-          .high = high,
-          .data = false};
-}
-
-}  // namespace
-
 TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name),
-      page_(Add({.id = {"tbsTenan"},
-                 .kind = ControlKind::kTabs,
-                 .caption = "Day or night",
-                 .entries = {std::string(kPages[0]), std::string(kPages[1])},
-                 .current = 0,
-                 .data = false})),
+      page_(
+          AddEntries<TabBar>({"tbsTenan"}, "Day or night", {std::string(kPages[0]), std::string(kPages[1])})),
       frame_(AddLabel({"Frame1"}, {})),
-      across_(Add(ScrollBar("HScroll1", "First column", kTenants - kWindow))),
-      down_(Add(ScrollBar("VScroll1", "First row", kTenants - kWindow))) {
-  for (Control* control : {&page_, &across_, &down_}) control->changed = [this] { Show(); };
+      across_(AddScrollBar({"HScroll1"}, "First column", kTenants - kWindow)),
+      down_(AddScrollBar({"VScroll1"}, "First row", kTenants - kWindow)) {
+  for (Control* control : std::initializer_list<Control*>{&page_, &across_, &down_})
+    control->changed = [this] { Show(); };
   AddCells();
   AddButtons();
   Control& set_all = AddButton("cmdSetAll", "Set A&ll", [this] { SetAll(true); });
@@ -53,7 +81,7 @@ TenantEditor::TenantEditor(const EditorContext& context, const FormName& name)
 void TenantEditor::AddCells() {
   for (int row = 1; row <= kTenants; ++row) {
     for (int column = 1; column <= kTenants; ++column) {
-      Control& cell = AddCheck({"cell", row, column}, {});
+      CheckBox& cell = AddCheck({"cell", row, column}, {});
       cells_[static_cast<std::size_t>(row) - 1][static_cast<std::size_t>(column) - 1] = &cell;
       cell.changed = [this, row, column, &cell] { SetCell(row, column, cell.on); };
     }
@@ -63,8 +91,7 @@ void TenantEditor::AddCells() {
 void TenantEditor::AddButtons() {
   for (const bool is_row : {false, true}) {
     for (int i = 0; i < kWindow; ++i) {
-      Control& button =
-          AddButton(is_row ? "cmdRow" : "cmdCol", {}, [this, is_row, i] { SetLine(is_row, i); });
+      Button& button = AddButton(is_row ? "cmdRow" : "cmdCol", {}, [this, is_row, i] { SetLine(is_row, i); });
       button.id.index = i;
       line_buttons_[is_row ? 1 : 0][static_cast<std::size_t>(i)] = &button;
     }
@@ -165,5 +192,10 @@ bool TenantEditor::ShowPlace(std::string_view section, int row, int /*field*/) {
   }
   return false;
 }
+
+}  // namespace tenant_editor
+
+extern const Editor kTenantEditor{
+    "12 - Tenan", "tenan", {"frmTenan", "Tenan"}, Make<tenant_editor::TenantEditor>};
 
 }  // namespace tarvok::editors

@@ -1,16 +1,51 @@
-#include "editors/system/billing_mode_editor.h"
-
 #include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/rows.h"
 #include "sections/system/billing_mode.h"
 
 namespace tarvok::editors {
-namespace {
+namespace billing_mode_editor {
 
 using namespace billing_mode;
+
+/** "Billing Mode" (`frmBillingMode`): how calls are charged, and the country, which decides local codes and
+ * the unit. */
+class BillingModeEditor : public EditorForm {
+ public:
+  BillingModeEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Load(const IniText& project) override;
+  bool MaySave() override;
+  void Write(IniEdit& project) override;
+
+ private:
+  FormLayout CountryGroup();
+  FormLayout AmountField(int field);
+  FormLayout Switches(std::string title, const std::vector<int>& fields);
+  std::string ValidCountry(const IniText& project);
+  void FillCountries(std::string_view country);
+  void ShowCountry();
+  std::string CountryNumber() const;
+  std::string LocalCode() const;
+  std::string FieldOf(int field);
+  TextBox& BoxOf(int field);
+  CheckBox& SwitchOf(int field);
+
+  ComboBox* country_;
+  ComboBox* local_code_;
+  std::vector<Label*> units_;         // that name the currency
+  std::vector<std::string> numbers_;  // by entry of the countries
+  std::string loaded_country_;
+  std::string shown_country_;
+};
 
 constexpr std::string_view kCountrySection = "Country";
 constexpr std::string_view kCountKey = "Cnt";
@@ -101,12 +136,10 @@ EntryRule RuleOf(Kind kind) {
 
 /** A label as shown on the screen; a percentage has its sign after the box instead. */
 std::string ScreenLabel(int field) {
-  std::string name(kTable.fields[static_cast<std::size_t>(field) - 1].name);
+  std::string name(StatementOf(kTable, field).name);
   if (name.ends_with(" %")) name.resize(name.size() - 2);
   return field == kLocalTime ? name + ":" : name + " :";
 }
-
-}  // namespace
 
 BillingModeEditor::BillingModeEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
@@ -132,41 +165,45 @@ BillingModeEditor::BillingModeEditor(const EditorContext& context, const FormNam
 }
 
 FormLayout BillingModeEditor::CountryGroup() {
-  country_ = &AddCombo({"cmbCountry"}, "", {});
+  country_ = &AddEntries<ComboBox>({"cmbCountry"}, "", {});
   country_->changed = [this] {
     // Choosing the same country again changes nothing: its local code stays.
     if (CountryNumber() != shown_country_) ShowCountry();
   };
-  local_code_ = &AddCombo({"cmbLocalCode"}, "", {});
+  local_code_ = &AddEntries<ComboBox>({"cmbLocalCode"}, "", {});
   return layout::Group("Country", {layout::Field("Country :", *country_),
                                    layout::Field(LabelOf(kTable, kLocalCode), *local_code_)});
 }
 
 FormLayout BillingModeEditor::AmountField(int field) {
   const Place& place = PlaceOf(field);
-  Control& box = AddText(IdOf(place), "", RuleOf(place.kind));
+  TextBox& box = AddText(IdOf(place), "", RuleOf(place.kind));
   box.entered = [&box] { box.selected = box.text == kUnset; };
   if (place.kept != kNoIndex) {
-    Control& kept = AddText({"Text1", place.kept}, "", {});
+    TextBox& kept = AddText({"Text1", place.kept}, "", {});
     kept.visible = false;
     box.changed = [&box, &kept] { kept.text = box.text; };
   }
   if (!place.unit.empty()) return layout::Field(ScreenLabel(field), box, std::string(place.unit));
-  return layout::Field(ScreenLabel(field), box, AddLabel({"lblUnit", field}, ""));
+  units_.push_back(&AddLabel({"lblUnit", field}, ""));
+  return layout::Field(ScreenLabel(field), box, *units_.back());
 }
 
 FormLayout BillingModeEditor::Switches(std::string title, const std::vector<int>& fields) {
   std::vector<FormLayout> parts;
   parts.reserve(fields.size());
   for (const int field : fields) {
-    parts.push_back(layout::Of(AddCheck(
-        IdOf(PlaceOf(field)), std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name))));
+    parts.push_back(layout::Of(AddCheck(IdOf(PlaceOf(field)), std::string(StatementOf(kTable, field).name))));
   }
   return layout::Group(std::move(title), std::move(parts));
 }
 
-Control& BillingModeEditor::BoxOf(int field) {
-  return *Find(IdOf(PlaceOf(field)));
+TextBox& BillingModeEditor::BoxOf(int field) {
+  return *Find<TextBox>(IdOf(PlaceOf(field)));
+}
+
+CheckBox& BillingModeEditor::SwitchOf(int field) {
+  return *Find<CheckBox>(IdOf(PlaceOf(field)));
 }
 
 /** The country's number. If the system file does not have it, the first country is used and saved at once. */
@@ -216,9 +253,7 @@ void BillingModeEditor::ShowCountry() {
     local_code_->current = 0;
   }
   const std::string_view unit = system->Get(section, kUnitKey);
-  for (Control& control : controls()) {
-    if (control.id.name == "lblUnit") control.text = unit;
-  }
+  for (Label* label : units_) label->text = unit;
 }
 
 void BillingModeEditor::Load(const IniText& project) {
@@ -230,13 +265,13 @@ void BillingModeEditor::Load(const IniText& project) {
   if (code >= 1 && code <= static_cast<std::int64_t>(local_code_->entries.size()))
     local_code_->current = static_cast<int>(code) - 1;
   for (const Place& place : kPlaces) {
-    Control& box = BoxOf(place.field);
     if (place.kind == Kind::kFlag) {
-      box.on = Val(fields[place.field]) != 0;
+      SwitchOf(place.field).on = Val(fields[place.field]) != 0;
       continue;
     }
+    TextBox& box = BoxOf(place.field);
     box.text = fields[place.field];
-    if (place.kept != kNoIndex) Find({"Text1", place.kept})->text = box.text;
+    if (place.kept != kNoIndex) Find<TextBox>({"Text1", place.kept})->text = box.text;
   }
 }
 
@@ -249,8 +284,8 @@ std::string BillingModeEditor::LocalCode() const {
 bool BillingModeEditor::MaySave() {
   for (const Place& place : kPlaces) {
     if (place.kind != Kind::kPercent && place.kind != Kind::kAmount) continue;
-    Control& box = BoxOf(place.field);
-    const Field& statement = kTable.fields[static_cast<std::size_t>(place.field) - 1];
+    TextBox& box = BoxOf(place.field);
+    const Field& statement = StatementOf(kTable, place.field);
     std::string wrong;
     if (box.text == ".") {
       wrong = " is not an amount.";
@@ -267,10 +302,10 @@ bool BillingModeEditor::MaySave() {
 
 std::string BillingModeEditor::FieldOf(int field) {
   const Place& place = PlaceOf(field);
-  const Control& box = BoxOf(field);
-  if (place.kind == Kind::kFlag) return std::string(FlagText(box));
+  if (place.kind == Kind::kFlag) return std::string(FlagText(SwitchOf(field)));
+  const TextBox& box = BoxOf(field);
   if (box.text.empty()) return "0";
-  if (place.kind == Kind::kPercent) return Find({"Text1", place.kept})->text;
+  if (place.kind == Kind::kPercent) return Find<TextBox>({"Text1", place.kept})->text;
   return place.kind == Kind::kAmount ? AtMost(box.text, kHighestAmount) : AtMost(box.text, kHighestWhole);
 }
 
@@ -280,5 +315,13 @@ void BillingModeEditor::Write(IniEdit& project) {
   project.Set(kTable.section, kTable.key, list);
   project.Set(kCountry.section, kCountry.key, CountryNumber());
 }
+
+}  // namespace billing_mode_editor
+
+extern const Editor kBillingModeEditor{.text = "24 - Billing Mode",
+                                       .key = "billingmode",
+                                       .name = {"frmBillingMode", "Billing Mode"},
+                                       .make = Make<billing_mode_editor::BillingModeEditor>,
+                                       .needs_system_file = true};
 
 }  // namespace tarvok::editors

@@ -1,18 +1,47 @@
-#include "editors/system/pabx_mode_editor.h"
-
 #include <array>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "editing/editor_form.h"
+#include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/ports/assign.h"
 #include "sections/rows.h"
 #include "sections/system/pabx_mode.h"
 
 namespace tarvok::editors {
-namespace {
+namespace pabx_mode_editor {
 
 using namespace pabx_mode;
+
+/** "PABX Mode" (`frmPABXMode`): switches for the whole exchange. `Check1` are the flags, `Option1(0)` and (1)
+ * the manual mode, `Option1(2)` and (3) the target of busy DID calls. */
+class PabxModeEditor : public EditorForm {
+ public:
+  PabxModeEditor(const EditorContext& context, const FormName& name);
+
+ protected:
+  void Load(const IniText& project) override;
+  void Write(IniEdit& project) override;
+
+ private:
+  void AddFlags();
+  void FillNumbers(const IniText& project);
+  /** Shows or hides the controls that depend on other switches. */
+  void Follow();
+  CheckBox& Flag(int field);
+
+  Option* day_;
+  Option* night_;
+  Option* message_;
+  Option* number_;
+  ComboBox* numbers_;
+  TextBox* limit_;
+  ComboBox* revision_;
+  std::vector<std::string> ports_;  // by entry of cmbNum: the port of its number row
+};
 
 /** The flag fields and the indices of their boxes. */
 constexpr std::pair<int, int> kFlags[] = {
@@ -21,29 +50,27 @@ constexpr std::pair<int, int> kFlags[] = {
     {kVmCheckMapDigit, 9}, {kCheckClassMemory, 10}, {kOnCoWhenX, 11},     {kDidBusyTransfer, 12},
     {kPrintWakeup, 13},    {kTrunkToTrunk, 14},     {kIntrusionTone, 15}};
 constexpr int kHighestLimit = 254;
-constexpr std::string_view kPortType = "0";
 
 bool FitsLimit(std::string_view text, char key) {
   return !text.empty() || key != '0';
 }
 
-}  // namespace
-
 PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& name)
     : EditorForm(context, name) {
   AddFlags();
   const auto shown = [](int field, std::size_t choice) {
-    return std::string(kTable.fields[static_cast<std::size_t>(field) - 1].choices[choice].shown);
+    return std::string(StatementOf(kTable, field).choices[choice].shown);
   };
   day_ = &AddOption({"Option1", 0}, shown(kManualMode, 0), 0);
   night_ = &AddOption({"Option1", 1}, shown(kManualMode, 1), 0);
   message_ = &AddOption({"Option1", 2}, shown(kTransferTarget, 1), 1);
   number_ = &AddOption({"Option1", 3}, shown(kTransferTarget, 0), 1);
-  numbers_ = &AddCombo({"cmbNum"}, "Extention Number", {});
+  numbers_ = &AddEntries<ComboBox>({"cmbNum"}, "Extention Number", {});
   EntryRule limit = AnyDigits();
   limit.fits = FitsLimit;
   limit_ = &AddText({"txtT2T"}, "", limit);
-  revision_ = &AddCombo({"cmbRevision"}, "", {shown(kPowerRevision, 0), shown(kPowerRevision, 1)});
+  revision_ =
+      &AddEntries<ComboBox>({"cmbRevision"}, "", {shown(kPowerRevision, 0), shown(kPowerRevision, 1)});
   const auto boxes = [&](std::initializer_list<int> fields) {
     std::vector<FormLayout> parts;
     for (const int field : fields) parts.push_back(layout::Of(Flag(field)));
@@ -74,18 +101,17 @@ PabxModeEditor::PabxModeEditor(const EditorContext& context, const FormName& nam
 
 void PabxModeEditor::AddFlags() {
   for (const auto& [field, index] : kFlags) {
-    Control& box =
-        AddCheck({"Check1", index}, std::string(kTable.fields[static_cast<std::size_t>(field) - 1].name));
+    CheckBox& box = AddCheck({"Check1", index}, std::string(StatementOf(kTable, field).name));
     box.changed = [this] { Follow(); };
   }
 }
 
-Control& PabxModeEditor::Flag(int field) {
+CheckBox& PabxModeEditor::Flag(int field) {
   int index = 0;
   for (const auto& [flag, box] : kFlags) {
     if (flag == field) index = box;
   }
-  return *Find({"Check1", index});
+  return *Find<CheckBox>({"Check1", index});
 }
 
 void PabxModeEditor::Follow() {
@@ -141,5 +167,10 @@ void PabxModeEditor::Write(IniEdit& project) {
   for (const std::string& field : fields) list.append(list.empty() ? "" : "|").append(field);
   project.Set(kTable.section, kTable.key, list);
 }
+
+}  // namespace pabx_mode_editor
+
+extern const Editor kPabxModeEditor{
+    "23 - PABX Mode", "pabxmode", {"frmPABXMode", "PABX Mode"}, Make<pabx_mode_editor::PabxModeEditor>};
 
 }  // namespace tarvok::editors

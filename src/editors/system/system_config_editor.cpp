@@ -2,15 +2,17 @@
 
 #include <algorithm>
 
+#include "editors/editors.h"
 #include "editors/field_columns.h"
-#include "editors/system/system_forms.h"
+#include "editors/system/box_values.h"
 #include "sections/rows.h"
 #include "sections/system/system_numbers.h"
 
 namespace tarvok::editors {
-namespace {
-
+namespace system_config_editor {
 using namespace system_times;
+
+namespace {
 
 constexpr std::string_view kNoTime = "0000";
 constexpr std::string_view kOverLimitWeekend = "Over limit weekend";
@@ -63,23 +65,18 @@ FormLayout SystemConfigEditor::TimeGroup() {
   std::vector<std::string> names;
   names.reserve(kWeekdays);
   for (const Table& weekday : kWeekdayTables) names.emplace_back(weekday.row_name);
-  tabs_ = &Add({.id = {"tbsTimeZone"},
-                .kind = ControlKind::kTabs,
-                .caption = "Weekday",
-                .entries = std::move(names),
-                .current = 0,
-                .data = false,
-                .changed = [this] {
-                  for (Control* box : {day_time_, night_time_}) {
-                    if (box->text.empty()) box->text = kNoTime;
-                  }
-                  KeepWeekday();
-                  weekday_ = tabs_->current;
-                  ShowWeekday();
-                }});
+  tabs_ = &AddEntries<TabBar>({"tbsTimeZone"}, "Weekday", std::move(names));
+  tabs_->changed = [this] {
+    for (TextBox* box : {day_time_, night_time_}) {
+      if (box->text.empty()) box->text = kNoTime;
+    }
+    KeepWeekday();
+    weekday_ = tabs_->current;
+    ShowWeekday();
+  };
   day_time_ = &AddText({"txtDayTime"}, "", TimeRule());
   night_time_ = &AddText({"txtNightTime"}, "", TimeRule());
-  for (Control* box : {day_time_, night_time_}) box->changed = [this] { KeepWeekday(); };
+  for (TextBox* box : {day_time_, night_time_}) box->changed = [this] { KeepWeekday(); };
   const auto label = [](int field) { return LabelOf(kWeekdayTables[0], field); };
   return layout::Group(
       "Setup Time",
@@ -92,8 +89,8 @@ FormLayout SystemConfigEditor::TimeGroup() {
 FormLayout SystemConfigEditor::NumberGroup() {
   voice_mail_ = &AddText({"txtVM"}, "", DigitsRule(6));
   record_ = &AddText({"txtRecord"}, "", DigitsRule(6));
-  card_ = &AddCombo({"cmbCard"}, "", Numbers(system_numbers::kMusicCard));
-  port_ = &AddCombo({"cmbPort"}, "", Numbers(system_numbers::kMusicPort));
+  card_ = &AddEntries<ComboBox>({"cmbCard"}, "", Numbers(system_numbers::kMusicCard));
+  port_ = &AddEntries<ComboBox>({"cmbPort"}, "", Numbers(system_numbers::kMusicPort));
   return layout::Column(
       {layout::Group("Voice Mail", {layout::Field("Voice Mail Number :", *voice_mail_),
                                     layout::Field("Record Number :", *record_)}),
@@ -103,10 +100,10 @@ FormLayout SystemConfigEditor::NumberGroup() {
 }
 
 FormLayout SystemConfigEditor::HolidayGroup() {
-  list_ = &AddList({"ListView1"}, "Holidays, month and day", {});
+  list_ = &AddEntries<ListBox>({"ListView1"}, "Holidays, month and day", {});
   list_->changed = [this] { ShowHoliday(); };
-  month_ = &AddCombo({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
-  day_ = &AddCombo({"cmbDay"}, "", NumberedEntries(1, 31, 2));
+  month_ = &AddEntries<ComboBox>({"cmbMonth"}, "", NumberedEntries(1, 12, 2));
+  day_ = &AddEntries<ComboBox>({"cmbDay"}, "", NumberedEntries(1, 31, 2));
   month_->data = day_->data = false;  // they are only input for the buttons
   month_->current = day_->current = 0;
   Control& add = AddButton("cmdHAdd", "A&dd", [this] { AddMember(); });
@@ -167,7 +164,7 @@ void SystemConfigEditor::ShowHoliday() {
   const FieldList fields(list_->current < 0
                              ? std::string_view()
                              : std::string_view(holidays_[static_cast<std::size_t>(list_->current)]));
-  const auto choose = [](Control& list, std::string_view text) {
+  const auto choose = [](ComboBox& list, std::string_view text) {
     const int before = list.current;
     list.Choose(text);
     if (list.current == kNoIndex) list.current = before;
@@ -259,5 +256,12 @@ void SystemConfigEditor::Write(IniEdit& project) {
                 used ? std::string_view(holidays_[static_cast<std::size_t>(row) - 1]) : std::string_view());
   }
 }
+
+}  // namespace system_config_editor
+
+extern const Editor kSystemConfigEditor{"21 - System Configuration",
+                                        "systemconfig",
+                                        {"frmSystemConfig", "System Configuration"},
+                                        Make<system_config_editor::SystemConfigEditor>};
 
 }  // namespace tarvok::editors

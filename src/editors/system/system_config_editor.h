@@ -9,7 +9,7 @@
 #include "editors/uses.h"
 #include "sections/system/system_times.h"
 
-namespace tarvok::editors {
+namespace tarvok::editors::system_config_editor {
 
 /** "System Configuration" (`frmSystemConfig`): when day and night start, the voice mail and record numbers,
  * the music source, and the holidays. */
@@ -52,19 +52,19 @@ class SystemConfigEditor : public EditorForm {
   void RemoveMember();
   std::string ChosenDay() const;
 
-  Control* tabs_;
-  Control* day_time_;
-  Control* night_time_;
-  Control* voice_mail_;
-  Control* record_;
-  Control* card_;
-  Control* port_;
-  Control* list_;
-  Control* month_;
-  Control* day_;
+  TabBar* tabs_;
+  TextBox* day_time_;
+  TextBox* night_time_;
+  TextBox* voice_mail_;
+  TextBox* record_;
+  ComboBox* card_;
+  ComboBox* port_;
+  ListBox* list_;
+  ComboBox* month_;
+  ComboBox* day_;
   std::array<Weekday, kWeekdays> week_;
   int weekday_ = 0;                    // the weekday whose times are shown
   std::vector<std::string> holidays_;  // each as "month|day"
 };
 
-}  // namespace tarvok::editors
+}  // namespace tarvok::editors::system_config_editor

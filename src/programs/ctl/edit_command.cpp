@@ -9,7 +9,6 @@
 #include <sstream>
 
 #include "editing/form_script.h"
-#include "editing/table_form.h"
 #include "editors/editors.h"
 #include "programs/ctl/exit_status.h"
 #include "programs/ctl/project_commands.h"
@@ -32,14 +31,13 @@ std::string TerminalLine(std::string_view line) {
 
 /** Prints the cells that a paste or a menu entry left out, one line each, to standard error. */
 void TellRefused(EditorForm& form) {
-  auto* table = dynamic_cast<TableForm*>(&form);
+  TableEditor* table = form.table();
   if (table == nullptr) return;
-  for (const Refusal& refused : table->refused()) {
+  for (const Refusal& refused : std::exchange(table->refused, {})) {
     std::cerr << "tarvokctl: left out: row " << refused.row << ", "
-              << ToUtf8(table->table()->column(refused.column).title) << ": \"" << ToUtf8(refused.text)
-              << "\" " << refused.why << '\n';
+              << ToUtf8(table->column(refused.column).title) << ": \"" << ToUtf8(refused.text) << "\" "
+              << refused.why << '\n';
   }
-  table->Note({});
 }
 
 /** Runs the lines until one is invalid. */

@@ -10,7 +10,7 @@
 #include "programs/ctl/terminal_text.h"
 #include "programs/uses.h"
 #include "project/check.h"
-#include "project/difference_words.h"
+#include "project/difference_line.h"
 #include "sections/registry.h"
 #include "store/header_keys.h"
 #include "store/history.h"

@@ -1,6 +1,7 @@
 // The routing editors with plain tables: routes, route map, incoming lists, E1 links and numbering.
 
 #include "editing/table_form.h"
+#include "editing/table_operations.h"
 #include "tests/editors/editor_bench.h"
 #include "tests/floors.h"
 
@@ -37,15 +38,14 @@ TEST(RouteMapEditor, AcceptsPatternsInEitherCase) {
   EXPECT_EQ(digits(11) + " " + digits(12) + " " + digits(13), "5U2 P1X CLZNW:");
   auto& table = *bench.editor->table();
   EXPECT_EQ(digits(20), "P1");
-  auto& form = dynamic_cast<TableForm&>(*bench.editor);
-  ASSERT_EQ(form.refused().size(), 1U);
-  EXPECT_EQ(form.refused()[0].why, "can contain \"P\" only at the start");
+  ASSERT_EQ(bench.editor->table()->refused.size(), 1U);
+  EXPECT_EQ(bench.editor->table()->refused[0].why, "can contain \"P\" only at the start");
   table.GoTo(12, 1);
   table.SelectTo(13, 1);
-  EXPECT_THAT(table.FillDown(), IsEmpty());
+  EXPECT_THAT(FillDown(table), IsEmpty());
   EXPECT_EQ(digits(13), "P1X");
   std::vector<Refusal> refused;
-  EXPECT_EQ(table.ReplaceAll("1x", "U2", refused), 3);
+  EXPECT_EQ(ReplaceAll(table, "1x", "U2", refused), 3);
   EXPECT_THAT(refused, IsEmpty());
   EXPECT_EQ(digits(6), "PU2");
   bench.Go("go 30 Digit\ntype U\ngo 31 Digit\ntype 5U2\n");

@@ -158,6 +158,14 @@ TEST(SystemEditors, TimesOfTheWeek) {
              "card=20\n");  // not in the list, but kept
 }
 
+TEST(SystemEditors, OneTabIsAlwaysChosen) {
+  for (const auto& [form, tabs] : {std::pair("frmSystemConfig", "tbsTimeZone"), {"frmTenan", "tbsTenan"}}) {
+    EditorBench bench;
+    const std::string name(tabs);
+    EXPECT_THAT(bench.Run(form, "focus " + name + "\npick\nvalue " + name + "\n"), ElementsAre("0"));
+  }
+}
+
 TEST(SystemEditors, Holidays) {
   ExpectEdit("frmSystemConfig", "[SystemConfig]\nW03=12|25|\nW05=1|6\nW07=18|F\n",
              "list ListView1\nfocus cmbMonth\npick 01\nfocus cmbDay\npick 06\nclick cmdHAdd\n"
@@ -173,7 +181,7 @@ TEST(SystemEditors, RefusesTheFiftyFirstHoliday) {
   for (int row = 1; row <= 50; ++row) rows += "W" + Padded(row, 2) + "=02|" + Padded(row, 2) + "\n";
   EditorBench bench(rows);
   EXPECT_THAT(bench.Run("frmSystemConfig", "click cmdHAdd\n"), ElementsAre("box: Over limit weekend"));
-  auto& form = dynamic_cast<SystemConfigEditor&>(*bench.editor);
+  auto& form = dynamic_cast<system_config_editor::SystemConfigEditor&>(*bench.editor);
   form.TurnHoliday(2, 29);
   EXPECT_EQ(form.Holidays().size(), 49U);
   form.TurnHoliday(2, 29);

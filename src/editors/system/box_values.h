@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "editing/editor_form.h"
+#include "editors/field_columns.h"
 #include "editors/uses.h"
 #include "sections/table.h"
 #include "store/field_list.h"
@@ -14,7 +15,7 @@ namespace tarvok::editors {
 
 /** A field's name as the label of its control. */
 inline std::string LabelOf(const Table& table, int field) {
-  return std::string(table.fields[static_cast<std::size_t>(field) - 1].name) + " :";
+  return std::string(StatementOf(table, field).name) + " :";
 }
 
 /** Any number of digits. */
@@ -29,7 +30,7 @@ inline std::string AtMost(std::string_view typed, int highest) {
 }
 
 /** "1" if the box is on, "0" otherwise. */
-inline std::string_view FlagText(const Control& box) {
+inline std::string_view FlagText(const Switch& box) {
   return box.on ? "1" : "0";
 }
 

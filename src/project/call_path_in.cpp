@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "project/path_nodes.h"
+#include "project/row_in_words.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/boss.h"
 #include "sections/ports/hunt_group.h"

@@ -1,4 +1,4 @@
-#include "project/difference_words.h"
+#include "project/difference_line.h"
 
 namespace tarvok::project {
 namespace {

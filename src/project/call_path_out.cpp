@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "project/path_nodes.h"
+#include "project/row_in_words.h"
 #include "sections/ports/port_def.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/route.h"

@@ -1,4 +1,4 @@
-#include "project/difference_rows.h"
+#include "project/row_matches.h"
 
 #include <algorithm>
 #include <map>
