@@ -13,6 +13,8 @@ namespace tarvok::store {
  * requires. Leading zeros are dropped, as are trailing zeros of the fraction and a point at the very end; if
  * nothing is left, the result is "0". Returns "" for a base out of range, an empty text, or a character that
  * is not a digit of the base.
+ *
+ * No program needs it today; the set of number conversions is complete on purpose.
  */
 std::string ConvertBase(std::string_view digits, int from, int to, char point);
 

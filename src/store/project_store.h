@@ -31,7 +31,8 @@ class ProjectStore {
   /** Writes key=value, creating section and file if necessary. An empty value writes an empty key. */
   Status SetIniValue(const std::string& file, std::string_view section, std::string_view key,
                      std::string_view value);
-  /** Removes the key. A missing file, section or key is not an error, and nothing is created. */
+  /** Removes the key. A missing file, section or key is not an error, and nothing is created. Programs
+   * delete through Update; this and DeleteIniSection complete the single calls. */
   Status DeleteIniKey(const std::string& file, std::string_view section, std::string_view key);
   Status DeleteIniSection(const std::string& file, std::string_view section);
 

@@ -9,7 +9,8 @@ namespace tarvok::store {
 /** Upper-case hexadecimal without leading zeros; 0 gives "0". */
 std::string DecToHex(std::uint64_t value);
 
-/** Binary text, highest bit first, without padding; but 0 gives "0000". */
+/** Binary text, highest bit first, without padding; but 0 gives "0000". No program needs it today, like
+ * ConvertBase. */
 std::string DecToBin(std::uint64_t value);
 
 /**

@@ -10,11 +10,11 @@
 
 #include "desktop/forms/pictures.h"
 #include "desktop/look/colours.h"
+#include "sections/routing/tenan.h"
 
 namespace tarvok::desktop {
 namespace {
 
-constexpr int kTenants = 32;
 constexpr int kWindow = 16;
 constexpr int kBlock = kWindow + 1;  // a header and its cells
 constexpr int kSmallestCell = 15;
