@@ -16,6 +16,9 @@ UNPACED = 4_000_000
 READY_S = 30
 # A load pauses this long before it requests a section; no other turn of ours takes nearly as long.
 PAUSE_US = 100_000
+# The link layer ticks this often, and a mini bar load asks for one record a tick.
+TICK_US = 10_000
+MINI_BAR_RECORDS = 512
 # Speed and one-way delay in us of the lines that run alone, and the number of runs: the fastest ones suffer from
 # any other load on the machine, so they run repeatedly, in turns, and the median counts.
 ALONE = {(115_200, 0): 3, (115_200, 500): 3, (57_600, 0): 1}
@@ -24,9 +27,11 @@ SIDE_BY_SIDE = ((9_600, 0), (19_200, 0), (115_200, 10_000), (115_200, 50_000))
 
 def wait_until_ready(process):
     readable, _, _ = select.select([process.stdout], [], [], READY_S)
-    if not readable or not process.stdout.readline().startswith("ready"):
+    line = process.stdout.readline() if readable else ""
+    if not line.startswith("ready"):
         process.kill()
         raise NotMeasured(f"{pathlib.Path(process.args[0]).name} is not ready after {READY_S} s")
+    return line
 
 
 class Line:
@@ -248,6 +253,27 @@ def rows_of(sessions, results):
                                 {key[2:]: passed for key, passed in results.items() if key[:2] == (bps, delay_us)})
 
 
+def wait_rows(bench):
+    """Sessions on loopback, where all the time is prescribed pauses."""
+    folder = bench.new_folder()
+    project = folder / "hotel.tvk"
+    shutil.copy(HOTEL, project)
+    exchange = subprocess.Popen([bench.bin / "tarvok-exchange", "--version", "110", "--store", folder / "store", "--password",
+                                 PASSWORD, "--lan", "0"], stdout=subprocess.PIPE, text=True)
+    try:
+        port = wait_until_ready(exchange).rsplit(":", 1)[1].strip()
+        for key, value in (("By", "4"), ("IPHost", "127.0.0.1"), ("IPPort", port)):
+            bench.ctl("set", project, "Chk_Tarvok", key, value)
+        first, second, mini_bar = (float(line.split()[1]) / 1000 for line in
+                                   bench.run("load_twice", project, limit_s=60, TMPDIR=folder).splitlines())
+    finally:
+        exchange.terminate()
+        exchange.communicate()
+    yield Row("a second load over one connection", second, "the first load", first, "s", at_most=1.02)
+    yield Row("a mini bar load on loopback", mini_bar, f"{MINI_BAR_RECORDS} prescribed ticks",
+              MINI_BAR_RECORDS * TICK_US / 1e6, "s", at_most=1.05)
+
+
 def middle(runs):
     """The run with the median time, or the first one that failed."""
     failed = [run for run in runs if isinstance(run, Failed)]
@@ -285,6 +311,7 @@ def or_the_reason(what, make):
 
 def rows(bench):
     """Fast lines, one after the other."""
+    yield from or_the_reason("sessions on loopback", lambda: wait_rows(bench))
     yield from or_the_reason("fast lines", lambda: fast_rows(bench, {(115_200, 0): 1} if bench.quick else ALONE))
 
 
