@@ -98,14 +98,11 @@ TEST(EditorPage, CancelAsksAndTheTableMenuBelongsToTheOpenPage) {
   desk.GoTo(1, 1);
   QTest::keyClick(desk.Table(), Qt::Key_Delete);
   std::vector<std::string> texts;
-  const auto look_away = [] {
-    QWidget* box = QApplication::activeModalWidget();
-    if (box == nullptr) return false;
-    QTest::keyClick(box, Qt::Key_Escape);
-    box->close();
-    return true;
+  const auto look_away = [](QWidget& box) {
+    QTest::keyClick(&box, Qt::Key_Escape);
+    box.close();
   };
-  Script answer({look_away, AnswerBox(QMessageBox::No, &texts)});
+  Script answer({In("box", look_away), AnswerBox(QMessageBox::No, &texts)});
   desk.Click("cmdCancel");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(testing::StartsWith("Data was change if you closed this windows")));
@@ -173,14 +170,11 @@ TEST(EditorPage, RowsAreFilteredReplacedAndJumpToTheirReferences) {
   desk.window->activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(desk.window.get()));
   desk.Table()->setFocus();
-  Script go({[] {
-    auto* dialog = qobject_cast<QDialog*>(Modal("UsedBy"));
-    if (dialog == nullptr) return false;
-    auto* list = dialog->findChild<QListWidget*>(QStringLiteral("UsedByList"));
+  Script go({In("UsedBy", [](QWidget& dialog) {
+    auto* list = dialog.findChild<QListWidget*>(QStringLiteral("UsedByList"));
     EXPECT_EQ(list->count(), 1);
     QTest::keyClick(list, Qt::Key_Return);
-    return true;
-  }});
+  })});
   QTest::keyClick(desk.Table(), Qt::Key_U, Qt::ControlModifier);
   EXPECT_TRUE(go.finished());
   QTest::qWait(1);
@@ -411,22 +405,17 @@ TEST(EditorPage, TwoWindowsOnOneProjectKeepEachOthersKeys) {
   first.Click("cmdOK");
   std::vector<std::string> texts;
   std::vector<std::string> lines;
-  const auto look = [&] {
-    QWidget* dialog = Modal("WhatChanged");
-    if (dialog == nullptr) return false;
-    const auto* list = dialog->findChild<QListWidget*>(QStringLiteral("Differences"));
+  const auto look = [&](QWidget& dialog) {
+    const auto* list = dialog.findChild<QListWidget*>(QStringLiteral("Differences"));
     for (int i = 0; i < list->count(); ++i) lines.push_back(list->item(i)->text().toStdString());
-    dialog->close();
-    return true;
+    dialog.close();
   };
-  const auto no_is_what_enter_takes = [] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return false;
-    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
-    return true;
+  const auto no_is_what_enter_takes = [](QWidget& window) {
+    const auto& box = dynamic_cast<QMessageBox&>(window);
+    EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
   };
-  Script answer(
-      {ClickIn("box", "cmdChanges"), look, no_is_what_enter_takes, AnswerBox(QMessageBox::Yes, &texts)});
+  Script answer({ClickIn("box", "cmdChanges"), In("WhatChanged", look), In("box", no_is_what_enter_takes),
+                 AnswerBox(QMessageBox::Yes, &texts)});
   second.Click("cmdOK");
   EXPECT_TRUE(answer.finished());
   EXPECT_THAT(texts, ElementsAre(HasSubstr("changed by another program")));

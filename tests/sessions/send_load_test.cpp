@@ -8,13 +8,12 @@
 #include "sessions/store_loaded.h"
 #include "store/number_text.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/session_bench.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::HasSubstr;
 
 /** The image of a section of a project, in the newest version's layout. */
 Bytes ImageOf(const Section& section, const std::string& project) {

@@ -12,12 +12,11 @@
 #include "sessions/send_config.h"
 #include "store/number_text.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/simulation/session_bench.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::HasSubstr;
 
 TEST(SideSessions, ShowMessagesAndDeliverData) {
   const std::string finished = "Send All Data Config Finished";
