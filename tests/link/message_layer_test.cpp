@@ -273,12 +273,7 @@ TEST_F(Messages, DropsInvalidMessages) {
   EXPECT_TRUE(layer.sent.empty());
 }
 
-TEST(ServerMessages, PacksEveryMessageInto129Bytes) {
-  VirtualEvents events;
-  Waits waits(events);
-  std::string logged;
-  SendLog log([&](std::string_view text) { logged += text; });
-  TransferStatistics statistics;
+TEST_F(Messages, ServerPacksEveryMessageInto129Bytes) {
   VirtualLine ends(events);
   VirtualPort& port = *ends.tool;
   PhysicalLine line(LinkMode::kServer, 0, log);
