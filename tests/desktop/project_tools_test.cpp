@@ -19,9 +19,8 @@ std::vector<std::string> Lines(const QAbstractItemView* view) {
   std::vector<std::string> lines;
   for (int row = 0; row < view->model()->rowCount(); ++row) {
     QStringList cells;
-    for (int column = 0; column < view->model()->columnCount(); ++column) {
+    for (int column = 0; column < view->model()->columnCount(); ++column)
       cells += view->model()->index(row, column).data().toString();
-    }
     lines.push_back(cells.join(QLatin1Char('|')).toStdString());
   }
   return lines;

@@ -27,12 +27,10 @@ TEST(Settings, KeepEveryByte) {
                                             "gr\xC3\xBC\xC3\x9F",
                                             "\xEF\xBB\xBF BOM",
                                             all};
-  for (std::size_t i = 0; i < kValues.size(); ++i) {
+  for (std::size_t i = 0; i < kValues.size(); ++i)
     QtSettings().Set("Recent Files", "Recent" + std::to_string(i), kValues[i]);
-  }
-  for (std::size_t i = 0; i < kValues.size(); ++i) {
+  for (std::size_t i = 0; i < kValues.size(); ++i)
     EXPECT_EQ(QtSettings().Get("Recent Files", "Recent" + std::to_string(i)), kValues[i]) << i;
-  }
   EXPECT_EQ(QtSettings().Get("Recent Files", "none"), "");
   EXPECT_TRUE(std::filesystem::exists(SettingsFile()));
 }

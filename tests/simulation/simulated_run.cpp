@@ -172,9 +172,8 @@ class Stage {
   }
 
   void FillExchange() {
-    for (const Section* section : SendPlan(run_.version)) {
+    for (const Section* section : SendPlan(run_.version))
       bench_.memory.sections()[section->number] = HotelImage(*section, run_.version);
-    }
     bench_.FillMiniBar();
   }
 
