@@ -31,32 +31,8 @@ using namespace desktop;
 
 namespace tarvok::fuzz {
 using namespace test;
-using namespace store;
-using namespace platform;
-using namespace link;
-using namespace sections;
-using namespace sessions;
-using namespace exchange;
-using namespace project;
-using namespace frame;
-using namespace editing;
-using namespace editors;
-using namespace io;
-using namespace desktop;
 }  // namespace tarvok::fuzz
 
 namespace tarvok::bench {
 using namespace test;
-using namespace store;
-using namespace platform;
-using namespace link;
-using namespace sections;
-using namespace sessions;
-using namespace exchange;
-using namespace project;
-using namespace frame;
-using namespace editing;
-using namespace editors;
-using namespace io;
-using namespace desktop;
 }  // namespace tarvok::bench

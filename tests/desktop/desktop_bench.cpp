@@ -171,6 +171,18 @@ QWidget* Modal(const char* name) {
   return (is_box ? wanted == QStringLiteral("box") : modal->objectName() == wanted) ? modal : nullptr;
 }
 
+Script::Step In(const char* modal, std::function<void(QWidget&)> act) {
+  return [modal, act = std::move(act)] {
+    QWidget* window = Modal(modal);
+    if (window != nullptr) act(*window);
+    return window != nullptr;
+  };
+}
+
+Script::Step CloseWindow(const char* modal) {
+  return In(modal, [](QWidget& window) { window.close(); });
+}
+
 Script::Step ClickIn(const char* modal, const char* control) {
   return [=] {
     auto* button = ControlOf<QAbstractButton>(modal, control);

@@ -22,13 +22,10 @@
 #include "platform/posix_file_system.h"
 #include "tests/desktop/memory_settings.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 /** Qt's event loop with a faster clock, so that waits of seconds end at once. */
 class FastEvents : public QtEventServer {
@@ -141,6 +138,10 @@ class OpenedBench : public DesktopBench {
 
 /** The active modal window if it has this name; message boxes without a name are "box". */
 QWidget* Modal(const char* name);
+/** A step: waits for the modal window with this name and passes it on. */
+Script::Step In(const char* modal, std::function<void(QWidget&)> act);
+/** A step: closes the modal window with this name by its window button. */
+Script::Step CloseWindow(const char* modal);
 /** A step: waits for the modal window with this name and clicks a control by name. */
 Script::Step ClickIn(const char* modal, const char* control);
 /** A step: waits for a message box, records its text, and presses one of its buttons. */

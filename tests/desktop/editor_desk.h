@@ -30,6 +30,13 @@ class EditorDesk : public DesktopBench {
   }
   QTableView* Table() { return Find<QTableView>("mgTest"); }
   void GoTo(int row, int column) { Table()->setCurrentIndex(Table()->model()->index(row - 1, column - 1)); }
+  /** The text of a cell, and of all cells of a column. */
+  QString Cell(int row, int column) { return Table()->model()->index(row - 1, column - 1).data().toString(); }
+  QStringList Column(int column) {
+    QStringList texts;
+    for (int row = 1; row <= Table()->model()->rowCount(); ++row) texts += Cell(row, column);
+    return texts;
+  }
   void Click(const char* button) {
     QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
     QTest::qWait(1);  // the form is deleted after the click

@@ -19,9 +19,8 @@ std::vector<std::string> Lines(const QAbstractItemView* view) {
   std::vector<std::string> lines;
   for (int row = 0; row < view->model()->rowCount(); ++row) {
     QStringList cells;
-    for (int column = 0; column < view->model()->columnCount(); ++column) {
+    for (int column = 0; column < view->model()->columnCount(); ++column)
       cells += view->model()->index(row, column).data().toString();
-    }
     lines.push_back(cells.join(QLatin1Char('|')).toStdString());
   }
   return lines;
@@ -29,13 +28,10 @@ std::vector<std::string> Lines(const QAbstractItemView* view) {
 
 /** A step: records what a label and a list of the modal window show. */
 Script::Step Note(const char* modal, const char* list, std::vector<std::string>& lines, std::string& count) {
-  return [=, &lines, &count] {
-    const QWidget* window = Modal(modal);
-    if (window == nullptr) return false;
-    lines = Lines(window->findChild<QAbstractItemView*>(QString::fromLatin1(list)));
-    count = window->findChild<QLabel*>(QStringLiteral("DifferenceCount"))->text().toStdString();
-    return true;
-  };
+  return In(modal, [=, &lines, &count](const QWidget& window) {
+    lines = Lines(window.findChild<QAbstractItemView*>(QString::fromLatin1(list)));
+    count = window.findChild<QLabel*>(QStringLiteral("DifferenceCount"))->text().toStdString();
+  });
 }
 
 /** A step: types any password, which an exchange without one accepts. */
@@ -92,11 +88,6 @@ TEST_F(ProjectTools, ALoadThatIsRefusedOrCancelledIsNotATransfer) {
     if (dialog != nullptr) dialog->reject();
     return dialog != nullptr;
   };
-  const auto leave = [] {
-    QWidget* password = Modal("frmPassword2");
-    if (password != nullptr) password->close();
-    return password != nullptr;
-  };
   const std::vector<Script::Step> begin = {ClickIn("frmMiniBarCon", "cmdLoad"), AnswerBox(QMessageBox::Yes)};
   std::vector<Script::Step> refused = begin;
   refused.insert(refused.end(),
@@ -104,7 +95,7 @@ TEST_F(ProjectTools, ALoadThatIsRefusedOrCancelledIsNotATransfer) {
   bench.Do("minibarconnect", refused);
   EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Mini Bar, from the exchange, not taken, "));
   std::vector<Script::Step> given_up = begin;
-  given_up.insert(given_up.end(), {leave, ClickIn("frmMiniBarCon", "cmdCancel")});
+  given_up.insert(given_up.end(), {CloseWindow("frmPassword2"), ClickIn("frmMiniBarCon", "cmdCancel")});
   bench.Do("minibarconnect", given_up);
   EXPECT_THAT(Text("LastTransfer"), HasSubstr("Load Mini Bar, from the exchange, cancelled, "));
   EXPECT_EQ(Bytes(), before);
@@ -129,11 +120,7 @@ TEST_F(ProjectTools, WhatWillChangeComparesWithTheLastTransfer) {
     }
     std::vector<Script::Step> steps = {ClickIn("frmConnect", "cmdWrite"), ClickIn("frmMsgBox", "cmdChanges"),
                                        Note("WhatWillChange", "Differences", lines[i], counts[i]),
-                                       [] {
-                                         QWidget* changes = Modal("WhatWillChange");
-                                         if (changes != nullptr) changes->close();
-                                         return changes != nullptr;
-                                       },
+                                       CloseWindow("WhatWillChange"),
                                        AnswerBox(i == 0 ? QMessageBox::Yes : QMessageBox::No)};
     if (i == 0) steps.insert(steps.end(), {Password(), AnswerBox(QMessageBox::Ok)});
     steps.push_back(ClickIn("frmConnect", "cmdCancel"));

@@ -43,17 +43,15 @@ class AccountDesk : public EditorDesk {
     for (int column = 0; column < kColumns; ++column) Table()->setColumnWidth(column, column_width);
     Table()->scrollTo(Table()->model()->index(0, 0));
   }
+  /** The centre of a cell; row 0 is the head of the column, column 0 the head of the row. */
   QPoint At(int row, int column) {
+    QHeaderView* rows = Table()->verticalHeader();
+    QHeaderView* columns = Table()->horizontalHeader();
+    if (column == 0) return InWindow(rows->viewport(), {5, rows->sectionViewportPosition(row - 1) + 5});
+    if (row == 0)
+      return InWindow(columns->viewport(), {columns->sectionViewportPosition(column - 1) + 20, 5});
     return InWindow(Table()->viewport(),
                     Table()->visualRect(Table()->model()->index(row - 1, column - 1)).center());
-  }
-  QPoint AtRowHead(int row) {
-    QHeaderView* head = Table()->verticalHeader();
-    return InWindow(head->viewport(), {5, head->sectionViewportPosition(row - 1) + 5});
-  }
-  QPoint AtColumnHead(int column) {
-    QHeaderView* head = Table()->horizontalHeader();
-    return InWindow(head->viewport(), {head->sectionViewportPosition(column - 1) + 20, 5});
   }
   void Press(QPoint at, Qt::KeyboardModifiers keys = {}) {
     QTest::mousePress(window->windowHandle(), Qt::LeftButton, keys, at);
@@ -62,26 +60,15 @@ class AccountDesk : public EditorDesk {
   void Release(QPoint at, Qt::KeyboardModifiers keys = {}) {
     QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, keys, at);
   }
-  void ClickAt(QPoint at, Qt::KeyboardModifiers keys = {}) {
-    Press(at, keys);
-    Release(at, keys);
-  }
-  /** Drags the mouse through the centres of these cells. */
-  void Drag(const std::vector<std::pair<int, int>>& way) {
-    Press(At(way.front().first, way.front().second));
-    for (std::size_t i = 1; i < way.size(); ++i) Move(At(way[i].first, way[i].second));
-    Release(At(way.back().first, way.back().second));
-  }
   void Keys(Qt::Key key, int times = 1, Qt::KeyboardModifiers with = {}) {
     for (int i = 0; i < times; ++i) QTest::keyClick(Table(), key, with);
   }
 
   Cells Texts() {
     Cells texts;
-    for (int row = 0; row < Table()->model()->rowCount(); ++row) {
+    for (int row = 1; row <= Table()->model()->rowCount(); ++row) {
       texts.emplace_back();
-      for (int column = 0; column < kColumns; ++column)
-        texts.back() += Table()->model()->index(row, column).data().toString();
+      for (int column = 1; column <= kColumns; ++column) texts.back() += Cell(row, column);
     }
     return texts;
   }
@@ -106,167 +93,89 @@ class AccountDesk : public EditorDesk {
   QPoint InWindow(QWidget* widget, QPoint at) { return widget->mapTo(window.get(), at); }
 };
 
+using Step = std::function<void(AccountDesk&)>;
+
+/** Drags the mouse through these cells. */
+Step Drag(std::vector<std::pair<int, int>> way, Qt::KeyboardModifiers with = {}) {
+  return [=](AccountDesk& desk) {
+    const auto at = [&](std::size_t i) { return desk.At(way[i].first, way[i].second); };
+    desk.Press(at(0), with);
+    for (std::size_t i = 1; i < way.size(); ++i) desk.Move(at(i));
+    desk.Release(at(way.size() - 1), with);
+  };
+}
+Step Click(int row, int column, Qt::KeyboardModifiers with = {}) {
+  return Drag({{row, column}}, with);
+}
+Step Keys(Qt::Key key, int times = 1, Qt::KeyboardModifiers with = {}) {
+  return [=](AccountDesk& desk) { desk.Keys(key, times, with); };
+}
+void MakeColumnsWide(AccountDesk& desk) {
+  desk.LayOutTable(320);
+}
+void OpenMenu(AccountDesk& desk) {
+  QTimer closes_menu;
+  QObject::connect(&closes_menu, &QTimer::timeout, [] {
+    if (QWidget* menu = QApplication::activePopupWidget(); menu != nullptr) menu->close();
+  });
+  closes_menu.start(1);
+  QTest::mousePress(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
+  QTest::mouseRelease(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
+  QApplication::setActiveWindow(desk.window.get());  // the menu had taken the activation
+}
+
+constexpr auto kShift = Qt::ShiftModifier;
+constexpr auto kCtrl = Qt::ControlModifier;
+
 struct Gesture {
   const char* what;
-  std::function<void(AccountDesk&)> make;
+  std::vector<Step> steps;
   std::vector<int> shown;  // top, left, bottom, right
 };
 
 const Gesture kGestures[] = {
-    {"down",
-     [](AccountDesk& desk) {
-       desk.Drag({{1, 1}, {2, 1}, {3, 1}});
-     },
-     {1, 1, 3, 1}},
-    {"down and back",
-     [](AccountDesk& desk) {
-       desk.Drag({{1, 1}, {3, 1}, {4, 1}, {3, 1}});
-     },
-     {1, 1, 3, 1}},
-    {"at once",
-     [](AccountDesk& desk) {
-       desk.Drag({{2, 2}, {6, 5}});
-     },
-     {2, 2, 6, 5}},
-    {"to the right",
-     [](AccountDesk& desk) {
-       desk.Drag({{2, 1}, {2, 2}, {2, 4}});
-     },
-     {2, 1, 2, 4}},
-    {"right and back",
-     [](AccountDesk& desk) {
-       desk.Drag({{2, 1}, {2, 5}, {2, 2}});
-     },
-     {2, 1, 2, 2}},
-    {"up",
-     [](AccountDesk& desk) {
-       desk.Drag({{7, 4}, {6, 4}, {4, 4}});
-     },
-     {4, 4, 7, 4}},
-    {"up and back",
-     [](AccountDesk& desk) {
-       desk.Drag({{7, 4}, {3, 2}, {5, 3}});
-     },
-     {5, 3, 7, 4}},
-    {"over the start",
-     [](AccountDesk& desk) {
-       desk.Drag({{5, 2}, {7, 4}, {3, 1}});
-     },
-     {3, 1, 5, 2}},
-    {"to the start",
-     [](AccountDesk& desk) {
-       desk.Drag({{5, 2}, {7, 4}, {5, 2}});
-     },
-     {5, 2, 5, 2}},
-    {"Shift and a click",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(3, 2));
-       desk.ClickAt(desk.At(6, 4), Qt::ShiftModifier);
-     },
-     {3, 2, 6, 4}},
+    {"down", {Drag({{1, 1}, {2, 1}, {3, 1}})}, {1, 1, 3, 1}},
+    {"at once", {Drag({{2, 2}, {6, 5}})}, {2, 2, 6, 5}},
+    {"right and back", {Drag({{2, 1}, {2, 5}, {2, 2}})}, {2, 1, 2, 2}},
+    {"up and back", {Drag({{7, 4}, {3, 2}, {5, 3}})}, {5, 3, 7, 4}},
+    {"over the start", {Drag({{5, 2}, {7, 4}, {3, 1}})}, {3, 1, 5, 2}},
+    {"to the start", {Drag({{5, 2}, {7, 4}, {5, 2}})}, {5, 2, 5, 2}},
+    {"Shift and a click", {Click(3, 2), Click(6, 4, kShift)}, {3, 2, 6, 4}},
     {"Shift and a click from where the keys went",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(1, 1));
-       desk.Keys(Qt::Key_Down, 4);
-       desk.Keys(Qt::Key_Right);
-       desk.ClickAt(desk.At(7, 4), Qt::ShiftModifier);
-     },
+     {Click(1, 1), Keys(Qt::Key_Down, 4), Keys(Qt::Key_Right), Click(7, 4, kShift)},
      {5, 2, 7, 4}},
     {"Shift and a drag from where the keys went",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(1, 1));
-       desk.Keys(Qt::Key_Down, 4);
-       desk.Press(desk.At(7, 2), Qt::ShiftModifier);
-       desk.Move(desk.At(8, 2));
-       desk.Move(desk.At(8, 3));
-       desk.Release(desk.At(8, 3), Qt::ShiftModifier);
-     },
+     {Click(1, 1), Keys(Qt::Key_Down, 4), Drag({{7, 2}, {8, 2}, {8, 3}}, kShift)},
      {5, 1, 8, 3}},
     {"Shift and arrows",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(2, 1));
-       desk.Keys(Qt::Key_Right, 3);
-       desk.Keys(Qt::Key_Down, 3, Qt::ShiftModifier);
-       desk.Keys(Qt::Key_Left, 1, Qt::ShiftModifier);
-       desk.Keys(Qt::Key_Up, 1, Qt::ShiftModifier);
-     },
+     {Click(2, 1), Keys(Qt::Key_Right, 3), Keys(Qt::Key_Down, 3, kShift), Keys(Qt::Key_Left, 1, kShift),
+      Keys(Qt::Key_Up, 1, kShift)},
      {2, 3, 4, 4}},
-    {"Shift and arrows behind typing and Return",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(2, 2));
-       desk.Keys(Qt::Key_Backspace);
-       desk.Keys(Qt::Key_Return, 3);
-       desk.Keys(Qt::Key_Up, 2, Qt::ShiftModifier);
-     },
+    {"Shift and arrows after typing and Return",
+     {Click(2, 2), Keys(Qt::Key_Backspace), Keys(Qt::Key_Return, 3), Keys(Qt::Key_Up, 2, kShift)},
      {3, 2, 5, 2}},
-    {"Shift and arrows behind a drag",
-     [](AccountDesk& desk) {
-       desk.Drag({{4, 2}, {6, 3}});
-       desk.Keys(Qt::Key_Down, 2, Qt::ShiftModifier);
-     },
-     {4, 2, 8, 3}},
+    {"Shift and arrows from a cell that was just typed",
+     {Click(5, 1), Keys(Qt::Key_Home, 1, kCtrl), Keys(Qt::Key_Right), Keys(Qt::Key_1),
+      Keys(Qt::Key_Down, 5, kShift)},
+     {1, 2, 6, 2}},
+    {"Shift and arrows after a drag", {Drag({{4, 2}, {6, 3}}), Keys(Qt::Key_Down, 2, kShift)}, {4, 2, 8, 3}},
     {"Shift, Ctrl and Home",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(1, 1));
-       desk.Keys(Qt::Key_Down, 2);
-       desk.Keys(Qt::Key_Home, 1, Qt::ShiftModifier | Qt::ControlModifier);
-     },
+     {Click(1, 1), Keys(Qt::Key_Down, 2), Keys(Qt::Key_Home, 1, kShift | kCtrl)},
      {1, 1, 3, 1}},
     {"Shift and End",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(9, 1));
-       desk.Keys(Qt::Key_Right, 2);
-       desk.Keys(Qt::Key_End, 1, Qt::ShiftModifier);
-     },
+     {Click(9, 1), Keys(Qt::Key_Right, 2), Keys(Qt::Key_End, 1, kShift)},
      {9, 3, 9, kColumns}},
     {"Shift, Ctrl and arrows",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(9, 1));
-       desk.Keys(Qt::Key_Up, 2);
-       desk.Keys(Qt::Key_Down, 2, Qt::ShiftModifier | Qt::ControlModifier);
-     },
+     {Click(9, 1), Keys(Qt::Key_Up, 2), Keys(Qt::Key_Down, 2, kShift | kCtrl)},
      {7, 1, 9, 1}},
-    {"a row's head", [](AccountDesk& desk) { desk.ClickAt(desk.AtRowHead(4)); }, {4, 1, 4, kColumns}},
-    {"rows' heads",
-     [](AccountDesk& desk) {
-       desk.Press(desk.AtRowHead(6));
-       for (const int row : {5, 3, 4}) desk.Move(desk.AtRowHead(row));
-       desk.Release(desk.AtRowHead(4));
-     },
-     {4, 1, 6, kColumns}},
-    {"Shift and a row's head",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.AtRowHead(4));
-       desk.ClickAt(desk.AtRowHead(7), Qt::ShiftModifier);
-     },
-     {4, 1, 7, kColumns}},
+    {"a row's head", {Click(4, 0)}, {4, 1, 4, kColumns}},
+    {"rows' heads", {Drag({{6, 0}, {5, 0}, {3, 0}, {4, 0}})}, {4, 1, 6, kColumns}},
+    {"Shift and a row's head", {Click(4, 0), Click(7, 0, kShift)}, {4, 1, 7, kColumns}},
     {"a row's head in a table moved aside",
-     [](AccountDesk& desk) {
-       desk.LayOutTable(320);
-       desk.ClickAt(desk.At(5, 1));
-       desk.Keys(Qt::Key_End);
-       desk.ClickAt(desk.AtRowHead(5));
-     },
+     {MakeColumnsWide, Click(5, 1), Keys(Qt::Key_End), Click(5, 0)},
      {5, 1, 5, kColumns}},
-    {"Ctrl and clicks",
-     [](AccountDesk& desk) {
-       desk.ClickAt(desk.At(3, 1));
-       desk.ClickAt(desk.At(5, 2), Qt::ControlModifier);
-     },
-     {3, 1, 5, 2}},
-    {"the other button on what is selected",
-     [](AccountDesk& desk) {
-       desk.Drag({{3, 1}, {6, 2}});
-       QTimer closes_menu;
-       QObject::connect(&closes_menu, &QTimer::timeout, [] {
-         if (QWidget* menu = QApplication::activePopupWidget(); menu != nullptr) menu->close();
-       });
-       closes_menu.start(1);
-       QTest::mousePress(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
-       QTest::mouseRelease(desk.window->windowHandle(), Qt::RightButton, {}, desk.At(4, 1));
-       QApplication::setActiveWindow(desk.window.get());  // the menu had taken the activation
-     },
-     {3, 1, 6, 2}},
+    {"Ctrl and clicks", {Click(3, 1), Click(5, 2, kCtrl)}, {3, 1, 5, 2}},
+    {"the other button on what is selected", {Drag({{3, 1}, {6, 2}}), OpenMenu}, {3, 1, 6, 2}},
 };
 
 /** The expected table: the text of each selected cell replaced. */
@@ -311,7 +220,7 @@ TEST(TableSelection, ACommandChangesExactlyTheCellsShownAsSelected) {
                             const std::function<Cells(Cells)>& left) {
       SCOPED_TRACE(command);
       desk.LayOutTable();
-      gesture.make(desk);
+      for (const Step& step : gesture.steps) step(desk);
       EXPECT_EQ(desk.Shown(), shown);
       const Cells now = desk.Texts();  // the gesture itself may type
       desk.Keys(key, 1, ctrl ? Qt::ControlModifier : Qt::NoModifier);
@@ -342,7 +251,7 @@ TEST(TableSelection, ACommandChangesExactlyTheCellsShownAsSelected) {
 
 TEST(TableSelection, OneKeySelectsEveryCell) {
   AccountDesk desk;
-  desk.ClickAt(desk.At(2, 2));
+  Click(2, 2)(desk);
   desk.Keys(Qt::Key_A, 1, Qt::ControlModifier);
   EXPECT_EQ(desk.Shown(), (std::vector<int>{1, 1, desk.Table()->model()->rowCount(), kColumns}));
   desk.Keys(Qt::Key_Delete);
@@ -354,7 +263,7 @@ TEST(TableSelection, AHeaderSelectsItsColumnWhereverTheTableIsScrolled) {
   Cells wanted = desk.Texts();
   for (QStringList& row : wanted) row[1].clear();
   desk.Table()->scrollToBottom();
-  desk.ClickAt(desk.AtColumnHead(2));
+  Click(0, 2)(desk);
   EXPECT_EQ(desk.Shown(), (std::vector<int>{1, 2, desk.Table()->model()->rowCount(), 2}));
   desk.Keys(Qt::Key_Delete);
   EXPECT_EQ(Unlike(desk.Texts(), wanted), "");
@@ -402,9 +311,8 @@ TEST(TableSelection, TheEditorFollowsAnySequenceOfEvents) {
         desk.Release(cell(), with);
         break;
       case 1:
-        desk.ClickAt(any(2) == 0 ? desk.AtRowHead(2 + static_cast<int>(any(9)))
-                                 : desk.AtColumnHead(1 + static_cast<int>(any(2))),
-                     with);
+        (any(2) == 0 ? Click(2 + static_cast<int>(any(9)), 0, with)
+                     : Click(0, 1 + static_cast<int>(any(2)), with))(desk);
         break;
       case 2:
         desk.Keys(kWithCtrl[any(std::size(kWithCtrl))], 1, Qt::ControlModifier);
@@ -416,30 +324,6 @@ TEST(TableSelection, TheEditorFollowsAnySequenceOfEvents) {
     if (QApplication::focusWidget() != desk.Table()) desk.Table()->setFocus();  // a list was opened
     expect_same(what);
   }
-}
-
-/** Filling a typed number down must not change cards, channels and types of the ports. */
-TEST(TableSelection, FillDownAfterArrowsChangesOneColumn) {
-  EditorDesk desk;
-  desk.ClickCommand("portdefine");
-  QTableView& table = *desk.Table();
-  const auto texts = [&](int column) {
-    QStringList cells;
-    for (int row = 0; row < table.model()->rowCount(); ++row)
-      cells += table.model()->index(row, column).data().toString();
-    return cells;
-  };
-  QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
-                    table.visualRect(table.model()->index(4, 0)).center());
-  std::vector<QStringList> before;
-  for (int column = 0; column < 3; ++column) before.push_back(texts(column));
-  QTest::keyClick(&table, Qt::Key_Home, Qt::ControlModifier);
-  for (int i = 0; i < 3; ++i) QTest::keyClick(&table, Qt::Key_Right);
-  QTest::keyClick(&table, Qt::Key_1);
-  for (int i = 0; i < 19; ++i) QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
-  QTest::keyClick(&table, Qt::Key_D, Qt::ControlModifier);
-  for (int column = 0; column < 3; ++column)
-    EXPECT_EQ(texts(column), before[static_cast<std::size_t>(column)]) << column;
 }
 
 }  // namespace

@@ -81,9 +81,8 @@ TEST_F(Settings, OptionsShowTheirFrames) {
                                                        {"Option1(0)", "fraSettingServer"}};
   for (const auto& [option, shown] : cases) {
     Click(option);
-    for (const char* frame : {"fraSettingSerial", "fraSettingModem", "fraSettingServer"}) {
+    for (const char* frame : {"fraSettingSerial", "fraSettingModem", "fraSettingServer"})
       EXPECT_EQ(Get<QWidget>(frame)->isVisible(), frame == std::string(shown)) << option;
-    }
   }
   EXPECT_FALSE(Get<QWidget>("fraInputID")->isVisible());
   Click("Option2(1)");

@@ -18,37 +18,27 @@ Script::Step LogHas(const char* form, const char* text) {
   return [=] { return LogOf(form).find(text) != std::string::npos; };
 }
 
-/** A step: closes the form by its window button; true if that closed it. */
-Script::Step CloseWindow(const char* form) {
-  return [=] {
-    if (Modal(form) == nullptr) return false;
-    Modal(form)->close();
-    return true;
-  };
-}
-
 TEST(Transfer, SendsAndLoadsByClicksAndKeys) {
   OpenedBench bench(DesktopBench::Line::kExchange, "1234");
   std::vector<std::string> boxes;
   std::vector<std::string> enabled;
   std::string log;
   int bar = 0;
-  const auto look_while_busy = [&] {
-    if (Modal("frmPassword2") == nullptr) return false;
+  const auto look_while_busy = [&](QWidget&) {
     EXPECT_EQ(bench.Find<QDialog>("frmConnect")->focusWidget()->objectName(), "Text1");
     for (const auto* button : bench.Find<QDialog>("frmConnect")->findChildren<QPushButton*>()) {
       if (button->parentWidget()->objectName() == "frmConnect" && button->isEnabled()) {
         enabled.push_back(button->objectName().toStdString());
       }
     }
-    return true;
   };
   const auto password_is_gone = [] {
     const QWidget* dialog = Modal("frmPassword2");
     return dialog != nullptr && dialog->findChild<QLineEdit*>("Text1")->text().isEmpty();
   };
   bench.Do("connect",
-           {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes), look_while_busy,
+           {ClickIn("frmConnect", "cmdWrite"), AnswerBox(QMessageBox::Yes, &boxes),
+            In("frmPassword2", look_while_busy),
             TypeIn("frmPassword2", "Text1", "1a2 34\r"),  // letters and blanks are dropped, Enter is OK
             AnswerBox(QMessageBox::Ok, &boxes),
             [&] {
@@ -133,11 +123,10 @@ TEST(Transfer, ClosingDuringACompareClosesTheForm) {
 
 TEST(Transfer, ClosingWithThePasswordFormOpenClosesBoth) {
   OpenedBench bench(DesktopBench::Line::kExchange, "1234");
-  bench.Do("connect", {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), [&] {
-                         if (Modal("frmPassword2") == nullptr) return false;
-                         bench.Find<QDialog>("frmConnect")->close();  // as at a logout
-                         return true;
-                       }});
+  bench.Do("connect",
+           {ClickIn("frmConnect", "cmdLoad"), AnswerBox(QMessageBox::Yes), In("frmPassword2", [&](QWidget&) {
+              bench.Find<QDialog>("frmConnect")->close();  // as at a logout
+            })});
   EXPECT_EQ(bench.state.active_form_name, "");
   EXPECT_EQ(bench.Value("Chk"), "TARVOK");
 }
@@ -185,15 +174,12 @@ TEST(Transfer, TheDebugWordCountsOnlyInTheFirstNineKeys) {
   for (const auto& [typed, on] : cases) {
     OpenedBench bench;
     QString title;
-    const auto type = [&] {
-      auto* form = Modal("frmMiniBarCon");
-      if (form == nullptr) return false;
-      QTest::keyClicks(form->findChild<QPushButton*>("cmdLoad"), "TR");  // keys on another button
-      QTest::keyClicks(form->findChild<QPushButton*>("cmdWrite"), typed);
-      title = form->windowTitle();
-      return true;
+    const auto type = [&title, keys = typed](const QWidget& form) {
+      QTest::keyClicks(form.findChild<QPushButton*>("cmdLoad"), "TR");  // keys on another button
+      QTest::keyClicks(form.findChild<QPushButton*>("cmdWrite"), keys);
+      title = form.windowTitle();
     };
-    bench.Do("minibarconnect", {type, ClickIn("frmMiniBarCon", "cmdCancel")});
+    bench.Do("minibarconnect", {In("frmMiniBarCon", type), ClickIn("frmMiniBarCon", "cmdCancel")});
     EXPECT_EQ(title.endsWith(QStringLiteral(" - Layer 2 debug on")), on) << typed;
   }
 }

@@ -147,9 +147,8 @@ TEST(MainWindow, AFileThatIsNotAProjectIsReportedAndNotOpened) {
 TEST(MainWindow, InvalidSettingsAreIgnored) {
   DesktopBench bench;
   bench.settings.values["Last Transfers/" + ProjectIdentity(bench.files, bench.project)] = "x|sent||";
-  for (const char* key : {"Geometry", "Splitter", "LastFolder", "CodePage", "Colours"}) {
+  for (const char* key : {"Geometry", "Splitter", "LastFolder", "CodePage", "Colours"})
     bench.settings.values[std::string("Desktop/") + key] = "\x01rubbish=\xFF";
-  }
   bench.frame->OpenProject(bench.project);
   EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(),
               HasSubstr("has not been transferred"));

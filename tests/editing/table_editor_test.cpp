@@ -4,14 +4,10 @@
 #include "editing/table_form.h"
 #include "editing/table_operations.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 /** Columns: a number, a list, a read-only note, free text, and a list with typing. */
 TableEditor MakeTable(RowCommands rows = RowCommands::kGrow, int count = 4) {

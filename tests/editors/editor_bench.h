@@ -12,14 +12,11 @@
 #include "editors/editors.h"
 #include "tests/expect_keys.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/source_file.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
 
 /** A project and an editor, driven by a key script. Boxes and questions are recorded as lines. */
 class EditorBench {

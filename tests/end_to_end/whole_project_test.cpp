@@ -181,9 +181,8 @@ class KeptVersions : public ProjectFolder {
     }
     // The next one is kept and removes what was left half written.
     EXPECT_TRUE(Keep().ok()) << where;
-    for (const auto& entry : fs::recursive_directory_iterator(Path("history"))) {
+    for (const auto& entry : fs::recursive_directory_iterator(Path("history")))
       EXPECT_FALSE(entry.path().string().ends_with(".tmp")) << where;
-    }
     return ended->calls;
   }
   void ExpectWholeAtEach(const Stop& stop) {
@@ -200,9 +199,8 @@ TEST_F(KeptVersions, SurviveKillDuringTheirWrite) {
 
 TEST_F(KeptVersions, SurviveFailureOfEveryCall) {
   for (const Fate fate : {Fate::kFails, Fate::kFailsForGood}) {
-    for (const int error : {ENOSPC, EACCES, EIO}) {
+    for (const int error : {ENOSPC, EACCES, EIO})
       ExpectWholeAtEach({.fate = fate, .error = error, .calls = Calls::kOfFiles});
-    }
   }
 }
 

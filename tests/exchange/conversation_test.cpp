@@ -75,9 +75,8 @@ TEST(Conversation, RefusesWithAReason) {
 
 TEST(Conversation, OpensModesByLevel) {
   LevelPasswords passwords;
-  for (const auto& [level, digits] : {std::pair(1, "123456"), std::pair(2, "12345"), std::pair(3, "1234")}) {
+  for (const auto& [level, digits] : {std::pair(1, "123456"), std::pair(2, "12345"), std::pair(3, "1234")})
     passwords.Set(level, PackPassword(digits).value());
-  }
   // Which of modes 1, 2 and 4 the packed password permits.
   const std::pair<const char*, const char*> kCases[] = {
       {"123456", "124"}, {"F12345", "24"}, {"1234FF", "4"}, {"AAAAAA", ""}};

@@ -112,9 +112,8 @@ TEST(BlankImages, LoadAsAnEmptyProject) {
       layout->decode(ImageReader(image), project);
       const IniText loaded(project.Bytes());
       for (const std::string_view name : loaded.Sections()) {
-        for (const IniText::Key& key : loaded.Keys(name)) {
+        for (const IniText::Key& key : loaded.Keys(name))
           EXPECT_TRUE(SaysNothing(key)) << name << ' ' << key.name << '=' << key.value;
-        }
       }
     }
   }

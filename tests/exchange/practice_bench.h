@@ -9,14 +9,11 @@
 #include "exchange/practice_exchange.h"
 #include "tests/floors.h"
 #include "tests/hex.h"
+#include "tests/matchers.h"
 #include "tests/simulation/virtual_events.h"
 #include "tests/simulation/virtual_line.h"
 
 namespace tarvok::test {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 inline constexpr const char* kOk = "21000080";
 inline constexpr const char* kError = "2100008F";

@@ -200,15 +200,12 @@ TEST(ModemEnd, HangsUpOnlyAtACommandAfterSilence) {
   bench.Dial();  // and accepts another call
 }
 
-TEST(ModemEnd, ReportsThatTheExchangeHungUp) {
+TEST(ModemEnd, EndsTheCallWhenEitherEndHangsUp) {
   ModemBench rude(Faults("hangup-after=1"));
   rude.Dial();
   EXPECT_EQ(rude.SayHex("100201100315"), "103010");
   EXPECT_EQ(rude.Say("\x10\x02\x01\x10\x03\x15", 10), "\r\nNO CARRIER\r\n");
   EXPECT_EQ(rude.exchange.calls(), 0U);
-}
-
-TEST(ModemEnd, EndsCallWithTheLine) {
   ModemBench bench;
   bench.Dial();
   bench.line.tool->HangUp();

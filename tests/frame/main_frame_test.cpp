@@ -8,13 +8,11 @@
 
 #include "tests/desktop/memory_settings.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/store/memory_files.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* kSystem = "/prog/system.tvs";
 const std::string kTag = "[Chk_Tarvok]\nChk=TARVOK\n";

@@ -7,11 +7,10 @@
 #include "io/qt_event_server.h"
 #include "link/port.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/temp_folder.h"
 
 namespace tarvok::test {
-
-using testing::HasSubstr;
 
 /** Upper limit for waits of something that should happen at once; reached only if a test fails. */
 inline constexpr int kPatience_ms = 10'000;

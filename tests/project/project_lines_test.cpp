@@ -12,15 +12,11 @@
 #include "store/number_text.h"
 #include "tests/contract/statement_values.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/source_file.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::SizeIs;
 
 std::string Lines(const IniText& project) {
   std::string lines;

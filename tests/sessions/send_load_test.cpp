@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "exchange/port_on_port.h"
 #include "sections/registry.h"
 #include "sessions/load_config.h"
 #include "sessions/mini_bar_transfer.h"
@@ -9,19 +8,23 @@
 #include "sessions/store_loaded.h"
 #include "store/number_text.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 #include "tests/sections/coder_case.h"
 #include "tests/simulation/session_bench.h"
 
 namespace tarvok::test {
 namespace {
 
-using testing::HasSubstr;
-
 /** The image of a section of a project, in the newest version's layout. */
 Bytes ImageOf(const Section& section, const std::string& project) {
   const WireLayout* layout = section.LayoutAt(kHighestVersion, Direction::kSend);
   return Encoded(layout->encode, layout->size, project).bytes();
 }
+
+const std::pair<bool (*)(Transfer&), TransferForm> kSessions[] = {{SendConfiguration, TransferForm::kConnect},
+                                                                  {LoadConfiguration, TransferForm::kConnect},
+                                                                  {SendMiniBarList, TransferForm::kConnect},
+                                                                  {LoadMiniBarList, TransferForm::kMiniBar}};
 
 class EveryTransport : public ::testing::TestWithParam<int> {};
 
@@ -146,36 +149,22 @@ TEST(Connection, ReportsFailures) {
     SessionBench bench(by);
     EXPECT_TRUE(*lacking == '\0' || bench.Set("Chk_Tarvok", lacking, ""));
     bench.port_state = state;
-    std::string reason;
-    EXPECT_FALSE(bench.Run([&](Transfer& form) {
-      const bool done = SendConfiguration(form);
-      reason = form.report().reason();
-      return done;
-    }));
+    EXPECT_FALSE(bench.Run(SendConfiguration));
     EXPECT_THAT(bench.view.log, HasSubstr(log));
     EXPECT_EQ(bench.view.boxes, boxes);
-    EXPECT_EQ(reason.ends_with(": made to fail"), state == PortState::kError) << reason;
+    EXPECT_EQ(bench.reason.ends_with(": made to fail"), state == PortState::kError) << bench.reason;
   }
 }
 
-/** Records what is written; a deaf one passes nothing on. */
-class Recorder : public PortOnPort {
- public:
-  Recorder(std::unique_ptr<Port> inner, std::string& written, bool deaf)
-      : PortOnPort(std::move(inner)), written_(written), deaf_(deaf) {}
-  bool Send(std::span<const std::uint8_t> bytes) override {
-    written_.append(bytes.begin(), bytes.end());
-    return deaf_ || PortOnPort::Send(bytes);
-  }
-  PortAnswer SetControlLines(bool dtr, bool rts) override {
-    written_ += dtr ? "<on>" : "<off>";
-    return PortOnPort::SetControlLines(dtr, rts);
-  }
-
- private:
-  std::string& written_;
-  bool deaf_;
-};
+/** Records what the tool writes, and its control lines; a deaf line passes nothing on. */
+void Record(SessionBench& bench, std::string& written, bool deaf = false) {
+  bench.Watch(
+      [&written, deaf](std::span<const std::uint8_t> bytes) {
+        written.append(bytes.begin(), bytes.end());
+        return !deaf;
+      },
+      [&written](bool dtr) { written += dtr ? "<on>" : "<off>"; });
+}
 
 TEST(Connection, HangsUpWhenCallIsGivenUp) {
   // During set-up, while it rings, in the second after CONNECT, and with the link up; or there is no modem.
@@ -186,52 +175,23 @@ TEST(Connection, HangsUpWhenCallIsGivenUp) {
     const bool deaf = at_ms == 0;
     SessionBench bench(2);
     std::string written;
-    bench.wrap = [&](std::unique_ptr<Port> port) {
-      return std::make_unique<Recorder>(std::move(port), written, deaf);
-    };
-    const auto timer = bench.events.StartTimer(deaf ? 100'000 : at_ms, [&] { bench.transfer->Abort(); });
-    EXPECT_FALSE(bench.Run([&](Transfer& form) {
-      const bool done = LoadConfiguration(form);
-      bench.events.StopTimer(timer);
-      return done;
-    }));
+    Record(bench, written, deaf);
+    bench.abort_after_ms = deaf ? 100'000 : at_ms;
+    EXPECT_FALSE(bench.Run(LoadConfiguration));
     EXPECT_TRUE(written.ends_with(end)) << at_ms << ": " << written;
     EXPECT_EQ(bench.view.boxes.size(), deaf ? 1U : 0U);
   }
 }
 
 TEST(Connection, DropsControlLinesAfterHangUp) {
-  const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
-      {SendConfiguration, TransferForm::kConnect},
-      {LoadConfiguration, TransferForm::kConnect},
-      {SendMiniBarList, TransferForm::kConnect},
-      {LoadMiniBarList, TransferForm::kMiniBar}};
-  for (const auto& [session, form] : sessions) {
+  for (const auto& [session, form] : kSessions) {
     SessionBench bench(2);
     std::string written;
-    bench.wrap = [&](std::unique_ptr<Port> port) {
-      return std::make_unique<Recorder>(std::move(port), written, false);
-    };
+    Record(bench, written);
     EXPECT_TRUE(bench.Run(session, form)) << bench.view.log;
     EXPECT_TRUE(written.ends_with("ATH0<off>")) << written.substr(written.size() - 40);
   }
 }
-
-/** Records whether the log window already mentions an old version when the exchange is set back to normal. */
-class WatchesNormal : public PortOnPort {
- public:
-  WatchesNormal(std::unique_ptr<Port> inner, const RecordingView& view, bool& told)
-      : PortOnPort(std::move(inner)), view_(view), told_(told) {}
-  bool Send(std::span<const std::uint8_t> bytes) override {
-    const bool normal = bytes.size() == 5 && bytes[3] == command::kSetMode && bytes[4] == 0;
-    if (normal) told_ = view_.log.find("old version") != std::string::npos;
-    return PortOnPort::Send(bytes);
-  }
-
- private:
-  const RecordingView& view_;
-  bool& told_;
-};
 
 TEST(LogIn, ReportsOldVersionBeforeOrAfterNormalMode) {
   const std::tuple<bool (*)(Transfer&), int, bool> cases[] = {{SendConfiguration, 111, false},
@@ -241,9 +201,11 @@ TEST(LogIn, ReportsOldVersionBeforeOrAfterNormalMode) {
   for (const auto& [session, version, before] : cases) {
     SessionBench bench(4, version);
     bool told = !before;
-    bench.wrap = [&](std::unique_ptr<Port> port) {
-      return std::make_unique<WatchesNormal>(std::move(port), bench.view, told);
-    };
+    bench.Watch([&](std::span<const std::uint8_t> bytes) {
+      const bool normal = bytes.size() == 5 && bytes[3] == command::kSetMode && bytes[4] == 0;
+      if (normal) told = bench.view.log.find("old version") != std::string::npos;
+      return true;
+    });
     EXPECT_FALSE(bench.Run(session));
     EXPECT_EQ(told, before) << bench.view.log;
   }
@@ -263,11 +225,8 @@ TEST(Pace, IsShownForSuccessfulTransfersOnly) {
     SessionBench bench(4, 110, slow);
     run(bench, session, true);
     SessionBench aborted(4, 110, slow);
-    const auto timer = aborted.events.StartTimer(3000, [&] {
-      if (aborted.transfer != nullptr) aborted.transfer->Abort();
-    });
+    aborted.abort_after_ms = 3000;
     run(aborted, session, false);
-    aborted.events.StopTimer(timer);
   }
   SessionBench failed(4, 110, slow);
   ASSERT_TRUE(failed.Set("Assign", "001", "101|300|001|F|F"));
@@ -277,9 +236,7 @@ TEST(Pace, IsShownForSuccessfulTransfersOnly) {
 TEST(Connection, KeptPortIsQuietAfterFailedSection) {
   SessionBench bench(1, 110, {.faults = FaultPlan{.silent_after = 40}});
   std::string written;
-  bench.wrap = [&](std::unique_ptr<Port> port) {
-    return std::make_unique<Recorder>(std::move(port), written, false);
-  };
+  Record(bench, written);
   bench.Run([&](Transfer& form) {
     EXPECT_FALSE(SendConfiguration(form));
     EXPECT_THAT(bench.view.boxes, testing::ElementsAre(HasSubstr("Send ")));
@@ -382,32 +339,12 @@ TEST(LoadConfiguration, NamesCutListAndContinues) {
 TEST(LoadConfiguration, KeepsFileCreatedDuringLoad) {
   SessionBench bench(4);
   bench.files.Put("/p/out.tvk", "somebody's");
-  Transfer form({.events = bench.events,
-                 .ports = bench,
-                 .store = bench.store,
-                 .view = bench.view,
-                 .log = bench.log,
-                 .project_file = SessionBench::kProject,
-                 .load_target = "/p/out.tvk",
-                 .system_file = {},
-                 .temp_folder = "/t",
-                 .may_replace = false},
-                TransferForm::kConnect);
-  EXPECT_FALSE(LoadConfiguration(form));
+  bench.load_target = "/p/out.tvk";
+  bench.may_replace = false;
+  EXPECT_FALSE(bench.Run(LoadConfiguration));
   EXPECT_EQ(bench.files.Bytes("/p/out.tvk"), "somebody's");
-  EXPECT_TRUE(form.report().reason().ends_with(std::string("is in ") + SessionBench::kTemp))
-      << form.report().reason();
+  EXPECT_TRUE(bench.reason.ends_with(std::string("is in ") + SessionBench::kTemp)) << bench.reason;
   EXPECT_EQ(bench.view.pace, "");
-}
-
-TEST(LoadConfiguration, EndsWhenTheConnectionIsClosed) {
-  for (const int by : {3, 4, 0}) {
-    SessionBench bench(by, 110, {.faults = FaultPlan{.hangup_after = 60}});
-    EXPECT_FALSE(bench.Run(LoadConfiguration));
-    EXPECT_THAT(bench.view.log, HasSubstr("Failed Get "));
-    EXPECT_EQ(bench.view.boxes, Boxes{std::string(kCheckConnection)});
-    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("closed")));
-  }
 }
 
 TEST(LoadConfiguration, BuildsProjectInPrivateFolder) {
@@ -435,38 +372,20 @@ TEST(LoadConfiguration, BuildsProjectInPrivateFolder) {
   EXPECT_EQ(bench.Value("a", "k"), "first");
 }
 
-/** Counts the LAN messages that leave in the same millisecond as an OK of the tool before them. */
-class FollowsOk : public PortOnPort {
- public:
-  FollowsOk(std::unique_ptr<Port> inner, VirtualEvents& events, int& count)
-      : PortOnPort(std::move(inner)), events_(events), count_(count) {}
-  bool Send(std::span<const std::uint8_t> bytes) override {
-    const bool is_ok = bytes.size() == 4 && bytes[3] == reply::kOk;
-    if (!is_ok && events_.Tick_ms() == ok_ms_) ++count_;
-    ok_ms_ = is_ok ? events_.Tick_ms() : -1;
-    return PortOnPort::Send(bytes);
-  }
-
- private:
-  VirtualEvents& events_;
-  int& count_;
-  std::int64_t ok_ms_ = -1;
-};
-
 TEST(EverySession, PausesAfterTheOkToAnAnswer) {
-  const std::pair<bool (*)(Transfer&), TransferForm> sessions[] = {
-      {SendConfiguration, TransferForm::kConnect},
-      {LoadConfiguration, TransferForm::kConnect},
-      {LoadMiniBarList, TransferForm::kMiniBar}};
-  for (const auto& [session, form] : sessions) {
+  for (const auto& [session, form] : kSessions) {
     SessionBench bench(4);
     bench.view.compare = true;
-    int count = 0;
-    bench.wrap = [&](std::unique_ptr<Port> port) {
-      return std::make_unique<FollowsOk>(std::move(port), bench.events, count);
-    };
+    int at_once = 0;  // messages that leave in the same millisecond as the OK before them
+    std::int64_t ok_ms = -1;
+    bench.Watch([&](std::span<const std::uint8_t> bytes) {
+      const bool is_ok = bytes.size() == 4 && bytes[3] == reply::kOk;
+      at_once += !is_ok && bench.events.Tick_ms() == ok_ms ? 1 : 0;
+      ok_ms = is_ok ? bench.events.Tick_ms() : -1;
+      return true;
+    });
     EXPECT_TRUE(bench.Run(session, form)) << bench.view.log;
-    EXPECT_EQ(count, 0);
+    EXPECT_EQ(at_once, 0);
   }
 }
 

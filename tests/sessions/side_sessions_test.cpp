@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "exchange/port_on_port.h"
 #include "sessions/billing_files.h"
 #include "sessions/mini_bar_transfer.h"
 #include "sessions/pace.h"
@@ -13,13 +12,11 @@
 #include "sessions/send_config.h"
 #include "store/number_text.h"
 #include "tests/floors.h"
-#include "tests/hex.h"
+#include "tests/matchers.h"
 #include "tests/simulation/session_bench.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::HasSubstr;
 
 TEST(SideSessions, ShowMessagesAndDeliverData) {
   const std::string finished = "Send All Data Config Finished";
@@ -81,44 +78,13 @@ TEST(MiniBar, SendsAndLoadsIntoCopyOfTheProject) {
 }
 
 TEST(MiniBar, LoadsEveryRecordIntoItsRowDespiteRepeatedReplies) {
-  for (const std::uint64_t seed : {1, 2, 3}) {
-    SessionBench bench(3, 110, {.faults = FaultPlan{.dup = 0.02}, .seed = seed});
-    for (int n = 0; n < kMiniBarRows; ++n) {
-      Bytes record(kMiniBarRecordSize);
-      record[0] = 'A';
-      record[20] = static_cast<std::uint8_t>(n % 256);
-      record[21] = static_cast<std::uint8_t>(n / 256);
-      bench.memory.SetMiniBar(n, record);
-    }
-    ASSERT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
-    const IniText loaded(bench.Project());
-    for (int n = 0; n < kMiniBarRows; ++n)
-      EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
-    EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load again")));
-  }
-}
-
-/** Sends the first pack of an unrequested section before each record. */
-class Strays : public PortOnPort {
- public:
-  using PortOnPort::PortOnPort;
-
- protected:
-  void OnBytes(std::span<const std::uint8_t> bytes) override {
-    if (bytes.size() > 3 && bytes[3] == reply::kMiniBarRecord)
-      GiveBytes(Hex("21 00 00 82 00 04 00 40 00 01*55"));
-    GiveBytes(bytes);
-  }
-};
-
-TEST(MiniBar, LoadIgnoresUnrequestedSections) {
-  SessionBench bench(4, 110, {.faults = FaultPlan{.delay_ms = 10}});
-  bench.wrap = [](std::unique_ptr<Port> port) { return std::make_unique<Strays>(std::move(port)); };
-  const auto patience = bench.events.StartTimer(60'000, [&] {
-    if (bench.transfer != nullptr) bench.transfer->Abort();
-  });
-  EXPECT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
-  bench.events.StopTimer(patience);
+  SessionBench bench(3, 110, {.faults = FaultPlan{.dup = 0.02}});
+  bench.FillMiniBar();
+  ASSERT_TRUE(bench.Run(LoadMiniBarList, TransferForm::kMiniBar)) << bench.view.log;
+  const IniText loaded(bench.Project());
+  for (int n = 0; n < kMiniBarRows; ++n)
+    EXPECT_EQ(loaded.Get("MiniBar", Padded(n + 1, 3)), "A|" + std::to_string(n));
+  EXPECT_THAT(bench.view.advice, testing::ElementsAre(HasSubstr("Load again")));
 }
 
 TEST(Billing, SendsFilesOfEverySize) {

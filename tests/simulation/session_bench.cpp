@@ -2,10 +2,33 @@
 
 #include <utility>
 
+#include "exchange/port_on_port.h"
+#include "sections/system/mini_bar.h"
 #include "tests/floors.h"
 #include "tests/source_file.h"
 
 namespace tarvok::test {
+namespace {
+
+class WatchedPort : public PortOnPort {
+ public:
+  WatchedPort(std::unique_ptr<Port> inner, std::function<bool(std::span<const std::uint8_t>)> passes,
+              std::function<void(bool)> lines)
+      : PortOnPort(std::move(inner)), passes_(std::move(passes)), lines_(std::move(lines)) {}
+  bool Send(std::span<const std::uint8_t> bytes) override {
+    return !passes_(bytes) || PortOnPort::Send(bytes);
+  }
+  PortAnswer SetControlLines(bool dtr, bool rts) override {
+    if (lines_) lines_(dtr);
+    return PortOnPort::SetControlLines(dtr, rts);
+  }
+
+ private:
+  std::function<bool(std::span<const std::uint8_t>)> passes_;
+  std::function<void(bool)> lines_;
+};
+
+}  // namespace
 
 const std::string& HotelText() {
   static const std::string text = SourceFile("/examples/hotel.tvk");
@@ -69,18 +92,40 @@ bool SessionBench::Run(const std::function<bool(Transfer&)>& session, TransferFo
                  .view = view,
                  .log = log,
                  .project_file = kProject,
-                 .load_target = kProject,
+                 .load_target = load_target,
                  .system_file = "/s/system.tvs",
-                 .temp_folder = "/t"},
+                 .temp_folder = "/t",
+                 .may_replace = may_replace},
                 form);
   transfer = &open;
+  const EventServer::TimerId abort =
+      abort_after_ms == 0 ? 0 : events.CallLater(abort_after_ms, [&open] { open.Abort(); });
   const bool done = session(open);
+  events.StopTimer(abort);
+  reason = open.report().reason();
   EXPECT_FALSE(view.busy);
   open.Unload();
   EXPECT_FALSE(open.line().line().IsOpen());
   transfer = nullptr;
   events.Run(5000);
   return done;
+}
+
+void SessionBench::FillMiniBar() {
+  for (int number = 0; number < kMiniBarRows; ++number) {
+    Bytes record(kMiniBarRecordSize);
+    record[0] = 'A';
+    record[20] = static_cast<std::uint8_t>(number % 256);
+    record[21] = static_cast<std::uint8_t>(number / 256);
+    memory.SetMiniBar(number, record);
+  }
+}
+
+void SessionBench::Watch(std::function<bool(std::span<const std::uint8_t>)> passes,
+                         std::function<void(bool)> lines) {
+  wrap = [=](std::unique_ptr<Port> port) {
+    return std::make_unique<WatchedPort>(std::move(port), passes, lines);
+  };
 }
 
 std::unique_ptr<Port> SessionBench::OpenSerial(int, const LineSettings& settings) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,11 @@ class SessionBench : public PortMaker {
    * behind.
    */
   bool Run(const std::function<bool(Transfer&)>& session, TransferForm form = TransferForm::kConnect);
+  /** Gives the exchange a mini bar list of which each record has its number as its count. */
+  void FillMiniBar();
+  /** Shows `passes` whatever the tool sends, which is lost if it returns false; and `lines` each new state of
+   * DTR. */
+  void Watch(std::function<bool(std::span<const std::uint8_t>)> passes, std::function<void(bool)> lines = {});
   /** The project's text, and single values of it. */
   std::string Project() { return files.Bytes(kProject); }
   std::string Value(const char* section, const char* key) {
@@ -97,6 +103,10 @@ class SessionBench : public PortMaker {
   std::function<std::unique_ptr<Port>(std::unique_ptr<Port>)> wrap;  // wraps the tool's port
   Transfer* transfer = nullptr;                                      // that of the open form
   int by;
+  int abort_after_ms = 0;  // when the user gives a session up; 0 for never
+  std::string load_target = kProject;
+  bool may_replace = true;
+  std::string reason;  // why the last session failed
 };
 
 /** The wire that belongs to a project's "By". */

@@ -172,16 +172,9 @@ class Stage {
   }
 
   void FillExchange() {
-    for (const Section* section : SendPlan(run_.version)) {
+    for (const Section* section : SendPlan(run_.version))
       bench_.memory.sections()[section->number] = HotelImage(*section, run_.version);
-    }
-    for (int number = 0; number < kMiniBarRows; ++number) {
-      Bytes record(kMiniBarRecordSize);
-      record[0] = 'A';
-      record[20] = static_cast<std::uint8_t>(number % 256);
-      record[21] = static_cast<std::uint8_t>(number / 256);
-      bench_.memory.SetMiniBar(number, record);
-    }
+    bench_.FillMiniBar();
   }
 
   void JudgeAlways() {

@@ -32,9 +32,8 @@ TEST(IniText, ToleratesHandWrittenFiles) {
       {"[a]\nk=\x80\xFF\xE9\n", "a", "k", "\x80\xFF\xE9"},
       {std::string("\0\xFF[\n]=\n[a]\rk=1\n", 15), "a", "k", ""},
   };
-  for (const auto& [text, section, key, value] : cases) {
+  for (const auto& [text, section, key, value] : cases)
     EXPECT_EQ(IniText(text).Get(section, key), value) << text.substr(0, 60);
-  }
 }
 
 TEST(IniText, TellsEmptyKeyFromMissingKey) {

@@ -2,11 +2,10 @@
 
 #include "tests/editors/editor_bench.h"
 #include "tests/floors.h"
+#include "tests/matchers.h"
 
 namespace tarvok::test {
 namespace {
-
-using testing::ElementsAreArray;
 
 void Collect(const PathNode& node, int depth, std::vector<std::string>& lines) {
   lines.push_back(std::string(static_cast<std::size_t>(depth), '>') + node.text + " @" + node.place.section +

@@ -2,6 +2,7 @@
 
 #include "editing/table_form.h"
 #include "editing/table_operations.h"
+#include "store/number_text.h"
 #include "tests/editors/editor_bench.h"
 #include "tests/floors.h"
 
@@ -139,10 +140,7 @@ constexpr const char* kSelectAll = "select 1 1 40 9\nclick mnu_cut\n";
 std::string Lists(const std::vector<int>& ends) {
   std::string text = "[Route_List]\nMax=50\n";
   int list = 0;
-  for (const int end : ends) {
-    ++list;
-    text += (list < 10 ? "0" : "") + std::to_string(list) + "=" + std::to_string(end) + "\n";
-  }
+  for (const int end : ends) text += Padded(++list, 2) + "=" + std::to_string(end) + "\n";
   return text;
 }
 
@@ -194,8 +192,7 @@ TEST(RouteListEditor, ClearsReferencesToEmptiedLists) {
 TEST(RouteListEditor, KeepsListsOfMoreThanFortyRoutes) {
   std::string project = Lists({46}) + "[Route]\nMax=40\n";
   for (int route = 1; route <= 45; ++route)
-    project += (route < 10 ? "00" : "0") + std::to_string(route) + "=01|0|0|F|F|F|F|" +
-               std::to_string(route) + "|F\n";
+    project += Padded(route, 3) + "=01|0|0|F|F|F|F|" + std::to_string(route) + "|F\n";
   EditorBench bench(project + "210=01|0|0|F|F|F|F|9|F\n");
   bench.Run("frmRoute", "click lsRoute(2)\ngo 1 8\ntype 5\nclick lsRoute(0)\n");
   EXPECT_EQ(bench.editor->table()->rows(), 45);

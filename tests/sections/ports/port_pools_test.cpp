@@ -138,7 +138,6 @@ TEST(PortConfig, EncodesAndDecodesThreeLayouts) {
                {"02|F|1", "00 01 FF 01 00*16", kOut},
                {"F|F|0|0|0|0|255|255|255|F|0|0|0|0|0|0", "FF*20", kBack},
                {"01|01|0|0|0|0|0|0|0|F|0|0|0|0|0|0", "00*20", kBack},
-               {"1|1|1|1|1|1|256", "CO Timeout: value 256" + kTooLarge},
                {"1|1|1|1|1|1|1|1|1|12*", "Hotline Oper: value 12*" + kNotDialled}});
   ExpectCoded({EncodePortConfigB, DecodePortConfigB, "PortConfig", "20", kProfilesSize, kLast},
               {{"", "00 FF FF 00*17"},

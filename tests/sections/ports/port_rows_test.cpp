@@ -44,7 +44,6 @@ TEST(PortDef, EncodesAndDecodesRows) {
        {"", "FF FF FF 01 02 03 04 05 06 07 08 00 00 00 00*41", kBack},
        {"", "FF FF 00 00*52", kBack},
        {"F|F|5|1|1|1|001|001|0|F|F|F|F|F|0|001|F|0|1|0|0|0|F", "FF FF 05 00*52", kBack},
-       {"256|1|1", "Card: value 256" + kTooLarge},
        {"1|1|-1", "Type: value -1" + kNegative},
        {"1|1|1|F|F|F|F|F|255|1", "DND: value 255" + kTooLarge},
        {"1|1|1|F|F|F|F|F|F|12x", "Disa: value 12x" + kNotDialled},

@@ -67,8 +67,7 @@ TEST(RouteMapDigit, EncodesAndDecodesEachLayout) {
                {std::string(20, '\xFF') + "|F|F", "FF*22", kBack},
                {"F|0|01", "00*22"},
                {"1 \xA0|0|01", "09 0D 31 0A 20 7C A0 1B 00*14", kBack},
-               {"", "7C 01 00*18 FF FF", kBack},
-               {"1|256|01", "Send Number: value 256" + kTooLarge}});
+               {"", "7C 01 00*18 FF FF", kBack}});
   ExpectCoded({EncodeRouteMapDigit23, DecodeRouteMapDigit23, kSection, "200", 4600, 199 * 23},
               {{"", "00*20 FF FF FF"},
                {"*1#|1|07|1|254", "3B 31 3C 00*17 01 06 01", kOut},
@@ -120,14 +119,12 @@ TEST(IncomingList, EncodesAndDecodesRows) {
 
 TEST(TblRoute, EncodesAndDecodesKeys) {
   EXPECT_EQ(Encoded(EncodeTblRoute, 18, "").bytes(), Hex("00 00 10*16"));
-  ExpectCoded({EncodeTblRoute, DecodeTblRoute, "TblRoute", "PID", 18, 0},
-              {{"", "00", kOut},
-               {"0", "00"},
-               {"14", "0E"},
-               {"F", "00", kOut},
-               {"0", "0F", kBack},
-               {"0", "FF", kBack},
-               {"256", "PBX ID: value 256" + kTooLarge}});
+  ExpectCoded({EncodeTblRoute, DecodeTblRoute, "TblRoute", "PID", 18, 0}, {{"", "00", kOut},
+                                                                           {"0", "00"},
+                                                                           {"14", "0E"},
+                                                                           {"F", "00", kOut},
+                                                                           {"0", "0F", kBack},
+                                                                           {"0", "FF", kBack}});
   ExpectCoded({EncodeTblRoute, DecodeTblRoute, "TblRoute", "GW", 18, 1},
               {{"", "00", kOut},
                {"0", "01", kOut},
