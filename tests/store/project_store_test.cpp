@@ -47,6 +47,36 @@ TEST(ProjectStore, DeletingInAMissingFileCreatesNothing) {
   EXPECT_EQ(files.Bytes(kHotel), "[a]\r\nk=\r\n");
 }
 
+TEST(ProjectStore, InterruptedSaveLeavesOldOrNewProject) {
+  const std::string before = "[a]\nk=1\n";
+  const std::string after = "[a]\nk=2\nj=3\n";
+  const auto save = [](ProjectStore& store) {
+    return store.Update(kHotel, [](IniEdit& edit) { edit.Set("a", "k", "2"), edit.Set("a", "j", "3"); });
+  };
+  for (const bool for_good : {false, true}) {
+    int failures = 0;
+    for (int call = 1; call <= 12; ++call) {
+      MemoryFiles files;
+      files.Put(kHotel, before);
+      files.fail_at = call;
+      files.fail_for_good = for_good;
+      ProjectStore store(files);
+      const bool saved = save(store).ok();
+      failures += saved ? 0 : 1;
+      const std::string bytes = files.Bytes(kHotel);
+      EXPECT_TRUE(bytes == before || bytes == after) << call << ": " << bytes;
+      EXPECT_EQ(saved, bytes == after) << call;
+
+      // Whatever was left behind, the next save succeeds.
+      files.fail_at = 0;
+      EXPECT_TRUE(save(store).ok()) << call;
+      EXPECT_EQ(files.Bytes(kHotel), after);
+      EXPECT_EQ(files.files.size(), 1U);
+    }
+    EXPECT_GE(failures, 4);  // lock, read, write, rename
+  }
+}
+
 TEST(ProjectStore, WritesInPlaceIfFolderAcceptsNoNewFile) {
   MemoryFiles files;
   files.Put(kHotel, "[a]\nk=1\n");
