@@ -236,7 +236,7 @@ class Programs(unittest.TestCase):
 
     def test_a_failed_session_has_one_line_and_no_pace(self):
         log = ("--log", self.work / "l")
-        slow = self.project_over(4, "lan", "--bps", 230400)
+        slow = self.project_over(4, "lan", "--bps", 115200)
         ctl("set", slow, "Assign", "001", "101|300|001|F|F")  # fails after some seconds
         reason = "tarvokctl: Send Assign Number failed (RE)\n"
         self.assertEqual(ctl("send", slow, *log, status=1)[1], reason)
