@@ -1,9 +1,12 @@
 #include "editing/editor_form.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "store/field_list.h"
 #include "store/project_there.h"
 
 namespace tarvok::editing {
@@ -52,7 +55,11 @@ bool EditorForm::Save() {
     if (EndsWithoutProject() && context_.end_program) context_.end_program();
     return false;
   }
-  if (!OthersLeftItAlone() || !FitsTheReader(*context_.store.Snapshot(project_file()))) return false;
+  if (!OthersLeftItAlone()) return false;
+  IniEdit trial(*context_.store.Snapshot(project_file()));
+  cleared_.clear();
+  Write(trial);
+  if (!FitsTheReader(trial) || !MayClear(trial)) return false;
   if (context_.keep) context_.keep("Before saving " + std::string(name_.title));
   const Status written = context_.store.Update(project_file(), [this](IniEdit& project) {
     if (IsProject(project.base())) Write(project);  // the file may have gone while a question was open
@@ -80,13 +87,38 @@ bool EditorForm::OthersLeftItAlone() {
 }
 
 /** Refuses, with a box, to write a value that would be cut when it is read. */
-bool EditorForm::FitsTheReader(const IniText& now) {
-  IniEdit trial(now);
-  Write(trial);
+bool EditorForm::FitsTheReader(const IniEdit& trial) {
   const std::vector<std::string> too_long = trial.TooLong();
   if (too_long.empty()) return true;
   context_.questions.Box(too_long.front() + " and can't be saved.", true);
   return false;
+}
+
+void EditorForm::WillClear(std::vector<ClearedReference> references) {
+  std::move(references.begin(), references.end(), std::back_inserter(cleared_));
+}
+
+/** Asks if what refers to removed rows may be cleared. */
+bool EditorForm::MayClear(const IniEdit& trial) {
+  std::erase_if(cleared_, [&](const ClearedReference& cleared) {
+    const std::string value = trial.Get(cleared.section, cleared.key);
+    return cleared.field > 0 && !GetField(value, cleared.field).empty() &&
+           GetField(value, cleared.field) != kUnset;
+  });
+  if (cleared_.empty()) return true;
+  std::vector<std::string> rows;
+  std::vector<std::string> places;
+  for (const ClearedReference& cleared : cleared_) {
+    if (std::find(rows.begin(), rows.end(), cleared.row) == rows.end()) rows.push_back(cleared.row);
+    places.push_back(cleared.row + ": " + cleared.place);
+  }
+  const std::string what = rows.size() == 1
+                               ? rows.front() + " is used in "
+                               : std::to_string(rows.size()) + " rows that you remove are used in ";
+  const std::string become = places.size() == 1
+                                 ? "1 place, which becomes not set."
+                                 : std::to_string(places.size()) + " places, which become not set.";
+  return context_.questions.AskToClear(what + become + "\nDo you want to save?", places);
 }
 
 void EditorForm::Ok() {

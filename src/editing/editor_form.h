@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "editing/form_controls.h"
 #include "editing/questions.h"
@@ -28,6 +29,15 @@ struct FormName {
 
   /** The frame's `ActiveFormName`. */
   constexpr std::string_view recorded() const { return recorded_as.empty() ? form : recorded_as; }
+};
+
+/** A reference that a save clears, because the row that it names is removed. */
+struct ClearedReference {
+  std::string row;    // the removed one: "Number 001 (100)"
+  std::string place;  // "Port 012 (card 3, channel 4), Number"
+  // Where it was, to see if the save fills it again; field 0 is a member that leaves a list.
+  std::string section, key;
+  int field;
 };
 
 /** What an editor works with. */
@@ -80,6 +90,10 @@ class EditorForm : public FormControls {
   /** True if a save without an open project ends the program. */
   virtual bool EndsWithoutProject() const { return false; }
 
+  /** Call for the references that `Write` clears: if they are still not set at its end, the user is asked
+   * before the save. */
+  void WillClear(std::vector<ClearedReference> references);
+
   void MarkChanged() override;
   /** Call after the form itself has written to the project, so that this does not count as a change by
    * others. */
@@ -96,13 +110,15 @@ class EditorForm : public FormControls {
   bool Save();
   bool ProjectIsThere();
   bool OthersLeftItAlone();
-  bool FitsTheReader(const IniText& now);
+  bool FitsTheReader(const IniEdit& trial);
+  bool MayClear(const IniEdit& trial);
 
   EditorContext context_;
   FormName name_;
   Control& ok_;
   Control& cancel_;
   std::shared_ptr<const IniText> loaded_;
+  std::vector<ClearedReference> cleared_;  // by the last Write
   bool closed_ = false;
   bool save_refused_ = false;
 };

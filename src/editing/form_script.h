@@ -24,6 +24,9 @@ class ScriptedQuestions : public Questions {
   bool AskToOverwrite(std::string_view question, const IniText& /*loaded*/) override {
     return NextAnswer(question, false);
   }
+  bool AskToClear(std::string_view question, const std::vector<std::string>& /*places*/) override {
+    return NextAnswer(question, true);
+  }
   void Answer(bool yes) { answers_.push_back(yes); }
   void PrintLine(std::string_view line) { print_(line); }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "editing/uses.h"
 #include "store/ini_text.h"
@@ -18,6 +20,8 @@ class Questions {
   /** The same, but Yes overwrites what others have written since the form read `loaded`, so the default is
    * No. */
   virtual bool AskToOverwrite(std::string_view question, const IniText& loaded) = 0;
+  /** Asks before a save clears what refers to removed rows; `places` has a line for each reference. */
+  virtual bool AskToClear(std::string_view question, const std::vector<std::string>& places) = 0;
 };
 
 }  // namespace tarvok::editing

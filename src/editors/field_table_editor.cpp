@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editors/used_by.h"
 #include "sections/row_fields.h"
 #include "sections/rows.h"
 #include "store/field_list.h"
@@ -115,9 +116,8 @@ bool FieldTableEditor::IsRemoved(std::string_view value) const {
   return std::find(empty.begin(), empty.end(), value) != empty.end();
 }
 
-void FieldTableEditor::RepairMoved(IniEdit& project) const {
-  const RowMoves moves = Moves();
-  RepairReferences(project, project.base(), table_, moves);
+void FieldTableEditor::RepairMoved(IniEdit& project) {
+  WillClear(InWords(project.base(), table_, RepairReferences(project, project.base(), table_, Moves())));
 }
 
 void FieldTableEditor::Write(IniEdit& project) {

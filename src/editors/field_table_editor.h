@@ -64,7 +64,7 @@ class FieldTableEditor : public TableForm {
   /** The same with a different test for keeping references. */
   RowMoves Moves(const std::function<bool(int row)>& keeps) const;
   /** Updates all references to the rows. The first step of a save. */
-  void RepairMoved(IniEdit& project) const;
+  void RepairMoved(IniEdit& project);
   /** Writes the rows and removes the keys of removed rows. */
   void WriteRows(IniEdit& project) const;
 

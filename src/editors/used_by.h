@@ -4,6 +4,7 @@
 
 #include "editors/field_table_editor.h"
 #include "editors/uses.h"
+#include "project/references.h"
 #include "project/search.h"
 #include "store/ini_text.h"
 
@@ -15,6 +16,10 @@ namespace tarvok::editors {
  * the user.
  */
 std::vector<Found> UsedBy(const IniText& project, const Table& table, int number);
+
+/** References to rows of a table, for the question before a save clears them. */
+std::vector<ClearedReference> InWords(const IniText& project, const Table& table,
+                                      const std::vector<Reference>& references);
 
 /** The same for a row of an open form's grid, from 1. A row that is not in the project yet has no
  * references. */

@@ -68,14 +68,11 @@ std::string Moved(const RowFields& row, int n, int to) {
 }
 
 /** The list with its members renumbered, and without those whose rows are gone. */
-std::string MovedMembers(const Table& table, std::string_view value, const Table& moved,
-                         const RowMoves& moves, bool& changed) {
-  const RowFields row(table, value);
+std::string MovedMembers(const RowFields& row, const Table& moved, const RowMoves& moves) {
   std::string list;
   for (int n = 1; n <= row.count(); ++n) {
     const auto found = moves.find(PlainTarget(row, n, moved));
     const bool moves_on = found != moves.end();
-    changed = changed || moves_on;
     if (moves_on && found->second == 0) continue;
     if (!list.empty()) list += '|';
     list += moves_on ? Moved(row, n, found->second) : std::string(row[n]);
@@ -83,15 +80,12 @@ std::string MovedMembers(const Table& table, std::string_view value, const Table
   return list;
 }
 
-std::string MovedFields(const Table& table, std::string_view value, const Table& moved, const RowMoves& moves,
-                        bool& changed) {
-  const RowFields row(table, value);
+std::string MovedFields(const RowFields& row, std::string_view value, const Table& moved,
+                        const RowMoves& moves) {
   std::string list(value);
   for (int n = 1; n <= row.count(); ++n) {
     const auto found = moves.find(PlainTarget(row, n, moved));
-    if (found == moves.end()) continue;
-    list = WithField(list, n, Moved(row, n, found->second));
-    changed = true;
+    if (found != moves.end()) list = WithField(list, n, Moved(row, n, found->second));
   }
   return list;
 }
@@ -114,22 +108,37 @@ std::vector<Reference> ReferencesTo(const IniText& project, const Table& target,
   return references;
 }
 
-void RepairReferences(IniEdit& project, const IniText& before, const Table& moved, const RowMoves& moves) {
-  for (const Table* table : Tables()) RepairReferencesOf(*table, project, before, moved, moves);
+std::vector<Reference> RepairReferences(IniEdit& project, const IniText& before, const Table& moved,
+                                        const RowMoves& moves) {
+  std::vector<Reference> cleared;
+  for (const Table* table : Tables()) {
+    const std::vector<Reference> of_table = RepairReferencesOf(*table, project, before, moved, moves);
+    cleared.insert(cleared.end(), of_table.begin(), of_table.end());
+  }
+  return cleared;
 }
 
-void RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before, const Table& moved,
-                        const RowMoves& moves) {
-  if (moves.empty() || !MayPointAt(table, moved)) return;
+std::vector<Reference> RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before,
+                                          const Table& moved, const RowMoves& moves) {
+  std::vector<Reference> cleared;
+  if (moves.empty() || !MayPointAt(table, moved)) return cleared;
   bool any = false;
   ForEachRow(before, table, [&](int number, std::string_view value) {
+    const RowFields row(table, value);
     bool changed = false;
-    const std::string list = table.repeats ? MovedMembers(table, value, moved, moves, changed)
-                                           : MovedFields(table, value, moved, moves, changed);
-    if (changed) project.Set(table.section, KeyOf(table, number), list);
-    any = any || changed;
+    for (int n = 1; n <= row.count(); ++n) {
+      const auto found = moves.find(PlainTarget(row, n, moved));
+      if (found == moves.end()) continue;
+      changed = true;
+      if (found->second == 0) cleared.push_back({&table, number, n, found->first});
+    }
+    if (!changed) return;
+    any = true;
+    project.Set(table.section, KeyOf(table, number),
+                table.repeats ? MovedMembers(row, moved, moves) : MovedFields(row, value, moved, moves));
   });
   if (any && table.now == NowCounts::kMembers) RecountMembers(project, table);
+  return cleared;
 }
 
 void RecountMembers(IniEdit& project, const Table& table) {

@@ -31,12 +31,13 @@ std::vector<Reference> ReferencesTo(const IniText& project, const Table& target,
 /**
  * Updates all references to rows of the section of `moved`. The old values are read from `before`, so that no
  * reference changes twice. A reference to a removed row becomes "F"; a member is taken out of its list, and
- * "Now" is recounted if the list's section counts its members.
+ * "Now" is recounted if the list's section counts its members. Returns the references to removed rows.
  */
-void RepairReferences(IniEdit& project, const IniText& before, const Table& moved, const RowMoves& moves);
+std::vector<Reference> RepairReferences(IniEdit& project, const IniText& before, const Table& moved,
+                                        const RowMoves& moves);
 /** The same for the references of one table. */
-void RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before, const Table& moved,
-                        const RowMoves& moves);
+std::vector<Reference> RepairReferencesOf(const Table& table, IniEdit& project, const IniText& before,
+                                          const Table& moved, const RowMoves& moves);
 
 /** Updates "Now" if the table's section counts its members there. */
 void RecountMembers(IniEdit& project, const Table& table);

@@ -77,6 +77,13 @@ class EditorBench {
   std::unique_ptr<EditorForm> editor;
 };
 
+/** The question before a save that clears references, answered with Yes; `used` ends with their number. */
+inline std::string AskedToClear(const std::string& used) {
+  const bool one = used.ends_with(" 1");
+  return "ask: " + used + (one ? " place, which becomes" : " places, which become") +
+         " not set. Do you want to save? -> Yes";
+}
+
 /** Runs a script on a form and checks its output, line by line, and the resulting keys of the project. */
 inline void ExpectEdit(std::string_view form, std::string_view project, const std::string& script,
                        const std::string& said, const std::string& keys) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QListWidget>
 #include <QWidget>
 
 #include "desktop/look/shown_text.h"
@@ -33,6 +34,17 @@ class WindowQuestions : public Questions {
     };
     return AskToOverwriteChanges(form_->window(), MessageText(question, PageOf(parts_.settings)),
                                  show_changes);
+  }
+  bool AskToClear(std::string_view question, const std::vector<std::string>& places) override {
+    QStringList lines;
+    for (const std::string& place : places) lines.append(PageOf(parts_.settings).ToLetters(place));
+    const auto show_places = [lines](QWidget* box) {
+      auto* list = new QListWidget;
+      list->addItems(lines);
+      list->setAccessibleName(QStringLiteral("What becomes not set"));
+      ShowInDialog(list, QStringLiteral("WhatIsCleared"), QStringLiteral("What Becomes Not Set"), box);
+    };
+    return AskToClearReferences(form_->window(), MessageText(question, PageOf(parts_.settings)), show_places);
   }
 
  private:

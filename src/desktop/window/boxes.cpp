@@ -65,6 +65,14 @@ bool AskToOverwriteChanges(QWidget* parent, const QString& question,
   return box.exec() == QMessageBox::Yes;
 }
 
+bool AskToClearReferences(QWidget* parent, const QString& question,
+                          const std::function<void(QWidget* box)>& show_places) {
+  Question box(parent, question, {});
+  AddLook(box, QStringLiteral("&Where?"), QStringLiteral("Lists the places that become not set"),
+          show_places);
+  return box.exec() == QMessageBox::Yes;
+}
+
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,
                        const std::function<void(QWidget* box)>& show_changes) {
   Question box(parent, question, {});

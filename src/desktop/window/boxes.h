@@ -23,6 +23,10 @@ bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how = {});
  * calls `show_changes` with the box as parent; the box stays open. */
 bool AskToOverwriteChanges(QWidget* parent, const QString& question,
                            const std::function<void(QWidget* box)>& show_changes);
+/** Asks before a save clears what refers to removed rows. One button of the box calls `show_places` in the same
+ * way. */
+bool AskToClearReferences(QWidget* parent, const QString& question,
+                          const std::function<void(QWidget* box)>& show_places);
 /** `frmMsgBox`: asks before a send, with the check box "Compare Byte". True for Yes; only then `compare` gets
  * the state of the check box. One button calls `show_changes` with the box as parent; the box stays open. */
 bool AskWithCompareBox(QWidget* parent, const QString& question, bool& compare,

@@ -51,7 +51,7 @@ void DifferenceList::ShowText(const QString& text) {
   count_->setText(text);
 }
 
-void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent) {
+void ShowInDialog(QWidget* list, const QString& name, const QString& title, QWidget* parent) {
   QDialog dialog(parent);
   dialog.setObjectName(name);
   dialog.setWindowTitle(title);

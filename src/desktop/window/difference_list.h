@@ -32,6 +32,6 @@ class DifferenceList : public QWidget {
 
 /** Shows the list in a modal window with that object name, and returns when it is closed. Takes ownership of
  * the list. */
-void ShowInDialog(DifferenceList* list, const QString& name, const QString& title, QWidget* parent);
+void ShowInDialog(QWidget* list, const QString& name, const QString& title, QWidget* parent);
 
 }  // namespace tarvok::desktop

@@ -6,6 +6,7 @@
 #include "editors/field_table_editor.h"
 #include "editors/ports/card_insert.h"
 #include "editors/ports/number_links.h"
+#include "editors/used_by.h"
 #include "sections/ports/account.h"
 #include "sections/ports/assign.h"
 #include "sections/ports/port_config.h"
@@ -52,7 +53,7 @@ class PortDefineEditor : public FieldTableEditor {
   bool IsStored(int row) const;
   bool IsRowKept(int row) const;
   static int NamedNumber(const IniText& project, int port);
-  void FollowPorts(IniEdit& project) const;
+  std::vector<Reference> FollowPorts(IniEdit& project) const;
   NumberLinks LinksFor(const IniEdit& project) const;
   void MoveAccounts(IniEdit& project) const;
   void KeepLines(IniEdit& project) const;
@@ -213,17 +214,21 @@ bool PortDefineEditor::IsStored(int row) const {
 }
 
 /** Updates all references to ports. A group out needs the card of a port, a number only a stored row, and all
- * others need a complete port. */
-void PortDefineEditor::FollowPorts(IniEdit& project) const {
+ * others need a complete port. Returns the references to removed ports. */
+std::vector<Reference> PortDefineEditor::FollowPorts(IniEdit& project) const {
   const RowMoves whole = Moves();
   const RowMoves stored = Moves([this](int row) { return IsStored(row); });
   const RowMoves with_card = Moves([this](int row) { return !grid().Cell(row, kCardColumn).empty(); });
+  std::vector<Reference> cleared;
   for (const Table* table : Tables()) {
     const RowMoves& moves = table == &assign::kTable      ? stored
                             : table == &group_out::kTable ? with_card
                                                           : whole;
-    RepairReferencesOf(*table, project, project.base(), kTable, moves);
+    const std::vector<Reference> of_table =
+        RepairReferencesOf(*table, project, project.base(), kTable, moves);
+    cleared.insert(cleared.end(), of_table.begin(), of_table.end());
   }
+  return cleared;
 }
 
 /** The number row that a port of the project names; 0 if none. */
@@ -263,7 +268,7 @@ bool PortDefineEditor::MaySave() {
 }
 
 void PortDefineEditor::Write(IniEdit& project) {
-  FollowPorts(project);
+  std::vector<Reference> to_ports = FollowPorts(project);
   const NumberLinks links = LinksFor(project);
   number_fields_.clear();
   for (int row = 1; row <= grid().rows(); ++row) {
@@ -274,7 +279,15 @@ void PortDefineEditor::Write(IniEdit& project) {
   }
   MoveAccounts(project);
   // Rows that refer to numbers do not refer to ports, so this cannot undo the repairs above.
-  if (!links.gone().empty()) RepairReferences(project, project.base(), assign::kTable, links.gone());
+  const Table& numbers = assign::kTable;
+  std::vector<Reference> to_numbers = RepairReferences(project, project.base(), numbers, links.gone());
+  // A port and its number that go together do not lose each other.
+  std::erase_if(to_ports, [&](const Reference& from) {
+    return from.table == &numbers && links.gone().contains(from.row);
+  });
+  std::erase_if(to_numbers, [](const Reference& from) { return from.table == &kTable; });
+  WillClear(InWords(project.base(), kTable, to_ports));
+  WillClear(InWords(project.base(), numbers, to_numbers));
   WriteRows(project);
   project.Set(kTable.section, kNowKey, std::to_string(grid().rows()));
   links.Write(project);

@@ -5,6 +5,7 @@
 #include "editors/editors.h"
 #include "editors/field_columns.h"
 #include "editors/routing/class_editor.h"
+#include "editors/used_by.h"
 #include "project/references.h"
 #include "sections/routing/class_digit.h"
 #include "sections/rows.h"
@@ -87,7 +88,8 @@ void BanAllowEditor::Write(IniEdit& project) {
     StoreList(project, class_digit::kAllowTable, number, allowed, Pieces);
     if (banned.empty() && allowed.empty()) emptied[number] = 0;
   }
-  RepairReferences(project, project.base(), class_digit::kBanTable, emptied);
+  WillClear(InWords(project.base(), class_digit::kBanTable,
+                    RepairReferences(project, project.base(), class_digit::kBanTable, emptied)));
   LeaveEmptyGroups(project);
 }
 }  // namespace ban_allow_editor

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editors/used_by.h"
 #include "project/references.h"
 #include "sections/ports/port_config.h"
 #include "sections/routing/class_digit.h"
@@ -99,16 +100,20 @@ void ClassEditor::StoreList(IniEdit& project, const Table& table, int number, co
 void ClassEditor::LeaveEmptyGroups(IniEdit& project) {
   const Table& groups = class_group::kTable;
   const Table& profiles = port_config::kTable;
+  std::vector<Reference> cleared;
   for (int number = 1; number <= kPortConfigRows; ++number) {
     std::string profile(RowValue(project.base(), profiles, number));
     for (const int field : {port_config::kServiceDay, port_config::kServiceNight}) {
       const std::int64_t group = Val(GetField(profile, field));
       if (group < 1 || group > kClassGroups) continue;
       const std::string classes = project.Get(groups.section, KeyOf(groups, static_cast<int>(group)));
-      if (Classes(classes).empty()) profile = WithField(profile, field, kUnset);
+      if (!Classes(classes).empty()) continue;
+      profile = WithField(profile, field, kUnset);
+      cleared.push_back({&profiles, number, field, static_cast<int>(group)});
     }
     if (!profile.empty()) project.Set(profiles.section, KeyOf(profiles, number), profile);
   }
+  WillClear(InWords(project.base(), groups, cleared));
 }
 
 }  // namespace tarvok::editors

@@ -42,7 +42,7 @@ class ClassEditor : public TableForm {
                         std::vector<std::string> (*read)(std::string_view list));
   /** Unsets the day and night groups of each port profile that have no class. The group for a cut hold
    * stays. */
-  static void LeaveEmptyGroups(IniEdit& project);
+  void LeaveEmptyGroups(IniEdit& project);
 
  private:
   static std::vector<TableRow> RowsOf(const std::vector<std::vector<std::string>>& columns);

@@ -7,6 +7,7 @@
 
 #include "editors/editors.h"
 #include "editors/field_columns.h"
+#include "editors/used_by.h"
 #include "project/references.h"
 #include "sections/ports/port_def.h"
 #include "sections/routing/group_out.h"
@@ -177,7 +178,7 @@ void GroupOutEditor::Write(IniEdit& project) {
     if (group.empty()) emptied[number] = 0;
   }
   RecountMembers(project, kTable);
-  RepairReferences(project, project.base(), kTable, emptied);
+  WillClear(InWords(project.base(), kTable, RepairReferences(project, project.base(), kTable, emptied)));
 }
 
 }  // namespace group_out_editor

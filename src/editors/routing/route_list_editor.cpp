@@ -8,6 +8,7 @@
 #include "editors/editors.h"
 #include "editors/field_table_editor.h"
 #include "editors/routing/offered_rows.h"
+#include "editors/used_by.h"
 #include "sections/routing/group_out.h"
 #include "sections/routing/route.h"
 #include "sections/routing/route_list.h"
@@ -185,7 +186,8 @@ void RouteListEditor::Write(IniEdit& project) {
     project.Set(route_list::kTable.section, KeyOf(route_list::kTable, list),
                 std::to_string(count == 0 ? 0 : count + 1));
   }
-  RepairReferences(project, project.base(), route_list::kTable, emptied);
+  WillClear(InWords(project.base(), route_list::kTable,
+                    RepairReferences(project, project.base(), route_list::kTable, emptied)));
   for (const IniText::Key& key : project.base().Keys(kTable.section)) {
     if (RouteOfKey(key.name) > count) project.DeleteKey(kTable.section, key.name);
   }

@@ -19,16 +19,19 @@ TEST(PortDefineEditor, SavingSortsAndUpdatesEveryReference) {
 
 TEST(PortDefineEditor, ClearsReferencesToRemovedPorts) {
   // A number is removed with its port unless the row still shows it.
-  const std::tuple<const char*, const char*> cases[] = {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"select 4 1 5 3\ncut\nselect 1 1 1 3\ncut\n",
-       "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[HuntGroup]\n01=001|002\n"},
+       "[Assign]\n001=201|0|F|2|002\n002=200|0|F|F|F\n[HuntGroup]\n01=001|002\n",
+       "3 rows that you remove are used in 8"},
       {"select 4 1 5 11\ncut\nselect 1 1 1 3\ncut\n",
-       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n"},
+       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n",
+       "5 rows that you remove are used in 14"},
       {"go 5 1\nclick cmdDelRow\ngo 4 1\nclick cmdDelRow\ngo 1 1\nclick cmdDelRow\n",
-       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n"}};
-  for (const auto& [how, numbers] : cases) {
+       "[Assign]\n001=F|F|F|F|F\n002=F|F|F|F|F\n[HuntGroup]\n01=\n02=\nNow=0\n",
+       "5 rows that you remove are used in 14"}};
+  for (const auto& [how, numbers, used] : cases) {
     SCOPED_TRACE(how);
-    ExpectEdit("frmPortSys_Def", EveryReference(), std::string(how) + "click cmdOK\n", "",
+    ExpectEdit("frmPortSys_Def", EveryReference(), std::string(how) + "click cmdOK\n", AskedToClear(used),
                std::string("[BOSS]\n01=F|F\n[Group_Out]\n01=001\nNow=2\n[E1Map]\n01=F|002|0\n"
                            "[SystemConfig]\nPbx=0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|F|0|0|0\n") +
                    numbers);
@@ -47,7 +50,8 @@ TEST(PortDefineEditor, AReplacedCardKeepsTheNumbersOfItsPorts) {
   ExpectEdit("frmPortSys_Def", project + numbers + "[HuntGroup]\nNow=3\n01=001|016|017\n",
              "focus cmbCard\npick 1\nfocus cmbType\npick 8 DIGITAL\nanswer Yes\nclick cmbInsert\n"
              "go 2 Number\ntype 109\nclick cmdOK\n",
-             "ask: Card \"1\" already inserted. Do you want to replace? -> Yes",
+             "ask: Card \"1\" already inserted. Do you want to replace? -> Yes\n" +
+                 AskedToClear("2 rows that you remove are used in 2"),
              "[Port_Def]\n001=1|1|3|F*20\n002=1|2|3|F*12|002|F*7\n009=2|1|1|F*12|017|F*7\n-010\n"
              "[Assign]\n001=F|F|F|F|F\n002=109|0|002|F|F\n009=F|F|F|F|F\n016=F|F|F|F|F\n017=300|0|009|F|F\n"
              "[HuntGroup]\n01=017\nNow=1\n");
@@ -58,7 +62,8 @@ TEST(PortDefineEditor, AnIncompletePortKeepsItsNumberAndGroup) {
       "frmPortSys_Def",
       "[Port_Def]\n001=3|1|2|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F|F\nNow=1\n[Group_Out]\n03=001\nNow=1\n["
       "BOSS]\n01=001|F\n",
-      "go 1 Channel\npress Delete\ngo 1 Number\ntype 300\nclick cmdOK\n", "",
+      "go 1 Channel\npress Delete\ngo 1 Number\ntype 300\nclick cmdOK\n",
+      AskedToClear("Port 001 (card 3, channel 1) is used in 1"),
       "[Port_Def]\n001=3|F|2|F*12|001|F*7\n[Assign]\n001=300|0|001|F|F\n[Group_Out]\n03=001\nNow=1\n"
       "[BOSS]\n01=F|F\n");
 }
@@ -69,12 +74,19 @@ TEST(PortDefineEditor, AGroupKeepsOnlyLines) {
 }
 
 TEST(PortDefineEditor, LinksNumbersToTheirPorts) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
+  struct Case {
+    const char* what;
+    const char* script;
+    const char* keys;
+    bool removes_a_number = false;
+  };
+  const Case cases[] = {
       {"a changed number keeps its row", "go 5 Number\npress Delete\ntype 250\n",
        "[Assign]\n001=250|0|001|2|002\n[Port_Def]\n001=1|1|1|F*6|77|F*5|001|F*7\n"},
       {"a removed number loses all references", "go 4 Number\npress Delete\n",
        "[Assign]\n002=F|F|F|F|F\n[Port_Def]\n002=1|2|1|F*20\n[HuntGroup]\n01=001\nNow=1\n"
-       "[Incoming_List]\n01=Night|001|1000|F|20\n"},
+       "[Incoming_List]\n01=Night|001|1000|F|20\n",
+       true},
       {"a number that moves to another port keeps its row",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
        "[Assign]\n002=200|0|003|F|F\n[Port_Def]\n002=1|2|1|F*20\n003=2|1|2|F*12|002|F*7\n[HuntGroup]\n02="
@@ -86,7 +98,7 @@ TEST(PortDefineEditor, LinksNumbersToTheirPorts) {
        "[Assign]\n004=123456|0|003|F|F\nNow=4\n[Port_Def]\n003=2|1|2|F*12|004|F*7\n"},
       {"a new number does not inherit references to the old one",
        "go 4 Number\npress Delete\ngo 3 Number\ntype 999\n",
-       "[Assign]\n002=999|0|003|F|F\n[HuntGroup]\n02=\n"},
+       "[Assign]\n002=999|0|003|F|F\n[HuntGroup]\n02=\n", true},
       {"a new number leaves its row to the port that takes over the old number",
        "go 5 Number\npress Delete\ntype 999\ngo 4 Number\npress Delete\ngo 3 Number\ntype 200\n",
        "[Assign]\n001=999|0|001|2|002\n002=200|0|003|F|F\n[HuntGroup]\n01=001|002\n"},
@@ -95,11 +107,13 @@ TEST(PortDefineEditor, LinksNumbersToTheirPorts) {
       {"the number of a group replaces the port's own, which becomes unreachable",
        "go 4 Number\npress Delete\ntype 300\n",
        "[Assign]\n002=F|F|F|F|F\n003=300|1|1|F|001\n[Port_Def]\n002=1|2|1|F*12|003|F*7\n[HuntGroup]\n"
-       "01=001\n02=\nNow=1\n"},
+       "01=001\n02=\nNow=1\n",
+       true},
   };
-  for (const auto& [what, script, keys] : cases) {
+  for (const auto& [what, script, keys, removes_a_number] : cases) {
     SCOPED_TRACE(what);
-    ExpectEdit("frmPortSys_Def", EveryReference(), std::string(script) + "click cmdOK\n", "", keys);
+    ExpectEdit("frmPortSys_Def", EveryReference(), std::string(script) + "click cmdOK\n",
+               removes_a_number ? AskedToClear("Number 002 (200) is used in 4") : "", keys);
   }
 }
 

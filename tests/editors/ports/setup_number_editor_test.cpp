@@ -17,11 +17,20 @@ TEST(SetupNumberEditor, SavingSortsAndUpdatesEveryReference) {
 
 TEST(SetupNumberEditor, ClearsReferencesToDeletedNumbers) {
   for (const char* how : {"go 2 1\nclick cmdDelRow\n", "select 2 1 2 5\ncut\n"}) {
-    ExpectEdit("frmExtension", EveryReference(), std::string(how) + "click cmdOK\n", "",
+    ExpectEdit("frmExtension", EveryReference(), std::string(how) + "click cmdOK\n",
+               AskedToClear("Number 002 (200) is used in 5"),
                "[Assign]\n001=201|0|005|2|001\n002=300|1|1|F|002\n-003\n[Port_Def]\n004=1|2|1|F*20\n"
                "[HuntGroup]\n01=001\n02=\nNow=1\n[Account]\n002=12|22|F|F|F|F\n"
                "[Incoming_List]\n01=Night|001|1000|F|20\n[BOSS]\n01=005|F\n");
   }
+}
+
+TEST(SetupNumberEditor, StaysOpenIfNothingMayBeCleared) {
+  EditorBench bench(EveryReference());
+  const std::string before = bench.Bytes();
+  bench.Run("frmExtension", "go 2 1\nclick cmdDelRow\nanswer No\nclick cmdOK\n");
+  EXPECT_FALSE(bench.editor->closed());
+  EXPECT_EQ(bench.Bytes(), before);
 }
 
 TEST(SetupNumberEditor, ASecretaryFollowsItsNumberToAnotherPort) {
@@ -78,18 +87,20 @@ TEST(SetupNumberEditor, ShowsOldAndBrokenProjectsUnchanged) {
 }
 
 TEST(SetupNumberEditor, SavingKeepsWhatWasNotEdited) {
-  // Ports that are incomplete or missing have no text, but a number may refer to them.
+  // Ports that are incomplete or missing have no text, but a number may refer to them. A row without a number can't be
+  // referred to.
+  const std::string cleared = AskedToClear("Number 002 is used in 1");
   const std::string project = "[Port_Def]\nNow=2\n001=" + Port("1|F|1") + "\n002=" + Port("1|2|1", "002") +
                               "\n[Assign]\nNow=4\n001=100|0|001|F|F\n002=F|0|002|1|F\n003=300|2|01|F|F\n"
                               "004=400|0|003|F|F\n[BOSS]\n01=001|002\n";
   ExpectEdit("frmExtension", project,
-             "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\npaste A|B\nclick cmdOK\n", "",
+             "go 1 Company\ntype 2\ngo 3 Type\npick Port\ngo 3 Name\npaste A|B\nclick cmdOK\n", cleared,
              "[Assign]\n001=100|0|001|2|F\n002=300|0|F|F|001\n003=400|0|003|F|F\n004=F|0|002|1|F\n"
              "[Name]\n001=A|B\n[BOSS]\n01=001|002\n");
-  ExpectEdit("frmExtension", project, "go 1 Type\npick Call Group\nclick cmdOK\n", "",
+  ExpectEdit("frmExtension", project, "go 1 Type\npick Call Group\nclick cmdOK\n", cleared,
              "[Assign]\n001=100|2|F|F|F\n");
   ExpectEdit("frmExtension", project,
-             "go 1 Type\npick Call Group\npick Port\ngo 4 Value\npress Delete\nclick cmdOK\n", "",
+             "go 1 Type\npick Call Group\npick Port\ngo 4 Value\npress Delete\nclick cmdOK\n", cleared,
              "[Assign]\n001=100|0|F|F|F\n003=400|0|F|F|F\n");
 }
 

@@ -15,7 +15,7 @@ TEST(GroupOutEditor, MovesTrunksAndKeepsOtherMembers) {
              "list ListView1\nlist ListView2\nclick cmdAdd\nclick ListView1(0)\nclick cmdAdd\nlist "
              "ListView1\nlist ListView2\n"
              "click lsGroup(1)\nclick ListView2(0)\nclick cmdDel\nclick cmdOK\n",
-             "1/1\n1/2\n1/2\n1/1",
+             "1/1\n1/2\n1/2\n1/1\n" + AskedToClear("Group Out 02 is used in 1"),
              "[Group_Out]\n01=002|003|001\n"  // port 3 is no longer a trunk
              "02=\nNow=3\n32=\n[Route]\n001=01|0|0|F|F|F|F|1|1\n002=F|0|0|F|F|F|F|1|1\n");
 }
@@ -37,7 +37,7 @@ TEST(BanAllowEditor, EmptyingAClassRemovesItFromGroupsAndProfiles) {
       "frmClassDigit", kClasses,
       "click lsCOR(2)\nselect 1 1 21 2\nclick mnu_delete\nclick lsCOR(3)\ngo 5 2\ntype 8\n"
       "click lsCOR(2)\nclick cmdOK\n",
-      "ask: Do you want to delete? -> Yes",
+      "ask: Do you want to delete? -> Yes\n" + AskedToClear("5 rows that you remove are used in 9"),
       "[COR]\n03=\n04A=7|8\n01=9||A\n"  // not changed
       "20A=\n[COR_Group]\n01=\n02=1|04\n03=01\n[PortConfig]\n01=F|02|0|0|0|0|0|0|0|F|0|0|0|0|0|0|0|01|F\n"
       "02=02|F|0\n03=F|03|0\n"  // group 4 has no class either

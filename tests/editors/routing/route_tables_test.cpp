@@ -62,16 +62,17 @@ TEST(RouteMapEditor, SortsBlanksLastInBothDirections) {
 }
 
 TEST(IncomingListEditor, SavingSortsAndUpdatesPorts) {
-  ExpectEdit("frmIncomingLst",
-             std::string(kNumbers) + kE1Ports +
-                 "[Incoming_List]\nMax=50\nNow=50\n01=Zoo|004|1000|F|5\n02=Bar|002|2000|3000|F\n"
-                 "03=F|003|F|F|254\n04=Abc|005|499|F|F\n",
-             "list cmbMask\ngo 5 Name\ntype Cafe\nselect 2 1 2 5\nclick mnu_cut\nclick cmdOK\n",
-             "100\n200\n100\nDID\nMap_Digit\nWait_Comp",
-             "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but in use
-             "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
-             "-04\n05=F|F|F|F|254\n"                   // its target has no number
-             "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
+  ExpectEdit(
+      "frmIncomingLst",
+      std::string(kNumbers) + kE1Ports +
+          "[Incoming_List]\nMax=50\nNow=50\n01=Zoo|004|1000|F|5\n02=Bar|002|2000|3000|F\n"
+          "03=F|003|F|F|254\n04=Abc|005|499|F|F\n",
+      "list cmbMask\ngo 5 Name\ntype Cafe\nselect 2 1 2 5\nclick mnu_cut\nclick cmdOK\n",
+      "100\n200\n100\nDID\nMap_Digit\nWait_Comp\n" + AskedToClear("Incoming List 02 (Bar) is used in 1"),
+      "[Incoming_List]\n01=Abc|005|F|F|F\n"     // above "Now", but in use
+      "02=Cafe|F|F|F|F\n03=Zoo|004|1000|F|5\n"  // the second of two equal numbers
+      "-04\n05=F|F|F|F|254\n"                   // its target has no number
+      "[Port_Def]\n001=1|1|6|F|F|F|F|005|F\n002=1|2|6|F|F|F|003|000|F\n");
 }
 
 TEST(IncomingListEditor, AddsAndDeletesRowsUpToTheLimit) {
@@ -91,7 +92,7 @@ TEST(E1MappingEditor, ReferencesFollowMovedLinksAndLeaveEmptiedOnes) {
           "[E1Number]\n01=1|12|3\n02=03|5|F\n[DIDRedirect]\n001=1|10|20|3|F\n002=3|1|2|F|F\n003=5|1|2|F|F\n",
       "list cmbMask\ngo 1 Mode\npick \"Network Link\"\nclick mnu_Sort_ZA\n"
       "go 2 Start\npress Delete\ngo 2 End\npress Delete\nclick cmdOK\n",
-      "1/1\n1/2\n1/3",
+      "1/1\n1/2\n1/3\n" + AskedToClear("E1 01 is used in 2"),
       "[E1Map]\n01=002|003|2\n02=F|F|3\n10=F|F|0\nNow=10\n[E1Number]\n01=F|12|3\n02=01|5|F\n"
       "[DIDRedirect]\n001=F|10|20|3|F\n002=1|1|2|F|F\n003=5|1|2|F|F\n");  // that link was empty before
 }
