@@ -74,6 +74,14 @@ bool EditorForm::Save() {
   return true;
 }
 
+std::shared_ptr<const IniText> EditorForm::AsEdited() {
+  std::shared_ptr<const IniText> project = context_.store.Snapshot(project_file());
+  if (!context_.state.data_changed) return project;
+  IniEdit edited(*project);
+  Write(edited);
+  return std::make_shared<IniText>(edited.Bytes());
+}
+
 bool EditorForm::ProjectIsThere() {
   const std::string problem = WhyNoProject(context_.store, project_file());
   if (!problem.empty()) context_.questions.Box(problem, true);
@@ -127,7 +135,10 @@ void EditorForm::Ok() {
 }
 
 void EditorForm::Cancel() {
-  if (context_.state.data_changed && context_.questions.Ask(kDataWasChanged) && !SaveFile()) return;
+  if (context_.state.data_changed) {
+    const OnLeaving answer = context_.questions.AskToSave(kDataWasChanged);
+    if (answer == OnLeaving::kStayOpen || (answer == OnLeaving::kSave && !SaveFile())) return;
+  }
   Close();
 }
 

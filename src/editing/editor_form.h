@@ -70,6 +70,8 @@ class EditorForm : public FormControls {
   virtual bool ShowPlace(std::string_view /*section*/, int /*row*/, int /*field*/) { return false; }
   /** Saves the form. False if the user refuses or saving fails; the form then stays open. */
   bool SaveFile();
+  /** The project as a save would write it now, in the present order of the rows. */
+  std::shared_ptr<const IniText> AsEdited();
   /** True once `cmdOK` or `cmdCancel` has closed the form. `on_closed` is then called and may destroy it. */
   bool closed() const { return closed_; }
   std::function<void()> on_closed;

@@ -21,6 +21,9 @@ class ScriptedQuestions : public Questions {
   void Box(std::string_view text, bool critical) override;
   /** The next prepared answer. The default is Yes, or No if it would overwrite changes by others. */
   bool Ask(std::string_view question) override { return NextAnswer(question, true); }
+  OnLeaving AskToSave(std::string_view question) override {
+    return NextAnswer(question, true) ? OnLeaving::kSave : OnLeaving::kDrop;
+  }
   bool AskToOverwrite(std::string_view question, const IniText& /*loaded*/) override {
     return NextAnswer(question, false);
   }

@@ -93,7 +93,8 @@ int Run(int argc, char** argv) {
       .copies = copies,
       .keep = [&keeper](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
       .practice_program = InFolder(PathBytes(QCoreApplication::applicationDirPath()), "tarvok-exchange"),
-      .practice_folder = ctl::DataFolder("practice exchange")};
+      .practice_folder = ctl::DataFolder("practice exchange"),
+      .system_file_line = ctl::SystemFileLine};
   if (!project.empty()) parts.check.Begin(store.Snapshot(project));
   RecentFiles recent(settings);
   MainWindow window(parts);
@@ -102,7 +103,7 @@ int Run(int argc, char** argv) {
                    .state = state,
                    .view = window,
                    .system_file = parts.system_file,
-                   .commands = Commands(parts, window, ctl::SystemFileLine)});
+                   .commands = Commands(parts, window)});
   window.Attach(frame);
   const QString own_folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
   const InstanceLock lock(InFolder(PathBytes(own_folder), "tarvok-setup.lock"));

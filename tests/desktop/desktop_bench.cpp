@@ -82,7 +82,8 @@ DesktopBench::DesktopBench(Line line, const std::string& password)
             .copies = copies,
             .keep = [this](const std::string& path, std::string_view reason) { keeper.Keep(path, reason); },
             .practice_program = QApplication::applicationDirPath().toStdString() + "/tarvok-exchange",
-            .practice_folder = (folder / "practice").string()},
+            .practice_folder = (folder / "practice").string(),
+            .system_file_line = [] { return std::string("System file: none"); }},
       exchange(events, memory, ConditionsOf(line), [](auto&&...) {}),
       listener([this](std::unique_ptr<Port> port) { exchange.Accept(std::move(port), Wire::kLan); }),
       line_(line) {
@@ -136,7 +137,7 @@ std::unique_ptr<Port> DesktopBench::Connect(const ConnectionSettings& connection
 }
 
 std::vector<Command> DesktopBench::RealCommands() {
-  return Commands(parts, *window, [] { return "System file: none"; });
+  return Commands(parts, *window);
 }
 
 void DesktopBench::StartFrame(std::vector<Command> commands) {

@@ -111,7 +111,7 @@ TEST(MainWindow, FollowsClicksAndKeys) {
   EXPECT_EQ(Look(bench), Project(bench.project));
   bench.Press(Qt::Key_Q);
   EXPECT_FALSE(bench.window->isVisible());
-  EXPECT_NE(bench.settings.values["Desktop/Geometry"], "");
+  EXPECT_NE(bench.settings.values["Desktop/Geometry800x800"], "");
 }
 
 TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
@@ -128,6 +128,47 @@ TEST(MainWindow, NewAsksOnceAndAddsTheExtension) {
             "");  // it was created from the defaults
   EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(),
               HasSubstr("has not been transferred"));
+}
+
+TEST(MainWindow, CopiesAndComparesTheOpenProject) {
+  DesktopBench bench;
+  const std::string copy = (bench.folder / "copy.tvk").string();
+  bench.settings.values["Desktop/LastFolder"] = bench.folder.string();
+  Script about({In(
+      "About", [](QWidget& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click(); })});
+  bench.Find<QAction>("mnu_about")->trigger();
+  EXPECT_TRUE(about.finished());
+
+  bench.frame->OpenProject(bench.project);
+  std::vector<std::string> boxes;
+  Script duplicate({ChooseFile(QStringLiteral("copy")), AnswerBox(QMessageBox::Ok, &boxes)});
+  bench.Find<QAction>("mnu_duplicate")->trigger();
+  EXPECT_TRUE(duplicate.finished());
+  EXPECT_TRUE(bench.files.Read(copy).value() == bench.files.Read(bench.project).value());
+  EXPECT_EQ(Look(bench), Project(bench.project));
+
+  bench.Put("BPS", "1200,n,8,1");
+  QStringList lines;
+  Script compare({ChooseFile(QStringLiteral("copy.tvk")), In("CompareWith", [&](QWidget& dialog) {
+                    auto* list = dialog.findChild<QListWidget*>();
+                    for (int row = 0; row < list->count(); ++row) lines += list->item(row)->text();
+                    QTest::keyClick(&dialog, Qt::Key_Escape);
+                  })});
+  bench.Find<QAction>("mnu_compare")->trigger();
+  EXPECT_TRUE(compare.finished());
+  EXPECT_EQ(lines.size(), 1);
+  EXPECT_TRUE(lines.join(u' ').contains(QStringLiteral("1200"))) << lines.join(u' ').toStdString();
+
+  // The open project itself is no target; the copy is replaced only after a question, and kept.
+  Script same({ChooseFile(QStringLiteral("hotel.tvk")), AnswerBox(QMessageBox::Ok, &boxes)});
+  bench.Find<QAction>("mnu_save_as")->trigger();
+  EXPECT_TRUE(same.finished());
+  Script save({ChooseFile(QStringLiteral("copy")), AnswerBox(QMessageBox::Yes, &boxes)});
+  bench.Find<QAction>("mnu_save_as")->trigger();
+  EXPECT_TRUE(save.finished());
+  EXPECT_EQ(Look(bench), Project(copy));
+  EXPECT_EQ(bench.Value("BPS"), bench.store.GetIniValue(copy, kHeaderSection, "BPS"));
+  EXPECT_EQ(bench.history.Versions(copy).value().size(), 1U);
 }
 
 TEST(MainWindow, AFileThatIsNotAProjectIsReportedAndNotOpened) {
@@ -147,7 +188,7 @@ TEST(MainWindow, AFileThatIsNotAProjectIsReportedAndNotOpened) {
 TEST(MainWindow, InvalidSettingsAreIgnored) {
   DesktopBench bench;
   bench.settings.values["Last Transfers/" + ProjectIdentity(bench.files, bench.project)] = "x|sent||";
-  for (const char* key : {"Geometry", "Splitter", "LastFolder", "CodePage", "Colours"})
+  for (const char* key : {"Geometry800x800", "Splitter", "LastFolder", "CodePage", "Colours"})
     bench.settings.values[std::string("Desktop/") + key] = "\x01rubbish=\xFF";
   bench.frame->OpenProject(bench.project);
   EXPECT_THAT(bench.Find<QLabel>("LastTransfer")->text().toStdString(),

@@ -39,10 +39,6 @@ EditorPage::EditorPage(DesktopParts& parts, const Editor& editor, const FormCont
   column->addWidget(view_, 3);
   MakeCallPath();
   if (path_ != nullptr) {
-    as_saved_ = MakeMuted(
-        new QLabel(QStringLiteral("Path of the call in the saved project, without the changes above:")));
-    as_saved_->setObjectName(QStringLiteral("AsSaved"));
-    column->addWidget(as_saved_);
     column->addWidget(path_, 1);
   }
   note_ = new QLabel;
@@ -106,8 +102,11 @@ void EditorPage::RefreshTable() {
     table_->Refresh();
     ShowRowCount();
   }
+  if (path_ != nullptr && parts_.state.data_changed) {
+    path_project_ = form_->AsEdited();
+    path_row_ = -1;
+  }
   ShowCallPath();
-  if (as_saved_ != nullptr) as_saved_->setVisible(parts_.state.data_changed);
   changed_->setText(parts_.state.data_changed ? QStringLiteral("True") : QStringLiteral("False"));
 }
 

@@ -74,9 +74,8 @@ class EditorPage : public QWidget {
   QLabel* note_ = nullptr;
   QString lacking_;               // letters of the last paste that the code page lacks
   CallPathView* path_ = nullptr;  // only in forms whose rows are steps in the path of a call
-  QLabel* as_saved_ = nullptr;    // a note above the path, once the form has changes
   int path_row_ = -1;
-  std::shared_ptr<const IniText> path_project_;
+  std::shared_ptr<const IniText> path_project_;  // that path_ shows, with the changes of the form
   QLabel* changed_ = nullptr;
 };
 

@@ -43,12 +43,15 @@ void EditorPage::MakeCallPath() {
   path_ = new CallPathView(PageOf(parts_.settings), [this](const Place& place) { Jump(place); });
 }
 
-/** Shows the path of the current row in the saved project; an unsaved row has none. */
+/** Shows the path of the current row. */
 void EditorPage::ShowCallPath() {
   if (path_ == nullptr || form_->table()->rows() == 0) return;
   const int current = form_->table()->current_row();
-  const int row = form_->table()->InSight(current) ? form_->table()->row(current).origin : 0;
-  const std::shared_ptr<const IniText> project = parts_.store.Snapshot(parts_.state.project_file);
+  const bool edited = parts_.state.data_changed && path_project_ != nullptr;
+  const int number = edited ? current : form_->table()->row(current).origin;
+  const int row = form_->table()->InSight(current) ? number : 0;
+  const std::shared_ptr<const IniText> project =
+      edited ? path_project_ : parts_.store.Snapshot(parts_.state.project_file);
   if (row == path_row_ && project == path_project_) return;
   path_row_ = row;
   path_project_ = project;

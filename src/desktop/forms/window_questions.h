@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QListWidget>
 #include <QWidget>
 
@@ -22,7 +24,12 @@ class WindowQuestions : public Questions {
             MessageText(text, PageOf(parts_.settings)));
   }
   bool Ask(std::string_view question) override {
-    return YesTo(question, {.must_be_answered = question == kDataWasChanged});
+    return AskYesNo(form_->window(), MessageText(question, PageOf(parts_.settings)));
+  }
+  OnLeaving AskToSave(std::string_view question) override {
+    const std::optional<bool> save =
+        AskYesNoOrNeither(form_->window(), MessageText(question, PageOf(parts_.settings)));
+    return !save ? OnLeaving::kStayOpen : *save ? OnLeaving::kSave : OnLeaving::kDrop;
   }
   bool AskToOverwrite(std::string_view question, const IniText& loaded) override {
     const auto show_changes = [&](QWidget* box) {
@@ -48,10 +55,6 @@ class WindowQuestions : public Questions {
   }
 
  private:
-  bool YesTo(std::string_view question, const YesNo& how) {
-    return AskYesNo(form_->window(), MessageText(question, PageOf(parts_.settings)), how);
-  }
-
   DesktopParts& parts_;
   QWidget* form_;
 };

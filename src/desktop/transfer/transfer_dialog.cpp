@@ -147,7 +147,8 @@ void TransferDialog::Box(BoxKind kind, std::string_view text) {
 bool TransferDialog::Ask(std::string_view question) {
   const bool replaces = question == kReplaceQuestion;
   // Closing it would lose what was loaded.
-  if (!AskYesNo(this, Letters(question), {.must_be_answered = replaces})) return false;
+  if (!AskYesNo(this, Letters(question), {.escape = replaces ? YesNo::kDoesNothing : YesNo::kIsNo}))
+    return false;
   if (replaces) parts_.keep(parts_.state.project_file, kBeforeLoad);
   return true;
 }

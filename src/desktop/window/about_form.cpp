@@ -1,3 +1,4 @@
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QTextBrowser>
@@ -19,8 +20,7 @@ constexpr const char* kText =
 
 }  // namespace
 
-std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
-                                    const std::string& system_file_line) {
+QWidget* MakeAboutPage(const DesktopParts& parts, const std::function<void()>& close_form) {
   auto* page = new QWidget;
   page->setObjectName(QStringLiteral("frmAbout"));
   page->setAccessibleName(QStringLiteral("About"));
@@ -31,7 +31,7 @@ std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
   text->setObjectName(QStringLiteral("AboutText"));
   text->setAccessibleName(QStringLiteral("About the program"));
   text->setFrameShape(QFrame::NoFrame);
-  text->setPlainText(QString::fromLatin1(kText) + QLatin1Char('\n') + Words(system_file_line));
+  text->setPlainText(QString::fromLatin1(kText) + QLatin1Char('\n') + Words(parts.system_file_line()));
   text->viewport()->setAutoFillBackground(false);
   text->document()->setDocumentMargin(0);
   auto* close = new QPushButton(QStringLiteral("Close"));
@@ -39,9 +39,20 @@ std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
   layout->addSpacing(8);
   layout->addWidget(text, 1);
   layout->addWidget(close, 0, Qt::AlignRight);
-  QObject::connect(close, &QPushButton::clicked, page, context.closed);
+  QObject::connect(close, &QPushButton::clicked, page, close_form);
   page->setFocusProxy(close);
-  return std::make_unique<PaneForm>(host, "frmAbout", page);
+  return page;
+}
+
+void ShowAbout(const DesktopParts& parts, QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("About"));
+  dialog.setWindowTitle(QStringLiteral("About"));
+  auto* layout = new QVBoxLayout(&dialog);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(MakeAboutPage(parts, [&dialog] { dialog.accept(); }));
+  dialog.resize(560, 380);
+  dialog.exec();
 }
 
 }  // namespace tarvok::desktop

@@ -22,11 +22,14 @@ class Question : public QMessageBox {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (how_.must_be_answered && event->matches(QKeySequence::Cancel)) return event->accept();
-    QMessageBox::keyPressEvent(event);
+    if (how_.escape == YesNo::kIsNo || !event->matches(QKeySequence::Cancel))
+      return QMessageBox::keyPressEvent(event);
+    if (how_.escape == YesNo::kIsNoAnswer) done(NoButton);
   }
   void closeEvent(QCloseEvent* event) override {
-    how_.must_be_answered ? event->ignore() : QMessageBox::closeEvent(event);
+    if (how_.escape == YesNo::kIsNo) return QMessageBox::closeEvent(event);
+    event->ignore();
+    if (how_.escape == YesNo::kIsNoAnswer) done(NoButton);
   }
 
  private:
@@ -54,6 +57,12 @@ void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text) {
 
 bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how) {
   return Question(parent, question, how).exec() == QMessageBox::Yes;
+}
+
+std::optional<bool> AskYesNoOrNeither(QWidget* parent, const QString& question) {
+  const int answer = Question(parent, question, {.escape = YesNo::kIsNoAnswer}).exec();
+  if (answer != QMessageBox::Yes && answer != QMessageBox::No) return {};
+  return answer == QMessageBox::Yes;
 }
 
 bool AskToOverwriteChanges(QWidget* parent, const QString& question,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <QMessageBox>
 #include <QString>
@@ -13,12 +14,14 @@ namespace tarvok::desktop {
 void ShowBox(QWidget* parent, QMessageBox::Icon icon, const QString& text);
 
 struct YesNo {
-  QMessageBox::StandardButton enter = QMessageBox::Yes;  // the button that Return presses
-  bool must_be_answered = false;  // Esc and closing the window do nothing instead of meaning No
+  QMessageBox::StandardButton enter = QMessageBox::Yes;      // the button that Return presses
+  enum { kIsNo, kDoesNothing, kIsNoAnswer } escape = kIsNo;  // Esc, and closing the window
 };
 
 /** Asks a modal question; true for Yes. */
 bool AskYesNo(QWidget* parent, const QString& question, const YesNo& how = {});
+/** The same, but Esc and closing the box answer neither. */
+std::optional<bool> AskYesNoOrNeither(QWidget* parent, const QString& question);
 /** Asks before a save overwrites what another program wrote; Return and Esc mean No. One button of the box
  * calls `show_changes` with the box as parent; the box stays open. */
 bool AskToOverwriteChanges(QWidget* parent, const QString& question,

@@ -5,8 +5,7 @@
 
 namespace tarvok::desktop {
 
-std::vector<Command> Commands(DesktopParts& parts, MainWindow& window,
-                              const std::function<std::string()>& system_file_line) {
+std::vector<Command> Commands(DesktopParts& parts, MainWindow& window) {
   std::vector<Command> commands;
   for (const Editor* editor : Editors()) commands.push_back(EditorCommand(parts, *editor, window));
   const auto add_transfer = [&](std::string_view text, std::string_view key, const TransferKind& kind) {
@@ -22,8 +21,8 @@ std::vector<Command> Commands(DesktopParts& parts, MainWindow& window,
   commands.back().closed_by_name = false;
   add_transfer("31 - Transfer Config", "connect", ConnectKind());
   add_transfer("32 - Transfer File Billing", "billing", BillingKind());
-  const auto make_about = [&window, system_file_line](const FormContext& context) {
-    return MakeAboutForm(window, context, system_file_line());
+  const auto make_about = [&parts, &window](const FormContext& context) {
+    return std::make_unique<PaneForm>(window, "frmAbout", MakeAboutPage(parts, context.closed));
   };
   // There is no blank before this dash.
   commands.push_back({.text = "33- About",

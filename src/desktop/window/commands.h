@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <string>
 #include <vector>
 
 #include "desktop/window/main_window.h"
@@ -9,8 +7,7 @@
 namespace tarvok::desktop {
 
 /** The commands of the tree with their forms, in the order of their nodes: the editors, the transfer forms
- * and About, whose text ends with `system_file_line`. The parts and the window must outlive them. */
-std::vector<Command> Commands(DesktopParts& parts, MainWindow& window,
-                              const std::function<std::string()>& system_file_line);
+ * and About. The parts and the window must outlive them. */
+std::vector<Command> Commands(DesktopParts& parts, MainWindow& window);
 
 }  // namespace tarvok::desktop

@@ -30,16 +30,17 @@ struct DesktopParts {
   std::function<SendLog::Sink()> open_log;  // starts a new log; returns no sink if that fails
   History& history;
   ExchangedCopies& copies;
-  KeepProject keep;              // call before a project is replaced or saved
-  std::string practice_program;  // path of the practice exchange
-  std::string practice_folder;   // its memory
+  KeepProject keep;                                    // call before a project is replaced or saved
+  std::string practice_program;                        // path of the practice exchange
+  std::string practice_folder;                         // its memory
+  std::function<std::string()> system_file_line = {};  // says which system file is in use
   BackgroundCheck check = {};
 };
 
 /** The window's own per-user settings, each named once. */
 namespace desktop_key {
 inline constexpr std::string_view kGroup = kCodePageGroup;
-inline constexpr std::string_view kGeometry = "Geometry";
+inline constexpr std::string_view kGeometry = "Geometry";  // followed by the size of the screen
 inline constexpr std::string_view kSplitter = "Splitter";
 inline constexpr std::string_view kLastFolder = "LastFolder";
 inline constexpr std::string_view kCodePage = kCodePageKey;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/look/shown_text.h"
@@ -18,6 +19,15 @@ namespace tarvok::desktop {
 namespace {
 
 constexpr std::chrono::milliseconds kAfterPaint{100};
+constexpr QSize kFirstSize(1240, 800);
+constexpr QSize kFrameOfWindow(16, 48);
+
+/** The place of the window is kept for each size of screen: what fits at the desk does not fit on a laptop. */
+std::string GeometryKey() {
+  const QSize screen = QGuiApplication::primaryScreen()->size();
+  return std::string(desktop_key::kGeometry) + std::to_string(screen.width()) + "x" +
+         std::to_string(screen.height());
+}
 
 }  // namespace
 
@@ -38,8 +48,8 @@ void MainWindow::Show(const FrameLook& look) {
   new_->setEnabled(look.can_open);
   open_->setEnabled(look.can_open);
   close_->setEnabled(look.can_close);
-  versions_->setEnabled(look.has_commands);
-  find_action_->setEnabled(look.has_commands);
+  for (QAction* of_project : {versions_, find_action_, save_as_, duplicate_, compare_})
+    of_project->setEnabled(look.has_commands);
   letters_->setEnabled(!look.has_editor);
   // An open form has read its texts with the current code page.
   const QString why =
@@ -173,7 +183,11 @@ void MainWindow::RestoreLayout() {
   const auto kept = [&](std::string_view key) {
     return QByteArray::fromBase64(QByteArray::fromStdString(parts_.settings.Get(desktop_key::kGroup, key)));
   };
-  if (!restoreGeometry(kept(desktop_key::kGeometry))) resize(1240, 800);
+  if (!restoreGeometry(kept(GeometryKey()))) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(kFirstSize.boundedTo(screen.size() - kFrameOfWindow));
+    move(screen.center() - rect().center());
+  }
   if (!splitter_->restoreState(kept(desktop_key::kSplitter)))
     splitter_->setSizes({kTreeWidth, width() - kTreeWidth});
 }
@@ -182,7 +196,7 @@ void MainWindow::KeepLayout() {
   const auto keep = [&](std::string_view key, const QByteArray& bytes) {
     parts_.settings.Set(desktop_key::kGroup, key, bytes.toBase64().toStdString());
   };
-  keep(desktop_key::kGeometry, saveGeometry());
+  keep(GeometryKey(), saveGeometry());
   keep(desktop_key::kSplitter, splitter_->saveState());
 }
 

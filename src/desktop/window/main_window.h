@@ -80,6 +80,12 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   void OpenTransfer();
   void Find();
   void EarlierVersions();
+  void SaveAs();
+  void Duplicate();
+  void CompareWith();
+  void About();
+  /** Saves and closes the open form, if there is one. False if it stays open. */
+  bool LeaveForm();
   /** The command whose form shows the place; nullptr if none does. */
   const Command* CommandFor(const Place& place) const { return frame_->FindCommand(CommandOf(place)); }
   void ShowPractice();
@@ -99,6 +105,10 @@ class MainWindow : public QMainWindow, public MainFrameView, public PaneHost {
   QAction* exit_ = nullptr;
   QAction* versions_ = nullptr;
   QAction* find_action_ = nullptr;
+  QAction* save_as_ = nullptr;
+  QAction* duplicate_ = nullptr;
+  QAction* compare_ = nullptr;
+  QAction* about_ = nullptr;
   QAction* help_ = nullptr;
   QAction* letters_ = nullptr;  // the menu of code pages
   std::array<QAction*, RecentFiles::kCount> recent_{};

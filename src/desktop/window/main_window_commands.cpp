@@ -4,6 +4,7 @@
 #include "desktop/look/shown_text.h"
 #include "desktop/window/boxes.h"
 #include "desktop/window/main_window.h"
+#include "desktop/window/project_copies.h"
 #include "desktop/window/versions_dialog.h"
 #include "store/connection_settings.h"
 #include "store/header_keys.h"
@@ -33,12 +34,37 @@ void MainWindow::Find() {
   find_->Ask();
 }
 
+bool MainWindow::LeaveForm() {
+  return parts_.state.active_form_name.empty() ||
+         frame_->CloseActiveForm(std::string(parts_.state.active_form_name));
+}
+
+void MainWindow::SaveAs() {
+  if (!LeaveForm()) return;
+  const std::optional<std::string> copy = CopyProject(parts_, QStringLiteral("Save As"), this);
+  if (copy && frame_->Close()) frame_->OpenProject(*copy);
+}
+
+void MainWindow::Duplicate() {
+  if (!LeaveForm()) return;
+  const std::optional<std::string> copy = CopyProject(parts_, QStringLiteral("Duplicate"), this);
+  if (!copy) return;
+  ShowBox(this, QMessageBox::Information,
+          QStringLiteral("The project was copied to\n%1").arg(PathText(*copy)));
+}
+
+void MainWindow::CompareWith() {
+  if (LeaveForm()) CompareWithProject(parts_, this);
+}
+
+void MainWindow::About() {
+  if (parts_.state.project_file.empty()) return ShowAbout(parts_, this);
+  frame_->ClickNode(frame_->NodeOf("about"));
+}
+
 void MainWindow::EarlierVersions() {
-  // Save and close an open form first: it would write its older rows over the restored version.
-  if (!parts_.state.active_form_name.empty() &&
-      !frame_->CloseActiveForm(std::string(parts_.state.active_form_name))) {
-    return;
-  }
+  // An open form would write its older rows over the restored version.
+  if (!LeaveForm()) return;
   if (VersionsDialog(parts_, this).exec() == QDialog::Accepted) overview_->ShowProject();
 }
 

@@ -53,6 +53,13 @@ void MainWindow::MakeActions() {
                      {QKeySequence(Qt::Key_F1)}, {}, &MainWindow::Help);
   versions_ = MakeAction(QStringLiteral("mnu_versions"), QStringLiteral("Earlier &Versions..."), {}, {},
                          &MainWindow::EarlierVersions);
+  save_as_ = MakeAction(QStringLiteral("mnu_save_as"), QStringLiteral("Save &As..."),
+                        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)}, {}, &MainWindow::SaveAs);
+  duplicate_ = MakeAction(QStringLiteral("mnu_duplicate"), QStringLiteral("&Duplicate..."), {}, {},
+                          &MainWindow::Duplicate);
+  compare_ = MakeAction(QStringLiteral("mnu_compare"), QStringLiteral("Com&pare With Project..."), {}, {},
+                        &MainWindow::CompareWith);
+  about_ = MakeAction(QStringLiteral("mnu_about"), QStringLiteral("&About"), {}, {}, &MainWindow::About);
   find_action_ = MakeAction(QStringLiteral("mnu_find"), QStringLiteral("&Find Anywhere..."),
                             {QKeySequence::Find}, {}, &MainWindow::Find);
   exit_->setMenuRole(QAction::QuitRole);
@@ -70,6 +77,7 @@ void MainWindow::MakeMenus() {
   menu->addActions({new_, open_});
   menu->addSeparator();
   menu->addAction(close_);
+  menu->addActions({save_as_, duplicate_, compare_});
   menu->addAction(versions_);
   menu->addSeparator();
   for (QAction* recent : recent_) menu->addAction(recent);
@@ -130,7 +138,7 @@ void MainWindow::MakeViewMenu() {
           MakeChoice(letter_group, Words(page.name()), desktop_key::kCodePage, page.name(), checked));
     }
   });
-  menuBar()->addMenu(QStringLiteral("&Help"))->addAction(help_);
+  menuBar()->addMenu(QStringLiteral("&Help"))->addActions({help_, about_});
 }
 
 void MainWindow::MakeToolBar() {

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "desktop/uses.h"
+#include "desktop/window/desktop_parts.h"
 #include "frame/command.h"
 
 namespace tarvok::desktop {
@@ -49,8 +50,9 @@ class PaneForm : public Form {
   QPointer<QWidget> widget_;
 };
 
-/** Makes `frmAbout`; `system_file_line` says which system file is in use. */
-std::unique_ptr<Form> MakeAboutForm(PaneHost& host, const FormContext& context,
-                                    const std::string& system_file_line);
+/** `frmAbout`, whose button calls `close`. */
+QWidget* MakeAboutPage(const DesktopParts& parts, const std::function<void()>& close);
+/** Shows it in a modal window, for when there is no project. */
+void ShowAbout(const DesktopParts& parts, QWidget* parent);
 
 }  // namespace tarvok::desktop
